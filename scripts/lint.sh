@@ -1,0 +1,147 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# Holds the tree to the house's rules with every tool configured in the root: lint.sh [--fix] [PATH...]
+# --fix lets the formatter and the speller mend what they find first. PATHs narrow all of it to some rooms or
+# files: lint.sh state ui/QBalloonTip.cpp
+# shellcheck disable=SC2317 # the checks are called by their names
+set -euo pipefail
+cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
+
+fix=false
+if [[ ${1-} == --fix ]]; then
+    fix=true
+    shift
+fi
+
+# The Qt analyser's default level, and from the costlier ones what fits this code. Without the check on static
+# objects: the registry consists of them, and they come and go with the library.
+clazy_checks=level1,no-non-pod-global-static,function-args-by-ref,heap-allocated-small-trivial-type
+clazy_checks+=,isempty-vs-count,old-style-connect,returning-void-expression,tr-non-literal,unneeded-cast
+
+scripts/install-packages.sh build run test lint
+
+# The files that git knows or would take up, sorted into kinds.
+cpp=() units=() shell=() texts=()
+while IFS= read -r -d '' file; do
+    [[ -f $file ]] || continue # deleted, but not yet for git
+    grep -qI . -- "$file" || continue # no text
+    texts+=("$file")
+    case $file in
+    tests/fixtures/*.cpp | *.h) cpp+=("$file") ;;
+    *.cpp) cpp+=("$file") units+=("$file") ;;
+    esac
+    if head -n 1 -- "$file" | grep -qE '^#!.*\b(ba|da)?sh\b'; then shell+=("$file"); fi
+done < <(git ls-files --cached --others --exclude-standard -z -- "$@")
+if ((${#texts[@]} == 0)); then
+    echo "lint: no file of the project lies at: $*" >&2
+    exit 2
+fi
+
+status=0
+check() {
+    local name=$1 began=$SECONDS
+    if "${name//-/_}"; then
+        echo "ok      $name ($((SECONDS - began)) s)"
+    else
+        echo "FAILED  $name"
+        status=1
+    fi
+}
+
+format() {
+    local said
+    ((${#cpp[@]} > 0)) || return 0
+    said=$(clang-format --dry-run -Werror "${cpp[@]}" 2>&1) && return 0
+    grep 'error:' <<<"$said" # without the lines it quotes
+    return 1
+}
+
+spelling() {
+    codespell "${texts[@]}"
+}
+
+licence() {
+    local file bare=0
+    for file in "${texts[@]}"; do
+        case $file in
+        # Prose says it in LICENSE; data has no room for it, or no comments.
+        LICENSE | *.md | *.json | *.svg | *.qrc | *.ui | *.tsv | .gitignore | */.gitignore) continue ;;
+        esac
+        # The second line is for scripts, whose first says who runs them.
+        if ! head -n 2 -- "$file" | grep -q 'SPDX-License-Identifier: MIT'; then
+            echo "$file: no SPDX line at its top"
+            bare=1
+        fi
+    done
+    return "$bare"
+}
+
+# The tree must be understood from itself alone: it points to no paper outside of it and to no machine, and it
+# keeps no notes of what is still to do.
+plain_words() {
+    local strangers='\b[Tt]he (spec|specification|issue)\b|\b[Pp]art [0-9]|\b(TO[D]O|FIX[M]E|XX[X])\b'
+    local found=0
+    ! grep -nE -e "$strangers" -- "${texts[@]}" || found=1
+    ! grep -nF -e "$PWD/" -- "${texts[@]}" || found=1
+    return "$found"
+}
+
+shell_scripts() {
+    ((${#shell[@]} == 0)) || shellcheck "${shell[@]}"
+}
+
+# The compile commands, without what only g++ takes and without the compiler's own verdict on warnings.
+database=build/lint
+compilable=()
+compile_commands() {
+    local unit
+    rm -rf -- "$database" # from an earlier run, it would hide that this one has none
+    scripts/quietly.sh cmake --preset dev -DBUILD_TESTING=ON || return 1
+    # The sources include what the build generates.
+    scripts/quietly.sh cmake --build --preset dev || return 1
+    mkdir -p "$database"
+    sed -e 's/ -fno-gnu-unique / /; s/ -Werror / /' build/dev/compile_commands.json \
+        >"$database/compile_commands.json" || return 1
+    for unit in "${units[@]}"; do
+        if grep -qF "/$unit\"" "$database/compile_commands.json"; then
+            compilable+=("$unit")
+        else
+            echo "not analysed, as the dev preset does not compile it: $unit"
+        fi
+    done
+}
+
+# Runs an analyser on each file that is compiled. Quietly, since clang counts its muted warnings aloud.
+each_unit() {
+    if [[ ! -d $database ]]; then
+        echo "not run, for want of compile commands"
+        return 1
+    fi
+    ((${#compilable[@]} == 0)) ||
+        printf '%s\0' "${compilable[@]}" | xargs -0 -n 1 -P "$(nproc)" scripts/quietly.sh "$@"
+}
+
+clang_tidy() {
+    each_unit clang-tidy -p "$database" --quiet
+}
+
+clazy() {
+    each_unit clazy-standalone -p "$database" -extra-arg=-Werror -checks="$clazy_checks" \
+        -header-filter='/(sdk|module|state|ui|resources|host|samples|bench|tests)/.*\.h$'
+}
+
+if "$fix"; then
+    ((${#cpp[@]} == 0)) || clang-format -i "${cpp[@]}"
+    # What it has more than one word for it leaves to the check below.
+    codespell --write-changes "${texts[@]}" >/dev/null || true
+fi
+
+check format
+check spelling
+check licence
+check plain-words
+check shell-scripts
+check compile-commands
+check clang-tidy
+check clazy
+exit "$status"

@@ -1,0 +1,60 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# Runs a command on a screen of its own with a window manager on it, and hands on the command's status:
+# with-display.sh COMMAND [ARG...]
+set -euo pipefail
+
+# Pixels and bits. The usual size has room for the browser's grid of five tiles by six.
+screen=${VIRTUAL_SCREEN:-1920x1200x24}
+patience=20         # seconds a server or a window manager may take to come up on a busy machine
+
+logs=$(mktemp -d)
+started=() # the last one last
+# shellcheck disable=SC2317 # the traps call it
+finish() {
+    local i
+    # Backwards: what shows itself on the server complains when the server goes first.
+    for ((i = ${#started[@]} - 1; i >= 0; --i)); do
+        kill "${started[i]}" 2>/dev/null || true
+        wait "${started[i]}" 2>/dev/null || true
+    done
+    rm -rf -- "$logs"
+}
+trap finish EXIT
+trap 'exit 130' INT
+trap 'exit 143' TERM
+
+give_up() {
+    echo "with-display: $1" >&2
+    cat -- "$logs"/* >&2
+    exit 1
+}
+
+# The server picks a free number itself and tells it, so two runs at a time do not meet.
+exec {numbers}< <(exec Xvfb -displayfd 1 -screen 0 "$screen" -nolisten tcp 2>"$logs/server")
+started+=($!)
+read -r -t "$patience" -u "$numbers" number || give_up "Xvfb did not start"
+export DISPLAY=:$number QT_QPA_PLATFORM=xcb
+unset WAYLAND_DISPLAY XAUTHORITY
+
+# The distribution's own settings, since a user's might place windows or follow the pointer.
+openbox --sm-disable --config-file /etc/xdg/openbox/rc.xml >"$logs/manager" 2>&1 &
+manager=$!
+started+=("$manager")
+deadline=$((SECONDS + patience))
+until xprop -root _NET_SUPPORTING_WM_CHECK 2>>"$logs/manager" | grep -q 'window id'; do
+    kill -0 "$manager" 2>/dev/null || give_up "openbox ended at once"
+    ((SECONDS < deadline)) || give_up "openbox did not come up"
+    sleep 0.1
+done
+
+# The pointer starts in the middle, where it would hover over what is shown.
+xdotool mousemove 0 0
+
+# Waited for, because a signal interrupts a wait, but not a command in the foreground.
+"$@" <&0 &
+started+=($!)
+status=0
+wait $! || status=$?
+unset 'started[-1]'
+exit "$status"

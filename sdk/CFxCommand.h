@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <OdEdCommand.h>
+
+class CFxCommandContext;
+
+//! A command of the application. GUI thread.
+class FXSDK_API CFxCommand : public OdEdCommand
+{
+public:
+    //! What Execute() returns when it has done its job.
+    static constexpr int normalCompletion = 5100;
+    //! What Execute() returns when the person has ended it.
+    static constexpr int cancelled = 5101;
+    //! What Execute() returns when it could not do its job; it has told the person why.
+    static constexpr int failed = 5102;
+
+    ~CFxCommand() override;
+
+    //! "FX_COMMANDS" unless overridden.
+    OdString groupName() const override;
+    //! Calls Execute(). \param context must be a CFxCommandContext
+    void execute(OdEdCommandContext *context) override;
+    void undefine() override;
+    std::uint32_t flags() const override;
+
+    //! Does the command's work.
+    //! \return one of the results above, or the command's own
+    virtual int Execute(CFxCommandContext *context) = 0;
+    //! Opens the help for GetHelpId().
+    virtual void Help();
+    //! The help topic of the command; 0, the host's front page, unless overridden.
+    virtual int GetHelpId() const;
+
+    //! Sets the given bits in addition to those that are set.
+    void AddFlags(std::uint32_t flags);
+
+private:
+    std::uint32_t m_flags = 0;
+};

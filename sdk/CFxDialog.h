@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <FxSdkApi.h>
+
+#include <QDialog>
+
+//! Base of the dialogs of host and modules. While a modal one is shown the host is in the modal state, of
+//! which reactors hear. GUI thread.
+class FXSDK_API CFxDialog : public QDialog
+{
+    Q_OBJECT
+public:
+    //! \param parent owns the dialog; may be null
+    //! \param modal whether the dialog blocks the rest of the application
+    //! \param flags window flags, passed to QDialog as they are
+    explicit CFxDialog(QWidget *parent = nullptr, bool modal = true, Qt::WindowFlags flags = {});
+    ~CFxDialog() override;
+
+    int exec() override;
+    void done(int result) override;
+    void accept() override;
+    void reject() override;
+
+protected:
+    //! Called once, before the dialog is shown for the first time.
+    virtual void onFirstShow();
+    //! Called before the dialog ends. \return false keeps it open
+    virtual bool onAboutToEnd(int result);
+
+    bool event(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private:
+    void leaveModalState();
+
+    bool m_wasShown = false;
+    bool m_inModalState = false;
+};

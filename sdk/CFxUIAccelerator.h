@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <CFxString.h>
+#include <FxSdkApi.h>
+
+#include <QKeySequence>
+
+class CFxUICommand;
+
+//! A key that runs a command definition. Owned by the host. GUI thread.
+class FXSDK_API CFxUIAccelerator
+{
+public:
+    CFxUIAccelerator() = default;
+    virtual ~CFxUIAccelerator();
+
+    virtual CFxString GetIdentifier() const = 0;
+    virtual CFxString GetLabel() const = 0;
+    virtual void SetLabel(const CFxString &label) = 0;
+    virtual QKeySequence GetKey() const = 0;
+    virtual void SetKey(const QKeySequence &key) = 0;
+    //! Null while the definition that the accelerator is bound to does not exist.
+    virtual CFxUICommand *GetCommand() const = 0;
+
+    CFxUIAccelerator(const CFxUIAccelerator &) = delete;
+    CFxUIAccelerator &operator=(const CFxUIAccelerator &) = delete;
+};

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <CFxString.h>
+#include <FxSdkApi.h>
+
+//! A command definition: what a menu entry or an accelerator does. Owned by the host. GUI thread.
+class FXSDK_API CFxUICommand
+{
+public:
+    CFxUICommand() = default;
+    virtual ~CFxUICommand();
+
+    virtual CFxString GetIdentifier() const = 0;
+    virtual CFxString GetName() const = 0;
+    virtual void SetName(const CFxString &name) = 0;
+    //! What is run: `^C` ends the running command, the rest is a command line.
+    virtual CFxString GetMacro() const = 0;
+    virtual void SetMacro(const CFxString &macro) = 0;
+    //! Shown in the status bar.
+    virtual CFxString GetHelpString() const = 0;
+    virtual void SetHelpString(const CFxString &text) = 0;
+
+    CFxUICommand(const CFxUICommand &) = delete;
+    CFxUICommand &operator=(const CFxUICommand &) = delete;
+};

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <CFxString.h>
+#include <FxSdkApi.h>
+
+class CFxUIAccelerator;
+class CFxUICommand;
+class CFxUIMenuItem;
+
+//! A customisation group: command definitions, top-level menus and accelerators. Owns what is in it; itself
+//! owned by the host. Every Get…(index) is null when index is out of range. GUI thread.
+class FXSDK_API CFxUIGroup
+{
+public:
+    CFxUIGroup() = default;
+    virtual ~CFxUIGroup();
+
+    virtual CFxString GetName() const = 0;
+
+    virtual int GetCommandCount() const = 0;
+    virtual CFxUICommand *GetCommand(int index) const = 0;
+    //! Takes ownership. \param command not null
+    virtual void AppendCommand(CFxUICommand *command) = 0;
+
+    virtual int GetMenuCount() const = 0;
+    virtual CFxUIMenuItem *GetMenu(int index) const = 0;
+
+    virtual int GetAcceleratorCount() const = 0;
+    virtual CFxUIAccelerator *GetAccelerator(int index) const = 0;
+    //! Takes ownership. \param accelerator not null
+    virtual void AppendAccelerator(CFxUIAccelerator *accelerator) = 0;
+
+    CFxUIGroup(const CFxUIGroup &) = delete;
+    CFxUIGroup &operator=(const CFxUIGroup &) = delete;
+};

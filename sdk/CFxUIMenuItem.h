@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <CFxString.h>
+#include <FxSdkApi.h>
+
+class CFxUICommand;
+
+//! A menu, a menu's entry or a separator, in the customisation data. Owned by the host. GUI thread.
+class FXSDK_API CFxUIMenuItem
+{
+public:
+    CFxUIMenuItem() = default;
+    virtual ~CFxUIMenuItem();
+
+    virtual CFxString GetIdentifier() const = 0;
+    virtual CFxString GetLabel() const = 0;
+    virtual void SetLabel(const CFxString &label) = 0;
+
+    //! Null for menus and separators.
+    virtual CFxUICommand *GetCommand() const = 0;
+    virtual void SetCommand(CFxUICommand *command) = 0;
+
+    virtual int GetChildCount() const = 0;
+    //! \return null when index is out of range
+    virtual CFxUIMenuItem *GetChild(int index) const = 0;
+    //! Inserts item behind the child at the reference position, and takes ownership.
+    //! \return false, with nothing inserted or owned, when reference is out of range
+    virtual bool InsertChild(int reference, CFxUIMenuItem *item) = 0;
+
+    CFxUIMenuItem(const CFxUIMenuItem &) = delete;
+    CFxUIMenuItem &operator=(const CFxUIMenuItem &) = delete;
+};

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <OdAssert.h>
+#include <OdRxAlloc.h>
+#include <OdRxModule.h>
+
+#include <atomic>
+#include <cstdint>
+#include <new>
+
+//! Every module library defines and exports this: it forgets the library's one module object.
+extern "C" __attribute__((visibility("default"))) void deleteModuleObject();
+
+//! The part of a module object that is the same in every library: reference count, name, handle, memory.
+//! \tparam TCoClass the module's own class
+//! \tparam TInterface the class to derive from; TCoClass or a class derived from it
+template<class TCoClass, class TInterface>
+class OdRxUnixModule : public TInterface
+{
+public:
+    //! \param sysData kept as it is
+    //! \param moduleName copied
+    OdRxUnixModule(void *sysData, const OdChar *moduleName) : m_sysData(sysData), m_moduleName(moduleName) {}
+
+    void addRef() override { m_nLockCount.fetch_add(1); }
+
+    //! Never deletes the object: deleteModule() does.
+    void release() override
+    {
+        if (m_nLockCount.load() == 0)
+            odaAssertFailed("m_nLockCount", "RxDynamicModule", 379);
+        m_nLockCount.fetch_sub(1);
+    }
+
+    int numRefs() const override { return m_nLockCount.load(); }
+    void *sysData() override { return m_sysData; }
+    OdString moduleName() const override { return m_moduleName; }
+
+    void deleteModule() override
+    {
+        deleteModuleObject();
+        delete this;
+    }
+
+    // The loader may delete the object through its base: the memory must go back to where it came from.
+    static void *operator new(std::size_t size)
+    {
+        if (void *memory = odrxAlloc(size))
+            return memory;
+        throw std::bad_alloc();
+    }
+    static void operator delete(void *memory) { odrxFree(memory); }
+
+private:
+    std::atomic<std::int32_t> m_nLockCount{0};
+    void *m_sysData;
+    OdString m_moduleName;
+};

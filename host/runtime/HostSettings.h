@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/runtime/FxHostApi.h"
+
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QString>
+
+#include <memory>
+
+class QSettings;
+
+namespace fxhost {
+
+//! What the host remembers between runs besides the recent documents: settings.ini in the profile. GUI
+//! thread.
+class FXHOST_API HostSettings
+{
+    Q_DECLARE_TR_FUNCTIONS(fxhost::HostSettings)
+public:
+    //! \param profileDir an existing directory
+    explicit HostSettings(const QString &profileDir);
+    ~HostSettings();
+
+    HostSettings(const HostSettings &) = delete;
+    HostSettings &operator=(const HostSettings &) = delete;
+
+    //! What was wrong with the file when it was read; empty when nothing was.
+    const QString &problem() const { return m_problem; }
+
+    //! How many recent documents are kept; the default when none or a wrong number is stored.
+    int recentMaximum() const;
+    void setRecentMaximum(int maximum);
+
+    //! As QWidget::saveGeometry() gave it; empty when none is stored.
+    QByteArray windowGeometry() const;
+    void setWindowGeometry(const QByteArray &geometry);
+
+    //! Where the last drawing was chosen; empty when none was.
+    QString lastDirectory() const;
+    void setLastDirectory(const QString &directory);
+
+private:
+    std::unique_ptr<QSettings> m_file;
+    QString m_problem;
+};
+
+} // namespace fxhost

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/commands/CommandContext.h"
+
+#include <CFxCommand.h>
+
+namespace fxhost {
+
+CommandContext::CommandContext(const CFxString &argument)
+    : m_argument(argument), m_result(CFxCommand::normalCompletion)
+{
+}
+
+CommandContext::~CommandContext() = default;
+
+} // namespace fxhost

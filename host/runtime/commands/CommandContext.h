@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/runtime/FxHostApi.h"
+
+#include <CFxCommandContext.h>
+
+namespace fxhost {
+
+//! What a command is given while it runs, and where its result ends up. GUI thread.
+class FXHOST_API CommandContext : public CFxCommandContext
+{
+public:
+    explicit CommandContext(const CFxString &argument);
+    ~CommandContext() override;
+
+    CFxString argument() const override { return m_argument; }
+    bool isCancelled() const override { return m_cancelled; }
+
+    void cancel() { m_cancelled = true; }
+    //! CFxCommand::normalCompletion until the command says otherwise.
+    int result() const { return m_result; }
+    void setResult(int result) { m_result = result; }
+
+private:
+    CFxString m_argument;
+    bool m_cancelled = false;
+    int m_result;
+};
+
+} // namespace fxhost

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/commands/CommandRunner.h"
+
+#include "host/runtime/Strings.h"
+#include "host/runtime/commands/CommandContext.h"
+#include "host/runtime/commands/CommandStack.h"
+#include "host/runtime/editor/Editor.h"
+#include "host/runtime/log/HostLog.h"
+
+#include <CFxCommand.h>
+
+#include <QRegularExpression>
+
+#include <exception>
+#include <utility>
+
+namespace fxhost {
+
+CommandRunner::CommandRunner(const CommandStack &commands, const Editor &editor, HostLog &log,
+                             MessageSink report, QObject *parent)
+    : QObject(parent), m_commands(commands), m_editor(editor), m_log(log), m_report(std::move(report))
+{
+}
+
+CommandRunner::~CommandRunner() = default;
+
+CommandRun *CommandRunner::run(const QString &name, const QString &argument)
+{
+    if (m_stopped)
+        return nullptr;
+    auto *run = new CommandRun(name, argument);
+    run->addRef(); // the queue's
+    m_waiting.push_back(run);
+    drain();
+    return run;
+}
+
+void CommandRunner::runLine(const QString &line)
+{
+    static const QRegularExpression cancels(QStringLiteral("^(\\s*\\^C)+"),
+                                            QRegularExpression::CaseInsensitiveOption);
+    QString text = line;
+    text.remove(cancels);
+    if (text.size() != line.size())
+        cancel();
+    text = text.trimmed();
+    if (text.isEmpty())
+        return;
+    static const QRegularExpression blank(QStringLiteral("\\s"));
+    const int end = text.indexOf(blank);
+    const QString name = text.left(end); // all of it without a blank
+    const QString argument = end < 0 ? QString() : text.mid(end).trimmed();
+    if (CommandRun *started = run(name, argument))
+        started->release();
+}
+
+void CommandRunner::runMacro(const QString &macro)
+{
+    static const QRegularExpression separators(QStringLiteral("[;\\r\\n]"));
+    const QStringList lines = macro.split(separators);
+    for (const QString &line : lines)
+        runLine(line);
+}
+
+void CommandRunner::cancel()
+{
+    if (!m_context)
+        return;
+    m_context->cancel();
+    emit cancelRequested();
+}
+
+void CommandRunner::stop()
+{
+    m_stopped = true;
+    for (CommandRun *dropped : std::exchange(m_waiting, {})) {
+        dropped->m_state = CommandRun::State::Dropped;
+        dropped->release();
+    }
+    cancel();
+}
+
+void CommandRunner::drain()
+{
+    if (m_draining)
+        return; // the walk that is on its way comes by
+    m_draining = true;
+    while (!m_waiting.empty()) {
+        CommandRun *const next = m_waiting.front();
+        m_waiting.pop_front();
+        runNow(*next);
+        next->release();
+    }
+    m_draining = false;
+    emit idle();
+}
+
+void CommandRunner::runNow(CommandRun &run)
+{
+    OdEdCommand *const command = find(run.name());
+    if (!command) {
+        run.m_state = CommandRun::State::Unknown;
+        m_log.unknownCommand(run.name());
+        m_report(tr("There is no command \"%1\".").arg(run.name()));
+        return;
+    }
+    const OdString globalName = command->globalName();
+    const QString name = fromOdString(globalName);
+    CommandContext context(run.argument());
+    m_context = &context;
+    run.m_state = CommandRun::State::Running;
+    m_editor.reactors().notify(&OdEditorReactor::commandWillStart, globalName);
+    emit commandStarted(name, run.argument());
+
+    run.m_result = execute(*command, context);
+
+    m_context = nullptr;
+    run.m_state = CommandRun::State::Ended;
+    m_log.command(name, run.m_result);
+    m_editor.reactors().notify(&OdEditorReactor::commandEnded, globalName, run.m_result);
+    emit commandEnded(name, run.m_result);
+    command->release();
+}
+
+int CommandRunner::execute(OdEdCommand &command, CommandContext &context) const
+{
+    const QString name = fromOdString(command.globalName());
+    try {
+        command.execute(&context);
+        return context.result();
+    } catch (const std::exception &error) {
+        m_report(tr("The command %1 failed: %2").arg(name, QString::fromLocal8Bit(error.what())));
+    } catch (...) {
+        m_report(tr("The command %1 failed.").arg(name));
+    }
+    return CFxCommand::failed;
+}
+
+//! A reference owned by the caller, or null.
+OdEdCommand *CommandRunner::find(const QString &name) const
+{
+    const QString other = name.startsWith(QLatin1Char('_')) ? name.mid(1) : QLatin1Char('_') + name;
+    constexpr int bothNames = OdEdCommandStack::GlobalNames | OdEdCommandStack::LocalNames;
+    OdEdCommand *found = m_commands.lookupCommand(toOdString(name), bothNames, {});
+    return found ? found : m_commands.lookupCommand(toOdString(other), bothNames, {});
+}
+
+} // namespace fxhost

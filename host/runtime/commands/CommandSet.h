@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/runtime/FxHostApi.h"
+
+#include <CFxCommandContext.h>
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class OdEdCommand;
+
+namespace fxhost {
+
+class CommandStack;
+
+//! Commands made of functions. They are registered while the set lives. GUI thread.
+class FXHOST_API CommandSet
+{
+public:
+    //! Does the work. \return CFxCommand::normalCompletion, cancelled or failed
+    using Function = std::function<int(const CFxCommandContext &context)>;
+
+    //! \param stack must outlive the set
+    explicit CommandSet(CommandStack &stack);
+    ~CommandSet();
+
+    CommandSet(const CommandSet &) = delete;
+    CommandSet &operator=(const CommandSet &) = delete;
+
+    //! \param name without the leading underscore: the global name gets it, the local one does not
+    void add(const QString &name, Function function);
+
+private:
+    CommandStack &m_stack;
+    std::vector<std::unique_ptr<OdEdCommand>> m_commands;
+};
+
+} // namespace fxhost

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/commands/CommandStack.h"
+
+#include "host/runtime/Strings.h"
+
+#include <OdEdCommand.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace fxhost {
+
+namespace {
+
+bool isSame(const OdString &a, const OdString &b)
+{
+    return fromOdString(a).compare(fromOdString(b), Qt::CaseInsensitive) == 0;
+}
+
+//! Takes a command off the stack for good.
+void dismiss(OdEdCommand *command)
+{
+    command->undefine();
+    command->release();
+}
+
+} // namespace
+
+CommandStack::CommandStack() = default;
+
+CommandStack::~CommandStack() = default;
+
+void CommandStack::addCommand(OdEdCommand *command)
+{
+    command->addRef();
+    const auto former = std::find_if(m_commands.begin(), m_commands.end(), [command](OdEdCommand *other) {
+        return isSame(other->groupName(), command->groupName()) &&
+               isSame(other->globalName(), command->globalName());
+    });
+    if (former == m_commands.end())
+        m_commands.push_back(command);
+    else
+        dismiss(std::exchange(*former, command));
+}
+
+void CommandStack::removeCommand(OdEdCommand *command)
+{
+    const auto found = std::find_if(m_commands.begin(), m_commands.end(), [command](OdEdCommand *other) {
+        return isSame(other->groupName(), command->groupName()) &&
+               isSame(other->globalName(), command->globalName()) &&
+               isSame(other->localName(), command->localName());
+    });
+    if (found == m_commands.end())
+        return;
+    OdEdCommand *const removed = *found;
+    m_commands.erase(found); // first: undefine() may use the stack
+    dismiss(removed);
+}
+
+OdEdCommand *CommandStack::lookupCommand(const OdString &name, int flags, const OdString &group) const
+{
+    for (OdEdCommand *command : m_commands) {
+        if (!group.isEmpty() && !isSame(command->groupName(), group))
+            continue;
+        if (((flags & GlobalNames) && isSame(command->globalName(), name)) ||
+            ((flags & LocalNames) && isSame(command->localName(), name))) {
+            command->addRef();
+            return command;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace fxhost

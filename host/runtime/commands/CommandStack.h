@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/runtime/FxHostApi.h"
+#include "host/runtime/RxHostOwned.h"
+
+#include <OdEdCommandStack.h>
+
+#include <vector>
+
+namespace fxhost {
+
+//! The registered commands, in the order of registration. Groups and names are compared whatever the case.
+//! GUI thread.
+class FXHOST_API CommandStack : public RxHostOwned<OdEdCommandStack>
+{
+public:
+    CommandStack();
+    //! Gives back its references; commands that are still there are not told, since they may be gone.
+    ~CommandStack() override;
+
+    void addCommand(OdEdCommand *command) override;
+    void removeCommand(OdEdCommand *command) override;
+    OdEdCommand *lookupCommand(const OdString &name, int flags, const OdString &group) const override;
+
+    const std::vector<OdEdCommand *> &commands() const { return m_commands; }
+
+private:
+    std::vector<OdEdCommand *> m_commands;
+};
+
+} // namespace fxhost

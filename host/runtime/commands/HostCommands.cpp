@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/commands/HostCommands.h"
+
+#include "host/runtime/FxHost.h"
+#include "host/runtime/Paths.h"
+#include "host/runtime/commands/CommandRunner.h"
+#include "host/runtime/commands/CommandSet.h"
+#include "host/runtime/documents/DocumentManager.h"
+#include "host/runtime/recent/RecentFiles.h"
+
+#include <CFxCommand.h>
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QTimer>
+
+#include <optional>
+
+namespace fxhost {
+
+namespace {
+
+constexpr int longestDelay =
+    60 * 60 * 1000; // ms; an hour, so that a slip of the key does not look like a hang
+
+class HostCommands
+{
+    Q_DECLARE_TR_FUNCTIONS(fxhost::HostCommands)
+public:
+    explicit HostCommands(FxHost &host) : m_host(host) {}
+
+    int newDrawing(const CFxCommandContext &) const
+    {
+        m_host.documents().newDocument();
+        return CFxCommand::normalCompletion;
+    }
+
+    int open(const CFxCommandContext &context) const
+    {
+        QString path = context.argument();
+        if (path.isEmpty()) {
+            if (!m_host.pathChooser())
+                return fail(tr("The command needs the path of a drawing."));
+            path = m_host.pathChooser()();
+            if (path.isEmpty())
+                return CFxCommand::cancelled;
+        }
+        const QString problem = m_host.documents().open(path); // which tells the person
+        return problem.isEmpty() ? CFxCommand::normalCompletion : CFxCommand::failed;
+    }
+
+    int close(const CFxCommandContext &) const
+    {
+        if (!m_host.documents().current())
+            return fail(tr("No drawing is open."));
+        m_host.documents().close(m_host.documents().current());
+        return CFxCommand::normalCompletion;
+    }
+
+    int help(const CFxCommandContext &context) const
+    {
+        int topic = 0;
+        if (!context.argument().isEmpty()) {
+            const std::optional<int> number = wholeNumber(context.argument());
+            if (!number)
+                return fail(tr("A help topic is a whole number."));
+            topic = *number;
+        }
+        m_host.requestHelp(topic);
+        return CFxCommand::normalCompletion;
+    }
+
+    int delay(const CFxCommandContext &context) const
+    {
+        const std::optional<int> time = wholeNumber(context.argument()); // ms
+        if (!time || *time > longestDelay)
+            return fail(tr("The delay is a number of milliseconds, at most %1.").arg(longestDelay));
+        QEventLoop loop;
+        QObject::connect(&m_host.commands(), &CommandRunner::cancelRequested, &loop, &QEventLoop::quit);
+        QTimer::singleShot(*time, &loop, &QEventLoop::quit);
+        if (!context.isCancelled())
+            loop.exec();
+        return context.isCancelled() ? CFxCommand::cancelled : CFxCommand::normalCompletion;
+    }
+
+    int recentLimit(const CFxCommandContext &context) const
+    {
+        RecentFiles &list = m_host.recentFiles();
+        if (context.argument().isEmpty()) {
+            m_host.showMessage(tr("Number of recent documents: %1 at most.").arg(list.maximum()));
+            return CFxCommand::normalCompletion;
+        }
+        const std::optional<int> maximum = wholeNumber(context.argument());
+        if (!maximum || !list.setMaximum(*maximum)) {
+            return fail(tr("The number of recent documents is a whole number from %1 to %2.")
+                            .arg(QString::number(RecentFiles::smallestMaximum),
+                                 QString::number(RecentFiles::largestMaximum)));
+        }
+        return CFxCommand::normalCompletion;
+    }
+
+    int recentAdd(const CFxCommandContext &context) const
+    {
+        if (context.argument().isEmpty())
+            return fail(tr("The command needs the path of a drawing."));
+        m_host.recentFiles().add(absolutePath(context.argument()));
+        return CFxCommand::normalCompletion;
+    }
+
+private:
+    static std::optional<int> wholeNumber(const QString &text)
+    {
+        bool ok = false;
+        const int number = text.toInt(&ok);
+        return ok && number >= 0 ? std::optional<int>(number) : std::nullopt;
+    }
+
+    int fail(const QString &why) const
+    {
+        m_host.showMessage(why);
+        return CFxCommand::failed;
+    }
+
+    FxHost &m_host;
+};
+
+} // namespace
+
+void addHostCommands(CommandSet &set, FxHost &host)
+{
+    using Work = int (HostCommands::*)(const CFxCommandContext &) const;
+    const auto add = [&set, &host](const QString &name, Work work) {
+        set.add(name, [commands = HostCommands(host), work](const CFxCommandContext &context) {
+            return (commands.*work)(context);
+        });
+    };
+    add(QStringLiteral("NEW"), &HostCommands::newDrawing);
+    add(QStringLiteral("OPEN"), &HostCommands::open);
+    add(QStringLiteral("CLOSE"), &HostCommands::close);
+    add(QStringLiteral("HELP"), &HostCommands::help);
+    add(QStringLiteral("DELAY"), &HostCommands::delay);
+    add(QStringLiteral("RECENTLIMIT"), &HostCommands::recentLimit);
+    add(QStringLiteral("RECENTADD"), &HostCommands::recentAdd);
+}
+
+} // namespace fxhost

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace fxhost {
+
+class CommandSet;
+class FxHost;
+
+//! Adds the commands that need no window: NEW, OPEN, CLOSE, HELP, DELAY, RECENTLIMIT and RECENTADD.
+//! \param host must outlive set
+void addHostCommands(CommandSet &set, FxHost &host);
+
+} // namespace fxhost

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/customization/Customization.h"
+
+#include "host/runtime/customization/CustomizationReader.h"
+#include "host/runtime/customization/UIAccelerator.h"
+#include "host/runtime/customization/UICommand.h"
+#include "host/runtime/customization/UIMenuItem.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+namespace fxhost {
+
+namespace {
+
+//! Walks the groups as they were when the walk began.
+class GroupEnumerator : public CFxUIGroupEnumerator
+{
+public:
+    explicit GroupEnumerator(const std::vector<std::unique_ptr<UIGroup>> &groups)
+    {
+        for (const auto &group : groups)
+            m_groups.push_back(group.get());
+    }
+
+    CFxUIGroup *Next() override { return m_next < m_groups.size() ? m_groups[m_next++] : nullptr; }
+    void Release() override { delete this; }
+
+private:
+    std::vector<CFxUIGroup *> m_groups;
+    std::size_t m_next = 0;
+};
+
+} // namespace
+
+Customization::Customization(QObject *parent) : QObject(parent) {}
+
+Customization::~Customization() = default;
+
+QString Customization::load(const QByteArray &json)
+{
+    CustomizationData data = readCustomization(json);
+    if (!data.error.isEmpty())
+        return data.error;
+    m_groups = std::move(data.groups);
+    m_startUp = std::move(data.startUp);
+    return {};
+}
+
+UIGroup *Customization::primaryGroup() const
+{
+    const auto found =
+        std::find_if(m_groups.begin(), m_groups.end(), [](const auto &group) { return group->isPrimary(); });
+    return found == m_groups.end() ? nullptr : found->get();
+}
+
+CFxUIGroupEnumerator *Customization::EnumerateGroups()
+{
+    return new GroupEnumerator(m_groups);
+}
+
+bool Customization::IsPrimary(const CFxUIGroup *group) const
+{
+    return group && group == primaryGroup();
+}
+
+CFxUIGroup *Customization::GetStartUpGroup()
+{
+    return m_startUp.get();
+}
+
+CFxUICommand *Customization::FindCommand(const CFxString &groupName, const CFxString &identifier) const
+{
+    for (const auto &group : m_groups) {
+        if (group->GetName() == groupName)
+            return group->findCommand(identifier);
+    }
+    return m_startUp && m_startUp->GetName() == groupName ? m_startUp->findCommand(identifier) : nullptr;
+}
+
+CFxUICommand *Customization::CreateCommand(const CFxString &identifier)
+{
+    return new UICommand(identifier);
+}
+
+CFxUIMenuItem *Customization::CreateMenuItem(CFxUICommand *command, const CFxString &label,
+                                             const CFxString &helpString, const CFxString &identifier)
+{
+    auto item = std::make_unique<UIMenuItem>(UIMenuItem::Kind::Entry, identifier, label);
+    item->SetCommand(command);
+    item->setHelpString(helpString);
+    return item.release();
+}
+
+CFxUIAccelerator *Customization::CreateAccelerator(CFxUICommand *command, const CFxString &identifier)
+{
+    return new UIAccelerator(identifier, command);
+}
+
+void Customization::Refresh()
+{
+    emit refreshed();
+}
+
+} // namespace fxhost

@@ -1,0 +1,221 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/customization/MenuBuilder.h"
+
+#include "host/runtime/FxHost.h"
+#include "host/runtime/commands/CommandRunner.h"
+#include "host/runtime/customization/Customization.h"
+#include "host/runtime/customization/UIMenuItem.h"
+#include "host/runtime/documents/Document.h"
+#include "host/runtime/documents/DocumentManager.h"
+#include "host/runtime/recent/RecentFiles.h"
+
+#include <CFxUIAccelerator.h>
+#include <CFxUICommand.h>
+#include <CFxUIGroup.h>
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSet>
+#include <QShortcut>
+
+namespace fxhost {
+
+namespace {
+
+UIMenuItem::Kind kindOf(const CFxUIMenuItem &item)
+{
+    if (item.GetChildCount() > 0)
+        return UIMenuItem::Kind::Menu; // a module may put children into what it made as an entry
+    const auto *own = dynamic_cast<const UIMenuItem *>(&item);
+    return own ? own->kind() : UIMenuItem::Kind::Entry;
+}
+
+QString helpOf(const CFxUIMenuItem &item)
+{
+    const auto *own = dynamic_cast<const UIMenuItem *>(&item);
+    if (own && !own->helpString().isEmpty())
+        return own->helpString();
+    return item.GetCommand() ? QString(item.GetCommand()->GetHelpString()) : QString();
+}
+
+//! text as a menu shows it: no mnemonic, and no tabulator, which would begin the shortcut's column.
+QString shown(QString text)
+{
+    return text.replace(QLatin1Char('&'), QLatin1String("&&")).replace(QLatin1Char('\t'), QLatin1Char(' '));
+}
+
+void addPlaceholder(QMenu *menu, const QString &text)
+{
+    menu->addAction(text)->setEnabled(false);
+}
+
+} // namespace
+
+// Everything chosen is run by a queued call: the command may refresh the menus and run an event loop, and the
+// menu that was clicked must have returned from its event handler before it can be deleted.
+
+MenuBuilder::MenuBuilder(FxHost &host, QMenuBar *bar) : QObject(bar), m_host(host), m_bar(bar)
+{
+    connect(&host.customization(), &Customization::refreshed, this, &MenuBuilder::rebuild);
+}
+
+void MenuBuilder::setGroup(const CFxUIGroup *group)
+{
+    m_group = group;
+    rebuild();
+}
+
+void MenuBuilder::rebuild()
+{
+    clear();
+    if (!m_group)
+        return;
+    for (int i = 0; i < m_group->GetMenuCount(); ++i) {
+        QMenu *menu = makeMenu(m_bar, *m_group->GetMenu(i));
+        m_bar->addMenu(menu);
+        m_menus.append(menu);
+    }
+    addAccelerators();
+}
+
+void MenuBuilder::clear()
+{
+    for (QShortcut *shortcut : qAsConst(m_shortcuts)) {
+        shortcut->setEnabled(false);
+        shortcut->deleteLater();
+    }
+    m_shortcuts.clear();
+    m_bar->clear();
+    for (QMenu *menu : qAsConst(m_menus)) {
+        menu->close();
+        menu->deleteLater();
+    }
+    m_menus.clear();
+}
+
+// NOLINTNEXTLINE(misc-no-recursion): menus hold menus
+QMenu *MenuBuilder::makeMenu(QWidget *parent, const CFxUIMenuItem &item)
+{
+    auto *menu = new QMenu(item.GetLabel(), parent);
+    menu->setObjectName(item.GetIdentifier());
+    menu->menuAction()->setObjectName(item.GetIdentifier());
+    switch (kindOf(item)) {
+    case UIMenuItem::Kind::RecentFiles:
+        connect(menu, &QMenu::aboutToShow, this, [this, menu] { fillRecentFiles(menu); });
+        break;
+    case UIMenuItem::Kind::Windows:
+        connect(menu, &QMenu::aboutToShow, this, [this, menu] { fillWindows(menu); });
+        break;
+    default:
+        for (int i = 0; i < item.GetChildCount(); ++i)
+            addItem(menu, *item.GetChild(i));
+    }
+    return menu;
+}
+
+// NOLINTNEXTLINE(misc-no-recursion): menus hold menus
+void MenuBuilder::addItem(QMenu *menu, const CFxUIMenuItem &item)
+{
+    switch (kindOf(item)) {
+    case UIMenuItem::Kind::Separator:
+        menu->addSeparator();
+        break;
+    case UIMenuItem::Kind::Entry:
+        addEntry(menu, item);
+        break;
+    default:
+        menu->addMenu(makeMenu(menu, item));
+    }
+}
+
+void MenuBuilder::addEntry(QMenu *menu, const CFxUIMenuItem &item)
+{
+    const CFxUICommand *const command = item.GetCommand();
+    QString text = item.GetLabel();
+    if (const CFxUIAccelerator *accelerator = acceleratorOf(command))
+        text += QLatin1Char('\t') + accelerator->GetKey().toString(QKeySequence::NativeText);
+    QAction *const action = menu->addAction(text);
+    action->setObjectName(item.GetIdentifier());
+    action->setStatusTip(helpOf(item));
+    action->setEnabled(command != nullptr);
+    if (!command)
+        return;
+    CommandRunner &commands = m_host.commands();
+    connect(
+        action, &QAction::triggered, &commands,
+        [&commands, macro = QString(command->GetMacro())] { commands.runMacro(macro); },
+        Qt::QueuedConnection);
+}
+
+void MenuBuilder::fillRecentFiles(QMenu *menu)
+{
+    menu->clear();
+    const QStringList paths = m_host.recentFiles().paths();
+    CommandRunner &commands = m_host.commands();
+    int number = 0;
+    for (const QString &path : paths) {
+        QAction *const action = menu->addAction(QStringLiteral("&%1 ").arg(++number) + shown(path));
+        const auto open = [&commands, path] {
+            if (CommandRun *run = commands.run(QStringLiteral("_OPEN"), path))
+                run->release();
+        };
+        connect(action, &QAction::triggered, &commands, open, Qt::QueuedConnection);
+    }
+    if (paths.isEmpty())
+        addPlaceholder(menu, tr("No Recent Documents"));
+}
+
+void MenuBuilder::fillWindows(QMenu *menu)
+{
+    menu->clear();
+    DocumentManager &documents = m_host.documents();
+    int number = 0;
+    for (Document *document : documents.documents()) {
+        const QString title = QStringLiteral("&%1 ").arg(++number) + shown(document->title());
+        QAction *const action = menu->addAction(title);
+        action->setCheckable(true);
+        action->setChecked(document == documents.current());
+        connect(
+            action, &QAction::triggered, &documents,
+            [&documents, document] { documents.bringToFront(document); }, Qt::QueuedConnection);
+    }
+    if (number == 0)
+        addPlaceholder(menu, tr("No Drawing Is Open"));
+}
+
+void MenuBuilder::addAccelerators()
+{
+    QSet<QString> taken; // Qt would run neither of two shortcuts with the same key
+    CommandRunner &commands = m_host.commands();
+    for (int i = 0; i < m_group->GetAcceleratorCount(); ++i) {
+        const CFxUIAccelerator *const accelerator = m_group->GetAccelerator(i);
+        const CFxUICommand *const command = accelerator->GetCommand();
+        const QKeySequence key = accelerator->GetKey();
+        const QString keyText = key.toString(QKeySequence::PortableText);
+        if (!command || key.isEmpty() || taken.contains(keyText))
+            continue;
+        taken.insert(keyText);
+        auto *shortcut = new QShortcut(key, m_bar);
+        shortcut->setObjectName(accelerator->GetIdentifier());
+        shortcut->setAutoRepeat(false); // a key that is held down should not run the command over and over
+        connect(
+            shortcut, &QShortcut::activated, &commands,
+            [&commands, macro = QString(command->GetMacro())] { commands.runMacro(macro); },
+            Qt::QueuedConnection);
+        m_shortcuts.append(shortcut);
+    }
+}
+
+//! The first accelerator that runs command; null when none does.
+const CFxUIAccelerator *MenuBuilder::acceleratorOf(const CFxUICommand *command) const
+{
+    for (int i = 0; command && i < m_group->GetAcceleratorCount(); ++i) {
+        const CFxUIAccelerator *const accelerator = m_group->GetAccelerator(i);
+        if (accelerator->GetCommand() == command && !accelerator->GetKey().isEmpty())
+            return accelerator;
+    }
+    return nullptr;
+}
+
+} // namespace fxhost

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/runtime/FxHostApi.h"
+
+#include <CFxUIAccelerator.h>
+
+namespace fxhost {
+
+class UIGroup;
+
+//! A key and the command definition that it runs: a given one, or one that is looked up by its identifier
+//! whenever it is asked for, since a module may bring it later. GUI thread.
+class FXHOST_API UIAccelerator : public CFxUIAccelerator
+{
+public:
+    //! \param command may be null; must outlive the accelerator
+    UIAccelerator(const CFxString &identifier, CFxUICommand *command);
+    //! \param group where the definition is looked up; must outlive the accelerator
+    UIAccelerator(const CFxString &identifier, const UIGroup &group, const CFxString &commandIdentifier);
+    ~UIAccelerator() override;
+
+    CFxString GetIdentifier() const override { return m_identifier; }
+    CFxString GetLabel() const override { return m_label; }
+    void SetLabel(const CFxString &label) override { m_label = label; }
+    QKeySequence GetKey() const override { return m_key; }
+    void SetKey(const QKeySequence &key) override { m_key = key; }
+    CFxUICommand *GetCommand() const override;
+
+private:
+    CFxString m_identifier;
+    CFxString m_label;
+    QKeySequence m_key;
+    CFxUICommand *m_command = nullptr;
+    const UIGroup *m_group = nullptr; // null: m_command is what there is
+    CFxString m_commandIdentifier;
+};
+
+} // namespace fxhost

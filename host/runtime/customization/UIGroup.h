@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/runtime/FxHostApi.h"
+
+#include <CFxUIAccelerator.h>
+#include <CFxUICommand.h>
+#include <CFxUIGroup.h>
+#include <CFxUIMenuItem.h>
+
+#include <memory>
+#include <vector>
+
+namespace fxhost {
+
+//! A customisation group. GUI thread.
+class FXHOST_API UIGroup : public CFxUIGroup
+{
+public:
+    UIGroup(const CFxString &name, bool primary);
+    ~UIGroup() override;
+
+    bool isPrimary() const { return m_primary; }
+    //! \param identifier compared exactly \return owned by the group; null when there is none
+    CFxUICommand *findCommand(const CFxString &identifier) const;
+    //! Puts a top-level menu behind the others. \param menu not null
+    void appendMenu(std::unique_ptr<CFxUIMenuItem> menu);
+
+    CFxString GetName() const override { return m_name; }
+    int GetCommandCount() const override;
+    CFxUICommand *GetCommand(int index) const override;
+    //! Null, or a definition that is in the group already: nothing happens.
+    void AppendCommand(CFxUICommand *command) override;
+    int GetMenuCount() const override;
+    CFxUIMenuItem *GetMenu(int index) const override;
+    int GetAcceleratorCount() const override;
+    CFxUIAccelerator *GetAccelerator(int index) const override;
+    //! Null, or an accelerator that is in the group already: nothing happens.
+    void AppendAccelerator(CFxUIAccelerator *accelerator) override;
+
+private:
+    CFxString m_name;
+    bool m_primary;
+    std::vector<std::unique_ptr<CFxUICommand>> m_commands;
+    std::vector<std::unique_ptr<CFxUIMenuItem>> m_menus;
+    std::vector<std::unique_ptr<CFxUIAccelerator>> m_accelerators;
+};
+
+} // namespace fxhost

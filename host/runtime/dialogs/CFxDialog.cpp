@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#include <CFxDialog.h>
+
+#include "host/runtime/FxHost.h"
+#include "host/runtime/editor/Editor.h"
+
+#include <CFxEditorReactor.h>
+
+#include <QHideEvent>
+#include <QShowEvent>
+
+#include <exception>
+
+namespace {
+
+void tellReactors(void (CFxEditorReactor::*event)())
+{
+    if (fxhost::FxHost *host = fxhost::FxHost::instance())
+        host->editor().reactors().notify(event);
+}
+
+void showFailure(const QString &text)
+{
+    if (fxhost::FxHost *host = fxhost::FxHost::instance())
+        host->showMessage(text);
+}
+
+} // namespace
+
+CFxDialog::CFxDialog(QWidget *parent, bool modal, Qt::WindowFlags flags) : QDialog(parent, flags)
+{
+    setModal(modal);
+}
+
+CFxDialog::~CFxDialog()
+{
+    leaveModalState(); // a dialog that is deleted while it shows is not hidden before
+}
+
+int CFxDialog::exec()
+{
+    return QDialog::exec();
+}
+
+void CFxDialog::done(int result)
+{
+    if (onAboutToEnd(result))
+        QDialog::done(result);
+}
+
+void CFxDialog::accept()
+{
+    QDialog::accept();
+}
+
+void CFxDialog::reject()
+{
+    QDialog::reject();
+}
+
+void CFxDialog::onFirstShow() {}
+
+bool CFxDialog::onAboutToEnd(int)
+{
+    return true;
+}
+
+bool CFxDialog::event(QEvent *event)
+{
+    // Qt's event loop lets no exception through: one that leaves a module's handler would end the host.
+    try {
+        return QDialog::event(event);
+    } catch (const std::exception &error) {
+        showFailure(tr("A dialog failed: %1").arg(QString::fromLocal8Bit(error.what())));
+    } catch (...) {
+        showFailure(tr("A dialog failed."));
+    }
+    return true;
+}
+
+void CFxDialog::showEvent(QShowEvent *event)
+{
+    if (!event->spontaneous()) {
+        if (!m_wasShown) {
+            m_wasShown = true;
+            onFirstShow();
+        }
+        if (isModal() && !m_inModalState) {
+            m_inModalState = true;
+            tellReactors(&CFxEditorReactor::beginModalState);
+        }
+    }
+    QDialog::showEvent(event);
+}
+
+void CFxDialog::hideEvent(QHideEvent *event)
+{
+    QDialog::hideEvent(event);
+    if (!event->spontaneous())
+        leaveModalState();
+}
+
+void CFxDialog::leaveModalState()
+{
+    if (!m_inModalState)
+        return;
+    m_inModalState = false;
+    tellReactors(&CFxEditorReactor::endModalState);
+}

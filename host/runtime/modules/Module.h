@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/runtime/modules/ModuleLibrary.h"
+
+#include <QCoreApplication>
+#include <QString>
+
+class OdRxModule;
+
+namespace fxhost {
+
+class FxHost;
+
+//! One module, from the loading of its library to the unloading. A module's exceptions end here. GUI thread.
+class Module
+{
+    Q_DECLARE_TR_FUNCTIONS(fxhost::Module)
+public:
+    //! \param path as the person gave it
+    //! \param host must outlive the module
+    Module(const QString &path, FxHost &host);
+    //! Unloads the library. end() must have been called after a successful start().
+    ~Module();
+
+    Module(const Module &) = delete;
+    Module &operator=(const Module &) = delete;
+
+    const QString &path() const { return m_path; }
+    //! Whether both come from the same file, whatever their paths.
+    bool isSameAs(const Module &other) const { return m_library.handle() == other.m_library.handle(); }
+
+    //! Loads the library. \return why it is no module for this host; empty when it is one
+    QString load();
+    //! Creates and starts the module. \return why it could not; empty when it runs
+    QString start();
+    //! Ends what start() began, also when that failed half way, and removes what the module leaves behind.
+    //! \return what went wrong on the way; empty when nothing did
+    QString end();
+
+private:
+    void tellOfMainWindow(bool created) const;
+    void removeRegistrations() const;
+    void deleteWidgets() const;
+
+    QString m_path;
+    FxHost &m_host;
+    ModuleLibrary m_library;
+    OdRxModule *m_object = nullptr;
+    bool m_isStarted = false;
+};
+
+} // namespace fxhost

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/modules/ModuleLibrary.h"
+
+#include <QFile>
+
+#include <dlfcn.h>
+#include <link.h>
+
+namespace fxhost {
+
+ModuleLibrary::~ModuleLibrary()
+{
+    if (m_handle)
+        dlclose(m_handle);
+}
+
+QString ModuleLibrary::load(const QString &path)
+{
+    m_handle = dlopen(QFile::encodeName(path).constData(), RTLD_NOW | RTLD_LOCAL);
+    if (m_handle)
+        return {};
+    return QString::fromLocal8Bit(dlerror()); // NOLINT(concurrency-mt-unsafe): each thread has its own
+}
+
+bool ModuleLibrary::contains(const void *address) const
+{
+    link_map *map = nullptr;
+    Dl_info object;
+    return m_handle && dlinfo(m_handle, RTLD_DI_LINKMAP, &map) == 0 && dladdr(address, &object) != 0 &&
+           reinterpret_cast<ElfW(Addr)>(object.dli_fbase) == map->l_addr;
+}
+
+void *ModuleLibrary::symbol(const char *name) const
+{
+    return dlsym(m_handle, name);
+}
+
+} // namespace fxhost

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/runtime/FxHostApi.h"
+
+#include <QCoreApplication>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+namespace fxhost {
+
+class FxHost;
+class Module;
+
+//! Loads and unloads modules. GUI thread.
+class FXHOST_API ModuleManager
+{
+    Q_DECLARE_TR_FUNCTIONS(fxhost::ModuleManager)
+public:
+    //! \param host must outlive the manager
+    explicit ModuleManager(FxHost &host);
+    //! Unloads what is still loaded.
+    ~ModuleManager();
+
+    ModuleManager(const ModuleManager &) = delete;
+    ModuleManager &operator=(const ModuleManager &) = delete;
+
+    //! Loads a module and starts it; when the main window is there already, the module hears of it. A failure
+    //! is shown as a message that names the file and the reason, and leaves nothing behind.
+    //! \param path relative to the working directory unless absolute
+    //! \return whether the module is running now
+    bool load(const QString &path);
+    //! Ends a module and unloads it; while the main window is there, the module first hears that it goes.
+    //! What the module left registered, and widgets of its classes, are removed: their code goes.
+    //! \param path as it was given to load()
+    //! \return false, with a message, when no such module is loaded or a command is running
+    bool unload(const QString &path);
+    //! Ends and unloads all, the last loaded first.
+    void unloadAll();
+
+    //! In the order of loading, as the paths were given.
+    QStringList loaded() const;
+
+private:
+    QString start(const QString &path);
+    void end(std::unique_ptr<Module> module);
+
+    FxHost &m_host;
+    std::vector<std::unique_ptr<Module>> m_modules;
+};
+
+} // namespace fxhost

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtGlobal>
+
+namespace fxhost {
+
+//! Longest side of a picture, in pixels. Painting counts coordinates in 16 bits, and a decoder that keeps a
+//! pointer for each row must not be made to keep millions.
+constexpr qint64 maxSide = 32767;
+
+//! Largest picture once decoded, in bytes: 16 megapixels of four bytes, over twice what drawings are known to
+//! hold. Bounds the memory that one reading takes.
+constexpr qint64 maxDecodedBytes = 64'000'000;
+
+//! What a decoded pixel takes, in bits. Some pictures take less, and are treated as if they did not.
+constexpr int plainPixel = 32;
+constexpr int deepPixel = 64; //!< of channels of 16 bits
+
+//! Whether a picture of this size, in pixels, is one to decode. \param bitsPerPixel one of the two above
+constexpr bool isDecodable(qint64 width, qint64 height, int bitsPerPixel)
+{
+    return width > 0 && height > 0 && width <= maxSide && height <= maxSide &&
+           width * height * bitsPerPixel <= 8 * maxDecodedBytes;
+}
+
+//! What may still be spent on the entries of one drawing. Two hundred of them that each break at their very
+//! end would otherwise take minutes.
+struct DecodingBudget
+{
+    qint64 bytes = 3 * maxDecodedBytes; //!< read and decoded; the largest picture fits, however it is stored
+    int chunks = 65536; //!< parts of PNGs; a PNG of the largest size has some 8000 as commonly written
+};
+
+} // namespace fxhost

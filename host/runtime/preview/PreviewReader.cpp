@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/preview/PreviewReader.h"
+
+#include "host/runtime/preview/PictureDevice.h"
+#include "host/runtime/preview/PictureLimits.h"
+#include "host/runtime/preview/PreviewSection.h"
+#include "host/runtime/preview/StoredBitmap.h"
+#include "host/runtime/preview/StoredPng.h"
+
+#include <QImageReader>
+
+#include <cstdlib>
+#include <new>
+
+namespace fxhost {
+
+namespace {
+
+//! An image that the decoder writes into if size and format suit it. One of its own would show what was in
+//! memory before wherever the encoding leaves pixels out.
+QImage blankImage(const QSize &size, QImage::Format format)
+{
+    QImage image(size, format);
+    constexpr int maxColors = 256; // the decoder sets the bitmap's own, the rest must be opaque as well
+    image.setColorTable(QVector<QRgb>(maxColors, qRgb(0, 0, 0)));
+    image.fill(0);
+    return image;
+}
+
+QImage decode(const RegularFile &file, const PictureLayout &layout, DecodingBudget *budget)
+{
+    PictureDevice device(file, layout);
+    const qint64 storedSize = device.bytesAvailable();
+    QImageReader reader(&device, layout.format);
+    reader.setAutoDetectImageFormat(false);
+    reader.setDecideFormatFromContent(false);
+
+    const QSize claimed = reader.size(); // of a negative height where a bitmap's top row comes first
+    const QSize size(claimed.width(), std::abs(claimed.height()));
+    if (!isDecodable(size.width(), size.height(), layout.bitsPerPixel))
+        return {};
+    budget->bytes -= qint64(size.width()) * size.height() * layout.bitsPerPixel / 8 + storedSize;
+    if (budget->bytes < 0)
+        return {};
+
+    QImage image;
+    if (layout.mayLeavePixelsOut)
+        image = blankImage(size, reader.imageFormat());
+    if (!reader.read(&image) || device.hasFailed())
+        return {};
+    return image;
+}
+
+QImage readFirst(PreviewCode code, const RegularFile &file, const std::vector<PreviewEntry> &entries,
+                 DecodingBudget *budget)
+{
+    for (const PreviewEntry &entry : entries) {
+        if (entry.code != code)
+            continue;
+        const std::optional<PictureLayout> layout =
+            code == PreviewCode::Png ? layOutPng(file, entry.data, budget) : layOutBitmap(file, entry.data);
+        const QImage image = layout ? decode(file, *layout, budget) : QImage();
+        if (!image.isNull())
+            return image;
+    }
+    return {};
+}
+
+} // namespace
+
+QImage readPreview(const QString &path)
+{
+    try {
+        const RegularFile file(path);
+        const std::vector<PreviewEntry> entries = readPreviewEntries(file);
+        DecodingBudget budget;
+        const QImage png = readFirst(PreviewCode::Png, file, entries, &budget);
+        return png.isNull() ? readFirst(PreviewCode::Bitmap, file, entries, &budget) : png;
+    } catch (const std::bad_alloc &) {
+        return {}; // a picture is not worth the application
+    }
+}
+
+} // namespace fxhost

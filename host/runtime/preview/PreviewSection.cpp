@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/preview/PreviewSection.h"
+
+#include <QtEndian>
+
+#include <algorithm>
+#include <array>
+
+namespace fxhost {
+
+namespace {
+
+// Sizes and places in bytes.
+constexpr int versionSize = 6;
+constexpr int addressAt = 0x0D;
+constexpr int startSize = addressAt + 4;
+
+constexpr int sentinelSize = 16;
+constexpr int overallSizeAt = 16; //!< from the section's start, as are the next two
+constexpr int countAt = 20;
+constexpr int tableAt = 21;
+constexpr int tableEntrySize = 9;
+
+//! Older ones have something else where these have the section's address.
+constexpr std::array<const char *, 8> versionsWithPreview = {"AC1012", "AC1014", "AC1015", "AC1018",
+                                                             "AC1021", "AC1024", "AC1027", "AC1032"};
+
+constexpr std::array<uchar, sentinelSize> beginSentinel = {0x1F, 0x25, 0x6D, 0x07, 0xD4, 0x36, 0x28, 0x28,
+                                                           0x9D, 0x57, 0xCA, 0x3F, 0x9D, 0x44, 0x10, 0x2B};
+
+qint64 numberAt(const QByteArray &bytes, int position)
+{
+    return qFromLittleEndian<quint32>(bytes.constData() + position);
+}
+
+//! Where the section begins; 0 if the file has none.
+qint64 sectionAddress(const RegularFile &file)
+{
+    const QByteArray start = file.readAll(0, startSize);
+    if (start.isEmpty())
+        return 0;
+    const QByteArray version = start.left(versionSize);
+    const bool mayHavePreview =
+        std::any_of(versionsWithPreview.begin(), versionsWithPreview.end(),
+                    [&version](const char *candidate) { return version == candidate; });
+    return mayHavePreview ? numberAt(start, addressAt) : 0;
+}
+
+bool overlap(const FileRange &one, const FileRange &other)
+{
+    return one.offset < other.end() && other.offset < one.end();
+}
+
+} // namespace
+
+std::vector<PreviewEntry> readPreviewEntries(const RegularFile &file)
+{
+    if (!file.isOpen())
+        return {};
+    const qint64 address = sectionAddress(file);
+    if (address < startSize)
+        return {};
+    const QByteArray section = file.readAll(address, tableAt);
+    if (section.isEmpty() || !std::equal(beginSentinel.begin(), beginSentinel.end(),
+                                         reinterpret_cast<const uchar *>(section.constData())))
+        return {};
+
+    // The overall size is counted from behind itself. The end sentinel that follows is not read: a picture is
+    // as good without it.
+    const int count = static_cast<uchar>(section.at(countAt));
+    const int tableSize = count * tableEntrySize;
+    const FileRange counted = {address + countAt, numberAt(section, overallSizeAt)};
+    if (counted.size < 1 + tableSize || !file.contains(counted))
+        return {};
+    const QByteArray table = file.readAll(address + tableAt, tableSize);
+
+    const FileRange sectionHead = {address, tableAt + tableSize};
+    std::vector<PreviewEntry> entries;
+    for (int at = 0; at < table.size(); at += tableEntrySize) {
+        const auto code = static_cast<PreviewCode>(table.at(at));
+        const FileRange data = {numberAt(table, at + 1), numberAt(table, at + 5)};
+        if (file.contains(data) && !overlap(data, sectionHead))
+            entries.push_back({code, data});
+    }
+    return entries;
+}
+
+} // namespace fxhost

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/preview/StoredPng.h"
+
+#include "host/runtime/preview/PictureLimits.h"
+
+#include <QtEndian>
+
+namespace fxhost {
+
+namespace {
+
+// Sizes and places in bytes.
+constexpr int signatureSize = 8;
+constexpr int chunkStartSize = 8; //!< length of the data and type
+constexpr int checksumSize = 4;
+constexpr int imageHeaderSize = 13;
+constexpr int widthAt = signatureSize + chunkStartSize;
+constexpr int heightAt = widthAt + 4;
+constexpr int depthAt = widthAt + 8;
+constexpr int fileStartSize = signatureSize + chunkStartSize + imageHeaderSize;
+
+struct Chunk
+{
+    QByteArray type;
+    FileRange whole; //!< with length, type and checksum
+
+    //! The fifth bit of a type's first letter tells whether the picture can be had without the chunk.
+    bool matters() const { return (type.at(0) & 0x20) == 0 || type == "tRNS"; }
+};
+
+quint32 numberAt(const QByteArray &bytes, int position)
+{
+    return qFromBigEndian<quint32>(bytes.constData() + position);
+}
+
+//! Bits for each pixel once decoded; 0 if the file does not begin as a PNG with an image header of a size to
+//! decode.
+int decodedBits(const QByteArray &fileStart)
+{
+    const QByteArray signatureAndType = fileStart.left(widthAt);
+    if (signatureAndType != QByteArray::fromRawData("\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR", widthAt))
+        return 0;
+    constexpr int deepChannel = 16;
+    const int bits = fileStart.at(depthAt) == deepChannel ? deepPixel : plainPixel;
+    return isDecodable(numberAt(fileStart, widthAt), numberAt(fileStart, heightAt), bits) ? bits : 0;
+}
+
+std::optional<Chunk> chunkAt(const RegularFile &file, qint64 offset, qint64 end)
+{
+    if (end - offset < chunkStartSize + checksumSize)
+        return std::nullopt;
+    const QByteArray start = file.readAll(offset, chunkStartSize);
+    if (start.isEmpty()) // the file has shrunk
+        return std::nullopt;
+    const Chunk chunk = {start.mid(4), {offset, chunkStartSize + qint64(numberAt(start, 0)) + checksumSize}};
+    return chunk.whole.end() <= end ? std::optional(chunk) : std::nullopt;
+}
+
+void append(std::vector<FileRange> &ranges, const FileRange &range)
+{
+    if (!ranges.empty() && ranges.back().end() == range.offset)
+        ranges.back().size += range.size;
+    else
+        ranges.push_back(range);
+}
+
+} // namespace
+
+std::optional<PictureLayout> layOutPng(const RegularFile &file, const FileRange &data, DecodingBudget *budget)
+{
+    if (data.size < fileStartSize)
+        return std::nullopt;
+    const QByteArray fileStart = file.readAll(data.offset, fileStartSize);
+    const int bits = decodedBits(fileStart);
+    if (bits == 0)
+        return std::nullopt;
+
+    PictureLayout layout;
+    layout.format = "png";
+    layout.bitsPerPixel = bits;
+    layout.ranges = {{data.offset, signatureSize}};
+    for (qint64 at = data.offset + signatureSize; budget->chunks > 0; --budget->chunks) {
+        const std::optional<Chunk> chunk = chunkAt(file, at, data.end());
+        if (!chunk)
+            return std::nullopt;
+        if (chunk->matters())
+            append(layout.ranges, chunk->whole);
+        if (chunk->type == "IEND")
+            return layout;
+        at = chunk->whole.end();
+    }
+    return std::nullopt;
+}
+
+} // namespace fxhost

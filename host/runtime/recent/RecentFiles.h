@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/runtime/FxHostApi.h"
+
+#include <CFxRecentFileList.h>
+
+#include <QObject>
+#include <QStringList>
+
+namespace fxhost {
+
+//! The recent documents, most recent first, none twice. Two paths are the same when their characters are.
+//! Keeps nothing across runs: that is RecentFileStore's. GUI thread.
+class FXHOST_API RecentFiles : public QObject, public CFxRecentFileList
+{
+    Q_OBJECT
+public:
+    static constexpr int defaultMaximum = 10;
+    static constexpr int smallestMaximum = 1;
+    static constexpr int largestMaximum = 1000;
+
+    explicit RecentFiles(QObject *parent = nullptr);
+
+    void GetPaths(std::vector<CFxString> &paths) const override;
+
+    QStringList paths() const { return m_paths; }
+    //! Replaces the list. Repetitions, empty paths and what is beyond the maximum are left out.
+    void setPaths(const QStringList &paths);
+    //! Puts path at the top, whether or not it was listed; the last one falls out of a full list.
+    //! \param path full path; empty: nothing happens
+    void add(const QString &path);
+    //! \return whether path was listed
+    bool remove(const QString &path);
+    void clear();
+
+    int maximum() const { return m_maximum; }
+    static bool isAllowedMaximum(int maximum)
+    {
+        return maximum >= smallestMaximum && maximum <= largestMaximum;
+    }
+    //! \return false, with nothing changed, unless isAllowedMaximum()
+    bool setMaximum(int maximum);
+
+signals:
+    //! The paths or their order are others now.
+    void changed();
+    void maximumChanged(int maximum);
+
+private:
+    void replace(const QStringList &paths);
+
+    QStringList m_paths;
+    int m_maximum = defaultMaximum;
+};
+
+} // namespace fxhost

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace fxhost {
+
+class CommandSet;
+class FxHost;
+class MainWindow;
+
+//! Adds the commands that need the main window: QUIT, SCREENSHOT, CASCADE, TILE, NEXTWINDOW and
+//! PREVIOUSWINDOW.
+//! \param host, window must outlive set
+void addAppCommands(CommandSet &set, FxHost &host, MainWindow &window);
+
+} // namespace fxhost

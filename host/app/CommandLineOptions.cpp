@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#include "host/app/CommandLineOptions.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QRegularExpression>
+
+namespace fxhost {
+
+namespace {
+
+CommandLineResult refuse(const QString &reason)
+{
+    CommandLineResult result;
+    result.text =
+        QStringLiteral("%1: %2\nTry \"%1 --help\".").arg(QCoreApplication::applicationName(), reason);
+    return result;
+}
+
+CommandLineResult print(const QString &text)
+{
+    CommandLineResult result;
+    result.wish = CommandLineResult::Wish::PrintAndEnd;
+    result.text = text;
+    return result;
+}
+
+//! Reads WxH or WxH+X+Y into the options. \return why it cannot be used, else the empty string
+QString readGeometry(const QString &text, CommandLineOptions &options)
+{
+    // Five digits are more than any screen has, and keep the numbers far from an int's end. A second monitor
+    // to the left or above has negative positions, written "+-10".
+    static const QRegularExpression pattern(QRegularExpression::anchoredPattern(
+        QStringLiteral("(\\d{1,5})x(\\d{1,5})(?:\\+(-?\\d{1,5})\\+(-?\\d{1,5}))?")));
+    const QRegularExpressionMatch match = pattern.match(text);
+    if (!match.hasMatch())
+        return QStringLiteral("\"%1\" is no geometry; it is written WxH or WxH+X+Y").arg(text);
+
+    const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
+    if (size.width() < smallestMainWindow.width() || size.height() < smallestMainWindow.height())
+        return QStringLiteral("the geometry \"%1\" is smaller than %2x%3")
+            .arg(text)
+            .arg(smallestMainWindow.width())
+            .arg(smallestMainWindow.height());
+
+    options.windowSize = size;
+    if (!match.captured(3).isEmpty())
+        options.windowPosition = QPoint(match.captured(3).toInt(), match.captured(4).toInt());
+    return {};
+}
+
+} // namespace
+
+CommandLineResult readCommandLine(const QStringList &arguments)
+{
+    const QCommandLineOption module(QStringLiteral("module"),
+                                    QStringLiteral("Load the module at <path>; may be given more than once. "
+                                                   "Without it the one beside the program is loaded."),
+                                    QStringLiteral("path"));
+    const QCommandLineOption noModule(QStringLiteral("no-module"), QStringLiteral("Load no module."));
+    const QCommandLineOption profile(QStringLiteral("profile"),
+                                     QStringLiteral("Keep settings and the recent-file list in <dir>."),
+                                     QStringLiteral("dir"));
+    const QCommandLineOption script(QStringLiteral("script"),
+                                    QStringLiteral("Run the commands in <file>, a line each."),
+                                    QStringLiteral("file"));
+    const QCommandLineOption log(QStringLiteral("log"),
+                                 QStringLiteral("Write what the program is asked to do to <file>."),
+                                 QStringLiteral("file"));
+    const QCommandLineOption noDocument(QStringLiteral("no-document"),
+                                        QStringLiteral("Start without a new drawing."));
+    const QCommandLineOption geometry(QStringLiteral("geometry"),
+                                      QStringLiteral("Size and place of the main window, in pixels."),
+                                      QStringLiteral("WxH+X+Y"));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Shows the pictures stored in DWG drawings, and hosts plug-in modules."));
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
+    parser.addOptions({module, noModule, profile, script, log, noDocument, geometry});
+    parser.addPositionalArgument(QStringLiteral("drawing"), QStringLiteral("Drawings to open."),
+                                 QStringLiteral("[drawing...]"));
+
+    if (!parser.parse(arguments))
+        return refuse(parser.errorText());
+    if (parser.isSet(help))
+        return print(parser.helpText().trimmed());
+    if (parser.isSet(version))
+        return print(QCoreApplication::applicationName() + QLatin1Char(' ') +
+                     QCoreApplication::applicationVersion());
+
+    // An empty value is what an unset shell variable leaves; taking it for "not given" would, for one, put
+    // a test's settings into the user's own profile.
+    for (const QCommandLineOption &option : {module, profile, script, log, geometry}) {
+        if (parser.values(option).contains(QString()))
+            return refuse(QStringLiteral("--%1 needs a value").arg(option.names().constFirst()));
+    }
+    for (const QCommandLineOption &option : {profile, script, log, geometry}) {
+        if (parser.values(option).size() > 1)
+            return refuse(QStringLiteral("--%1 is given more than once").arg(option.names().constFirst()));
+    }
+    if (parser.isSet(module) && parser.isSet(noModule))
+        return refuse(QStringLiteral("--module and --no-module exclude each other"));
+    if (parser.positionalArguments().contains(QString()))
+        return refuse(QStringLiteral("a drawing needs a name"));
+
+    CommandLineResult result;
+    if (parser.isSet(geometry)) {
+        const QString problem = readGeometry(parser.value(geometry), result.options);
+        if (!problem.isEmpty())
+            return refuse(problem);
+    }
+    if (parser.isSet(module) || parser.isSet(noModule))
+        result.options.modules = parser.values(module);
+    result.options.profileDir = parser.value(profile);
+    result.options.scriptFile = parser.value(script);
+    result.options.logFile = parser.value(log);
+    result.options.newDocument = !parser.isSet(noDocument);
+    result.options.drawings = parser.positionalArguments();
+    result.wish = CommandLineResult::Wish::Start;
+    return result;
+}
+
+} // namespace fxhost

@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: MIT
+#include "host/app/CommandLineWidget.h"
+
+#include <QCoreApplication>
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QTextLayout>
+#include <QVBoxLayout>
+#include <QtMath>
+
+namespace fxhost {
+
+namespace {
+
+const QString prompt = QStringLiteral("Command:");
+// A session's worth to read back, and a bound on what a script that runs all night can pile up.
+constexpr int historyLines = 2000;
+constexpr int recalledLines = 200;
+// Enough to see a command and its answer without taking the drawing's place.
+constexpr int visibleLines = 4;
+constexpr int fewestVisibleLines = 1;
+
+//! What a line takes in a text document, which rounds more generously than font metrics do; in pixels.
+int lineHeight(const QFont &font)
+{
+    QTextLayout layout(QStringLiteral("X"), font);
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    return qCeil(line.height());
+}
+
+} // namespace
+
+CommandLineWidget::CommandLineWidget(QWidget *parent) : QWidget(parent)
+{
+    const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+
+    m_history = new QPlainTextEdit(this);
+    m_history->setObjectName(QStringLiteral("commandHistory"));
+    m_history->setAccessibleName(tr("Command history"));
+    m_history->setReadOnly(true);
+    m_history->setMaximumBlockCount(historyLines);
+    m_history->setFont(font);
+    m_history->setFrameShape(QFrame::NoFrame);
+    m_history->setFocusPolicy(Qt::ClickFocus);
+
+    m_input = new QLineEdit(this);
+    m_input->setObjectName(QStringLiteral("commandInput"));
+    m_input->setAccessibleName(tr("Command"));
+    m_input->setFont(font);
+    m_input->setFrame(false);
+    m_input->installEventFilter(this);
+    setFocusProxy(m_input);
+
+    auto *promptLabel = new QLabel(prompt, this);
+    promptLabel->setFont(font);
+    promptLabel->setBuddy(m_input);
+
+    // The prompt and the input look like one line of the history, so they share its background.
+    auto *inputRow = new QWidget(this);
+    inputRow->setBackgroundRole(QPalette::Base);
+    inputRow->setAutoFillBackground(true);
+    auto *inputLayout = new QHBoxLayout(inputRow);
+    const int margin = qRound(m_history->document()->documentMargin());
+    inputLayout->setContentsMargins(margin, margin / 2, margin, margin / 2);
+    inputLayout->setSpacing(fontMetrics().horizontalAdvance(QLatin1Char(' ')));
+    inputLayout->addWidget(promptLabel);
+    inputLayout->addWidget(m_input);
+
+    auto *separator = new QFrame(this);
+    separator->setFrameShape(QFrame::HLine);
+    separator->setForegroundRole(QPalette::Mid);
+    separator->setFrameShadow(QFrame::Plain);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_history, 1);
+    layout->addWidget(separator);
+    layout->addWidget(inputRow);
+}
+
+void CommandLineWidget::showMessage(const QString &text)
+{
+    // A person who reads further up keeps the place; who is at the end follows it.
+    QScrollBar *bar = m_history->verticalScrollBar();
+    const bool atEnd = bar->value() == bar->maximum();
+    m_history->appendPlainText(text);
+    if (atEnd)
+        bar->setValue(bar->maximum());
+}
+
+void CommandLineWidget::echo(const QString &line)
+{
+    showMessage(prompt + QLatin1Char(' ') + line);
+}
+
+bool CommandLineWidget::hasInputFocus() const
+{
+    return window()->focusWidget() == m_input;
+}
+
+void CommandLineWidget::typeKey(QKeyEvent *event)
+{
+    m_input->setFocus(Qt::OtherFocusReason);
+    QCoreApplication::sendEvent(m_input, event);
+}
+
+QString CommandLineWidget::historyText() const
+{
+    return m_history->toPlainText();
+}
+
+QSize CommandLineWidget::sizeHint() const
+{
+    return {QWidget::sizeHint().width(), heightForLines(visibleLines)};
+}
+
+QSize CommandLineWidget::minimumSizeHint() const
+{
+    return {QWidget::minimumSizeHint().width(), heightForLines(fewestVisibleLines)};
+}
+
+int CommandLineWidget::heightForLines(int lines) const
+{
+    // One pixel more, since QPlainTextEdit scrolls when its text ends on the last one.
+    const int frame = 2 * qRound(m_history->document()->documentMargin()) + 1;
+    const int historyHeight = lines * lineHeight(m_history->font()) + frame;
+    return historyHeight + layout()->sizeHint().height() - m_history->sizeHint().height();
+}
+
+bool CommandLineWidget::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_input && event->type() == QEvent::KeyPress &&
+        handleKey(static_cast<const QKeyEvent *>(event)))
+        return true;
+    return QWidget::eventFilter(watched, event);
+}
+
+bool CommandLineWidget::handleKey(const QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        enterLine();
+        return true;
+    case Qt::Key_Up:
+        recall(m_recalled - 1);
+        return true;
+    case Qt::Key_Down:
+        recall(m_recalled + 1);
+        return true;
+    case Qt::Key_PageUp:
+        m_history->verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepSub);
+        return true;
+    case Qt::Key_PageDown:
+        m_history->verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepAdd);
+        return true;
+    case Qt::Key_Escape:
+        // The first press takes back what was typed, the next one ends what runs.
+        if (m_input->text().isEmpty())
+            emit cancelRequested();
+        m_input->clear();
+        m_recalled = m_entered.size();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void CommandLineWidget::enterLine()
+{
+    const QString line = m_input->text().trimmed();
+    m_input->clear();
+    m_draft.clear();
+    if (!line.isEmpty() && (m_entered.isEmpty() || m_entered.constLast() != line))
+        m_entered.append(line);
+    if (m_entered.size() > recalledLines)
+        m_entered.removeFirst();
+    m_recalled = m_entered.size();
+    // An answer is for whoever asked: show the end even if older lines were being read.
+    m_history->verticalScrollBar()->setValue(m_history->verticalScrollBar()->maximum());
+    if (line.isEmpty())
+        echo(line);
+    else
+        emit lineEntered(line);
+}
+
+void CommandLineWidget::recall(int index)
+{
+    if (index < 0 || index > m_entered.size())
+        return;
+    if (m_recalled == m_entered.size())
+        m_draft = m_input->text();
+    m_recalled = index;
+    m_input->setText(index == m_entered.size() ? m_draft : m_entered.at(index));
+}
+
+} // namespace fxhost

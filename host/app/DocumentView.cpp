@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "host/app/DocumentView.h"
+
+#include "host/app/DrawingWords.h"
+#include "host/app/ElidedLabel.h"
+#include "host/app/Look.h"
+#include "host/app/PictureCanvas.h"
+#include "host/runtime/documents/Document.h"
+
+#include <QVBoxLayout>
+
+namespace fxhost {
+
+namespace {
+
+// A window that shows a stored picture, which is seldom wider than 256 pixels, well enlarged.
+constexpr QSize preferredSize(640, 440);
+constexpr int stripMargin = 8;
+constexpr int stripSpacing = 2;
+
+QString canvasText(const Document &document)
+{
+    return document.isNew() ? DocumentView::tr("New drawing")
+                            : DocumentView::tr("No picture is stored in this drawing.");
+}
+
+QLabel *addLine(QVBoxLayout *layout, const QString &text, const QColor &color,
+                Qt::TextElideMode mode = Qt::ElideRight)
+{
+    auto *line = new ElidedLabel(text, mode);
+    QPalette palette = line->palette();
+    palette.setColor(QPalette::WindowText, color);
+    line->setPalette(palette);
+    layout->addWidget(line);
+    return line;
+}
+
+} // namespace
+
+DocumentView::DocumentView(const Document &document, QWidget *parent) : QWidget(parent)
+{
+    const DrawingFacts &facts = document.facts();
+
+    auto *strip = new QWidget(this);
+    QPalette palette = strip->palette();
+    palette.setColor(QPalette::Window, look::strip);
+    strip->setPalette(palette);
+    strip->setAutoFillBackground(true);
+    auto *lines = new QVBoxLayout(strip);
+    lines->setContentsMargins(stripMargin, stripMargin / 2, stripMargin, stripMargin / 2);
+    lines->setSpacing(stripSpacing);
+    if (!document.isNew()) {
+        addLine(lines, facts.path, look::ink, Qt::ElideMiddle)->setObjectName(QStringLiteral("path"));
+        addLine(lines, factsLine(facts), look::faintInk)->setObjectName(QStringLiteral("facts"));
+    }
+    addLine(lines, tr("This host shows the picture stored in a drawing; it does not draw."), look::faintInk);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(new PictureCanvas(facts.preview, canvasText(document), this), 1);
+    layout->addWidget(strip);
+}
+
+QSize DocumentView::sizeHint() const
+{
+    // Cascaded windows get this size, whatever the room: three quarters let each one's title be seen.
+    const QWidget *area = parentWidget() ? parentWidget()->parentWidget() : nullptr;
+    return area ? preferredSize.boundedTo(area->size() * 3 / 4) : preferredSize;
+}
+
+} // namespace fxhost

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+namespace fxhost {
+
+class Document;
+
+//! The content of a drawing's window: the stored picture, scaled to fit, above a strip of facts. GUI thread.
+class DocumentView : public QWidget
+{
+    Q_OBJECT
+public:
+    //! \param document read here and not kept
+    explicit DocumentView(const Document &document, QWidget *parent = nullptr);
+
+    QSize sizeHint() const override;
+};
+
+} // namespace fxhost

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QMap>
+#include <QMdiArea>
+
+namespace fxhost {
+
+class Document;
+class DocumentManager;
+
+//! The middle of the main window: a window for each open drawing, and a word of advice while there is none.
+//! GUI thread.
+class DrawingArea : public QMdiArea
+{
+    Q_OBJECT
+public:
+    //! \param documents must outlive the area
+    explicit DrawingArea(DocumentManager &documents, QWidget *parent = nullptr);
+
+    //! The window of a drawing; null when it has none.
+    QMdiSubWindow *windowOf(const Document *document) const;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void addWindow(Document *document);
+    void removeWindow(Document *document);
+    void showCurrent(Document *document);
+    Document *documentOf(const QObject *window) const;
+
+    DocumentManager &m_documents;
+    QMap<Document *, QMdiSubWindow *> m_windows;
+};
+
+} // namespace fxhost

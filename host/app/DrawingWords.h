@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+namespace fxhost {
+
+struct DrawingFacts;
+
+//! Version, size and date of a drawing in one line, as the window's strip and the status bar show them. For a
+//! new drawing: that it is one.
+QString factsLine(const DrawingFacts &facts);
+
+} // namespace fxhost

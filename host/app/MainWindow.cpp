@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+#include "host/app/MainWindow.h"
+
+#include "host/app/AppCommands.h"
+#include "host/app/CommandLineOptions.h"
+#include "host/app/CommandLineWidget.h"
+#include "host/app/DrawingArea.h"
+#include "host/app/DrawingWords.h"
+#include "host/app/HelpWindow.h"
+#include "host/runtime/FxHost.h"
+#include "host/runtime/HostSettings.h"
+#include "host/runtime/commands/CommandRunner.h"
+#include "host/runtime/customization/Customization.h"
+#include "host/runtime/customization/MenuBuilder.h"
+#include "host/runtime/documents/Document.h"
+#include "host/runtime/documents/DocumentManager.h"
+
+#include <CFxCommand.h>
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QSplitter>
+#include <QStatusBar>
+
+namespace fxhost {
+
+namespace {
+
+// What a window that was never resized shows: a drawing of some size next to others of its desktop.
+constexpr QSize firstSize(1100, 760);
+
+//! Whether a key means something to the command line. Ctrl and its like must not: a mere Ctrl would take the
+//! focus from the text that Ctrl+C is about to copy.
+bool isForCommandLine(const QKeyEvent &event)
+{
+    if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        return false;
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Escape:
+    case Qt::Key_Backspace:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        return true;
+    default:
+        return !event.text().isEmpty() && event.text().at(0).isPrint();
+    }
+}
+
+} // namespace
+
+MainWindow::MainWindow(FxHost &host) : m_host(host), m_commands(host.commandStack())
+{
+    setObjectName(QStringLiteral("mainWindow"));
+    m_menus = new MenuBuilder(host, menuBar());
+    m_drawingArea = new DrawingArea(host.documents());
+    m_commandLine = new CommandLineWidget;
+    m_factsLabel = new QLabel;
+
+    auto *splitter = new QSplitter(Qt::Vertical);
+    splitter->addWidget(m_drawingArea);
+    splitter->addWidget(m_commandLine);
+    splitter->setStretchFactor(0, 1);
+    splitter->setCollapsible(0, false);
+    splitter->setCollapsible(1, false);
+    setCentralWidget(splitter);
+    statusBar()->addPermanentWidget(m_factsLabel);
+
+    setMinimumSize(smallestMainWindow);
+    resize(firstSize);
+    restoreGeometry(host.settings().windowGeometry());
+
+    connectCommandLine();
+    addAppCommands(m_commands, host, *this);
+    host.setPathChooser([this] { return choosePath(); });
+    connect(&host, &FxHost::helpRequested, this, &MainWindow::showHelp);
+    connect(&host.documents(), &DocumentManager::currentChanged, this, &MainWindow::showState);
+    showState(host.documents().current());
+}
+
+MainWindow::~MainWindow()
+{
+    m_host.documents().closeAll();
+    m_host.setMainWindow(nullptr);
+    m_host.setPathChooser({});
+    m_menus->setGroup(nullptr);
+}
+
+void MainWindow::connectCommandLine()
+{
+    CommandRunner &commands = m_host.commands();
+    connect(&m_host, &FxHost::message, m_commandLine, &CommandLineWidget::showMessage);
+    connect(m_commandLine, &CommandLineWidget::lineEntered, &commands, &CommandRunner::runLine);
+    connect(m_commandLine, &CommandLineWidget::cancelRequested, &commands, &CommandRunner::cancel);
+    // Whoever asked for a command, the history tells that it ran.
+    connect(&commands, &CommandRunner::commandStarted, m_commandLine,
+            [this](const QString &name, const QString &argument) {
+                m_commandLine->echo((name + QLatin1Char(' ') + argument).trimmed());
+            });
+    connect(&commands, &CommandRunner::commandEnded, m_commandLine, [this](const QString &, int result) {
+        if (result == CFxCommand::cancelled)
+            m_commandLine->showMessage(tr("*Cancelled*"));
+    });
+}
+
+void MainWindow::showState(const Document *current)
+{
+    Customization &customization = m_host.customization();
+    const CFxUIGroup *group = customization.startUpGroup();
+    if (current || !group)
+        group = customization.primaryGroup();
+    m_menus->setGroup(group);
+
+    const QString program = QCoreApplication::applicationName();
+    setWindowTitle(current ? QStringLiteral("%1 - [%2]").arg(program, current->title()) : program);
+    m_factsLabel->setText(current ? factsLine(current->facts()) : QString());
+    // A drawing's window takes the focus when it comes to the front, and has no use for it.
+    m_commandLine->setFocus();
+}
+
+void MainWindow::showHelp(int topic)
+{
+    if (!m_helpWindow)
+        m_helpWindow = new HelpWindow(this);
+    m_helpWindow->showTopic(topic);
+}
+
+QString MainWindow::choosePath()
+{
+    const QString path =
+        QFileDialog::getOpenFileName(this, tr("Open Drawing"), m_host.settings().lastDirectory(),
+                                     tr("Drawings (*.dwg *.DWG);;All files (*)"));
+    if (!path.isEmpty())
+        m_host.settings().setLastDirectory(QFileInfo(path).absolutePath());
+    return path;
+}
+
+void MainWindow::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    // Coming back from a popup or another program, the next thing that is typed is a command.
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        m_commandLine->setFocus(Qt::ActiveWindowFocusReason);
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    m_host.settings().setWindowGeometry(saveGeometry());
+    m_host.commands().stop();
+    event->accept();
+    // Popups and the help window may still be open, but a program without its main window is over.
+    QCoreApplication::quit();
+}
+
+void MainWindow::keyPressEvent(QKeyEvent *event)
+{
+    // Reached by keys that nothing in the window had a use for. What comes back from the input had none
+    // there.
+    if (isForCommandLine(*event) && !m_commandLine->hasInputFocus())
+        m_commandLine->typeKey(event);
+    else
+        QMainWindow::keyPressEvent(event);
+}
+
+} // namespace fxhost

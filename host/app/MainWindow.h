@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/runtime/commands/CommandSet.h"
+
+#include <QMainWindow>
+
+class QLabel;
+
+namespace fxhost {
+
+class CommandLineWidget;
+class Document;
+class DrawingArea;
+class FxHost;
+class HelpWindow;
+class MenuBuilder;
+
+//! The program's main window: menus from the customisation data, the drawing windows, the command line and
+//! a status bar. GUI thread.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    //! Registers the commands that need the window. The host learns of the window by FxHost::setMainWindow(),
+    //! which is the caller's to call once the window is shown.
+    //! \param host must outlive the window
+    explicit MainWindow(FxHost &host);
+    //! Says goodbye to drawings and modules while everything they may ask for still stands.
+    ~MainWindow() override;
+
+    DrawingArea &drawingArea() { return *m_drawingArea; }
+    const CommandLineWidget &commandLine() const { return *m_commandLine; }
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void connectCommandLine();
+    void showState(const Document *current);
+    void showHelp(int topic);
+    QString choosePath();
+
+    FxHost &m_host;
+    MenuBuilder *m_menus;
+    DrawingArea *m_drawingArea;
+    CommandLineWidget *m_commandLine;
+    QLabel *m_factsLabel;
+    HelpWindow *m_helpWindow = nullptr; //!< made when it is first asked for
+    CommandSet m_commands;
+};
+
+} // namespace fxhost

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "host/app/ScriptRunner.h"
+
+#include "host/runtime/commands/CommandRunner.h"
+
+#include <QFile>
+#include <QWidget>
+#include <QWindow>
+
+namespace fxhost {
+
+namespace {
+
+//! How long a script waits for the window to become active, in milliseconds.
+constexpr int patience = 3000;
+
+} // namespace
+
+ScriptRunner::ScriptRunner(CommandRunner &commands, QObject *parent) : QObject(parent), m_commands(commands)
+{
+    m_next.setSingleShot(true);
+    m_next.setInterval(0);
+    connect(&m_next, &QTimer::timeout, this, &ScriptRunner::runNext);
+    connect(&m_commands, &CommandRunner::idle, &m_next, qOverload<>(&QTimer::start));
+}
+
+QString ScriptRunner::load(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return file.errorString();
+    const QByteArray content = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        return file.errorString();
+
+    const QStringList lines = QString::fromUtf8(content).split(QLatin1Char('\n'));
+    for (const QString &line : lines) {
+        const QString command = line.trimmed();
+        if (!command.isEmpty() && !command.startsWith(QLatin1Char('#')))
+            m_lines.append(command);
+    }
+    return {};
+}
+
+void ScriptRunner::startWhenActive(QWidget *window)
+{
+    if (window->isActiveWindow()) {
+        m_next.start();
+        return;
+    }
+    connect(window->windowHandle(), &QWindow::activeChanged, &m_next, qOverload<>(&QTimer::start));
+    // Without a window manager no window becomes active.
+    QTimer::singleShot(patience, &m_next, qOverload<>(&QTimer::start));
+}
+
+void ScriptRunner::runNext()
+{
+    // Somebody else's command may have started since; its end wakes this up again.
+    if (m_lines.isEmpty() || !m_commands.isIdle())
+        return;
+    m_commands.runLine(m_lines.takeFirst());
+    // An unknown command, or a mere ^C, ran nothing that could end.
+    if (m_commands.isIdle())
+        m_next.start();
+}
+
+} // namespace fxhost

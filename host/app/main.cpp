@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include "host/app/AppIcon.h"
+#include "host/app/CommandLineOptions.h"
+#include "host/app/MainWindow.h"
+#include "host/app/ScriptRunner.h"
+#include "host/runtime/FxHost.h"
+#include "host/runtime/commands/CommandRunner.h"
+#include "host/runtime/customization/Customization.h"
+#include "host/runtime/documents/DocumentManager.h"
+#include "host/runtime/log/HostLog.h"
+#include "host/runtime/modules/ModuleManager.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+#include <QTextStream>
+
+using namespace fxhost;
+
+namespace {
+
+constexpr char moduleFile[] = "RecentDocumentBrowser.so";
+
+void printError(const QString &text)
+{
+    QTextStream(stderr) << QCoreApplication::applicationName() << ": " << text << '\n';
+}
+
+QString profileDir(const CommandLineOptions &options)
+{
+    return options.profileDir.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)
+                                        : QDir::current().absoluteFilePath(options.profileDir);
+}
+
+QStringList modulePaths(const CommandLineOptions &options)
+{
+    const QString own = QDir(QCoreApplication::applicationDirPath()).filePath(QLatin1String(moduleFile));
+    return options.modules.value_or(QStringList{own});
+}
+
+void loadMenus(FxHost &host)
+{
+    QFile file(QStringLiteral(":/customization.json"));
+    file.open(QIODevice::ReadOnly);
+    const QString problem = host.customization().load(file.readAll());
+    if (!problem.isEmpty())
+        host.showMessage(QStringLiteral("The menus cannot be used: %1").arg(problem));
+}
+
+void place(MainWindow &window, const CommandLineOptions &options)
+{
+    if (options.windowSize) {
+        window.setWindowState(Qt::WindowNoState);
+        window.resize(*options.windowSize);
+    }
+    if (options.windowPosition)
+        window.move(*options.windowPosition);
+}
+
+int run(const CommandLineOptions &options)
+{
+    const QString profile = profileDir(options);
+    if (!QDir().mkpath(profile)) {
+        printError(QStringLiteral("the profile directory %1 cannot be made").arg(profile));
+        return CommandLineResult::usageError;
+    }
+
+    FxHost host(profile, options.logFile);
+    QObject::connect(&host, &FxHost::message, &host, printError);
+    if (!host.log().errorString().isEmpty()) {
+        printError(QStringLiteral("the log %1 cannot be written: %2")
+                       .arg(options.logFile, host.log().errorString()));
+        return CommandLineResult::usageError;
+    }
+    ScriptRunner script(host.commands());
+    if (!options.scriptFile.isEmpty()) {
+        const QString problem = script.load(options.scriptFile);
+        if (!problem.isEmpty()) {
+            printError(QStringLiteral("the script %1 cannot be read: %2").arg(options.scriptFile, problem));
+            return CommandLineResult::usageError;
+        }
+    }
+
+    loadMenus(host);
+    MainWindow window(host);
+    const QStringList modules = modulePaths(options);
+    for (const QString &path : modules)
+        host.modules().load(path);
+    place(window, options);
+    window.show();
+    host.setMainWindow(&window);
+
+    if (options.newDocument)
+        host.documents().newDocument();
+    for (const QString &path : options.drawings)
+        host.documents().open(path);
+    script.startWhenActive(&window);
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("fxhost"));
+    QApplication::setApplicationVersion(QStringLiteral(FXHOST_VERSION));
+    QApplication::setWindowIcon(appIcon());
+
+    const CommandLineResult commandLine = readCommandLine(QApplication::arguments());
+    switch (commandLine.wish) {
+    case CommandLineResult::Wish::Start:
+        return run(commandLine.options);
+    case CommandLineResult::Wish::PrintAndEnd:
+        QTextStream(stdout) << commandLine.text << '\n';
+        return 0;
+    case CommandLineResult::Wish::Refuse:
+        QTextStream(stderr) << commandLine.text << '\n';
+        return CommandLineResult::usageError;
+    }
+}

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "samples/SampleSet.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QTextStream>
+
+namespace {
+
+//! \return empty, or what went wrong
+QString write(const QString &path, const QByteArray &bytes)
+{
+    const QString directory = QFileInfo(path).path();
+    if (!QDir().mkpath(directory))
+        return QStringLiteral("cannot make the directory %1").arg(directory);
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        return QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
+    return {};
+}
+
+QString pictureName(fxsamples::Picture picture)
+{
+    switch (picture) {
+    case fxsamples::Picture::Bitmap8:
+        return QStringLiteral("8-bit bitmap");
+    case fxsamples::Picture::Bitmap24:
+        return QStringLiteral("24-bit bitmap");
+    case fxsamples::Picture::Bitmap32:
+        return QStringLiteral("32-bit bitmap");
+    case fxsamples::Picture::Png:
+        return QStringLiteral("PNG");
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    // No screen and no font is needed, see lettering(); so this runs on a build machine as it is.
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("make_samples"));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+        "Makes a dozen sample drawings. Each holds a file header and a preview, nothing more."));
+    parser.addHelpOption();
+    const QCommandLineOption everyVersion(
+        QStringLiteral("every-version"),
+        QStringLiteral("Write each drawing in each version, in one directory for each."));
+    parser.addOption(everyVersion);
+    parser.addPositionalArgument(QStringLiteral("DIRECTORY"),
+                                 QStringLiteral("Where to write; made if it is missing."));
+    parser.process(application);
+    QTextStream err(stderr);
+    if (parser.positionalArguments().size() != 1) {
+        err << "make_samples: name one directory\n\n" << parser.helpText();
+        return EXIT_FAILURE;
+    }
+
+    const QDir directory(parser.positionalArguments().constFirst());
+    QTextStream out(stdout);
+    for (const fxsamples::SampleFile &file : fxsamples::sampleFiles(parser.isSet(everyVersion))) {
+        const fxsamples::Sample &sample = file.sample;
+        const QString path = directory.filePath(file.path);
+        const QString error =
+            write(path, fxsamples::drawingFile(fxsamples::paintPreview(sample), sample.form));
+        if (!error.isEmpty()) {
+            err << "make_samples: " << error << '\n';
+            return EXIT_FAILURE;
+        }
+        out << path << ": " << QString::fromLatin1(fxsamples::versionTag(sample.form.version)) << ", "
+            << pictureName(sample.form.picture) << ", " << sample.size.width() << " x "
+            << sample.size.height() << '\n';
+    }
+    return EXIT_SUCCESS;
+}

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "module/HostAccess.h"
+
+#include <CFxDocumentManager.h>
+#include <CFxPreviewBitmap.h>
+#include <CFxRecentFileList.h>
+#include <CFxServices.h>
+#include <OdEdCommand.h>
+#include <OdEdCommandStack.h>
+#include <OdEditor.h>
+
+#include <QImage>
+
+#include <memory>
+
+namespace {
+
+struct ReleaseReference
+{
+    void operator()(OdRxObject *object) const { object->release(); }
+};
+
+//! A reference that the host counts and we give back, on every way out.
+template<class T>
+using Reference = std::unique_ptr<T, ReleaseReference>;
+
+CFxRecentFileList *recentFileList()
+{
+    CFxSystemServices *services = GetFxSystemServices();
+    CFxApplication *application = services ? services->GetApplication() : nullptr;
+    CFxUserProfile *profile = application ? application->GetUserProfile() : nullptr;
+    return profile ? profile->GetRecentFileList() : nullptr;
+}
+
+CFxDocumentManager *documentManager()
+{
+    CFxSystemServices *services = GetFxSystemServices();
+    return services ? services->GetDocumentManager() : nullptr;
+}
+
+Reference<OdEdCommandStack> commandStack()
+{
+    return Reference<OdEdCommandStack>(odedRegCmds());
+}
+
+Reference<OdEditor> editor()
+{
+    return Reference<OdEditor>(odedEditor());
+}
+
+} // namespace
+
+namespace HostAccess {
+
+std::optional<std::vector<CFxString>> recentFiles()
+{
+    const CFxRecentFileList *list = recentFileList();
+    if (!list)
+        return std::nullopt;
+    std::vector<CFxString> paths;
+    list->GetPaths(paths);
+    return paths;
+}
+
+bool hasRecentFileList()
+{
+    return recentFileList() != nullptr;
+}
+
+QWidget *mainFrame()
+{
+    CFxSystemServices *services = GetFxSystemServices();
+    CFxMainFrame *frame = services ? services->GetMainFrame() : nullptr;
+    return frame ? frame->GetMainWindow() : nullptr;
+}
+
+void openDocument(const CFxString &path)
+{
+    if (CFxDocumentManager *manager = documentManager()) {
+        OdString result; // the host has told the person already
+        manager->OpenDocument(path, 0, 0, result);
+    }
+}
+
+void runCommand(const CFxString &name)
+{
+    if (CFxSystemServices *services = GetFxSystemServices())
+        const Reference<OdRxObject> run(services->RunCommand(name, nullptr));
+}
+
+void addDocumentReactor(CFxDocumentManagerReactor *reactor)
+{
+    if (CFxDocumentManager *manager = documentManager())
+        manager->AddReactor(reactor);
+}
+
+void removeDocumentReactor(CFxDocumentManagerReactor *reactor)
+{
+    if (CFxDocumentManager *manager = documentManager())
+        manager->RemoveReactor(reactor);
+}
+
+void addEditorReactor(OdEditorReactor *reactor)
+{
+    if (const Reference<OdEditor> host = editor())
+        host->addReactor(reactor);
+}
+
+void removeEditorReactor(OdEditorReactor *reactor)
+{
+    if (const Reference<OdEditor> host = editor())
+        host->removeReactor(reactor);
+}
+
+void addCommand(OdEdCommand *command)
+{
+    if (const Reference<OdEdCommandStack> stack = commandStack())
+        stack->addCommand(command);
+}
+
+void removeCommand(OdEdCommand *command)
+{
+    if (const Reference<OdEdCommandStack> stack = commandStack())
+        stack->removeCommand(command);
+}
+
+bool isCommandRegistered(const OdString &name)
+{
+    const Reference<OdEdCommandStack> stack = commandStack();
+    if (!stack)
+        return false;
+    constexpr int anyName = OdEdCommandStack::GlobalNames | OdEdCommandStack::LocalNames;
+    const OdString anyGroup;
+    return Reference<OdEdCommand>(stack->lookupCommand(name, anyName, anyGroup)) != nullptr;
+}
+
+void readPreview(const CFxString &path, QImage &image)
+{
+    const std::shared_ptr<CFxPreviewBitmap> preview(CFxPreviewBitmap::Create());
+    if (preview->Load(path) && preview->IsValid())
+        preview->ToImage(image);
+}
+
+} // namespace HostAccess

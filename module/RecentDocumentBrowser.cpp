@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include "module/RecentDocumentBrowser.h"
+
+#include "module/HelpCommandReg.h"
+#include "module/HostAccess.h"
+#include "module/ModuleLifetime.h"
+#include "module/velaCommandHelp.h"
+
+#include <QMenu>
+
+#include <memory>
+
+// Constructed in this order when the library is loaded, destroyed in reverse when it is unloaded.
+QList<RecentDocDialog *> RecentDocumentBrowser::recentDocDialogList;
+QMap<QString, QImage> RecentDocumentBrowser::recentFileImageMap;
+QList<QAction *> RecentDocumentBrowser::recentDocActionList;
+QList<FolderPinButton *> folderButtonList;
+QList<FolderPinButton *> RecentDocumentBrowser::menuPinButtonList;
+QList<FolderPinButton *> RecentDocumentBrowser::docPinButtonList;
+QMenu *RecentDocumentBrowser::recentDocMenu = nullptr;
+QAction *RecentDocumentBrowser::before = nullptr;
+
+namespace {
+
+//! The one flag that the browser command carries. What the bit means is the host's.
+constexpr std::uint32_t browserCommandFlags = 0x40000000;
+
+//! A help command that stays as long as the module: the command stack does not own what it lists.
+velaCommandHelp *newHelpCommand()
+{
+    auto command = std::make_unique<OdStaticRxObject<velaCommandHelp>>();
+    velaCommandHelp *help = command.get();
+    ModuleLifetime::keep(std::move(command));
+    return help;
+}
+
+} // namespace
+
+RecentDocumentBrowser::RecentDocumentBrowser()
+{
+    m_command.AddFlags(browserCommandFlags);
+}
+
+RecentDocumentBrowser::~RecentDocumentBrowser()
+{
+    ModuleLifetime::end();
+}
+
+void RecentDocumentBrowser::initApp()
+{
+    HostAccess::addCommand(&m_command);
+    HostAccess::addDocumentReactor(this);
+    HostAccess::addEditorReactor(this);
+}
+
+void RecentDocumentBrowser::uninitApp() {}
+
+void RecentDocumentBrowser::mainFrameCreated(QWidget * /*mainFrame*/)
+{
+    HelpCommandReg::AddHelpcommand(newHelpCommand());
+}
+
+void RecentDocumentBrowser::mainFrameDestroyed(QWidget * /*mainFrame*/)
+{
+    HostAccess::removeCommand(&m_command);
+    HostAccess::removeDocumentReactor(this);
+    HostAccess::removeEditorReactor(this);
+    HelpCommandReg::RemoveHelpcommand(newHelpCommand());
+}
+
+void RecentDocumentBrowser::DocumentCreated(CFxDocument * /*document*/)
+{
+    const auto recent = HostAccess::recentFiles();
+    if (!recent || recent->empty())
+        return;
+
+    recentFileImageMap = {};
+    menuPinButtonList.clear();
+    // Never shown: the browser's tiles and the pins are made from its entries.
+    auto *hiddenMenu = new QMenu;
+    ModuleLifetime::keep(hiddenMenu);
+    AddRecentFiles(hiddenMenu, nullptr);
+}

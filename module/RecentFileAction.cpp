@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "module/RecentFileAction.h"
+
+#include "module/RecentDocumentBrowser.h"
+#include "state/FolderPinButton.h"
+
+#include <QHBoxLayout>
+#include <QMenu>
+
+RecentFileAction::RecentFileAction(const CFxString &text, const CFxString &path)
+    : QWidgetAction(nullptr), filePath(path)
+{
+    setText(text);
+
+    auto *widget = new QWidget(menu());
+    widget->setStyleSheet(QStringLiteral(":hover{color:blue ; background-color:palette(highlight);}"));
+    auto *layout = new QHBoxLayout;
+    layout->setAlignment(Qt::AlignTop);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+
+    QString displayText = FolderPinButton::pathInMenuText(text);
+    textButton = new FolderPinButton(menu(), displayText);
+    textButton->setObjectName(QStringLiteral("menuTextButton"));
+    textButton->setText(text);
+    textButton->setStyleSheet(
+        QStringLiteral("QToolButton {                        color: rgba(0, 0, 0, 100%);"
+                       "                        background-color: rgba(0, 0, 0, 0%);"
+                       "                    }"));
+    // Without this the Fusion style paints a black panel behind the black text of that sheet.
+    textButton->setAutoRaise(true);
+    FolderPinButton *pin = RecentDocumentBrowser::CreatePinButton(menu(), displayText);
+    FolderPinButton *folder = RecentDocumentBrowser::CreateFolderButton(menu(), displayText);
+
+    layout->addWidget(textButton);
+    layout->addSpacerItem(new QSpacerItem(40, 20, QSizePolicy::Expanding, QSizePolicy::Minimum));
+    if (folder && pin) {
+        layout->addWidget(folder);
+        layout->addWidget(pin);
+    }
+    RecentDocumentBrowser::AddInToMenuPinButtonList(pin);
+
+    widget->setLayout(layout);
+    setDefaultWidget(widget);
+}

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#include "module/HostAccess.h"
+#include "module/ModuleLifetime.h"
+#include "module/RecentDocumentBrowser.h"
+#include "module/RecentFileAction.h"
+
+#include <QDir>
+#include <QMenu>
+
+void RecentDocumentBrowser::AddRecentFiles(QMenu *menu, QAction *successor)
+{
+    const std::vector<CFxString> paths = HostAccess::recentFiles().value_or(std::vector<CFxString>());
+
+    recentDocMenu = new QMenu;
+    ModuleLifetime::keep(recentDocMenu);
+    recentDocActionList.clear();
+    menu->insertSeparator(successor);
+    int number = 1;
+    for (const CFxString &path : paths) {
+        // The number is the entry's mnemonic; from the tenth on its first digit is.
+        const CFxString prefix = CFxString::format("&%i ", number++);
+        auto *action = new RecentFileAction(QString(prefix) + QDir::toNativeSeparators(path), path);
+        ModuleLifetime::keep(action);
+        menu->insertAction(successor, action);
+        recentDocActionList.append(action);
+    }
+    menu->insertSeparator(successor);
+    before = successor;
+    recentDocMenu = menu;
+}

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#include "state/BrowserLife.h"
+
+#include <QPointer>
+#include <QWidget>
+
+namespace {
+QPointer<const QWidget> owner;
+bool hasOwner = false;
+} // namespace
+
+void BrowserLife::setOwnerOfTiles(const QWidget *popup)
+{
+    owner = popup;
+    hasOwner = popup != nullptr;
+}
+
+bool BrowserLife::tilesExist()
+{
+    return !hasOwner || owner;
+}

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+class QWidget;
+
+//! Whether the objects that the registry's tile lists point to still exist. The lists themselves are not
+//! emptied when a popup goes away, and an older popup may outlive the newest, whose tiles they hold.
+namespace BrowserLife {
+
+//! \param popup the window whose tiles are listed from now on
+void setOwnerOfTiles(const QWidget *popup);
+//! False from the moment when that window starts to be destroyed; true while there never was one, since
+//! then the lists hold what was put into them by hand.
+bool tilesExist();
+
+} // namespace BrowserLife

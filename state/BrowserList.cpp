@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "module/RecentDocumentBrowser.h"
+#include "state/BrowserLife.h"
+#include "state/FolderPinButton.h"
+#include "ui/RecentDocDialog.h"
+
+#include <algorithm>
+
+namespace {
+
+//! The tiles in display order; none once their window is gone.
+QList<RecentDocDialog *> livingTiles()
+{
+    return BrowserLife::tilesExist() ? RecentDocumentBrowser::recentDocDialogList
+                                     : QList<RecentDocDialog *>();
+}
+
+} // namespace
+
+void RecentDocumentBrowser::CreateRecentDocList(QWidget *parent)
+{
+    // Copies: building a tile may run code that changes cache or list.
+    const QMap<QString, QImage> images = recentFileImageMap;
+    const QList<FolderPinButton *> menuButtons = menuPinButtonList;
+
+    recentDocDialogList.clear();
+    BrowserLife::setOwnerOfTiles(parent);
+    for (FolderPinButton *menuButton : menuButtons) {
+        if (!menuButton)
+            continue;
+        const auto entry = images.constFind(menuButton->path());
+        if (entry == images.constEnd())
+            continue;
+        QImage image = entry.value();
+        recentDocDialogList.append(new RecentDocDialog(parent, menuButton, entry.key(), image, false));
+    }
+}
+
+RecentDocDialog *RecentDocumentBrowser::getHighlightedRecentDoc()
+{
+    const QList<RecentDocDialog *> tiles = livingTiles();
+    const auto first = std::find_if(tiles.begin(), tiles.end(),
+                                    [](const RecentDocDialog *tile) { return tile->isHighlighted(); });
+    return first == tiles.end() ? nullptr : *first;
+}
+
+QList<RecentDocDialog *> RecentDocumentBrowser::getHighlightedRecentDocList()
+{
+    QList<RecentDocDialog *> highlighted;
+    const QList<RecentDocDialog *> tiles = livingTiles();
+    for (RecentDocDialog *tile : tiles) {
+        if (tile->isHighlighted())
+            highlighted.append(tile);
+    }
+    return highlighted;
+}
+
+QList<QString> RecentDocumentBrowser::getHighlightedRecentDocPathList()
+{
+    QList<QString> paths;
+    const QList<RecentDocDialog *> tiles = getHighlightedRecentDocList();
+    for (const RecentDocDialog *tile : tiles)
+        paths.append(tile->path());
+    return paths;
+}
+
+void RecentDocumentBrowser::AddInToMenuPinButtonList(FolderPinButton *button)
+{
+    menuPinButtonList.append(button);
+}
+
+void RecentDocumentBrowser::AddInToDocPinButtonList(FolderPinButton *button)
+{
+    docPinButtonList.append(button);
+}

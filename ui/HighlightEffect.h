@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QColor>
+#include <QGraphicsEffect>
+#include <QPointF>
+
+//! Draws a translucent rounded plate behind a tile, a little larger than the tile. The plate's colour says
+//! whether the tile is highlighted. GUI thread.
+class HighlightEffect : public QGraphicsEffect
+{
+    Q_OBJECT
+    Q_PROPERTY(QColor color MEMBER m_color)
+    Q_PROPERTY(QPointF offset MEMBER m_offset)
+public:
+    //! The plate of a highlighted tile, and that of a tile that no longer is: a tile's own ground.
+    static QColor highlightColor() { return QColor(0, 0, 150, 100); }
+    static QColor restingColor() { return QColor(248, 248, 248, 255); }
+    //! How far a tile's plate reaches beyond the tile, in pixels.
+    static constexpr double tileOffset = 2.5;
+
+    //! Has no parent: the widget that it is installed on owns it.
+    //! \param offset how far the plate reaches beyond the widget on each side, in pixels; with 2 or less
+    //! nothing is painted, the widget included
+    explicit HighlightEffect(double offset);
+    ~HighlightEffect() override;
+
+    QColor color() const { return m_color; }
+    //! Takes effect at the next repaint, which this does not ask for.
+    void setColor(const QColor &color) { m_color = color; }
+
+    QRectF boundingRectFor(const QRectF &rect) const override;
+
+protected:
+    void draw(QPainter *painter) override;
+
+private:
+    QColor m_color = highlightColor();
+    QPointF m_offset;
+};

@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: MIT
+#include "ui/RecentDocDialog.h"
+
+#include "module/HostAccess.h"
+#include "module/RecentDocumentBrowser.h"
+#include "state/FolderPinButton.h"
+#include "ui/HighlightEffect.h"
+#include "ui/RecentDocMainWindow.h"
+
+#include <QFileInfo>
+#include <QFocusEvent>
+#include <QFontMetrics>
+#include <QIcon>
+
+namespace {
+
+//! A tile, and where it stands until the grid places it, in pixels.
+constexpr QRect tileGeometry(10, 90, 161, 131);
+//! Names longer than this many characters keep fewer of them and end in dots.
+constexpr int nameLength = 16;
+constexpr int keptOfName = 13;
+//! Likewise paths that are wider than the popup.
+constexpr int pathLength = 100;
+constexpr int keptOfPath = 97;
+//! The type icon: its side, and its corner seen from the picture's size before the layout has run, in
+//! pixels. Together they put it into the tile's lower right corner.
+constexpr int typeIconSide = 21;
+constexpr QPoint typeIconShift(40, 80);
+
+QString restingSheet()
+{
+    return QStringLiteral(
+        "QDialog {color:lightGray;                         background-color: rgb(248, 248, 248);             "
+        " "
+        "            border-width: 0.1px;                         border: 1px solid;                         "
+        "border-color: #C0C0C0                                  }");
+}
+
+QString hoverSheet()
+{
+    return QStringLiteral(
+        "QDialog {color:lightGray;                         background-color: rgb(240, 240, 240);             "
+        " "
+        "            border-width: 0.1px;                         border: 1px solid;                         "
+        "border-color: #C0C0C0                                  }");
+}
+
+} // namespace
+
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): setupUi() makes the form's members
+RecentDocDialog::RecentDocDialog(QWidget *parent, FolderPinButton *menuPinButton, const QString &path,
+                                 QImage &thumbnail, bool /*unused*/)
+    : QDialog(parent), m_thumbnail(thumbnail), m_path(path)
+{
+    setupUi(this);
+    m_nameLabel = title_label;
+    m_pictureLabel = image_label;
+
+    setAttribute(Qt::WA_MouseTracking);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowFlags(Qt::FramelessWindowHint); // without Qt::Dialog: a child widget
+    setGeometry(tileGeometry);
+    setFixedSize(tileGeometry.size());
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setStyleSheet(restingSheet());
+
+    buildName();
+    buildPicture();
+    buildTypeIcon();
+    buildButtons(menuPinButton);
+}
+
+RecentDocDialog::~RecentDocDialog() = default;
+
+void RecentDocDialog::buildName()
+{
+    QString name = QFileInfo(m_path).fileName();
+    if (name.size() > nameLength)
+        name = name.left(keptOfName).leftJustified(nameLength, QLatin1Char('.'));
+    m_nameLabel->setTextFormat(Qt::PlainText); // a file may be called <b>.dwg
+    m_nameLabel->setText(name);
+}
+
+void RecentDocDialog::buildPicture()
+{
+    m_pictureLabel->setScaledContents(true);
+    m_pictureLabel->setPixmap(QPixmap::fromImage(m_thumbnail));
+    m_pictureLabel->setStyleSheet(QStringLiteral(
+        "QLabel {                        border-width: 0.1px;                        border: 1px "
+        "solid;                        background-color: white;                        "
+        "border-color: #C0C0C0                            }"));
+}
+
+void RecentDocDialog::buildTypeIcon()
+{
+    const QSize size(typeIconSide, typeIconSide);
+    QIcon icon;
+    icon.addFile(QStringLiteral(":/Images/Resources/VELA_DWG.png"), size, QIcon::Normal, QIcon::Off);
+    auto *label = new QLabel(this);
+    label->setObjectName(QStringLiteral("Iconlabel"));
+    label->setPixmap(icon.pixmap(size));
+    label->setGeometry(
+        QRect(QPoint(m_pictureLabel->width(), m_pictureLabel->height()) + typeIconShift, size));
+}
+
+void RecentDocDialog::buildButtons(const FolderPinButton *menuPinButton)
+{
+    m_folderButton = RecentDocumentBrowser::CreateFolderButton(this, m_path);
+    if (m_folderButton)
+        gridLayout->addWidget(m_folderButton, 0, 0);
+
+    m_pinButton = RecentDocumentBrowser::CreatePinButton(this, m_path);
+    if (m_pinButton) {
+        m_pinButton->setChecked(menuPinButton->isChecked());
+        RecentDocumentBrowser::AddInToDocPinButtonList(m_pinButton);
+        gridLayout->addWidget(m_pinButton, 0, 1);
+    }
+}
+
+bool RecentDocDialog::isHighlighted() const
+{
+    return m_highlightEffect && m_highlightEffect->color() == HighlightEffect::highlightColor();
+}
+
+void RecentDocDialog::highlight()
+{
+    setHighlightEffect(new HighlightEffect(HighlightEffect::tileOffset));
+    update();
+}
+
+void RecentDocDialog::clearHighlight()
+{
+    m_highlightEffect->setColor(HighlightEffect::restingColor());
+}
+
+void RecentDocDialog::setHighlightEffect(HighlightEffect *effect)
+{
+    m_highlightEffect = effect;
+    setGraphicsEffect(effect);
+}
+
+void RecentDocDialog::OpenDocument()
+{
+    HostAccess::openDocument(m_path);
+}
+
+void RecentDocDialog::setMainWindowDocPathLabel(const QString &path)
+{
+    if (!RecentDocMainWindow::docPathLabel ||
+        !parentWidget()) // the newest popup is gone; this tile is in an older one
+        return;
+    QString text = path;
+    // The application's font, not the label's: that is how a path is judged too wide.
+    if (QFontMetrics(QFont()).horizontalAdvance(path) > parentWidget()->width())
+        text = path.left(keptOfPath).leftJustified(pathLength, QLatin1Char('.'));
+    RecentDocMainWindow::docPathLabel->setText(text);
+}
+
+void RecentDocDialog::giveFocusToPopup()
+{
+    if (QWidget *popup = parentWidget())
+        popup->setFocus(Qt::OtherFocusReason);
+}
+
+void RecentDocDialog::enterEvent(QEvent * /*event*/)
+{
+    setMainWindowDocPathLabel(m_path);
+    m_pinButton->show();
+    m_folderButton->show();
+    setFocusPolicy(Qt::StrongFocus);
+    setStyleSheet(hoverSheet());
+}
+
+void RecentDocDialog::leaveEvent(QEvent * /*event*/)
+{
+    if (const RecentDocDialog *highlighted = RecentDocumentBrowser::getHighlightedRecentDoc())
+        setMainWindowDocPathLabel(highlighted->path());
+    setStyleSheet(restingSheet());
+}
+
+void RecentDocDialog::focusInEvent(QFocusEvent * /*event*/)
+{
+    // Showing a dialog sends it a focus event that it has not earned; with tiles the last one would win the
+    // path line.
+    if (hasFocus())
+        setMainWindowDocPathLabel(m_path);
+}
+
+void RecentDocDialog::focusOutEvent(QFocusEvent *event)
+{
+    event->ignore();
+}
+
+bool RecentDocDialog::focusNextPrevChild(bool /*next*/)
+{
+    return false;
+}

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include "ui/RecentDocDialog.h"
+
+#include "module/HostAccess.h"
+#include "module/RecentDocumentBrowser.h"
+#include "state/BrowserLife.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+// How a tile answers the hand. What it does not take itself it leaves to the popup, by ignoring the event and
+// giving the popup the focus.
+
+namespace {
+
+//! Shift or Control alone. Any other combination counts as a plain click.
+bool extendsSelection(const QMouseEvent *event)
+{
+    return event->modifiers() == Qt::ShiftModifier || event->modifiers() == Qt::ControlModifier;
+}
+
+} // namespace
+
+void RecentDocDialog::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::RightButton) {
+        giveFocusToPopup();
+        event->ignore();
+        return;
+    }
+    if (!isHighlighted()) {
+        if (!extendsSelection(event)) {
+            const QList<RecentDocDialog *> tiles = RecentDocumentBrowser::getHighlightedRecentDocList();
+            for (RecentDocDialog *tile : tiles)
+                tile->clearHighlight();
+        }
+        highlight();
+    }
+    giveFocusToPopup();
+    event->ignore();
+    if (event->modifiers() == Qt::ShiftModifier)
+        selectMultiDocByShiftAndMouseCombination();
+    QWidget::mousePressEvent(event);
+}
+
+//! A press on one of several highlighted tiles keeps them, so that they can be dragged together; the release
+//! leaves that one alone.
+void RecentDocDialog::mouseReleaseEvent(QMouseEvent *event)
+{
+    const QList<RecentDocDialog *> tiles = RecentDocumentBrowser::getHighlightedRecentDocList();
+    if (tiles.size() >= 2 && isHighlighted()) {
+        if (!extendsSelection(event)) {
+            for (RecentDocDialog *tile : tiles) {
+                tile->clearHighlight();
+                tile->update();
+            }
+        }
+        if (!isHighlighted()) {
+            highlight();
+            giveFocusToPopup();
+        }
+    }
+    QWidget::mouseReleaseEvent(event);
+}
+
+void RecentDocDialog::mouseDoubleClickEvent(QMouseEvent * /*event*/)
+{
+    const QString document = m_path; // closing the popup, and opening a drawing, may delete us
+    if (auto *popup = qobject_cast<QDialog *>(parentWidget()))
+        popup->done(0);
+    HostAccess::openDocument(document);
+}
+
+void RecentDocDialog::keyPressEvent(QKeyEvent *event)
+{
+    event->ignore();
+}
+
+void RecentDocDialog::selectMultiDocByShiftAndMouseCombination()
+{
+    if (!BrowserLife::tilesExist())
+        return;
+    const QList<RecentDocDialog *> tiles = RecentDocumentBrowser::recentDocDialogList;
+    bool runStarted = false;
+    for (RecentDocDialog *tile : tiles) {
+        if (tile->isHighlighted()) {
+            if (runStarted)
+                return;
+            runStarted = true;
+        } else if (runStarted) {
+            tile->highlight();
+        }
+    }
+}

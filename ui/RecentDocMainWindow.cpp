@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+#include "ui/RecentDocMainWindow.h"
+
+#include "module/HostAccess.h"
+#include "module/RecentDocumentBrowser.h"
+#include "ui/HelpLabel.h"
+#include "ui/HighlightEffect.h"
+#include "ui/RecentDocDialog.h"
+
+#include <QCursor>
+#include <QDesktopServices>
+#include <QGridLayout>
+#include <QUrl>
+
+namespace {
+
+//! Width of a tile's column and height of a tile's row; a popup of one row is a little higher. In pixels.
+constexpr int columnWidth = 181;
+constexpr int rowHeight = 175;
+constexpr int singleRowHeight = 201;
+//! Narrow and medium main windows get a fixed number of columns, wider ones a column for so many pixels.
+constexpr int narrowFrame = 585;
+constexpr int narrowColumns = 4;
+constexpr int mediumFrame = 900;
+constexpr int mediumColumns = 3;
+constexpr int frameWidthPerColumn = 322;
+//! A popup that would begin at or before this pixel is put to the main window's corner.
+constexpr int leastPosition = 1;
+
+void paintGround(QWidget *widget, const QPalette &palette)
+{
+    widget->setAutoFillBackground(true);
+    widget->setPalette(palette);
+}
+
+} // namespace
+
+QPointer<QLabel> RecentDocMainWindow::docPathLabel;
+
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): setupUi() makes the form's members
+RecentDocMainWindow::RecentDocMainWindow(QWidget *parent) : CFxDialog(parent, false, Qt::FramelessWindowHint)
+{
+    setupUi(this);
+    activateWindow();
+    setAcceptDrops(true);
+    setAttribute(Qt::WA_MouseTracking);
+    setAttribute(Qt::WA_DeleteOnClose);
+
+    if (RecentDocumentBrowser::recentFileImageMap.isEmpty())
+        RecentDocumentBrowser::CreateRecentFileImageMap();
+    buildHeader();
+
+    const auto recent = HostAccess::recentFiles();
+    if (!recent)
+        return; // the header alone
+    const QWidget *mainFrame = HostAccess::mainFrame();
+    const QRect frame = mainFrame ? mainFrame->geometry() : QRect(0, 0, 0, 0);
+    computeSize(frame.width(), static_cast<int>(recent->size()));
+    computePosition(frame);
+    // The layout's own minimum would make the window larger than computed, and a window that grows while the
+    // window manager takes it over reports a false place. Without tiles the header still needs its height.
+    if (!recent->empty())
+        verticalLayout->setSizeConstraint(QLayout::SetNoConstraint);
+    setGeometry(popupX, popupY, popupWidth, popupHeight);
+    buildGrid();
+}
+
+RecentDocMainWindow::~RecentDocMainWindow()
+{
+    dragDialog = nullptr;
+}
+
+void RecentDocMainWindow::buildHeader()
+{
+    QPalette title = main_label_title->palette();
+    title.setBrush(QPalette::Window, QColor(51, 51, 102));
+    paintGround(main_label_title, title);
+
+    auto *helpLabel = new HelpLabel(this);
+    helpLabel->setPixmap(QPixmap(QStringLiteral(":/Images/Resources/help_32x-20.svg")));
+    helpLabel->setCursor(Qt::PointingHandCursor);
+    helpLabel->setPalette(title);
+    horizontalLayout->addWidget(helpLabel);
+
+    QPalette path = main_label_path->palette();
+    path.setBrush(QPalette::Window, QColor(0, 0, 94));
+    path.setBrush(QPalette::WindowText, QColor(188, 188, 253));
+    paintGround(main_label_path, path);
+    main_label_path->setTextFormat(Qt::PlainText); // a folder may be called <b>
+    docPathLabel = main_label_path;
+}
+
+void RecentDocMainWindow::computeSize(int frameWidth, int documentCount)
+{
+    if (frameWidth <= narrowFrame)
+        tileColumns = narrowColumns;
+    else if (frameWidth <= mediumFrame)
+        tileColumns = mediumColumns;
+    else
+        tileColumns = frameWidth / frameWidthPerColumn;
+    tileRows = (documentCount + tileColumns - 1) / tileColumns;
+    popupWidth = tileColumns * columnWidth;
+    popupHeight = tileRows == 1 ? singleRowHeight : tileRows * rowHeight;
+}
+
+//! Centres the popup as if the main window stood at the screen's corner. Where there is no room for that, the
+//! main window's own corner comes in, with left and top exchanged when one side alone is too long.
+void RecentDocMainWindow::computePosition(const QRect &frame)
+{
+    popupX = (frame.width() - popupWidth) / 2;
+    popupY = (frame.height() - popupHeight) / 2;
+    if (popupX <= leastPosition && popupY <= leastPosition) {
+        popupX = frame.left();
+        popupY = frame.top();
+    }
+    if (popupX <= leastPosition)
+        popupX = frame.top();
+    if (popupY <= leastPosition)
+        popupY = frame.left();
+}
+
+void RecentDocMainWindow::buildGrid()
+{
+    gridLayout = new QGridLayout;
+    gridLayout->setSpacing(20);
+    gridLayout->setContentsMargins(11, 11, 11, 11);
+    gridLayout->setObjectName(QStringLiteral("gridLayout"));
+    // The spacers stand beyond the last column and row, so that tiles keep to the upper left.
+    horizontalSpacer = new QSpacerItem(40, 20, QSizePolicy::Expanding, QSizePolicy::Minimum);
+    gridLayout->addItem(horizontalSpacer, 0, tileColumns + 1);
+    verticalSpacer = new QSpacerItem(20, 40, QSizePolicy::Minimum, QSizePolicy::Expanding);
+    gridLayout->addItem(verticalSpacer, tileRows, 0);
+
+    RecentDocumentBrowser::docPinButtonList = {};
+    RecentDocumentBrowser::CreateRecentDocList(this);
+    const QList<RecentDocDialog *> tiles = RecentDocumentBrowser::recentDocDialogList;
+    const int cells = qMin(tiles.size(), tileRows * tileColumns);
+    for (int i = 0; i < cells; ++i)
+        gridLayout->addWidget(tiles.at(i), i / tileColumns, i % tileColumns);
+    if (cells > 0) {
+        tiles.first()->setHighlightEffect(new HighlightEffect(HighlightEffect::tileOffset));
+        tiles.first()->setMainWindowDocPathLabel(tiles.first()->path());
+    }
+    verticalLayout->addLayout(gridLayout);
+    verticalLayout->setContentsMargins(0, 0, 0, 0);
+}
+
+int RecentDocMainWindow::getColumnPosition() const
+{
+    const RecentDocDialog *highlighted = RecentDocumentBrowser::getHighlightedRecentDoc();
+    if (!highlighted)
+        return -1;
+    for (int column = 0; column < tileColumns; ++column) {
+        for (int row = 0; row < tileRows; ++row) {
+            QLayoutItem *item = gridLayout->itemAtPosition(row, column);
+            const auto *tile = item ? qobject_cast<const RecentDocDialog *>(item->widget()) : nullptr;
+            if (tile && tile->path() == highlighted->path())
+                return column;
+        }
+    }
+    return -1;
+}
+
+void RecentDocMainWindow::help()
+{
+    QDesktopServices::openUrl(
+        QUrl(QStringLiteral("http://" BROWSER_HELP_SERVER
+                            "/2014/english/Pelorin/pelorapp/c_browsing_recent_and_open_documents.htm"
+                            "?rid=141131"),
+             QUrl::TolerantMode));
+}
+
+void RecentDocMainWindow::focusOutEvent(QFocusEvent * /*event*/)
+{
+    dragDialog = nullptr;
+    if (!isCollapsed && !geometry().contains(QCursor::pos()))
+        done(0);
+}
+
+void RecentDocMainWindow::leaveEvent(QEvent * /*event*/) {}
+
+void RecentDocMainWindow::dropEvent(QDropEvent * /*event*/) {}
+
+bool RecentDocMainWindow::focusNextPrevChild(bool /*next*/)
+{
+    return false;
+}

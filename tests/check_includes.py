@@ -1,0 +1,146 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""Holds the tree to its include rules: check_includes.py [ROOT]
+
+The rooms and what each may include are the table of docs/OVERVIEW.md. A project header is written from the
+root in quotes; the headers of sdk/ and everything foreign stand in angle brackets, so that a line shows which
+layer it reaches for. Prints one line per wrong include and ends with status 1 if there is any.
+"""
+
+import os
+import re
+import sys
+from pathlib import Path
+
+# room: the rooms whose headers it may include besides its own.
+MAY_INCLUDE = {
+    "sdk": set(),
+    "module": {"sdk", "state", "ui"},
+    "state": {"sdk"},
+    "ui": {"sdk", "state"},
+    "resources": set(),
+    "host/runtime": {"sdk"},
+    "host/app": {"sdk", "host/runtime"},
+    "samples": {"host/runtime"},
+    "tests": {"sdk", "module", "state", "ui", "resources", "host/runtime", "host/app", "samples", "bench"},
+    "bench": {"sdk", "module", "state", "ui", "resources", "host/runtime", "host/app", "samples", "tests"},
+}
+
+# What a room's .cpp files may include on top: the hub's static members are the registry, so the rooms of the
+# plug-in know each other in a circle. It must stay out of the headers. A name ending in "/" is a whole room.
+MAY_INCLUDE_IN_CPP = {
+    "state": {"module/", "ui/"},
+    "ui": {"module/HostAccess.h", "module/RecentDocumentBrowser.h"},
+}
+
+# The host operations whose names the host does not publish: in the plug-in one file alone knows them.
+HOST_ACCESS = "module/HostAccess.cpp"
+PLUGIN_ROOMS = {"module", "state", "ui"}
+HOST_ACCESS_HEADERS = {
+    "CFxDocumentManager.h",
+    "CFxRecentFileList.h",
+    "CFxServices.h",
+    "CFxUICustomization.h",
+    "OdEdCommandStack.h",
+    "OdEditor.h",
+}
+
+SOURCE_SUFFIXES = {".cpp", ".h"}
+# Not rooms: what the build makes, and the wrong includes that this check is tried on.
+LEFT_OUT = {"build", "tests/fixtures"}
+
+DIRECTIVE = re.compile(r"\s*#\s*include\b\s*(?P<what>.*)")
+NAME = re.compile(r'(?P<open>[<"])(?P<name>[^<>"]+)[>"]')
+# <QLabel>, <QtConcurrent/QtConcurrentMap>, <vector>, <cstdint>
+QT_OR_STD = re.compile(r"Q\w+(/Q\w+)?|[a-z_]+")
+
+
+def room_of(path):
+    """The room that a path relative to the root belongs to, or None."""
+    return next((room for room in MAY_INCLUDE if path.startswith(room + "/")), None)
+
+
+def sources(root):
+    """The C++ files of the tree, in a fixed order."""
+    for folder, subfolders, files in os.walk(root):
+        inside = Path(folder).relative_to(root)
+        # In place, so that the walk does not go into what is left out.
+        subfolders[:] = sorted(
+            name for name in subfolders
+            if not name.startswith(".") and (inside / name).as_posix() not in LEFT_OUT
+        )
+        yield from (Path(folder, name) for name in sorted(files) if Path(name).suffix in SOURCE_SUFFIXES)
+
+
+def is_generated(source, name):
+    """The build's own output, which a source includes by its bare name: tst_a.cpp has tst_a.moc."""
+    return name in {source.stem + ".moc", f"moc_{source.stem}.cpp"}
+
+
+def reached_room(root, source, opening, name):
+    """Which room an include reaches, None for a foreign header; and what is wrong with how it is written."""
+    if opening == "<":
+        if (root / "sdk" / name).is_file():
+            return "sdk", None
+        if (root / name).is_file():
+            return room_of(name), "a project header stands in quotes"
+        return None, None
+    if is_generated(source, name):
+        return room_of(source.relative_to(root).as_posix()), None
+    if ".." in Path(name).parts:
+        return None, "a project header is written from the root"
+    if (root / "sdk" / name.removeprefix("sdk/")).is_file():
+        return "sdk", "an sdk header stands in angle brackets"
+    if not (root / name).is_file():
+        return None, "no such header, counted from the root"
+    return room_of(name), None if room_of(name) else "this header belongs to no room"
+
+
+def objection(root, source, opening, name):
+    """Why a source may not have this include, or None."""
+    inside = source.relative_to(root).as_posix()
+    room = room_of(inside)
+    if room is None:
+        return "this file belongs to no room"
+    reached, misspelt = reached_room(root, source, opening, name)
+    if misspelt:
+        return misspelt
+    if reached is None:
+        if room == "sdk" and not QT_OR_STD.fullmatch(name):
+            return "sdk may include only Qt and the standard library"
+        return None
+    if room in PLUGIN_ROOMS and name in HOST_ACCESS_HEADERS and inside != HOST_ACCESS:
+        return f"in the plug-in only {HOST_ACCESS} may include this header"
+    if reached == room or reached in MAY_INCLUDE[room]:
+        return None
+    exceptions = MAY_INCLUDE_IN_CPP.get(room, set())
+    if name in exceptions or reached + "/" in exceptions:
+        return None if source.suffix == ".cpp" else f"{room} may include this only in a .cpp"
+    return f"{room} may not include {reached}"
+
+
+def wrong_includes(root):
+    for source in sources(root):
+        for number, line in enumerate(source.read_text(encoding="utf-8").splitlines(), start=1):
+            directive = DIRECTIVE.match(line)
+            if not directive:
+                continue
+            header = NAME.match(directive["what"])
+            why = objection(root, source, header["open"], header["name"]) if header else "a name is expected here"
+            if why:
+                inside = source.relative_to(root).as_posix()
+                yield f"{inside}:{number}: {line.strip()}  -- {why}"
+
+
+def main():
+    root = Path(sys.argv[1] if len(sys.argv) > 1 else Path(__file__).parent.parent).resolve()
+    if not any(sources(root)):
+        print(f"no sources under {root}", file=sys.stderr)
+        return 2
+    wrong = list(wrong_includes(root))
+    print("\n".join(wrong) if wrong else "every include keeps to its room")
+    return 1 if wrong else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,233 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/Hand.h"
+#include "tests/support/RealBrowser.h"
+#include "tests/support/TestCase.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QFile>
+#include <QLabel>
+#include <QMenu>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QToolButton>
+#include <QWidgetAction>
+
+//! What the popup and the menu entries lead to: drawings, help, folder, pins. Used by hand.
+class tst_ButtonsOnDesktop : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void doubleClickOpensTheDrawing();
+    void helpIconShowsTheTopicAndClosesThePopup_data();
+    void helpIconShowsTheTopicAndClosesThePopup();
+    void showInFolderRunsTheFileManagerOnTheFileAndClosesThePopup();
+    void pinChangesItsPictureAtOnceAndTellsTheMenu();
+    void menuEntryIsLegible();
+    void menuEntryOpensItsDrawing();
+    void menuEntryShowsItsFolder();
+    void menuEntryIsPinned();
+
+private:
+    QStringList fileManagerCalls() const;
+
+    QTemporaryDir m_bin;
+};
+
+namespace {
+
+const QRect usualFrame(60, 60, 1300, 900);
+const QPoint aside(1900, 1190);
+
+//! The three buttons of a menu entry that is on screen.
+QToolButton *entryButton(const QMenu &menu, int entry, const char *name)
+{
+    const QList<QToolButton *> all = menu.findChildren<QToolButton *>(QLatin1String(name));
+    return all.value(entry);
+}
+
+void showMenu(QMenu &menu)
+{
+    menu.popup(QPoint(100, 100));
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+}
+
+} // namespace
+
+void tst_ButtonsOnDesktop::initTestCase()
+{
+    // A stand-in for the file manager, found first, that writes down what it was called with.
+    QFile script(m_bin.filePath(QStringLiteral("nautilus")));
+    QVERIFY(script.open(QIODevice::WriteOnly));
+    script.write("#!/bin/sh\nprintf '%s\\n' \"$#\" \"$@\" >>\"$(dirname \"$0\")/calls\"\n");
+    script.close();
+    QVERIFY(script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    qputenv("PATH", m_bin.path().toLocal8Bit() + ':' + qgetenv("PATH"));
+}
+
+QStringList tst_ButtonsOnDesktop::fileManagerCalls() const
+{
+    QFile calls(m_bin.filePath(QStringLiteral("calls")));
+    if (!calls.open(QIODevice::ReadOnly))
+        return {};
+    const QStringList lines =
+        QString::fromLocal8Bit(calls.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    calls.remove();
+    return lines;
+}
+
+void tst_ButtonsOnDesktop::doubleClickOpensTheDrawing()
+{
+    Hand::moveTo(aside);
+    RealBrowser browser({QStringLiteral("one.dwg"), QStringLiteral("zw\u00f6lf & mehr.dwg")}, usualFrame);
+    const QPointer<QDialog> popup = browser.openPopup();
+    QVERIFY(popup);
+    Hand::moveTo(RealBrowser::tiles(popup).at(1));
+    QTRY_COMPARE(RealBrowser::pathLine(popup), browser.paths().at(1));
+    Hand::doubleClick();
+    QTRY_VERIFY(!popup);
+    QTRY_COMPARE(browser.log().filter(QStringLiteral("open ")),
+                 QStringList({QStringLiteral("open %1 ok").arg(browser.paths().at(1))}));
+}
+
+void tst_ButtonsOnDesktop::helpIconShowsTheTopicAndClosesThePopup_data()
+{
+    QTest::addColumn<int>("button");
+    QTest::newRow("left button") << 1;
+    QTest::newRow("right button") << 3;
+}
+
+void tst_ButtonsOnDesktop::helpIconShowsTheTopicAndClosesThePopup()
+{
+    QFETCH(int, button);
+    Hand::moveTo(aside);
+    RealBrowser browser(3, usualFrame);
+    QSignalSpy help(&browser.host(), &fxhost::FxHost::helpRequested);
+    const QPointer<QDialog> popup = browser.openPopup();
+    QVERIFY(popup);
+    const auto *icon = popup->findChild<QLabel *>(QStringLiteral("help_label"));
+    QVERIFY(icon && icon->pixmap(Qt::ReturnByValue).size() == QSize(20, 20));
+    Hand::moveTo(icon);
+    Hand::click(button);
+    QTRY_COMPARE(help.size(), 1);
+    QCOMPARE(help.first().first().toInt(), 3087);
+    QTRY_VERIFY(!popup);
+    QVERIFY(browser.log().contains(QStringLiteral("command _RHELP 5100")));
+}
+
+void tst_ButtonsOnDesktop::showInFolderRunsTheFileManagerOnTheFileAndClosesThePopup()
+{
+    Hand::moveTo(aside);
+    RealBrowser browser({QStringLiteral("one.dwg"), QStringLiteral("ground floor 'new' & 100%.dwg")},
+                        usualFrame);
+    const QPointer<QDialog> popup = browser.openPopup();
+    QVERIFY(popup);
+    Hand::moveTo(RealBrowser::button(RealBrowser::tiles(popup).at(1), "folderButton"));
+    Hand::click();
+    QTRY_VERIFY(!popup);
+    QCOMPARE(fileManagerCalls(), QStringList({QStringLiteral("1"), browser.paths().at(1)}));
+    QVERIFY(browser.log().filter(QStringLiteral("open ")).isEmpty());
+}
+
+void tst_ButtonsOnDesktop::pinChangesItsPictureAtOnceAndTellsTheMenu()
+{
+    Hand::moveTo(aside);
+    RealBrowser browser(3, usualFrame);
+    const QPointer<QDialog> popup = browser.openPopup();
+    QVERIFY(popup);
+    QToolButton *pin = RealBrowser::button(RealBrowser::tiles(popup).at(1), "pinButton");
+    Hand::moveTo(pin);
+    QTRY_VERIFY(pin->underMouse());
+    const QImage unpinned = pin->grab().toImage();
+    Hand::click();
+    QTRY_VERIFY(pin->isChecked());
+    QVERIFY(pin->grab().toImage() != unpinned);
+    QVERIFY(popup->isVisible());
+    Hand::keepScreenshot(QStringLiteral("second-tile-pinned"));
+
+    // The next popup takes the state over from the menu's button.
+    Hand::moveTo(&browser.window(), QPoint(20, 20));
+    Hand::click();
+    QTRY_VERIFY(!popup);
+    QDialog *next = browser.openPopup();
+    QVERIFY(next);
+    const QList<QDialog *> tiles = RealBrowser::tiles(next);
+    for (const QDialog *tile : tiles) {
+        QLabel *name = tile->findChild<QLabel *>(QStringLiteral("title_label"));
+        QCOMPARE(RealBrowser::button(tile, "pinButton")->isChecked(),
+                 name->text() == QLatin1String("plan 2.dwg"));
+    }
+}
+
+void tst_ButtonsOnDesktop::menuEntryIsLegible()
+{
+    Hand::moveTo(aside);
+    RealBrowser browser(3, usualFrame);
+    QMenu menu;
+    browser.addRecentFiles(&menu, nullptr);
+    showMenu(menu);
+    const QToolButton *text = entryButton(menu, 0, "menuTextButton");
+    QVERIFY(text);
+    QVERIFY(text->text().startsWith(QLatin1String("&1 /")));
+    QTRY_VERIFY(text->isVisible());
+    Hand::keepScreenshot(QStringLiteral("menu-entries"));
+    const QImage image = menu.grab(QRect(text->mapTo(&menu, QPoint()), text->size())).toImage();
+    int dark = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            dark += image.pixelColor(x, y).lightness() < 100;
+    }
+    const double share = double(dark) / (image.width() * image.height());
+    QVERIFY2(share > 0.005, "no text can be seen"); // letters cover some hundredths of their line
+    QVERIFY2(share < 0.25, "the text stands on a dark bar");
+}
+
+void tst_ButtonsOnDesktop::menuEntryOpensItsDrawing()
+{
+    Hand::moveTo(aside);
+    RealBrowser browser({QStringLiteral("one.dwg"), QStringLiteral("two words.dwg")}, usualFrame);
+    QMenu menu;
+    browser.addRecentFiles(&menu, nullptr);
+    showMenu(menu);
+    const QPointer<QToolButton> text = entryButton(menu, 1, "menuTextButton");
+    QVERIFY(text);
+    Hand::moveTo(text);
+    Hand::click();
+    QTRY_COMPARE(browser.log().filter(QStringLiteral("open ")),
+                 QStringList({QStringLiteral("open %1 ok").arg(browser.paths().at(1))}));
+}
+
+void tst_ButtonsOnDesktop::menuEntryShowsItsFolder()
+{
+    Hand::moveTo(aside);
+    RealBrowser browser(2, usualFrame);
+    QMenu menu;
+    browser.addRecentFiles(&menu, nullptr);
+    showMenu(menu);
+    const QToolButton *folder = entryButton(menu, 1, "folderButton");
+    QVERIFY(folder);
+    Hand::moveTo(folder);
+    Hand::click();
+    QTRY_VERIFY(QFile::exists(m_bin.filePath(QStringLiteral("calls"))));
+    QCOMPARE(fileManagerCalls(), QStringList({QStringLiteral("1"), browser.paths().at(1)}));
+}
+
+void tst_ButtonsOnDesktop::menuEntryIsPinned()
+{
+    Hand::moveTo(aside);
+    RealBrowser browser(2, usualFrame);
+    QMenu menu;
+    browser.addRecentFiles(&menu, nullptr);
+    showMenu(menu);
+    const QToolButton *pin = entryButton(menu, 1, "pinButton");
+    QVERIFY(pin);
+    Hand::moveTo(pin);
+    Hand::click();
+    QTRY_VERIFY(pin->isChecked());
+    QVERIFY(!entryButton(menu, 0, "pinButton")->isChecked());
+}
+
+QTEST_MAIN(tst_ButtonsOnDesktop)
+#include "tst_buttonsondesktop.moc"

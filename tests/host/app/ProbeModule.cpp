@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+// A module that writes a line to the standard output for each call that it gets.
+#include <CFxCommand.h>
+#include <CFxCommandContext.h>
+#include <CFxDocumentManager.h>
+#include <CFxDocumentManagerReactor.h>
+#include <CFxEditorReactor.h>
+#include <CFxServices.h>
+#include <OdEdCommandStack.h>
+#include <OdEditor.h>
+#include <OdRxUnixModule.h>
+#include <OdStaticRxObject.h>
+#include <vela_OdRxModule.h>
+
+#include <QWidget>
+
+#include <cstdio>
+
+namespace {
+
+void say(const QString &text)
+{
+    std::puts(qPrintable(text));
+    std::fflush(stdout); // the host's own lines must not overtake it
+}
+
+//! Its destructor runs when the library leaves.
+struct Farewell
+{
+    ~Farewell() { say(QStringLiteral("unloaded")); }
+} farewell;
+
+class ProbeCommand : public CFxCommand
+{
+public:
+    static constexpr int resultOfItsOwn = 4711;
+
+    OdString globalName() const override { return L"_PROBE"; }
+    OdString localName() const override { return L"PROBE"; }
+    int Execute(CFxCommandContext *context) override
+    {
+        say(QStringLiteral("Execute ") + context->argument());
+        return resultOfItsOwn;
+    }
+};
+
+class ProbeModule : public vela_OdRxModule, public CFxEditorReactor, public CFxDocumentManagerReactor
+{
+public:
+    void initApp() override
+    {
+        say(QStringLiteral("initApp"));
+        OdEdCommandStack *stack = odedRegCmds();
+        stack->addCommand(&m_command);
+        stack->release();
+        OdEditor *editor = odedEditor();
+        editor->addReactor(this);
+        editor->release();
+        GetFxSystemServices()->GetDocumentManager()->AddReactor(this);
+    }
+
+    void uninitApp() override { say(QStringLiteral("uninitApp")); }
+
+    void mainFrameCreated(QWidget *mainFrame) override
+    {
+        say(mainFrame->isVisible() ? QStringLiteral("mainFrameCreated visible")
+                                   : QStringLiteral("mainFrameCreated hidden"));
+    }
+
+    void mainFrameDestroyed(QWidget *mainFrame) override
+    {
+        const bool alive = mainFrame && GetFxSystemServices()->GetMainFrame()->GetMainWindow() == mainFrame;
+        say(alive ? QStringLiteral("mainFrameDestroyed alive") : QStringLiteral("mainFrameDestroyed gone"));
+        OdEdCommandStack *stack = odedRegCmds();
+        stack->removeCommand(&m_command);
+        stack->release();
+        OdEditor *editor = odedEditor();
+        editor->removeReactor(this);
+        editor->release();
+        GetFxSystemServices()->GetDocumentManager()->RemoveReactor(this);
+    }
+
+    void DocumentCreated(CFxDocument *) override { say(QStringLiteral("DocumentCreated")); }
+    void DocumentDestroyed(const CFxString &) override { say(QStringLiteral("DocumentDestroyed")); }
+
+private:
+    OdStaticRxObject<ProbeCommand> m_command;
+};
+
+} // namespace
+
+void deleteModuleObject() {}
+
+extern "C" __attribute__((visibility("default"))) void odrxGetAPIVersion(int &major, int &minor,
+                                                                         int &majorBuild, int &minorBuild)
+{
+    major = odrxApiMajor;
+    minor = odrxApiMinor;
+    majorBuild = odrxApiMajorBuild;
+    minorBuild = odrxApiMinorBuild;
+}
+
+extern "C" __attribute__((visibility("default"))) OdRxModule *odrxCreateModuleObject(void *sysData,
+                                                                                     const OdChar *moduleName)
+{
+    return new OdRxUnixModule<ProbeModule, ProbeModule>(sysData, moduleName);
+}

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "tests/host/app/ProgramRun.h"
+
+#include "tests/support/PreviewBytes.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QProcess>
+
+namespace {
+
+// Long enough for a machine that does something else as well; a run takes well below a second.
+constexpr int timeLimit = 60000; // ms
+
+} // namespace
+
+ProgramHome::ProgramHome() : m_environment(QProcessEnvironment::systemEnvironment())
+{
+    QDir dir(m_dir.path());
+    dir.mkdir(QStringLiteral("home"));
+    dir.mkdir(QStringLiteral("caches"));
+    const QString home = path(QStringLiteral("home"));
+    m_environment.insert(QStringLiteral("HOME"), home);
+    m_environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home + QStringLiteral("/.config"));
+    m_environment.insert(QStringLiteral("XDG_DATA_HOME"), home + QStringLiteral("/.local/share"));
+    m_environment.insert(QStringLiteral("XDG_STATE_HOME"), home + QStringLiteral("/.local/state"));
+    // The font library keeps its cache there; it is none of the program's.
+    m_environment.insert(QStringLiteral("XDG_CACHE_HOME"), path(QStringLiteral("caches")));
+    m_environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), path(QStringLiteral("caches")));
+    QFile::setPermissions(path(QStringLiteral("caches")),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    m_environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    m_environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+}
+
+QString ProgramHome::path(const QString &name) const
+{
+    return m_dir.filePath(name);
+}
+
+QString ProgramHome::drawing(const QString &name) const
+{
+    testbytes::DrawingBytes drawing;
+    return testbytes::writeFile(path(name), drawing.bytes());
+}
+
+QStringList ProgramHome::filesInHome() const
+{
+    QStringList files;
+    QDirIterator walk(path(QStringLiteral("home")), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                      QDirIterator::Subdirectories);
+    while (walk.hasNext())
+        files << walk.next();
+    return files;
+}
+
+ProgramRun ProgramHome::run(const QStringList &script, const QStringList &arguments) const
+{
+    const QString log = path(QStringLiteral("log.txt"));
+    QFile::remove(log);
+    QStringList all{QStringLiteral("--profile"), profile(), QStringLiteral("--log"), log};
+    if (!script.isEmpty()) {
+        const QString file = path(QStringLiteral("script.txt"));
+        testbytes::writeFile(file, (script.join(QLatin1Char('\n')) + QLatin1Char('\n')).toUtf8());
+        all << QStringLiteral("--script") << file;
+    }
+    ProgramRun result = runBare(all + arguments);
+    result.log = linesOf(log);
+    return result;
+}
+
+ProgramRun ProgramHome::runBare(const QStringList &arguments) const
+{
+    QProcess process;
+    process.setProcessEnvironment(m_environment);
+    process.setWorkingDirectory(m_dir.path());
+    process.start(QStringLiteral(FXHOST_PROGRAM), arguments);
+    ProgramRun result;
+    const bool ended = process.waitForFinished(timeLimit);
+    if (ended && process.exitStatus() == QProcess::NormalExit)
+        result.exitCode = process.exitCode();
+    if (!ended) {
+        process.kill();
+        process.waitForFinished();
+    }
+    result.output = QString::fromUtf8(process.readAllStandardOutput());
+    result.errors = QString::fromUtf8(process.readAllStandardError());
+    return result;
+}
+
+QStringList linesOf(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
+    lines.removeLast(); // what stands behind the last line end: nothing
+    return lines;
+}

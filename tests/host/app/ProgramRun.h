@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QProcessEnvironment>
+#include <QStringList>
+#include <QTemporaryDir>
+
+//! What a run of the program left behind.
+struct ProgramRun
+{
+    int exitCode = -1; //!< -1: it crashed, or did not end in time
+    QString output;    //!< of the standard output
+    QString errors;    //!< of the standard error stream
+    QStringList log;   //!< the lines of --log
+};
+
+//! A home directory of its own for runs of the real program without a display. Everything that it may write
+//! lies below one temporary directory.
+class ProgramHome
+{
+public:
+    ProgramHome();
+
+    QString profile() const { return path(QStringLiteral("profile")); }
+    QString recentFile() const { return profile() + QStringLiteral("/recent.txt"); }
+    //! A path below the temporary directory, beside the profile.
+    QString path(const QString &name) const;
+    //! Writes a file that counts as a drawing: it begins with a version. \return its path
+    QString drawing(const QString &name) const;
+    //! Every file below the home directory, which is not the profile.
+    QStringList filesInHome() const;
+
+    //! Runs the program with the profile, a log and a script; the script should end with _QUIT.
+    //! \param script lines; the program gets no script when there are none
+    ProgramRun run(const QStringList &script,
+                   const QStringList &arguments = {QStringLiteral("--no-module")}) const;
+    //! Runs the program with these arguments and no others.
+    ProgramRun runBare(const QStringList &arguments) const;
+
+private:
+    QTemporaryDir m_dir;
+    QProcessEnvironment m_environment;
+};
+
+//! The lines of a text file, without their ends.
+QStringList linesOf(const QString &path);

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/app/CommandLineWidget.h"
+#include "host/app/DrawingArea.h"
+#include "host/app/MainWindow.h"
+#include "host/runtime/FxHost.h"
+#include "host/runtime/commands/CommandRunner.h"
+#include "host/runtime/customization/Customization.h"
+#include "host/runtime/documents/Document.h"
+#include "host/runtime/documents/DocumentManager.h"
+#include "tests/support/PreviewBytes.h"
+#include "tests/support/TestCase.h"
+
+#include <QFile>
+#include <QLineEdit>
+#include <QTemporaryDir>
+
+//! The program as main() builds it, without a module and a new drawing.
+struct ShownProgram
+{
+    QTemporaryDir dir;
+    fxhost::FxHost host{dir.filePath(QStringLiteral("profile")), QString()};
+    //! Empty when the shipped menus can be used.
+    QString menuProblem = host.customization().load(menus());
+    fxhost::MainWindow window{host};
+    bool active = false; //!< whether the window is; a test of the keyboard focus counts on it
+
+    ShownProgram()
+    {
+        window.show();
+        host.setMainWindow(&window);
+        active = QTest::qWaitForWindowActive(&window);
+    }
+
+    static QByteArray menus()
+    {
+        QFile file(QStringLiteral(":/customization.json"));
+        file.open(QIODevice::ReadOnly);
+        return file.readAll();
+    }
+
+    QString drawing(const QString &name) const
+    {
+        return testbytes::writeFile(dir.filePath(name), testbytes::DrawingBytes().bytes());
+    }
+
+    QLineEdit *input() const { return window.findChild<QLineEdit *>(QStringLiteral("commandInput")); }
+    QString history() const { return window.commandLine().historyText(); }
+    //! Types line into the command line and presses Enter.
+    void enter(const QString &line) const
+    {
+        QTest::keyClicks(input(), line);
+        QTest::keyClick(input(), Qt::Key_Return);
+    }
+};

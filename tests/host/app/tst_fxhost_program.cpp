@@ -1,0 +1,289 @@
+// SPDX-License-Identifier: MIT
+#include "tests/host/app/ProgramRun.h"
+#include "tests/support/SpecialFiles.h"
+#include "tests/support/TestCase.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+
+//! The real program, started as a process without a display.
+class FxhostProgramTest : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void theLogTellsInOrderWhatWasDone()
+    {
+        const ProgramHome home;
+        const QString drawing = home.drawing(QStringLiteral("a plan.dwg"));
+        const ProgramRun run =
+            home.run({"# a comment", "", "_NEW", "  open   " + drawing + "  ", "_RECENTLIMIT 5", "_HELP 3087",
+                      "_CLOSE", "_DELAY 1", "_NOSUCH thing", "^C^C_NEW", "^C", "_QUIT", "_NEW"});
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(run.log,
+                 QStringList({"command _NEW 5100", "open " + drawing + " ok", "command _OPEN 5100",
+                              "command _RECENTLIMIT 5100", "help 3087", "command _HELP 5100",
+                              "command _CLOSE 5100", "command _DELAY 5100", "command _NOSUCH unknown",
+                              "command _NEW 5100", "command _QUIT 5100"}));
+    }
+
+    void anUnknownCommandIsNamed()
+    {
+        const ProgramHome home;
+        const ProgramRun run = home.run({"_NOSUCH thing", "_QUIT"});
+        QVERIFY2(run.errors.contains(QStringLiteral("_NOSUCH")), qPrintable(run.errors));
+    }
+
+    void aNewDrawingIsThereFromTheStart()
+    {
+        const ProgramHome home;
+        QCOMPARE(home.run({"_CLOSE", "_CLOSE", "_QUIT"}).log,
+                 QStringList({"command _CLOSE 5100", "command _CLOSE 5102", "command _QUIT 5100"}));
+        QCOMPARE(home.run({"_CLOSE", "_QUIT"}, {"--no-module", "--no-document"}).log,
+                 QStringList({"command _CLOSE 5102", "command _QUIT 5100"}));
+    }
+
+    void drawingsAreOpenedInTheirOrderBeforeTheScript()
+    {
+        const ProgramHome home;
+        home.drawing(QStringLiteral("one.dwg"));
+        const QString two = home.drawing(QStringLiteral("two.dwg"));
+        const ProgramRun run = home.run({"_QUIT"}, {"--no-module", "one.dwg", "missing.dwg", two});
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(run.log, QStringList({"open " + home.path(QStringLiteral("one.dwg")) + " ok",
+                                       "open " + home.path(QStringLiteral("missing.dwg")) + " failed",
+                                       "open " + two + " ok", "command _QUIT 5100"}));
+        QVERIFY2(run.errors.contains(home.path(QStringLiteral("missing.dwg"))), qPrintable(run.errors));
+    }
+
+    void whatIsNoDrawingIsRefusedWithItsReason_data()
+    {
+        QTest::addColumn<SpecialFile>("kind");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("nothing there") << SpecialFile::Nothing << "does not exist";
+        QTest::newRow("a directory") << SpecialFile::Directory << "not a regular file";
+        QTest::newRow("a pipe") << SpecialFile::Fifo << "not a regular file";
+        QTest::newRow("an endless device") << SpecialFile::EndlessDevice << "not a regular file";
+        QTest::newRow("a link to itself") << SpecialFile::LinkToItself << "cannot be read";
+        QTest::newRow("below a file") << SpecialFile::BelowAFile << "does not exist";
+    }
+
+    void whatIsNoDrawingIsRefusedWithItsReason()
+    {
+        QFETCH(SpecialFile, kind);
+        QFETCH(QString, reason);
+        const SpecialFiles files;
+        refuses(files.path(kind), reason);
+    }
+
+    void aTextIsNoDrawing()
+    {
+        const ProgramHome home;
+        QFile text(home.path(QStringLiteral("text.dwg")));
+        QVERIFY(text.open(QIODevice::WriteOnly));
+        text.write("version https://example.org/pointer\n");
+        text.close();
+        refuses(text.fileName(), QStringLiteral("drawing"));
+    }
+
+    void theRecentListOutlivesTheProgram()
+    {
+        const ProgramHome home;
+        const QString a = home.drawing(QStringLiteral("a.dwg"));
+        const QString b = home.drawing(QStringLiteral("b%20ü.dwg"));
+        QCOMPARE(home.run({"_OPEN " + a, "_OPEN " + b, "_QUIT"}).exitCode, 0);
+        const QStringList first = linesOf(home.recentFile()).mid(1);
+        QCOMPARE(first.size(), 2);
+        QCOMPARE(first.constLast(), a);
+
+        QCOMPARE(home.run({"_RECENTADD " + a, "_RECENTADD /not/there.dwg", "_QUIT"}).exitCode, 0);
+        QCOMPARE(linesOf(home.recentFile()).mid(1), QStringList({"/not/there.dwg", a, first.constFirst()}));
+    }
+
+    void theRecentLimitOutlivesTheProgram()
+    {
+        const ProgramHome home;
+        QCOMPARE(home.run({"_RECENTLIMIT 2", "_QUIT"}).exitCode, 0);
+        QCOMPARE(home.run({"_RECENTADD /1", "_RECENTADD /2", "_RECENTADD /3", "_QUIT"}).exitCode, 0);
+        QCOMPARE(linesOf(home.recentFile()).mid(1), QStringList({"/3", "/2"}));
+    }
+
+    void aDamagedRecentListIsSetAsideAndSaidSo()
+    {
+        const ProgramHome home;
+        QVERIFY(QDir().mkpath(home.profile()));
+        const QByteArray damage("\0\1 no list at all", 18);
+        QFile list(home.recentFile());
+        QVERIFY(list.open(QIODevice::WriteOnly));
+        list.write(damage);
+        list.close();
+
+        const ProgramRun run = home.run({"_RECENTADD /1", "_QUIT"});
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(run.errors.contains(home.recentFile()), qPrintable(run.errors));
+        QCOMPARE(linesOf(home.recentFile()).mid(1), QStringList("/1"));
+
+        const QStringList kept = QDir(home.profile()).entryList({"recent.txt?*"}, QDir::Files);
+        QCOMPARE(kept.size(), 1);
+        QFile aside(home.profile() + QLatin1Char('/') + kept.constFirst());
+        QVERIFY(aside.open(QIODevice::ReadOnly));
+        QCOMPARE(aside.readAll(), damage);
+    }
+
+    void damagedSettingsDoNotKeepItFromStarting()
+    {
+        const ProgramHome home;
+        QVERIFY(QDir().mkpath(home.profile()));
+        QFile settings(home.profile() + QStringLiteral("/settings.ini"));
+        QVERIFY(settings.open(QIODevice::WriteOnly));
+        settings.write("\0\xff[[[window]\ngeometry=@ByteArray(\x01\nrecent/maximum=-7\n", 54);
+        settings.close();
+        QCOMPARE(home.run({"_NEW", "_QUIT"}).log, QStringList({"command _NEW 5100", "command _QUIT 5100"}));
+    }
+
+    void nothingIsWrittenOutsideTheProfile()
+    {
+        const ProgramHome home;
+        const QString drawing = home.drawing(QStringLiteral("a.dwg"));
+        const ProgramRun run = home.run({"_OPEN " + drawing, "_RECENTLIMIT 7", "_HELP", "_QUIT"});
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(home.filesInHome(), QStringList());
+        QVERIFY(QFile::exists(home.recentFile()));
+    }
+
+    void withoutAProfileTheDesktopsPlaceIsTaken()
+    {
+        const ProgramHome home;
+        const QString script = home.path(QStringLiteral("quit.txt"));
+        QFile file(script);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("_RECENTADD /1\n_QUIT");
+        file.close();
+        QCOMPARE(home.runBare({"--no-module", "--script", script}).exitCode, 0);
+        QCOMPARE(linesOf(home.path(QStringLiteral("home/.config/fxhost/recent.txt"))).mid(1),
+                 QStringList("/1"));
+    }
+
+    void aMissingModuleIsNamedAndTheProgramGoesOn()
+    {
+        const ProgramHome home;
+        const QString module = home.path(QStringLiteral("not there.so"));
+        const ProgramRun run = home.run({"_NEW", "_QUIT"}, {"--module", module});
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(run.errors.contains(module), qPrintable(run.errors));
+        QCOMPARE(run.log,
+                 QStringList({"module " + module + " failed", "command _NEW 5100", "command _QUIT 5100"}));
+    }
+
+    void aModuleRunsItsCommandAndLeavesAtTheEnd()
+    {
+        const ProgramHome home;
+        const QString module = QStringLiteral(PROBE_MODULE);
+        const ProgramRun run = home.run({"_PROBE  two  words ", "_QUIT"}, {"--module", module});
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(run.log, QStringList({"module " + module + " loaded", "command _PROBE 4711",
+                                       "command _QUIT 5100", "module " + module + " unloaded"}));
+        // What the module itself saw, from its first call to its last.
+        QCOMPARE(run.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts),
+                 QStringList({"initApp", "mainFrameCreated visible", "DocumentCreated", "Execute two  words",
+                              "DocumentDestroyed", "mainFrameDestroyed alive", "uninitApp", "unloaded"}));
+    }
+
+    void aScreenshotIsAPngOfTheWholeWindow()
+    {
+        const ProgramHome home;
+        const QString picture = home.path(QStringLiteral("picture of it"));
+        const ProgramRun run =
+            home.run({"_SCREENSHOT " + picture, "_QUIT"}, {"--no-module", "--geometry", "640x480+5+5"});
+        QCOMPARE(run.log, QStringList({"command _SCREENSHOT 5100", "command _QUIT 5100"}));
+        const QImage image(picture, "PNG");
+        QCOMPARE(image.size(), QSize(640, 480));
+        QVERIFY(image.convertToFormat(QImage::Format_Indexed8).colorCount() > 2); // it shows something
+    }
+
+    void aScreenshotThatCannotBeWrittenSaysWhy_data()
+    {
+        QTest::addColumn<QString>("argument");
+        QTest::addColumn<QString>("said");
+        QTest::newRow("no name") << ""
+                                 << "needs the name";
+        QTest::newRow("no such directory") << "/no/such/dir/x.png"
+                                           << "/no/such/dir/x.png";
+        QTest::newRow("a directory") << "/"
+                                     << "The picture / ";
+    }
+
+    void aScreenshotThatCannotBeWrittenSaysWhy()
+    {
+        QFETCH(QString, argument);
+        QFETCH(QString, said);
+        const ProgramHome home;
+        const ProgramRun run = home.run({"_SCREENSHOT " + argument, "_QUIT"});
+        QCOMPARE(run.log, QStringList({"command _SCREENSHOT 5102", "command _QUIT 5100"}));
+        QVERIFY2(run.errors.contains(said), qPrintable(run.errors));
+    }
+
+    void aScriptWithForeignLineEndsRuns()
+    {
+        const ProgramHome home;
+        QCOMPARE(home.run({"\uFEFF_NEW\r", "\r", "\t# a comment\r", "_RECENTADD /a;b\r", "_QUIT\r"}).log,
+                 QStringList({"command _NEW 5100", "command _RECENTADD 5100", "command _QUIT 5100"}));
+        QCOMPARE(linesOf(home.recentFile()).mid(1), QStringList("/a;b"));
+    }
+
+    void wrongUseEndsWithCodeTwoAndAReason_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("an unknown option") << QStringList{"--colour"} << "colour";
+        QTest::newRow("a wrong geometry") << QStringList{"--geometry", "big"} << "\"big\"";
+        QTest::newRow("a script that is not there") << QStringList{"--script", "no.scr"} << "no.scr";
+        QTest::newRow("a script that is a directory") << QStringList{"--script", "/"} << "the script /";
+        QTest::newRow("a log that cannot be")
+            << QStringList{"--log", "/no/such/dir/log"} << "/no/such/dir/log";
+        QTest::newRow("a profile that is a file") << QStringList{"--profile", "/dev/null"} << "/dev/null";
+    }
+
+    void wrongUseEndsWithCodeTwoAndAReason()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, reason);
+        const ProgramHome home;
+        const ProgramRun run = home.runBare(QStringList("--no-module") + arguments);
+        QCOMPARE(run.exitCode, 2);
+        QVERIFY2(run.errors.contains(reason), qPrintable(run.errors));
+        QCOMPARE(run.output, QString());
+    }
+
+    void helpAndVersionGoToTheStandardOutput()
+    {
+        const ProgramHome home;
+        const ProgramRun help = home.runBare({"--help"});
+        QCOMPARE(help.exitCode, 0);
+        QVERIFY2(help.output.contains(QStringLiteral("--no-document")), qPrintable(help.output));
+        QCOMPARE(help.errors, QString());
+        const ProgramRun version = home.runBare({"--version"});
+        QCOMPARE(version.exitCode, 0);
+        QVERIFY2(version.output.startsWith(QStringLiteral("fxhost ")), qPrintable(version.output));
+        QCOMPARE(home.filesInHome(), QStringList());
+    }
+
+private:
+    static void refuses(const QString &path, const QString &reason)
+    {
+        const ProgramHome home;
+        const ProgramRun run =
+            home.run({"_OPEN " + path, "_CLOSE", "_QUIT"}, {"--no-module", "--no-document"});
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(run.log, QStringList({"open " + path + " failed", "command _OPEN 5102",
+                                       "command _CLOSE 5102", "command _QUIT 5100"}));
+        QVERIFY2(run.errors.contains(path), qPrintable(run.errors));
+        QVERIFY2(run.errors.contains(reason), qPrintable(run.errors));
+        QVERIFY(!QFile::exists(home.recentFile()));
+    }
+};
+
+QTEST_GUILESS_MAIN(FxhostProgramTest)
+
+#include "tst_fxhost_program.moc"

@@ -1,0 +1,282 @@
+// SPDX-License-Identifier: MIT
+#include "host/app/HelpWindow.h"
+#include "tests/host/app/ShownProgram.h"
+
+#include <CFxCommand.h>
+#include <CFxEditorReactor.h>
+#include <OdEditor.h>
+
+#include <QElapsedTimer>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QSignalSpy>
+#include <QTimer>
+
+using namespace fxhost;
+
+//! The main window, in the test's own process.
+class MainWindowTest : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void theTitleNamesTheCurrentDrawing()
+    {
+        ShownProgram program;
+        QCoreApplication::setApplicationName(QStringLiteral("fxhost"));
+        const QString a = program.drawing(QStringLiteral("a.dwg"));
+        const QString b = program.drawing(QStringLiteral("b.dwg"));
+        program.enter(QStringLiteral("_OPEN ") + a);
+        QCOMPARE(program.window.windowTitle(), QStringLiteral("fxhost - [a.dwg]"));
+        program.enter(QStringLiteral("_OPEN ") + b);
+        QCOMPARE(program.window.windowTitle(), QStringLiteral("fxhost - [b.dwg]"));
+        program.enter(QStringLiteral("_TILE"));
+        QCOMPARE(program.window.windowTitle(), QStringLiteral("fxhost - [b.dwg]"));
+        program.enter(QStringLiteral("_NEXTWINDOW"));
+        QTRY_COMPARE(program.window.windowTitle(), QStringLiteral("fxhost - [a.dwg]"));
+        program.enter(QStringLiteral("_CLOSE"));
+        QCOMPARE(program.window.windowTitle(), QStringLiteral("fxhost - [b.dwg]"));
+        program.enter(QStringLiteral("_CLOSE"));
+        QCOMPARE(program.window.windowTitle(), QStringLiteral("fxhost"));
+    }
+
+    void drawingsStayMaximizedUntilTheyAreArranged()
+    {
+        ShownProgram program;
+        const Document *first = program.host.documents().newDocument();
+        QVERIFY(program.window.drawingArea().windowOf(first)->isMaximized());
+        const Document *second = program.host.documents().newDocument();
+        QVERIFY(program.window.drawingArea().windowOf(second)->isMaximized());
+        program.enter(QStringLiteral("_CASCADE"));
+        const Document *third = program.host.documents().newDocument();
+        QVERIFY(!program.window.drawingArea().windowOf(third)->isMaximized());
+    }
+
+    void aClosedWindowClosesItsDrawing()
+    {
+        ShownProgram program;
+        DocumentManager &documents = program.host.documents();
+        Document *first = documents.newDocument();
+        Document *second = documents.newDocument();
+        program.window.drawingArea().windowOf(first)->close();
+        QCOMPARE(documents.documents(), std::vector<Document *>{second});
+        QCOMPARE(documents.current(), second);
+        program.window.drawingArea().windowOf(second)->close();
+        drainEvents();
+        QVERIFY(documents.documents().empty());
+        QVERIFY(program.window.drawingArea().subWindowList().isEmpty());
+    }
+
+    void theWindowThatAPersonTurnsToIsTheCurrentDrawing()
+    {
+        ShownProgram program;
+        DocumentManager &documents = program.host.documents();
+        Document *first = documents.newDocument();
+        Document *second = documents.newDocument();
+        program.window.drawingArea().setActiveSubWindow(program.window.drawingArea().windowOf(first));
+        QCOMPARE(documents.current(), first);
+        documents.setCurrent(second);
+        QCOMPARE(program.window.drawingArea().activeSubWindow(),
+                 program.window.drawingArea().windowOf(second));
+    }
+
+    void anOpenDrawingComesBackFromItsIcon()
+    {
+        ShownProgram program;
+        const QString path = program.drawing(QStringLiteral("a.dwg"));
+        program.enter(QStringLiteral("_OPEN ") + path);
+        QMdiSubWindow *window = program.window.drawingArea().windowOf(program.host.documents().current());
+        program.host.documents().newDocument();
+        program.enter(QStringLiteral("_CASCADE"));
+        window->showMinimized();
+        program.enter(QStringLiteral("_OPEN ") + path);
+        QCOMPARE(program.window.drawingArea().activeSubWindow(), window);
+        QVERIFY(!window->isMinimized());
+        QCOMPARE(program.host.documents().documents().size(), 2U);
+    }
+
+    void whatIsTypedAnywhereGoesToTheCommandLine()
+    {
+        ShownProgram program;
+        QMdiSubWindow *window = program.window.drawingArea().windowOf(program.host.documents().newDocument());
+        window->setFocus();
+        QTest::keyClick(window, 'q');
+        QCOMPARE(program.input()->text(), QStringLiteral("q"));
+        QVERIFY(program.window.commandLine().hasInputFocus());
+        window->setFocus();
+        QTest::keyClick(window, Qt::Key_Escape);
+        QCOMPARE(program.input()->text(), QString());
+    }
+
+    void aModifierAloneLeavesTheFocusWhereItIs()
+    {
+        ShownProgram program;
+        QMdiSubWindow *window = program.window.drawingArea().windowOf(program.host.documents().newDocument());
+        window->setFocus();
+        QTest::keyClick(window, Qt::Key_Control, Qt::ControlModifier);
+        QVERIFY(!program.window.commandLine().hasInputFocus());
+    }
+
+    void theFocusComesBackFromAPopup()
+    {
+        ShownProgram program;
+        QMdiSubWindow *window = program.window.drawingArea().windowOf(program.host.documents().newDocument());
+        window->setFocus();
+        QDialog popup(&program.window, Qt::FramelessWindowHint);
+        popup.show();
+        popup.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&popup));
+        popup.close();
+        program.window.activateWindow(); // as a window manager does, and no such thing is here
+        QTRY_VERIFY(program.input()->hasFocus());
+    }
+
+    void aRunningCommandEndsOnRequest_data()
+    {
+        QTest::addColumn<bool>("typed");
+        QTest::newRow("Escape") << false;
+        QTest::newRow("^C") << true;
+    }
+
+    void aRunningCommandEndsOnRequest()
+    {
+        QFETCH(bool, typed);
+        ShownProgram program;
+        const QSignalSpy ended(&program.host.commands(), &CommandRunner::commandEnded);
+        QTimer::singleShot(0, &program.window, [&program, typed] {
+            if (typed)
+                program.enter(QStringLiteral("^C"));
+            else
+                QTest::keyClick(program.input(), Qt::Key_Escape);
+        });
+        QElapsedTimer time;
+        time.start();
+        constexpr int farTooLong = 600000; // ms
+        program.enter(QStringLiteral("_DELAY %1").arg(farTooLong));
+        QVERIFY(time.elapsed() < farTooLong);
+        QCOMPARE(ended, QList<QVariantList>({{QStringLiteral("_DELAY"), CFxCommand::cancelled}}));
+        QVERIFY2(program.history().endsWith(QStringLiteral("*Cancelled*")), qPrintable(program.history()));
+    }
+
+    void closingTheWindowEndsTheRunningCommandAndTheProgram()
+    {
+        ShownProgram program;
+        const QSignalSpy ended(&program.host.commands(), &CommandRunner::commandEnded);
+        QTimer::singleShot(0, &program.window, [&program] {
+            QTimer::singleShot(0, &program.window, [&program] {
+                program.enter(QStringLiteral("_NEW")); // too late: its turn does not come
+                program.window.close();
+            });
+            program.enter(QStringLiteral("_DELAY 600000"));
+        });
+        QCOMPARE(QCoreApplication::exec(), 0);
+        QCOMPARE(ended.count(), 1);
+        QVERIFY(!program.window.isVisible());
+    }
+
+    void whatIsEnteredMeanwhileWaitsItsTurn()
+    {
+        ShownProgram program;
+        const QSignalSpy ended(&program.host.commands(), &CommandRunner::commandEnded);
+        QTimer::singleShot(0, &program.window, [&program] {
+            program.enter(QStringLiteral("_NEW"));
+            QVERIFY(program.host.documents().documents().empty());
+        });
+        program.enter(QStringLiteral("_DELAY 50"));
+        QCOMPARE(ended.count(), 2);
+        QCOMPARE(ended.at(0).at(0).toString(), QStringLiteral("_DELAY"));
+        QCOMPARE(ended.at(1).at(0).toString(), QStringLiteral("_NEW"));
+    }
+
+    void theHistoryTellsWhatRanAndWhatFailed()
+    {
+        ShownProgram program;
+        program.enter(QStringLiteral("nosuch thing"));
+        program.enter(QStringLiteral("open /not/there.dwg"));
+        const QString history = program.history();
+        QVERIFY2(history.contains(QStringLiteral("nosuch")), qPrintable(history));
+        QVERIFY2(history.contains(QStringLiteral("\nCommand: _OPEN /not/there.dwg\n")), qPrintable(history));
+        QVERIFY2(history.contains(QStringLiteral("does not exist")), qPrintable(history));
+        QVERIFY(!QApplication::activeModalWidget()); // nothing that would hold up a script
+    }
+
+    void helpShowsThePageOfATopic_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("the front page") << "_HELP"
+                                        << "_RECENTLIMIT";
+        QTest::newRow("the recent drawings") << "_HELP 3087"
+                                             << "Preview Recent Documents";
+        QTest::newRow("no such page") << "_HELP 12"
+                                      << "no help page for topic 12";
+    }
+
+    void helpShowsThePageOfATopic()
+    {
+        QFETCH(QString, command);
+        QFETCH(QString, text);
+        ShownProgram program;
+        program.enter(command);
+        const auto *help = program.window.findChild<HelpWindow *>();
+        QVERIFY(help);
+        QVERIFY(help->isVisible());
+        QVERIFY2(help->text().contains(text), qPrintable(help->text()));
+    }
+
+    void theWindowCanBeMadeAsSmallAsItNeedsToBe()
+    {
+        ShownProgram program;
+        program.host.documents().newDocument();
+        program.window.resize(400, 300);
+        QTRY_COMPARE(program.window.size(), QSize(400, 300));
+    }
+
+    void thePlaceOfTheWindowIsKept()
+    {
+        const QTemporaryDir profile;
+        const QRect place(30, 40, 555, 444);
+        {
+            FxHost host(profile.path(), QString());
+            MainWindow window(host);
+            window.show();
+            window.setGeometry(place);
+            QTimer::singleShot(0, &window, &QWidget::close);
+            QCOMPARE(QCoreApplication::exec(), 0);
+        }
+        FxHost host(profile.path(), QString());
+        const MainWindow window(host);
+        QCOMPARE(window.geometry(), place);
+    }
+
+    void modulesHearOfTheEndWhileTheWindowLives()
+    {
+        struct Reactor : CFxEditorReactor
+        {
+            void mainFrameDestroyed(QWidget *mainFrame) override
+            {
+                hasMenuBar = mainFrame->findChild<QMenuBar *>() != nullptr;
+            }
+            bool hasMenuBar = false;
+        } reactor;
+        QTemporaryDir profile;
+        FxHost host(profile.path(), QString());
+        {
+            MainWindow window(host);
+            window.show();
+            host.setMainWindow(&window);
+            OdEditor *editor = odedEditor();
+            editor->addReactor(&reactor);
+            editor->release();
+        }
+        QVERIFY(reactor.hasMenuBar);
+        QVERIFY(!host.mainWindow());
+        OdEditor *editor = odedEditor();
+        editor->removeReactor(&reactor);
+        editor->release();
+    }
+};
+
+QTEST_MAIN(MainWindowTest)
+
+#include "tst_mainwindow.moc"

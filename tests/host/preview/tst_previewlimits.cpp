@@ -1,0 +1,243 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/preview/PreviewReader.h"
+
+#include "tests/support/PngBytes.h"
+#include "tests/support/PreviewBytes.h"
+#include "tests/support/TestCase.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <cstdio>
+#include <ctime>
+
+#ifndef __has_feature // g++ names its sanitizers by macros of their own
+#define __has_feature(name) 0
+#endif
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || __has_feature(address_sanitizer) ||     \
+    __has_feature(thread_sanitizer)
+constexpr bool isSanitized = true;
+#else
+constexpr bool isSanitized = false;
+#endif
+
+using namespace testbytes;
+
+namespace {
+
+constexpr int mebibyte = 1024 * 1024; // bytes
+
+//! The most memory that this process has held so far, in KiB.
+int peakMemory()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return -1;
+    const QByteArray text = status.readAll(); // not by lines: the file has no size to read ahead by
+    const QByteArray title = "VmHWM:";
+    const int at = text.indexOf(title);
+    return at < 0 ? -1 : text.mid(at + title.size()).trimmed().split(' ').first().toInt();
+}
+
+//! The other life of this program: reads a sound drawing, so that what decoding needs once is there, and then
+//! the one in question. Prints its picture's size and by how much the peak has risen, in KiB.
+int measure(const QStringList &drawings)
+{
+    fxhost::readPreview(drawings.at(0));
+    const int before = peakMemory();
+    const QImage picture = fxhost::readPreview(drawings.at(1));
+    std::printf("%d %d %d\n", picture.width(), picture.height(), peakMemory() - before);
+    return 0;
+}
+
+//! Writes a drawing whose last entry's data stands at the end, goes on as zeros that take no room on disk,
+//! and ends with end.
+void writeSparse(const QString &path, DrawingBytes drawing, quint32 dataSize, const QByteArray &end)
+{
+    StoredEntry &picture = drawing.entries.last();
+    drawing.endSentinel = QByteArray();
+    drawing.bytesBehind = 0;
+    const qint64 missing = qint64(dataSize) - picture.data.size();
+    picture.size = dataSize;
+    QFile file(writeFile(path, drawing.bytes()));
+    if (!file.resize(file.size() + missing - end.size()) || !file.open(QIODevice::Append) ||
+        file.write(end) != end.size())
+        qFatal("cannot enlarge %s", qPrintable(path));
+}
+
+BitmapBytes blankBitmap(int bits, int width, int height)
+{
+    BitmapBytes bitmap;
+    bitmap.bits = static_cast<quint32>(bits);
+    bitmap.width = width;
+    bitmap.height = height;
+    bitmap.palette = QByteArray(bits <= 8 ? 4 << bits : 0, '\0');
+    return bitmap;
+}
+
+//! Texts that are a few kilobytes each and seven megabytes when read.
+QByteArray swellingTexts()
+{
+    constexpr int qtsOwnPrefix = 4; // bytes before the zlib stream
+    const QByteArray swelling = qCompress(QByteArray(7 * mebibyte, ' ')).mid(qtsOwnPrefix);
+    QByteArray chunks;
+    for (int i = 0; i < 40; ++i)
+        chunks += pngChunk("zTXt", "Title" + QByteArray::number(i) + QByteArray(2, '\0') + swelling);
+    return chunks;
+}
+
+} // namespace
+
+//! What a drawing can make its reader spend.
+class tst_PreviewLimits : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void memoryIsBounded_data();
+    void memoryIsBounded();
+    void effortIsBounded_data();
+    void effortIsBounded();
+
+private:
+    void addDrawing(const char *name, const StoredEntry &entry, quint32 dataSize, const QSize &picture,
+                    int atLeast, int atMost, const QByteArray &end = {});
+
+    QTemporaryDir m_dir;
+};
+
+void tst_PreviewLimits::addDrawing(const char *name, const StoredEntry &entry, quint32 dataSize,
+                                   const QSize &picture, int atLeast, int atMost, const QByteArray &end)
+{
+    const QString path = m_dir.filePath(QString::fromLatin1(name) + QStringLiteral(".dwg"));
+    writeSparse(path, drawingWith(entry), qMax(dataSize, static_cast<quint32>(entry.data.size())), end);
+    QTest::newRow(name) << path << picture << atLeast << atMost;
+}
+
+void tst_PreviewLimits::memoryIsBounded_data()
+{
+    if (isSanitized)
+        QSKIP("a sanitizer's own memory drowns what is measured here");
+    QTest::addColumn<QString>("drawing");
+    QTest::addColumn<QSize>("picture");
+    QTest::addColumn<int>(
+        "atLeast");                  // MiB; what the picture itself takes, which shows that the measure works
+    QTest::addColumn<int>("atMost"); // MiB
+
+    const QSize none(0, 0);
+    const QSize largest(4000, 4000);
+    constexpr int whole = 61; // MiB: 16 megapixels of four bytes
+    constexpr int bound = 96; // MiB
+    constexpr int little = 8; // MiB; nothing of the picture is held
+
+    addDrawing("the largest bitmap of 32 bits", bitmapEntry(blankBitmap(32, 4000, 4000).bytes()), 64000040,
+               largest, whole, bound);
+    addDrawing("the largest bitmap of 24 bits, top row first",
+               bitmapEntry(blankBitmap(24, 4000, -4000).bytes()), 48000040, largest, whole, bound);
+    BitmapBytes runs = blankBitmap(8, 4000, 4000);
+    runs.compression = 1;
+    addDrawing("the largest bitmap in runs, with a gigabyte of them", bitmapEntry(runs.bytes()), 1 << 30,
+               largest, 15, bound);
+    addDrawing("a bitmap of 32000 by 32000", bitmapEntry(blankBitmap(1, 32000, 32000).bytes()), 0x7FFF0000,
+               none, 0, little);
+    addDrawing("a small bitmap of two gigabytes", bitmapEntry(blankBitmap(8, 64, 64).bytes()), 0x7FFF0000,
+               QSize(64, 64), 0, little);
+
+    addDrawing("the largest PNG", pngEntry(blankPng({4000, 4000})), 0, largest, whole, bound);
+    addDrawing("the largest PNG, interlaced", pngEntry(blankPng({4000, 4000, 8, 6, true})), 0, largest, whole,
+               bound);
+    addDrawing("the longest PNG, interlaced", pngEntry(blankPng({488, 32767, 8, 6, true})), 0,
+               QSize(488, 32767), 60, bound);
+    addDrawing("the largest deep PNG", pngEntry(blankPng({4000, 2000, 16, 6})), 0, QSize(4000, 2000), whole,
+               bound);
+    addDrawing("a larger deep PNG", pngEntry(blankPng({4000, 2001, 16, 6})), 0, none, 0, little);
+    addDrawing("a PNG of 16000 by 16000", pngEntry(blankPng({16000, 16000, 8, 0})), 0, none, 0, little);
+    addDrawing("a PNG of one column", pngEntry(blankPng({1, 1000000, 8, 0, true})), 0, none, 0, little);
+    addDrawing("a PNG with swelling texts", pngEntry(blankPng({64, 64}, swellingTexts())), 0, QSize(64, 64),
+               0, little);
+    // Two gigabytes behind what the picture needs, in a chunk that a decoder reads for its checksum.
+    const QByteArray end = QByteArray(4, '\0') + pngChunk("IEND", {});
+    const QByteArray start = blankPng({64, 64}).chopped(12) + QByteArray("\x7F\0\0\0IDAT", 8);
+    addDrawing("a PNG with an endless chunk", pngEntry(start),
+               static_cast<quint32>(start.size() + end.size()) + 0x7F000000U, none, 0, little, end);
+}
+
+void tst_PreviewLimits::memoryIsBounded()
+{
+    QFETCH(QString, drawing);
+    QFETCH(QSize, picture);
+    QFETCH(int, atLeast);
+    QFETCH(int, atMost);
+    const QString sound = writeFile(m_dir.filePath(QStringLiteral("sound.dwg")),
+                                    drawingWith(pngEntry(blankPng({64, 64}))).bytes());
+    QProcess child;
+    child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("-measure"), sound, drawing});
+    QVERIFY(child.waitForFinished());
+    QCOMPARE(child.exitCode(), 0);
+    const QList<QByteArray> numbers = child.readAllStandardOutput().simplified().split(' ');
+    QCOMPARE(numbers.size(), 3);
+
+    QCOMPARE(QSize(numbers[0].toInt(), numbers[1].toInt()), picture);
+    const double taken = numbers[2].toInt() / 1024.0; // MiB
+    QVERIFY2(taken >= atLeast && taken < atMost, qPrintable(QStringLiteral("%1 MiB").arg(taken)));
+}
+
+void tst_PreviewLimits::effortIsBounded_data()
+{
+    QTest::addColumn<DrawingBytes>("drawing");
+    // Each entry is refused only at its very end, and all share their data.
+    const auto manyOf = [](const StoredEntry &first) {
+        DrawingBytes drawing;
+        constexpr int most = 255;
+        drawing.entries = QVector<StoredEntry>(most, {first.code, {}});
+        drawing.entries[0] = first;
+        for (StoredEntry &entry : drawing.entries) {
+            entry.address = static_cast<quint32>(drawing.dataAt());
+            entry.size = static_cast<quint32>(first.data.size());
+        }
+        return drawing;
+    };
+    QByteArray brokenAtTheEnd = blankPng({4000, 4000, 8, 6});
+    const int checksumAt = brokenAtTheEnd.indexOf("IEND") - 5;
+    brokenAtTheEnd[checksumAt] = static_cast<char>(~brokenAtTheEnd.at(checksumAt));
+    QTest::newRow("255 large PNGs") << manyOf(pngEntry(brokenAtTheEnd));
+
+    QByteArray splinters;
+    for (int i = 0; i < 200000; ++i)
+        splinters += QByteArray("\0\0\0\0tEXt\0\0\0\0", 12);
+    QTest::newRow("255 PNGs in splinters") << manyOf(pngEntry(blankPng({64, 64}).chopped(12) + splinters));
+
+    // An absolute run that the data is too short for ends the decoding without a picture.
+    BitmapBytes runs = blankBitmap(8, 4000, 4000);
+    runs.compression = 1;
+    for (int jump = 0; jump < 500000; ++jump)
+        runs.pixels += QByteArray("\0\2\0\0", 4);
+    runs.pixels += QByteArray("\0\xFF", 2);
+    QTest::newRow("255 bitmaps in runs that do not get on") << manyOf(bitmapEntry(runs.bytes()));
+}
+
+void tst_PreviewLimits::effortIsBounded()
+{
+    QFETCH(DrawingBytes, drawing);
+    const QString path = writeFile(m_dir.filePath(QStringLiteral("many.dwg")), drawing.bytes());
+    const std::clock_t start = std::clock();
+    QVERIFY(fxhost::readPreview(path).isNull());
+    const double seconds =
+        double(std::clock() - start) / CLOCKS_PER_SEC; // of this process, not of a busy machine
+    const double most = isSanitized ? 10 : 2;
+    QVERIFY2(seconds < most, qPrintable(QStringLiteral("%1 s").arg(seconds)));
+}
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() == 4 && arguments.at(1) == QLatin1String("-measure"))
+        return measure(arguments.mid(2));
+    tst_PreviewLimits test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_previewlimits.moc"

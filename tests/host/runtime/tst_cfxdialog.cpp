@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/editor/Editor.h"
+#include "tests/support/RunningHost.h"
+#include "tests/support/TestCase.h"
+
+#include <CFxDialog.h>
+#include <CFxEditorReactor.h>
+
+#include <QPointer>
+#include <QSignalSpy>
+
+#include <memory>
+#include <stdexcept>
+
+namespace {
+
+class ModalListener : public CFxEditorReactor
+{
+public:
+    explicit ModalListener(fxhost::FxHost &host) : m_host(host) { host.editor().addReactor(this); }
+    ~ModalListener() override { m_host.editor().removeReactor(this); }
+
+    void beginModalState() override { events << QStringLiteral("begin"); }
+    void endModalState() override { events << QStringLiteral("end"); }
+
+    QStringList events;
+
+private:
+    fxhost::FxHost &m_host;
+};
+
+const QStringList once = {QStringLiteral("begin"), QStringLiteral("end")};
+
+class HookedDialog : public CFxDialog
+{
+public:
+    using CFxDialog::CFxDialog;
+
+    int firstShows = 0;
+    QList<int> ends;
+    bool mayEnd = true;
+    bool throwsOnKeys = false;
+    bool wasVisibleAtFirstShow = false;
+
+protected:
+    void onFirstShow() override
+    {
+        ++firstShows;
+        wasVisibleAtFirstShow = testAttribute(Qt::WA_Mapped);
+    }
+
+    bool onAboutToEnd(int result) override
+    {
+        ends.append(result);
+        return mayEnd;
+    }
+
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (throwsOnKeys)
+            throw std::runtime_error("stuck key");
+        CFxDialog::keyPressEvent(event);
+    }
+};
+
+} // namespace
+
+class TestCFxDialog : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void aDialogIsWhatItsConstructorSays()
+    {
+        QWidget parent;
+        CFxDialog modal(&parent);
+        QVERIFY(modal.isModal());
+        QCOMPARE(modal.parentWidget(), &parent);
+        CFxDialog popup(&parent, false, Qt::FramelessWindowHint);
+        QVERIFY(!popup.isModal());
+        QVERIFY(popup.windowFlags() & Qt::FramelessWindowHint);
+    }
+
+    void theFirstShowIsToldOnceAndBeforehand()
+    {
+        HookedDialog dialog(nullptr, false);
+        QCOMPARE(dialog.firstShows, 0);
+        dialog.show();
+        dialog.hide();
+        dialog.show();
+        QCOMPARE(dialog.firstShows, 1);
+        QVERIFY(!dialog.wasVisibleAtFirstShow);
+    }
+
+    void everyWayToTheEndAsksFirst_data()
+    {
+        QTest::addColumn<QByteArray>("way");
+        QTest::addColumn<int>("result");
+        QTest::newRow("accept") << QByteArray("accept") << int(QDialog::Accepted);
+        QTest::newRow("reject") << QByteArray("reject") << int(QDialog::Rejected);
+        QTest::newRow("close") << QByteArray("close") << int(QDialog::Rejected);
+    }
+
+    void everyWayToTheEndAsksFirst()
+    {
+        QFETCH(QByteArray, way);
+        QFETCH(int, result);
+        HookedDialog dialog(nullptr, false);
+        QSignalSpy finished(&dialog, &QDialog::finished);
+        dialog.show();
+        dialog.mayEnd = false;
+        QMetaObject::invokeMethod(&dialog, way.constData());
+        QVERIFY(dialog.isVisible());
+        QVERIFY(finished.isEmpty());
+        dialog.mayEnd = true;
+        QMetaObject::invokeMethod(&dialog, way.constData());
+        QVERIFY(!dialog.isVisible());
+        QCOMPARE(dialog.ends, QList<int>({result, result}));
+        QCOMPARE(finished.size(), 1);
+    }
+
+    void execReturnsTheResult()
+    {
+        HookedDialog dialog;
+        QMetaObject::invokeMethod(
+            &dialog, [&] { dialog.done(7); }, Qt::QueuedConnection);
+        QCOMPARE(dialog.exec(), 7);
+    }
+
+    void aModalDialogPutsTheHostIntoTheModalState()
+    {
+        RunningHost running;
+        ModalListener listener(running.host);
+        CFxDialog dialog;
+        dialog.show();
+        QCOMPARE(listener.events, QStringList(QStringLiteral("begin")));
+        dialog.accept();
+        QCOMPARE(listener.events, once);
+    }
+
+    void execIsModalWhateverTheDialogIs()
+    {
+        RunningHost running;
+        ModalListener listener(running.host);
+        CFxDialog dialog(nullptr, false);
+        QMetaObject::invokeMethod(&dialog, &CFxDialog::accept, Qt::QueuedConnection);
+        dialog.exec();
+        QCOMPARE(listener.events, once);
+    }
+
+    void aDialogThatIsNotModalIsNotToldOf()
+    {
+        RunningHost running;
+        ModalListener listener(running.host);
+        CFxDialog dialog(nullptr, false);
+        dialog.show();
+        dialog.accept();
+        QVERIFY(listener.events.isEmpty());
+    }
+
+    void deletingAModalDialogEndsTheState()
+    {
+        RunningHost running;
+        ModalListener listener(running.host);
+        {
+            CFxDialog dialog;
+            dialog.show();
+        }
+        QCOMPARE(listener.events, once);
+    }
+
+    void aDialogThatDeletesItselfDoesSoOnce()
+    {
+        RunningHost running;
+        ModalListener listener(running.host);
+        const QPointer<CFxDialog> dialog = new CFxDialog;
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->show();
+        dialog->done(0);
+        QTRY_VERIFY(!dialog);
+        QCOMPARE(listener.events, once);
+    }
+
+    void anExceptionOfAHandlerEndsInAMessage()
+    {
+        RunningHost running;
+        HookedDialog dialog(nullptr, false);
+        dialog.show();
+        dialog.throwsOnKeys = true;
+        QTest::keyClick(&dialog, Qt::Key_A);
+        QVERIFY(!running.messages.isEmpty());
+        QVERIFY(running.messages.first().contains(QLatin1String("stuck key")));
+    }
+
+    void withoutAHostADialogWorksAllTheSame()
+    {
+        HookedDialog dialog;
+        dialog.show();
+        dialog.throwsOnKeys = true;
+        QTest::keyClick(&dialog, Qt::Key_A);
+        dialog.accept();
+        QVERIFY(!dialog.isVisible());
+    }
+};
+
+QTEST_MAIN(TestCFxDialog)
+#include "tst_cfxdialog.moc"

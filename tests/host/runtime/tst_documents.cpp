@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/documents/DocumentManager.h"
+#include "host/runtime/recent/RecentFiles.h"
+#include "tests/support/DocumentListener.h"
+#include "tests/support/RunningHost.h"
+#include "tests/support/TestCase.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSignalSpy>
+
+using fxhost::Document;
+using fxhost::DocumentManager;
+
+class TestDocuments : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { qRegisterMetaType<Document *>("fxhost::Document*"); }
+
+    void newDrawingsAreNumbered()
+    {
+        RunningHost running;
+        running.host.documents().newDocument();
+        running.host.documents().close(running.host.documents().current());
+        QCOMPARE(QString(running.host.documents().newDocument()->title()), QStringLiteral("Drawing2"));
+    }
+
+    void theFactsAreTheFiles()
+    {
+        RunningHost running;
+        const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
+        running.host.documents().open(path);
+        const fxhost::DrawingFacts &facts = running.host.documents().current()->facts();
+        QCOMPARE(facts.path, path);
+        QCOMPARE(facts.version, QStringLiteral("AC1015"));
+        QCOMPARE(facts.size, QFileInfo(path).size());
+        QCOMPARE(facts.modified, QFileInfo(path).lastModified());
+        QVERIFY(facts.preview.isNull());
+    }
+
+    void whatCannotBeOpenedOpensNothing_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("missing") << QStringLiteral("missing.dwg");
+        QTest::newRow("a directory") << QStringLiteral(".");
+        QTest::newRow("no drawing") << QStringLiteral("text.dwg");
+        QTest::newRow("an empty file") << QStringLiteral("empty.dwg");
+        QTest::newRow("a name with argument markers") << QStringLiteral("missing %1 %2.dwg");
+    }
+
+    void whatCannotBeOpenedOpensNothing()
+    {
+        QFETCH(QString, name);
+        RunningHost running;
+        running.makeFile(QStringLiteral("text.dwg"), "this is a letter");
+        running.makeFile(QStringLiteral("empty.dwg"), QByteArray());
+        const QString path = running.path(name);
+        DocumentListener listener(running.host);
+
+        OdString result;
+        QVERIFY(!running.host.documents().OpenDocument(path, 0, 0, result));
+
+        QVERIFY(!result.isEmpty());
+        QCOMPARE(running.messages.size(), 1);
+        QVERIFY2(running.messages.first().contains(path), qPrintable(running.messages.first()));
+        QVERIFY(running.messages.first().endsWith(QString::fromWCharArray(result.c_str())));
+        QVERIFY(running.host.documents().documents().empty());
+        QVERIFY(running.host.recentFiles().paths().isEmpty());
+        QCOMPARE(running.logged(), QStringList(QStringLiteral("open %1 failed").arg(path)));
+        QCOMPARE(listener.events,
+                 QStringList({QLatin1String("PreOpen ") + path, QLatin1String("cancelDwgOpen ") + path}));
+    }
+
+    void anEmptyPathAndReservedModesAreRefused()
+    {
+        RunningHost running;
+        OdString result;
+        QVERIFY(!running.host.documents().OpenDocument(QString(), 0, 0, result));
+        QVERIFY(!result.isEmpty());
+        const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
+        QVERIFY(!running.host.documents().OpenDocument(path, 1, 0, result));
+        QVERIFY(!running.host.documents().OpenDocument(path, 0, 1, result));
+        QVERIFY(!result.isEmpty());
+        QCOMPARE(running.messages.size(), 3);
+        QVERIFY(running.host.documents().OpenDocument(path, 0, 0, result));
+        QVERIFY(result.isEmpty());
+    }
+
+    void aDrawingThatIsOpenComesToTheFront()
+    {
+        RunningHost running;
+        DocumentManager &documents = running.host.documents();
+        const QString first = running.makeDrawing(QStringLiteral("first.dwg"));
+        const QString second = running.makeDrawing(QStringLiteral("second.dwg"));
+        documents.open(first);
+        Document *const document = documents.current();
+        documents.open(second);
+        QSignalSpy activateRequested(&documents, &DocumentManager::activateRequested);
+
+        QCOMPARE(documents.open(first), QString());
+
+        QCOMPARE(documents.documents().size(), std::size_t(2));
+        QCOMPARE(documents.current(), document);
+        QCOMPARE(activateRequested.size(), 1);
+        QCOMPARE(running.host.recentFiles().paths(), QStringList({first, second}));
+    }
+
+    void anotherWayToAnOpenDrawingIsTheSameDrawing()
+    {
+        RunningHost running;
+        const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
+        const QString link = running.path(QStringLiteral("link.dwg"));
+        QVERIFY(QFile::link(path, link));
+        running.host.documents().open(path);
+        QCOMPARE(running.host.documents().open(link), QString());
+        QCOMPARE(running.host.documents().documents().size(), std::size_t(1));
+        QCOMPARE(running.host.recentFiles().paths(), QStringList(path));
+    }
+
+    void aDrawingThatIsOpenAndWasDeletedComesToTheFrontAllTheSame()
+    {
+        RunningHost running;
+        const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
+        running.host.documents().open(path);
+        QVERIFY(QFile::remove(path));
+        QCOMPARE(running.host.documents().open(path), QString());
+        QCOMPARE(running.host.documents().documents().size(), std::size_t(1));
+    }
+
+    void pathsAreKeptAsTheyWereGiven()
+    {
+        RunningHost running;
+        running.makeDrawing(QStringLiteral("plan.dwg"));
+        const QString odd = running.path(QString()) + QStringLiteral("//./plan.dwg");
+        running.host.documents().open(odd);
+        QCOMPARE(running.host.recentFiles().paths(), QStringList(odd));
+        QCOMPARE(QString(running.host.documents().current()->path()), odd);
+        QCOMPARE(QString(running.host.documents().current()->title()), QStringLiteral("plan.dwg"));
+    }
+
+    void aRelativePathIsMadeAbsolute()
+    {
+        RunningHost running;
+        const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
+        const QString former = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(QFileInfo(path).path()));
+        running.host.documents().open(QStringLiteral("plan.dwg"));
+        QDir::setCurrent(former);
+        QCOMPARE(running.host.recentFiles().paths(), QStringList(path));
+    }
+
+    void afterTheLastDrawingNoneIsCurrent()
+    {
+        RunningHost running;
+        DocumentManager &documents = running.host.documents();
+        documents.newDocument();
+        QSignalSpy currentChanged(&documents, &DocumentManager::currentChanged);
+        DocumentListener listener(running.host);
+        documents.closeAll();
+        QCOMPARE(documents.current(), nullptr);
+        QCOMPARE(currentChanged.size(), 1);
+        QCOMPARE(listener.events.last(), QStringLiteral("ActivationModified 0"));
+    }
+
+    void closingWhatIsNotOpenDoesNothing()
+    {
+        RunningHost running;
+        Document stranger(QStringLiteral("stranger"), {});
+        DocumentListener listener(running.host);
+        running.host.documents().close(nullptr);
+        running.host.documents().close(&stranger);
+        running.host.documents().setCurrent(&stranger);
+        running.host.documents().bringToFront(&stranger);
+        QVERIFY(listener.events.isEmpty());
+    }
+
+    void aWindowThatGoesMayHandTheCurrentPlaceOn()
+    {
+        RunningHost running;
+        DocumentManager &documents = running.host.documents();
+        Document *const first = documents.newDocument();
+        documents.newDocument();
+        Document *const third = documents.newDocument();
+        // As a window area does that shows another window as soon as one is taken out.
+        connect(&documents, &DocumentManager::documentAboutToClose, &documents,
+                [&] { documents.setCurrent(first); });
+        QSignalSpy currentChanged(&documents, &DocumentManager::currentChanged);
+        documents.close(third);
+        QCOMPARE(documents.current(), first);
+        QCOMPARE(currentChanged.size(), 1);
+    }
+};
+
+QTEST_MAIN(TestDocuments)
+#include "tst_documents.moc"

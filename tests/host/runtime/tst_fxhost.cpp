@@ -1,0 +1,303 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/HostSettings.h"
+#include "host/runtime/commands/CommandStack.h"
+#include "host/runtime/documents/DocumentManager.h"
+#include "host/runtime/editor/Editor.h"
+#include "host/runtime/recent/RecentFiles.h"
+#include "tests/support/RunningHost.h"
+#include "tests/support/TestCase.h"
+
+#include <CFxEditorReactor.h>
+#include <CFxRecentFileList.h>
+#include <OdEdCommandStack.h>
+#include <OdEditor.h>
+
+#include <QDir>
+#include <QWidget>
+
+#include <memory>
+
+using fxhost::FxHost;
+
+namespace {
+
+class WindowListener : public CFxEditorReactor
+{
+public:
+    explicit WindowListener(FxHost &host) : m_host(host) { host.editor().addReactor(this); }
+    ~WindowListener() override { m_host.editor().removeReactor(this); }
+
+    void mainFrameCreated(QWidget *frame) override { note("created", frame); }
+    void mainFrameDestroyed(QWidget *frame) override { note("destroyed", frame); }
+    void windowStateChanged(QWidget *frame) override { note("changed", frame); }
+    void appActivated() override { events << QStringLiteral("app activated"); }
+    void appDeactivated() override { events << QStringLiteral("app deactivated"); }
+
+    QStringList events;
+
+private:
+    void note(const char *event, QWidget *frame)
+    {
+        const bool isCurrent = GetFxSystemServices()->GetMainFrame()->GetMainWindow() == frame;
+        events << QStringLiteral("%1 %2%3").arg(QLatin1String(event), frame->objectName(),
+                                                isCurrent ? QString() : QStringLiteral(" too late"));
+    }
+
+    FxHost &m_host;
+};
+
+//! A profile that outlives the hosts which run on it.
+class Profile
+{
+    QTemporaryDir m_folder;
+
+public:
+    const QString directory = m_folder.filePath(QStringLiteral("made/on demand"));
+
+    QString file(const char *name) const { return directory + QLatin1Char('/') + QLatin1String(name); }
+
+    void write(const char *name, const QByteArray &content) const
+    {
+        QVERIFY(QDir().mkpath(directory));
+        QFile target(file(name));
+        QVERIFY(target.open(QIODevice::WriteOnly));
+        QCOMPARE(target.write(content), qint64(content.size()));
+    }
+
+    //! What a host that starts on this profile says.
+    QStringList messagesAtStart() const
+    {
+        FxHost host(directory, QString());
+        QStringList messages;
+        connect(host, messages);
+        drainEvents();
+        return messages;
+    }
+
+    static void connect(const FxHost &host, QStringList &messages)
+    {
+        QObject::connect(&host, &FxHost::message, &host,
+                         [&messages](const QString &text) { messages.append(text); });
+    }
+};
+
+} // namespace
+
+class TestFxHost : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void withoutAHostModulesFindNothing()
+    {
+        QCOMPARE(FxHost::instance(), nullptr);
+        QCOMPARE(GetFxSystemServices(), nullptr);
+        QCOMPARE(odedRegCmds(), nullptr);
+        QCOMPARE(odedEditor(), nullptr);
+    }
+
+    void modulesReachEveryService()
+    {
+        RunningHost running;
+        CFxSystemServices *const services = GetFxSystemServices();
+        QCOMPARE(services, &running.host);
+        QCOMPARE(services->GetDocumentManager(), &running.host.documents());
+        QVERIFY(services->GetCustomization());
+        QCOMPARE(services->GetMainFrame()->GetMainWindow(), nullptr);
+
+        running.host.recentFiles().add(QStringLiteral("/a.dwg"));
+        std::vector<CFxString> paths;
+        services->GetApplication()->GetUserProfile()->GetRecentFileList()->GetPaths(paths);
+        QCOMPARE(paths, std::vector<CFxString>{CFxString(L"/a.dwg")});
+    }
+
+    void whatTheEngineGivesIsCountedAndTheCallers()
+    {
+        RunningHost running;
+        OdEdCommandStack *const stack = odedRegCmds();
+        OdEditor *const editor = odedEditor();
+        QCOMPARE(stack, &running.host.commandStack());
+        QCOMPARE(stack->numRefs(), 2);
+        QCOMPARE(editor->numRefs(), 2);
+        stack->release();
+        editor->release();
+        QCOMPARE(stack->numRefs(), 1);
+        QCOMPARE(editor->numRefs(), 1);
+    }
+
+    void theMainWindowComesAndGoes()
+    {
+        RunningHost running;
+        WindowListener listener(running.host);
+        QWidget first;
+        first.setObjectName(QStringLiteral("first"));
+        QWidget second;
+        second.setObjectName(QStringLiteral("second"));
+
+        running.host.setMainWindow(&first);
+        running.host.setMainWindow(&second);
+        running.host.setMainWindow(nullptr);
+        running.host.setMainWindow(nullptr);
+
+        QCOMPARE(listener.events,
+                 QStringList({QStringLiteral("created first"), QStringLiteral("destroyed first"),
+                              QStringLiteral("created second"), QStringLiteral("destroyed second")}));
+        QCOMPARE(GetFxSystemServices()->GetMainFrame()->GetMainWindow(), nullptr);
+    }
+
+    void aMainWindowThatDiedIsNotThereAnyMore()
+    {
+        RunningHost running;
+        WindowListener listener(running.host);
+        auto window = std::make_unique<QWidget>();
+        running.host.setMainWindow(window.get());
+        window.reset();
+        QCOMPARE(GetFxSystemServices()->GetMainFrame()->GetMainWindow(), nullptr);
+        running.host.setMainWindow(nullptr);
+        QCOMPARE(listener.events.size(), 1);
+    }
+
+    void theMainWindowsStateIsTold()
+    {
+        RunningHost running;
+        WindowListener listener(running.host);
+        QWidget window;
+        running.host.setMainWindow(&window);
+        window.setWindowState(Qt::WindowMaximized);
+        QTRY_VERIFY(listener.events.contains(QStringLiteral("changed ")));
+        running.host.setMainWindow(nullptr);
+    }
+
+    void comingToTheFrontIsTold()
+    {
+        RunningHost running;
+        WindowListener listener(running.host);
+        emit qGuiApp->applicationStateChanged(Qt::ApplicationActive);
+        emit qGuiApp->applicationStateChanged(Qt::ApplicationInactive);
+        QCOMPARE(listener.events,
+                 QStringList({QStringLiteral("app activated"), QStringLiteral("app deactivated")}));
+    }
+
+    void theEndClosesDrawingsBeforeTheWindowGoes()
+    {
+        QStringList order;
+        QWidget window;
+        class Order : public CFxEditorReactor
+        {
+        public:
+            explicit Order(QStringList &list) : m_list(list) {}
+            void mainFrameDestroyed(QWidget *) override { m_list << QStringLiteral("window"); }
+
+        private:
+            QStringList &m_list;
+        } listener(order);
+        {
+            RunningHost running;
+            running.host.setMainWindow(&window);
+            running.host.editor().addReactor(&listener);
+            running.host.documents().newDocument();
+            connect(&running.host.documents(), &fxhost::DocumentManager::documentAboutToClose, this,
+                    [&] { order << QStringLiteral("drawing"); });
+        }
+        QCOMPARE(order, QStringList({QStringLiteral("drawing"), QStringLiteral("window")}));
+    }
+
+    void recentDocumentsAndTheirNumberAreKeptAcrossRuns()
+    {
+        const Profile profile;
+        {
+            FxHost host(profile.directory, QString());
+            host.recentFiles().setMaximum(12);
+            for (int i = 1; i <= 13; ++i)
+                host.recentFiles().add(QStringLiteral("/%1.dwg").arg(i));
+        }
+        FxHost host(profile.directory, QString());
+        QCOMPARE(host.recentFiles().maximum(), 12);
+        QCOMPARE(host.recentFiles().paths().size(), 12);
+        QCOMPARE(host.recentFiles().paths().first(), QStringLiteral("/13.dwg"));
+    }
+
+    void aFreshProfileIsNothingToTalkOf()
+    {
+        const Profile profile;
+        QCOMPARE(profile.messagesAtStart(), QStringList());
+    }
+
+    void aDamagedListIsToldOnceThereIsSomebodyToHear()
+    {
+        const Profile profile;
+        profile.write("recent.txt", "rubbish");
+        const QStringList messages = profile.messagesAtStart();
+        QCOMPARE(messages.size(), 1);
+        QVERIFY2(messages.first().contains(profile.file("recent.txt")), qPrintable(messages.first()));
+        QCOMPARE(profile.messagesAtStart(), QStringList());
+    }
+
+    void damagedSettingsAreSetAside()
+    {
+        const Profile profile;
+        const QByteArray damaged = "[recent\nmaximum=25\nnonsense";
+        profile.write("settings.ini", damaged);
+        const QStringList messages = profile.messagesAtStart();
+        QCOMPARE(messages.size(), 1);
+        QVERIFY2(messages.first().contains(profile.file("settings.ini.damaged")),
+                 qPrintable(messages.first()));
+        QFile kept(profile.file("settings.ini.damaged"));
+        QVERIFY(kept.open(QIODevice::ReadOnly));
+        QCOMPARE(kept.readAll(), damaged);
+        {
+            FxHost host(profile.directory, QString());
+            QCOMPARE(host.recentFiles().maximum(), 10);
+            host.recentFiles().setMaximum(30);
+        }
+        QCOMPARE(FxHost(profile.directory, QString()).recentFiles().maximum(), 30);
+    }
+
+    void aStoredNumberThatIsNoneIsTheDefault_data()
+    {
+        QTest::addColumn<QByteArray>("value");
+        for (const char *value : {"0", "-3", "1001", "many", "", "99999999999999999999", "1.5", "@Invalid()"})
+            QTest::newRow(value) << QByteArray(value);
+    }
+
+    void aStoredNumberThatIsNoneIsTheDefault()
+    {
+        QFETCH(QByteArray, value);
+        const Profile profile;
+        profile.write("settings.ini", "[recent]\nmaximum=" + value + "\n");
+        QCOMPARE(FxHost(profile.directory, QString()).recentFiles().maximum(), 10);
+    }
+
+    void aProfileThatCannotBeMadeIsTold()
+    {
+        const Profile profile;
+        profile.write("file", "in the way");
+        FxHost host(profile.file("file/profile"), QString());
+        QStringList messages;
+        Profile::connect(host, messages);
+        drainEvents();
+        QCOMPARE(messages.size(), 1);
+        QVERIFY2(messages.first().contains(profile.file("file/profile")), qPrintable(messages.first()));
+        host.recentFiles().add(QStringLiteral("/a.dwg")); // cannot be kept, which is told as well
+        QCOMPARE(messages.size(), 2);
+        QCOMPARE(host.recentFiles().paths(), QStringList(QStringLiteral("/a.dwg")));
+    }
+
+    void settingsComeBack()
+    {
+        const Profile profile;
+        {
+            FxHost host(profile.directory, QString());
+            QVERIFY(host.settings().windowGeometry().isEmpty());
+            QVERIFY(host.settings().lastDirectory().isEmpty());
+            host.settings().setWindowGeometry(QByteArray("\x01\x00\xff geometry", 12));
+            host.settings().setLastDirectory(QStringLiteral("/pl\u00e4ne, \U0001F4D0"));
+        }
+        FxHost host(profile.directory, QString());
+        QCOMPARE(host.settings().windowGeometry(), QByteArray("\x01\x00\xff geometry", 12));
+        QCOMPARE(host.settings().lastDirectory(), QStringLiteral("/pl\u00e4ne, \U0001F4D0"));
+    }
+};
+
+QTEST_MAIN(TestFxHost)
+#include "tst_fxhost.moc"

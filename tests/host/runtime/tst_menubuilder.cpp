@@ -1,0 +1,275 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/commands/CommandRunner.h"
+#include "host/runtime/customization/Customization.h"
+#include "host/runtime/customization/MenuBuilder.h"
+#include "host/runtime/documents/Document.h"
+#include "host/runtime/documents/DocumentManager.h"
+#include "host/runtime/recent/RecentFiles.h"
+#include "tests/support/RunningHost.h"
+#include "tests/support/TestCase.h"
+
+#include <CFxUICommand.h>
+#include <CFxUIMenuItem.h>
+
+#include <QAction>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPointer>
+#include <QSignalSpy>
+
+namespace {
+
+const char data[] = R"({
+  "groups": [ { "name": "MAIN", "primary": true,
+    "commands": [
+      { "identifier": "ID_Limit", "name": "Limit", "macro": "^C^C_RECENTLIMIT 20", "help": "Sets the limit." },
+      { "identifier": "ID_New", "name": "New", "macro": "_NEW" } ],
+    "menus": [
+      { "identifier": "ID_MnFile", "label": "&File", "items": [
+        { "identifier": "MI_New", "label": "&New", "command": "ID_New", "help": "Of its own." },
+        { "identifier": "ID_RECENT_FILES_MENU", "label": "&Recent", "kind": "recentFiles" },
+        { "separator": true },
+        { "identifier": "MI_Limit", "label": "&Limit", "command": "ID_Limit" } ] },
+      { "identifier": "ID_MnWindow", "label": "&Window", "items": [
+        { "identifier": "ID_WINDOWS_MENU", "label": "&Drawings", "kind": "windows" } ] } ],
+    "accelerators": [
+      { "identifier": "ACC_New", "key": "Ctrl+N", "command": "ID_New" },
+      { "identifier": "ACC_Second", "key": "Ctrl+N", "command": "ID_Limit" },
+      { "identifier": "ACC_Recent", "key": "F4", "command": "ID_RECENT_FILES" } ] } ],
+  "startUp": { "name": "START",
+    "commands": [ { "identifier": "ID_Limit", "name": "Limit", "macro": "_RECENTLIMIT 30" } ],
+    "menus": [ { "identifier": "ID_MnStart", "label": "&File", "items": [] } ],
+    "accelerators": [ { "identifier": "ACC_Limit", "key": "Ctrl+L", "command": "ID_Limit" } ] }
+})";
+
+//! A host's window with a menu bar of the primary group.
+class Window : public RunningHost
+{
+public:
+    Window()
+    {
+        const QString problem = host.customization().load(data);
+        if (!problem.isEmpty())
+            qFatal("the test's data are damaged: %s", qPrintable(problem));
+        builder.setGroup(host.customization().primaryGroup());
+    }
+
+    //! Makes the keys live, which are those of the active window.
+    void activate()
+    {
+        frame.show();
+        frame.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&frame));
+    }
+
+    QMenu *menu(const char *identifier) const
+    {
+        const QList<QMenu *> menus = bar->findChildren<QMenu *>(QString::fromLatin1(identifier));
+        return menus.isEmpty() ? nullptr : menus.last(); // former ones are still to be deleted
+    }
+
+    QAction *action(const char *identifier) const
+    {
+        const QList<QAction *> actions = bar->findChildren<QAction *>(QString::fromLatin1(identifier));
+        return actions.isEmpty() ? nullptr : actions.last();
+    }
+
+    QStringList topLevel() const
+    {
+        QStringList identifiers;
+        const QList<QAction *> actions = bar->actions();
+        for (const QAction *action : actions)
+            identifiers.append(action->objectName());
+        return identifiers;
+    }
+
+    QMainWindow frame;
+    QMenuBar *bar = frame.menuBar();
+    fxhost::MenuBuilder builder{host, bar};
+};
+
+QStringList textsOf(const QMenu *menu)
+{
+    QStringList texts;
+    const QList<QAction *> actions = menu->actions();
+    for (const QAction *action : actions)
+        texts.append(action->text());
+    return texts;
+}
+
+} // namespace
+
+class TestMenuBuilder : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { qRegisterMetaType<fxhost::Document *>("fxhost::Document*"); }
+
+    void menusAreBuiltFromTheGroup()
+    {
+        Window window;
+        QCOMPARE(window.topLevel(),
+                 QStringList({QStringLiteral("ID_MnFile"), QStringLiteral("ID_MnWindow")}));
+        QCOMPARE(window.menu("ID_MnFile")->title(), QStringLiteral("&File"));
+        const QList<QAction *> entries = window.menu("ID_MnFile")->actions();
+        QCOMPARE(entries.size(), 4);
+        const QString key = QKeySequence(QStringLiteral("Ctrl+N")).toString(QKeySequence::NativeText);
+        QCOMPARE(entries.at(0)->text(), QStringLiteral("&New\t") + key);
+        QCOMPARE(entries.at(0)->statusTip(), QStringLiteral("Of its own."));
+        QCOMPARE(entries.at(1)->menu(), window.menu("ID_RECENT_FILES_MENU"));
+        QVERIFY(entries.at(2)->isSeparator());
+        QCOMPARE(entries.at(3)->statusTip(), QStringLiteral("Sets the limit."));
+    }
+
+    void anEntryRunsItsMacro()
+    {
+        Window window;
+        window.action("MI_Limit")->trigger();
+        QTRY_COMPARE(window.host.recentFiles().maximum(), 20);
+    }
+
+    void anEntryMayRefreshTheMenuThatItIsIn()
+    {
+        Window window;
+        connect(&window.host.commands(), &fxhost::CommandRunner::commandStarted, &window.host.customization(),
+                [&] { window.host.customization().Refresh(); });
+        const QPointer<QMenu> former = window.menu("ID_MnFile");
+        window.action("MI_Limit")->trigger();
+        QTRY_COMPARE(window.host.recentFiles().maximum(), 20);
+        QTRY_VERIFY(!former);
+        QCOMPARE(window.bar->actions().size(), 2);
+    }
+
+    void refreshShowsWhatAModuleInserted()
+    {
+        Window window;
+        fxhost::Customization &customization = window.host.customization();
+        CFxUIGroup *const group = customization.primaryGroup();
+        CFxUIMenuItem *const item = customization.CreateMenuItem(nullptr, QStringLiteral("Browse"), QString(),
+                                                                 QStringLiteral("PMI_BROWSE"));
+        item->SetCommand(group->GetCommand(0));
+        CFxUIMenuItem *const file = group->GetMenu(0);
+        QVERIFY(file->InsertChild(file->GetChildCount() - 2, item));
+        QCOMPARE(window.action("PMI_BROWSE"), nullptr);
+
+        customization.Refresh();
+
+        const QAction *const shown = window.action("PMI_BROWSE");
+        QVERIFY(shown->isEnabled());
+        QCOMPARE(shown->statusTip(), QStringLiteral("Sets the limit."));
+        QCOMPARE(window.menu("ID_MnFile")->actions().indexOf(const_cast<QAction *>(shown)), 3);
+    }
+
+    void anEntryWithoutADefinitionCannotBeChosen()
+    {
+        Window window;
+        fxhost::Customization &customization = window.host.customization();
+        CFxUIMenuItem *const item = customization.CreateMenuItem(nullptr, QStringLiteral("Browse"), QString(),
+                                                                 QStringLiteral("PMI_BROWSE"));
+        QVERIFY(customization.primaryGroup()->GetMenu(0)->InsertChild(0, item));
+        customization.Refresh();
+        QVERIFY(!window.action("PMI_BROWSE")->isEnabled());
+    }
+
+    void aKeyRunsItsMacro()
+    {
+        Window window;
+        window.activate();
+        QTest::keyClick(&window.frame, Qt::Key_N, Qt::ControlModifier);
+        QTRY_COMPARE(window.host.documents().documents().size(), std::size_t(1));
+        drainEvents();
+        QCOMPARE(window.logged(),
+                 QStringList(QStringLiteral("command _NEW 5100"))); // the second Ctrl+N is idle
+    }
+
+    void aKeyBecomesLiveWhenItsDefinitionAppears()
+    {
+        Window window;
+        window.activate();
+        QTest::keyClick(&window.frame, Qt::Key_F4);
+        drainEvents();
+        QVERIFY(window.logged().isEmpty());
+
+        fxhost::Customization &customization = window.host.customization();
+        CFxUICommand *const command = customization.CreateCommand(QStringLiteral("ID_RECENT_FILES"));
+        command->SetMacro(QStringLiteral("^C^C_RECENTLIMIT 40"));
+        customization.primaryGroup()->AppendCommand(command);
+        customization.Refresh();
+        QTest::keyClick(&window.frame, Qt::Key_F4);
+        QTRY_COMPARE(window.host.recentFiles().maximum(), 40);
+    }
+
+    void anotherGroupTakesTheBarAndTheKeys()
+    {
+        Window window;
+        window.activate();
+        window.builder.setGroup(window.host.customization().startUpGroup());
+        QCOMPARE(window.topLevel(), QStringList(QStringLiteral("ID_MnStart")));
+        QTest::keyClick(&window.frame, Qt::Key_N, Qt::ControlModifier);
+        QTest::keyClick(&window.frame, Qt::Key_L, Qt::ControlModifier);
+        QTRY_COMPARE(window.host.recentFiles().maximum(), 30);
+        drainEvents();
+        QVERIFY(window.host.documents().documents().empty());
+        window.builder.setGroup(nullptr);
+        QVERIFY(window.topLevel().isEmpty());
+    }
+
+    void recentDocumentsAreListedWhenTheMenuOpens()
+    {
+        Window window;
+        const QString path = window.makeDrawing(QStringLiteral("R&D\tplan.dwg"));
+        QMenu *const menu = window.menu("ID_RECENT_FILES_MENU");
+        emit menu->aboutToShow();
+        QCOMPARE(menu->actions().size(), 1);
+        QVERIFY(!menu->actions().first()->isEnabled());
+
+        window.host.recentFiles().setPaths({path, QStringLiteral("/b.dwg")});
+        emit menu->aboutToShow();
+        const QString escaped = QString(path).replace(QLatin1String("R&D\t"), QLatin1String("R&&D "));
+        QCOMPARE(textsOf(menu), QStringList({QStringLiteral("&1 ") + escaped, QStringLiteral("&2 /b.dwg")}));
+
+        menu->actions().first()->trigger();
+        QTRY_COMPARE(window.host.documents().documents().size(), std::size_t(1));
+        QCOMPARE(QString(window.host.documents().current()->path()), path);
+    }
+
+    void openDrawingsAreListedWhenTheMenuOpens()
+    {
+        Window window;
+        QMenu *const menu = window.menu("ID_WINDOWS_MENU");
+        emit menu->aboutToShow();
+        QVERIFY(!menu->actions().first()->isEnabled());
+
+        fxhost::DocumentManager &documents = window.host.documents();
+        fxhost::Document *const first = documents.newDocument();
+        documents.newDocument();
+        emit menu->aboutToShow();
+        QCOMPARE(textsOf(menu), QStringList({QStringLiteral("&1 Drawing1"), QStringLiteral("&2 Drawing2")}));
+        QVERIFY(!menu->actions().first()->isChecked());
+        QVERIFY(menu->actions().last()->isChecked());
+
+        QSignalSpy activateRequested(&documents, &fxhost::DocumentManager::activateRequested);
+        menu->actions().first()->trigger();
+        QTRY_COMPARE(documents.current(), first);
+        QCOMPARE(activateRequested.size(), 1);
+    }
+
+    void aListedDrawingThatIsClosedMeanwhileIsPassedOver()
+    {
+        Window window;
+        QMenu *const menu = window.menu("ID_WINDOWS_MENU");
+        fxhost::DocumentManager &documents = window.host.documents();
+        fxhost::Document *const first = documents.newDocument();
+        fxhost::Document *const second = documents.newDocument();
+        emit menu->aboutToShow();
+        menu->actions().first()->trigger();
+        documents.close(first);
+        drainEvents();
+        QCOMPARE(documents.current(), second);
+    }
+};
+
+QTEST_MAIN(TestMenuBuilder)
+#include "tst_menubuilder.moc"

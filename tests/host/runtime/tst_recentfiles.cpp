@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/recent/RecentFiles.h"
+#include "tests/support/TestCase.h"
+
+#include <QSignalSpy>
+
+using fxhost::RecentFiles;
+
+namespace {
+
+QStringList numbered(int first, int last)
+{
+    QStringList paths;
+    const int step = first <= last ? 1 : -1;
+    for (int i = first; i != last + step; i += step)
+        paths.append(QStringLiteral("/drawings/%1.dwg").arg(i));
+    return paths;
+}
+
+} // namespace
+
+class TestRecentFiles : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void theLastAddedComesFirst()
+    {
+        RecentFiles list;
+        list.add(QStringLiteral("/a.dwg"));
+        list.add(QStringLiteral("/b.dwg"));
+        QCOMPARE(list.paths(), QStringList({QStringLiteral("/b.dwg"), QStringLiteral("/a.dwg")}));
+    }
+
+    void whatIsListedMovesToTheTop()
+    {
+        RecentFiles list;
+        list.setPaths(numbered(1, 3));
+        list.add(QStringLiteral("/drawings/3.dwg"));
+        QCOMPARE(list.paths(),
+                 QStringList({QStringLiteral("/drawings/3.dwg"), QStringLiteral("/drawings/1.dwg"),
+                              QStringLiteral("/drawings/2.dwg")}));
+    }
+
+    void pathsThatDifferInCaseOrSeparatorsAreDifferent()
+    {
+        RecentFiles list;
+        list.setPaths({QStringLiteral("/A.dwg"), QStringLiteral("/a.dwg"), QStringLiteral("//a.dwg")});
+        QCOMPARE(list.paths().size(), 3);
+    }
+
+    void anEmptyPathIsNotListed()
+    {
+        RecentFiles list;
+        list.add(QString());
+        QVERIFY(list.paths().isEmpty());
+    }
+
+    void theEleventhPushesTheOldestOut()
+    {
+        RecentFiles list;
+        for (const QString &path : numbered(1, 11))
+            list.add(path);
+        QCOMPARE(list.paths(), numbered(11, 2));
+    }
+
+    void aSmallerMaximumShortensTheList()
+    {
+        RecentFiles list;
+        list.setPaths(numbered(1, 10));
+        QVERIFY(list.setMaximum(4));
+        QCOMPARE(list.paths(), numbered(1, 4));
+    }
+
+    void aLargerMaximumTakesMore()
+    {
+        RecentFiles list;
+        QVERIFY(list.setMaximum(RecentFiles::largestMaximum));
+        list.setPaths(numbered(1, 1001));
+        QCOMPARE(list.paths(), numbered(1, 1000));
+    }
+
+    void aMaximumOutOfRangeIsRefused_data()
+    {
+        QTest::addColumn<int>("maximum");
+        QTest::newRow("none at all") << 0;
+        QTest::newRow("negative") << -1;
+        QTest::newRow("one too many") << 1001;
+    }
+
+    void aMaximumOutOfRangeIsRefused()
+    {
+        QFETCH(int, maximum);
+        RecentFiles list;
+        QSignalSpy maximumChanged(&list, &RecentFiles::maximumChanged);
+        QVERIFY(!list.setMaximum(maximum));
+        QCOMPARE(list.maximum(), 10);
+        QVERIFY(maximumChanged.isEmpty());
+    }
+
+    void removingTellsWhetherItWasListed()
+    {
+        RecentFiles list;
+        list.setPaths(numbered(1, 2));
+        QVERIFY(list.remove(QStringLiteral("/drawings/1.dwg")));
+        QVERIFY(!list.remove(QStringLiteral("/drawings/1.dwg")));
+        QCOMPARE(list.paths(), numbered(2, 2));
+        list.clear();
+        QVERIFY(list.paths().isEmpty());
+    }
+
+    void onlyRealChangesAreTold()
+    {
+        RecentFiles list;
+        QSignalSpy changed(&list, &RecentFiles::changed);
+        list.add(QStringLiteral("/a.dwg"));
+        QCOMPARE(changed.size(), 1);
+        list.add(QStringLiteral("/a.dwg"));
+        list.setMaximum(5);
+        list.remove(QStringLiteral("/never there.dwg"));
+        QCOMPARE(changed.size(), 1);
+    }
+
+    void aModuleGetsTheSamePaths()
+    {
+        RecentFiles list;
+        const QString astral = QStringLiteral("/\u6771\u4eac \U0001F4D0.dwg");
+        list.setPaths({astral, QStringLiteral("/b.dwg")});
+        std::vector<CFxString> paths{CFxString(L"left over")};
+        list.GetPaths(paths);
+        QCOMPARE(paths.size(), std::size_t(2));
+        QCOMPARE(QString(paths[0]), astral);
+        QCOMPARE(QString(paths[1]), QStringLiteral("/b.dwg"));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestRecentFiles)
+#include "tst_recentfiles.moc"

@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/recent/RecentFileStore.h"
+#include "tests/support/TestCase.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using fxhost::RecentFileStore;
+
+namespace {
+
+//! The path of a list in a folder of its own.
+class ListFile
+{
+    QTemporaryDir m_folder;
+
+public:
+    const QString path = m_folder.filePath(QStringLiteral("recent.txt"));
+
+    QString folder() const { return m_folder.path(); }
+    QString aside(const QString &suffix = QString()) const
+    {
+        return path + QLatin1String(".damaged") + suffix;
+    }
+
+    void write(const QByteArray &bytes) const
+    {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(bytes), qint64(bytes.size()));
+    }
+
+    static QByteArray contentOf(const QString &file)
+    {
+        QFile source(file);
+        return source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray("unreadable");
+    }
+
+    void setWritable(bool writable) const
+    {
+        const QFile::Permissions always = QFile::ReadOwner | QFile::ExeOwner;
+        QVERIFY(QFile::setPermissions(m_folder.path(), writable ? always | QFile::WriteOwner : always));
+    }
+};
+
+} // namespace
+
+class TestRecentFileStore : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void aListComesBackAsItWasSaved()
+    {
+        const ListFile list;
+        const QStringList paths = {
+            QStringLiteral("/home/me/plan.dwg"),
+            QStringLiteral("/with blanks /and % percent%41.dwg "),
+            QStringLiteral("/line\nend\rand\ttab\x7f.dwg"),
+            QStringLiteral("/\u00fcml\u00e4ut/\u6771\u4eac/\U0001F4D0.dwg"),
+            QStringLiteral("//twice//slashed/../dotted.dwg"),
+            QStringLiteral("/\u2028line separator.dwg"),
+        };
+        QCOMPARE(RecentFileStore(list.path).save(paths), QString());
+        const RecentFileStore::Loaded loaded = RecentFileStore(list.path).load();
+        QCOMPARE(loaded.paths, paths);
+        QCOMPARE(loaded.problem, QString());
+    }
+
+    void aThousandLongPathsComeBack()
+    {
+        const ListFile list;
+        QStringList paths;
+        for (int i = 0; i < 1000; ++i)
+            paths.append(QLatin1Char('/') + QString(4090, QLatin1Char('\n')) + QString::number(i));
+        QCOMPARE(RecentFileStore(list.path).save(paths), QString());
+        QCOMPARE(RecentFileStore(list.path).load().paths, paths);
+    }
+
+    void aPersonCanReadTheFile()
+    {
+        const ListFile list;
+        RecentFileStore(list.path).save(
+            {QStringLiteral("/pl\u00e4ne/100% neu.dwg"), QStringLiteral("/b.dwg")});
+        QCOMPARE(ListFile::contentOf(list.path),
+                 QByteArray("fxhost recent documents 1\n/pl\xc3\xa4ne/100%25 neu.dwg\n/b.dwg\n"));
+    }
+
+    void anEmptyListIsAFileToo()
+    {
+        const ListFile list;
+        RecentFileStore(list.path).save({});
+        const RecentFileStore::Loaded loaded = RecentFileStore(list.path).load();
+        QVERIFY(loaded.paths.isEmpty());
+        QCOMPARE(loaded.problem, QString());
+    }
+
+    void noFileIsAnEmptyList()
+    {
+        const ListFile list;
+        const RecentFileStore::Loaded loaded = RecentFileStore(list.path).load();
+        QVERIFY(loaded.paths.isEmpty());
+        QCOMPARE(loaded.problem, QString());
+    }
+
+    void aDamagedFileIsSetAside_data()
+    {
+        QTest::addColumn<QByteArray>("damaged");
+        const QByteArray header = "fxhost recent documents 1\n";
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("only zeros") << QByteArray(64, '\0');
+        QTest::newRow("another header") << QByteArray("fxhost recent documents 2\n/a.dwg\n");
+        QTest::newRow("cut inside the header") << header.left(10);
+        QTest::newRow("cut inside a path") << header + "/a.dwg\n/home/me/b";
+        QTest::newRow("an empty line") << header + "/a.dwg\n\n/b.dwg\n";
+        QTest::newRow("a relative path") << header + "a.dwg\n";
+        QTest::newRow("a percent sign without digits") << header + "/100%.dwg\n";
+        QTest::newRow("a percent sign with one digit") << header + "/a%2\n";
+        QTest::newRow("an escape that was not needed") << header + "/%41.dwg\n";
+        QTest::newRow("bytes that are no UTF-8") << header + "/\xff\xfe.dwg\n";
+        QTest::newRow("a control character") << header + "/a\x01.dwg\n";
+        QTest::newRow("a zero byte") << header + QByteArray("/a\0.dwg\n", 8);
+        QTest::newRow("Windows line ends") << QByteArray("fxhost recent documents 1\r\n/a.dwg\r\n");
+        QTest::newRow("larger than any list") << header + QByteArray(13 * 1024 * 1024, '/') + '\n';
+    }
+
+    void aDamagedFileIsSetAside()
+    {
+        QFETCH(QByteArray, damaged);
+        const ListFile list;
+        list.write(damaged);
+        RecentFileStore store(list.path);
+        const RecentFileStore::Loaded loaded = store.load();
+        QVERIFY(loaded.paths.isEmpty());
+        const QString aside = list.aside();
+        QVERIFY2(loaded.problem.contains(list.path) && loaded.problem.contains(aside),
+                 qPrintable(loaded.problem));
+        QCOMPARE(ListFile::contentOf(aside), damaged);
+        QVERIFY(!QFile::exists(list.path));
+        QCOMPARE(store.save({QStringLiteral("/new.dwg")}), QString());
+        QCOMPARE(RecentFileStore(list.path).load().paths, QStringList(QStringLiteral("/new.dwg")));
+    }
+
+    void whatWasSetAsideBeforeIsKept()
+    {
+        const ListFile list;
+        const QStringList generations = {QStringLiteral("first"), QStringLiteral("second"),
+                                         QStringLiteral("third")};
+        for (const QString &generation : generations) {
+            list.write(generation.toUtf8());
+            RecentFileStore(list.path).load();
+        }
+        QStringList kept;
+        for (const QString &suffix : {QString(), QStringLiteral("-2"), QStringLiteral("-3")})
+            kept.append(QString::fromUtf8(ListFile::contentOf(list.aside(suffix))));
+        QCOMPARE(kept, generations);
+    }
+
+    void aDirectoryInItsPlaceIsSetAside()
+    {
+        const ListFile list;
+        QVERIFY(QDir().mkpath(list.path));
+        RecentFileStore store(list.path);
+        QVERIFY(!store.load().problem.isEmpty());
+        QVERIFY(QFileInfo(list.aside()).isDir());
+        QCOMPARE(store.save({}), QString());
+    }
+
+    void aFifoInItsPlaceDoesNotHang()
+    {
+        const ListFile list;
+        QCOMPARE(mkfifo(QFile::encodeName(list.path).constData(), S_IRUSR | S_IWUSR), 0);
+        QVERIFY(!RecentFileStore(list.path).load().problem.isEmpty());
+    }
+
+    void aListThatCannotBeWrittenIsTold()
+    {
+        const ListFile list;
+        const QString nowhere = list.folder() + QStringLiteral("/no such directory/recent.txt");
+        const QString problem = RecentFileStore(nowhere).save({QStringLiteral("/a.dwg")});
+        QVERIFY2(problem.contains(nowhere), qPrintable(problem));
+    }
+
+    void theFormerListSurvivesAFailedWrite()
+    {
+        // A directory that takes no new file: the list cannot be written beside itself.
+        if (geteuid() == 0)
+            QSKIP("the superuser may write everywhere");
+        const ListFile list;
+        RecentFileStore(list.path).save({QStringLiteral("/former.dwg")});
+        list.setWritable(false);
+        const QString problem = RecentFileStore(list.path).save({QStringLiteral("/new.dwg")});
+        list.setWritable(true);
+        QVERIFY(!problem.isEmpty());
+        QCOMPARE(RecentFileStore(list.path).load().paths, QStringList(QStringLiteral("/former.dwg")));
+    }
+
+    void aDamagedFileThatCannotBeRenamedIsLeftAlone()
+    {
+        if (geteuid() == 0)
+            QSKIP("the superuser may write everywhere");
+        const ListFile list;
+        list.write("damaged");
+        list.setWritable(false);
+        RecentFileStore store(list.path);
+        const QString problem = store.load().problem;
+        list.setWritable(true);
+        QVERIFY(!problem.isEmpty());
+        store.save({QStringLiteral("/new.dwg")});
+        QCOMPARE(ListFile::contentOf(list.path), QByteArray("damaged"));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestRecentFileStore)
+#include "tst_recentfilestore.moc"

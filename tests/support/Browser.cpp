@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/Browser.h"
+
+#include "module/OdRxUnixModuleRecentDocumentBrowser.h"
+#include "state/FolderPinButton.h"
+#include "tests/support/TestCase.h"
+#include "ui/RecentDocDialog.h"
+#include "ui/RecentDocMainWindow.h"
+
+#include <QFile>
+
+namespace {
+
+QStringList numberedNames(int count)
+{
+    QStringList names;
+    for (int i = 1; i <= count; ++i)
+        names.append(QStringLiteral("drawing %1.dwg").arg(i));
+    return names;
+}
+
+} // namespace
+
+QImage pictureOf(const QString &path)
+{
+    QImage image(64, 48, QImage::Format_RGB32);
+    image.fill(QColor::fromHsv(static_cast<int>(qHash(path, 1) % 360), 200, 220));
+    return image;
+}
+
+Browser::Browser(int count) : Browser(numberedNames(count)) {}
+
+Browser::Browser(const QStringList &names)
+    : m_module(std::make_unique<OdRxUnixModuleRecentDocumentBrowser>(nullptr, L"browser"))
+{
+    makeFiles(names);
+    host.onLoadPreview = [](const QString &path, QImage &image) {
+        image = pictureOf(path);
+        return true;
+    };
+    host.mainWindow().setGeometry(0, 0, 1300, 800);
+}
+
+Browser::~Browser()
+{
+    m_module.reset(); // takes popups and menus with it
+    drainEvents();
+    RecentDocumentBrowser::recentFileImageMap.clear();
+}
+
+void Browser::makeFiles(const QStringList &names)
+{
+    for (const QString &name : names) {
+        QFile file(m_folder.filePath(name));
+        if (!file.open(QIODevice::WriteOnly))
+            qFatal("cannot make %s", qPrintable(file.fileName()));
+        m_paths.append(file.fileName());
+    }
+    host.setRecent(m_paths);
+}
+
+void Browser::createDocument()
+{
+    m_module->DocumentCreated(nullptr);
+}
+
+RecentDocMainWindow *Browser::openPopup()
+{
+    auto *popup = new RecentDocMainWindow(&host.mainWindow());
+    popup->show();
+    return popup;
+}
+
+QList<RecentDocDialog *> Browser::tiles() const
+{
+    return RecentDocumentBrowser::recentDocDialogList;
+}
+
+FolderPinButton *Browser::button(const QWidget *parent, const char *name)
+{
+    return parent->findChild<FolderPinButton *>(QLatin1String(name));
+}

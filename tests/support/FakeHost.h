@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <CFxDocumentManager.h>
+#include <CFxPreviewBitmap.h>
+#include <CFxRecentFileList.h>
+#include <CFxServices.h>
+#include <OdEdCommandStack.h>
+#include <OdEditor.h>
+
+#include <QImage>
+#include <QStringList>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+//! A host that does nothing but remember what it was asked for, and that may lack anything: for what the real
+//! host cannot be made to do. While one exists, GetFxSystemServices(), odedRegCmds(), odedEditor() and
+//! CFxPreviewBitmap::Create() of the test program lead here. Every call is a line in calls, in order.
+class FakeHost
+{
+public:
+    struct OpenCall
+    {
+        QString path;
+        int mode;
+        int flags;
+        bool resultWasEmpty;
+    };
+
+    FakeHost();
+    ~FakeHost();
+    static FakeHost *instance();
+
+    //! The recent documents, most recent first.
+    void setRecent(const QStringList &paths);
+
+    // What the host lacks.
+    bool hasServices = true;
+    bool hasApplication = true;
+    bool hasUserProfile = true;
+    bool hasRecentFileList = true;
+    bool hasMainFrame = true;
+    bool hasMainWindow = true;
+    bool hasDocumentManager = true;
+    bool hasCustomization = true;
+    bool hasCommandStack = true;
+    bool hasEditor = true;
+
+    // What happens inside the host's operations; may be empty. They may throw.
+    std::function<void(const QString &path)> onOpen;
+    std::function<void(const QString &name)> onRunCommand;
+    std::function<void()> onCommandStack; //!< before each addCommand, removeCommand and lookupCommand
+    std::function<void()> onEditor;       //!< before each addReactor and removeReactor
+    //! In place of reading a file's picture: fills image and returns whether there was one. Runs on worker
+    //! threads. Empty: no file has a picture.
+    std::function<bool(const QString &path, QImage &image)> onLoadPreview;
+    bool previewsAreValid = true;
+    //! Told of each step in reading a file's picture, before it is taken: "create", "load", "validate",
+    //! "convert", and "converted" once the image has been filled. Runs on worker threads.
+    std::function<void(const QString &step)> onPreviewStep;
+    bool runCommandGivesHandle = true;
+
+    // What came of it.
+    QStringList calls;
+    std::vector<OpenCall> opened;
+    QStringList commandsRun;
+    std::vector<OdEdCommand *> commands; //!< on the stack, in order of registration
+    std::vector<CFxDocumentManagerReactor *> documentReactors;
+    std::vector<OdEditorReactor *> editorReactors;
+    int openReferences = 0; //!< to stack, editor, found commands and command runs, taken and not yet released
+    int previewsCreated() const;
+    int previewsAlive() const;
+
+    //! The main window: a plain widget whose geometry tests set.
+    QWidget &mainWindow() { return *m_mainWindow; }
+
+    QStringList openedPaths() const;
+
+private:
+    friend CFxSystemServices *GetFxSystemServices();
+    friend OdEdCommandStack *odedRegCmds();
+    friend OdEditor *odedEditor();
+    class Services;
+    class Stack;
+    class EditorObject;
+    class Run;
+
+    std::unique_ptr<Services> m_services;
+    std::unique_ptr<Stack> m_stack;
+    std::unique_ptr<EditorObject> m_editor;
+    std::vector<std::unique_ptr<Run>> m_runs;
+    std::unique_ptr<QWidget> m_mainWindow;
+    std::vector<CFxString> m_recent;
+};

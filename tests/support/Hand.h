@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPoint>
+#include <QRect>
+#include <QString>
+#include <QWidget>
+
+//! A person at the display: moves the real pointer and presses real buttons and keys, through the X server.
+//! Each call returns when the server has the input; what comes of it must be waited for.
+namespace Hand {
+
+void moveTo(const QPoint &global);
+//! To a point of the widget, its centre by default.
+void moveTo(const QWidget *widget);
+void moveTo(const QWidget *widget, const QPoint &local);
+
+//! Where the pointer is. \param button 1 left, 2 middle, 3 right
+void click(int button = 1);
+void doubleClick();
+void press(int button = 1);
+void release(int button = 1);
+//! \param key as X names it: "Tab", "shift+Left", "F4"
+void key(const QString &key);
+//! Holds a modifier ("shift", "ctrl", "alt") down until releaseKey().
+void holdKey(const QString &key);
+void releaseKey(const QString &key);
+
+//! The window's rectangle as the X server has it, in its pixels.
+QRect realGeometry(WId window);
+//! Keeps a picture of the whole screen as screenshots/NAME.png in the working directory.
+void keepScreenshot(const QString &name);
+
+} // namespace Hand

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+
+//! Builds PNG files chunk by chunk, sound ones and broken ones.
+namespace testbytes {
+
+//! A chunk with its length and a right checksum. \param type four letters
+QByteArray pngChunk(const QByteArray &type, const QByteArray &data);
+
+//! What the image header of a PNG says. Sizes in pixels.
+struct PngHeader
+{
+    quint32 width = 0;
+    quint32 height = 0;
+    int bitDepth = 8;
+    int colorType = 6; //!< 0 grey, 2 colour, 3 palette, 4 grey with alpha, 6 colour with alpha
+    bool isInterlaced = false;
+
+    //! The chunk.
+    QByteArray bytes() const;
+    //! Size in bytes of the picture before compression, filter bytes included.
+    int rawSize() const;
+};
+
+//! A PNG of zeros throughout: as good as any other to fill memory with.
+//! \param extraChunks stand between header and data
+QByteArray blankPng(const PngHeader &header, const QByteArray &extraChunks = {});
+
+//! A PNG of the picture.
+QByteArray pngOf(const QImage &picture);
+
+//! The same PNG with another image header, its checksum right.
+QByteArray withHeader(QByteArray png, const PngHeader &header);
+
+} // namespace testbytes

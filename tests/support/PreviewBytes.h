@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QMetaType>
+#include <QVector>
+
+#include <array>
+#include <optional>
+
+//! Builds drawing files byte by byte, sound ones and broken ones. It shares nothing with the reader that it
+//! tests. Numbers are little-endian, sizes and places in bytes.
+namespace testbytes {
+
+QByteArray number16(quint32 value);
+QByteArray number32(quint32 value);
+
+//! A bitmap as drawings store it: a header, masks, a palette and pixels, all of it as given.
+struct BitmapBytes
+{
+    quint32 headerSize = 40;
+    qint32 width = 0;
+    qint32 height = 0;
+    quint32 planes = 1;
+    quint32 bits = 32;
+    quint32 compression = 0;
+    quint32 imageSize = 0;
+    quint32 colorsUsed = 0;
+    std::optional<std::array<quint32, 3>> masks; //!< red, green, blue
+    QByteArray palette;
+    QByteArray pixels;
+
+    //! The header's fields are written as far as headerSize reaches; what is above 40 is zeros, masks apart.
+    QByteArray bytes() const;
+};
+
+//! The colour of a pixel of every picture below. Bitmaps of 16 bits are sure of each channel's high five
+//! alone.
+QRgb patternColor(int bits, int x, int y);
+//! What a reader must make of patternBitmap() of the same arguments, in Format_RGB32.
+QImage patternPicture(int bits, int width, int height);
+//! A sound bitmap, bottom-up and uncompressed. The palette's fourth bytes and the unused byte of 32-bit
+//! pixels are rubbish, as drawings have them.
+BitmapBytes patternBitmap(int bits, int width, int height);
+//! The same with the top row first.
+BitmapBytes topDown(BitmapBytes bitmap);
+//! The same (8 bits) with each row as runs of one pixel.
+BitmapBytes inRuns(BitmapBytes bitmap);
+
+//! An entry of the preview section.
+struct StoredEntry
+{
+    int code = 0;
+    QByteArray data;
+    std::optional<quint32> address = std::nullopt; //!< what the table says instead of the truth
+    std::optional<quint32> size = std::nullopt;    //!< likewise
+};
+
+StoredEntry zerosEntry(); //!< code 1, with which most drawings begin their list
+StoredEntry bitmapEntry(const QByteArray &data);
+StoredEntry metafileEntry();
+StoredEntry pngEntry(const QByteArray &data);
+
+//! A drawing file: its start, filling, a preview section, filling.
+struct DrawingBytes
+{
+    QByteArray version = "AC1032";
+    int sectionAt = 448; //!< at least 17
+    QVector<StoredEntry> entries;
+    int bytesBehind = 100;
+
+    // What the file says or holds instead of the truth.
+    std::optional<quint32> address = std::nullopt;
+    std::optional<quint32> overallSize = std::nullopt;
+    std::optional<quint8> count = std::nullopt;
+    std::optional<QByteArray> beginSentinel = std::nullopt;
+    std::optional<QByteArray> endSentinel = std::nullopt;
+
+    //! Where the entries' table begins.
+    int tableAt() const { return sectionAt + 21; }
+    //! Where the data of the first entry begins; each follows the one before.
+    int dataAt() const { return tableAt() + 9 * entries.size(); }
+    QByteArray bytes() const;
+};
+
+//! A drawing with the usual list: zeros, then this.
+DrawingBytes drawingWith(const StoredEntry &picture);
+
+//! Writes a file. \return path
+QString writeFile(const QString &path, const QByteArray &bytes);
+
+} // namespace testbytes
+
+Q_DECLARE_METATYPE(testbytes::BitmapBytes)
+Q_DECLARE_METATYPE(testbytes::StoredEntry)
+Q_DECLARE_METATYPE(testbytes::DrawingBytes)

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/RealBrowser.h"
+
+#include "host/runtime/commands/CommandRunner.h"
+#include "host/runtime/documents/DocumentManager.h"
+#include "host/runtime/modules/ModuleManager.h"
+#include "host/runtime/recent/RecentFiles.h"
+#include "samples/DrawingWriter.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QFile>
+#include <QGraphicsEffect>
+#include <QLabel>
+#include <QMenu>
+#include <QToolButton>
+#include <QtTest>
+
+#include <dlfcn.h>
+
+namespace {
+
+QStringList numberedNames(int count)
+{
+    QStringList names;
+    for (int i = 1; i <= count; ++i)
+        names.append(QStringLiteral("plan %1.dwg").arg(i));
+    return names;
+}
+
+//! A picture of its own colour for each drawing.
+QByteArray drawingBytes(int number)
+{
+    QImage picture(180, 112, QImage::Format_RGB32);
+    picture.fill(QColor::fromHsv((number * 47) % 360, 160, 230));
+    return fxsamples::drawingFile(picture, {});
+}
+
+} // namespace
+
+RealBrowser::RealBrowser(int count, const QRect &frame) : RealBrowser(numberedNames(count), frame) {}
+
+RealBrowser::RealBrowser(const QStringList &names, const QRect &frame)
+    : m_host(std::make_unique<fxhost::FxHost>(m_folder.filePath(QStringLiteral("profile")),
+                                              m_folder.filePath(QStringLiteral("log")))),
+      m_window(std::make_unique<QMainWindow>())
+{
+    makeDrawings(names);
+    if (!m_host->modules().load(QStringLiteral(MODULE_FILE)))
+        qFatal("the module cannot be loaded");
+    m_window->setGeometry(frame);
+    m_window->show();
+    if (!QTest::qWaitForWindowActive(m_window.get()))
+        qFatal("the main window does not become active");
+    m_host->setMainWindow(m_window.get());
+    m_host->recentFiles().setMaximum(fxhost::RecentFiles::largestMaximum);
+    m_host->recentFiles().setPaths(m_paths);
+    m_host->documents().newDocument();
+}
+
+RealBrowser::~RealBrowser()
+{
+    m_host->setMainWindow(nullptr);
+    m_window.reset();
+    m_host.reset();
+}
+
+void RealBrowser::makeDrawings(const QStringList &names)
+{
+    for (const QString &name : names) {
+        QFile file(m_folder.filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(drawingBytes(m_paths.size())) < 0)
+            qFatal("cannot make %s", qPrintable(file.fileName()));
+        m_paths.append(file.fileName());
+    }
+}
+
+QStringList RealBrowser::log() const
+{
+    QFile file(m_folder.filePath(QStringLiteral("log")));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+QDialog *RealBrowser::openPopup()
+{
+    const QList<QDialog *> before = popups();
+    m_host->commands().runLine(QStringLiteral("_RECENT"));
+    for (QDialog *popup : popups()) {
+        if (!before.contains(popup))
+            return QTest::qWaitForWindowActive(popup) ? popup : nullptr;
+    }
+    return nullptr;
+}
+
+QList<QDialog *> RealBrowser::popups()
+{
+    QList<QDialog *> found;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        if (window->objectName() == QLatin1String("RecentDocMainWindow") && window->isVisible())
+            found.append(qobject_cast<QDialog *>(window));
+    }
+    return found;
+}
+
+QList<QDialog *> RealBrowser::tiles(const QWidget *popup)
+{
+    return popup->findChildren<QDialog *>(QStringLiteral("RecentDocDialog"));
+}
+
+QString RealBrowser::pathLine(const QWidget *popup)
+{
+    return popup->findChild<QLabel *>(QStringLiteral("main_label_path"))->text();
+}
+
+QToolButton *RealBrowser::button(const QWidget *parent, const char *name)
+{
+    return parent->findChild<QToolButton *>(QLatin1String(name));
+}
+
+bool RealBrowser::isHighlighted(const QWidget *tile)
+{
+    const QGraphicsEffect *effect = tile->graphicsEffect();
+    return effect && effect->property("color").value<QColor>() == QColor(0, 0, 150, 100);
+}
+
+void RealBrowser::addRecentFiles(QMenu *menu, QAction *before)
+{
+    // The module exports it for hosts that show its entries in a menu of theirs.
+    void *library = dlopen(MODULE_FILE, RTLD_NOW | RTLD_NOLOAD);
+    const auto function = reinterpret_cast<void (*)(QMenu *, QAction *)>(
+        dlsym(library, "_ZN21RecentDocumentBrowser14AddRecentFilesEP5QMenuP7QAction"));
+    if (!function)
+        qFatal("the module does not export AddRecentFiles");
+    function(menu, before);
+    dlclose(library);
+}

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/runtime/FxHost.h"
+
+#include <QMainWindow>
+#include <QPointer>
+#include <QTemporaryDir>
+
+class QAction;
+class QDialog;
+class QLabel;
+class QMenu;
+class QToolButton;
+
+//! The built module, loaded by path into the real host runtime behind a plain main window, over sample
+//! drawings that exist. What is asked of the module goes through the host; what it shows is found by object
+//! names.
+class RealBrowser
+{
+public:
+    //! Makes and lists count drawings, the first as the most recent, and creates a new drawing.
+    //! \param frame the main window's geometry, in pixels
+    RealBrowser(int count, const QRect &frame);
+    //! The same with files of these names.
+    RealBrowser(const QStringList &names, const QRect &frame);
+    ~RealBrowser();
+
+    QStringList paths() const { return m_paths; }
+    fxhost::FxHost &host() { return *m_host; }
+    QMainWindow &window() { return *m_window; }
+    //! The lines that the host has logged so far.
+    QStringList log() const;
+
+    //! Runs "_RECENT" and waits until the popup is active on screen.
+    QDialog *openPopup();
+    //! The popups that are on screen.
+    static QList<QDialog *> popups();
+    static QList<QDialog *> tiles(const QWidget *popup);
+    static QString pathLine(const QWidget *popup);
+    static QToolButton *button(const QWidget *parent, const char *name);
+    //! Whether the tile's effect has the colour of a highlighted tile.
+    static bool isHighlighted(const QWidget *tile);
+
+    //! Fills menu as the module's entry in a host's own menu would.
+    void addRecentFiles(QMenu *menu, QAction *before);
+
+private:
+    void makeDrawings(const QStringList &names);
+
+    QTemporaryDir m_folder;
+    QStringList m_paths;
+    std::unique_ptr<fxhost::FxHost> m_host;
+    std::unique_ptr<QMainWindow> m_window;
+};

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+// Modules with one fault each; MODULE_FAULT says which.
+#include "tests/support/modules/TestModule.h"
+
+#include <CFxCommand.h>
+#include <CFxDocumentManager.h>
+#include <CFxDocumentManagerReactor.h>
+#include <CFxEditorReactor.h>
+#include <CFxServices.h>
+#include <OdEdCommandStack.h>
+#include <OdEditor.h>
+#include <OdStaticRxObject.h>
+
+#include <QWidget>
+
+#include <stdexcept>
+
+namespace {
+
+enum class Fault {
+    WrongVersion,
+    ThrowsWhenCreated,
+    CreatesNothing,
+    ThrowsWhenStarted,
+    ThrowsWhenEnded,
+    LeavesThings
+};
+constexpr Fault fault = Fault::MODULE_FAULT;
+
+//! An exception whose code goes with the library.
+class ModuleError : public std::runtime_error
+{
+public:
+    ModuleError() : std::runtime_error("no more chalk") {}
+    ~ModuleError() override { m_text.clear(); }
+
+private:
+    QString m_text = QStringLiteral("the destructor has something to do");
+};
+
+class LeftCommand : public CFxCommand
+{
+public:
+    OdString globalName() const override { return L"_LEFT"; }
+    OdString localName() const override { return L"_LEFT"; }
+    int Execute(CFxCommandContext *) override { return normalCompletion; }
+};
+
+class LeftWidget : public QWidget
+{
+public:
+    using QWidget::QWidget;
+    ~LeftWidget() override { noteCall("faulty", objectName() + QLatin1String(" deleted")); }
+};
+
+class FaultyModule : public vela_OdRxModule, public CFxDocumentManagerReactor, public CFxEditorReactor
+{
+public:
+    void initApp() override
+    {
+        OdEdCommandStack *const commands = odedRegCmds();
+        commands->addCommand(&m_command);
+        commands->release();
+        OdEditor *const editor = odedEditor();
+        editor->addReactor(this);
+        editor->release();
+        GetFxSystemServices()->GetDocumentManager()->AddReactor(this);
+        if (fault == Fault::ThrowsWhenStarted)
+            throw ModuleError();
+    }
+
+    void uninitApp() override
+    {
+        if (fault == Fault::ThrowsWhenEnded)
+            throw ModuleError();
+    }
+
+    void mainFrameCreated(QWidget *mainFrame) override
+    {
+        (new LeftWidget(mainFrame))->setObjectName(QStringLiteral("child"));
+        (new LeftWidget)->setObjectName(QStringLiteral("window"));
+        static LeftWidget ownedByTheLibrary;
+        ownedByTheLibrary.setObjectName(QStringLiteral("static"));
+    }
+
+    void mainFrameDestroyed(QWidget *) override
+    {
+        auto *const later = new LeftWidget;
+        later->setObjectName(QStringLiteral("later"));
+        later->deleteLater();
+    }
+
+private:
+    OdStaticRxObject<LeftCommand> m_command;
+};
+
+} // namespace
+
+MODULE_EXPORT void odrxGetAPIVersion(int &major, int &minor, int &majorBuild, int &minorBuild)
+{
+    major = odrxApiMajor;
+    minor = odrxApiMinor;
+    majorBuild = odrxApiMajorBuild;
+    minorBuild = fault == Fault::WrongVersion ? odrxApiMinorBuild + 7 : odrxApiMinorBuild;
+}
+
+MODULE_EXPORT OdRxModule *odrxCreateModuleObject(void *sysData, const OdChar *moduleName)
+{
+    if (fault == Fault::ThrowsWhenCreated)
+        throw ModuleError();
+    if (fault == Fault::CreatesNothing)
+        return nullptr;
+    return new OdRxUnixModule<FaultyModule, FaultyModule>(sysData, moduleName);
+}
+
+void deleteModuleObject() {}

@@ -53,7 +53,10 @@ DocumentView::DocumentView(const Document &document, QWidget *parent) : QWidget(
         addLine(lines, facts.path, look::ink, Qt::ElideMiddle)->setObjectName(QStringLiteral("path"));
         addLine(lines, factsLine(facts), look::faintInk)->setObjectName(QStringLiteral("facts"));
     }
-    addLine(lines, tr("This host shows the picture stored in a drawing; it does not draw."), look::faintInk);
+    const QString note = facts.isPreviewAlone
+                             ? tr("A sample: this file holds a file header and a preview, and nothing more.")
+                             : tr("This host shows the picture stored in a drawing; it does not draw.");
+    addLine(lines, note, look::faintInk)->setObjectName(QStringLiteral("note"));
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

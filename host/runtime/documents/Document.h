@@ -15,11 +15,12 @@ namespace fxhost {
 //! What the host knows of a drawing file.
 struct DrawingFacts
 {
-    QString path;       //!< exactly as it was opened; empty for a new drawing
-    QString version;    //!< the file format's name, such as "AC1032"; empty for a new drawing
-    qint64 size = 0;    //!< in bytes
-    QDateTime modified; //!< invalid for a new drawing
-    QImage preview;     //!< the stored picture; null when there is none
+    QString path;                //!< exactly as it was opened; empty for a new drawing
+    QString version;             //!< the file format's name, such as "AC1032"; empty for a new drawing
+    qint64 size = 0;             //!< in bytes
+    QDateTime modified;          //!< invalid for a new drawing
+    QImage preview;              //!< the stored picture; null when there is none
+    bool isPreviewAlone = false; //!< the file holds a header and the picture and nothing more
 };
 
 //! An open drawing. Owned by the DocumentManager. The facts are those of the moment when it was opened.

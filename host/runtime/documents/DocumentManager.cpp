@@ -23,7 +23,12 @@ using Reactor = CFxDocumentManagerReactor;
 DrawingFacts factsOf(const QString &path, const DrawingHeader &header)
 {
     const QFileInfo file(path);
-    return {path, QString::fromLatin1(header.version), file.size(), file.lastModified(), readPreview(path)};
+    return {path,
+            QString::fromLatin1(header.version),
+            file.size(),
+            file.lastModified(),
+            readPreview(path),
+            holdsPreviewAlone(path)};
 }
 
 } // namespace

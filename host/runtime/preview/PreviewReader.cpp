@@ -16,17 +16,6 @@ namespace fxhost {
 
 namespace {
 
-//! An image that the decoder writes into if size and format suit it. One of its own would show what was in
-//! memory before wherever the encoding leaves pixels out.
-QImage blankImage(const QSize &size, QImage::Format format)
-{
-    QImage image(size, format);
-    constexpr int maxColors = 256; // the decoder sets the bitmap's own, the rest must be opaque as well
-    image.setColorTable(QVector<QRgb>(maxColors, qRgb(0, 0, 0)));
-    image.fill(0);
-    return image;
-}
-
 QImage decode(const RegularFile &file, const PictureLayout &layout, DecodingBudget *budget)
 {
     PictureDevice device(file, layout);
@@ -44,8 +33,12 @@ QImage decode(const RegularFile &file, const PictureLayout &layout, DecodingBudg
         return {};
 
     QImage image;
-    if (layout.mayLeavePixelsOut)
-        image = blankImage(size, reader.imageFormat());
+    if (layout.mayLeavePixelsOut) {
+        // The decoder writes into an image that suits it. One of its own making would show what was in memory
+        // before wherever pixels are left out.
+        image = QImage(size, reader.imageFormat());
+        image.fill(0);
+    }
     if (!reader.read(&image) || device.hasFailed())
         return {};
     return image;
@@ -79,6 +72,11 @@ QImage readPreview(const QString &path)
     } catch (const std::bad_alloc &) {
         return {}; // a picture is not worth the application
     }
+}
+
+bool holdsPreviewAlone(const QString &path)
+{
+    return holdsPreviewAlone(RegularFile(path));
 }
 
 } // namespace fxhost

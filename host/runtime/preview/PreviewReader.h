@@ -16,4 +16,7 @@ namespace fxhost {
 //! file claims, memory stays below 96 MiB, the image included, and time below some seconds.
 FXHOST_API QImage readPreview(const QString &path);
 
+//! Whether the drawing at path holds a header and a preview and nothing more, as samples do. Any thread.
+FXHOST_API bool holdsPreviewAlone(const QString &path);
+
 } // namespace fxhost

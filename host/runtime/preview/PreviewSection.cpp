@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace fxhost {
 
@@ -46,6 +47,35 @@ qint64 sectionAddress(const RegularFile &file)
     return mayHavePreview ? numberAt(start, addressAt) : 0;
 }
 
+//! The section's head, once it has been found sound.
+struct SectionHead
+{
+    qint64 address = 0;
+    int tableSize = 0;
+    FileRange counted; //!< what the overall size counts: from behind itself to the end sentinel
+};
+
+std::optional<SectionHead> readSectionHead(const RegularFile &file)
+{
+    if (!file.isOpen())
+        return std::nullopt;
+    const qint64 address = sectionAddress(file);
+    if (address < startSize)
+        return std::nullopt;
+    const QByteArray section = file.readAll(address, tableAt);
+    if (section.isEmpty() || !std::equal(beginSentinel.begin(), beginSentinel.end(),
+                                         reinterpret_cast<const uchar *>(section.constData())))
+        return std::nullopt;
+
+    // The end sentinel is not read: a picture is as good without it.
+    const int count = static_cast<uchar>(section.at(countAt));
+    const int tableSize = count * tableEntrySize;
+    const FileRange counted = {address + countAt, numberAt(section, overallSizeAt)};
+    if (counted.size < 1 + tableSize || !file.contains(counted))
+        return std::nullopt;
+    return SectionHead{address, tableSize, counted};
+}
+
 bool overlap(const FileRange &one, const FileRange &other)
 {
     return one.offset < other.end() && other.offset < one.end();
@@ -55,26 +85,12 @@ bool overlap(const FileRange &one, const FileRange &other)
 
 std::vector<PreviewEntry> readPreviewEntries(const RegularFile &file)
 {
-    if (!file.isOpen())
+    const std::optional<SectionHead> head = readSectionHead(file);
+    if (!head)
         return {};
-    const qint64 address = sectionAddress(file);
-    if (address < startSize)
-        return {};
-    const QByteArray section = file.readAll(address, tableAt);
-    if (section.isEmpty() || !std::equal(beginSentinel.begin(), beginSentinel.end(),
-                                         reinterpret_cast<const uchar *>(section.constData())))
-        return {};
+    const QByteArray table = file.readAll(head->address + tableAt, head->tableSize);
 
-    // The overall size is counted from behind itself. The end sentinel that follows is not read: a picture is
-    // as good without it.
-    const int count = static_cast<uchar>(section.at(countAt));
-    const int tableSize = count * tableEntrySize;
-    const FileRange counted = {address + countAt, numberAt(section, overallSizeAt)};
-    if (counted.size < 1 + tableSize || !file.contains(counted))
-        return {};
-    const QByteArray table = file.readAll(address + tableAt, tableSize);
-
-    const FileRange sectionHead = {address, tableAt + tableSize};
+    const FileRange sectionHead = {head->address, tableAt + head->tableSize};
     std::vector<PreviewEntry> entries;
     for (int at = 0; at < table.size(); at += tableEntrySize) {
         const auto code = static_cast<PreviewCode>(table.at(at));
@@ -83,6 +99,17 @@ std::vector<PreviewEntry> readPreviewEntries(const RegularFile &file)
             entries.push_back({code, data});
     }
     return entries;
+}
+
+bool holdsPreviewAlone(const RegularFile &file)
+{
+    const std::optional<SectionHead> head = readSectionHead(file);
+    // A drawing's own data are longer than this, and not all zero.
+    constexpr qint64 longestFilling = 65536;
+    if (!head || head->address > longestFilling || head->counted.end() + sentinelSize != file.size())
+        return false;
+    const auto fillingSize = static_cast<int>(head->address - startSize);
+    return file.readAll(startSize, fillingSize) == QByteArray(fillingSize, '\0');
 }
 
 } // namespace fxhost

@@ -25,4 +25,8 @@ struct PreviewEntry
 //! be closed
 std::vector<PreviewEntry> readPreviewEntries(const RegularFile &file);
 
+//! Whether there is nothing in the file but the start of a header and a preview section: a picture in an
+//! envelope, with not one line of a drawing. \param file may be closed
+bool holdsPreviewAlone(const RegularFile &file);
+
 } // namespace fxhost

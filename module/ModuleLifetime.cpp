@@ -46,6 +46,7 @@ void end()
     keptCommands.clear();
     // The registry points into what goes now. A host may create the module anew in the same process.
     RecentDocumentBrowser::recentDocDialogList.clear();
+    RecentDocumentBrowser::recentFileImageMap.clear();
     RecentDocumentBrowser::docPinButtonList.clear();
     RecentDocumentBrowser::menuPinButtonList.clear();
     RecentDocumentBrowser::recentDocActionList.clear();

@@ -30,12 +30,22 @@ give_up() {
     exit 1
 }
 
-# The server picks a free number itself and tells it, so two runs at a time do not meet.
-exec {numbers}< <(exec Xvfb -displayfd 1 -screen 0 "$screen" -nolisten tcp 2>"$logs/server")
-started+=($!)
-read -r -t "$patience" -u "$numbers" number || give_up "Xvfb did not start"
-export DISPLAY=:$number QT_QPA_PLATFORM=xcb
 unset WAYLAND_DISPLAY XAUTHORITY
+export QT_QPA_PLATFORM=xcb
+
+# The server picks a free number itself and tells it, so two runs at a time do not meet. Only a server that had the
+# number before and is just ending may take the new one's socket away with its own: then another server is started.
+for attempt in 1 2 3; do
+    exec {numbers}< <(exec Xvfb -displayfd 1 -screen 0 "$screen" -nolisten tcp 2>"$logs/server")
+    server=$!
+    read -r -t "$patience" -u "$numbers" number || give_up "Xvfb did not start"
+    export DISPLAY=:$number
+    ! xdpyinfo >/dev/null 2>&1 || break
+    kill "$server" 2>/dev/null || true
+    wait "$server" 2>/dev/null || true
+    ((attempt < 3)) || give_up "Xvfb cannot be reached"
+done
+started+=("$server")
 
 # The distribution's own settings, since a user's might place windows or follow the pointer.
 openbox --sm-disable --config-file /etc/xdg/openbox/rc.xml >"$logs/manager" 2>&1 &

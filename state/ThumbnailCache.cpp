@@ -20,8 +20,8 @@ QImage RecentDocumentBrowser::GetQImage(const QString &path)
 
 void RecentDocumentBrowser::CreateRecentFileImageMap()
 {
+    recentFileImageMap = {}; // and empty it stays when the host cannot tell its recent documents
     const auto recent = HostAccess::recentFiles();
-    recentFileImageMap = {};
     if (!recent)
         return;
 

@@ -146,7 +146,7 @@ void tst_Commands::recentShowsAPopupOverTheMainWindow()
     BrowserCommand command;
     QCOMPARE(command.Execute(nullptr), 5100);
     QCOMPARE(popups().size(), 1);
-    const RecentDocMainWindow *popup = popups().first();
+    const RecentDocMainWindow *popup = popups().constFirst();
     QCOMPARE(popup->parentWidget(), &browser.host.mainWindow());
     QVERIFY(popup->isVisible());
     QVERIFY(!popup->isModal());
@@ -160,7 +160,7 @@ void tst_Commands::thePopupTakesTheFocus()
     browser.host.mainWindow().show();
     BrowserCommand command;
     command.Execute(nullptr);
-    const RecentDocMainWindow *popup = popups().first();
+    const RecentDocMainWindow *popup = popups().constFirst();
     QCOMPARE(popup->focusWidget(), popup);
     QTRY_COMPARE(QApplication::focusWidget(), popup);
 }
@@ -171,7 +171,7 @@ void tst_Commands::anEmptyListStillOpensThePopup()
     BrowserCommand command;
     QCOMPARE(command.Execute(nullptr), 5100);
     QCOMPARE(popups().size(), 1);
-    QVERIFY(popups().first()->isVisible());
+    QVERIFY(popups().constFirst()->isVisible());
 }
 
 void tst_Commands::withoutAListNothingOpens_data()
@@ -221,8 +221,8 @@ void tst_Commands::withoutAMainWindowThePopupHasNoParent()
     BrowserCommand command;
     QCOMPARE(command.Execute(nullptr), 5100);
     QCOMPARE(popups().size(), 1);
-    QVERIFY(!popups().first()->parent());
-    QVERIFY(popups().first()->isVisible());
+    QVERIFY(!popups().constFirst()->parent());
+    QVERIFY(popups().constFirst()->isVisible());
 }
 
 void tst_Commands::aSecondCallOpensASecondPopup()
@@ -232,8 +232,9 @@ void tst_Commands::aSecondCallOpensASecondPopup()
     BrowserCommand command;
     QCOMPARE(command.Execute(nullptr), 5100);
     QCOMPARE(command.Execute(nullptr), 5100);
-    QCOMPARE(popups().size(), 2);
-    for (const RecentDocMainWindow *popup : popups())
+    const QList<RecentDocMainWindow *> opened = popups();
+    QCOMPARE(opened.size(), 2);
+    for (const RecentDocMainWindow *popup : opened)
         QVERIFY(popup->isVisible());
 }
 

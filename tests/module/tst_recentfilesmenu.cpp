@@ -87,7 +87,7 @@ void tst_RecentFilesMenu::entriesStandBetweenTwoSeparatorsInFrontOfAnAction()
     ModuleInHost inHost;
     inHost.host.setRecent(threePaths);
     HostMenu menu;
-    inHost.module->AddRecentFiles(&menu.menu, menu.last);
+    RecentDocumentBrowser::AddRecentFiles(&menu.menu, menu.last);
     QCOMPARE(textsOf(menu.menu.actions()),
              QStringList({QStringLiteral("New"), QStringLiteral("---"), QStringLiteral("&1 /drawings/c.dwg"),
                           QStringLiteral("&2 /drawings/a plan.dwg"), QStringLiteral("&3 /drawings/b.dwg"),
@@ -99,7 +99,7 @@ void tst_RecentFilesMenu::entriesStandAtTheEndWithoutAnAction()
     ModuleInHost inHost;
     inHost.host.setRecent(threePaths.mid(0, 1));
     HostMenu menu;
-    inHost.module->AddRecentFiles(&menu.menu, nullptr);
+    RecentDocumentBrowser::AddRecentFiles(&menu.menu, nullptr);
     QCOMPARE(textsOf(menu.menu.actions()),
              QStringList({QStringLiteral("New"), QStringLiteral("Quit"), QStringLiteral("---"),
                           QStringLiteral("&1 /drawings/c.dwg"), QStringLiteral("---")}));
@@ -117,7 +117,7 @@ void tst_RecentFilesMenu::everyDocumentOfTheListGetsANumberedEntry()
     ModuleInHost inHost;
     inHost.host.setRecent(paths);
     QMenu menu;
-    inHost.module->AddRecentFiles(&menu, nullptr);
+    RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);
     QCOMPARE(textsOf(entriesOf(menu)), texts);
     for (int i = 0; i < count; ++i)
         QCOMPARE(QString(entry(i)->filePath), paths.at(i));
@@ -129,7 +129,7 @@ void tst_RecentFilesMenu::separatorsOfOtherSystemsStayInTheText()
     ModuleInHost inHost;
     inHost.host.setRecent({path});
     QMenu menu;
-    inHost.module->AddRecentFiles(&menu, nullptr);
+    RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);
     QCOMPARE(textsOf(entriesOf(menu)), QStringList(QStringLiteral("&1 //server\\share/a\\b.dwg")));
     QCOMPARE(QString(entry(0)->filePath), path);
 }
@@ -150,13 +150,13 @@ void tst_RecentFilesMenu::withoutDocumentsTheSeparatorsStandAlone()
     ModuleInHost inHost;
     inHost.host.setRecent(threePaths);
     QMenu former;
-    inHost.module->AddRecentFiles(&former, nullptr);
+    RecentDocumentBrowser::AddRecentFiles(&former, nullptr);
 
     inHost.host.setRecent({});
     inHost.host.hasServices = services;
     inHost.host.hasRecentFileList = list;
     HostMenu menu;
-    inHost.module->AddRecentFiles(&menu.menu, menu.last);
+    RecentDocumentBrowser::AddRecentFiles(&menu.menu, menu.last);
     QCOMPARE(textsOf(menu.menu.actions()), QStringList({QStringLiteral("New"), QStringLiteral("---"),
                                                         QStringLiteral("---"), QStringLiteral("Quit")}));
     QVERIFY(RecentDocumentBrowser::recentDocActionList.isEmpty());
@@ -168,13 +168,13 @@ void tst_RecentFilesMenu::theRegistryFollowsTheLatestMenu()
     ModuleInHost inHost;
     inHost.host.setRecent(threePaths);
     HostMenu first;
-    inHost.module->AddRecentFiles(&first.menu, first.last);
+    RecentDocumentBrowser::AddRecentFiles(&first.menu, first.last);
     QCOMPARE(RecentDocumentBrowser::recentDocMenu, &first.menu);
     QCOMPARE(RecentDocumentBrowser::before, first.last);
     QCOMPARE(RecentDocumentBrowser::recentDocActionList, first.menu.actions().mid(2, 3));
 
     QMenu second;
-    inHost.module->AddRecentFiles(&second, nullptr);
+    RecentDocumentBrowser::AddRecentFiles(&second, nullptr);
     QCOMPARE(RecentDocumentBrowser::recentDocMenu, &second);
     QVERIFY(!RecentDocumentBrowser::before);
     QCOMPARE(RecentDocumentBrowser::recentDocActionList, entriesOf(second));
@@ -186,7 +186,7 @@ void tst_RecentFilesMenu::whileEntriesAreMadeTheRegistryShowsAnotherMenu()
     inHost.host.setRecent(threePaths);
     QMenu former;
     QAction *formerBefore = former.addAction(QStringLiteral("Quit"));
-    inHost.module->AddRecentFiles(&former, formerBefore);
+    RecentDocumentBrowser::AddRecentFiles(&former, formerBefore);
 
     QMenu menu;
     QVector<QPointer<QMenu>> menusMeanwhile;
@@ -197,7 +197,7 @@ void tst_RecentFilesMenu::whileEntriesAreMadeTheRegistryShowsAnotherMenu()
         beforeMeanwhile.append(RecentDocumentBrowser::before);
         entriesMeanwhile.append(RecentDocumentBrowser::recentDocActionList.size());
     });
-    inHost.module->AddRecentFiles(&menu, nullptr);
+    RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);
     QCOMPARE(entriesMeanwhile, QList<int>({0, 0, 1, 2, 3})); // each is listed once it stands in the menu
     for (const QPointer<QMenu> &meanwhile : qAsConst(menusMeanwhile)) {
         QVERIFY(meanwhile);
@@ -212,10 +212,10 @@ void tst_RecentFilesMenu::theFormerMenuKeepsItsEntries()
     ModuleInHost inHost;
     inHost.host.setRecent(threePaths);
     QMenu former;
-    inHost.module->AddRecentFiles(&former, nullptr);
+    RecentDocumentBrowser::AddRecentFiles(&former, nullptr);
     const QList<QAction *> actions = former.actions();
     QMenu menu;
-    inHost.module->AddRecentFiles(&menu, nullptr);
+    RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);
     QCOMPARE(former.actions(), actions);
     QCOMPARE(textsOf(former.actions()), textsOf(menu.actions()));
 }
@@ -225,9 +225,9 @@ void tst_RecentFilesMenu::pinsAddUpUntilSomeoneClearsThem()
     ModuleInHost inHost;
     inHost.host.setRecent(threePaths);
     QMenu menu;
-    inHost.module->AddRecentFiles(&menu, nullptr);
+    RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);
     QCOMPARE(RecentDocumentBrowser::menuPinButtonList.size(), 3);
-    inHost.module->AddRecentFiles(&menu, nullptr);
+    RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);
     QCOMPARE(RecentDocumentBrowser::menuPinButtonList.size(), 6);
 }
 
@@ -236,10 +236,10 @@ void tst_RecentFilesMenu::theListIsReadAnewEachTime()
     ModuleInHost inHost;
     inHost.host.setRecent(threePaths);
     QMenu menu;
-    inHost.module->AddRecentFiles(&menu, nullptr);
+    RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);
     inHost.host.setRecent({QStringLiteral("/drawings/new.dwg")});
     QMenu later;
-    inHost.module->AddRecentFiles(&later, nullptr);
+    RecentDocumentBrowser::AddRecentFiles(&later, nullptr);
     QCOMPARE(textsOf(entriesOf(later)), QStringList(QStringLiteral("&1 /drawings/new.dwg")));
 }
 
@@ -248,7 +248,7 @@ void tst_RecentFilesMenu::entriesEndWithTheModuleInTheHostsMenuToo()
     HostMenu menu;
     ModuleInHost inHost;
     inHost.host.setRecent(threePaths);
-    inHost.module->AddRecentFiles(&menu.menu, menu.last);
+    RecentDocumentBrowser::AddRecentFiles(&menu.menu, menu.last);
     inHost.end();
     QCOMPARE(textsOf(menu.menu.actions()), QStringList({QStringLiteral("New"), QStringLiteral("---"),
                                                         QStringLiteral("---"), QStringLiteral("Quit")}));

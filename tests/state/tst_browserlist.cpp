@@ -173,7 +173,7 @@ void tst_BrowserList::tilesPinsAreListedAsTheTilesAreMade()
     QWidget parent;
     RecentDocumentBrowser::CreateRecentDocList(&parent);
     QList<FolderPinButton *> expected{listedBefore};
-    for (const RecentDocDialog *tile : browser.tiles())
+    for (const RecentDocDialog *tile : qAsConst(RecentDocumentBrowser::recentDocDialogList))
         expected.append(Browser::button(tile, "pinButton"));
     QCOMPARE(RecentDocumentBrowser::docPinButtonList, expected);
 }
@@ -186,9 +186,9 @@ void tst_BrowserList::eachPopupListsItsOwnTilesAndPins()
     const RecentDocMainWindow *popup = browser.openPopup();
     QCOMPARE(shownPaths(), browser.paths());
     QCOMPARE(RecentDocumentBrowser::docPinButtonList.size(), 3);
-    for (const RecentDocDialog *tile : browser.tiles())
+    for (const RecentDocDialog *tile : qAsConst(RecentDocumentBrowser::recentDocDialogList))
         QCOMPARE(tile->parent(), popup);
-    for (const FolderPinButton *pin : RecentDocumentBrowser::docPinButtonList)
+    for (const FolderPinButton *pin : qAsConst(RecentDocumentBrowser::docPinButtonList))
         QVERIFY(popup->isAncestorOf(pin));
 }
 
@@ -199,13 +199,13 @@ void tst_BrowserList::theFormerTilesLeaveTheListAlive()
     cache(browser.paths());
     QWidget first;
     RecentDocumentBrowser::CreateRecentDocList(&first);
-    const QPointer<RecentDocDialog> former = browser.tiles().first();
+    const QPointer<RecentDocDialog> former = browser.tiles().constFirst();
     QWidget second;
     RecentDocumentBrowser::CreateRecentDocList(&second);
     drainEvents();
     QVERIFY(former);
     QCOMPARE(browser.tiles().size(), 1);
-    QVERIFY(browser.tiles().first() != former);
+    QVERIFY(browser.tiles().constFirst() != former);
 }
 
 void tst_BrowserList::whatATileChangesWhileItIsMadeDoesNotDisturbTheOthers()

@@ -312,7 +312,7 @@ void tst_ButtonClicks::aButtonWithoutANameDoesNothing()
     Browser browser(1);
     browser.createDocument();
     const QPointer<RecentDocMainWindow> popup = browser.openPopup();
-    FolderPinButton *pin = Browser::button(browser.tiles().first(), "pinButton");
+    FolderPinButton *pin = Browser::button(browser.tiles().constFirst(), "pinButton");
     pin->setObjectName(QString());
     pin->setText(QStringLiteral("&1 /d/a.dwg"));
     pin->click();

@@ -131,7 +131,7 @@ void tst_ButtonHover::enteringStartsATimerOfHalfASecond()
     QVERIFY(hovered.timers().isEmpty());
     hovered.enter();
     QCOMPARE(hovered.timers().size(), 1);
-    const QTimer *timer = hovered.timers().first();
+    const QTimer *timer = hovered.timers().constFirst();
     QVERIFY(timer->isActive());
     QVERIFY(timer->isSingleShot());
     QCOMPARE(timer->interval(), 500);
@@ -141,7 +141,7 @@ void tst_ButtonHover::everyEntryStartsATimerOfItsOwn()
 {
     const ButtonInTile hovered;
     hovered.enter();
-    QTimer *first = hovered.timers().first();
+    QTimer *first = hovered.timers().constFirst();
     hovered.enter();
     QCOMPARE(hovered.timers().size(), 2);
     QVERIFY(hovered.timers().contains(first));
@@ -152,11 +152,12 @@ void tst_ButtonHover::leavingStopsTheLatestTimer()
 {
     const ButtonInTile hovered;
     hovered.enter();
-    const QTimer *first = hovered.timers().first();
+    const QTimer *first = hovered.timers().constFirst();
     hovered.enter();
     hovered.leave();
-    QCOMPARE(hovered.timers().size(), 2);
-    for (const QTimer *timer : hovered.timers())
+    const QList<QTimer *> timers = hovered.timers();
+    QCOMPARE(timers.size(), 2);
+    for (const QTimer *timer : timers)
         QCOMPARE(timer->isActive(), timer == first);
 }
 
@@ -196,11 +197,11 @@ void tst_ButtonHover::restingOnAButtonShowsNoBalloon()
     hovered.button->setCheckable(checked);
     hovered.button->setChecked(checked);
     hovered.enter();
-    QSignalSpy timeout(hovered.timers().first(), &QTimer::timeout);
+    QSignalSpy timeout(hovered.timers().constFirst(), &QTimer::timeout);
     QVERIFY(timeout.wait());
     drainEvents();
     QVERIFY(!anyBalloonExists());
-    QVERIFY(!hovered.timers().first()->isActive());
+    QVERIFY(!hovered.timers().constFirst()->isActive());
 }
 
 void tst_ButtonHover::restingOnAMenuTextMakesTheFileNameItsTip()

@@ -157,7 +157,10 @@ void tst_FolderButton::thePopupStaysUntilTheCommandHasEnded()
     browser.createDocument();
     const RecentDocMainWindow *popup = browser.openPopup();
     int startsAtClose = -1;
-    connect(popup, &QDialog::finished, this, [&] { startsAtClose = fileManager.starts().size(); });
+    // It closes within the click below, if at all.
+    connect(popup, &QDialog::finished, this, [&] {
+        startsAtClose = fileManager.starts().size(); // clazy:exclude=lambda-in-connect
+    });
     folderButton(browser, 0)->click();
     QCOMPARE(startsAtClose, 1);
 }

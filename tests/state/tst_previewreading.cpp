@@ -242,7 +242,8 @@ void tst_PreviewReading::picturesBelongToTheirPathsWhateverTheOrder()
     RecentDocumentBrowser::CreateRecentFileImageMap();
     QVERIFY(firstWasLast);
     QCOMPARE(RecentDocumentBrowser::recentFileImageMap.size(), count);
-    for (const QString &path : browser.paths())
+    const QStringList paths = browser.paths();
+    for (const QString &path : paths)
         QCOMPARE(RecentDocumentBrowser::recentFileImageMap.value(path), pictureOf(path));
 }
 
@@ -284,7 +285,8 @@ void tst_PreviewReading::aFullPoolIsWaitedFor()
     RecentDocumentBrowser::CreateRecentFileImageMap();
     other.join();
     QCOMPARE(RecentDocumentBrowser::recentFileImageMap.size(), 6);
-    for (const QString &path : browser.paths())
+    const QStringList paths = browser.paths();
+    for (const QString &path : paths)
         QCOMPARE(RecentDocumentBrowser::recentFileImageMap.value(path), pictureOf(path));
 }
 

@@ -42,7 +42,8 @@ void tst_ThumbnailCache::eachDocumentHasItsPicture()
     RecentDocumentBrowser::CreateRecentFileImageMap();
     const QMap<QString, QImage> &map = RecentDocumentBrowser::recentFileImageMap;
     QCOMPARE(map.size(), 5);
-    for (const QString &path : browser.paths())
+    const QStringList paths = browser.paths();
+    for (const QString &path : paths)
         QCOMPARE(map.value(path), pictureOf(path));
     QCOMPARE(browser.host.previewsCreated(), 5);
     QCOMPARE(browser.host.previewsAlive(), 0);

@@ -16,8 +16,8 @@ struct ModuleInHost
     void end();
 
     // What the host's lists hold of it.
-    CFxEditorReactor &editorReactor() { return *module; }
-    CFxDocumentManagerReactor &documentReactor() { return *module; }
+    CFxEditorReactor &editorReactor() const { return *module; }
+    CFxDocumentManagerReactor &documentReactor() const { return *module; }
 
     FakeHost host;
     OdRxUnixModuleRecentDocumentBrowser *module =

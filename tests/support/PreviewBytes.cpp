@@ -10,7 +10,10 @@ namespace testbytes {
 
 namespace {
 
-const QByteArray sentinel = QByteArray::fromHex("1F256D07D43628289D57CA3F9D44102B");
+QByteArray sentinel()
+{
+    return QByteArray::fromHex("1F256D07D43628289D57CA3F9D44102B");
+}
 
 QByteArray inverted(QByteArray bytes)
 {
@@ -196,11 +199,11 @@ QByteArray DrawingBytes::bytes() const
     QByteArray file = version.leftJustified(13, '\0');
     file += number32(address.value_or(static_cast<quint32>(sectionAt)));
     file = file.leftJustified(sectionAt, '\xA5');
-    file += beginSentinel.value_or(sentinel);
+    file += beginSentinel.value_or(sentinel());
     file += number32(overallSize.value_or(trueSize));
     file.append(static_cast<char>(count.value_or(static_cast<quint8>(entries.size()))));
     file += table + data;
-    file += endSentinel.value_or(inverted(sentinel));
+    file += endSentinel.value_or(inverted(sentinel()));
     return file + QByteArray(bytesBehind, '\x5A');
 }
 

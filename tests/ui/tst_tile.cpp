@@ -74,6 +74,7 @@ private slots:
     void typeIconIsTheDrawingIcon();
     void typeIconStaysInTheCornerWhenShown();
     void buttonsStandBesideTheName();
+    void pictureFillsTheRest();
     void pinTakesOverTheMenusStateOnce_data();
     void pinTakesOverTheMenusStateOnce();
     void pinButtonsAreListedInTileOrder();
@@ -307,6 +308,27 @@ void TestTile::buttonsStandBesideTheName()
     }
     QCOMPARE(fresh.tile->gridLayout->itemAtPosition(0, 0)->widget(), folder);
     QCOMPARE(fresh.tile->gridLayout->itemAtPosition(0, 1)->widget(), pin);
+}
+
+void TestTile::pictureFillsTheRest()
+{
+    Browser browser(1);
+    browser.createDocument();
+    browser.openPopup();
+    drainEvents(); // layouts have run
+    const RecentDocDialog &tile = *browser.tiles().at(0);
+    const QRect name = tile.title_label->geometry();
+    const QRect folder = Browser::button(&tile, "folderButton")->geometry();
+    const QRect pin = Browser::button(&tile, "pinButton")->geometry();
+    const QRect picture = tile.image_label->geometry();
+    const QRect inner = tile.rect().adjusted(11, 11, -11, -11);
+    QCOMPARE(name.topLeft(), inner.topLeft());
+    QVERIFY(folder.left() > name.right());
+    QVERIFY(pin.left() > folder.right());
+    QCOMPARE(pin.right(), inner.right());
+    QVERIFY(picture.top() > qMax(name.bottom(), pin.bottom()));
+    QCOMPARE(picture.left(), inner.left());
+    QCOMPARE(picture.bottomRight(), inner.bottomRight());
 }
 
 void TestTile::pinTakesOverTheMenusStateOnce_data()

@@ -236,12 +236,18 @@ private slots:
     void damagedSettingsAreSetAside()
     {
         const Profile profile;
-        const QByteArray damaged = "[recent\nmaximum=25\nnonsense";
+        const QByteArray damaged = "[recent]\nmaximum=25\n[cut o";
         profile.write("settings.ini", damaged);
-        const QStringList messages = profile.messagesAtStart();
-        QCOMPARE(messages.size(), 1);
-        QVERIFY2(messages.first().contains(profile.file("settings.ini.damaged")),
-                 qPrintable(messages.first()));
+        {
+            FxHost host(profile.directory, QString());
+            QStringList messages;
+            Profile::connect(host, messages);
+            drainEvents();
+            QCOMPARE(messages.size(), 1);
+            QVERIFY2(messages.first().contains(profile.file("settings.ini.damaged")),
+                     qPrintable(messages.first()));
+            QCOMPARE(host.recentFiles().maximum(), 10); // nothing of what could be read
+        }
         QFile kept(profile.file("settings.ini.damaged"));
         QVERIFY(kept.open(QIODevice::ReadOnly));
         QCOMPARE(kept.readAll(), damaged);

@@ -53,6 +53,12 @@ public:
     ~LeftWidget() override { noteCall("faulty", objectName() + QLatin1String(" deleted")); }
 };
 
+class LeftObject : public QObject
+{
+public:
+    ~LeftObject() override { noteCall("faulty", QStringLiteral("object deleted")); }
+};
+
 class FaultyModule : public vela_OdRxModule, public CFxDocumentManagerReactor, public CFxEditorReactor
 {
 public:
@@ -83,12 +89,7 @@ public:
         ownedByTheLibrary.setObjectName(QStringLiteral("static"));
     }
 
-    void mainFrameDestroyed(QWidget *) override
-    {
-        auto *const later = new LeftWidget;
-        later->setObjectName(QStringLiteral("later"));
-        later->deleteLater();
-    }
+    void mainFrameDestroyed(QWidget *) override { (new LeftObject)->deleteLater(); }
 
 private:
     OdStaticRxObject<LeftCommand> m_command;

@@ -4,6 +4,7 @@
 #include "tests/support/modules/TestModule.h"
 
 #include <CFxEditorReactor.h>
+#include <CFxServices.h>
 #include <OdEditor.h>
 
 namespace {
@@ -24,7 +25,12 @@ public:
         editor->release();
     }
 
-    void uninitApp() override { note(QStringLiteral("uninitApp")); }
+    void uninitApp() override
+    {
+        note(GetFxSystemServices() ? QStringLiteral("uninitApp")
+                                   : QStringLiteral("uninitApp without a host"));
+    }
+
     void mainFrameCreated(QWidget *) override { note(QStringLiteral("mainFrameCreated")); }
 
     void mainFrameDestroyed(QWidget *) override

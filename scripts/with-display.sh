@@ -35,8 +35,9 @@ export QT_QPA_PLATFORM=xcb
 
 # The server picks a free number itself and tells it, so two runs at a time do not meet. Only a server that had the
 # number before and is just ending may take the new one's socket away with its own: then another server is started.
+# Without -noreset the server starts anew when its last client leaves, and turns away who comes meanwhile.
 for attempt in 1 2 3; do
-    exec {numbers}< <(exec Xvfb -displayfd 1 -screen 0 "$screen" -nolisten tcp 2>"$logs/server")
+    exec {numbers}< <(exec Xvfb -displayfd 1 -screen 0 "$screen" -nolisten tcp -noreset 2>"$logs/server")
     server=$!
     read -r -t "$patience" -u "$numbers" number || give_up "Xvfb did not start"
     export DISPLAY=:$number

@@ -14,6 +14,9 @@ class FXSDK_API CFxUIGroupEnumerator
 {
 public:
     CFxUIGroupEnumerator() = default;
+    //! For the host alone: modules call Release().
+    virtual ~CFxUIGroupEnumerator();
+
     //! The next group, owned by the host; null behind the last.
     virtual CFxUIGroup *Next() = 0;
     //! Ends the walk; the enumerator is gone afterwards.
@@ -21,9 +24,6 @@ public:
 
     CFxUIGroupEnumerator(const CFxUIGroupEnumerator &) = delete;
     CFxUIGroupEnumerator &operator=(const CFxUIGroupEnumerator &) = delete;
-
-protected:
-    virtual ~CFxUIGroupEnumerator();
 };
 
 //! The host's customisable menus and keys. GUI thread.

@@ -24,8 +24,7 @@ HostSettings::HostSettings(const QString &profileDir)
     m_file = std::make_unique<QSettings>(path, QSettings::IniFormat);
     if (m_file->status() == QSettings::NoError)
         return;
-    m_file.reset(); // QSettings would write what it could read over the rest
-    const QString aside = setAside(path);
+    const QString aside = setAside(path); // QSettings would write what it could read over the rest
     m_problem = aside.isEmpty() ? tr("The settings file %1 cannot be read.").arg(path)
                                 : tr("The settings file %1 cannot be read. It was renamed to %2, and the "
                                      "settings are the default ones.")

@@ -97,7 +97,7 @@ void tst_PopupOnDesktop::openingGivesThePopupTheFocusAndShowsTheFirstPath()
     QVERIFY(popup);
     QTRY_COMPARE(QApplication::focusWidget(), popup);
     drainEvents();
-    QCOMPARE(RealBrowser::pathLine(popup), browser.paths().first());
+    QCOMPARE(RealBrowser::pathLine(popup), browser.paths().at(0));
     const QList<QDialog *> tiles = RealBrowser::tiles(popup);
     QCOMPARE(tiles.size(), 9);
     for (const QDialog *tile : tiles)

@@ -60,11 +60,12 @@ void tst_LoadedModule::commandsComeAndGoWithTheMainWindow()
 {
     RealBrowser browser(1, usualFrame);
     QVERIFY(browser.openPopup());
-    for (QDialog *popup : RealBrowser::popups())
+    const QList<QDialog *> popups = RealBrowser::popups();
+    for (QDialog *popup : popups)
         popup->close();
     browser.host().setMainWindow(nullptr);
     QVERIFY(!browser.openPopup());
-    QCOMPARE(browser.log().last(), QStringLiteral("command _RECENT unknown"));
+    QCOMPARE(browser.log().constLast(), QStringLiteral("command _RECENT unknown"));
 }
 
 void tst_LoadedModule::openPopupGoesWithTheModule()
@@ -116,7 +117,7 @@ void tst_LoadedModule::drawingOpenedByDoubleClickIsLogged()
     QDialog *tile = RealBrowser::tiles(popup).at(2);
     QTest::mouseDClick(tile, Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
     QTRY_VERIFY(!popup);
-    QCOMPARE(browser.log().last(), QStringLiteral("open %1 ok").arg(browser.paths().at(2)));
+    QCOMPARE(browser.log().constLast(), QStringLiteral("open %1 ok").arg(browser.paths().at(2)));
 }
 
 QTEST_MAIN(tst_LoadedModule)

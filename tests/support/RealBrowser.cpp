@@ -87,7 +87,8 @@ QDialog *RealBrowser::openPopup()
 {
     const QList<QDialog *> before = popups();
     m_host->commands().runLine(QStringLiteral("_RECENT"));
-    for (QDialog *popup : popups()) {
+    const QList<QDialog *> after = popups();
+    for (QDialog *popup : after) {
         if (!before.contains(popup))
             return QTest::qWaitForWindowActive(popup) ? popup : nullptr;
     }

@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+Q_DECLARE_METATYPE(fxsamples::DrawingForm)
+
 using namespace fxsamples;
 
 //! Telling samples, which hold a header and a preview and nothing more, from drawings.
@@ -100,8 +102,6 @@ void tst_PreviewAlone::realDrawingsHoldMore()
     for (const QString &name : names)
         QVERIFY2(!fxhost::holdsPreviewAlone(drawings.filePath(name)), qPrintable(name));
 }
-
-Q_DECLARE_METATYPE(fxsamples::DrawingForm)
 
 QTEST_GUILESS_MAIN(tst_PreviewAlone)
 #include "tst_previewalone.moc"

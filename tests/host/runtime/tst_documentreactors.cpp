@@ -11,7 +11,7 @@
 using fxhost::Document;
 using fxhost::DocumentManager;
 
-class TestDocumentEvents : public TestCase
+class TestDocumentReactors : public TestCase
 {
     Q_OBJECT
 
@@ -163,5 +163,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestDocumentEvents)
-#include "tst_documentevents.moc"
+QTEST_MAIN(TestDocumentReactors)
+#include "tst_documentreactors.moc"

@@ -99,26 +99,34 @@ int run(const CommandLineOptions &options)
     return QApplication::exec();
 }
 
+//! Help and version are for whoever has no display as well. \return whether they were asked for
+bool printsAndEnds(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    const CommandLineResult commandLine = readCommandLine(QCoreApplication::arguments());
+    if (commandLine.wish != CommandLineResult::Wish::PrintAndEnd)
+        return false;
+    QTextStream(stdout) << commandLine.text << '\n';
+    return true;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
+    QCoreApplication::setApplicationName(QStringLiteral("fxhost"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(FXHOST_VERSION));
+    if (printsAndEnds(argc, argv))
+        return 0;
+
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("fxhost"));
-    QApplication::setApplicationVersion(QStringLiteral(FXHOST_VERSION));
     QApplication::setWindowIcon(appIcon());
 
     const CommandLineResult commandLine = readCommandLine(QApplication::arguments());
-    switch (commandLine.wish) {
-    case CommandLineResult::Wish::Start:
+    if (commandLine.wish == CommandLineResult::Wish::Start)
         return run(commandLine.options);
-    case CommandLineResult::Wish::PrintAndEnd:
-        QTextStream(stdout) << commandLine.text << '\n';
-        return 0;
-    case CommandLineResult::Wish::Refuse:
-        QTextStream(stderr) << commandLine.text << '\n';
-        return CommandLineResult::usageError;
-    }
+    QTextStream(stderr) << commandLine.text << '\n';
+    return CommandLineResult::usageError;
 }

@@ -34,6 +34,11 @@ ProgramHome::ProgramHome() : m_environment(QProcessEnvironment::systemEnvironmen
     m_environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
 }
 
+void ProgramHome::loseDisplay()
+{
+    m_environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("none"));
+}
+
 QString ProgramHome::path(const QString &name) const
 {
     return m_dir.filePath(name);

@@ -25,6 +25,8 @@ public:
     QString recentFile() const { return profile() + QStringLiteral("/recent.txt"); }
     //! A path below the temporary directory, beside the profile.
     QString path(const QString &name) const;
+    //! From now on no platform can show a window.
+    void loseDisplay();
     //! Writes a file that counts as a drawing: it begins with a version. \return its path
     QString drawing(const QString &name) const;
     //! Every file below the home directory, which is not the profile.

@@ -256,9 +256,10 @@ private slots:
         QCOMPARE(run.output, QString());
     }
 
-    void helpAndVersionGoToTheStandardOutput()
+    void helpAndVersionNeedNoDisplay()
     {
-        const ProgramHome home;
+        ProgramHome home;
+        home.loseDisplay();
         const ProgramRun help = home.runBare({"--help"});
         QCOMPARE(help.exitCode, 0);
         QVERIFY2(help.output.contains(QStringLiteral("--no-document")), qPrintable(help.output));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "module/OdRxUnixModuleRecentDocumentBrowser.h"
+#include "tests/support/Assertions.h"
 #include "tests/support/FakeHost.h"
 #include "tests/support/TestCase.h"
 
@@ -20,31 +21,6 @@ namespace {
 
 bool outOfMemory = false;
 std::set<void *> memoryInUse;
-
-struct Assertion
-{
-    QByteArray expression;
-    QByteArray source;
-    int line;
-};
-std::vector<Assertion> assertions;
-
-void noteAssertion(const char *expression, const char *source, int line)
-{
-    assertions.push_back({expression, source, line});
-}
-
-//! Collects what is asserted while it lives.
-class AssertionsAreNoted
-{
-public:
-    AssertionsAreNoted() : m_before(odaSetAssertHandler(noteAssertion)) { assertions.clear(); }
-    ~AssertionsAreNoted() { odaSetAssertHandler(m_before); }
-    Q_DISABLE_COPY(AssertionsAreNoted)
-
-private:
-    OdAssertHandler m_before;
-};
 
 struct DeleteModule
 {

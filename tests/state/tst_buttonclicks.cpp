@@ -3,6 +3,7 @@
 #include "module/RecentFileAction.h"
 #include "state/FolderPinButton.h"
 #include "tests/support/Browser.h"
+#include "tests/support/FocusReasons.h"
 #include "tests/support/TestCase.h"
 #include "ui/RecentDocDialog.h"
 #include "ui/RecentDocMainWindow.h"
@@ -35,20 +36,6 @@ FolderPinButton *menuTextButton(QWidget *parent, const QString &text)
     button->setText(text);
     return button;
 }
-
-//! Notes with which reasons a widget is given the focus.
-class FocusReasons : public QObject
-{
-public:
-    explicit FocusReasons(QWidget &widget) { widget.installEventFilter(this); }
-    bool eventFilter(QObject * /*watched*/, QEvent *event) override
-    {
-        if (event->type() == QEvent::FocusIn)
-            reasons.append(static_cast<QFocusEvent *>(event)->reason());
-        return false;
-    }
-    QList<Qt::FocusReason> reasons;
-};
 
 } // namespace
 

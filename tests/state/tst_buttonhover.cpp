@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "module/RecentDocumentBrowser.h"
 #include "state/FolderPinButton.h"
+#include "tests/support/FocusReasons.h"
 #include "tests/support/TestCase.h"
 #include "ui/QBalloonTip.h"
 
@@ -40,20 +41,6 @@ private:
         QEvent event(type);
         QCoreApplication::sendEvent(button, &event);
     }
-};
-
-//! Notes with which reasons a widget is given the focus.
-class FocusReasons : public QObject
-{
-public:
-    explicit FocusReasons(QWidget &widget) { widget.installEventFilter(this); }
-    bool eventFilter(QObject * /*watched*/, QEvent *event) override
-    {
-        if (event->type() == QEvent::FocusIn)
-            reasons.append(static_cast<QFocusEvent *>(event)->reason());
-        return false;
-    }
-    QList<Qt::FocusReason> reasons;
 };
 
 bool anyBalloonExists()

@@ -2,6 +2,7 @@
 #include "module/RecentDocumentBrowser.h"
 #include "state/FolderPinButton.h"
 #include "tests/support/Browser.h"
+#include "tests/support/MarkingTranslator.h"
 #include "tests/support/TestCase.h"
 #include "ui/HelpLabel.h"
 #include "ui/RecentDocDialog.h"
@@ -10,7 +11,6 @@
 #include <QGraphicsEffect>
 #include <QGridLayout>
 #include <QLabel>
-#include <QTranslator>
 
 using WhatAHostHas = bool FakeHost::*;
 Q_DECLARE_METATYPE(WhatAHostHas)
@@ -20,18 +20,6 @@ namespace {
 const QColor titleGround(51, 51, 102);
 const QColor pathGround(0, 0, 94);
 const QColor pathText(188, 188, 253);
-
-//! Marks what it has translated.
-class MarkingTranslator : public QTranslator
-{
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char *context, const char *sourceText, const char * /*disambiguation*/,
-                      int /*n*/) const override
-    {
-        return QStringLiteral("%1/%2").arg(QLatin1String(context), QLatin1String(sourceText));
-    }
-};
 
 //! Whether an area of a picture, in pixels, shows a colour at all.
 bool shows(const QImage &picture, const QRect &area, const QColor &color)

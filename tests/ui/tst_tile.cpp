@@ -2,6 +2,7 @@
 #include "module/RecentDocumentBrowser.h"
 #include "state/FolderPinButton.h"
 #include "tests/support/Browser.h"
+#include "tests/support/MarkingTranslator.h"
 #include "tests/support/TestCase.h"
 #include "ui/RecentDocDialog.h"
 #include "ui/RecentDocMainWindow.h"
@@ -9,21 +10,8 @@
 #include <QDialog>
 #include <QGridLayout>
 #include <QLabel>
-#include <QTranslator>
 
 namespace {
-
-//! Marks what it has translated.
-class MarkingTranslator : public QTranslator
-{
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char *context, const char *sourceText, const char * /*disambiguation*/,
-                      int /*n*/) const override
-    {
-        return QStringLiteral("%1/%2").arg(QLatin1String(context), QLatin1String(sourceText));
-    }
-};
 
 //! A tile as its constructor leaves it, before any layout has run.
 struct FreshTile

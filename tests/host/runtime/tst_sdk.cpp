@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/Assertions.h"
 #include "tests/support/TestCase.h"
 
 #include <CFxCommand.h>
@@ -22,19 +23,6 @@
 namespace {
 
 int deletedModuleObjects = 0;
-
-struct Assertion
-{
-    QByteArray expression;
-    QByteArray source;
-    int line;
-};
-std::vector<Assertion> assertions;
-
-void noteAssertion(const char *expression, const char *source, int line)
-{
-    assertions.push_back({expression, source, line});
-}
 
 class PlainModule : public vela_OdRxModule
 {

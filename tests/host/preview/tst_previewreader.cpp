@@ -173,7 +173,8 @@ void tst_PreviewReader::aBitmapIsOpaque()
     const QImage picture = read(drawingWith(bitmapEntry(bitmap.bytes())).bytes());
     QCOMPARE(picture.size(), QSize(width, height));
     QVERIFY(!picture.hasAlphaChannel());
-    for (const QRgb color : picture.colorTable())
+    const QVector<QRgb> colors = picture.colorTable();
+    for (const QRgb color : colors)
         QCOMPARE(qAlpha(color), 255);
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x)

@@ -68,7 +68,8 @@ void tst_RealPreviews::addManifestRows()
     QTest::addColumn<QByteArray>("version");
     QTest::addColumn<QString>("preview");
     QTest::addColumn<QSize>("size");
-    for (const QString &line : lines.mid(1)) {
+    const QStringList drawings = lines.mid(1);
+    for (const QString &line : drawings) {
         const QStringList fields = line.split(QLatin1Char('\t'));
         const auto field = [&](const char *title) {
             return fields.value(titles.indexOf(QLatin1String(title)));

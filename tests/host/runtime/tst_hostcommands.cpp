@@ -37,7 +37,7 @@ private slots:
         RunningHost running;
         running.host.commands().runLine(QStringLiteral("_OPEN /missing.dwg"));
         QCOMPARE(running.messages.size(), 1);
-        QCOMPARE(running.logged().last(), QStringLiteral("command _OPEN 5102"));
+        QCOMPARE(running.logged().constLast(), QStringLiteral("command _OPEN 5102"));
     }
 
     void openWithoutAPathAsksForOne()
@@ -142,8 +142,8 @@ private slots:
         RunningHost running;
         running.host.commands().runLine(line);
         QCOMPARE(running.messages.size(), 1);
-        QVERIFY2(running.logged().last().endsWith(QLatin1String(" 5102")),
-                 qPrintable(running.logged().last()));
+        QVERIFY2(running.logged().constLast().endsWith(QLatin1String(" 5102")),
+                 qPrintable(running.logged().constLast()));
         QCOMPARE(running.host.recentFiles().maximum(), fxhost::RecentFiles::defaultMaximum);
     }
 };

@@ -223,14 +223,14 @@ private slots:
         QMenu *const menu = window.menu("ID_RECENT_FILES_MENU");
         emit menu->aboutToShow();
         QCOMPARE(menu->actions().size(), 1);
-        QVERIFY(!menu->actions().first()->isEnabled());
+        QVERIFY(!menu->actions().constFirst()->isEnabled());
 
         window.host.recentFiles().setPaths({path, QStringLiteral("/b.dwg")});
         emit menu->aboutToShow();
         const QString escaped = QString(path).replace(QLatin1String("R&D\t"), QLatin1String("R&&D "));
         QCOMPARE(textsOf(menu), QStringList({QStringLiteral("&1 ") + escaped, QStringLiteral("&2 /b.dwg")}));
 
-        menu->actions().first()->trigger();
+        menu->actions().constFirst()->trigger();
         QTRY_COMPARE(window.host.documents().documents().size(), std::size_t(1));
         QCOMPARE(QString(window.host.documents().current()->path()), path);
     }
@@ -240,18 +240,18 @@ private slots:
         Window window;
         QMenu *const menu = window.menu("ID_WINDOWS_MENU");
         emit menu->aboutToShow();
-        QVERIFY(!menu->actions().first()->isEnabled());
+        QVERIFY(!menu->actions().constFirst()->isEnabled());
 
         fxhost::DocumentManager &documents = window.host.documents();
         fxhost::Document *const first = documents.newDocument();
         documents.newDocument();
         emit menu->aboutToShow();
         QCOMPARE(textsOf(menu), QStringList({QStringLiteral("&1 Drawing1"), QStringLiteral("&2 Drawing2")}));
-        QVERIFY(!menu->actions().first()->isChecked());
-        QVERIFY(menu->actions().last()->isChecked());
+        QVERIFY(!menu->actions().constFirst()->isChecked());
+        QVERIFY(menu->actions().constLast()->isChecked());
 
         QSignalSpy activateRequested(&documents, &fxhost::DocumentManager::activateRequested);
-        menu->actions().first()->trigger();
+        menu->actions().constFirst()->trigger();
         QTRY_COMPARE(documents.current(), first);
         QCOMPARE(activateRequested.size(), 1);
     }
@@ -264,7 +264,7 @@ private slots:
         fxhost::Document *const first = documents.newDocument();
         fxhost::Document *const second = documents.newDocument();
         emit menu->aboutToShow();
-        menu->actions().first()->trigger();
+        menu->actions().constFirst()->trigger();
         documents.close(first);
         drainEvents();
         QCOMPARE(documents.current(), second);

@@ -59,7 +59,8 @@ private slots:
     void theEleventhPushesTheOldestOut()
     {
         RecentFiles list;
-        for (const QString &path : numbered(1, 11))
+        const QStringList paths = numbered(1, 11);
+        for (const QString &path : paths)
             list.add(path);
         QCOMPARE(list.paths(), numbered(11, 2));
     }

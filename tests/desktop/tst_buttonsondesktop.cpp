@@ -41,18 +41,26 @@ namespace {
 const QRect usualFrame(60, 60, 1300, 900);
 const QPoint aside(1900, 1190);
 
-//! The three buttons of a menu entry that is on screen.
-QToolButton *entryButton(const QMenu &menu, int entry, const char *name)
+//! The module's entries in a menu of the host's, on screen.
+struct ShownMenu
 {
-    const QList<QToolButton *> all = menu.findChildren<QToolButton *>(QLatin1String(name));
-    return all.value(entry);
-}
+    explicit ShownMenu(int documents) : browser(documents, usualFrame)
+    {
+        Hand::moveTo(aside);
+        browser.addRecentFiles(&menu, nullptr);
+        menu.popup(QPoint(100, 100));
+        isShown = QTest::qWaitForWindowExposed(&menu);
+    }
 
-void showMenu(QMenu &menu)
-{
-    menu.popup(QPoint(100, 100));
-    QVERIFY(QTest::qWaitForWindowExposed(&menu));
-}
+    QToolButton *button(int entry, const char *name) const
+    {
+        return menu.findChildren<QToolButton *>(QLatin1String(name)).value(entry);
+    }
+
+    RealBrowser browser;
+    QMenu menu;
+    bool isShown = false;
+};
 
 } // namespace
 
@@ -163,17 +171,14 @@ void tst_ButtonsOnDesktop::pinChangesItsPictureAtOnceAndTellsTheMenu()
 
 void tst_ButtonsOnDesktop::menuEntryIsLegible()
 {
-    Hand::moveTo(aside);
-    RealBrowser browser(3, usualFrame);
-    QMenu menu;
-    browser.addRecentFiles(&menu, nullptr);
-    showMenu(menu);
-    const QToolButton *text = entryButton(menu, 0, "menuTextButton");
+    ShownMenu shown(3);
+    QVERIFY(shown.isShown);
+    const QToolButton *text = shown.button(0, "menuTextButton");
     QVERIFY(text);
     QVERIFY(text->text().startsWith(QLatin1String("&1 /")));
     QTRY_VERIFY(text->isVisible());
     Hand::keepScreenshot(QStringLiteral("menu-entries"));
-    const QImage image = menu.grab(QRect(text->mapTo(&menu, QPoint()), text->size())).toImage();
+    const QImage image = shown.menu.grab(QRect(text->mapTo(&shown.menu, QPoint()), text->size())).toImage();
     int dark = 0;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x)
@@ -186,47 +191,32 @@ void tst_ButtonsOnDesktop::menuEntryIsLegible()
 
 void tst_ButtonsOnDesktop::menuEntryOpensItsDrawing()
 {
-    Hand::moveTo(aside);
-    RealBrowser browser({QStringLiteral("one.dwg"), QStringLiteral("two words.dwg")}, usualFrame);
-    QMenu menu;
-    browser.addRecentFiles(&menu, nullptr);
-    showMenu(menu);
-    const QPointer<QToolButton> text = entryButton(menu, 1, "menuTextButton");
-    QVERIFY(text);
-    Hand::moveTo(text);
+    ShownMenu shown(2); // "plan 2.dwg": the path goes on behind its blank
+    QVERIFY(shown.isShown);
+    Hand::moveTo(shown.button(1, "menuTextButton"));
     Hand::click();
-    QTRY_COMPARE(browser.log().filter(QStringLiteral("open ")),
-                 QStringList({QStringLiteral("open %1 ok").arg(browser.paths().at(1))}));
+    QTRY_COMPARE(shown.browser.log().filter(QStringLiteral("open ")),
+                 QStringList({QStringLiteral("open %1 ok").arg(shown.browser.paths().at(1))}));
 }
 
 void tst_ButtonsOnDesktop::menuEntryShowsItsFolder()
 {
-    Hand::moveTo(aside);
-    RealBrowser browser(2, usualFrame);
-    QMenu menu;
-    browser.addRecentFiles(&menu, nullptr);
-    showMenu(menu);
-    const QToolButton *folder = entryButton(menu, 1, "folderButton");
-    QVERIFY(folder);
-    Hand::moveTo(folder);
+    ShownMenu shown(2);
+    QVERIFY(shown.isShown);
+    Hand::moveTo(shown.button(1, "folderButton"));
     Hand::click();
     QTRY_VERIFY(QFile::exists(m_bin.filePath(QStringLiteral("calls"))));
-    QCOMPARE(fileManagerCalls(), QStringList({QStringLiteral("1"), browser.paths().at(1)}));
+    QCOMPARE(fileManagerCalls(), QStringList({QStringLiteral("1"), shown.browser.paths().at(1)}));
 }
 
 void tst_ButtonsOnDesktop::menuEntryIsPinned()
 {
-    Hand::moveTo(aside);
-    RealBrowser browser(2, usualFrame);
-    QMenu menu;
-    browser.addRecentFiles(&menu, nullptr);
-    showMenu(menu);
-    const QToolButton *pin = entryButton(menu, 1, "pinButton");
-    QVERIFY(pin);
-    Hand::moveTo(pin);
+    ShownMenu shown(2);
+    QVERIFY(shown.isShown);
+    Hand::moveTo(shown.button(1, "pinButton"));
     Hand::click();
-    QTRY_VERIFY(pin->isChecked());
-    QVERIFY(!entryButton(menu, 0, "pinButton")->isChecked());
+    QTRY_VERIFY(shown.button(1, "pinButton")->isChecked());
+    QVERIFY(!shown.button(0, "pinButton")->isChecked());
 }
 
 QTEST_MAIN(tst_ButtonsOnDesktop)

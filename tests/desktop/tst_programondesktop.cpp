@@ -51,7 +51,7 @@ void tst_ProgramOnDesktop::initTestCase()
         m_paths.prepend(drawing.fileName());
         script.write("_RECENTADD " + drawing.fileName().toUtf8() + '\n');
     }
-    script.write("_NEW\n_DELAY 300\n_RECENT\n"); // the window must have its place before the popup looks
+    script.write("_NEW\n_RECENT\n");
 }
 
 void tst_ProgramOnDesktop::start(QProcess *program)

@@ -5,6 +5,11 @@
 #include <CFxPreviewBitmap.h>
 #include <CFxRecentFileList.h>
 #include <CFxServices.h>
+#include <CFxUIAccelerator.h>
+#include <CFxUICommand.h>
+#include <CFxUICustomization.h>
+#include <CFxUIGroup.h>
+#include <CFxUIMenuItem.h>
 #include <OdEdCommand.h>
 #include <OdEdCommandStack.h>
 #include <OdEditor.h>
@@ -18,6 +23,11 @@ namespace {
 struct ReleaseReference
 {
     void operator()(OdRxObject *object) const { object->release(); }
+};
+
+struct ReleaseEnumerator
+{
+    void operator()(CFxUIGroupEnumerator *enumerator) const { enumerator->Release(); }
 };
 
 //! A reference that the host counts and we give back, on every way out.
@@ -38,6 +48,14 @@ CFxDocumentManager *documentManager()
     return services ? services->GetDocumentManager() : nullptr;
 }
 
+CFxUICustomization *customization()
+{
+    CFxSystemServices *services = GetFxSystemServices();
+    return services ? services->GetCustomization() : nullptr;
+}
+
+using GroupEnumerator = std::unique_ptr<CFxUIGroupEnumerator, ReleaseEnumerator>;
+
 Reference<OdEdCommandStack> commandStack()
 {
     return Reference<OdEdCommandStack>(odedRegCmds());
@@ -51,6 +69,11 @@ Reference<OdEditor> editor()
 } // namespace
 
 namespace HostAccess {
+
+bool hasServices()
+{
+    return GetFxSystemServices() != nullptr;
+}
 
 std::optional<std::vector<CFxString>> recentFiles()
 {
@@ -132,6 +155,69 @@ bool isCommandRegistered(const OdString &name)
     constexpr int anyName = OdEdCommandStack::GlobalNames | OdEdCommandStack::LocalNames;
     const OdString anyGroup;
     return Reference<OdEdCommand>(stack->lookupCommand(name, anyName, anyGroup)) != nullptr;
+}
+
+CFxUIGroup *primaryGroup()
+{
+    CFxUICustomization *menus = customization();
+    if (!menus)
+        return nullptr;
+    const GroupEnumerator enumerator(menus->EnumerateGroups());
+    while (CFxUIGroup *group = enumerator->Next()) {
+        if (menus->IsPrimary(group))
+            return group;
+    }
+    return nullptr;
+}
+
+std::vector<CFxUIGroup *> groups()
+{
+    std::vector<CFxUIGroup *> all;
+    if (CFxUICustomization *menus = customization()) {
+        const GroupEnumerator enumerator(menus->EnumerateGroups());
+        while (CFxUIGroup *group = enumerator->Next())
+            all.push_back(group);
+    }
+    return all;
+}
+
+CFxUIGroup *startUpGroup()
+{
+    CFxUICustomization *menus = customization();
+    return menus ? menus->GetStartUpGroup() : nullptr;
+}
+
+CFxUICommand *findCommand(const CFxUIGroup &group, const CFxString &identifier)
+{
+    const CFxUICustomization *menus = customization();
+    return menus ? menus->FindCommand(group.GetName(), identifier) : nullptr;
+}
+
+std::unique_ptr<CFxUICommand> createCommand(const CFxString &identifier)
+{
+    CFxUICustomization *menus = customization();
+    return std::unique_ptr<CFxUICommand>(menus ? menus->CreateCommand(identifier) : nullptr);
+}
+
+std::unique_ptr<CFxUIMenuItem> createMenuItem(const CFxString &identifier)
+{
+    CFxUICustomization *menus = customization();
+    const CFxString none;
+    return std::unique_ptr<CFxUIMenuItem>(menus ? menus->CreateMenuItem(nullptr, none, none, identifier)
+                                                : nullptr);
+}
+
+std::unique_ptr<CFxUIAccelerator> createAccelerator(CFxUICommand *command)
+{
+    CFxUICustomization *menus = customization();
+    return std::unique_ptr<CFxUIAccelerator>(menus ? menus->CreateAccelerator(command, CFxString())
+                                                   : nullptr);
+}
+
+void refreshMenus()
+{
+    if (CFxUICustomization *menus = customization())
+        menus->Refresh();
 }
 
 void readPreview(const CFxString &path, QImage &image)

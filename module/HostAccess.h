@@ -3,10 +3,15 @@
 
 #include <CFxString.h>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
 class CFxDocumentManagerReactor;
+class CFxUIAccelerator;
+class CFxUICommand;
+class CFxUIGroup;
+class CFxUIMenuItem;
 class OdEdCommand;
 class OdEditorReactor;
 class OdString;
@@ -20,6 +25,9 @@ class QWidget;
 //! thread, but for readPreview(). Exceptions from the host pass through, after every reference that was
 //! taken has been released.
 namespace HostAccess {
+
+//! Whether the host offers services at all.
+bool hasServices();
 
 //! The recent documents, most recent first, exactly as the host gives them; nothing when the host keeps no
 //! such list.
@@ -47,6 +55,24 @@ void addCommand(OdEdCommand *command);
 void removeCommand(OdEdCommand *command);
 //! Whether a command has this global or local name, in any group.
 bool isCommandRegistered(const OdString &name);
+
+// The host's customisable menus and keys. Groups, and all that is in one, are owned by the host.
+//! The first group that the host calls primary; null when there is none.
+CFxUIGroup *primaryGroup();
+//! All groups in the host's order, without that of the start-up menus.
+std::vector<CFxUIGroup *> groups();
+//! The group of the menus that stand while no drawing is open; null when there is none.
+CFxUIGroup *startUpGroup();
+//! The command definition with this identifier, compared exactly; null when group has none.
+CFxUICommand *findCommand(const CFxUIGroup &group, const CFxString &identifier);
+// New ones, without a place in any group or menu yet; null when the host cannot make any.
+std::unique_ptr<CFxUICommand> createCommand(const CFxString &identifier);
+//! Runs nothing, and has neither label nor help string.
+std::unique_ptr<CFxUIMenuItem> createMenuItem(const CFxString &identifier);
+//! Has neither key nor identifier.
+std::unique_ptr<CFxUIAccelerator> createAccelerator(CFxUICommand *command);
+//! Brings menus and keys on screen up to date.
+void refreshMenus();
 
 //! Writes the picture stored in the drawing at path into image; leaves image alone when there is none. Any
 //! thread, from several at once. Throws what the host's reader throws.

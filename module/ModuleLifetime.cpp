@@ -8,6 +8,7 @@
 #include <OdRxObject.h>
 
 #include <QApplication>
+#include <QMenu>
 #include <QPointer>
 
 #include <vector>

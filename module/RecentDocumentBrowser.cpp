@@ -3,6 +3,7 @@
 
 #include "module/HelpCommandReg.h"
 #include "module/HostAccess.h"
+#include "module/MenuIntegration.h"
 #include "module/ModuleLifetime.h"
 #include "module/velaCommandHelp.h"
 
@@ -17,8 +18,8 @@ QList<QAction *> RecentDocumentBrowser::recentDocActionList;
 QList<FolderPinButton *> folderButtonList;
 QList<FolderPinButton *> RecentDocumentBrowser::menuPinButtonList;
 QList<FolderPinButton *> RecentDocumentBrowser::docPinButtonList;
-QMenu *RecentDocumentBrowser::recentDocMenu = nullptr;
-QAction *RecentDocumentBrowser::before = nullptr;
+QPointer<QMenu> RecentDocumentBrowser::recentDocMenu;
+QPointer<QAction> RecentDocumentBrowser::before;
 
 namespace {
 
@@ -57,6 +58,7 @@ void RecentDocumentBrowser::uninitApp() {}
 
 void RecentDocumentBrowser::mainFrameCreated(QWidget * /*mainFrame*/)
 {
+    LoadMenu();
     HelpCommandReg::AddHelpcommand(newHelpCommand());
 }
 
@@ -65,6 +67,8 @@ void RecentDocumentBrowser::mainFrameDestroyed(QWidget * /*mainFrame*/)
     HostAccess::removeCommand(&m_command);
     HostAccess::removeDocumentReactor(this);
     HostAccess::removeEditorReactor(this);
+    UnLoadMenu(GetStartUpMenuItem(fileMenuIdentifier));
+    UnLoadMenu(GetMenuItem(fileMenuIdentifier));
     HelpCommandReg::RemoveHelpcommand(newHelpCommand());
 }
 
@@ -74,6 +78,7 @@ void RecentDocumentBrowser::DocumentCreated(CFxDocument * /*document*/)
     if (!recent || recent->empty())
         return;
 
+    LoadMenu();
     recentFileImageMap = {};
     menuPinButtonList.clear();
     // Never shown: the browser's tiles and the pins are made from its entries.

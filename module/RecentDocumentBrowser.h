@@ -12,8 +12,10 @@
 #include <QImage>
 #include <QList>
 #include <QMap>
+#include <QPointer>
 #include <QString>
 
+class CFxUIMenuItem;
 class FolderPinButton;
 class QAction;
 class QMenu;
@@ -42,6 +44,20 @@ public:
     void mainFrameCreated(QWidget *mainFrame) override;
     void mainFrameDestroyed(QWidget *mainFrame) override;
 
+    // The host's own menus and keys (module/MenuIntegration.cpp).
+    //! Puts "Preview Recent Documents..." into the File menus where it is missing and there are recent
+    //! documents to show.
+    static void LoadMenu();
+    //! The first top-level menu with this identifier, compared exactly, in any group but the start-up one;
+    //! owned by the host, null when there is none.
+    static CFxUIMenuItem *GetMenuItem(const CFxString &id);
+    //! Looks at the File menu's entry and its accelerator, and leaves both: the host discards them with the
+    //! main window. \param fileMenu may be null
+    static void UnLoadMenu(CFxUIMenuItem *fileMenu);
+    //! Binds F4 to the browser unless some command has that key. For the host to call, once LoadMenu() has
+    //! made the command definition.
+    static void SetShortCutKey();
+
     //! Inserts an entry for each recent document into menu, between two separators. Remembers where, for
     //! later reordering. \param successor the entries go in front of it; null: at the end
     static void AddRecentFiles(QMenu *menu, QAction *successor);
@@ -63,6 +79,11 @@ public:
     static FolderPinButton *CreatePinButton(QWidget *parent, QString &path);
     static FolderPinButton *CreateFolderButton(QWidget *parent, QString &path);
 
+    // Pins (state/PinnedOrder.cpp).
+    //! Puts pinned documents first: in the recent-files menu, renumbered and with a separator behind them,
+    //! and in menuPinButtonList. \param unused neither read nor written
+    static void UpdatePin(QString &unused);
+
     // Thumbnails (state/ThumbnailCache.cpp).
     //! The picture stored in the drawing at path; null when there is none or it cannot be read. Any thread.
     static QImage GetQImage(const QString &path);
@@ -80,9 +101,10 @@ public:
     static QList<FolderPinButton *> menuPinButtonList;
     //! The pin buttons of the newest popup's tiles, in the order in which the tiles were made.
     static QList<FolderPinButton *> docPinButtonList;
-    //! The menu that carries the entries, and the action that they stand in front of (null: the end).
-    static QMenu *recentDocMenu;
-    static QAction *before;
+    //! The menu that carries the entries, and the action that they stand in front of (null: the end). Whoever
+    //! handed them in owns them, and may delete them.
+    static QPointer<QMenu> recentDocMenu;
+    static QPointer<QAction> before;
 
 private:
     OdStaticRxObject<CFxRecentDocCommand> m_command;

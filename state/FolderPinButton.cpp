@@ -121,9 +121,14 @@ void FolderPinButton::pinDown()
     }
     if (!self)
         return;
-    if (objectName() == QLatin1String("pinButton") && isInTile()) {
-        takeOverPinsOfTiles();
-        giveFocusToGrandparent();
+    if (objectName() == QLatin1String("pinButton")) {
+        if (isInTile()) {
+            takeOverPinsOfTiles();
+            giveFocusToGrandparent();
+        } else {
+            QString unused;
+            RecentDocumentBrowser::UpdatePin(unused);
+        }
     }
     if (objectName() == QLatin1String("folderButton")) {
         OpenExplorer(m_path);

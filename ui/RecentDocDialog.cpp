@@ -130,7 +130,8 @@ void RecentDocDialog::highlight()
 
 void RecentDocDialog::clearHighlight()
 {
-    m_highlightEffect->setColor(HighlightEffect::restingColor());
+    if (m_highlightEffect)
+        m_highlightEffect->setColor(HighlightEffect::restingColor());
 }
 
 void RecentDocDialog::setHighlightEffect(HighlightEffect *effect)

@@ -30,8 +30,8 @@ public:
     bool isHighlighted() const;
     //! Installs a highlight of its own and repaints the tile.
     void highlight();
-    //! Gives the effect, which stays, the tile's resting colour. Asks for no repaint. The tile must have been
-    //! highlighted before.
+    //! Gives the effect, which stays, the tile's resting colour. Asks for no repaint. A tile that never was
+    //! highlighted has no effect and is left alone.
     void clearHighlight();
 
     //! Asks the host to open the tile's document.

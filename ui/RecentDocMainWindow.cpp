@@ -48,6 +48,8 @@ RecentDocMainWindow::RecentDocMainWindow(QWidget *parent) : CFxDialog(parent, fa
 
     if (RecentDocumentBrowser::recentFileImageMap.isEmpty())
         RecentDocumentBrowser::CreateRecentFileImageMap();
+    QString unused;
+    RecentDocumentBrowser::UpdatePin(unused);
     buildHeader();
 
     const auto recent = HostAccess::recentFiles();
@@ -123,12 +125,14 @@ void RecentDocMainWindow::buildGrid()
 {
     gridLayout = new QGridLayout;
     gridLayout->setSpacing(20);
-    gridLayout->setContentsMargins(11, 11, 11, 11);
+    gridLayout->setContentsMargins(gridMargin, gridMargin, gridMargin, gridMargin);
     gridLayout->setObjectName(QStringLiteral("gridLayout"));
     // The spacers stand beyond the last column and row, so that tiles keep to the upper left.
-    horizontalSpacer = new QSpacerItem(40, 20, QSizePolicy::Expanding, QSizePolicy::Minimum);
+    horizontalSpacer = new QSpacerItem(horizontalSpace.width(), horizontalSpace.height(),
+                                       QSizePolicy::Expanding, QSizePolicy::Minimum);
     gridLayout->addItem(horizontalSpacer, 0, tileColumns + 1);
-    verticalSpacer = new QSpacerItem(20, 40, QSizePolicy::Minimum, QSizePolicy::Expanding);
+    verticalSpacer = new QSpacerItem(verticalSpace.width(), verticalSpace.height(), QSizePolicy::Minimum,
+                                     QSizePolicy::Expanding);
     gridLayout->addItem(verticalSpacer, tileRows, 0);
 
     RecentDocumentBrowser::docPinButtonList = {};
@@ -152,8 +156,7 @@ int RecentDocMainWindow::getColumnPosition() const
         return -1;
     for (int column = 0; column < tileColumns; ++column) {
         for (int row = 0; row < tileRows; ++row) {
-            QLayoutItem *item = gridLayout->itemAtPosition(row, column);
-            const auto *tile = item ? qobject_cast<const RecentDocDialog *>(item->widget()) : nullptr;
+            const RecentDocDialog *tile = tileAt(row, column);
             if (tile && tile->path() == highlighted->path())
                 return column;
         }

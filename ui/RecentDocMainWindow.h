@@ -7,6 +7,7 @@
 
 #include <QPoint>
 #include <QPointer>
+#include <QSize>
 
 class QGridLayout;
 class QLabel;
@@ -25,6 +26,22 @@ public:
     explicit RecentDocMainWindow(QWidget *parent);
     ~RecentDocMainWindow() override;
 
+    // Moving the highlight (ui/RecentDocMainWindowKeys.cpp). Nothing happens where there are no tiles, or
+    // where the tiles are those of a popup that is gone.
+    //! One tile on or back in display order, and round the ends. Several highlighted tiles become the one
+    //! behind, or in front of, them.
+    void gotoNextDialog();
+    void gotoPreviousDialog();
+    //! One row down or up, round the ends of the column. Only the first highlighted tile moves.
+    void goDownNextDialog();
+    void goUpPreviousDialog();
+    //! Grows the highlighted run at its end or its start, or, after a step the other way, shrinks it.
+    void selectForwardMultiDoc();
+    void selectBackwardMultiDoc();
+    //! Closes the popup and asks the host to open every highlighted document, in display order. The host may
+    //! run an event loop meanwhile: the popup may be gone afterwards. Nothing highlighted: nothing happens.
+    void multiDocumentOpen();
+
     //! The grid column of the highlighted tile; -1 when none is highlighted.
     int getColumnPosition() const;
 
@@ -35,7 +52,7 @@ public:
     QGridLayout *gridLayout = nullptr; //!< the tiles; null when the host keeps no recent documents
     int tileColumns = 0;
     int tileRows = 0;
-    RecentDocDialog *dragDialog = nullptr; //!< the tile under the last press; may be null
+    QPointer<RecentDocDialog> dragDialog; //!< the tile under the last press; may be null
     QSpacerItem *horizontalSpacer = nullptr;
     QSpacerItem *verticalSpacer = nullptr;
     int popupWidth = 0; //!< as computed; the popup comes back to it after a drag
@@ -52,14 +69,33 @@ public Q_SLOTS:
     void help();
 
 protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void leaveEvent(QEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     bool focusNextPrevChild(bool next) override;
 
 private:
+    // The grid as built, and as it is again after a drag; in pixels.
+    static constexpr int gridMargin = 11;
+    static constexpr QSize horizontalSpace{40, 20};
+    static constexpr QSize verticalSpace{20, 40};
+
     void buildHeader();
     void computeSize(int frameWidth, int documentCount);
     void computePosition(const QRect &frame);
     void buildGrid();
+    RecentDocDialog *tileAt(int row, int column) const;
+    void moveAlongColumn(int step);
+    void runDrag(const QPoint &position);
+    void collapse();
+    void restore();
+    void formStrip();
+    void setGridSpace(int margin, const QSize &horizontal, const QSize &vertical);
+    QList<QWidget *> widgetsInGrid() const;
 };

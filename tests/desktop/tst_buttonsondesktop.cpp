@@ -215,8 +215,12 @@ void tst_ButtonsOnDesktop::menuEntryIsPinned()
     QVERIFY(shown.isShown);
     Hand::moveTo(shown.button(1, "pinButton"));
     Hand::click();
-    QTRY_VERIFY(shown.button(1, "pinButton")->isChecked());
-    QVERIFY(!shown.button(0, "pinButton")->isChecked());
+    // The entry moves to the front, under the hand that clicks it.
+    QTRY_VERIFY(shown.button(0, "pinButton")->isChecked());
+    QVERIFY(!shown.button(1, "pinButton")->isChecked());
+    QCOMPARE(shown.button(0, "menuTextButton")->text(), QStringLiteral("&1 ") + shown.browser.paths().at(1));
+    QCOMPARE(shown.button(1, "menuTextButton")->text(), QStringLiteral("&2 ") + shown.browser.paths().at(0));
+    Hand::keepScreenshot(QStringLiteral("menu-entry-pinned"));
 }
 
 QTEST_MAIN(tst_ButtonsOnDesktop)

@@ -20,8 +20,14 @@ const char *const exportedNames[] = {
     "RecentDocumentBrowser::DocumentCreated(CFxDocument*)",
     "RecentDocumentBrowser::mainFrameCreated(QWidget*)",
     "RecentDocumentBrowser::mainFrameDestroyed(QWidget*)",
+    // The host's menus and keys.
+    "RecentDocumentBrowser::LoadMenu()",
+    "RecentDocumentBrowser::GetMenuItem(CFxString const&)",
+    "RecentDocumentBrowser::UnLoadMenu(CFxUIMenuItem*)",
+    "RecentDocumentBrowser::SetShortCutKey()",
     // The registry.
     "RecentDocumentBrowser::AddRecentFiles(QMenu*, QAction*)",
+    "RecentDocumentBrowser::UpdatePin(QString&)",
     "RecentDocumentBrowser::CreateRecentDocList(QWidget*)",
     "RecentDocumentBrowser::getHighlightedRecentDoc()",
     "RecentDocumentBrowser::getHighlightedRecentDocList()",

@@ -207,7 +207,7 @@ private slots:
         QTest::newRow("the front page") << "_HELP"
                                         << "_RECENTLIMIT";
         QTest::newRow("the recent drawings") << "_HELP 3087"
-                                             << "The command _RECENT shows them with their pictures";
+                                             << "F4 or the command _RECENT show them with their pictures";
         QTest::newRow("no such page") << "_HELP 12"
                                       << "no help page for topic 12";
     }

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "module/RecentDocumentBrowser.h"
+#include "module/RecentFileAction.h"
+#include "state/FolderPinButton.h"
+
+#include <QMenu>
+
+#include <algorithm>
+
+namespace {
+
+//! Gives an entry's text its new number. Of two-digit numbers only 10 is known as such: from the eleventh
+//! entry on the old second digit stays.
+void renumber(const QAction *action, int number)
+{
+    const auto *entry = qobject_cast<const RecentFileAction *>(action);
+    if (!entry)
+        return;
+    QString text = entry->textButton->text();
+    const int oldDigits = text.startsWith(QLatin1String("&10")) ? 2 : 1;
+    entry->textButton->setText(text.replace(1, oldDigits, QString::number(number)));
+}
+
+} // namespace
+
+void RecentDocumentBrowser::UpdatePin(QString & /*unused*/)
+{
+    const QList<FolderPinButton *> buttons = menuPinButtonList;
+    const QList<QAction *> actions = recentDocActionList;
+    QList<FolderPinButton *> pinnedButtons;
+    QList<FolderPinButton *> otherButtons;
+    QList<QAction *> pinned;
+    QList<QAction *> others;
+    int number = 1;
+
+    for (FolderPinButton *button : buttons) {
+        if (!button || !button->isChecked()) {
+            otherButtons.append(button);
+            continue;
+        }
+        pinnedButtons.append(button);
+        for (QAction *action : actions) {
+            // The action's text keeps its first number for ever; the path behind it is all that counts here.
+            if (FolderPinButton::pathInMenuText(action->text()) == button->path()) {
+                renumber(action, number++);
+                pinned.append(action);
+            }
+        }
+    }
+    menuPinButtonList.clear();
+    std::for_each(pinnedButtons.begin(), pinnedButtons.end(), AddInToMenuPinButtonList);
+    std::for_each(otherButtons.begin(), otherButtons.end(), AddInToMenuPinButtonList);
+
+    for (QAction *action : actions) {
+        if (!action->isSeparator() && !pinned.contains(action)) {
+            renumber(action, number++);
+            others.append(action);
+        }
+    }
+
+    if (!recentDocMenu)
+        return; // no menu yet, or its owner has deleted it
+    // Inserting an action that the menu holds already moves it.
+    QAction *const behindPinned = others.isEmpty() ? before.data() : others.first();
+    for (QAction *action : qAsConst(pinned))
+        recentDocMenu->insertAction(behindPinned, action);
+    // Each call adds a separator of its own; those of earlier calls stay where they are.
+    if (!pinned.isEmpty() && !others.isEmpty())
+        recentDocMenu->insertSeparator(behindPinned);
+    for (QAction *action : qAsConst(others))
+        recentDocMenu->insertAction(before, action);
+}

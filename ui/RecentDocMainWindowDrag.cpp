@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+#include "ui/RecentDocMainWindow.h"
+
+#include "ui/RecentDocDialog.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QDataStream>
+#include <QDrag>
+#include <QDragEnterEvent>
+#include <QGridLayout>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QUrl>
+
+// Dragging a tile out of the popup. While the pointer is outside, the popup is a strip, so that the drawing
+// behind it can be reached; a drag that ends outside opens what is highlighted.
+
+namespace {
+
+//! The browser's own drags: the tile's picture (QPixmap) and where in it the pointer took hold (QPoint,
+//! pixels from its upper left corner), as a QDataStream writes them.
+QString tileFormat()
+{
+    return QStringLiteral("application/corvel.DR.Layout");
+}
+
+//! A pointer this near to the popup's edge counts as outside, in pixels. Moves of a drag are told only to the
+//! window under the pointer: without a rim nothing would tell of leaving.
+constexpr int rim = 11;
+//! What is left of the popup then: its header, in pixels.
+constexpr int stripHeight = 32;
+
+QString tileName()
+{
+    return QStringLiteral("RecentDocDialog");
+}
+
+} // namespace
+
+void RecentDocMainWindow::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        pressPoint = event->pos();
+    QWidget *widget = childAt(event->pos());
+    // A press on a tile's label or button is one on the tile.
+    if (widget && widget->parentWidget()->objectName() == tileName())
+        widget = widget->parentWidget();
+    dragDialog = qobject_cast<RecentDocDialog *>(widget);
+    if (dragDialog)
+        QWidget::mousePressEvent(event);
+}
+
+void RecentDocMainWindow::mouseMoveEvent(QMouseEvent *event)
+{
+    if (!dragDialog || !(event->buttons() & Qt::LeftButton))
+        return;
+    if ((event->pos() - pressPoint).manhattanLength() < QApplication::startDragDistance())
+        return;
+    // The drag runs an event loop, in which anything may have happened to us and to the tile.
+    const QPointer<RecentDocMainWindow> self(this);
+    runDrag(event->pos());
+    if (self && isCollapsed)
+        multiDocumentOpen();
+    if (self && dragDialog) {
+        dragDialog->show();
+        QWidget::mouseMoveEvent(event);
+    }
+}
+
+void RecentDocMainWindow::runDrag(const QPoint &position)
+{
+    const QPixmap picture = dragDialog->grab();
+    const QPoint grabOffset = position - dragDialog->pos();
+    QByteArray tile;
+    QDataStream stream(&tile, QIODevice::WriteOnly);
+    stream << picture << grabOffset;
+
+    auto *payload = new QMimeData;
+    payload->setData(tileFormat(), tile);
+    payload->setUrls({QUrl(QStringLiteral("file:///") + dragDialog->path(), QUrl::TolerantMode)});
+
+    const QPointer<QDrag> drag(new QDrag(dragDialog));
+    drag->setMimeData(payload);
+    drag->setHotSpot(grabOffset);
+    drag->setPixmap(picture);
+    drag->exec(Qt::CopyAction);
+    // Another program fetches the data after the drop, when tile and popup may be gone.
+    if (drag)
+        drag->setParent(QCoreApplication::instance());
+}
+
+void RecentDocMainWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (event->mimeData()->hasFormat(tileFormat()))
+        event->acceptProposedAction();
+    else
+        event->ignore();
+}
+
+void RecentDocMainWindow::dragMoveEvent(QDragMoveEvent * /*event*/)
+{
+    if (!dragDialog)
+        return;
+    if (geometry().adjusted(rim, rim, -rim, -rim).contains(QCursor::pos()))
+        restore();
+    else
+        collapse();
+    dragDialog->hide(); // its cell stays empty until the drag has ended
+}
+
+void RecentDocMainWindow::dragLeaveEvent(QDragLeaveEvent * /*event*/)
+{
+    if (isCollapsed)
+        formStrip();
+}
+
+void RecentDocMainWindow::collapse()
+{
+    isCollapsed = true;
+    const QList<QWidget *> widgets = widgetsInGrid();
+    for (QWidget *widget : widgets)
+        widget->hide();
+    formStrip();
+}
+
+void RecentDocMainWindow::restore()
+{
+    if (!isCollapsed)
+        return;
+    setGeometry(popupX, popupY, popupWidth, popupHeight);
+    const QList<QWidget *> widgets = widgetsInGrid();
+    for (QWidget *widget : widgets) {
+        if (widget != dragDialog)
+            widget->show();
+    }
+    resize(popupWidth, popupHeight);
+    setGridSpace(gridMargin, horizontalSpace, verticalSpace);
+    isCollapsed = false;
+}
+
+void RecentDocMainWindow::formStrip()
+{
+    setGridSpace(0, QSize(0, 0), QSize(0, 0));
+    resize(popupWidth, stripHeight);
+    setGeometry(popupX, popupY, popupWidth, stripHeight);
+}
+
+void RecentDocMainWindow::setGridSpace(int margin, const QSize &horizontal, const QSize &vertical)
+{
+    gridLayout->setContentsMargins(margin, margin, margin, margin);
+    verticalSpacer->changeSize(vertical.width(), vertical.height(), QSizePolicy::Minimum,
+                               QSizePolicy::Expanding);
+    horizontalSpacer->changeSize(horizontal.width(), horizontal.height(), QSizePolicy::Expanding,
+                                 QSizePolicy::Minimum);
+}
+
+//! All widgets of the grid, which has its spacers beyond the last row and column.
+QList<QWidget *> RecentDocMainWindow::widgetsInGrid() const
+{
+    QList<QWidget *> widgets;
+    for (int row = 0; row < gridLayout->rowCount() - 1; ++row) {
+        for (int column = 0; column < gridLayout->columnCount() - 1; ++column) {
+            QLayoutItem *item = gridLayout->itemAtPosition(row, column);
+            if (item && item->widget())
+                widgets.append(item->widget());
+        }
+    }
+    return widgets;
+}

@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: MIT
+#include "ui/RecentDocMainWindow.h"
+
+#include "module/HostAccess.h"
+#include "module/RecentDocumentBrowser.h"
+#include "state/BrowserLife.h"
+#include "ui/RecentDocDialog.h"
+
+#include <QGridLayout>
+#include <QKeyEvent>
+
+#include <algorithm>
+
+// The popup's keys. The highlight is the tiles' own; the popup keeps only which way a run was last changed.
+
+namespace {
+
+QList<RecentDocDialog *> tilesInOrder()
+{
+    return BrowserLife::tilesExist() ? RecentDocumentBrowser::recentDocDialogList
+                                     : QList<RecentDocDialog *>();
+}
+
+void highlightTile(RecentDocDialog *tile)
+{
+    tile->highlight();
+    tile->setMainWindowDocPathLabel(tile->path());
+}
+
+void clearTile(RecentDocDialog *tile)
+{
+    tile->clearHighlight();
+    tile->update();
+}
+
+//! Moves the highlight from each of tiles, in the order given, to the one that follows, until it reaches one
+//! that was not highlighted. The first follows the last.
+void moveHighlight(const QList<RecentDocDialog *> &tiles)
+{
+    for (int i = 0; i < tiles.size(); ++i) {
+        if (!tiles.at(i)->isHighlighted())
+            continue;
+        clearTile(tiles.at(i));
+        RecentDocDialog *neighbour = tiles.at((i + 1) % tiles.size());
+        if (!neighbour->isHighlighted()) {
+            highlightTile(neighbour);
+            return;
+        }
+    }
+}
+
+//! Adds the tile behind the first highlighted run of tiles to it.
+//! \param growing whether the step before went the same way; if not, the run loses its first tile instead,
+//! unless it has one tile only
+//! \return whether a tile was added
+bool extendRun(const QList<RecentDocDialog *> &tiles, bool growing)
+{
+    for (int i = 0; i + 1 < tiles.size(); ++i) {
+        if (!tiles.at(i)->isHighlighted())
+            continue;
+        RecentDocDialog *next = tiles.at(i + 1);
+        if (!next->isHighlighted()) {
+            highlightTile(next);
+            return true;
+        }
+        if (!growing) {
+            clearTile(tiles.at(i));
+            return false;
+        }
+    }
+    return false;
+}
+
+QList<RecentDocDialog *> reversed(QList<RecentDocDialog *> tiles)
+{
+    std::reverse(tiles.begin(), tiles.end());
+    return tiles;
+}
+
+} // namespace
+
+void RecentDocMainWindow::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        multiDocumentOpen();
+        return;
+    }
+    const QPointer<RecentDocMainWindow> self(this); // closing may delete us, and with us dragDialog
+    // The keypad's arrows carry a modifier of their own: they move, and select nothing.
+    const bool selects = event->modifiers() == Qt::ShiftModifier || event->modifiers() == Qt::ControlModifier;
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        done(0);
+        break;
+    case Qt::Key_Tab:
+        gotoNextDialog();
+        break;
+    case Qt::Key_Right:
+        if (selects) {
+            selectForwardMultiDoc();
+            backwardSelectionActive = false;
+        } else {
+            gotoNextDialog();
+        }
+        break;
+    case Qt::Key_Left:
+        if (selects) {
+            selectBackwardMultiDoc();
+            forwardSelectionActive = false;
+        } else {
+            gotoPreviousDialog();
+        }
+        break;
+    case Qt::Key_Up:
+        if (!selects)
+            goUpPreviousDialog();
+        break;
+    case Qt::Key_Down:
+        if (!selects)
+            goDownNextDialog();
+        break;
+    default:
+        break;
+    }
+    if (self && dragDialog)
+        QDialog::keyPressEvent(event);
+}
+
+void RecentDocMainWindow::gotoNextDialog()
+{
+    moveHighlight(tilesInOrder());
+}
+
+void RecentDocMainWindow::gotoPreviousDialog()
+{
+    moveHighlight(reversed(tilesInOrder()));
+}
+
+RecentDocDialog *RecentDocMainWindow::tileAt(int row, int column) const
+{
+    QLayoutItem *item = gridLayout->itemAtPosition(row, column);
+    return item ? qobject_cast<RecentDocDialog *>(item->widget()) : nullptr;
+}
+
+//! Moves the first highlighted tile's highlight to the next tile of its column, round the column's ends and
+//! over the cells that a last row leaves empty. Other highlighted tiles stay so.
+//! \param step 1 down, -1 up
+void RecentDocMainWindow::moveAlongColumn(int step)
+{
+    const RecentDocDialog *highlighted = RecentDocumentBrowser::getHighlightedRecentDoc();
+    if (!highlighted || !gridLayout)
+        return;
+    for (int cell = 0; cell < tileRows * tileColumns; ++cell) {
+        const int row = cell / tileColumns;
+        const int column = cell % tileColumns;
+        RecentDocDialog *tile = tileAt(row, column);
+        if (!tile || tile->path() != highlighted->path())
+            continue;
+        clearTile(tile);
+        int target = row;
+        do {
+            target = (target + step + tileRows) % tileRows;
+        } while (!tileAt(target, column));
+        if (!tileAt(target, column)->isHighlighted())
+            highlightTile(tileAt(target, column));
+        return;
+    }
+}
+
+void RecentDocMainWindow::goDownNextDialog()
+{
+    moveAlongColumn(1);
+}
+
+void RecentDocMainWindow::goUpPreviousDialog()
+{
+    moveAlongColumn(-1);
+}
+
+void RecentDocMainWindow::selectForwardMultiDoc()
+{
+    if (extendRun(tilesInOrder(), forwardSelectionActive))
+        forwardSelectionActive = true;
+}
+
+void RecentDocMainWindow::selectBackwardMultiDoc()
+{
+    if (extendRun(reversed(tilesInOrder()), backwardSelectionActive))
+        backwardSelectionActive = true;
+}
+
+void RecentDocMainWindow::multiDocumentOpen()
+{
+    const QList<QString> paths = RecentDocumentBrowser::getHighlightedRecentDocPathList();
+    if (paths.isEmpty())
+        return;
+    done(0);
+    for (const QString &path : paths) {
+        if (!path.isEmpty())
+            HostAccess::openDocument(path);
+    }
+}

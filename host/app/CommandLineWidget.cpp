@@ -55,6 +55,7 @@ CommandLineWidget::CommandLineWidget(QWidget *parent) : QWidget(parent)
     m_input->setAccessibleName(tr("Command"));
     m_input->setFont(font);
     m_input->setFrame(false);
+    m_input->setAcceptDrops(false); // a file dropped here is one dropped on the window, which opens it
     m_input->installEventFilter(this);
     setFocusProxy(m_input);
 

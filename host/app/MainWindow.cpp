@@ -9,6 +9,7 @@
 #include "host/app/HelpWindow.h"
 #include "host/runtime/FxHost.h"
 #include "host/runtime/HostSettings.h"
+#include "host/runtime/commands/CommandRun.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/customization/Customization.h"
 #include "host/runtime/customization/MenuBuilder.h"
@@ -19,11 +20,14 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QDir>
+#include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QSplitter>
 #include <QStatusBar>
 
@@ -55,6 +59,19 @@ bool isForCommandLine(const QKeyEvent &event)
     }
 }
 
+//! The files in a drop from another program. A drag that began in this program is not for the window: the
+//! module that began it opens the drawings itself, and they would be opened twice.
+QStringList filesIn(const QDropEvent &event)
+{
+    QStringList files;
+    const QList<QUrl> urls = event.source() ? QList<QUrl>() : event.mimeData()->urls();
+    for (const QUrl &url : urls) {
+        if (url.isLocalFile())
+            files.append(QDir::cleanPath(url.toLocalFile()));
+    }
+    return files;
+}
+
 } // namespace
 
 MainWindow::MainWindow(FxHost &host) : m_host(host), m_commands(host.commandStack())
@@ -74,6 +91,7 @@ MainWindow::MainWindow(FxHost &host) : m_host(host), m_commands(host.commandStac
     setCentralWidget(splitter);
     statusBar()->addPermanentWidget(m_factsLabel);
 
+    setAcceptDrops(true);
     setMinimumSize(smallestMainWindow);
     resize(firstSize);
     restoreGeometry(host.settings().windowGeometry());
@@ -158,6 +176,30 @@ void MainWindow::closeEvent(QCloseEvent *event)
     event->accept();
     // Popups and the help window may still be open, but a program without its main window is over.
     QCoreApplication::quit();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (filesIn(*event).isEmpty())
+        return;
+    event->setDropAction(Qt::CopyAction); // whoever offers to move the file must not lose it
+    event->accept();
+}
+
+void MainWindow::dropEvent(QDropEvent *event)
+{
+    const QStringList files = filesIn(*event);
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    CommandRunner &commands = m_host.commands();
+    // Later: the other program waits until its drop has been taken.
+    const auto open = [&commands, files] {
+        for (const QString &file : files) {
+            if (CommandRun *run = commands.run(QStringLiteral("_OPEN"), file))
+                run->release();
+        }
+    };
+    QMetaObject::invokeMethod(&commands, open, Qt::QueuedConnection);
 }
 
 void MainWindow::keyPressEvent(QKeyEvent *event)

@@ -17,7 +17,7 @@ class HelpWindow;
 class MenuBuilder;
 
 //! The program's main window: menus from the customisation data, the drawing windows, the command line and
-//! a status bar. GUI thread.
+//! a status bar. Files that are dropped on it from other programs are opened. GUI thread.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -35,6 +35,8 @@ public:
 protected:
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:

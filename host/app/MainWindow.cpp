@@ -59,12 +59,10 @@ bool isForCommandLine(const QKeyEvent &event)
     }
 }
 
-//! The files in a drop from another program. A drag that began in this program is not for the window: the
-//! module that began it opens the drawings itself, and they would be opened twice.
 QStringList filesIn(const QDropEvent &event)
 {
     QStringList files;
-    const QList<QUrl> urls = event.source() ? QList<QUrl>() : event.mimeData()->urls();
+    const QList<QUrl> urls = event.mimeData()->urls();
     for (const QUrl &url : urls) {
         if (url.isLocalFile())
             files.append(QDir::cleanPath(url.toLocalFile()));
@@ -191,6 +189,10 @@ void MainWindow::dropEvent(QDropEvent *event)
     const QStringList files = filesIn(*event);
     event->setDropAction(Qt::CopyAction);
     event->accept();
+    // What was dragged from within is welcome, so that the pointer says so, and the module that began the
+    // drag opens it. It would be opened twice here.
+    if (event->source())
+        return;
     CommandRunner &commands = m_host.commands();
     // Later: the other program waits until its drop has been taken.
     const auto open = [&commands, files] {

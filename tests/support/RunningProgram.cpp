@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/RunningProgram.h"
+
+#include "samples/DrawingWriter.h"
+#include "tests/support/Hand.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QtTest>
+
+namespace {
+
+// The grid as the popup lays it out under a header of two lines, in pixels.
+constexpr int columnWidth = 181;
+constexpr int tileMiddle = 91;
+constexpr int firstRowMiddle = 130;
+
+QString outputOf(const QStringList &arguments)
+{
+    QProcess tool;
+    tool.start(QStringLiteral("xdotool"), arguments);
+    tool.waitForFinished();
+    return QString::fromUtf8(tool.readAllStandardOutput()).trimmed();
+}
+
+} // namespace
+
+RunningProgram::RunningProgram(const QStringList &names, const QString &folder)
+{
+    const QDir dir(m_folder.filePath(folder));
+    dir.mkpath(QStringLiteral("."));
+    for (const QString &name : names) {
+        QImage picture(180, 112, QImage::Format_RGB32);
+        picture.fill(QColor::fromHsv((m_paths.size() * 67 + 180) % 360, 150, 200));
+        QFile drawing(dir.filePath(name));
+        if (!drawing.open(QIODevice::WriteOnly) || drawing.write(fxsamples::drawingFile(picture, {})) < 0)
+            qFatal("cannot make %s", qPrintable(drawing.fileName()));
+        m_paths.append(drawing.fileName());
+    }
+}
+
+RunningProgram::~RunningProgram()
+{
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+bool RunningProgram::start(const QStringList &script, const QStringList &around)
+{
+    Hand::moveTo(QPoint(0, 0));
+    QStringList lines;
+    for (int i = m_paths.size() - 1; i >= 0; --i)
+        lines.append(QStringLiteral("_RECENTADD ") + m_paths.at(i));
+    lines.append(script);
+    QFile file(m_folder.filePath(QStringLiteral("script")));
+    if (!file.open(QIODevice::WriteOnly))
+        return false;
+    file.write(lines.join(QLatin1Char('\n')).toUtf8() + '\n');
+    file.close();
+
+    QStringList command = around;
+    command << QStringLiteral(FXHOST_FILE) << QStringLiteral("--profile")
+            << m_folder.filePath(QStringLiteral("profile")) << QStringLiteral("--script") << file.fileName()
+            << QStringLiteral("--log") << m_folder.filePath(QStringLiteral("log"))
+            << QStringLiteral("--geometry") << QStringLiteral("1300x900+60+60")
+            << QStringLiteral("--no-document");
+    const QString program = command.takeFirst();
+    m_process.setProcessChannelMode(QProcess::ForwardedChannels);
+    m_process.start(program, command);
+    const auto ranScript = [&] { return log().filter(QStringLiteral("command ")).size() >= lines.size(); };
+    return m_process.waitForStarted() && QTest::qWaitFor(ranScript, 20000);
+}
+
+bool RunningProgram::quit()
+{
+    for (const char *key : {"underscore", "Q", "U", "I", "T", "Return"})
+        Hand::key(QLatin1String(key));
+    return m_process.waitForFinished() && m_process.exitStatus() == QProcess::NormalExit &&
+           m_process.exitCode() == 0;
+}
+
+QStringList RunningProgram::log() const
+{
+    QFile file(m_folder.filePath(QStringLiteral("log")));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+QStringList RunningProgram::opened() const
+{
+    QStringList paths;
+    const QStringList lines = log().filter(QRegularExpression(QStringLiteral("^open .* ok$")));
+    for (const QString &line : lines)
+        paths.append(line.mid(5, line.size() - 8));
+    return paths;
+}
+
+WId RunningProgram::findWindow(const QString &pattern)
+{
+    return outputOf(
+               {QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"), pattern})
+        .toULongLong();
+}
+
+WId RunningProgram::popup()
+{
+    return findWindow(QLatin1Char('^') + popupTitle() + QLatin1Char('$'));
+}
+
+QString RunningProgram::activeTitle()
+{
+    return outputOf({QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")});
+}
+
+QPoint RunningProgram::tile(int column)
+{
+    return popupPlace.topLeft() + QPoint(tileMiddle + column * columnWidth, firstRowMiddle);
+}

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QWidget>
+
+//! The program as a user starts it, in a process of its own, over drawings that exist. What it does is read
+//! from its log and from the windows on screen.
+class RunningProgram
+{
+public:
+    //! Makes drawings of these names, the first as the most recent, for start() to list.
+    //! \param folder where in the test's own folder they lie
+    explicit RunningProgram(const QStringList &names, const QString &folder = {});
+    ~RunningProgram();
+
+    //! Runs the program on a profile of its own.
+    //! \param script commands, a line each, run once the drawings are listed
+    //! \param around a program that runs the program, with its arguments; may be empty
+    //! \return whether it has come up and run the script
+    bool start(const QStringList &script, const QStringList &around = {});
+    QProcess &process() { return m_process; }
+    //! Types the command that ends the program. \return whether it ended well
+    bool quit();
+
+    QStringList paths() const { return m_paths; }
+    QString folder() const { return m_folder.path(); }
+    QStringList log() const;
+    //! The paths that were opened, in order.
+    QStringList opened() const;
+
+    //! The popup on screen; 0 when there is none.
+    static WId popup();
+    //! The window whose title matches the pattern; 0 when there is none on screen.
+    static WId findWindow(const QString &pattern);
+    //! The title of the window that the window manager calls active; empty when there is none.
+    static QString activeTitle();
+
+    //! The title of the popup's window, and its place over a main window of mainWindowSize with up to four
+    //! drawings, in global pixels.
+    static QString popupTitle() { return QStringLiteral("RecentDocMainWindow"); }
+    static constexpr QRect popupPlace{288, 349, 724, 201};
+    //! The middle of the tile in the popup's first row, in global pixels.
+    static QPoint tile(int column);
+
+private:
+    QTemporaryDir m_folder;
+    QStringList m_paths;
+    QProcess m_process;
+};

@@ -13,7 +13,9 @@
 #include <QGraphicsEffect>
 #include <QLabel>
 #include <QMenu>
+#include <QRegularExpression>
 #include <QToolButton>
+#include <QWidgetAction>
 #include <QtTest>
 
 #include <dlfcn.h>
@@ -34,6 +36,17 @@ QByteArray drawingBytes(int number)
     QImage picture(180, 112, QImage::Format_RGB32);
     picture.fill(QColor::fromHsv((number * 47) % 360, 160, 230));
     return fxsamples::drawingFile(picture, {});
+}
+
+//! What the loaded module exports under that mangled name.
+void *exported(const char *name)
+{
+    void *library = dlopen(MODULE_FILE, RTLD_NOW | RTLD_NOLOAD);
+    void *symbol = dlsym(library, name);
+    if (!symbol)
+        qFatal("the module does not export %s", name);
+    dlclose(library); // the host holds it
+    return symbol;
 }
 
 } // namespace
@@ -127,14 +140,32 @@ bool RealBrowser::isHighlighted(const QWidget *tile)
     return effect && effect->property("color").value<QColor>() == QColor(0, 0, 150, 100);
 }
 
+QStringList RealBrowser::menuLines() const
+{
+    const auto *menu = static_cast<QPointer<QMenu> *>(exported("_ZN21RecentDocumentBrowser13recentDocMenuE"));
+    QStringList lines;
+    const QList<QAction *> actions = (*menu)->actions();
+    for (QAction *action : actions) {
+        if (action->isSeparator()) {
+            lines.append(QStringLiteral("-"));
+            continue;
+        }
+        const QWidget *entry = qobject_cast<QWidgetAction *>(action)->defaultWidget();
+        QString line = button(entry, "menuTextButton")->text();
+        for (int i = 0; i < m_paths.size(); ++i)
+            line.replace(QRegularExpression(QRegularExpression::escape(m_paths.at(i)) + QLatin1Char('$')),
+                         QString::number(i + 1));
+        if (button(entry, "pinButton")->isChecked())
+            line += QStringLiteral(" pinned");
+        lines.append(line);
+    }
+    return lines;
+}
+
 void RealBrowser::addRecentFiles(QMenu *menu, QAction *before)
 {
-    // The module exports it for hosts that show its entries in a menu of theirs.
-    void *library = dlopen(MODULE_FILE, RTLD_NOW | RTLD_NOLOAD);
+    // For hosts that show the module's entries in a menu of theirs.
     const auto function = reinterpret_cast<void (*)(QMenu *, QAction *)>(
-        dlsym(library, "_ZN21RecentDocumentBrowser14AddRecentFilesEP5QMenuP7QAction"));
-    if (!function)
-        qFatal("the module does not export AddRecentFiles");
+        exported("_ZN21RecentDocumentBrowser14AddRecentFilesEP5QMenuP7QAction"));
     function(menu, before);
-    dlclose(library);
 }

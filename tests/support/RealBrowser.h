@@ -42,6 +42,10 @@ public:
     //! Whether the tile's effect has the colour of a highlighted tile.
     static bool isHighlighted(const QWidget *tile);
 
+    //! The recent-files menu that the module keeps: a line an entry as the menu shows it, with " pinned"
+    //! behind a pinned one's, and "-" for a separator. Paths are given as the number of the drawing.
+    QStringList menuLines() const;
+
     //! Fills menu as the module's entry in a host's own menu would.
     void addRecentFiles(QMenu *menu, QAction *before);
 

@@ -9,6 +9,10 @@
 #include <QImage>
 #include <QtTest>
 
+#include <csignal>
+
+#include <unistd.h>
+
 namespace {
 
 // The grid as the popup lays it out under a header of two lines, in pixels.
@@ -42,8 +46,14 @@ RunningProgram::RunningProgram(const QStringList &names, const QString &folder)
 
 RunningProgram::~RunningProgram()
 {
-    m_process.kill();
+    if (m_process.processId() > 0)
+        kill(-static_cast<pid_t>(m_process.processId()), SIGKILL);
     m_process.waitForFinished();
+}
+
+void RunningProgram::Group::setupChildProcess()
+{
+    setpgid(0, 0);
 }
 
 bool RunningProgram::start(const QStringList &script, const QStringList &around)

@@ -45,7 +45,14 @@ public:
     static QPoint tile(int column);
 
 private:
+    //! Leads a process group, so that what it has started ends with it.
+    class Group : public QProcess
+    {
+    protected:
+        void setupChildProcess() override;
+    };
+
     QTemporaryDir m_folder;
     QStringList m_paths;
-    QProcess m_process;
+    Group m_process;
 };

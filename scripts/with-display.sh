@@ -4,8 +4,9 @@
 # with-display.sh COMMAND [ARG...]
 set -euo pipefail
 
-# Pixels and bits. The usual size has room for the browser's grid of five tiles by six.
-screen=${VIRTUAL_SCREEN:-1920x1200x24}
+# Pixels and bits. The usual size has room for the browser's grid of five tiles by six. Several screens, separated by
+# blanks, stand side by side from left to right.
+read -r -a screens <<<"${VIRTUAL_SCREEN:-1920x1200x24}"
 patience=20         # seconds a server or a window manager may take to come up on a busy machine
 
 logs=$(mktemp -d)
@@ -33,20 +34,41 @@ give_up() {
 unset WAYLAND_DISPLAY XAUTHORITY
 export QT_QPA_PLATFORM=xcb
 
-# The server picks a free number itself and tells it, so two runs at a time do not meet. Only a server that had the
-# number before and is just ending may take the new one's socket away with its own: then another server is started.
-# Without -noreset the server starts anew when its last client leaves, and turns away who comes meanwhile.
-for attempt in 1 2 3; do
-    exec {numbers}< <(exec Xvfb -displayfd 1 -screen 0 "$screen" -nolisten tcp -noreset 2>"$logs/server")
-    server=$!
-    read -r -t "$patience" -u "$numbers" number || give_up "Xvfb did not start"
+# Starts a server, which picks a free number itself and tells it, so two runs at a time do not meet. Only a server that
+# had the number before and is just ending may take the new one's socket away with its own: then another server is
+# started. Without -noreset the server starts anew when its last client leaves, and turns away who comes meanwhile.
+start_server() {
+    local attempt numbers number server
+    for attempt in 1 2 3; do
+        exec {numbers}< <(exec "$@" -displayfd 1 -nolisten tcp -noreset 2>"$logs/server")
+        server=$!
+        read -r -t "$patience" -u "$numbers" number || give_up "$1 did not start"
+        ! DISPLAY=:$number xdpyinfo >/dev/null 2>&1 || break
+        kill "$server" 2>/dev/null || true
+        wait "$server" 2>/dev/null || true
+        ((attempt < 3)) || give_up "$1 cannot be reached"
+    done
+    started+=("$server")
     export DISPLAY=:$number
-    ! xdpyinfo >/dev/null 2>&1 || break
-    kill "$server" 2>/dev/null || true
-    wait "$server" 2>/dev/null || true
-    ((attempt < 3)) || give_up "Xvfb cannot be reached"
-done
-started+=("$server")
+}
+
+if ((${#screens[@]} == 1)); then
+    start_server Xvfb -screen 0 "${screens[0]}"
+else
+    # Xvfb puts all its screens at the same place; Xephyr places them, in a window on a screen that has room for all.
+    # Without RANDR, which knows of one screen only there, clients ask Xinerama.
+    inner=(-extension RANDR +xinerama)
+    width=0
+    height=0
+    for screen in "${screens[@]}"; do
+        IFS=x read -r w h depth <<<"$screen"
+        inner+=(-screen "${w}x$h+$width+0")
+        width=$((width + w))
+        height=$((h > height ? h : height))
+    done
+    start_server Xvfb -screen 0 "${width}x${height}x$depth"
+    start_server Xephyr "${inner[@]}"
+fi
 
 # The distribution's own settings, since a user's might place windows or follow the pointer.
 openbox --sm-disable --config-file /etc/xdg/openbox/rc.xml >"$logs/manager" 2>&1 &

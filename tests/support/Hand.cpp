@@ -102,7 +102,9 @@ void Hand::keepScreenshot(const QString &name)
 {
     drainEvents(); // what has been mapped is painted then
     QDir().mkpath(QStringLiteral("screenshots"));
-    const QPixmap screen = QGuiApplication::primaryScreen()->grabWindow(0);
-    if (!screen.save(QStringLiteral("screenshots/%1.png").arg(name)))
+    QScreen *screen = QGuiApplication::primaryScreen();
+    const QRect all = screen->virtualGeometry().translated(-screen->geometry().topLeft());
+    const QPixmap picture = screen->grabWindow(0, all.x(), all.y(), all.width(), all.height());
+    if (!picture.save(QStringLiteral("screenshots/%1.png").arg(name)))
         qFatal("cannot keep a screenshot");
 }

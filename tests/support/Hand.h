@@ -28,7 +28,7 @@ void releaseKey(const QString &key);
 
 //! The window's rectangle as the X server has it, in its pixels.
 QRect realGeometry(WId window);
-//! Keeps a picture of the whole screen as screenshots/NAME.png in the working directory.
+//! Keeps a picture of all screens as screenshots/NAME.png in the working directory.
 void keepScreenshot(const QString &name);
 
 } // namespace Hand

@@ -100,11 +100,16 @@ QRect Hand::realGeometry(WId window)
 
 void Hand::keepScreenshot(const QString &name)
 {
+    keepScreenshot(name, QGuiApplication::primaryScreen()->virtualGeometry());
+}
+
+void Hand::keepScreenshot(const QString &name, const QRect &part)
+{
     drainEvents(); // what has been mapped is painted then
     QDir().mkpath(QStringLiteral("screenshots"));
     QScreen *screen = QGuiApplication::primaryScreen();
-    const QRect all = screen->virtualGeometry().translated(-screen->geometry().topLeft());
-    const QPixmap picture = screen->grabWindow(0, all.x(), all.y(), all.width(), all.height());
+    const QPoint corner = part.topLeft() - screen->geometry().topLeft();
+    const QPixmap picture = screen->grabWindow(0, corner.x(), corner.y(), part.width(), part.height());
     if (!picture.save(QStringLiteral("screenshots/%1.png").arg(name)))
         qFatal("cannot keep a screenshot");
 }

@@ -30,5 +30,7 @@ void releaseKey(const QString &key);
 QRect realGeometry(WId window);
 //! Keeps a picture of all screens as screenshots/NAME.png in the working directory.
 void keepScreenshot(const QString &name);
+//! Likewise of a part of the screens, in global pixels.
+void keepScreenshot(const QString &name, const QRect &part);
 
 } // namespace Hand

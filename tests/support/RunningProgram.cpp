@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/RunningProgram.h"
 
-#include "samples/DrawingWriter.h"
+#include "samples/SampleSet.h"
 #include "tests/support/Hand.h"
 
 #include <QDir>
@@ -37,11 +37,25 @@ RunningProgram::RunningProgram(const QStringList &names, const QString &folder)
     for (const QString &name : names) {
         QImage picture(180, 112, QImage::Format_RGB32);
         picture.fill(QColor::fromHsv((m_paths.size() * 67 + 180) % 360, 150, 200));
-        QFile drawing(dir.filePath(name));
-        if (!drawing.open(QIODevice::WriteOnly) || drawing.write(fxsamples::drawingFile(picture, {})) < 0)
-            qFatal("cannot make %s", qPrintable(drawing.fileName()));
-        m_paths.append(drawing.fileName());
+        makeDrawing(dir.filePath(name), fxsamples::drawingFile(picture, {}));
     }
+}
+
+RunningProgram::RunningProgram(int samples)
+{
+    for (const fxsamples::Sample &sample : fxsamples::sampleSet()) {
+        if (m_paths.size() < samples)
+            makeDrawing(m_folder.filePath(sample.fileName),
+                        fxsamples::drawingFile(fxsamples::paintPreview(sample), sample.form));
+    }
+}
+
+void RunningProgram::makeDrawing(const QString &path, const QByteArray &bytes)
+{
+    QFile drawing(path);
+    if (!drawing.open(QIODevice::WriteOnly) || drawing.write(bytes) < 0)
+        qFatal("cannot make %s", qPrintable(path));
+    m_paths.append(path);
 }
 
 RunningProgram::~RunningProgram()
@@ -73,8 +87,7 @@ bool RunningProgram::start(const QStringList &script, const QStringList &around)
     command << QStringLiteral(FXHOST_FILE) << QStringLiteral("--profile")
             << m_folder.filePath(QStringLiteral("profile")) << QStringLiteral("--script") << file.fileName()
             << QStringLiteral("--log") << m_folder.filePath(QStringLiteral("log"))
-            << QStringLiteral("--geometry") << QStringLiteral("1300x900+60+60")
-            << QStringLiteral("--no-document");
+            << QStringLiteral("--geometry") << geometry << QStringLiteral("--no-document");
     const QString program = command.takeFirst();
     m_process.setProcessChannelMode(QProcess::ForwardedChannels);
     m_process.start(program, command);

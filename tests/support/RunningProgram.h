@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QWidget>
@@ -13,8 +14,12 @@ public:
     //! Makes drawings of these names, the first as the most recent, for start() to list.
     //! \param folder where in the test's own folder they lie
     explicit RunningProgram(const QStringList &names, const QString &folder = {});
+    //! Makes the first so many of the sample drawings.
+    explicit RunningProgram(int samples);
     ~RunningProgram();
 
+    //! The main window's size and place, as the program takes them.
+    QString geometry = QStringLiteral("1300x900+60+60");
     //! Runs the program on a profile of its own.
     //! \param script commands, a line each, run once the drawings are listed
     //! \param around a program that runs the program, with its arguments; may be empty
@@ -37,8 +42,8 @@ public:
     //! The title of the window that the window manager calls active; empty when there is none.
     static QString activeTitle();
 
-    //! The title of the popup's window, and its place over a main window of mainWindowSize with up to four
-    //! drawings, in global pixels.
+    //! The title of the popup's window, and its place over the main window with up to four drawings, in
+    //! global pixels.
     static QString popupTitle() { return QStringLiteral("RecentDocMainWindow"); }
     static constexpr QRect popupPlace{288, 349, 724, 201};
     //! The middle of the tile in the popup's first row, in global pixels.
@@ -52,7 +57,9 @@ private:
         void setupChildProcess() override;
     };
 
-    QTemporaryDir m_folder;
+    void makeDrawing(const QString &path, const QByteArray &bytes);
+
+    QTemporaryDir m_folder{QDir::temp().filePath(QStringLiteral("drawings-XXXXXX"))};
     QStringList m_paths;
     Group m_process;
 };

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/Hand.h"
+#include "tests/support/RunningProgram.h"
+#include "tests/support/TestCase.h"
+
+#include <QGuiApplication>
+#include <QPixmap>
+#include <QScreen>
+
+#include <utility>
+
+//! A person's few minutes with the browser, over the sample drawings: opening it, choosing three drawings
+//! with the keyboard, dragging them out, and keeping one in front. The pictures are those of the README.
+class tst_TourOnDesktop : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void fromF4ToAPinnedDrawing();
+};
+
+namespace {
+
+//! The program's main window with its frame, the popup over it, and in the popup the middle of a tile and its
+//! pin; in global pixels.
+const QRect mainWindow(59, 60, 1002, 662);
+const QRect popupPlace(228, 145, 543, 350);
+const QPoint firstTile = popupPlace.topLeft() + QPoint(91, 120);
+const QPoint pinOfFifthTile = popupPlace.topLeft() + QPoint(330, 231);
+
+QImage picture()
+{
+    return QGuiApplication::primaryScreen()
+        ->grabWindow(0, mainWindow.x(), mainWindow.y(), mainWindow.width(), mainWindow.height())
+        .toImage();
+}
+
+//! Keeps a picture as soon as two in a row are the same: the program paints in its own time.
+void keepPicture(const char *name)
+{
+    QImage last;
+    QVERIFY(QTest::qWaitFor([&last] {
+        const QImage before = std::exchange(last, picture());
+        return before == last;
+    }));
+    Hand::keepScreenshot(QLatin1String(name), mainWindow);
+}
+
+} // namespace
+
+void tst_TourOnDesktop::fromF4ToAPinnedDrawing()
+{
+    RunningProgram program(6);
+    program.geometry = QStringLiteral("1000x640+60+60");
+    QVERIFY(program.start({QStringLiteral("_NEW")}));
+
+    Hand::key(QStringLiteral("F4"));
+    QTRY_COMPARE(RunningProgram::activeTitle(), RunningProgram::popupTitle());
+    const WId popup = RunningProgram::popup();
+    QTRY_COMPARE(Hand::realGeometry(popup), popupPlace);
+    keepPicture("tour-1-popup");
+
+    Hand::key(QStringLiteral("shift+Right"));
+    Hand::key(QStringLiteral("shift+Right"));
+    keepPicture("tour-2-three-highlighted");
+
+    Hand::moveTo(firstTile);
+    Hand::press();
+    QPoint position = firstTile;
+    for (; position.y() < popupPlace.bottom(); position.ry() += 4)
+        Hand::moveTo(position);
+    QTRY_COMPARE(Hand::realGeometry(popup), QRect(popupPlace.topLeft(), QSize(popupPlace.width(), 32)));
+    for (; position.x() < popupPlace.right(); position += QPoint(8, -3))
+        Hand::moveTo(position);
+    keepPicture("tour-3-dragged-out");
+
+    Hand::release();
+    QTRY_COMPARE(program.opened(), program.paths().mid(0, 3));
+    QTRY_COMPARE(RunningProgram::popup(), WId(0));
+    keepPicture("tour-4-opened");
+
+    Hand::key(QStringLiteral("F4"));
+    QTRY_COMPARE(RunningProgram::activeTitle(), RunningProgram::popupTitle());
+    Hand::moveTo(pinOfFifthTile);
+    Hand::click();
+    Hand::key(QStringLiteral("Escape"));
+    QTRY_COMPARE(RunningProgram::popup(), WId(0));
+    Hand::moveTo(QPoint(0, 0));
+    Hand::key(QStringLiteral("F4"));
+    QTRY_COMPARE(RunningProgram::activeTitle(), RunningProgram::popupTitle());
+    keepPicture("tour-5-pinned-first");
+    // The fifth of what was recent then: the three opened ones, the last of them first, and the rest.
+    Hand::key(QStringLiteral("Return"));
+    QTRY_COMPARE(program.opened().size(), 4);
+    QCOMPARE(program.opened().last(), program.paths().at(4));
+    QVERIFY(program.quit());
+}
+
+QTEST_MAIN(tst_TourOnDesktop)
+#include "tst_tourondesktop.moc"

@@ -98,7 +98,7 @@ void addRecentDocMenu(CFxUIMenuItem *fileMenu, CFxUIGroup *group)
     }
     CFxUICommand *command = ensureCommand(*group);
     const auto recent = HostAccess::recentFiles();
-    if (!recent || recent->empty())
+    if (!command || !recent || recent->empty())
         return; // the next document tries again
     auto entry = HostAccess::createMenuItem(entryIdentifier);
     if (!entry)

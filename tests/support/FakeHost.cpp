@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/FakeHost.h"
 
+#include "tests/support/FakeCustomization.h"
+
 #include <OdEdCommand.h>
 
 #include <algorithm>
@@ -74,7 +76,10 @@ public:
     CFxApplication *GetApplication() override { return m_host.hasApplication ? this : nullptr; }
     CFxMainFrame *GetMainFrame() override { return m_host.hasMainFrame ? this : nullptr; }
     CFxDocumentManager *GetDocumentManager() override { return m_host.hasDocumentManager ? this : nullptr; }
-    CFxUICustomization *GetCustomization() override { return nullptr; }
+    CFxUICustomization *GetCustomization() override
+    {
+        return m_host.hasCustomization ? m_host.m_customization.get() : nullptr;
+    }
     OdRxObject *RunCommand(const CFxString &name, const CFxString *argument) override;
 
     CFxUserProfile *GetUserProfile() override { return m_host.hasUserProfile ? this : nullptr; }
@@ -229,7 +234,8 @@ OdRxObject *FakeHost::Services::RunCommand(const CFxString &name, const CFxStrin
 }
 
 FakeHost::FakeHost()
-    : m_services(std::make_unique<Services>(*this)), m_stack(std::make_unique<Stack>(*this)),
+    : m_customization(std::make_unique<FakeCustomization>(calls)),
+      m_services(std::make_unique<Services>(*this)), m_stack(std::make_unique<Stack>(*this)),
       m_editor(std::make_unique<EditorObject>(*this)), m_mainWindow(std::make_unique<QWidget>())
 {
     Q_ASSERT(!fakeHost);

@@ -16,6 +16,8 @@
 #include <memory>
 #include <vector>
 
+class FakeCustomization;
+
 //! A host that does nothing but remember what it was asked for, and that may lack anything: for what the real
 //! host cannot be made to do. While one exists, GetFxSystemServices(), odedRegCmds(), odedEditor() and
 //! CFxPreviewBitmap::Create() of the test program lead here. Every call is a line in calls, in order.
@@ -45,7 +47,7 @@ public:
     bool hasMainFrame = true;
     bool hasMainWindow = true;
     bool hasDocumentManager = true;
-    bool hasCustomization = true;
+    bool hasCustomization = false; //!< only where a test is about menus and keys
     bool hasCommandStack = true;
     bool hasEditor = true;
 
@@ -77,6 +79,9 @@ public:
     //! The main window: a plain widget whose geometry tests set.
     QWidget &mainWindow() { return *m_mainWindow; }
 
+    //! The host's menus and keys, empty at first; the module sees them while hasCustomization.
+    FakeCustomization &customization() { return *m_customization; }
+
     QStringList openedPaths() const;
 
 private:
@@ -88,6 +93,7 @@ private:
     class EditorObject;
     class Run;
 
+    std::unique_ptr<FakeCustomization> m_customization;
     std::unique_ptr<Services> m_services;
     std::unique_ptr<Stack> m_stack;
     std::unique_ptr<EditorObject> m_editor;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/customization/Customization.h"
 #include "host/runtime/customization/UIMenuItem.h"
+#include "tests/support/MenuChildren.h"
 #include "tests/support/TestCase.h"
 
 #include <QSignalSpy>
@@ -28,14 +29,6 @@ const char data[] = R"({
   "startUp": { "name": "START", "commands": [
     { "identifier": "ID_StartOpen", "name": "Open", "macro": "_OPEN" } ] }
 })";
-
-QStringList childrenOf(const CFxUIMenuItem &menu)
-{
-    QStringList identifiers;
-    for (int i = 0; i < menu.GetChildCount(); ++i)
-        identifiers.append(menu.GetChild(i)->GetIdentifier());
-    return identifiers;
-}
 
 } // namespace
 

@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <CFxUIAccelerator.h>
+#include <CFxUICommand.h>
+#include <CFxUICustomization.h>
+#include <CFxUIGroup.h>
+#include <CFxUIMenuItem.h>
+
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class FakeCustomization;
+
+//! A command definition of the fake host. Its fields may be read and set by tests.
+class FakeCommand : public CFxUICommand
+{
+public:
+    FakeCommand(FakeCustomization &menus, const QString &id);
+    ~FakeCommand() override;
+
+    CFxString GetIdentifier() const override { return identifier; }
+    CFxString GetName() const override { return name; }
+    void SetName(const CFxString &text) override { name = text; }
+    CFxString GetMacro() const override { return macro; }
+    void SetMacro(const CFxString &text) override { macro = text; }
+    CFxString GetHelpString() const override { return helpString; }
+    void SetHelpString(const CFxString &text) override { helpString = text; }
+
+    QString identifier;
+    QString name;
+    QString macro;
+    QString helpString;
+
+private:
+    FakeCustomization &m_menus;
+};
+
+//! A menu or an entry of the fake host.
+class FakeMenuItem : public CFxUIMenuItem
+{
+public:
+    FakeMenuItem(FakeCustomization &menus, const QString &id);
+    ~FakeMenuItem() override;
+
+    //! Puts a child behind the others.
+    FakeMenuItem &add(const QString &id);
+    FakeMenuItem &child(int index) const { return *children.at(std::size_t(index)); }
+
+    CFxString GetIdentifier() const override { return identifier; }
+    CFxString GetLabel() const override { return label; }
+    void SetLabel(const CFxString &text) override { label = text; }
+    CFxUICommand *GetCommand() const override { return command; }
+    void SetCommand(CFxUICommand *definition) override { command = definition; }
+    int GetChildCount() const override { return int(children.size()); }
+    CFxUIMenuItem *GetChild(int index) const override;
+    bool InsertChild(int reference, CFxUIMenuItem *item) override;
+
+    QString identifier;
+    QString label;
+    CFxUICommand *command = nullptr;
+    std::vector<std::unique_ptr<FakeMenuItem>> children;
+
+private:
+    FakeCustomization &m_menus;
+};
+
+//! A key of the fake host.
+class FakeAccelerator : public CFxUIAccelerator
+{
+public:
+    FakeAccelerator(FakeCustomization &menus, const QString &id, CFxUICommand *definition);
+    ~FakeAccelerator() override;
+
+    CFxString GetIdentifier() const override { return identifier; }
+    CFxString GetLabel() const override { return label; }
+    void SetLabel(const CFxString &text) override { label = text; }
+    QKeySequence GetKey() const override { return key; }
+    void SetKey(const QKeySequence &sequence) override { key = sequence; }
+    CFxUICommand *GetCommand() const override { return command; }
+
+    QString identifier;
+    QString label;
+    QKeySequence key;
+    CFxUICommand *command;
+
+private:
+    FakeCustomization &m_menus;
+};
+
+//! A group of the fake host; empty at first.
+class FakeGroup : public CFxUIGroup
+{
+public:
+    FakeGroup(FakeCustomization &service, const QString &groupName) : name(groupName), m_menus(service) {}
+
+    FakeMenuItem &addMenu(const QString &id);
+    FakeCommand &addCommand(const QString &id);
+    FakeAccelerator &addAccelerator(const QString &id, const QKeySequence &key);
+
+    CFxString GetName() const override { return name; }
+    int GetCommandCount() const override { return int(commands.size()); }
+    CFxUICommand *GetCommand(int index) const override;
+    void AppendCommand(CFxUICommand *command) override;
+    int GetMenuCount() const override { return int(menus.size()); }
+    CFxUIMenuItem *GetMenu(int index) const override;
+    int GetAcceleratorCount() const override { return int(accelerators.size()); }
+    CFxUIAccelerator *GetAccelerator(int index) const override;
+    void AppendAccelerator(CFxUIAccelerator *accelerator) override;
+
+    QString name;
+    bool isPrimary = false;
+    std::vector<std::unique_ptr<FakeMenuItem>> menus;
+    std::vector<std::unique_ptr<FakeCommand>> commands;
+    std::vector<std::unique_ptr<FakeAccelerator>> accelerators;
+    mutable QList<int> acceleratorsFetched; //!< what was asked of GetAccelerator(), in order
+
+private:
+    FakeCustomization &m_menus;
+};
+
+//! The menus and keys of a FakeHost: nothing but what tests put there, and it may refuse anything. Each call
+//! of the service, and each that hands an object over, is a line that begins with "menus".
+class FakeCustomization : public CFxUICustomization
+{
+public:
+    //! \param calls where the lines go; must outlive this
+    explicit FakeCustomization(QStringList &calls) : m_calls(calls) {}
+
+    FakeGroup &addGroup(const QString &name, bool isPrimary);
+    FakeGroup &setStartUpGroup(const QString &name);
+
+    //! Told of each line once it is written. May throw.
+    std::function<void(const QString &call)> onCall;
+    bool makesCommands = true;
+    bool makesMenuItems = true;
+    bool makesAccelerators = true;
+    bool insertsChildren = true;
+    //! Where a new child goes: behind the one at the reference position, or in front of it.
+    bool insertsBehind = true;
+
+    int enumeratorsMade = 0;
+    int enumeratorsAlive = 0;
+    int objectsAlive = 0; //!< definitions, menus with their entries, and accelerators, whoever owns them
+    std::vector<std::unique_ptr<FakeGroup>> groups; //!< in the order in which they are enumerated
+    std::unique_ptr<FakeGroup> startUp;
+
+    CFxUIGroupEnumerator *EnumerateGroups() override;
+    bool IsPrimary(const CFxUIGroup *group) const override;
+    CFxUIGroup *GetStartUpGroup() override;
+    CFxUICommand *FindCommand(const CFxString &groupName, const CFxString &identifier) const override;
+    CFxUICommand *CreateCommand(const CFxString &identifier) override;
+    CFxUIMenuItem *CreateMenuItem(CFxUICommand *command, const CFxString &label, const CFxString &helpString,
+                                  const CFxString &identifier) override;
+    CFxUIAccelerator *CreateAccelerator(CFxUICommand *command, const CFxString &identifier) override;
+    void Refresh() override { note(QStringLiteral("refresh")); }
+
+    void note(const QString &what) const;
+
+private:
+    QStringList &m_calls;
+};

@@ -17,6 +17,7 @@ private slots:
     void escapeGivesTheFocusBackToTheCommandLine();
     void clickIntoAnotherProgramClosesThePopup();
     void tileDraggedOntoTheDrawingAreaIsOpenedOnce();
+    void logTellsTheWholeStoryInOrder();
 };
 
 namespace {
@@ -175,6 +176,27 @@ void tst_ProgramOnDesktop::tileDraggedOntoTheDrawingAreaIsOpenedOnce()
     QTRY_COMPARE(RunningProgram::popup(), WId(0));
     QVERIFY(program.quit()); // what came in late has been dealt with by then
     QCOMPARE(program.log().filter(QStringLiteral("open ")).size(), 1);
+}
+
+void tst_ProgramOnDesktop::logTellsTheWholeStoryInOrder()
+{
+    RunningProgram program(drawings);
+    QVERIFY(program.start({newDrawing}));
+    Hand::key(QStringLiteral("F4"));
+    QTRY_COMPARE(RunningProgram::activeTitle(), RunningProgram::popupTitle());
+    Hand::key(QStringLiteral("shift+Right"));
+    Hand::key(QStringLiteral("Return"));
+    QTRY_COMPARE(program.opened().size(), 2);
+    QTRY_COMPARE(RunningProgram::popup(), WId(0));
+    QVERIFY(program.quit());
+    const QString module = QStringLiteral("module %1 ").arg(QStringLiteral(MODULE_FILE));
+    const QString listed = QStringLiteral("command _RECENTADD 5100");
+    QCOMPARE(program.log(),
+             QStringList({module + QStringLiteral("loaded"), listed, listed, listed,
+                          QStringLiteral("command _NEW 5100"), QStringLiteral("command _RECENT 5100"),
+                          QStringLiteral("open %1 ok").arg(program.paths().at(0)),
+                          QStringLiteral("open %1 ok").arg(program.paths().at(1)),
+                          QStringLiteral("command _QUIT 5100"), module + QStringLiteral("unloaded")}));
 }
 
 QTEST_MAIN(tst_ProgramOnDesktop)

@@ -92,10 +92,9 @@ private:
     void buildGrid();
     RecentDocDialog *tileAt(int row, int column) const;
     void moveAlongColumn(int step);
-    void runDrag(const QPoint &position);
     void collapse();
     void restore();
     void formStrip();
-    void setGridSpace(int margin, const QSize &horizontal, const QSize &vertical);
+    void setGridSpace(int margin, const QSize &horizontal, const QSize &vertical) const;
     QList<QWidget *> widgetsInGrid() const;
 };

@@ -36,6 +36,29 @@ QString tileName()
     return QStringLiteral("RecentDocDialog");
 }
 
+//! Runs a drag of the tile from its start to its end, in an event loop. tile may be gone afterwards.
+//! \param grabOffset where the pointer holds the tile, pixels from its upper left corner
+void runDrag(RecentDocDialog *tile, const QPoint &grabOffset)
+{
+    const QPixmap picture = tile->grab();
+    QByteArray layout;
+    QDataStream stream(&layout, QIODevice::WriteOnly);
+    stream << picture << grabOffset;
+
+    auto *payload = new QMimeData;
+    payload->setData(tileFormat(), layout);
+    payload->setUrls({QUrl(QStringLiteral("file:///") + tile->path(), QUrl::TolerantMode)});
+
+    const QPointer<QDrag> drag(new QDrag(tile));
+    drag->setMimeData(payload);
+    drag->setHotSpot(grabOffset);
+    drag->setPixmap(picture);
+    drag->exec(Qt::CopyAction);
+    // Another program fetches the data after the drop, when tile and popup may be gone.
+    if (drag)
+        drag->setParent(QCoreApplication::instance());
+}
+
 } // namespace
 
 void RecentDocMainWindow::mousePressEvent(QMouseEvent *event)
@@ -59,35 +82,13 @@ void RecentDocMainWindow::mouseMoveEvent(QMouseEvent *event)
         return;
     // The drag runs an event loop, in which anything may have happened to us and to the tile.
     const QPointer<RecentDocMainWindow> self(this);
-    runDrag(event->pos());
+    runDrag(dragDialog, event->pos() - dragDialog->pos());
     if (self && isCollapsed)
         multiDocumentOpen();
     if (self && dragDialog) {
         dragDialog->show();
         QWidget::mouseMoveEvent(event);
     }
-}
-
-void RecentDocMainWindow::runDrag(const QPoint &position)
-{
-    const QPixmap picture = dragDialog->grab();
-    const QPoint grabOffset = position - dragDialog->pos();
-    QByteArray tile;
-    QDataStream stream(&tile, QIODevice::WriteOnly);
-    stream << picture << grabOffset;
-
-    auto *payload = new QMimeData;
-    payload->setData(tileFormat(), tile);
-    payload->setUrls({QUrl(QStringLiteral("file:///") + dragDialog->path(), QUrl::TolerantMode)});
-
-    const QPointer<QDrag> drag(new QDrag(dragDialog));
-    drag->setMimeData(payload);
-    drag->setHotSpot(grabOffset);
-    drag->setPixmap(picture);
-    drag->exec(Qt::CopyAction);
-    // Another program fetches the data after the drop, when tile and popup may be gone.
-    if (drag)
-        drag->setParent(QCoreApplication::instance());
 }
 
 void RecentDocMainWindow::dragEnterEvent(QDragEnterEvent *event)
@@ -146,7 +147,7 @@ void RecentDocMainWindow::formStrip()
     setGeometry(popupX, popupY, popupWidth, stripHeight);
 }
 
-void RecentDocMainWindow::setGridSpace(int margin, const QSize &horizontal, const QSize &vertical)
+void RecentDocMainWindow::setGridSpace(int margin, const QSize &horizontal, const QSize &vertical) const
 {
     gridLayout->setContentsMargins(margin, margin, margin, margin);
     verticalSpacer->changeSize(vertical.width(), vertical.height(), QSizePolicy::Minimum,

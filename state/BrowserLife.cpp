@@ -15,6 +15,11 @@ void BrowserLife::setOwnerOfTiles(const QWidget *popup)
     hasOwner = popup != nullptr;
 }
 
+void BrowserLife::listedTileGone()
+{
+    owner = nullptr;
+}
+
 bool BrowserLife::tilesExist()
 {
     return !hasOwner || owner;

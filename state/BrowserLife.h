@@ -9,8 +9,10 @@ namespace BrowserLife {
 
 //! \param popup the window whose tiles are listed from now on
 void setOwnerOfTiles(const QWidget *popup);
-//! False from the moment when that window starts to be destroyed; true while there never was one, since
-//! then the lists hold what was put into them by hand.
+//! A listed tile is being destroyed alone, without its window.
+void listedTileGone();
+//! False from the moment when that window, or one of its tiles, starts to be destroyed; true while there
+//! never was one, since then the lists hold what was put into them by hand.
 bool tilesExist();
 
 } // namespace BrowserLife

@@ -32,7 +32,13 @@ void RecentDocumentBrowser::CreateRecentDocList(QWidget *parent)
         if (entry == images.constEnd())
             continue;
         QImage image = entry.value();
-        recentDocDialogList.append(new RecentDocDialog(parent, menuButton, entry.key(), image, false));
+        auto *tile = new RecentDocDialog(parent, menuButton, entry.key(), image, false);
+        recentDocDialogList.append(tile);
+        QObject::connect(tile, &QObject::destroyed, [](const QObject *gone) {
+            if (std::any_of(recentDocDialogList.begin(), recentDocDialogList.end(),
+                            [gone](const RecentDocDialog *listed) { return listed == gone; }))
+                BrowserLife::listedTileGone();
+        });
     }
 }
 

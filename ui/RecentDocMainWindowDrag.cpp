@@ -22,7 +22,8 @@ namespace {
 //! pixels from its upper left corner), as a QDataStream writes them.
 QString tileFormat()
 {
-    return QStringLiteral("application/corvel.DR.Layout");
+    // No QStringLiteral: the drag's data may outlive the library, and with it a literal's letters.
+    return QString::fromLatin1("application/corvel.DR.Layout");
 }
 
 //! A pointer this near to the popup's edge counts as outside, in pixels. Moves of a drag are told only to the
@@ -50,6 +51,9 @@ void runDrag(RecentDocDialog *tile, const QPoint &grabOffset)
     payload->setUrls({QUrl(QStringLiteral("file:///") + tile->path(), QUrl::TolerantMode)});
 
     const QPointer<QDrag> drag(new QDrag(tile));
+    // The drag goes on when its tile is deleted, and Qt needs its object until the end.
+    QObject::connect(tile, &QObject::destroyed, drag,
+                     [drag] { drag->setParent(QCoreApplication::instance()); });
     drag->setMimeData(payload);
     drag->setHotSpot(grabOffset);
     drag->setPixmap(picture);
@@ -69,7 +73,8 @@ void RecentDocMainWindow::mousePressEvent(QMouseEvent *event)
     // A press on a tile's label or button is one on the tile.
     if (widget && widget->parentWidget()->objectName() == tileName())
         widget = widget->parentWidget();
-    dragDialog = qobject_cast<RecentDocDialog *>(widget);
+    dragDialog =
+        widget && widget->objectName() == tileName() ? qobject_cast<RecentDocDialog *>(widget) : nullptr;
     if (dragDialog)
         QWidget::mousePressEvent(event);
 }

@@ -130,14 +130,7 @@ void tst_PopupOnDesktop::controlAndShiftClicksHighlightMore()
     const QPointer<QDialog> popup = browser.openPopup();
     QVERIFY(popup);
     const QList<QDialog *> tiles = RealBrowser::tiles(popup);
-    const auto highlighted = [&tiles] {
-        QList<int> indices;
-        for (int i = 0; i < tiles.size(); ++i) {
-            if (RealBrowser::isHighlighted(tiles.at(i)))
-                indices.append(i);
-        }
-        return indices;
-    };
+    const auto highlighted = [&tiles] { return RealBrowser::highlighted(tiles); };
     Hand::moveTo(tiles.at(1));
     Hand::click();
     QTRY_COMPARE(highlighted(), QList<int>({1}));

@@ -50,9 +50,7 @@ QString useByHand(const RealBrowser &browser, const QPointer<QDialog> &popup)
 
 QString screenshotName()
 {
-    return QLatin1String("screens-") + QString::fromLatin1(QTest::currentDataTag())
-                                           .replace(QLatin1Char(' '), QLatin1Char('-'))
-                                           .remove(QLatin1Char(','));
+    return QLatin1String("screens ") + QLatin1String(QTest::currentDataTag());
 }
 
 } // namespace

@@ -59,10 +59,10 @@ void Hand::click(int button)
     xdotool({QStringLiteral("click"), QString::number(button)});
 }
 
-void Hand::doubleClick()
+void Hand::doubleClick(int button)
 {
     xdotool({QStringLiteral("click"), QStringLiteral("--repeat"), QStringLiteral("2"),
-             QStringLiteral("--delay"), QStringLiteral("30"), QStringLiteral("1")});
+             QStringLiteral("--delay"), QStringLiteral("30"), QString::number(button)});
 }
 
 void Hand::press(int button)
@@ -77,7 +77,12 @@ void Hand::release(int button)
 
 void Hand::key(const QString &key)
 {
-    xdotool({QStringLiteral("key"), key});
+    keys({key});
+}
+
+void Hand::keys(const QStringList &keys)
+{
+    xdotool(QStringList(QStringLiteral("key")) + keys);
 }
 
 void Hand::holdKey(const QString &key)
@@ -110,6 +115,8 @@ void Hand::keepScreenshot(const QString &name, const QRect &part)
     QScreen *screen = QGuiApplication::primaryScreen();
     const QPoint corner = part.topLeft() - screen->geometry().topLeft();
     const QPixmap picture = screen->grabWindow(0, corner.x(), corner.y(), part.width(), part.height());
-    if (!picture.save(QStringLiteral("screenshots/%1.png").arg(name)))
+    QString file = name; // may be a row's name
+    file.replace(QRegularExpression(QStringLiteral("[^A-Za-z0-9]+")), QStringLiteral("-"));
+    if (!picture.save(QStringLiteral("screenshots/%1.png").arg(file)))
         qFatal("cannot keep a screenshot");
 }

@@ -4,6 +4,7 @@
 #include <QPoint>
 #include <QRect>
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 
 //! A person at the display: moves the real pointer and presses real buttons and keys, through the X server.
@@ -17,11 +18,13 @@ void moveTo(const QWidget *widget, const QPoint &local);
 
 //! Where the pointer is. \param button 1 left, 2 middle, 3 right
 void click(int button = 1);
-void doubleClick();
+void doubleClick(int button = 1);
 void press(int button = 1);
 void release(int button = 1);
 //! \param key as X names it: "Tab", "shift+Left", "F4"
 void key(const QString &key);
+//! The same, one after the other.
+void keys(const QStringList &keys);
 //! Holds a modifier ("shift", "ctrl", "alt") down until releaseKey().
 void holdKey(const QString &key);
 void releaseKey(const QString &key);

@@ -102,8 +102,11 @@ QDialog *RealBrowser::openPopup()
     m_host->commands().runLine(QStringLiteral("_RECENT"));
     const QList<QDialog *> after = popups();
     for (QDialog *popup : after) {
-        if (!before.contains(popup))
-            return QTest::qWaitForWindowActive(popup) ? popup : nullptr;
+        if (before.contains(popup))
+            continue;
+        // Its own window must have the keyboard: a child window counts as active while its parent has it.
+        const bool isActive = QTest::qWaitFor([popup] { return QApplication::activeWindow() == popup; });
+        return isActive ? popup : nullptr;
     }
     return nullptr;
 }
@@ -138,6 +141,16 @@ bool RealBrowser::isHighlighted(const QWidget *tile)
 {
     const QGraphicsEffect *effect = tile->graphicsEffect();
     return effect && effect->property("color").value<QColor>() == QColor(0, 0, 150, 100);
+}
+
+QList<int> RealBrowser::highlighted(const QList<QDialog *> &tiles)
+{
+    QList<int> indices;
+    for (int i = 0; i < tiles.size(); ++i) {
+        if (isHighlighted(tiles.at(i)))
+            indices.append(i);
+    }
+    return indices;
 }
 
 QStringList RealBrowser::menuLines() const

@@ -41,6 +41,8 @@ public:
     static QToolButton *button(const QWidget *parent, const char *name);
     //! Whether the tile's effect has the colour of a highlighted tile.
     static bool isHighlighted(const QWidget *tile);
+    //! The highlighted ones of tiles.
+    static QList<int> highlighted(const QList<QDialog *> &tiles);
 
     //! The recent-files menu that the module keeps: a line an entry as the menu shows it, with " pinned"
     //! behind a pinned one's, and "-" for a separator. Paths are given as the number of the drawing.

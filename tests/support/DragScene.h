@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "tests/support/DragHand.h"
+#include "tests/support/RealBrowser.h"
+
+#include <QDialog>
+#include <QList>
+#include <QPointer>
+#include <QRect>
+
+//! The built module's popup on screen over the host's main window, its first tile highlighted, and a hand
+//! that drags. The screen has room beside the main window.
+class DragScene
+{
+public:
+    //! Of so many drawings.
+    explicit DragScene(int documents);
+    //! The same with files of these names.
+    explicit DragScene(const QStringList &names);
+
+    //! Opens a popup where there is none any more.
+    void openPopup();
+
+    // Whether the popup's rectangle, as the X server has it, is that one; false when it is gone.
+    bool isStrip() const;
+    bool isFull() const;
+    //! The tiles that can be seen, by their place in the list.
+    QList<int> shown() const;
+
+    //! The host's lines on opening drawings so far, and those it should write on opening these, in order.
+    QStringList opened() const;
+    QStringList opening(const QList<int> &indices) const;
+
+    // What the hand shall do next.
+    //! Takes hold of a tile's middle and begins to drag it.
+    void dragTile(int index);
+    //! Carries it to the popup's lower rim, waits for the strip, and goes on to the main window.
+    void carryOut();
+    //! Carries it to the strip's own inner area, and waits for the popup.
+    void carryBackIn();
+
+    RealBrowser browser;
+    QPointer<QDialog> popup;
+    QList<QPointer<QDialog>> tiles;
+    QRect place;    //!< the popup's, in global coordinates
+    QRect strip;    //!< what is left of it
+    QPoint outside; //!< below the popup, on the main window
+    DragHand hand;
+};

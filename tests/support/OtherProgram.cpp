@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/OtherProgram.h"
+
+#include <QtTest>
+
+QStringList OtherProgram::target(Fetching fetching)
+{
+    QStringList role = {QStringLiteral("target")};
+    if (fetching == Fetching::Late)
+        role.append(QStringLiteral("late"));
+    return role;
+}
+
+QStringList OtherProgram::source(const QString &path)
+{
+    return {QStringLiteral("source"), path};
+}
+
+OtherProgram::OtherProgram(const QRect &place, const QStringList &role) : m_place(place)
+{
+    QStringList arguments = {role.first()};
+    for (const int number : {place.x(), place.y(), place.width(), place.height()})
+        arguments.append(QString::number(number));
+    arguments += role.mid(1);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("NO_AT_BRIDGE"), QStringLiteral("1")); // there is no session to tell
+    environment.insert(QStringLiteral("LD_PRELOAD"), QString());             // it is not what is tested
+    m_process.setProcessEnvironment(environment);
+    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_process.start(QStringLiteral(GTK_WINDOW_PROGRAM), arguments);
+    m_isReady =
+        QTest::qWaitFor([this] { return has(QStringLiteral("ready")); }, 20000); // Python starts slowly
+}
+
+OtherProgram::~OtherProgram()
+{
+    m_process.terminate();
+    if (!m_process.waitForFinished())
+        m_process.kill();
+}
+
+QStringList OtherProgram::lines() const
+{
+    m_process.waitForReadyRead(0); // reads without an event loop
+    m_output += m_process.readAllStandardOutput();
+    return QString::fromUtf8(m_output).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+QMap<QString, QByteArray> OtherProgram::received() const
+{
+    QMap<QString, QByteArray> data;
+    const QStringList all = lines();
+    for (const QString &line : all) {
+        const QStringList words = line.split(QLatin1Char(' '));
+        if (words.size() == 3 && words.first() == QLatin1String("data"))
+            data.insert(words.at(1), QByteArray::fromHex(words.at(2).toLatin1()));
+    }
+    return data;
+}
+
+void OtherProgram::fetch()
+{
+    m_process.write("fetch\n");
+}

@@ -1,0 +1,125 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: MIT
+"""A window of another toolkit, as the other end of a drag. (The distribution's own Python: only that one has
+the distribution's modules.)
+
+gtk_window.py target X Y WIDTH HEIGHT [late]  takes everything that is dropped on it
+gtk_window.py source X Y WIDTH HEIGHT FILE    drags that file
+
+It tells what happens in lines:
+  ready                   it is on screen, at its place
+  enter                   (target) a drag is over it
+  dropped                 (target) something was dropped; with "late" the data is fetched after a line on
+                          standard input
+  data FORMAT HEX         (target) one of the formats that the drag has
+  finished                (target) all data is there
+  begin                   (source) the drag begins
+  end ACTION, failed WHY  (source) it ends, taken or not
+"""
+
+import sys
+
+import gi
+
+gi.require_version("Gdk", "3.0")
+gi.require_version("Gtk", "3.0")
+from gi.repository import Gdk, Gio, GLib, Gtk  # noqa: E402
+
+
+def tell(*words):
+    print(*words, flush=True)
+
+
+class Target:
+    def __init__(self, window, late):
+        self.late = late
+        self.wanted = []
+        self.label = Gtk.Label(label="drop something here", wrap=True)
+        window.add(self.label)
+        window.drag_dest_set(0, [], Gdk.DragAction.COPY)
+        window.connect("drag-motion", self.motion)
+        window.connect("drag-drop", self.drop)
+        window.connect("drag-data-received", self.received)
+        self.is_over = False
+
+    def motion(self, _window, context, _x, _y, time):
+        if not self.is_over:
+            tell("enter")
+        self.is_over = True
+        Gdk.drag_status(context, Gdk.DragAction.COPY, time)
+        return True
+
+    def drop(self, window, context, _x, _y, time):
+        self.is_over = False
+        self.wanted = context.list_targets()
+        self.label.set_text("dropped:")
+        tell("dropped")
+        if self.late:
+            GLib.io_add_watch(
+                sys.stdin.fileno(), GLib.PRIORITY_DEFAULT, GLib.IO_IN, self.fetch_at_last, window, context, time
+            )
+        else:
+            self.fetch_next(window, context, time)
+        return True
+
+    def fetch_at_last(self, _file, _condition, window, context, time):
+        sys.stdin.readline()
+        self.fetch_next(window, context, time)
+        return False
+
+    def fetch_next(self, window, context, time):
+        if self.wanted:
+            window.drag_get_data(context, self.wanted.pop(0), time)
+        else:
+            Gtk.drag_finish(context, True, False, time)
+            tell("finished")
+
+    def received(self, window, context, _x, _y, selection, _info, time):
+        data = selection.get_data() if selection.get_length() >= 0 else None
+        name = selection.get_target().name()
+        tell("data", name, "-" if data is None else data.hex())
+        self.label.set_text(f"{self.label.get_text()}\n{name}: {selection.get_length()} bytes")
+        self.fetch_next(window, context, time)
+
+
+class Source:
+    def __init__(self, window, path):
+        self.uri = Gio.File.new_for_path(path).get_uri()
+        window.drag_source_set(Gdk.ModifierType.BUTTON1_MASK, [], Gdk.DragAction.COPY)
+        window.drag_source_add_uri_targets()
+        window.connect("drag-begin", lambda *_: tell("begin"))
+        window.connect("drag-data-get", lambda _window, _context, data, *_: data.set_uris([self.uri]))
+        window.connect("drag-failed", self.failed)
+        window.connect("drag-end", lambda _window, context: tell("end", int(context.get_selected_action())))
+
+    def failed(self, _window, _context, result):
+        tell("failed", result.value_nick)
+        return True  # no flight back to the start, which would take its time
+
+
+def main():
+    role, x, y, width, height = sys.argv[1], *map(int, sys.argv[2:6])
+    window = Gtk.Window(title="other program")
+    window.set_decorated(False)
+    window.set_accept_focus(False)  # the popup would close
+    window.set_default_size(width, height)
+    window.move(x, y)
+    if role == "target":
+        end = Target(window, "late" in sys.argv[6:])
+    else:
+        end = Source(window, sys.argv[6])
+    window.end = end
+
+    def ready_at_place(*_):
+        if window.get_mapped() and window.get_window().get_origin()[1:] == (x, y):
+            tell("ready")
+            return False
+        return True
+
+    window.show_all()
+    GLib.timeout_add(10, ready_at_place)
+    GLib.unix_signal_add(GLib.PRIORITY_DEFAULT, 15, Gtk.main_quit)
+    Gtk.main()
+
+
+main()

@@ -33,6 +33,7 @@ give_up() {
 
 unset WAYLAND_DISPLAY XAUTHORITY
 export QT_QPA_PLATFORM=xcb
+export QT_XCB_GL_INTEGRATION=none # nothing draws with OpenGL, and where its software driver is, loading it costs and leaks
 
 # Starts a server, which picks a free number itself and tells it, so two runs at a time do not meet. Only a server that
 # had the number before and is just ending may take the new one's socket away with its own: then another server is

@@ -45,9 +45,9 @@ public:
             menu->add(QStringLiteral("MI_Open"));
             menu->add(QStringLiteral("MI_Quit"));
         }
-        fake.onLoadPreview = [this](const QString &path, QImage &image) {
-            const QMutexLocker lock(&m_reading);
-            fake.calls.append(QStringLiteral("read ") + path);
+        fake.onLoadPreview = [&calls = fake.calls, &reading = m_reading](const QString &path, QImage &image) {
+            const QMutexLocker lock(&reading);
+            calls.append(QStringLiteral("read ") + path);
             image = pictureOf(path);
             return true;
         };

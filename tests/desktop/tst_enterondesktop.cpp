@@ -84,7 +84,7 @@ void tst_EnterOnDesktop::aDrawingThatIsGoneKeepsNoOtherFromOpening()
     Typing typing(4, 4);
     const QStringList paths = typing.browser.paths();
     QVERIFY(QFile::remove(paths.at(1)));
-    QCOMPARE(typing.after({"shift+Right", "shift+Right"}).last(), QStringLiteral("0 1 2: 2"));
+    QCOMPARE(typing.after({"shift+Right", "shift+Right"}).constLast(), QStringLiteral("0 1 2: 2"));
     Hand::key(QStringLiteral("Return"));
     QTRY_VERIFY(!typing.popup);
     QCOMPARE(typing.browser.log().filter(QStringLiteral("open ")),

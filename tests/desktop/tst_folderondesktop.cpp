@@ -116,7 +116,7 @@ void tst_FolderOnDesktop::fileManagerGetsThePath()
     QFile file(calls);
     QVERIFY2(file.open(QIODevice::ReadOnly), "the file manager was not called");
     // A path that holds quotes breaks its own, and nothing else comes of it.
-    QString text = QStringLiteral("%1\n%2\n").arg(arguments).arg(program.paths().first());
+    QString text = QStringLiteral("%1\n%2\n").arg(arguments).arg(program.paths().constFirst());
     if (arguments > 1)
         text.replace(QLatin1Char(' '), QLatin1Char('\n')).remove(QLatin1Char('"'));
     QCOMPARE(QString::fromUtf8(file.readAll()), text);

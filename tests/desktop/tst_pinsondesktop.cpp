@@ -78,7 +78,7 @@ private:
     static int drawingOf(const QDialog *tile)
     {
         // "plan 3.dwg"
-        return tile->findChild<QLabel *>(QStringLiteral("title_label"))->text().mid(5, 1).toInt();
+        return tile->findChild<QLabel *>(QStringLiteral("title_label"))->text().midRef(5, 1).toInt();
     }
 
     QToolButton *pinOf(int drawing) const
@@ -159,7 +159,8 @@ void tst_PinsOnDesktop::newDrawingTakesAllPinsAway()
     QCOMPARE(hand.browser.menuLines(), lines("-|&1 1|&2 2|&3 3|&4 4|-"));
     QVERIFY(hand.open());
     QCOMPARE(hand.tileOrder(), QList<int>({1, 2, 3, 4}));
-    for (const QDialog *tile : RealBrowser::tiles(RealBrowser::popups().first()))
+    const QList<QDialog *> tiles = RealBrowser::tiles(RealBrowser::popups().constFirst());
+    for (const QDialog *tile : tiles)
         QVERIFY(!RealBrowser::button(tile, "pinButton")->isChecked());
 }
 

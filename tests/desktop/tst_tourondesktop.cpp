@@ -92,7 +92,7 @@ void tst_TourOnDesktop::fromF4ToAPinnedDrawing()
     // The fifth of what was recent then: the three opened ones, the last of them first, and the rest.
     Hand::key(QStringLiteral("Return"));
     QTRY_COMPARE(program.opened().size(), 4);
-    QCOMPARE(program.opened().last(), program.paths().at(4));
+    QCOMPARE(program.opened().constLast(), program.paths().at(4));
     QVERIFY(program.quit());
 }
 

@@ -25,6 +25,7 @@ inline const QList<Qt::KeyboardModifiers> others = {Qt::NoModifier,
                                                     Qt::ControlModifier | Qt::KeypadModifier,
                                                     Qt::ShiftModifier | Qt::AltModifier,
                                                     Qt::ControlModifier | Qt::AltModifier};
+inline const QList<Qt::KeyboardModifiers> allModifiers = selecting + others;
 
 //! "Shift+Key_Right", say.
 inline QByteArray nameOf(int key, Qt::KeyboardModifiers modifiers)

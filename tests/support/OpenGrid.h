@@ -74,7 +74,7 @@ struct OpenGrid
     QString line() const { return popup->main_label_path->text(); }
     static QString asItWas() { return QStringLiteral("as it was"); }
 
-    bool press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    bool press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
     {
         return pressKey(popup, key, modifiers);
     }

@@ -64,10 +64,11 @@ private:
 
     QString state() const
     {
-        QStringList highlighted;
-        for (const int index : RealBrowser::highlighted(tiles))
-            highlighted.append(QString::number(index));
-        return QStringLiteral("%1: %2").arg(highlighted.join(QLatin1Char(' '))).arg(shown());
+        const QList<int> highlighted = RealBrowser::highlighted(tiles);
+        QStringList numbers;
+        for (const int index : highlighted)
+            numbers.append(QString::number(index));
+        return QStringLiteral("%1: %2").arg(numbers.join(QLatin1Char(' '))).arg(shown());
     }
     int shown() const
     {

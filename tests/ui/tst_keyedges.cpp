@@ -43,7 +43,7 @@ void tst_KeyEdges::withoutTilesNothingHappens()
     const QPointer<RecentDocMainWindow> popup = browser.openPopup();
     QCOMPARE(popup->gridLayout != nullptr, hasList);
     for (const int key : everyKey) {
-        for (const auto modifiers : selecting + others)
+        for (const auto modifiers : allModifiers)
             pressKey(popup, key, modifiers);
     }
     drainEvents();
@@ -71,7 +71,7 @@ void tst_KeyEdges::withoutAHighlightNothingHappens()
     QCOMPARE(grid.tiles.size(), documents - withoutTile.size());
     grid.highlight({});
     for (const int key : everyKey) {
-        for (const auto modifiers : selecting + others) {
+        for (const auto modifiers : allModifiers) {
             QVERIFY(grid.press(key, modifiers));
             QCOMPARE(grid.highlighted(), Indices());
         }
@@ -205,7 +205,7 @@ void tst_KeyEdges::keysInTheOlderPopupDoNothingWhenTheNewerIsGone()
     TwoPopups two(10, false);
     QVERIFY(two.older.popup && !two.newer);
     for (const int key : everyKey) {
-        for (const auto modifiers : selecting + others) {
+        for (const auto modifiers : allModifiers) {
             two.older.press(key, modifiers);
             pressKey(two.older.tiles.at(3), key, modifiers);
         }

@@ -8,13 +8,17 @@ void go(RecentDocMainWindow *popup, Move move)
 {
     switch (move) {
     case Move::Next:
-        return popup->gotoNextDialog();
+        popup->gotoNextDialog();
+        break;
     case Move::Previous:
-        return popup->gotoPreviousDialog();
+        popup->gotoPreviousDialog();
+        break;
     case Move::Down:
-        return popup->goDownNextDialog();
+        popup->goDownNextDialog();
+        break;
     case Move::Up:
-        return popup->goUpPreviousDialog();
+        popup->goUpPreviousDialog();
+        break;
     }
 }
 

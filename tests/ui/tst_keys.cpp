@@ -46,7 +46,7 @@ void tst_Keys::keysThatKeepThePopupOpen_data()
         row(Qt::Key_Up, modifiers, {5}, -1);
         row(Qt::Key_Down, modifiers, {5}, -1);
     }
-    for (const auto modifiers : selecting + others) {
+    for (const auto modifiers : allModifiers) {
         row(Qt::Key_Tab, modifiers, {6}, 6);
         row(Qt::Key_Backtab, modifiers, {5}, -1);
     }
@@ -78,7 +78,7 @@ void tst_Keys::enterOpensAndCloses_data()
     QTest::addColumn<int>("key");
     QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
     for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
-        for (const auto modifiers : selecting + others)
+        for (const auto modifiers : allModifiers)
             QTest::newRow(nameOf(key, modifiers)) << key << modifiers;
     }
 }
@@ -102,7 +102,7 @@ void tst_Keys::enterOpensAndCloses()
 void tst_Keys::escapeClosesOnly_data()
 {
     QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-    for (const auto modifiers : selecting + others)
+    for (const auto modifiers : allModifiers)
         QTest::newRow(nameOf(Qt::Key_Escape, modifiers)) << modifiers;
 }
 

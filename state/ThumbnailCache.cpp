@@ -6,6 +6,21 @@
 #include <QVector>
 #include <QtConcurrentMap>
 
+#include <dlfcn.h>
+
+namespace {
+
+//! Keeps Qt's library of the worker threads in memory when the module goes. Its workers have nothing more to
+//! do with us once it has said that all is done, but may still be on their way out of its code, and the
+//! module may well be the only one that uses it.
+void keepWorkersCode()
+{
+    if (void *library = dlopen("libQt5Concurrent.so.5", RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE))
+        dlclose(library);
+}
+
+} // namespace
+
 QImage RecentDocumentBrowser::GetQImage(const QString &path)
 {
     QImage image;
@@ -25,6 +40,7 @@ void RecentDocumentBrowser::CreateRecentFileImageMap()
     if (!recent)
         return;
 
+    keepWorkersCode();
     QVector<QString> paths;
     paths.reserve(static_cast<int>(recent->size()));
     for (const CFxString &path : *recent)

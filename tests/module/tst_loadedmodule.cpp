@@ -24,6 +24,7 @@ private slots:
     void imagesComeAndGoWithTheLibrary();
     void commandsComeAndGoWithTheMainWindow();
     void openPopupGoesWithTheModule();
+    void codeThatItsWorkersRunStays();
     void hundredLoadsAndUnloadsLeaveNothingBehind();
     void drawingOpenedByDoubleClickIsLogged();
 };
@@ -32,9 +33,9 @@ namespace {
 
 const QRect usualFrame(0, 0, 1300, 800);
 
-bool libraryIsLoaded()
+bool libraryIsLoaded(const char *name = MODULE_FILE)
 {
-    void *library = dlopen(MODULE_FILE, RTLD_NOW | RTLD_NOLOAD);
+    void *library = dlopen(name, RTLD_NOW | RTLD_NOLOAD);
     if (library)
         dlclose(library);
     return library != nullptr;
@@ -76,6 +77,19 @@ void tst_LoadedModule::openPopupGoesWithTheModule()
     QVERIFY(browser.host().modules().unload(QStringLiteral(MODULE_FILE)));
     QVERIFY(!popup);
     QVERIFY(!libraryIsLoaded());
+}
+
+void tst_LoadedModule::codeThatItsWorkersRunStays()
+{
+    const char *const workersLibrary = "libQt5Concurrent.so.5";
+    {
+        RealBrowser browser(3, usualFrame);
+        QVERIFY(browser.openPopup());
+        QVERIFY(libraryIsLoaded(workersLibrary));
+    }
+    // Only the module uses it here, and a worker thread may still be on its way out of it.
+    QVERIFY(!libraryIsLoaded());
+    QVERIFY(libraryIsLoaded(workersLibrary));
 }
 
 void tst_LoadedModule::hundredLoadsAndUnloadsLeaveNothingBehind()

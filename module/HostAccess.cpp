@@ -34,6 +34,8 @@ struct ReleaseEnumerator
 template<class T>
 using Reference = std::unique_ptr<T, ReleaseReference>;
 
+using GroupEnumerator = std::unique_ptr<CFxUIGroupEnumerator, ReleaseEnumerator>;
+
 CFxRecentFileList *recentFileList()
 {
     CFxSystemServices *services = GetFxSystemServices();
@@ -53,8 +55,6 @@ CFxUICustomization *customization()
     CFxSystemServices *services = GetFxSystemServices();
     return services ? services->GetCustomization() : nullptr;
 }
-
-using GroupEnumerator = std::unique_ptr<CFxUIGroupEnumerator, ReleaseEnumerator>;
 
 Reference<OdEdCommandStack> commandStack()
 {

@@ -19,7 +19,8 @@ class QImage;
 class QWidget;
 
 //! The host operations that the module needs, by what they do for it. HostAccess.cpp is the one file that
-//! knows how a host spells them: a host with its own SDK needs that file changed and no other.
+//! knows how a host's services are called: a host with its own SDK needs that file changed, and, where its
+//! menu classes differ, MenuIntegration.cpp.
 //!
 //! Whatever the host lacks (no services, no list, no window) makes a query empty and a request void. GUI
 //! thread, but for readPreview(). Exceptions from the host pass through, after every reference that was

@@ -134,7 +134,8 @@ void RecentDocumentBrowser::UnLoadMenu(CFxUIMenuItem *fileMenu)
         if (child && isBrowserEntry(*child))
             break;
     }
-    // Entry, definition and accelerator stay: the host discards them with its main window.
+    // Looked at and left, all three: the host discards entry, definition and accelerator with its main
+    // window.
     if (group)
         acceleratorOf(*group, acceleratorIdentifier);
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "state/BrowserLife.h"
 
+#include "module/RecentDocumentBrowser.h"
+
 #include <QPointer>
 #include <QWidget>
 
@@ -23,4 +25,9 @@ void BrowserLife::listedTileGone()
 bool BrowserLife::tilesExist()
 {
     return !hasOwner || owner;
+}
+
+QList<RecentDocDialog *> BrowserLife::livingTiles()
+{
+    return tilesExist() ? RecentDocumentBrowser::recentDocDialogList : QList<RecentDocDialog *>();
 }

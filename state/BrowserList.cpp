@@ -6,17 +6,6 @@
 
 #include <algorithm>
 
-namespace {
-
-//! The tiles in display order; none once their window is gone.
-QList<RecentDocDialog *> livingTiles()
-{
-    return BrowserLife::tilesExist() ? RecentDocumentBrowser::recentDocDialogList
-                                     : QList<RecentDocDialog *>();
-}
-
-} // namespace
-
 void RecentDocumentBrowser::CreateRecentDocList(QWidget *parent)
 {
     // Copies: building a tile may run code that changes cache or list.
@@ -44,7 +33,7 @@ void RecentDocumentBrowser::CreateRecentDocList(QWidget *parent)
 
 RecentDocDialog *RecentDocumentBrowser::getHighlightedRecentDoc()
 {
-    const QList<RecentDocDialog *> tiles = livingTiles();
+    const QList<RecentDocDialog *> tiles = BrowserLife::livingTiles();
     const auto first = std::find_if(tiles.begin(), tiles.end(),
                                     [](const RecentDocDialog *tile) { return tile->isHighlighted(); });
     return first == tiles.end() ? nullptr : *first;
@@ -53,7 +42,7 @@ RecentDocDialog *RecentDocumentBrowser::getHighlightedRecentDoc()
 QList<RecentDocDialog *> RecentDocumentBrowser::getHighlightedRecentDocList()
 {
     QList<RecentDocDialog *> highlighted;
-    const QList<RecentDocDialog *> tiles = livingTiles();
+    const QList<RecentDocDialog *> tiles = BrowserLife::livingTiles();
     for (RecentDocDialog *tile : tiles) {
         if (tile->isHighlighted())
             highlighted.append(tile);

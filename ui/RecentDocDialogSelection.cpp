@@ -78,9 +78,7 @@ void RecentDocDialog::keyPressEvent(QKeyEvent *event)
 
 void RecentDocDialog::selectMultiDocByShiftAndMouseCombination()
 {
-    if (!BrowserLife::tilesExist())
-        return;
-    const QList<RecentDocDialog *> tiles = RecentDocumentBrowser::recentDocDialogList;
+    const QList<RecentDocDialog *> tiles = BrowserLife::livingTiles();
     bool runStarted = false;
     for (RecentDocDialog *tile : tiles) {
         if (tile->isHighlighted()) {

@@ -15,12 +15,6 @@
 
 namespace {
 
-QList<RecentDocDialog *> tilesInOrder()
-{
-    return BrowserLife::tilesExist() ? RecentDocumentBrowser::recentDocDialogList
-                                     : QList<RecentDocDialog *>();
-}
-
 void highlightTile(RecentDocDialog *tile)
 {
     tile->highlight();
@@ -128,12 +122,12 @@ void RecentDocMainWindow::keyPressEvent(QKeyEvent *event)
 
 void RecentDocMainWindow::gotoNextDialog()
 {
-    moveHighlight(tilesInOrder());
+    moveHighlight(BrowserLife::livingTiles());
 }
 
 void RecentDocMainWindow::gotoPreviousDialog()
 {
-    moveHighlight(reversed(tilesInOrder()));
+    moveHighlight(reversed(BrowserLife::livingTiles()));
 }
 
 RecentDocDialog *RecentDocMainWindow::tileAt(int row, int column) const
@@ -179,13 +173,13 @@ void RecentDocMainWindow::goUpPreviousDialog()
 
 void RecentDocMainWindow::selectForwardMultiDoc()
 {
-    if (extendRun(tilesInOrder(), forwardSelectionActive))
+    if (extendRun(BrowserLife::livingTiles(), forwardSelectionActive))
         forwardSelectionActive = true;
 }
 
 void RecentDocMainWindow::selectBackwardMultiDoc()
 {
-    if (extendRun(reversed(tilesInOrder()), backwardSelectionActive))
+    if (extendRun(reversed(BrowserLife::livingTiles()), backwardSelectionActive))
         backwardSelectionActive = true;
 }
 

@@ -67,6 +67,19 @@ QList<int> DragScene::shown() const
     return indices;
 }
 
+QString DragScene::whatHasChanged() const
+{
+    if (!popup || !popup->isVisible())
+        return QStringLiteral("the popup is gone");
+    if (!isFull())
+        return QStringLiteral("the popup has another size or place");
+    if (shown().size() != tiles.size())
+        return QStringLiteral("of %1 tiles %2 are shown").arg(tiles.size()).arg(shown().size());
+    if (!opened().isEmpty())
+        return opened().join(QLatin1String(", "));
+    return QString();
+}
+
 QStringList DragScene::opened() const
 {
     return browser.log().filter(QStringLiteral("open "));

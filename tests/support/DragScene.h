@@ -28,6 +28,10 @@ public:
     //! The tiles that can be seen, by their place in the list.
     QList<int> shown() const;
 
+    //! In which way the popup, its tiles or the host's drawings differ from the time before any drag; empty
+    //! when they do not.
+    QString whatHasChanged() const;
+
     //! The host's lines on opening drawings so far, and those it should write on opening these, in order.
     QStringList opened() const;
     QStringList opening(const QList<int> &indices) const;

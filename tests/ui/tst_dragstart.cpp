@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/MousedPopup.h"
+#include "tests/support/TileLayout.h"
 
 #include <QApplication>
 #include <QChildEvent>
-#include <QDataStream>
 #include <QDrag>
 #include <QEventLoop>
 #include <QMimeData>
@@ -189,16 +189,11 @@ void TestDragStart::dragCarriesThePictureAndTheGrabOffset()
     const QDrag *drag = started.drags().constFirst();
     QCOMPARE(drag->pixmap().toImage(), picture);
     QCOMPARE(drag->hotSpot(), grabOffset);
-    QDataStream stream(drag->mimeData()->data(tileFormat));
-    QPixmap carriedPicture;
-    QPoint carriedOffset;
-    stream >> carriedPicture >> carriedOffset;
-    QCOMPARE(stream.status(), QDataStream::Ok);
-    QVERIFY(stream.atEnd());
-    QCOMPARE(carriedPicture.size(), QSize(161, 131));
-    QCOMPARE(carriedPicture.toImage().convertToFormat(QImage::Format_RGB32),
-             picture.convertToFormat(QImage::Format_RGB32));
-    QCOMPARE(carriedOffset, grabOffset);
+    const TileLayout layout(drag->mimeData()->data(tileFormat));
+    QVERIFY(layout.isWhole());
+    QCOMPARE(layout.picture().size(), QSize(161, 131));
+    QCOMPARE(layout.picture(), picture.convertToFormat(QImage::Format_RGB32));
+    QCOMPARE(layout.grabOffset(), grabOffset);
 }
 
 void TestDragStart::dragCarriesExactlyOneUrl_data()

@@ -3,6 +3,7 @@
 #include "module/RecentDocumentBrowser.h"
 
 #include <QFileInfo>
+#include <QThreadPool>
 #include <QVector>
 #include <QtConcurrentMap>
 
@@ -17,6 +18,30 @@ void keepWorkersCode()
 {
     if (void *library = dlopen("libQt5Concurrent.so.5", RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE))
         dlclose(library);
+}
+
+//! A thread less for others to start in Qt's global pool.
+class ReservedThread
+{
+public:
+    ReservedThread() { QThreadPool::globalInstance()->reserveThread(); }
+    ~ReservedThread() { QThreadPool::globalInstance()->releaseThread(); }
+    Q_DISABLE_COPY(ReservedThread)
+};
+
+//! What QtConcurrent::blockingMapped() promises: reads all pictures, spread over Qt's global thread pool, and
+//! returns when that is done. In Qt 5.15 that function returns as soon as the result is there, while the
+//! worker that reported it has still to pass through code that is the module's, and deletes what is the
+//! module's: when the module goes in that moment, the host crashes. It also waits for ever when all threads
+//! of the pool wait for this one. So this asks the engine below it, whose workers leave by Qt's own code. It
+//! lets this thread read too, which therefore counts as one of the pool's.
+QVector<QImage> readPictures(const QVector<QString> &paths)
+{
+    const ReservedThread ourselves;
+    return QtConcurrent::startMappedReduced<QImage, QVector<QImage>>(
+               paths, QtPrivate::createFunctionWrapper(&RecentDocumentBrowser::GetQImage),
+               QtPrivate::PushBackWrapper(), QtConcurrent::OrderedReduce | QtConcurrent::SequentialReduce)
+        .startBlocking();
 }
 
 } // namespace
@@ -45,8 +70,7 @@ void RecentDocumentBrowser::CreateRecentFileImageMap()
     paths.reserve(static_cast<int>(recent->size()));
     for (const CFxString &path : *recent)
         paths.append(path);
-    const auto images =
-        QtConcurrent::blockingMapped<QVector<QImage>>(paths, &RecentDocumentBrowser::GetQImage);
+    const QVector<QImage> images = readPictures(paths);
     for (int i = 0; i < paths.size(); ++i)
         recentFileImageMap.insert(paths.at(i), images.at(i)); // of two equal paths the later one's stays
 }

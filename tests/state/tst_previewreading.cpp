@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "module/RecentDocumentBrowser.h"
 #include "tests/support/Browser.h"
+#include "tests/support/SpecialFiles.h"
 #include "tests/support/TestCase.h"
 
 #include <QDir>
@@ -67,7 +68,7 @@ private slots:
     void severalAreReadAtOnce();
     void picturesBelongToTheirPathsWhateverTheOrder();
     void theCallerWaitsForAllOfThem();
-    void aFullPoolIsWaitedFor();
+    void aFullPoolOfTasksThatWaitForUsIsNotWaitedFor();
     void ofEqualPathsTheLaterPictureStays();
     void exceptionsOfOneThreadLeaveTheOthersAlone();
 };
@@ -267,7 +268,7 @@ void tst_PreviewReading::theCallerWaitsForAllOfThem()
     QVERIFY(eventDelivered);
 }
 
-void tst_PreviewReading::aFullPoolIsWaitedFor()
+void tst_PreviewReading::aFullPoolOfTasksThatWaitForUsIsNotWaitedFor()
 {
     constexpr int threads = 2;
     const PoolOf pool(threads);
@@ -281,9 +282,10 @@ void tst_PreviewReading::aFullPoolIsWaitedFor()
     }
     started.acquire(threads);
     const Browser browser(6);
-    std::thread other([&] { end.release(threads); }); // at any time from now on
-    RecentDocumentBrowser::CreateRecentFileImageMap();
-    other.join();
+    const Alarm alarm;
+    RecentDocumentBrowser::CreateRecentFileImageMap(); // nobody else can read
+    end.release(threads);
+    QVERIFY(QThreadPool::globalInstance()->waitForDone());
     QCOMPARE(RecentDocumentBrowser::recentFileImageMap.size(), 6);
     const QStringList paths = browser.paths();
     for (const QString &path : paths)

@@ -8,14 +8,15 @@
 #include <string>
 
 //! The application framework's string, used at every border between a host and its modules: UTF-32, 4 bytes
-//! a character. Converts to and from QString without being asked. A value type.
+//! a character. Converts to and from QString without being asked, and every QString comes back as it was:
+//! half of a surrogate pair stays what it is, since file names may be carried that way. A value type.
 class CFxString
 {
 public:
     CFxString() = default;
     //! \param text copied; null gives the empty string
     CFxString(const wchar_t *text) : m_text(text ? text : L"") {}
-    CFxString(const QString &text) : m_text(text.toStdWString()) {}
+    CFxString(const QString &text);
 
     operator QString() const { return QString::fromStdWString(m_text); }
 
@@ -41,6 +42,17 @@ public:
 private:
     std::wstring m_text;
 };
+
+inline CFxString::CFxString(const QString &text)
+{
+    m_text.reserve(static_cast<std::size_t>(text.size()));
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar unit = text.at(i);
+        const bool isPair = unit.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
+        const uint character = isPair ? QChar::surrogateToUcs4(unit, text.at(++i)) : unit.unicode();
+        m_text.push_back(static_cast<wchar_t>(character));
+    }
+}
 
 inline CFxString CFxString::format(const char *pattern, ...)
 {

@@ -15,6 +15,7 @@
 #include "host/runtime/customization/MenuBuilder.h"
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
+#include "host/runtime/probe/FileProbe.h"
 
 #include <CFxCommand.h>
 
@@ -151,9 +152,10 @@ void MainWindow::showHelp(int topic)
 
 QString MainWindow::choosePath()
 {
-    const QString path =
-        QFileDialog::getOpenFileName(this, tr("Open Drawing"), m_host.settings().lastDirectory(),
-                                     tr("Drawings (*.dwg *.DWG);;All files (*)"));
+    const QString last = m_host.settings().lastDirectory();
+    const bool answers = m_host.fileProbe().silent({last}).isEmpty(); // else the dialog would wait for it
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open Drawing"), answers ? last : QString(),
+                                                      tr("Drawings (*.dwg *.DWG);;All files (*)"));
     if (!path.isEmpty())
         m_host.settings().setLastDirectory(QFileInfo(path).absolutePath());
     return path;

@@ -4,6 +4,7 @@
 #include "host/app/MainWindow.h"
 #include "host/app/ScriptRunner.h"
 #include "host/runtime/FxHost.h"
+#include "host/runtime/Paths.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/customization/Customization.h"
 #include "host/runtime/documents/DocumentManager.h"
@@ -114,6 +115,7 @@ bool printsAndEnds(int argc, char *argv[])
 
 int main(int argc, char *argv[])
 {
+    keepBytesOfPaths();
     QCoreApplication::setApplicationName(QStringLiteral("fxhost"));
     QCoreApplication::setApplicationVersion(QStringLiteral(FXHOST_VERSION));
     if (printsAndEnds(argc, argv))

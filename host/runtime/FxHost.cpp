@@ -11,6 +11,8 @@
 #include "host/runtime/editor/Editor.h"
 #include "host/runtime/log/HostLog.h"
 #include "host/runtime/modules/ModuleManager.h"
+#include "host/runtime/probe/FileProbe.h"
+#include "host/runtime/recent/AnsweringRecentFiles.h"
 #include "host/runtime/recent/RecentFileStore.h"
 #include "host/runtime/recent/RecentFiles.h"
 
@@ -37,7 +39,7 @@ public:
     explicit Facets(FxHost &host) : m_host(host) {}
 
     CFxUserProfile *GetUserProfile() override { return this; }
-    CFxRecentFileList *GetRecentFileList() override { return m_host.m_recentFiles.get(); }
+    CFxRecentFileList *GetRecentFileList() override { return m_host.m_answeringRecentFiles.get(); }
     QWidget *GetMainWindow() override { return m_host.m_mainWindow; }
 
 private:
@@ -53,8 +55,10 @@ FxHost::FxHost(const QString &profileDir, const QString &logFile, QObject *paren
     m_log = std::make_unique<HostLog>(logFile);
     m_recentFiles = std::make_unique<RecentFiles>();
     readProfile(profileDir);
+    m_fileProbe = std::make_unique<FileProbe>();
+    m_answeringRecentFiles = std::make_unique<AnsweringRecentFiles>(*m_recentFiles, *m_fileProbe, report);
     m_editor = std::make_unique<Editor>(report);
-    m_documents = std::make_unique<DocumentManager>(*m_recentFiles, *m_editor, *m_log, report);
+    m_documents = std::make_unique<DocumentManager>(*m_recentFiles, *m_fileProbe, *m_editor, *m_log, report);
     m_customization = std::make_unique<Customization>();
     m_commandStack = std::make_unique<CommandStack>();
     m_commands = std::make_unique<CommandRunner>(*m_commandStack, *m_editor, *m_log, report);
@@ -95,21 +99,19 @@ void FxHost::readProfile(const QString &profileDir)
 
     m_recentFileStore =
         std::make_unique<RecentFileStore>(QDir(profileDir).filePath(QStringLiteral("recent.txt")));
-    const RecentFileStore::Loaded loaded = m_recentFileStore->load();
-    problems << loaded.problem;
-    m_recentFiles->setPaths(loaded.paths);
-    connect(m_recentFiles.get(), &RecentFiles::changed, this, &FxHost::saveRecentFiles);
+    const RecentFileStore::Kept kept = m_recentFileStore->load();
+    problems << kept.problem;
+    m_recentFiles->setPaths(kept.paths);
+    m_recentFiles->setKeeper([this](const QStringList &known, const RecentFiles::Change &change) {
+        const RecentFileStore::Kept now = m_recentFileStore->update(known, change);
+        if (!now.problem.isEmpty())
+            showMessage(now.problem);
+        return now.paths;
+    });
 
     problems.removeAll(QString());
     for (const QString &problem : qAsConst(problems))
         QTimer::singleShot(0, this, [this, problem] { showMessage(problem); });
-}
-
-void FxHost::saveRecentFiles()
-{
-    const QString problem = m_recentFileStore->save(m_recentFiles->paths());
-    if (!problem.isEmpty())
-        showMessage(problem);
 }
 
 HostLog &FxHost::log()
@@ -125,6 +127,11 @@ HostSettings &FxHost::settings()
 RecentFiles &FxHost::recentFiles()
 {
     return *m_recentFiles;
+}
+
+FileProbe &FxHost::fileProbe()
+{
+    return *m_fileProbe;
 }
 
 DocumentManager &FxHost::documents()

@@ -15,12 +15,14 @@ class QWidget;
 
 namespace fxhost {
 
+class AnsweringRecentFiles;
 class CommandRunner;
 class CommandSet;
 class CommandStack;
 class Customization;
 class DocumentManager;
 class Editor;
+class FileProbe;
 class HostLog;
 class HostSettings;
 class ModuleManager;
@@ -53,6 +55,7 @@ public:
     HostLog &log();
     HostSettings &settings();
     RecentFiles &recentFiles();
+    FileProbe &fileProbe();
     DocumentManager &documents();
     Customization &customization();
     Editor &editor();
@@ -93,13 +96,14 @@ private:
     class Facets;
 
     void readProfile(const QString &profileDir);
-    void saveRecentFiles();
     void reportApplicationState(Qt::ApplicationState state);
 
     std::unique_ptr<HostLog> m_log;
     std::unique_ptr<HostSettings> m_settings;
     std::unique_ptr<RecentFileStore> m_recentFileStore;
     std::unique_ptr<RecentFiles> m_recentFiles;
+    std::unique_ptr<FileProbe> m_fileProbe;
+    std::unique_ptr<AnsweringRecentFiles> m_answeringRecentFiles;
     std::unique_ptr<Editor> m_editor;
     std::unique_ptr<DocumentManager> m_documents;
     std::unique_ptr<Customization> m_customization;

@@ -4,8 +4,97 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QTextCodec>
+
+#include <optional>
 
 namespace fxhost {
+
+namespace {
+
+constexpr ushort firstCarried = 0xdc80; // for the byte 0x80: what is below is ASCII, and never wrong
+constexpr ushort lastCarried = 0xdcff;
+constexpr int longestCharacter = 4; // bytes in UTF-8
+
+//! Nothing unless bytes are UTF-8 as Qt itself would write it, which leaves out surrogates and overlong ones.
+std::optional<QString> textOf(const QByteArray &bytes)
+{
+    const QString text = QString::fromUtf8(bytes);
+    return text.toUtf8() == bytes ? std::optional<QString>(text) : std::nullopt;
+}
+
+bool isCarriedByte(QChar c)
+{
+    return c.unicode() >= firstCarried && c.unicode() <= lastCarried;
+}
+
+//! UTF-8 that keeps every byte of whole texts, which is how Qt converts names. Text that comes in pieces is
+//! no name, and pieces may end within a character: there it is like any other UTF-8. Only when a directory is
+//! read a whole name has a state too, to tell whether it is a name at all; every one is.
+class PathCodec : public QTextCodec
+{
+public:
+    QByteArray name() const override { return "UTF-8 with any byte"; }
+    int mibEnum() const override { return -1; } // none: it is for file names of this process alone
+
+protected:
+    QString convertToUnicode(const char *bytes, int size, ConverterState *pieces) const override
+    {
+        const bool isWhole = !pieces || pieces->flags & IgnoreHeader;
+        return isWhole ? pathFromBytes(QByteArray(bytes, size)) : m_utf8->toUnicode(bytes, size, pieces);
+    }
+    QByteArray convertFromUnicode(const QChar *text, int size, ConverterState *pieces) const override
+    {
+        return pieces ? m_utf8->fromUnicode(text, size, pieces) : pathBytes(QString(text, size));
+    }
+
+private:
+    static constexpr int utf8Mib = 106;
+    const QTextCodec *m_utf8 = QTextCodec::codecForMib(utf8Mib);
+};
+
+} // namespace
+
+QString pathFromBytes(const QByteArray &bytes)
+{
+    if (const std::optional<QString> text = textOf(bytes))
+        return *text;
+    QString path;
+    for (int at = 0; at < bytes.size();) {
+        int size = 1;
+        std::optional<QString> character = textOf(bytes.mid(at, size));
+        while (!character && size < longestCharacter)
+            character = textOf(bytes.mid(at, ++size));
+        const auto byte = static_cast<uchar>(bytes.at(at));
+        path += character.value_or(QString(QChar(ushort(firstCarried - 0x80 + byte))));
+        at += character ? size : 1;
+    }
+    return path;
+}
+
+QByteArray pathBytes(const QString &path)
+{
+    QByteArray bytes;
+    int textStart = 0;
+    for (int i = 0; i < path.size(); ++i) {
+        const bool isPair = i > 0 && path.at(i - 1).isHighSurrogate();
+        if (!isCarriedByte(path.at(i)) || isPair)
+            continue;
+        bytes += path.midRef(textStart, i - textStart).toUtf8();
+        bytes += static_cast<char>(path.at(i).unicode() - firstCarried + 0x80);
+        textStart = i + 1;
+    }
+    return bytes + path.midRef(textStart).toUtf8();
+}
+
+void keepBytesOfPaths()
+{
+    constexpr int utf8 = 106; // the registered numbers of character sets
+    constexpr int ascii = 3;
+    const int mib = QTextCodec::codecForLocale()->mibEnum();
+    if (mib == utf8 || mib == ascii)
+        QTextCodec::setCodecForLocale(new PathCodec); // Qt owns it
+}
 
 QString absolutePath(const QString &path)
 {

@@ -1,9 +1,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/runtime/FxHostApi.h"
+
+#include <QByteArray>
 #include <QString>
 
 namespace fxhost {
+
+//! What a file name's bytes are as text. Names are UTF-8 by custom alone: a byte that is none is carried as
+//! the lone surrogate U+DC00 + byte, which no other name gives, so that pathBytes() gives every name back.
+FXHOST_API QString pathFromBytes(const QByteArray &bytes);
+//! The bytes of a file name as pathFromBytes() gave it, or as the person typed it.
+FXHOST_API QByteArray pathBytes(const QString &path);
+//! From now on Qt does the same wherever it turns names into text and back: files, arguments, processes. To
+//! be called at the start of a program, before threads. Changes nothing in a locale whose names are neither
+//! UTF-8 nor ASCII: those of one byte a character lose nothing anyway.
+FXHOST_API void keepBytesOfPaths();
 
 //! path itself when it is absolute or empty, however it is spelled; else what it means in the working
 //! directory.

@@ -17,6 +17,7 @@ struct DrawingFacts
 {
     QString path;                //!< exactly as it was opened; empty for a new drawing
     QString version;             //!< the file format's name, such as "AC1032"; empty for a new drawing
+    QString canonicalPath;       //!< where that was, without links; empty for a new drawing
     qint64 size = 0;             //!< in bytes
     QDateTime modified;          //!< invalid for a new drawing
     QImage preview;              //!< the stored picture; null when there is none

@@ -7,6 +7,7 @@
 #include "host/runtime/log/HostLog.h"
 #include "host/runtime/preview/DrawingHeader.h"
 #include "host/runtime/preview/PreviewReader.h"
+#include "host/runtime/probe/FileProbe.h"
 #include "host/runtime/recent/RecentFiles.h"
 
 #include <QFileInfo>
@@ -25,6 +26,7 @@ DrawingFacts factsOf(const QString &path, const DrawingHeader &header)
     const QFileInfo file(path);
     return {path,
             QString::fromLatin1(header.version),
+            file.canonicalFilePath(),
             file.size(),
             file.lastModified(),
             readPreview(path),
@@ -33,10 +35,10 @@ DrawingFacts factsOf(const QString &path, const DrawingHeader &header)
 
 } // namespace
 
-DocumentManager::DocumentManager(RecentFiles &recentFiles, Editor &editor, HostLog &log, MessageSink report,
-                                 QObject *parent)
-    : QObject(parent), m_recentFiles(recentFiles), m_editor(editor), m_log(log), m_report(std::move(report)),
-      m_reactors(m_report)
+DocumentManager::DocumentManager(RecentFiles &recentFiles, FileProbe &probe, Editor &editor, HostLog &log,
+                                 MessageSink report, QObject *parent)
+    : QObject(parent), m_recentFiles(recentFiles), m_probe(probe), m_editor(editor), m_log(log),
+      m_report(std::move(report)), m_reactors(m_report)
 {
 }
 
@@ -90,6 +92,8 @@ QString DocumentManager::openFile(const QString &path)
 {
     if (path.isEmpty())
         return tr("No path was given.");
+    if (!m_probe.silent({path}).isEmpty())
+        return tr("The disk or server that it is on does not answer.");
     if (Document *document = findOpen(path)) {
         m_recentFiles.add(document->facts().path);
         bringToFront(document);
@@ -108,9 +112,9 @@ Document *DocumentManager::findOpen(const QString &path) const
 {
     const QString canonical = QFileInfo(path).canonicalFilePath(); // empty when the file is gone
     for (const auto &document : m_documents) {
-        const QString opened = document->facts().path;
-        const bool isSameFile = !canonical.isEmpty() && QFileInfo(opened).canonicalFilePath() == canonical;
-        if (!document->isNew() && (opened == path || isSameFile) && !isClosing(document.get()))
+        const DrawingFacts &opened = document->facts();
+        const bool isSameFile = !canonical.isEmpty() && opened.canonicalPath == canonical;
+        if (!document->isNew() && (opened.path == path || isSameFile) && !isClosing(document.get()))
             return document.get();
     }
     return nullptr;

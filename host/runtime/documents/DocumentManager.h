@@ -18,6 +18,7 @@ namespace fxhost {
 
 class Editor;
 class HostLog;
+class FileProbe;
 class RecentFiles;
 
 //! The open drawings and which of them is current. GUI thread.
@@ -33,8 +34,8 @@ class FXHOST_API DocumentManager : public QObject, public CFxDocumentManager
 public:
     //! Everything that is passed in must outlive the manager.
     //! \param report hears why a drawing could not be opened and what reactors throw
-    DocumentManager(RecentFiles &recentFiles, Editor &editor, HostLog &log, MessageSink report,
-                    QObject *parent = nullptr);
+    DocumentManager(RecentFiles &recentFiles, FileProbe &probe, Editor &editor, HostLog &log,
+                    MessageSink report, QObject *parent = nullptr);
     //! Drops what is still open without a word to anybody; closeAll() is for saying goodbye.
     ~DocumentManager() override;
 
@@ -87,6 +88,7 @@ private:
     std::shared_ptr<Document> lastOpen() const;
 
     RecentFiles &m_recentFiles;
+    FileProbe &m_probe;
     Editor &m_editor;
     HostLog &m_log;
     MessageSink m_report;

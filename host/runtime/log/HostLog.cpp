@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/log/HostLog.h"
 
+#include "host/runtime/Paths.h"
+
 namespace fxhost {
 
 namespace {
@@ -70,7 +72,7 @@ void HostLog::module(const QString &path, ModuleEvent event)
 void HostLog::write(const QString &line)
 {
     if (m_file.isOpen())
-        m_file.write(oneLine(line).toUtf8() + '\n'); // one write, so that lines of two hosts do not mix
+        m_file.write(pathBytes(oneLine(line)) + '\n'); // one write, so that lines of two hosts do not mix
 }
 
 } // namespace fxhost

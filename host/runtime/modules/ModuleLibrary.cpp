@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/modules/ModuleLibrary.h"
 
-#include <QFile>
+#include "host/runtime/Paths.h"
 
 #include <dlfcn.h>
 #include <link.h>
@@ -16,7 +16,7 @@ ModuleLibrary::~ModuleLibrary()
 
 QString ModuleLibrary::load(const QString &path)
 {
-    m_handle = dlopen(QFile::encodeName(path).constData(), RTLD_NOW | RTLD_LOCAL);
+    m_handle = dlopen(pathBytes(path).constData(), RTLD_NOW | RTLD_LOCAL);
     if (m_handle)
         return {};
     return QString::fromLocal8Bit(dlerror()); // NOLINT(concurrency-mt-unsafe): each thread has its own

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/preview/RegularFile.h"
 
-#include <QFile>
+#include "host/runtime/Paths.h"
 
 #include <cerrno>
 
@@ -20,7 +20,7 @@ int openWithoutBlocking(const QString &path)
         errno = ENOENT;
         return -1;
     }
-    const QByteArray name = QFile::encodeName(path);
+    const QByteArray name = pathBytes(path);
     int descriptor = -1;
     do {
         descriptor = ::open(name.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);

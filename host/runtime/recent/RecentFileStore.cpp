@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/recent/RecentFileStore.h"
 
+#include "host/runtime/FileLock.h"
 #include "host/runtime/Paths.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSaveFile>
 
 #include <optional>
@@ -23,12 +25,14 @@ QByteArray encoded(const QString &path)
 {
     constexpr uchar firstPrintable = 0x20;
     constexpr uchar deleteCharacter = 0x7f;
+    constexpr uchar lastAscii = 0x7f;
     constexpr char digits[] = "0123456789ABCDEF";
     QByteArray line;
-    const QByteArray bytes = path.toUtf8();
+    const QByteArray bytes = pathBytes(path);
+    const bool isUtf8 = path.toUtf8() == bytes; // else a line in it would make the file unreadable
     for (const char c : bytes) {
         const auto byte = static_cast<uchar>(c);
-        if (byte < firstPrintable || byte == deleteCharacter || byte == '%')
+        if (byte < firstPrintable || byte == deleteCharacter || byte == '%' || (byte > lastAscii && !isUtf8))
             line.append('%').append(digits[byte / 16]).append(digits[byte % 16]);
         else
             line.append(c);
@@ -39,7 +43,7 @@ QByteArray encoded(const QString &path)
 //! Nothing when line is not exactly what encoded() makes of a full path.
 std::optional<QString> decoded(const QByteArray &line)
 {
-    const QString path = QString::fromUtf8(QByteArray::fromPercentEncoding(line));
+    const QString path = pathFromBytes(QByteArray::fromPercentEncoding(line));
     if (!QDir::isAbsolutePath(path) || encoded(path) != line)
         return std::nullopt;
     return path;
@@ -75,37 +79,111 @@ std::optional<QByteArray> contentOf(const QString &path)
     return content;
 }
 
+//! How long to wait for another program to be done with the file, in milliseconds. Its write takes a few.
+constexpr int patience = 1000;
+
+QString lockFile(const QString &file)
+{
+    return file + QLatin1String(".lock");
+}
+
+//! Removes what writers have left that did not get to the end. Nobody may be writing.
+void removeUnfinished(const QString &file)
+{
+    const QFileInfo info(file);
+    const QRegularExpression unfinished(QStringLiteral("^%1\\.[A-Za-z]{6}$") // as QSaveFile calls it
+                                            .arg(QRegularExpression::escape(info.fileName())));
+    QDir folder = info.dir();
+    const QStringList names = folder.entryList(QDir::Files).filter(unfinished);
+    for (const QString &name : names)
+        folder.remove(name);
+}
+
 } // namespace
+
+//! What the file says of the list.
+class RecentFileStore::Reading
+{
+public:
+    enum class Outcome { Read, NoFile, Damaged };
+
+    Outcome outcome;
+    QStringList paths;
+};
 
 RecentFileStore::RecentFileStore(const QString &file) : m_file(file) {}
 
-RecentFileStore::Loaded RecentFileStore::load()
+RecentFileStore::Reading RecentFileStore::read() const
 {
     if (!QFileInfo::exists(m_file))
-        return {};
+        return {Reading::Outcome::NoFile, {}};
     if (const std::optional<QByteArray> content = contentOf(m_file)) {
         if (const std::optional<QStringList> paths = parsed(*content))
-            return {*paths, QString()};
+            return {Reading::Outcome::Read, *paths};
     }
+    return {Reading::Outcome::Damaged, {}};
+}
+
+QString RecentFileStore::setDamagedAside()
+{
     const QString aside = setAside(m_file);
     m_mayWrite = !aside.isEmpty();
     if (!m_mayWrite) {
-        return {
-            {},
-            tr("The list of recent documents, %1, is damaged and cannot be set aside. It is left as it is, "
-               "and nothing is kept of this run.")
-                .arg(m_file)};
+        return tr("The list of recent documents, %1, is damaged and cannot be set aside. It is left as it "
+                  "is, "
+                  "and nothing is kept of this run.")
+            .arg(m_file);
     }
-    return {
-        {},
-        tr("The list of recent documents, %1, is damaged. It was renamed to %2, and the list starts anew.")
-            .arg(m_file, aside)};
+    return tr("The list of recent documents, %1, is damaged. It was renamed to %2, and a new one takes its "
+              "place.")
+        .arg(m_file, aside);
 }
 
-QString RecentFileStore::save(const QStringList &paths) const
+RecentFileStore::Kept RecentFileStore::load()
+{
+    const FileLock lock(lockFile(m_file), patience);
+    if (lock.isHeld())
+        removeUnfinished(m_file);
+    const Reading reading = read();
+    if (reading.outcome == Reading::Outcome::Damaged)
+        return {{}, setDamagedAside()};
+    return {reading.paths, QString()};
+}
+
+RecentFileStore::Kept RecentFileStore::update(const QStringList &known, const Change &change)
 {
     if (!m_mayWrite)
-        return {}; // load() has said so
+        return {change(known), QString()}; // it has been said why
+    const FileLock lock(lockFile(m_file), patience);
+    if (lock.isBusy()) {
+        m_isAllWritten = false;
+        return {change(known),
+                tr("The list of recent documents, %1, is in use by another program. What is new will be "
+                   "written to it with the next change.")
+                    .arg(m_file)};
+    }
+    const Reading reading = read();
+    QStringList listed = reading.paths;
+    if (reading.outcome != Reading::Outcome::Read)
+        listed = known;
+    else if (!m_isAllWritten)
+        listed = known + reading.paths; // a path that is there twice counts where it is first
+    const QStringList paths = change(listed);
+
+    QString problem;
+    if (reading.outcome == Reading::Outcome::Damaged)
+        problem = setDamagedAside();
+    const bool isAsItWas = reading.outcome == Reading::Outcome::Read && paths == reading.paths;
+    if (m_mayWrite && !isAsItWas) {
+        const QString failure = write(paths);
+        m_isAllWritten = failure.isEmpty();
+        problem = QStringList{problem, failure}.join(QLatin1Char(' ')).trimmed();
+    }
+    return {paths, problem};
+}
+
+QString RecentFileStore::write(const QStringList &paths) const
+{
     QByteArray content = header;
     for (const QString &path : paths)
         content += encoded(path) + '\n';

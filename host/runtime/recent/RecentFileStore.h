@@ -7,18 +7,25 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 namespace fxhost {
 
 //! The file that keeps the recent documents: a header line, then one path a line in UTF-8, in which control
-//! characters and the percent sign are written as %XX. Every path fits, and a person can read it. GUI thread.
+//! characters, the percent sign and bytes that are no UTF-8 are written as %XX. Every path fits, and a person
+//! can read it. Several programs may use it at a time: a change is made to what the file holds by then, under
+//! a lock beside it, and whoever reads it finds the former list or the new one. GUI thread.
 class FXHOST_API RecentFileStore
 {
     Q_DECLARE_TR_FUNCTIONS(fxhost::RecentFileStore)
 public:
-    struct Loaded
+    //! What a list becomes.
+    using Change = std::function<QStringList(const QStringList &)>;
+
+    struct Kept
     {
         QStringList paths;
-        //! What the person should know; empty when all is well or there is no file yet.
+        //! What the person should know; empty when all is well.
         QString problem;
     };
 
@@ -26,17 +33,26 @@ public:
     explicit RecentFileStore(const QString &file);
 
     //! Reads the file. One that is damaged or cannot be read is set aside under another name and counts as
-    //! empty; where even that fails, save() leaves it alone.
-    Loaded load();
+    //! empty; where even that fails, update() leaves it alone. Tidies up after writers that were killed.
+    Kept load();
 
-    //! Writes the file whole or not at all.
-    //! \param paths full paths
-    //! \return why it could not be written; empty when it was
-    QString save(const QStringList &paths) const;
+    //! Makes a change to the list in the file, and writes it whole or not at all.
+    //! \param known what the list was at last; stands in where the file tells nothing, and what could not be
+    //! written before is still in it
+    //! \return what came of the change, also when it could not be written
+    Kept update(const QStringList &known, const Change &change);
 
 private:
+    class Reading;
+
+    Reading read() const;
+    //! \return where it is now, or why it is left alone
+    QString setDamagedAside();
+    QString write(const QStringList &paths) const;
+
     QString m_file;
     bool m_mayWrite = true;
+    bool m_isAllWritten = true;
 };
 
 } // namespace fxhost

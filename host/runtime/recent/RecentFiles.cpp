@@ -1,36 +1,41 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/recent/RecentFiles.h"
 
+#include <utility>
+
 namespace fxhost {
 
 RecentFiles::RecentFiles(QObject *parent) : QObject(parent) {}
 
-void RecentFiles::GetPaths(std::vector<CFxString> &paths) const
+void RecentFiles::setKeeper(Keeper keeper)
 {
-    paths.assign(m_paths.begin(), m_paths.end());
+    m_keeper = std::move(keeper);
 }
 
 void RecentFiles::setPaths(const QStringList &paths)
 {
-    replace(paths);
+    make([&](const QStringList &) { return paths; });
 }
 
 void RecentFiles::add(const QString &path)
 {
-    replace(QStringList(path) + m_paths);
+    if (!path.isEmpty())
+        make([&](const QStringList &listed) { return QStringList(path) + listed; });
 }
 
 bool RecentFiles::remove(const QString &path)
 {
-    QStringList paths = m_paths;
-    const bool wasListed = paths.removeOne(path);
-    replace(paths);
+    bool wasListed = false;
+    make([&](QStringList listed) {
+        wasListed = listed.removeOne(path);
+        return listed;
+    });
     return wasListed;
 }
 
 void RecentFiles::clear()
 {
-    replace({});
+    setPaths({});
 }
 
 bool RecentFiles::setMaximum(int maximum)
@@ -39,21 +44,24 @@ bool RecentFiles::setMaximum(int maximum)
         return false;
     if (maximum != m_maximum) {
         m_maximum = maximum;
-        replace(m_paths);
+        make([](const QStringList &listed) { return listed; });
         emit maximumChanged(maximum);
     }
     return true;
 }
 
-void RecentFiles::replace(const QStringList &paths)
+void RecentFiles::make(const Change &change)
 {
-    QStringList kept = paths;
-    kept.removeAll(QString());
-    kept.removeDuplicates(); // the first of several stays
-    kept = kept.mid(0, m_maximum);
-    if (kept == m_paths)
+    const Change orderly = [&](const QStringList &listed) {
+        QStringList kept = change(listed);
+        kept.removeAll(QString());
+        kept.removeDuplicates(); // the first of several stays
+        return kept.mid(0, m_maximum);
+    };
+    const QStringList paths = m_keeper ? m_keeper(m_paths, orderly) : orderly(m_paths);
+    if (paths == m_paths)
         return;
-    m_paths = kept;
+    m_paths = paths;
     emit changed();
 }
 

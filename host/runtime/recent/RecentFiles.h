@@ -3,16 +3,16 @@
 
 #include "host/runtime/FxHostApi.h"
 
-#include <CFxRecentFileList.h>
-
 #include <QObject>
 #include <QStringList>
+
+#include <functional>
 
 namespace fxhost {
 
 //! The recent documents, most recent first, none twice. Two paths are the same when their characters are.
-//! Keeps nothing across runs: that is RecentFileStore's. GUI thread.
-class FXHOST_API RecentFiles : public QObject, public CFxRecentFileList
+//! Keeps nothing across runs: that is the keeper's. GUI thread.
+class FXHOST_API RecentFiles : public QObject
 {
     Q_OBJECT
 public:
@@ -20,9 +20,16 @@ public:
     static constexpr int smallestMaximum = 1;
     static constexpr int largestMaximum = 1000;
 
+    //! What a list becomes.
+    using Change = std::function<QStringList(const QStringList &)>;
+    //! Makes a change to the list as it is kept, which others may have changed since, and returns what came
+    //! of it. \param known the list as it is here
+    using Keeper = std::function<QStringList(const QStringList &known, const Change &change)>;
+
     explicit RecentFiles(QObject *parent = nullptr);
 
-    void GetPaths(std::vector<CFxString> &paths) const override;
+    //! Every change from now on goes through keeper. None: the list is kept here alone.
+    void setKeeper(Keeper keeper);
 
     QStringList paths() const { return m_paths; }
     //! Replaces the list. Repetitions, empty paths and what is beyond the maximum are left out.
@@ -48,8 +55,9 @@ signals:
     void maximumChanged(int maximum);
 
 private:
-    void replace(const QStringList &paths);
+    void make(const Change &change);
 
+    Keeper m_keeper;
     QStringList m_paths;
     int m_maximum = defaultMaximum;
 };

@@ -122,17 +122,35 @@ private slots:
         QCOMPARE(changed.size(), 1);
     }
 
-    void aModuleGetsTheSamePaths()
+    void changesAreMadeToWhatTheKeeperKeeps()
     {
         RecentFiles list;
-        const QString astral = QStringLiteral("/\u6771\u4eac \U0001F4D0.dwg");
-        list.setPaths({astral, QStringLiteral("/b.dwg")});
-        std::vector<CFxString> paths{CFxString(L"left over")};
-        list.GetPaths(paths);
-        QCOMPARE(paths.size(), std::size_t(2));
-        QCOMPARE(QString(paths[0]), astral);
-        QCOMPARE(QString(paths[1]), QStringLiteral("/b.dwg"));
+        QStringList kept = numbered(7, 8); // by somebody else too
+        list.setKeeper([&](const QStringList &known, const RecentFiles::Change &change) {
+            knownToTheList = known;
+            kept = change(kept);
+            return kept;
+        });
+        QSignalSpy changed(&list, &RecentFiles::changed);
+        list.add(QStringLiteral("/a.dwg"));
+        QCOMPARE(knownToTheList, QStringList());
+        QCOMPARE(list.paths(), QStringList(QStringLiteral("/a.dwg")) + numbered(7, 8));
+        QCOMPARE(changed.size(), 1);
+
+        kept.prepend(QStringLiteral("/theirs.dwg"));
+        QVERIFY(list.remove(QStringLiteral("/theirs.dwg")));
+        QCOMPARE(knownToTheList, list.paths());
+        QCOMPARE(changed.size(), 1);
+        QVERIFY(list.setMaximum(2));
+        QCOMPARE(kept, list.paths());
+        QCOMPARE(kept.size(), 2);
+        list.add(QString());
+        list.clear();
+        QCOMPARE(kept, QStringList());
     }
+
+private:
+    QStringList knownToTheList;
 };
 
 QTEST_GUILESS_MAIN(TestRecentFiles)

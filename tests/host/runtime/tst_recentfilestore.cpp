@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/recent/RecentFileStore.h"
+
+#include "host/runtime/Paths.h"
 #include "tests/support/TestCase.h"
 
 #include <QDir>
@@ -48,6 +50,17 @@ public:
     }
 };
 
+//! \return what the person should know
+QString save(RecentFileStore &store, const QStringList &paths)
+{
+    return store.update({}, [&](const QStringList &) { return paths; }).problem;
+}
+
+QString save(RecentFileStore &&store, const QStringList &paths)
+{
+    return save(store, paths);
+}
+
 } // namespace
 
 class TestRecentFileStore : public TestCase
@@ -65,9 +78,11 @@ private slots:
             QStringLiteral("/\u00fcml\u00e4ut/\u6771\u4eac/\U0001F4D0.dwg"),
             QStringLiteral("//twice//slashed/../dotted.dwg"),
             QStringLiteral("/\u2028line separator.dwg"),
+            fxhost::pathFromBytes("/no\xff UTF-8 \xc3.dwg"),
+            fxhost::pathFromBytes("/\xc3\xa4 and \xe4.dwg"),
         };
-        QCOMPARE(RecentFileStore(list.path).save(paths), QString());
-        const RecentFileStore::Loaded loaded = RecentFileStore(list.path).load();
+        QCOMPARE(save(RecentFileStore(list.path), paths), QString());
+        const RecentFileStore::Kept loaded = RecentFileStore(list.path).load();
         QCOMPARE(loaded.paths, paths);
         QCOMPARE(loaded.problem, QString());
     }
@@ -78,24 +93,32 @@ private slots:
         QStringList paths;
         for (int i = 0; i < 1000; ++i)
             paths.append(QLatin1Char('/') + QString(4090, QLatin1Char('\n')) + QString::number(i));
-        QCOMPARE(RecentFileStore(list.path).save(paths), QString());
+        QCOMPARE(save(RecentFileStore(list.path), paths), QString());
         QCOMPARE(RecentFileStore(list.path).load().paths, paths);
     }
 
     void aPersonCanReadTheFile()
     {
         const ListFile list;
-        RecentFileStore(list.path).save(
-            {QStringLiteral("/pl\u00e4ne/100% neu.dwg"), QStringLiteral("/b.dwg")});
+        save(RecentFileStore(list.path),
+             {QStringLiteral("/pl\u00e4ne/100% neu.dwg"), QStringLiteral("/b.dwg")});
         QCOMPARE(ListFile::contentOf(list.path),
                  QByteArray("fxhost recent documents 1\n/pl\xc3\xa4ne/100%25 neu.dwg\n/b.dwg\n"));
+    }
+
+    void bytesThatAreNoUtf8LeaveTheFileReadable()
+    {
+        const ListFile list;
+        save(RecentFileStore(list.path), {fxhost::pathFromBytes("/pl\xe4ne/\xc3\xa4.dwg")});
+        QCOMPARE(ListFile::contentOf(list.path),
+                 QByteArray("fxhost recent documents 1\n/pl%E4ne/%C3%A4.dwg\n"));
     }
 
     void anEmptyListIsAFileToo()
     {
         const ListFile list;
-        RecentFileStore(list.path).save({});
-        const RecentFileStore::Loaded loaded = RecentFileStore(list.path).load();
+        save(RecentFileStore(list.path), {});
+        const RecentFileStore::Kept loaded = RecentFileStore(list.path).load();
         QVERIFY(loaded.paths.isEmpty());
         QCOMPARE(loaded.problem, QString());
     }
@@ -103,7 +126,7 @@ private slots:
     void noFileIsAnEmptyList()
     {
         const ListFile list;
-        const RecentFileStore::Loaded loaded = RecentFileStore(list.path).load();
+        const RecentFileStore::Kept loaded = RecentFileStore(list.path).load();
         QVERIFY(loaded.paths.isEmpty());
         QCOMPARE(loaded.problem, QString());
     }
@@ -123,6 +146,7 @@ private slots:
         QTest::newRow("a percent sign with one digit") << header + "/a%2\n";
         QTest::newRow("an escape that was not needed") << header + "/%41.dwg\n";
         QTest::newRow("bytes that are no UTF-8") << header + "/\xff\xfe.dwg\n";
+        QTest::newRow("an escaped letter that is UTF-8") << header + "/%C3%A4.dwg\n";
         QTest::newRow("a control character") << header + "/a\x01.dwg\n";
         QTest::newRow("a zero byte") << header + QByteArray("/a\0.dwg\n", 8);
         QTest::newRow("Windows line ends") << QByteArray("fxhost recent documents 1\r\n/a.dwg\r\n");
@@ -135,14 +159,14 @@ private slots:
         const ListFile list;
         list.write(damaged);
         RecentFileStore store(list.path);
-        const RecentFileStore::Loaded loaded = store.load();
+        const RecentFileStore::Kept loaded = store.load();
         QVERIFY(loaded.paths.isEmpty());
         const QString aside = list.aside();
         QVERIFY2(loaded.problem.contains(list.path) && loaded.problem.contains(aside),
                  qPrintable(loaded.problem));
         QCOMPARE(ListFile::contentOf(aside), damaged);
         QVERIFY(!QFile::exists(list.path));
-        QCOMPARE(store.save({QStringLiteral("/new.dwg")}), QString());
+        QCOMPARE(save(store, {QStringLiteral("/new.dwg")}), QString());
         QCOMPARE(RecentFileStore(list.path).load().paths, QStringList(QStringLiteral("/new.dwg")));
     }
 
@@ -168,7 +192,7 @@ private slots:
         RecentFileStore store(list.path);
         QVERIFY(!store.load().problem.isEmpty());
         QVERIFY(QFileInfo(list.aside()).isDir());
-        QCOMPARE(store.save({}), QString());
+        QCOMPARE(save(store, {}), QString());
     }
 
     void aFifoInItsPlaceDoesNotHang()
@@ -182,7 +206,7 @@ private slots:
     {
         const ListFile list;
         const QString nowhere = list.folder() + QStringLiteral("/no such directory/recent.txt");
-        const QString problem = RecentFileStore(nowhere).save({QStringLiteral("/a.dwg")});
+        const QString problem = save(RecentFileStore(nowhere), {QStringLiteral("/a.dwg")});
         QVERIFY2(problem.contains(nowhere), qPrintable(problem));
     }
 
@@ -190,7 +214,7 @@ private slots:
     {
         const ListFile list(longestName);
         list.write("fxhost recent documents 1\n/former.dwg\n");
-        const QString problem = RecentFileStore(list.path).save({QStringLiteral("/new.dwg")});
+        const QString problem = save(RecentFileStore(list.path), {QStringLiteral("/new.dwg")});
         QVERIFY2(problem.contains(list.path), qPrintable(problem));
         QCOMPARE(RecentFileStore(list.path).load().paths, QStringList(QStringLiteral("/former.dwg")));
     }
@@ -203,7 +227,7 @@ private slots:
         RecentFileStore store(list.path);
         const QString problem = store.load().problem;
         QVERIFY2(problem.contains(list.path), qPrintable(problem));
-        QCOMPARE(store.save({QStringLiteral("/new.dwg")}), QString()); // it has been said already
+        QCOMPARE(save(store, {QStringLiteral("/new.dwg")}), QString()); // it has been said already
         QCOMPARE(ListFile::contentOf(list.path), QByteArray("damaged"));
     }
 };

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/FileLock.h"
+
+#include "host/runtime/Paths.h"
+
+#include <QElapsedTimer>
+#include <QThread>
+
+#include <cerrno>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace fxhost {
+
+namespace {
+
+// Milliseconds between two tries. Waiting in the system instead would have no end where the other is stopped.
+constexpr int pause = 2;
+
+} // namespace
+
+FileLock::FileLock(const QString &path, int patience)
+{
+    // A child process must not inherit the lock, nor may a FIFO of that name make us wait.
+    m_descriptor = ::open(pathBytes(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY,
+                          S_IRUSR | S_IWUSR);
+    if (m_descriptor < 0)
+        return;
+    QElapsedTimer waiting;
+    waiting.start();
+    for (;;) {
+        m_isHeld = ::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0;
+        m_isBusy = !m_isHeld && (errno == EWOULDBLOCK || errno == EINTR);
+        if (!m_isBusy || waiting.hasExpired(patience))
+            return;
+        QThread::msleep(pause);
+    }
+}
+
+FileLock::~FileLock()
+{
+    if (m_isHeld)
+        ::flock(m_descriptor, LOCK_UN); // a child on its way to another program may have the file open still
+    if (m_descriptor >= 0)
+        ::close(m_descriptor);
+}
+
+} // namespace fxhost

@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/Paths.h"
+#include "host/runtime/probe/FileProbe.h"
+#include "host/runtime/recent/AnsweringRecentFiles.h"
+#include "host/runtime/recent/RecentFiles.h"
+#include "tests/support/SpecialFiles.h"
+#include "tests/support/StuckFolder.h"
+#include "tests/support/TestCase.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+
+#include <csignal>
+
+using fxhost::FileProbe;
+
+Q_DECLARE_METATYPE(StuckFolder::Kind)
+
+//! Which files answer, and which recent documents modules get to see.
+class tst_FileProbe : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void whateverIsThereAnswers_data() { addSpecialFileRows(); }
+    void whateverIsThereAnswers();
+    void oddNamesAnswer_data();
+    void oddNamesAnswer();
+    void aThousandFilesAnswer();
+    void silentFilesAreToldFromTheOthers_data() { addKinds(); }
+    void silentFilesAreToldFromTheOthers();
+    void silentFilesAreWaitedForOnce_data() { addKinds(); }
+    void silentFilesAreWaitedForOnce();
+    void theEndDoesNotWaitForSilentFiles_data() { addKinds(); }
+    void theEndDoesNotWaitForSilentFiles();
+    void aHelperThatDiesIsReplaced();
+    void withoutAHelperNothingIsSilent();
+    void modulesGetWhatAnswers_data() { addKinds(); }
+    void modulesGetWhatAnswers();
+
+private:
+    static void addKinds();
+};
+
+namespace {
+
+//! Ends helpers of this process. \return whether there was one
+bool killHelper()
+{
+    QProcess pkill;
+    pkill.start(QStringLiteral("pkill"),
+                {QStringLiteral("-KILL"), QStringLiteral("-P"),
+                 QString::number(QCoreApplication::applicationPid()), QStringLiteral("fxprobe")});
+    return pkill.waitForFinished() && pkill.exitCode() == 0;
+}
+
+} // namespace
+
+void tst_FileProbe::addKinds()
+{
+    QTest::addColumn<StuckFolder::Kind>("kind");
+    QTest::newRow("a mount") << StuckFolder::Kind::Mount;
+    QTest::newRow("calls that wait") << StuckFolder::Kind::Calls;
+}
+
+#define STUCK_FOLDER_OR_SKIP(folder)                                                                         \
+    QFETCH(StuckFolder::Kind, kind);                                                                         \
+    StuckFolder folder(kind);                                                                                \
+    if (!(folder).problem().isEmpty())                                                                       \
+    QSKIP(qPrintable((folder).problem()))
+
+void tst_FileProbe::whateverIsThereAnswers()
+{
+    QFETCH(SpecialFile, kind);
+    const SpecialFiles files;
+    FileProbe probe;
+    QCOMPARE(probe.silent({files.path(kind)}), QStringList());
+    QCOMPARE(probe.problem(), QString());
+}
+
+void tst_FileProbe::oddNamesAnswer_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::newRow("too long a name") << QStringLiteral("/tmp/") + QString(300, QLatin1Char('n'));
+    QTest::newRow("too long a path") << QString(2100, QLatin1Char('/')) + QString(2100, QLatin1Char('a'));
+    QTest::newRow("a line break") << QStringLiteral("/tmp/a\n1\n.dwg");
+    QTest::newRow("blanks") << QStringLiteral("/tmp/ a b ");
+    QTest::newRow("no UTF-8") << fxhost::pathFromBytes("/tmp/\xff\xc3");
+    QTest::newRow("below /proc") << QStringLiteral("/proc/self/mem");
+}
+
+void tst_FileProbe::oddNamesAnswer()
+{
+    QFETCH(QString, path);
+    FileProbe probe;
+    QCOMPARE(probe.silent({path}), QStringList());
+}
+
+void tst_FileProbe::aThousandFilesAnswer()
+{
+    QStringList paths;
+    for (int i = 0; i < 1000; ++i)
+        paths.append(QStringLiteral("/tmp/there is no drawing %1.dwg").arg(i));
+    FileProbe probe;
+    QCOMPARE(probe.silent(paths), QStringList());
+}
+
+void tst_FileProbe::silentFilesAreToldFromTheOthers()
+{
+    STUCK_FOLDER_OR_SKIP(folder);
+    const QTemporaryDir usual;
+    const QString first = folder.makeFile(QStringLiteral("first.dwg"), "AC1032");
+    const QString missing = folder.path(QStringLiteral("missing.dwg"));
+    const QString link = usual.filePath(QStringLiteral("link.dwg"));
+    QVERIFY(QFile::link(first, link));
+    const QStringList answering = {usual.filePath(QStringLiteral("a.dwg")), usual.path(), QString()};
+    const QStringList paths = {answering.at(0), first, missing, answering.at(1), link, answering.at(2)};
+
+    FileProbe probe;
+    QCOMPARE(probe.silent(paths), QStringList());
+    folder.stopAnswering();
+    // Answers are good for a moment, and then asked for again.
+    QTRY_COMPARE(probe.silent(paths), (kind == StuckFolder::Kind::Mount ? QStringList({first, missing, link})
+                                                                        : QStringList({first, missing})));
+    folder.answerAgain();
+    QTRY_COMPARE(probe.silent(paths), QStringList());
+}
+
+void tst_FileProbe::silentFilesAreWaitedForOnce()
+{
+    STUCK_FOLDER_OR_SKIP(folder);
+    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
+    folder.stopAnswering();
+    FileProbe probe;
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(probe.silent({file}), QStringList(file));
+    QVERIFY2(clock.elapsed() >= FileProbe::deadline, "it was not given its time");
+    clock.restart();
+    constexpr int times = 100; // which would take half a minute
+    for (int i = 0; i < times; ++i)
+        QCOMPARE(probe.silent({file}), QStringList(file));
+    QVERIFY2(clock.elapsed() < times * FileProbe::deadline / 2, "it was waited for again");
+}
+
+void tst_FileProbe::theEndDoesNotWaitForSilentFiles()
+{
+    STUCK_FOLDER_OR_SKIP(folder);
+    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
+    folder.stopAnswering();
+    const Alarm alarm;
+    {
+        FileProbe probe;
+        QCOMPARE(probe.silent({file}), QStringList(file));
+    }
+    FileProbe another;
+    QCOMPARE(another.silent({file}), QStringList(file));
+}
+
+void tst_FileProbe::aHelperThatDiesIsReplaced()
+{
+    StuckFolder folder(StuckFolder::Kind::Calls);
+    QVERIFY2(folder.problem().isEmpty(), qPrintable(folder.problem()));
+    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
+    folder.stopAnswering();
+    FileProbe probe;
+    QCOMPARE(probe.silent({file}), QStringList(file));
+    QVERIFY(killHelper());
+    folder.answerAgain();
+    // What the old one was asked, the new one must be asked again.
+    QTRY_COMPARE(probe.silent({file}), QStringList());
+    QCOMPARE(probe.problem(), QString());
+    QVERIFY(killHelper()); // there was a new one
+}
+
+void tst_FileProbe::withoutAHelperNothingIsSilent()
+{
+    StuckFolder folder(StuckFolder::Kind::Calls);
+    QVERIFY2(folder.problem().isEmpty(), qPrintable(folder.problem()));
+    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
+    folder.stopAnswering();
+    const QString nowhere = QStringLiteral("/no such folder/fxprobe");
+    FileProbe probe(nowhere);
+    QCOMPARE(probe.silent({file}), QStringList());
+    QVERIFY2(probe.problem().contains(nowhere), qPrintable(probe.problem()));
+    FileProbe silentOne(QStringLiteral("/bin/true")); // starts, and says nothing
+    QCOMPARE(silentOne.silent({file}), QStringList());
+    QVERIFY(!silentOne.problem().isEmpty());
+}
+
+void tst_FileProbe::modulesGetWhatAnswers()
+{
+    STUCK_FOLDER_OR_SKIP(folder);
+    const QString away = folder.makeFile(QStringLiteral("away.dwg"), "AC1032");
+    const QString astral = QStringLiteral("/\u6771\u4eac \U0001F4D0.dwg");
+    fxhost::RecentFiles listed;
+    listed.setPaths({astral, away, QStringLiteral("/b.dwg")});
+    FileProbe probe;
+    QStringList said;
+    const fxhost::AnsweringRecentFiles list(listed, probe, [&](const QString &text) { said.append(text); });
+    const auto given = [&list] {
+        std::vector<CFxString> paths{CFxString(L"left over")};
+        list.GetPaths(paths);
+        return QStringList(paths.begin(), paths.end());
+    };
+    QCOMPARE(given(), listed.paths());
+    QCOMPARE(said, QStringList());
+
+    const QStringList all = listed.paths();
+    for (int round = 1; round <= 2; ++round) {
+        folder.stopAnswering();
+        QTRY_COMPARE(given(), QStringList({astral, QStringLiteral("/b.dwg")}));
+        QCOMPARE(given().size(), 2);
+        QCOMPARE(listed.paths(), all); // kept all the same
+        QCOMPARE(said.size(), round);  // once each time
+        QVERIFY2(said.constLast().contains(away) && !said.constLast().contains(astral),
+                 qPrintable(said.constLast()));
+        folder.answerAgain();
+        QTRY_COMPARE(given(), all);
+    }
+}
+
+QTEST_GUILESS_MAIN(tst_FileProbe)
+#include "tst_fileprobe.moc"

@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/documents/DocumentManager.h"
+#include "host/runtime/recent/RecentFiles.h"
+#include "samples/DrawingWriter.h"
+#include "tests/support/RealBrowser.h"
+#include "tests/support/SpecialFiles.h"
+#include "tests/support/StuckFolder.h"
+#include "tests/support/TestCase.h"
+
+#include <CFxRecentFileList.h>
+
+#include <QDialog>
+#include <QLabel>
+
+Q_DECLARE_METATYPE(StuckFolder::Kind)
+
+//! The browser where some recent drawings are on a server that goes away. Nothing here may wait for it, or
+//! the test hangs and fails.
+class tst_UnansweringFiles : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void popupShowsWhatAnswers_data() { addKinds(); }
+    void popupShowsWhatAnswers();
+    void nothingIsOpenedThatDoesNotAnswer_data() { addKinds(); }
+    void nothingIsOpenedThatDoesNotAnswer();
+
+private:
+    static void addKinds();
+};
+
+namespace {
+
+const QRect usualFrame(0, 0, 1300, 800);
+
+QString titleOf(const QDialog *tile)
+{
+    return tile->findChild<QLabel *>(QStringLiteral("title_label"))->text();
+}
+
+QByteArray drawingWithPicture()
+{
+    QImage picture(180, 112, QImage::Format_RGB32);
+    picture.fill(Qt::darkCyan);
+    return fxsamples::drawingFile(picture, {});
+}
+
+//! The recent documents as the module gets them.
+QStringList answering(RealBrowser &browser)
+{
+    std::vector<CFxString> paths;
+    browser.host().GetApplication()->GetUserProfile()->GetRecentFileList()->GetPaths(paths);
+    return QStringList(paths.begin(), paths.end());
+}
+
+QStringList titles(const QDialog *popup)
+{
+    QStringList shown;
+    const QList<QDialog *> tiles = RealBrowser::tiles(popup);
+    for (const QDialog *tile : tiles)
+        shown.append(titleOf(tile));
+    return shown;
+}
+
+} // namespace
+
+void tst_UnansweringFiles::addKinds()
+{
+    QTest::addColumn<StuckFolder::Kind>("kind");
+    QTest::newRow("a mount") << StuckFolder::Kind::Mount;
+    QTest::newRow("calls that wait") << StuckFolder::Kind::Calls;
+}
+
+void tst_UnansweringFiles::popupShowsWhatAnswers()
+{
+    QFETCH(StuckFolder::Kind, kind);
+    StuckFolder server(kind);
+    if (!server.problem().isEmpty())
+        QSKIP(qPrintable(server.problem()));
+    RealBrowser browser(2, usualFrame);
+    const QStringList listed = {browser.paths().at(0),
+                                server.makeFile(QStringLiteral("away.dwg"), drawingWithPicture()),
+                                browser.paths().at(1)};
+    browser.host().recentFiles().setPaths(listed);
+    const QStringList all = {QStringLiteral("plan 1.dwg"), QStringLiteral("away.dwg"),
+                             QStringLiteral("plan 2.dwg")};
+    const QStringList local = {all.at(0), all.at(2)};
+
+    const Alarm alarm;
+    for (int round = 0; round < 2; ++round) {
+        browser.host().documents().newDocument(); // which makes the module look anew
+        QPointer<QDialog> popup = browser.openPopup();
+        QVERIFY(popup);
+        QCOMPARE(titles(popup), all);
+        server.stopAnswering();
+        QTest::keyClick(popup, Qt::Key_Escape); // while it shows what is away
+        QTRY_VERIFY(!popup);
+
+        QTRY_VERIFY(!answering(browser).contains(listed.at(1)));
+        browser.host().documents().newDocument();
+        popup = browser.openPopup();
+        QVERIFY(popup);
+        QCOMPARE(titles(popup), local);
+        QCOMPARE(browser.host().recentFiles().paths(), listed); // it is still listed
+        QTest::keyClick(popup, Qt::Key_Escape);
+        QTRY_VERIFY(!popup);
+        server.answerAgain();
+        QTRY_COMPARE(answering(browser), listed);
+    }
+}
+
+void tst_UnansweringFiles::nothingIsOpenedThatDoesNotAnswer()
+{
+    QFETCH(StuckFolder::Kind, kind);
+    StuckFolder server(kind);
+    if (!server.problem().isEmpty())
+        QSKIP(qPrintable(server.problem()));
+    RealBrowser browser(1, usualFrame);
+    const QString away = server.makeFile(QStringLiteral("away.dwg"), drawingWithPicture());
+    const QString open = server.makeFile(QStringLiteral("open.dwg"), drawingWithPicture());
+    QCOMPARE(browser.host().documents().open(open), QString());
+    browser.host().recentFiles().add(away);
+    browser.host().documents().newDocument();
+    QPointer<QDialog> popup = browser.openPopup();
+    QVERIFY(popup);
+
+    const Alarm alarm;
+    server.stopAnswering();
+    QTest::keyClick(popup, Qt::Key_Return); // the first tile is the one that has gone away since
+    QTRY_VERIFY(!popup);
+    QTRY_COMPARE(browser.log().constLast(), QStringLiteral("open %1 failed").arg(away));
+    // Nor does the drawing that is open from there keep others from being opened.
+    QCOMPARE(browser.host().documents().open(browser.paths().at(0)), QString());
+}
+
+QTEST_MAIN(tst_UnansweringFiles)
+#include "tst_unansweringfiles.moc"

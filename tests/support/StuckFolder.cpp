@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/StuckFolder.h"
+
+#include <QDir>
+#include <QFile>
+
+StuckFolder::StuckFolder(Kind kind)
+    : m_kept(m_folder.filePath(QStringLiteral("kept"))), m_seen(m_folder.filePath(QStringLiteral("seen"))),
+      m_lever(m_folder.filePath(QStringLiteral("does not answer")))
+{
+    if (!QDir().mkpath(m_kept) || !QDir().mkpath(m_seen))
+        qFatal("cannot make a folder in %s", qPrintable(m_folder.path()));
+    if (kind == Kind::Mount) {
+        mount();
+        return;
+    }
+    m_kept = m_seen;
+    if (qEnvironmentVariableIsEmpty("LD_PRELOAD"))
+        m_problem = QStringLiteral("stuck_calls is not preloaded");
+    qputenv("STUCK_FOLDER", QFile::encodeName(m_seen));
+    qputenv("STUCK_SWITCH", QFile::encodeName(m_lever));
+}
+
+StuckFolder::~StuckFolder()
+{
+    answerAgain();
+    qunsetenv("STUCK_FOLDER");
+    qunsetenv("STUCK_SWITCH");
+    if (m_mount.state() == QProcess::NotRunning)
+        return;
+    m_mount.terminate(); // it unmounts itself
+    if (!m_mount.waitForFinished())
+        qFatal("%s stays mounted", qPrintable(m_seen));
+}
+
+void StuckFolder::mount()
+{
+    m_mount.start(QStringLiteral(STUCK_MOUNT_PROGRAM), {m_kept, m_lever, m_seen});
+    m_mount.waitForReadyRead();
+    if (m_mount.readAllStandardOutput() == "mounted\n")
+        return;
+    m_mount.waitForFinished();
+    m_problem = QStringLiteral("no file system can be mounted here: ") +
+                QString::fromLocal8Bit(m_mount.readAllStandardError());
+}
+
+QString StuckFolder::makeFile(const QString &name, const QByteArray &bytes) const
+{
+    QFile file(m_kept + QLatin1Char('/') + name);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot make %s", qPrintable(file.fileName()));
+    return path(name);
+}
+
+void StuckFolder::stopAnswering()
+{
+    QFile lever(m_lever);
+    if (!lever.open(QIODevice::WriteOnly))
+        qFatal("cannot make %s", qPrintable(m_lever));
+}
+
+void StuckFolder::answerAgain()
+{
+    QFile::remove(m_lever);
+}

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QProcess>
+#include <QString>
+#include <QTemporaryDir>
+
+//! A folder that can be told not to answer, as one on a server that went away: whoever looks at a file in it
+//! waits until it answers again.
+class StuckFolder
+{
+public:
+    enum class Kind {
+        Mount, //!< a real file system, where this machine lets us mount one
+        Calls, //!< the system's calls wait, in this process if it was started with stuck_calls preloaded
+    };
+
+    explicit StuckFolder(Kind kind);
+    //! Answers again.
+    ~StuckFolder();
+
+    StuckFolder(const StuckFolder &) = delete;
+    StuckFolder &operator=(const StuckFolder &) = delete;
+
+    //! Why there is no such folder; empty when there is.
+    QString problem() const { return m_problem; }
+
+    //! The path of a file in it.
+    QString path(const QString &name) const { return m_seen + QLatin1Char('/') + name; }
+    //! Makes a file in it, while it answers. \return its path
+    QString makeFile(const QString &name, const QByteArray &bytes) const;
+
+    void stopAnswering();
+    void answerAgain();
+
+private:
+    void mount();
+
+    QTemporaryDir m_folder;
+    QString m_kept; //!< where its files really are
+    QString m_seen;
+    QString m_lever;
+    QString m_problem;
+    QProcess m_mount;
+};

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+//
+// Preloaded into a program, makes a folder look like one on a server that went away: calls that look at files
+// below $STUCK_FOLDER do not return while the file $STUCK_SWITCH exists. Without these variables nothing
+// changes. Stands in for a real file system where none can be mounted.
+#include <cerrno>
+#include <cstdarg>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace {
+
+//! By the system call itself: the functions of that name are below.
+bool exists(const char *path)
+{
+    const int before = errno;
+    const bool is = ::syscall(SYS_faccessat, AT_FDCWD, path, F_OK) == 0;
+    errno = before;
+    return is;
+}
+
+void waitWhileStuck(const char *path)
+{
+    constexpr timespec pause = {0, 2'000'000}; // ns
+    const char *const folder = std::getenv("STUCK_FOLDER");
+    const char *const lever = std::getenv("STUCK_SWITCH");
+    if (!path || !folder || !lever || std::strncmp(path, folder, std::strlen(folder)) != 0)
+        return;
+    while (exists(lever))
+        ::nanosleep(&pause, nullptr);
+}
+
+template<class Function>
+Function *next(Function * /*ours*/, const char *name)
+{
+    return reinterpret_cast<Function *>(::dlsym(RTLD_NEXT, name));
+}
+
+//! Open's third argument is there only when a file may be made.
+#define MODE_OF(last, flags, mode)                                                                           \
+    std::va_list arguments;                                                                                  \
+    va_start(arguments, last);                                                                               \
+    const mode_t mode = (flags) & (O_CREAT | O_TMPFILE) ? va_arg(arguments, mode_t) : 0;                     \
+    va_end(arguments)
+
+} // namespace
+
+extern "C" {
+
+#define STUCK_CALL [[gnu::visibility("default")]] int
+
+STUCK_CALL stat(const char *path, struct stat *status) noexcept
+{
+    waitWhileStuck(path);
+    return next(&stat, "stat")(path, status);
+}
+
+STUCK_CALL stat64(const char *path, struct stat64 *status) noexcept
+{
+    waitWhileStuck(path);
+    return next(&stat64, "stat64")(path, status);
+}
+
+STUCK_CALL lstat(const char *path, struct stat *status) noexcept
+{
+    waitWhileStuck(path);
+    return next(&lstat, "lstat")(path, status);
+}
+
+STUCK_CALL lstat64(const char *path, struct stat64 *status) noexcept
+{
+    waitWhileStuck(path);
+    return next(&lstat64, "lstat64")(path, status);
+}
+
+STUCK_CALL statx(int folder, const char *path, int flags, unsigned mask, struct statx *status) noexcept
+{
+    waitWhileStuck(path);
+    return next(&statx, "statx")(folder, path, flags, mask, status);
+}
+
+STUCK_CALL access(const char *path, int mode) noexcept
+{
+    waitWhileStuck(path);
+    return next(&access, "access")(path, mode);
+}
+
+STUCK_CALL open(const char *path, int flags, ...)
+{
+    MODE_OF(flags, flags, mode);
+    waitWhileStuck(path);
+    return next(&open, "open")(path, flags, mode);
+}
+
+STUCK_CALL open64(const char *path, int flags, ...)
+{
+    MODE_OF(flags, flags, mode);
+    waitWhileStuck(path);
+    return next(&open64, "open64")(path, flags, mode);
+}
+
+} // extern "C"

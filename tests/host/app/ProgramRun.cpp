@@ -60,27 +60,52 @@ QStringList ProgramHome::filesInHome() const
     return files;
 }
 
-ProgramRun ProgramHome::run(const QStringList &script, const QStringList &arguments) const
+//! Those that every run gets. Writes the script, if there is one, and removes the log of a former run.
+QStringList ProgramHome::arguments(const QString &name, const QStringList &script) const
 {
-    const QString log = path(QStringLiteral("log.txt"));
+    const QString log = path(name + QStringLiteral("log.txt"));
     QFile::remove(log);
     QStringList all{QStringLiteral("--profile"), profile(), QStringLiteral("--log"), log};
     if (!script.isEmpty()) {
-        const QString file = path(QStringLiteral("script.txt"));
+        const QString file = path(name + QStringLiteral("script.txt"));
         testbytes::writeFile(file, (script.join(QLatin1Char('\n')) + QLatin1Char('\n')).toUtf8());
         all << QStringLiteral("--script") << file;
     }
-    ProgramRun result = runBare(all + arguments);
-    result.log = linesOf(log);
+    return all;
+}
+
+void ProgramHome::start(QProcess &process, const QStringList &arguments) const
+{
+    process.setProcessEnvironment(m_environment);
+    process.setWorkingDirectory(m_dir.path());
+    process.start(QStringLiteral(FXHOST_PROGRAM), arguments);
+}
+
+ProgramRun ProgramHome::run(const QStringList &script, const QStringList &more) const
+{
+    ProgramRun result = runBare(arguments(QString(), script) + more);
+    result.log = logOf(QString());
     return result;
+}
+
+std::unique_ptr<QProcess> ProgramHome::start(const QString &name, const QStringList &script,
+                                             const QStringList &more) const
+{
+    auto process = std::make_unique<QProcess>();
+    process->setProcessChannelMode(QProcess::ForwardedChannels);
+    start(*process, arguments(name, script) + more);
+    return process;
+}
+
+QStringList ProgramHome::logOf(const QString &name) const
+{
+    return linesOf(path(name + QStringLiteral("log.txt")));
 }
 
 ProgramRun ProgramHome::runBare(const QStringList &arguments) const
 {
     QProcess process;
-    process.setProcessEnvironment(m_environment);
-    process.setWorkingDirectory(m_dir.path());
-    process.start(QStringLiteral(FXHOST_PROGRAM), arguments);
+    start(process, arguments);
     ProgramRun result;
     const bool ended = process.waitForFinished(timeLimit);
     if (ended && process.exitStatus() == QProcess::NormalExit)

@@ -5,6 +5,10 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <memory>
+
+class QProcess;
+
 //! What a run of the program left behind.
 struct ProgramRun
 {
@@ -35,11 +39,20 @@ public:
     //! Runs the program with the profile, a log and a script; the script should end with _QUIT.
     //! \param script lines; the program gets no script when there are none
     ProgramRun run(const QStringList &script,
-                   const QStringList &arguments = {QStringLiteral("--no-module")}) const;
+                   const QStringList &more = {QStringLiteral("--no-module")}) const;
+    //! Starts the program in the same way and does not wait for it. Several may run at a time.
+    //! \param name what its script and its log are called
+    std::unique_ptr<QProcess> start(const QString &name, const QStringList &script,
+                                    const QStringList &more = {QStringLiteral("--no-module")}) const;
+    //! The log's lines of a program that start() has started.
+    QStringList logOf(const QString &name) const;
     //! Runs the program with these arguments and no others.
     ProgramRun runBare(const QStringList &arguments) const;
 
 private:
+    QStringList arguments(const QString &name, const QStringList &script) const;
+    void start(QProcess &process, const QStringList &arguments) const;
+
     QTemporaryDir m_dir;
     QProcessEnvironment m_environment;
 };

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/recent/RecentFileStore.h"
+#include "tests/host/app/ProgramRun.h"
+#include "tests/support/TestCase.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QSet>
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+#include <vector>
+
+using fxhost::RecentFileStore;
+
+//! Programs that share a profile, and such as are killed. LONG_RUN=1 in the environment tries it as often as
+//! scripts/shared-profile.sh does.
+class tst_SharedProfile : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void twoProgramsLoseNoEntry();
+    void aKilledProgramLeavesTheOldListOrTheNew();
+
+private:
+    const bool m_isLong = qEnvironmentVariableIsSet("LONG_RUN");
+};
+
+namespace {
+
+constexpr int timeLimit = 280000; // ms: a machine that does something else as well
+
+//! What the list's file holds, as long as it is whole; a line of its own when it is not.
+QStringList listIn(const ProgramHome &home)
+{
+    if (!QFile::exists(home.recentFile()))
+        return {};
+    QFile file(home.recentFile());
+    if (!file.open(QIODevice::ReadOnly))
+        return {QStringLiteral("unreadable")};
+    const QString content = QString::fromUtf8(file.readAll());
+    QStringList lines = content.split(QLatin1Char('\n'));
+    if (lines.size() < 2 || lines.takeFirst() != QLatin1String("fxhost recent documents 1") ||
+        !lines.takeLast().isEmpty())
+        return {QStringLiteral("damaged: ") + content};
+    return lines;
+}
+
+} // namespace
+
+void tst_SharedProfile::twoProgramsLoseNoEntry()
+{
+    const int count = m_isLong ? 500 : 60;
+    const ProgramHome home;
+    QCOMPARE(home.run({QStringLiteral("_RECENTLIMIT 1000"), QStringLiteral("_QUIT")}).exitCode, 0);
+    QSet<QString> all;
+    QList<QStringList> opened;
+    std::vector<std::unique_ptr<QProcess>> programs;
+    for (const char *name : {"one", "other"}) {
+        QStringList script;
+        QStringList paths;
+        for (int i = 0; i < count; ++i) {
+            paths.append(home.drawing(QStringLiteral("%1 %2.dwg").arg(QLatin1String(name)).arg(i)));
+            script << QStringLiteral("_OPEN ") + paths.constLast() << QStringLiteral("_CLOSE");
+        }
+        script << QStringLiteral("_QUIT");
+        opened.append(paths);
+        all += QSet<QString>(paths.begin(), paths.end());
+        programs.push_back(home.start(QLatin1String(name), script));
+    }
+    // Whoever reads the list meanwhile finds it whole, and never shorter than before.
+    int reads = 0;
+    int length = 0;
+    const auto isRunning = [](const auto &program) { return program->state() != QProcess::NotRunning; };
+    const bool ended = QTest::qWaitFor(
+        [&] {
+            const QStringList list = listIn(home);
+            if (list.size() < length || (!list.isEmpty() && !list.constFirst().startsWith(QLatin1Char('/'))))
+                return true;
+            length = list.size();
+            ++reads;
+            return std::none_of(programs.begin(), programs.end(), isRunning);
+        },
+        timeLimit);
+    QVERIFY2(ended && std::none_of(programs.begin(), programs.end(), isRunning),
+             qPrintable(QStringLiteral("after %1 entries: ").arg(length) + listIn(home).value(0)));
+    for (const auto &program : programs)
+        QCOMPARE(program->exitCode(), 0);
+
+    const QStringList list = listIn(home);
+    QCOMPARE(list.size(), 2 * count);
+    QCOMPARE(QSet<QString>(list.begin(), list.end()), all);
+    for (const QStringList &paths : qAsConst(opened)) { // each one's own are in the order of opening
+        QStringList own = list;
+        own.erase(
+            std::remove_if(own.begin(), own.end(), [&](const QString &p) { return !paths.contains(p); }),
+            own.end());
+        std::reverse(own.begin(), own.end());
+        QCOMPARE(own, paths);
+    }
+    // They were really at it at the same time.
+    const auto isOfOne = [](const QString &path) { return path.contains(QLatin1String("/one ")); };
+    int turns = 0;
+    for (int i = 1; i < list.size(); ++i)
+        turns += isOfOne(list.at(i)) != isOfOne(list.at(i - 1));
+    QVERIFY2(turns > count / 10, qPrintable(QString::number(turns)));
+    qInfo("2 programs, %d drawings each: %d entries, %d turns, list read %d times meanwhile", count,
+          list.size(), turns, reads);
+}
+
+void tst_SharedProfile::aKilledProgramLeavesTheOldListOrTheNew()
+{
+    const int kills = m_isLong ? 200 : 15;
+    constexpr uint seed = 20261121;
+    QRandomGenerator random(seed);
+    const ProgramHome home;
+    QCOMPARE(home.run({QStringLiteral("_RECENTLIMIT 1000"), QStringLiteral("_QUIT")}).exitCode, 0);
+    QStringList script; // long enough for whoever is killed late
+    for (int i = 0; i < 1000; ++i)
+        script << QStringLiteral("_RECENTADD /drawings/%1.dwg").arg(i);
+    int atRest = 0;
+    int written = 0;
+    for (int round = 0; round < kills; ++round) {
+        RecentFileStore(home.recentFile()).update({}, [](const QStringList &) { return QStringList(); });
+        const auto program = home.start(QStringLiteral("killed"), script);
+        const auto done = [&] { return home.logOf(QStringLiteral("killed")).size(); };
+        const int after = 1 + random.bounded(40); // commands
+        QVERIFY(QTest::qWaitFor([&] { return done() >= after; }, timeLimit));
+        // A write takes a millisecond or so; somewhere in the next ones.
+        std::this_thread::sleep_for(std::chrono::microseconds(random.bounded(3000)));
+        program->kill();
+        QVERIFY(program->waitForFinished());
+        QCOMPARE(program->exitStatus(), QProcess::CrashExit);
+
+        const int logged = done(); // each after its write
+        const QStringList list = listIn(home);
+        QVERIFY2(list.size() == logged || list.size() == logged + 1,
+                 qPrintable(QStringLiteral("%1 of %2: ").arg(list.size()).arg(logged) + list.value(0)));
+        for (int i = 0; i < list.size(); ++i)
+            QCOMPARE(list.at(i), QStringLiteral("/drawings/%1.dwg").arg(list.size() - 1 - i));
+        atRest += list.size() == logged;
+        written += list.size();
+    }
+    // What was left half written is gone with the next start.
+    const auto unfinished = [&] {
+        return QDir(home.profile())
+            .entryList(QDir::Files)
+            .filter(QRegularExpression(QStringLiteral("^recent\\.txt\\.[A-Za-z]{6}$")));
+    };
+    const int left = unfinished().size();
+    QCOMPARE(home.run({QStringLiteral("_QUIT")}).exitCode, 0);
+    QCOMPARE(unfinished(), QStringList());
+    qInfo("%d kills, seed %u: %d entries written, list as logged %d times and one ahead %d times, %d files "
+          "left half written",
+          kills, seed, written, atRest, kills - atRest, left);
+}
+
+QTEST_GUILESS_MAIN(tst_SharedProfile)
+#include "tst_sharedprofile.moc"

@@ -3,6 +3,7 @@
 #include "module/RecentFileAction.h"
 #include "state/FolderPinButton.h"
 #include "tests/support/Browser.h"
+#include "tests/support/FileManager.h"
 #include "tests/support/TestCase.h"
 #include "ui/QBalloonTip.h"
 #include "ui/RecentDocDialog.h"
@@ -13,50 +14,6 @@
 #include <QPointer>
 
 namespace {
-
-//! Stands where the desktop's file manager is looked for, and notes what it is started with.
-class FileManager
-{
-public:
-    explicit FileManager(int exitCode = 0) : m_searchPath(qgetenv("PATH"))
-    {
-        QFile script(m_folder.filePath(QStringLiteral("nautilus")));
-        if (!script.open(QIODevice::WriteOnly))
-            qFatal("cannot make %s", qPrintable(script.fileName()));
-        // For each start the number of arguments and the arguments, each ended by a zero byte.
-        script.write("#!/bin/sh\nprintf '%s\\0' \"$#\" \"$@\" >>\"${0%/*}/starts\"\nexit " +
-                     QByteArray::number(exitCode) + '\n');
-        script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        qputenv("PATH", QFile::encodeName(m_folder.path()));
-    }
-    ~FileManager() { qputenv("PATH", m_searchPath); }
-    Q_DISABLE_COPY(FileManager)
-
-    //! Makes the search for it fail.
-    void uninstall() const { QFile::remove(m_folder.filePath(QStringLiteral("nautilus"))); }
-
-    //! The arguments of each start that has ended so far.
-    QVector<QStringList> starts() const
-    {
-        QFile file(m_folder.filePath(QStringLiteral("starts")));
-        if (!file.open(QIODevice::ReadOnly))
-            return {};
-        QList<QByteArray> words = file.readAll().split('\0');
-        words.removeLast(); // what follows the last zero byte
-        QVector<QStringList> starts;
-        while (!words.isEmpty()) {
-            QStringList arguments;
-            for (int count = words.takeFirst().toInt(); count > 0; --count)
-                arguments.append(QFile::decodeName(words.takeFirst()));
-            starts.append(arguments);
-        }
-        return starts;
-    }
-
-private:
-    QByteArray m_searchPath;
-    QTemporaryDir m_folder;
-};
 
 //! The popup's tile at index whose folder button is clicked.
 FolderPinButton *folderButton(const Browser &browser, int index)
@@ -112,6 +69,9 @@ void tst_FolderButton::theFileManagerGetsTheFullPath_data()
     QTest::newRow("percent signs") << QStringLiteral("/d/100%1%20.dwg");
     QTest::newRow("letters of all planes") << QStringLiteral("/d/\u00e9\u6f22\U0001D538.dwg");
     QTest::newRow("a line's end") << QStringLiteral("/d/a\nb.dwg");
+    QTest::newRow("a leading dash") << QStringLiteral("-h /d/--help");
+    QTest::newRow("right to left") << QStringLiteral("/d/\u05d0\u202e.dwg");
+    QTest::newRow("4096 characters") << QStringLiteral("/") + QString(4095, QLatin1Char('d'));
 }
 
 void tst_FolderButton::theFileManagerGetsTheFullPath()

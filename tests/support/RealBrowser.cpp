@@ -4,6 +4,7 @@
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/modules/ModuleManager.h"
+#include "host/runtime/recent/RecentFileStore.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "samples/DrawingWriter.h"
 
@@ -86,6 +87,11 @@ void RealBrowser::makeDrawings(const QStringList &names)
             qFatal("cannot make %s", qPrintable(file.fileName()));
         m_paths.append(file.fileName());
     }
+}
+
+QStringList RealBrowser::storedPaths() const
+{
+    return fxhost::RecentFileStore(m_folder.filePath(QStringLiteral("profile/recent.txt"))).load().paths;
 }
 
 QStringList RealBrowser::log() const

@@ -29,6 +29,8 @@ public:
     QStringList paths() const { return m_paths; }
     fxhost::FxHost &host() { return *m_host; }
     QMainWindow &window() { return *m_window; }
+    //! The recent documents as the host has written them down.
+    QStringList storedPaths() const;
     //! The lines that the host has logged so far.
     QStringList log() const;
 

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/Paths.h"
+#include "host/runtime/documents/DocumentManager.h"
+#include "host/runtime/recent/RecentFiles.h"
+#include "tests/support/FileManager.h"
+#include "tests/support/RealBrowser.h"
+#include "tests/support/SpecialFiles.h"
+#include "tests/support/TestCase.h"
+
+#include <QDialog>
+#include <QDir>
+#include <QLabel>
+#include <QProcess>
+#include <QToolButton>
+
+#include <climits>
+
+using fxhost::pathBytes;
+using fxhost::pathFromBytes;
+
+//! Recent documents with names that are hard to carry, and such as are no drawings at all, through the built
+//! module and the real host.
+class tst_OddPaths : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { fxhost::keepBytesOfPaths(); }
+    void everyNameIsKeptToTheByte_data();
+    void everyNameIsKeptToTheByte();
+    void aPathMayBeAsLongAsTheSystemAllows();
+    void nothingKeepsThePopupFromOpening_data() { addSpecialFileRows(); }
+    void nothingKeepsThePopupFromOpening();
+};
+
+namespace {
+
+const QRect usualFrame(0, 0, 1300, 800);
+constexpr int longestPath = 4095; // bytes, with the zero byte 4096
+
+//! Opens the file through the host, finds it as the first tile, has it shown in its folder, and opens it
+//! again from the popup.
+void goesThroughEverything(RealBrowser &browser, const QString &path)
+{
+    const FileManager fileManager;
+    QCOMPARE(browser.host().documents().open(path), QString());
+    QPointer<QDialog> popup = browser.openPopup();
+    QVERIFY(popup);
+    QDialog *tile = RealBrowser::tiles(popup).constFirst();
+    QVERIFY(!tile->findChild<QLabel *>(QStringLiteral("image_label"))->pixmap(Qt::ReturnByValue).isNull());
+    QString line = RealBrowser::pathLine(popup);
+    if (line != path && line.endsWith(QLatin1String("..."))) // it is shortened
+        line.chop(3);
+    QVERIFY2(!line.isEmpty() && path.startsWith(line), qPrintable(line));
+    RealBrowser::button(tile, "folderButton")->click();
+    QTRY_VERIFY(!popup);
+    QStringList told = QStringList(path); // between quotes, as it is: its own quotes break it, and only that
+    if (path.contains(QLatin1Char('"')))
+        told = QProcess::splitCommand(QLatin1Char('"') + path + QLatin1Char('"'));
+    QCOMPARE(fileManager.starts(), QVector<QStringList>{told});
+
+    browser.host().documents().close(browser.host().documents().current());
+    popup = browser.openPopup();
+    QVERIFY(popup);
+    QTest::keyClick(popup, Qt::Key_Return);
+    QTRY_VERIFY(!popup);
+    QVERIFY(browser.host().documents().current());
+    QCOMPARE(pathBytes(browser.host().documents().current()->path()), pathBytes(path));
+    QCOMPARE(browser.storedPaths().constFirst(), path);
+}
+
+} // namespace
+
+void tst_OddPaths::everyNameIsKeptToTheByte_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::newRow("line breaks") << QByteArray("a\nb\r\n.dwg");
+    QTest::newRow("Latin 1") << QByteArray("gr\xfcn.dwg");
+    QTest::newRow("bytes that are no UTF-8") << QByteArray("\xff\xfe\xc3.dwg");
+    QTest::newRow("UTF-8 and what is none") << QByteArray("\xc3\xa4 \xe4.dwg");
+    QTest::newRow("right to left") << QByteArray("\xd7\x90\xd7\x91\xe2\x80\xae gwd.dwg");
+    QTest::newRow("%n and its like") << QByteArray("%n %s %1 %20 %%.dwg");
+    QTest::newRow("apostrophes") << QByteArray("a'b'.dwg");
+    QTest::newRow("double quotes") << QByteArray("a \"b\" c.dwg");
+    QTest::newRow("what a shell would run") << QByteArray("$(touch x) `touch x`; touch x #.dwg");
+    QTest::newRow("leading dashes") << QByteArray("--help.dwg");
+    QTest::newRow("blanks at both ends") << QByteArray(" a.dwg ");
+    QTest::newRow("a tab and a bell") << QByteArray("\ta\a.dwg");
+    QTest::newRow("only dots") << QByteArray("...");
+    QTest::newRow("a backslash") << QByteArray("a\\nb.dwg");
+    QTest::newRow("markup") << QByteArray("<b>&amp;.dwg");
+    QTest::newRow("255 bytes") << QByteArray(255, 'n');
+}
+
+void tst_OddPaths::everyNameIsKeptToTheByte()
+{
+    QFETCH(QByteArray, name);
+    RealBrowser browser(1, usualFrame);
+    const QString path =
+        QFileInfo(browser.paths().constFirst()).path() + QLatin1Char('/') + pathFromBytes(name);
+    QVERIFY(QFile::copy(browser.paths().constFirst(), path));
+    const QStringList before = QDir(QFileInfo(path).path()).entryList(QDir::AllEntries | QDir::Hidden);
+    goesThroughEverything(browser, path);
+    if (QTest::currentTestFailed())
+        return;
+    QCOMPARE(QDir(QFileInfo(path).path()).entryList(QDir::AllEntries | QDir::Hidden), before); // no x
+}
+
+void tst_OddPaths::aPathMayBeAsLongAsTheSystemAllows()
+{
+    RealBrowser browser(1, usualFrame);
+    QString folder = QFileInfo(browser.paths().constFirst()).path();
+    while (folder.size() + 2 < longestPath - NAME_MAX)
+        folder += QLatin1Char('/') +
+                  QString(qMin(NAME_MAX, longestPath - NAME_MAX - folder.size() - 1), QLatin1Char('d'));
+    QVERIFY(QDir().mkpath(folder));
+    const QString path =
+        folder + QLatin1Char('/') + QString(longestPath - folder.size() - 1, QLatin1Char('n'));
+    QCOMPARE(path.size(), longestPath);
+    QVERIFY(QFile::copy(browser.paths().constFirst(), path));
+    goesThroughEverything(browser, path);
+
+    // One more is no file any more, but may be listed.
+    browser.host().recentFiles().add(path + QLatin1Char('n'));
+    QCOMPARE(browser.storedPaths().constFirst().size(), longestPath + 1);
+    browser.host().documents().newDocument();
+    QVERIFY(browser.openPopup());
+}
+
+void tst_OddPaths::nothingKeepsThePopupFromOpening()
+{
+    QFETCH(SpecialFile, kind);
+    allowWarning(QStringLiteral("Broken filename passed to function")); // Qt's word on null characters
+    const SpecialFiles files;
+    RealBrowser browser(2, usualFrame);
+    const QStringList paths = {files.path(kind), browser.paths().at(0), QStringLiteral("/proc/self/mem"),
+                               QStringLiteral("/dev/tty"), browser.paths().at(1)};
+    browser.host().recentFiles().setPaths(paths);
+    const Alarm alarm;
+    browser.host().documents().newDocument();
+    const QDialog *popup = browser.openPopup();
+    QVERIFY(popup);
+    const bool isListed = !files.path(kind).isEmpty();
+    QCOMPARE(RealBrowser::tiles(popup).size(), isListed ? 5 : 4); // most of them blank
+}
+
+QTEST_MAIN(tst_OddPaths)
+#include "tst_oddpaths.moc"

@@ -206,6 +206,13 @@ void TestDragStart::dragCarriesExactlyOneUrl_data()
     QTest::newRow("what looks encoded") << QStringLiteral("a%20b.dwg");
     QTest::newRow("a hash sign") << QStringLiteral("gear #3.dwg");
     QTest::newRow("a question mark") << QStringLiteral("gear?.dwg");
+    QTest::newRow("a line break") << QStringLiteral("gear\n3.dwg");
+    QTest::newRow("%n and its like") << QStringLiteral("%n %s %1.dwg");
+    QTest::newRow("quotes") << QStringLiteral("\"gear\" 'b'.dwg");
+    QTest::newRow("a leading dash") << QStringLiteral("-gear.dwg");
+    QTest::newRow("only dots") << QStringLiteral("...");
+    QTest::newRow("right to left") << QStringLiteral("\u05d0\u202e.dwg");
+    QTest::newRow("bytes that are no UTF-8") << QStringLiteral("gear ") + QChar(0xdcff) + QChar(0xdc80);
 }
 
 void TestDragStart::dragCarriesExactlyOneUrl()

@@ -10,7 +10,10 @@
 class FileManager
 {
 public:
-    explicit FileManager(int exitCode = 0) : m_searchPath(qgetenv("PATH"))
+    //! Whether other programs are found as well.
+    enum class Others { Hidden, Found };
+
+    explicit FileManager(int exitCode = 0, Others others = Others::Hidden) : m_searchPath(qgetenv("PATH"))
     {
         QFile script(m_folder.filePath(QStringLiteral("nautilus")));
         if (!script.open(QIODevice::WriteOnly))
@@ -19,7 +22,8 @@ public:
         script.write("#!/bin/sh\nprintf '%s\\0' \"$#\" \"$@\" >>\"${0%/*}/starts\"\nexit " +
                      QByteArray::number(exitCode) + '\n');
         script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        qputenv("PATH", QFile::encodeName(m_folder.path()));
+        const QByteArray path = QFile::encodeName(m_folder.path());
+        qputenv("PATH", others == Others::Hidden ? path : path + ':' + m_searchPath);
     }
     ~FileManager() { qputenv("PATH", m_searchPath); }
     Q_DISABLE_COPY(FileManager)

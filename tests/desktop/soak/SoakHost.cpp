@@ -1,0 +1,241 @@
+// SPDX-License-Identifier: MIT
+#include "tests/desktop/soak/SoakHost.h"
+
+#include "host/runtime/customization/Customization.h"
+#include "host/runtime/documents/DocumentManager.h"
+#include "host/runtime/modules/ModuleManager.h"
+#include "host/runtime/recent/RecentFiles.h"
+#include "samples/DrawingWriter.h"
+#include "state/FolderPinButton.h"
+#include "tests/support/RealBrowser.h"
+
+#include <QFile>
+#include <QImage>
+#include <QLabel>
+#include <QMap>
+#include <QMenuBar>
+#include <QToolButton>
+#include <QtTest>
+
+#include <algorithm>
+
+#include <dlfcn.h>
+
+namespace {
+
+constexpr int drawings = 24;
+constexpr int limit = 16; // recent documents: some always fall out
+
+//! What the module exports under that mangled name; null while it is not loaded.
+template<class Thing>
+Thing *exported(const char *name)
+{
+    void *library = dlopen(MODULE_FILE, RTLD_NOW | RTLD_NOLOAD);
+    if (!library)
+        return nullptr;
+    void *symbol = dlsym(library, name);
+    dlclose(library); // the host holds it
+    if (!symbol)
+        qFatal("the module does not export %s", name);
+    return reinterpret_cast<Thing *>(symbol);
+}
+
+//! The class's type is the module's own, so that no check of it can be linked.
+[[gnu::no_sanitize("vptr")]] QString pathOf(const FolderPinButton *button)
+{
+    return button->path();
+}
+
+[[gnu::no_sanitize("vptr")]] QString pathOf(const QDialog *tile)
+{
+    return pathOf(static_cast<const FolderPinButton *>(RealBrowser::button(tile, "pinButton")));
+}
+
+//! The recent-files menu entries that have a picture in the cache, a blank one too.
+QStringList entriesWithPicture()
+{
+    const auto *buttons =
+        exported<QList<FolderPinButton *>>("_ZN21RecentDocumentBrowser17menuPinButtonListE");
+    const auto *pictures = exported<QMap<QString, QImage>>("_ZN21RecentDocumentBrowser18recentFileImageMapE");
+    QStringList paths;
+    for (const FolderPinButton *button : *buttons) {
+        if (pictures->contains(pathOf(button)))
+            paths.append(pathOf(button));
+    }
+    return paths;
+}
+
+} // namespace
+
+SoakHost::SoakHost()
+    : m_host(std::make_unique<fxhost::FxHost>(m_folder.filePath(QStringLiteral("profile")),
+                                              m_folder.filePath(QStringLiteral("log"))))
+{
+    for (int i = 0; i < drawings; ++i) {
+        m_paths.append(m_folder.filePath(QStringLiteral("drawing %1.dwg").arg(i)));
+        QFile file(m_paths.constLast());
+        if (!file.open(QIODevice::WriteOnly) || file.write(drawingBytes(i)) < 0)
+            qFatal("cannot make %s", qPrintable(file.fileName()));
+    }
+    QFile menus(QStringLiteral(":/customization.json"));
+    if (!menus.open(QIODevice::ReadOnly) || !m_host->customization().load(menus.readAll()).isEmpty())
+        qFatal("the menus cannot be used");
+    m_window = std::make_unique<fxhost::MainWindow>(*m_host);
+    // A dialog would wait for a person.
+    m_host->setPathChooser([this] { return m_paths.constFirst(); });
+    m_host->modules().load(QStringLiteral(MODULE_FILE));
+    m_window->setGeometry(60, 60, 1300, 900);
+    m_window->show();
+    if (!QTest::qWaitForWindowActive(m_window.get()))
+        qFatal("the main window does not become active");
+    m_host->setMainWindow(m_window.get());
+    m_host->recentFiles().setMaximum(limit);
+    m_host->recentFiles().setPaths(m_paths);
+    m_host->documents().newDocument();
+}
+
+SoakHost::~SoakHost() = default;
+
+QByteArray SoakHost::drawingBytes(int number)
+{
+    QImage picture(180, 112, QImage::Format_RGB32);
+    picture.fill(QColor::fromHsv((number * 47) % 360, 160, 230));
+    return fxsamples::drawingFile(picture, {});
+}
+
+QDialog *SoakHost::popup() const
+{
+    const QList<QDialog *> popups = RealBrowser::popups();
+    return popups.isEmpty() ? nullptr : popups.constLast();
+}
+
+QRect SoakHost::area() const
+{
+    const QWidget *content = m_window->centralWidget();
+    return QRect(content->mapToGlobal(QPoint()), content->size());
+}
+
+QRect SoakHost::target() const
+{
+    return popup() ? popup()->geometry() : area();
+}
+
+QRect SoakHost::tile(int choice) const
+{
+    const QList<QDialog *> tiles = popup() ? RealBrowser::tiles(popup()) : QList<QDialog *>();
+    if (tiles.isEmpty())
+        return target();
+    const QDialog *chosen = tiles.at(choice % tiles.size());
+    return QRect(chosen->mapToGlobal(QPoint()), chosen->size());
+}
+
+QStringList SoakHost::highlighted() const
+{
+    using Query = QList<QString>();
+    Query *query = exported<Query>("_ZN21RecentDocumentBrowser31getHighlightedRecentDocPathListEv");
+    return query ? QStringList(query()) : QStringList();
+}
+
+QStringList SoakHost::shown() const
+{
+    QStringList paths;
+    const QList<QDialog *> popups = RealBrowser::popups();
+    for (const QDialog *open : popups) {
+        const QList<QDialog *> tiles = RealBrowser::tiles(open);
+        for (const QDialog *tile : tiles)
+            paths.append(pathOf(tile));
+    }
+    return paths;
+}
+
+QStringList SoakHost::takeOpened()
+{
+    QFile log(m_folder.filePath(QStringLiteral("log")));
+    if (!log.open(QIODevice::ReadOnly) || !log.seek(m_logRead))
+        qFatal("the log cannot be read");
+    const QByteArray news = log.readAll();
+    m_logRead += news.size();
+    QStringList opened;
+    const QStringList lines = QString::fromUtf8(news).split(QLatin1Char('\n'));
+    const QRegularExpression open(QStringLiteral("^open (.*) (ok|failed)$"));
+    for (const QString &line : lines) {
+        const QRegularExpressionMatch match = open.match(line);
+        if (match.hasMatch())
+            opened.append(match.captured(1));
+    }
+    return opened;
+}
+
+void SoakHost::toggleModule()
+{
+    const QString module = QStringLiteral(MODULE_FILE);
+    if (m_host->modules().loaded().isEmpty())
+        m_host->modules().load(module);
+    else
+        m_host->modules().unload(module);
+}
+
+//! A popup that was not there before.
+QString SoakHost::meet(QDialog *popup)
+{
+    ++m_popupsSeen;
+    Watched watched{popup, {popup}};
+    const QList<QWidget *> children = popup->findChildren<QWidget *>();
+    watched.widgets.insert(watched.widgets.end(), children.begin(), children.end());
+    m_watched.push_back(watched);
+
+    QStringList tilePaths;
+    const QList<QDialog *> tiles = RealBrowser::tiles(popup);
+    for (const QDialog *tile : tiles)
+        tilePaths.append(pathOf(tile));
+    m_tilePaths += QSet<QString>(tilePaths.begin(), tilePaths.end());
+    const QStringList entries = entriesWithPicture();
+    if (tilePaths != entries) {
+        return QStringLiteral("the popup has %1 tiles, and %2 menu entries have a picture")
+            .arg(tilePaths.size())
+            .arg(entries.size());
+    }
+    return {};
+}
+
+bool SoakHost::isKnown(const QDialog *popup) const
+{
+    return std::any_of(m_watched.begin(), m_watched.end(),
+                       [&](const Watched &watched) { return watched.popup == popup; });
+}
+
+QString SoakHost::problem()
+{
+    const QList<QDialog *> popups = RealBrowser::popups();
+    for (QDialog *open : popups) {
+        if (!isKnown(open)) {
+            const QString wrong = meet(open);
+            if (!wrong.isEmpty())
+                return wrong;
+        }
+        QString line = RealBrowser::pathLine(open);
+        if (line.endsWith(QLatin1String("..."))) // it is shortened
+            line.chop(3);
+        const bool isListed = std::any_of(m_tilePaths.begin(), m_tilePaths.end(),
+                                          [&](const QString &path) { return path.startsWith(line); });
+        if (!line.isEmpty() && !isListed)
+            return QStringLiteral("the path line names no recent drawing: ") + line;
+    }
+    for (auto it = m_watched.begin(); it != m_watched.end();) {
+        if (it->popup && it->popup->isVisible()) {
+            ++it;
+            continue;
+        }
+        m_closed.insert(m_closed.end(), it->widgets.begin(), it->widgets.end());
+        it = m_watched.erase(it);
+    }
+    return {};
+}
+
+bool SoakHost::isWaitingForDeletion()
+{
+    m_closed.erase(std::remove_if(m_closed.begin(), m_closed.end(),
+                                  [](const QPointer<QWidget> &widget) { return !widget; }),
+                   m_closed.end());
+    return !m_closed.empty();
+}

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/app/MainWindow.h"
+#include "host/runtime/FxHost.h"
+#include "tests/support/FileManager.h"
+
+#include <QDialog>
+#include <QPointer>
+#include <QRect>
+#include <QSet>
+#include <QTemporaryDir>
+
+#include <vector>
+
+//! The host's program in this process, with the built module, some drawings, and an eye on what must always
+//! hold. GUI thread.
+class SoakHost
+{
+public:
+    SoakHost();
+    ~SoakHost();
+
+    fxhost::FxHost &host() { return *m_host; }
+    //! Where the drawings are, or would be.
+    QStringList paths() const { return m_paths; }
+    static QByteArray drawingBytes(int number);
+
+    //! Where to press: the newest popup, or the window's drawing area when there is none; global pixels.
+    QRect target() const;
+    //! One of the newest popup's tiles, or the target when it has none; global pixels.
+    QRect tile(int choice) const;
+    //! The main window without its frame and its menu bar, whose last entry ends it; global pixels.
+    QRect area() const;
+    //! The newest popup on screen, or null.
+    QDialog *popup() const;
+
+    //! The paths of the highlighted tiles, in display order; none without the module.
+    QStringList highlighted() const;
+    //! The paths of the tiles of all popups on screen.
+    QStringList shown() const;
+    //! What the host was asked to open since the last call.
+    QStringList takeOpened();
+
+    void toggleModule();
+
+    //! Looks at popups that have come and gone. \return what does not hold; empty when everything does
+    QString problem();
+    //! Whether problem() has looked at the popup already.
+    bool isKnown(const QDialog *popup) const;
+    //! Whether windows that were closed still have widgets. They go when the events have been delivered.
+    bool isWaitingForDeletion();
+
+    int popupsSeen() const { return m_popupsSeen; }
+
+private:
+    struct Watched
+    {
+        QPointer<QDialog> popup;
+        std::vector<QPointer<QWidget>> widgets;
+    };
+
+    QString meet(QDialog *popup);
+
+    QTemporaryDir m_folder;
+    FileManager m_fileManager{0, FileManager::Others::Found};
+    QStringList m_paths;
+    std::unique_ptr<fxhost::FxHost> m_host;
+    std::unique_ptr<fxhost::MainWindow> m_window;
+    std::vector<Watched> m_watched;
+    std::vector<QPointer<QWidget>> m_closed;
+    QSet<QString> m_tilePaths; //!< of every tile so far
+    qint64 m_logRead = 0;
+    int m_popupsSeen = 0;
+};

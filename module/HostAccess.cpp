@@ -223,7 +223,7 @@ void refreshMenus()
 void readPreview(const CFxString &path, QImage &image)
 {
     const std::shared_ptr<CFxPreviewBitmap> preview(CFxPreviewBitmap::Create());
-    if (preview->Load(path) && preview->IsValid())
+    if (preview && preview->Load(path) && preview->IsValid())
         preview->ToImage(image);
 }
 

@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/FxHost.h"
-#include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/modules/ModuleManager.h"
 #include "tests/support/RealBrowser.h"
 #include "tests/support/TestCase.h"
 
-#include <QApplication>
 #include <QDialog>
 #include <QFile>
-#include <QMenu>
-#include <QPixmap>
+#include <QImage>
 #include <QPointer>
-#include <QToolButton>
 
 #include <dlfcn.h>
 
@@ -25,7 +21,6 @@ private slots:
     void commandsComeAndGoWithTheMainWindow();
     void openPopupGoesWithTheModule();
     void codeThatItsWorkersRunStays();
-    void hundredLoadsAndUnloadsLeaveNothingBehind();
     void drawingOpenedByDoubleClickIsLogged();
 };
 
@@ -90,37 +85,6 @@ void tst_LoadedModule::codeThatItsWorkersRunStays()
     // Only the module uses it here, and a worker thread may still be on its way out of it.
     QVERIFY(!libraryIsLoaded());
     QVERIFY(libraryIsLoaded(workersLibrary));
-}
-
-void tst_LoadedModule::hundredLoadsAndUnloadsLeaveNothingBehind()
-{
-    for (int round = 0; round < 100; ++round) {
-        RealBrowser browser(3, usualFrame);
-        QMenu menu;
-        browser.addRecentFiles(&menu, nullptr);
-        menu.popup(QPoint());
-        browser.host().documents().newDocument(); // the entries of the menu count no longer
-        QDialog *popup = browser.openPopup();
-        QVERIFY(popup);
-        QCOMPARE(RealBrowser::tiles(popup).size(), 3);
-        QCursor::setPos(popup->geometry().center());
-        QTest::mouseMove(RealBrowser::button(RealBrowser::tiles(popup).at(1), "pinButton"));
-        RealBrowser::button(RealBrowser::tiles(popup).at(1), "pinButton")->click();
-        menu.close();
-        if (round % 2)
-            popup->close(); // else it goes with the main window
-        browser.host().documents().newDocument();
-    }
-    QVERIFY(!libraryIsLoaded());
-    // Whatever of the module were left would hear of these, in code that is gone.
-    QFont font = QApplication::font();
-    font.setPointSize(font.pointSize() + 1);
-    QApplication::setFont(font);
-    QApplication::setPalette(QPalette(Qt::darkGray));
-    qApp->setStyleSheet(QStringLiteral("QWidget { color: black; }"));
-    drainEvents();
-    qApp->setStyleSheet(QString());
-    drainEvents();
 }
 
 void tst_LoadedModule::drawingOpenedByDoubleClickIsLogged()

@@ -253,6 +253,12 @@ FakeHost *FakeHost::instance()
     return fakeHost;
 }
 
+void FakeHost::deleteMainWindow()
+{
+    hasMainWindow = false;
+    m_mainWindow.reset();
+}
+
 void FakeHost::setRecent(const QStringList &paths)
 {
     m_recent.assign(paths.begin(), paths.end());
@@ -302,5 +308,5 @@ OdEditor *odedEditor()
 CFxPreviewBitmap *CFxPreviewBitmap::Create()
 {
     FakePreview::tellStep("create");
-    return new FakePreview;
+    return fakeHost && !fakeHost->previewFactoryGivesObjects ? nullptr : new FakePreview;
 }

@@ -50,6 +50,7 @@ public:
     bool hasCustomization = false; //!< only where a test is about menus and keys
     bool hasCommandStack = true;
     bool hasEditor = true;
+    bool previewFactoryGivesObjects = true;
 
     // What happens inside the host's operations; may be empty. They may throw.
     std::function<void(const QString &path)> onOpen;
@@ -78,6 +79,9 @@ public:
 
     //! The main window: a plain widget whose geometry tests set.
     QWidget &mainWindow() { return *m_mainWindow; }
+
+    //! The main window goes, whatever the module knows of that; from now on there is none.
+    void deleteMainWindow();
 
     //! The host's menus and keys, empty at first; the module sees them while hasCustomization.
     FakeCustomization &customization() { return *m_customization; }

@@ -88,7 +88,16 @@ void CommandRunner::drain()
     while (!m_waiting.empty()) {
         CommandRun *const next = m_waiting.front();
         m_waiting.pop_front();
-        runNow(*next);
+        try {
+            runNow(*next);
+        } catch (...) { // a module's command that cannot even tell its name
+            m_context = nullptr;
+            m_running = nullptr;
+            next->m_state = CommandRun::State::Ended;
+            next->m_result = CFxCommand::failed;
+            m_log.command(next->name(), next->m_result);
+            m_report(tr("The command %1 failed.").arg(next->name()));
+        }
         next->release();
     }
     m_draining = false;
@@ -108,23 +117,24 @@ void CommandRunner::runNow(CommandRun &run)
     const QString name = fromOdString(globalName);
     CommandContext context(run.argument());
     m_context = &context;
+    m_running = command;
     run.m_state = CommandRun::State::Running;
     m_editor.reactors().notify(&OdEditorReactor::commandWillStart, globalName);
     emit commandStarted(name, run.argument());
 
-    run.m_result = execute(*command, context);
+    run.m_result = execute(*command, name, context);
 
     m_context = nullptr;
+    m_running = nullptr;
+    command->release(); // now: whoever hears of the end may unload its module
     run.m_state = CommandRun::State::Ended;
     m_log.command(name, run.m_result);
     m_editor.reactors().notify(&OdEditorReactor::commandEnded, globalName, run.m_result);
     emit commandEnded(name, run.m_result);
-    command->release();
 }
 
-int CommandRunner::execute(OdEdCommand &command, CommandContext &context) const
+int CommandRunner::execute(OdEdCommand &command, const QString &name, CommandContext &context) const
 {
-    const QString name = fromOdString(command.globalName());
     try {
         command.execute(&context);
         return context.result();

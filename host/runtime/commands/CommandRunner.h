@@ -48,6 +48,8 @@ public:
 
     //! True between a command's start and end.
     bool isRunning() const { return m_context != nullptr; }
+    //! The command between whose start and end we are, or null.
+    const OdEdCommand *running() const { return m_running; }
     //! True while nothing runs or waits.
     bool isIdle() const { return !m_draining; }
 
@@ -63,14 +65,15 @@ signals:
 private:
     void drain();
     void runNow(CommandRun &run);
-    int execute(OdEdCommand &command, CommandContext &context) const;
+    int execute(OdEdCommand &command, const QString &name, CommandContext &context) const;
     OdEdCommand *find(const QString &name) const;
 
     const CommandStack &m_commands;
     const Editor &m_editor;
     HostLog &m_log;
     MessageSink m_report;
-    std::deque<CommandRun *> m_waiting;  // one reference each
+    std::deque<CommandRun *> m_waiting; // one reference each
+    OdEdCommand *m_running = nullptr;
     CommandContext *m_context = nullptr; // of the running command
     bool m_draining = false;
     bool m_stopped = false;

@@ -6,6 +6,7 @@
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/commands/CommandSet.h"
 #include "host/runtime/documents/DocumentManager.h"
+#include "host/runtime/modules/ModuleManager.h"
 #include "host/runtime/recent/RecentFiles.h"
 
 #include <CFxCommand.h>
@@ -107,7 +108,36 @@ public:
         return CFxCommand::normalCompletion;
     }
 
+    int moduleLoad(const CFxCommandContext &context) const
+    {
+        if (context.argument().isEmpty())
+            return fail(tr("The command needs the path of a module."));
+        return m_host.modules().load(context.argument()) ? CFxCommand::normalCompletion : CFxCommand::failed;
+    }
+
+    int moduleUnload(const CFxCommandContext &context) const
+    {
+        const QString name = context.argument();
+        if (name.isEmpty())
+            return fail(tr("The command needs the name of a module.") + whatIsLoaded());
+        const QStringList meant = m_host.modules().named(name);
+        if (meant.isEmpty())
+            return fail(tr("The module \"%1\" is not loaded.").arg(name) + whatIsLoaded());
+        if (meant.size() > 1)
+            return fail(tr("More than one module is called \"%1\".").arg(name) + whatIsLoaded());
+        return m_host.modules().unload(meant.first()) ? CFxCommand::normalCompletion : CFxCommand::failed;
+    }
+
 private:
+    //! A sentence to put behind another one.
+    QString whatIsLoaded() const
+    {
+        const QStringList paths = m_host.modules().loaded();
+        if (paths.isEmpty())
+            return QLatin1Char(' ') + tr("No module is loaded.");
+        return QLatin1Char(' ') + tr("Loaded: %1.").arg(paths.join(QLatin1String(", ")));
+    }
+
     static std::optional<int> wholeNumber(const QString &text)
     {
         bool ok = false;
@@ -141,6 +171,8 @@ void addHostCommands(CommandSet &set, FxHost &host)
     add(QStringLiteral("DELAY"), &HostCommands::delay);
     add(QStringLiteral("RECENTLIMIT"), &HostCommands::recentLimit);
     add(QStringLiteral("RECENTADD"), &HostCommands::recentAdd);
+    add(QStringLiteral("MODULELOAD"), &HostCommands::moduleLoad);
+    add(QStringLiteral("MODULEUNLOAD"), &HostCommands::moduleUnload);
 }
 
 } // namespace fxhost

@@ -6,7 +6,8 @@ namespace fxhost {
 class CommandSet;
 class FxHost;
 
-//! Adds the commands that need no window: NEW, OPEN, CLOSE, HELP, DELAY, RECENTLIMIT and RECENTADD.
+//! Adds the commands that need no window: NEW, OPEN, CLOSE, HELP, DELAY, RECENTLIMIT, RECENTADD, MODULELOAD
+//! and MODULEUNLOAD.
 //! \param host must outlive set
 void addHostCommands(CommandSet &set, FxHost &host);
 

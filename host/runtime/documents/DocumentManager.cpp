@@ -13,6 +13,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 namespace fxhost {
@@ -57,8 +58,14 @@ void DocumentManager::RemoveReactor(CFxDocumentManagerReactor *reactor)
 bool DocumentManager::OpenDocument(const CFxString &path, int mode, int flags, OdString &result)
 {
     const bool isReserved = mode != 0 || flags != 0;
-    const QString problem =
-        isReserved ? refuse(path, tr("This way of opening is not supported.")) : open(path);
+    QString problem;
+    try { // modules call this from event handlers, which no exception may leave
+        problem = isReserved ? refuse(path, tr("This way of opening is not supported.")) : open(path);
+    } catch (const std::exception &error) {
+        problem = QString::fromLocal8Bit(error.what());
+    } catch (...) {
+        problem = tr("The host failed.");
+    }
     result = toOdString(problem);
     return problem.isEmpty();
 }

@@ -4,6 +4,7 @@
 #include "host/runtime/FxHost.h"
 #include "host/runtime/Paths.h"
 #include "host/runtime/Strings.h"
+#include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/commands/CommandStack.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/editor/Editor.h"
@@ -47,6 +48,12 @@ Module::Module(const QString &path, FxHost &host) : m_path(path), m_host(host) {
 
 Module::~Module() = default;
 
+bool Module::isAtWork() const
+{
+    const OdEdCommand *command = m_host.commands().running();
+    return (command && m_library.defines(typeid(*command))) || m_library.isOnStack();
+}
+
 QString Module::load()
 {
     const QFileInfo file(absolutePath(m_path));
@@ -67,7 +74,9 @@ QString Module::load()
     int minor = 0;
     int majorBuild = 0;
     int minorBuild = 0;
-    version(major, minor, majorBuild, minorBuild);
+    const QString failure = failureOf([&] { version(major, minor, majorBuild, minorBuild); });
+    if (!failure.isEmpty())
+        return tr("It does not tell its interface version: %1").arg(failure);
     if (major != odrxApiMajor || minor != odrxApiMinor || majorBuild != odrxApiMajorBuild ||
         minorBuild != odrxApiMinorBuild) {
         const auto text = [](int a, int b, int c, int d) {

@@ -30,6 +30,10 @@ public:
     //! Whether both come from the same file, whatever their paths.
     bool isSameAs(const Module &other) const { return m_library.handle() == other.m_library.handle(); }
 
+    //! Whether code of the module is being run: the host's command is one of its own, or this call came from
+    //! it. Then its library must stay.
+    bool isAtWork() const;
+
     //! Loads the library. \return why it is no module for this host; empty when it is one
     QString load();
     //! Creates and starts the module. \return why it could not; empty when it runs

@@ -3,7 +3,11 @@
 
 #include "host/runtime/Paths.h"
 
+#include <algorithm>
+#include <vector>
+
 #include <dlfcn.h>
+#include <execinfo.h>
 #include <link.h>
 
 namespace fxhost {
@@ -28,6 +32,17 @@ bool ModuleLibrary::contains(const void *address) const
     Dl_info object;
     return m_handle && dlinfo(m_handle, RTLD_DI_LINKMAP, &map) == 0 && dladdr(address, &object) != 0 &&
            reinterpret_cast<ElfW(Addr)>(object.dli_fbase) == map->l_addr;
+}
+
+bool ModuleLibrary::isOnStack() const
+{
+    std::vector<void *> frames(128);
+    int depth = 0;
+    while ((depth = backtrace(frames.data(), static_cast<int>(frames.size()))) >=
+           static_cast<int>(frames.size()))
+        frames.resize(frames.size() * 2); // there may be more
+    return std::any_of(frames.begin(), frames.begin() + depth,
+                       [this](const void *address) { return contains(address); });
 }
 
 void *ModuleLibrary::symbol(const char *name) const

@@ -36,6 +36,8 @@ public:
     bool defines(const std::type_info &type) const { return contains(&type); }
     //! Whether address lies in the library itself, in its code or among its static objects.
     bool contains(const void *address) const;
+    //! Whether a function of the library is beneath this call: it would return to where nothing is any more.
+    bool isOnStack() const;
 
 private:
     void *symbol(const char *name) const;

@@ -2,11 +2,13 @@
 #include "host/runtime/modules/ModuleManager.h"
 
 #include "host/runtime/FxHost.h"
-#include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/log/HostLog.h"
 #include "host/runtime/modules/Module.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace fxhost {
@@ -56,8 +58,8 @@ bool ModuleManager::unload(const QString &path)
         m_host.showMessage(tr("The module \"%1\" is not loaded.").arg(path));
         return false;
     }
-    if (m_host.commands().isRunning()) {
-        m_host.showMessage(tr("The module \"%1\" cannot be unloaded while a command is running.").arg(path));
+    if ((*found)->isAtWork()) {
+        m_host.showMessage(tr("The module \"%1\" cannot be unloaded while it is at work.").arg(path));
         return false;
     }
     auto module = std::move(*found);
@@ -91,6 +93,19 @@ QStringList ModuleManager::loaded() const
     for (const auto &module : m_modules)
         paths.append(module->path());
     return paths;
+}
+
+QStringList ModuleManager::named(const QString &name) const
+{
+    const QStringList paths = loaded();
+    if (paths.contains(name))
+        return {name};
+    QStringList called;
+    std::copy_if(paths.begin(), paths.end(), std::back_inserter(called), [&](const QString &path) {
+        const QString file = QFileInfo(path).fileName();
+        return file == name || file == name + QLatin1String(".so");
+    });
+    return called;
 }
 
 } // namespace fxhost

@@ -36,13 +36,17 @@ public:
     //! Ends a module and unloads it; while the main window is there, the module first hears that it goes.
     //! What the module left registered, and widgets of its classes, are removed: their code goes.
     //! \param path as it was given to load()
-    //! \return false, with a message, when no such module is loaded or a command is running
+    //! \return false, with a message, when no such module is loaded, or while its code is being run: by a
+    //! command, a drag, a dialog, or because it asks for this itself
     bool unload(const QString &path);
     //! Ends and unloads all, the last loaded first.
     void unloadAll();
 
     //! In the order of loading, as the paths were given.
     QStringList loaded() const;
+    //! The loaded modules that name may mean: the one of this path, or else those whose file is called so,
+    //! with or without ".so". As the paths were given.
+    QStringList named(const QString &name) const;
 
 private:
     QString start(const QString &path);

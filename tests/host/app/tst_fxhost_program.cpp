@@ -165,6 +165,24 @@ private slots:
                  QStringList("/1"));
     }
 
+    void theBrowserGoesAndComesWhileTheProgramRuns()
+    {
+        const ProgramHome home;
+        const QString drawing = home.drawing(QStringLiteral("a.dwg"));
+        const QString module = QStringLiteral(BROWSER_MODULE);
+        const ProgramRun run = home.run({"_MODULELOAD " + module, "_OPEN " + drawing, "_RECENT",
+                                         "_MODULEUNLOAD RecentDocumentBrowser", "_RECENT",
+                                         "_MODULELOAD " + module, "_RECENT", "_QUIT"});
+        QCOMPARE(run.exitCode, 0);
+        const QString loaded = QStringLiteral("module %1 loaded").arg(module);
+        const QString unloaded = QStringLiteral("module %1 unloaded").arg(module);
+        QCOMPARE(run.log, QStringList({loaded, "command _MODULELOAD 5100", "open " + drawing + " ok",
+                                       "command _OPEN 5100", "command _RECENT 5100", unloaded,
+                                       "command _MODULEUNLOAD 5100", "command _RECENT unknown", loaded,
+                                       "command _MODULELOAD 5100", "command _RECENT 5100",
+                                       "command _QUIT 5100", unloaded}));
+    }
+
     void aMissingModuleIsNamedAndTheProgramGoesOn()
     {
         const ProgramHome home;

@@ -8,6 +8,7 @@
 
 #include <CFxCommand.h>
 #include <CFxEditorReactor.h>
+#include <OdStaticRxObject.h>
 
 #include <QEventLoop>
 #include <QSignalSpy>
@@ -195,6 +196,34 @@ private slots:
         QCOMPARE(commands.logged(), QStringList({QStringLiteral("command _THROW 5102"),
                                                  QStringLiteral("command _THROWNUMBER 5102"),
                                                  QStringLiteral("command _ECHO 5100")}));
+    }
+
+    void aCommandThatCannotTellItsNameHoldsUpNothing()
+    {
+        struct Nameless : OdStaticRxObject<CFxCommand>
+        {
+            OdString globalName() const override
+            {
+                if (isNameless)
+                    throw std::runtime_error("what was it");
+                return L"_NAMELESS";
+            }
+            OdString localName() const override { return globalName(); }
+            int Execute(CFxCommandContext *) override { return normalCompletion; }
+            bool isNameless = false;
+        } nameless;
+        Commands commands;
+        commands.host.commandStack().addCommand(&nameless);
+        nameless.isNameless = true;
+        const RunHandle run(commands.runner.run(QStringLiteral("NAMELESS")));
+        nameless.isNameless = false;
+        QCOMPARE(run->result(), CFxCommand::failed);
+        QVERIFY(commands.runner.isIdle());
+        commands.runner.runLine(QStringLiteral("NAMELESS"));
+        QCOMPARE(commands.logged(), QStringList({QStringLiteral("command NAMELESS 5102"),
+                                                 QStringLiteral("command _NAMELESS 5100")}));
+        QCOMPARE(commands.messages.size(), 1);
+        commands.host.commandStack().removeCommand(&nameless);
     }
 
     void reactorsAndSignalsTellOfStartAndEnd()

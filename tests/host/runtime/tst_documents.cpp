@@ -9,6 +9,8 @@
 #include <QFileInfo>
 #include <QSignalSpy>
 
+#include <stdexcept>
+
 using fxhost::Document;
 using fxhost::DocumentManager;
 
@@ -38,6 +40,33 @@ private slots:
         QCOMPARE(facts.size, QFileInfo(path).size());
         QCOMPARE(facts.modified, QFileInfo(path).lastModified());
         QVERIFY(facts.preview.isNull());
+    }
+
+    void noExceptionLeavesTheOpeningForAModule_data()
+    {
+        QTest::addColumn<bool>("isException");
+        QTest::newRow("a std::exception") << true;
+        QTest::newRow("something else") << false;
+    }
+
+    void noExceptionLeavesTheOpeningForAModule()
+    {
+        QFETCH(bool, isException);
+        RunningHost running;
+        DocumentManager documents(running.host.recentFiles(), running.host.fileProbe(), running.host.editor(),
+                                  running.host.log(), [=](const QString &) {
+                                      if (isException)
+                                          throw std::runtime_error("out of paper");
+                                      throw 7;
+                                  });
+        OdString result;
+        QVERIFY(!documents.OpenDocument(L"/missing.dwg", 0, 0, result));
+        QVERIFY(!result.isEmpty());
+        QVERIFY(!isException || result == OdString(L"out of paper"));
+
+        const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
+        QVERIFY(documents.OpenDocument(path, 0, 0, result));
+        QVERIFY(result.isEmpty());
     }
 
     void whatCannotBeOpenedOpensNothing_data()

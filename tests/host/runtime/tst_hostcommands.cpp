@@ -2,9 +2,11 @@
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
+#include "host/runtime/modules/ModuleManager.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "tests/support/RunningHost.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/TestModules.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -127,12 +129,98 @@ private slots:
         QVERIFY(running.host.documents().documents().empty());
     }
 
+    void modulesComeAndGoBetweenTheLines()
+    {
+        RunningHost running;
+        const QString path = modulePath("companion");
+        takeCalls();
+        running.host.commands().runMacro(
+            QStringLiteral("MODULELOAD %1;COMPANION;MODULEUNLOAD companion_module;COMPANION").arg(path));
+        QCOMPARE(
+            running.logged(),
+            QStringList(
+                {QStringLiteral("module %1 loaded").arg(path), QStringLiteral("command _MODULELOAD 5100"),
+                 QStringLiteral("command _COMPANION 5100"), QStringLiteral("module %1 unloaded").arg(path),
+                 QStringLiteral("command _MODULEUNLOAD 5100"), QStringLiteral("command COMPANION unknown")}));
+        QCOMPARE(takeCalls(), QStringList(QStringLiteral("companion Execute")));
+        QVERIFY(!isMapped(path));
+    }
+
+    void whatWaitsMeanwhileComesAfterTheUnloading()
+    {
+        RunningHost running;
+        const QString path = modulePath("companion");
+        QVERIFY(running.host.modules().load(path));
+        QMetaObject::invokeMethod(
+            &running.host,
+            [&] {
+                running.host.commands().runMacro(
+                    QStringLiteral("MODULEUNLOAD %1;MODULELOAD %1;COMPANION").arg(path));
+                running.host.commands().cancel();
+            },
+            Qt::QueuedConnection);
+        running.host.commands().runLine(QStringLiteral("COMPANION wait"));
+        QCOMPARE(
+            running.logged().mid(1),
+            QStringList(
+                {QStringLiteral("command _COMPANION 5100"), QStringLiteral("module %1 unloaded").arg(path),
+                 QStringLiteral("command _MODULEUNLOAD 5100"), QStringLiteral("module %1 loaded").arg(path),
+                 QStringLiteral("command _MODULELOAD 5100"), QStringLiteral("command _COMPANION 5100")}));
+        QCOMPARE(running.messages, QStringList());
+    }
+
+    void aModuleIsUnloadedByWhatNamesItAlone_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("isUnloaded");
+        QTest::newRow("its path") << modulePath("first") << true;
+        QTest::newRow("its file's name") << QStringLiteral("first_module.so") << true;
+        QTest::newRow("its file's name without the ending") << QStringLiteral("first_module") << true;
+        QTest::newRow("a part of its name") << QStringLiteral("first") << false;
+        QTest::newRow("its name in capitals") << QStringLiteral("FIRST_MODULE") << false;
+        QTest::newRow("a name that two modules have") << QStringLiteral("second_module") << false;
+        QTest::newRow("the path of one of those") << modulePath("second") << true;
+    }
+
+    void aModuleIsUnloadedByWhatNamesItAlone()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, isUnloaded);
+        RunningHost running;
+        const QString namesake = running.path(QStringLiteral("second_module.so"));
+        QVERIFY(QFile::copy(modulePath("companion"), namesake));
+        const QStringList paths = {modulePath("first"), modulePath("second"), namesake};
+        for (const QString &path : paths)
+            QVERIFY(running.host.modules().load(path));
+        running.host.commands().runLine(QStringLiteral("MODULEUNLOAD ") + name);
+        QCOMPARE(running.host.modules().loaded().size(), isUnloaded ? 2 : 3);
+        QCOMPARE(running.logged().constLast().right(5),
+                 isUnloaded ? QStringLiteral(" 5100") : QStringLiteral(" 5102"));
+        if (isUnloaded)
+            return;
+        QCOMPARE(running.messages.size(), 1);
+        for (const QString &path : paths) // what could have been meant
+            QVERIFY2(running.messages.first().contains(path), qPrintable(running.messages.first()));
+    }
+
+    void unloadingWithoutANameTellsWhatIsLoaded()
+    {
+        RunningHost running;
+        running.host.commands().runLine(QStringLiteral("MODULEUNLOAD"));
+        QVERIFY2(running.messages.last().contains(QLatin1String("No module")),
+                 qPrintable(running.messages.last()));
+        QVERIFY(running.host.modules().load(modulePath("first")));
+        running.host.commands().runLine(QStringLiteral("MODULEUNLOAD"));
+        QVERIFY2(running.messages.last().contains(modulePath("first")), qPrintable(running.messages.last()));
+    }
+
     void whatMakesNoSenseFailsWithAMessage_data()
     {
         QTest::addColumn<QString>("line");
-        for (const char *line : {"CLOSE", "HELP me", "HELP -1", "DELAY", "DELAY soon", "DELAY -1",
-                                 "DELAY 3600001", "DELAY 99999999999", "RECENTLIMIT 0", "RECENTLIMIT 1001",
-                                 "RECENTLIMIT ten", "RECENTLIMIT -5", "RECENTADD"})
+        for (const char *line :
+             {"CLOSE", "HELP me", "HELP -1", "DELAY", "DELAY soon", "DELAY -1", "DELAY 3600001",
+              "DELAY 99999999999", "RECENTLIMIT 0", "RECENTLIMIT 1001", "RECENTLIMIT ten", "RECENTLIMIT -5",
+              "RECENTADD", "MODULELOAD", "MODULELOAD /no such.so", "MODULEUNLOAD", "MODULEUNLOAD it"})
             QTest::newRow(line) << QString::fromLatin1(line);
     }
 

@@ -1,47 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/commands/CommandRunner.h"
-#include "host/runtime/commands/CommandSet.h"
 #include "host/runtime/commands/CommandStack.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/editor/Editor.h"
 #include "host/runtime/modules/ModuleManager.h"
 #include "tests/support/RunningHost.h"
 #include "tests/support/TestCase.h"
-
-#include <CFxCommand.h>
+#include "tests/support/TestModules.h"
 
 #include <QFileInfo>
 #include <QWidget>
 
-#include <optional>
-
 #include <sys/stat.h>
 
 namespace {
-
-//! The path of one of the test modules.
-QString modulePath(const char *name)
-{
-    return QCoreApplication::applicationDirPath() +
-           QStringLiteral("/modules/%1_module.so").arg(QLatin1String(name));
-}
-
-//! What the modules have noted since the last call of this.
-QStringList takeCalls()
-{
-    const QStringList calls = qApp->property("moduleCalls").toStringList();
-    qApp->setProperty("moduleCalls", QVariant());
-    return calls;
-}
-
-//! Whether a file is in this process's memory.
-bool isMapped(const QString &path)
-{
-    QFile maps(QStringLiteral("/proc/self/maps"));
-    if (!maps.open(QIODevice::ReadOnly))
-        qFatal("the test cannot see what is mapped");
-    return maps.readAll().contains(QFile::encodeName(QFileInfo(path).fileName()));
-}
 
 QString lastOf(const QStringList &list)
 {
@@ -183,6 +155,7 @@ private slots:
         row("half", "odrxCreateModuleObject");
         row("unresolved", "nobodyDefinesThis");
         row("wrong_version", "4.3.2.7");
+        row("throws_when_asked", "no more chalk");
         row("throws_when_created", "no more chalk");
         row("creates_nothing", "no module object");
         row("throws_when_started", "no more chalk");
@@ -266,22 +239,6 @@ private slots:
         running.host.commands().runLine(QStringLiteral("_LEFT"));
         running.host.documents().newDocument(); // neither reaches what is gone
         running.host.setMainWindow(nullptr);
-    }
-
-    void noModuleGoesWhileACommandRuns()
-    {
-        RunningHost running;
-        running.host.modules().load(modulePath("first"));
-        std::optional<bool> isUnloaded;
-        fxhost::CommandSet commands(running.host.commandStack());
-        commands.add(QStringLiteral("UNLOAD"), [&](const CFxCommandContext &) {
-            isUnloaded = running.host.modules().unload(modulePath("first"));
-            return CFxCommand::normalCompletion;
-        });
-        running.host.commands().runLine(QStringLiteral("UNLOAD"));
-        QCOMPARE(isUnloaded, std::optional<bool>(false));
-        QVERIFY(isMapped(modulePath("first")));
-        QCOMPARE(running.messages.size(), 1);
     }
 
     void unloadingWhatIsNotLoadedIsTold()

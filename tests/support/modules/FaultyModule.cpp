@@ -19,6 +19,7 @@ namespace {
 
 enum class Fault {
     WrongVersion,
+    ThrowsWhenAsked,
     ThrowsWhenCreated,
     CreatesNothing,
     ThrowsWhenStarted,
@@ -99,6 +100,8 @@ private:
 
 MODULE_EXPORT void odrxGetAPIVersion(int &major, int &minor, int &majorBuild, int &minorBuild)
 {
+    if (fault == Fault::ThrowsWhenAsked)
+        throw ModuleError();
     major = odrxApiMajor;
     minor = odrxApiMinor;
     majorBuild = odrxApiMajorBuild;

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/commands/CommandRunner.h"
+#include "host/runtime/documents/DocumentManager.h"
+#include "host/runtime/modules/ModuleManager.h"
+#include "host/runtime/recent/RecentFiles.h"
+#include "tests/support/RealBrowser.h"
+#include "tests/support/RunningHost.h"
+#include "tests/support/TestCase.h"
+#include "tests/support/TestModules.h"
+
+#include <QDialog>
+#include <QMainWindow>
+
+//! The built module beside another one, which come and go in any order.
+class tst_TwoModules : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void eachWorksWhileItIsLoaded_data();
+    void eachWorksWhileItIsLoaded();
+};
+
+namespace {
+
+const QString browserModule = QStringLiteral(MODULE_FILE);
+
+//! A host with a window and two recent drawings.
+class TwoModulesHost : public RunningHost
+{
+public:
+    TwoModulesHost()
+    {
+        window.setGeometry(0, 0, 1300, 800);
+        window.show();
+        host.recentFiles().setPaths(
+            {makeDrawing(QStringLiteral("a.dwg")), makeDrawing(QStringLiteral("b.dwg"))});
+        takeCalls();
+    }
+    ~TwoModulesHost() { host.setMainWindow(nullptr); }
+    Q_DISABLE_COPY(TwoModulesHost)
+
+    //! What of the browser works: its command, its reactors, its popup.
+    QStringList ofBrowser()
+    {
+        QStringList works;
+        host.documents().newDocument();
+        if (runs(QStringLiteral("_RECENT")))
+            works << QStringLiteral("command");
+        const QList<QDialog *> popups = RealBrowser::popups();
+        for (QDialog *popup : popups) {
+            // Its tiles are those of the menu that is built when a drawing is made.
+            works << QStringLiteral("popup of %1").arg(RealBrowser::tiles(popup).size());
+            QTest::keyClick(popup, Qt::Key_Escape);
+        }
+        if (runs(QStringLiteral("_RHELP")))
+            works << QStringLiteral("help");
+        drainEvents();
+        return works;
+    }
+
+    //! What of the other module works: its command, both its reactors, its panel.
+    QStringList ofCompanion()
+    {
+        takeCalls();
+        runs(QStringLiteral("_COMPANION"));
+        host.documents().newDocument();
+        window.setWindowState(window.windowState() ^ Qt::WindowMaximized);
+        drainEvents();
+        QStringList works = takeCalls();
+        const auto *panel = window.findChild<QWidget *>(QStringLiteral("companionPanel"));
+        if (panel && panel->isVisible())
+            works << QStringLiteral("panel");
+        return works;
+    }
+
+    QMainWindow window;
+
+private:
+    bool runs(const QString &line)
+    {
+        host.commands().runLine(line);
+        return logged().constLast() == QStringLiteral("command %1 5100").arg(line);
+    }
+};
+
+const QStringList allOfBrowser = {QStringLiteral("command"), QStringLiteral("popup of 2"),
+                                  QStringLiteral("help")};
+const QStringList allOfCompanion = {QStringLiteral("companion Execute"),
+                                    QStringLiteral("companion DocumentCreated"),
+                                    QStringLiteral("companion windowStateChanged"), QStringLiteral("panel")};
+
+//! b: the browser comes or goes, c: the companion does, w: the main window does.
+QStringList stories()
+{
+    return {"wbcbc",     "wbccb",     "wcbbc",  "wcbcb",                   // the window is there all the time
+            "bcwbc",     "bcwcb",     "bwccb",  "bwcbc", "cwbcb", "cwbbc", // it comes in between
+            "bcwwbc",    "bcwwcb",    "cbwwbc",                            // and goes before they do
+            "wbcbbbccb", "wcbcccbbc", "wbcb",   "wbcc",  "bcw"}; // some come again, some go with the host
+}
+
+} // namespace
+
+void tst_TwoModules::eachWorksWhileItIsLoaded_data()
+{
+    QTest::addColumn<QString>("story");
+    const QStringList all = stories();
+    for (const QString &story : all)
+        QTest::newRow(qPrintable(story)) << story;
+}
+
+void tst_TwoModules::eachWorksWhileItIsLoaded()
+{
+    QFETCH(QString, story);
+    TwoModulesHost running;
+    const QString companionModule = modulePath("companion");
+    fxhost::ModuleManager &modules = running.host.modules();
+    QStringList loaded;
+    const auto comesOrGoes = [&](const QString &module) {
+        const bool goes = loaded.removeOne(module);
+        if (!goes)
+            loaded.append(module);
+        return goes ? modules.unload(module) : modules.load(module);
+    };
+    QString life; // of the window, which ends commands for good
+    for (const QChar step : qAsConst(story)) {
+        if (step == QLatin1Char('w')) {
+            life += step;
+            running.host.setMainWindow(life.size() % 2 ? &running.window : nullptr);
+        } else {
+            QVERIFY(comesOrGoes(step == QLatin1Char('b') ? browserModule : companionModule));
+        }
+        QCOMPARE(modules.loaded(), loaded);
+        if (life.size() == 1) {
+            QCOMPARE(running.ofBrowser(), loaded.contains(browserModule) ? allOfBrowser : QStringList());
+            QCOMPARE(running.ofCompanion(),
+                     loaded.contains(companionModule) ? allOfCompanion : QStringList());
+        }
+    }
+    QCOMPARE(isMapped(browserModule), loaded.contains(browserModule));
+    QCOMPARE(isMapped(companionModule), loaded.contains(companionModule));
+    QCOMPARE(running.messages.filter(QRegularExpression(QStringLiteral("module"))), QStringList());
+}
+
+QTEST_MAIN(tst_TwoModules)
+#include "tst_twomodules.moc"

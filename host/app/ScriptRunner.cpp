@@ -33,7 +33,8 @@ QString ScriptRunner::load(const QString &path)
     if (file.error() != QFileDevice::NoError)
         return file.errorString();
 
-    const QStringList lines = QString::fromUtf8(content).split(QLatin1Char('\n'));
+    // With the size: the array alone would be read as far as a zero byte, and the rest go missing unsaid.
+    const QStringList lines = QString::fromUtf8(content.constData(), content.size()).split(QLatin1Char('\n'));
     for (const QString &line : lines) {
         const QString command = line.trimmed();
         if (!command.isEmpty() && !command.startsWith(QLatin1Char('#')))

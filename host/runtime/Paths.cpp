@@ -19,7 +19,7 @@ constexpr int longestCharacter = 4; // bytes in UTF-8
 //! Nothing unless bytes are UTF-8 as Qt itself would write it, which leaves out surrogates and overlong ones.
 std::optional<QString> textOf(const QByteArray &bytes)
 {
-    const QString text = QString::fromUtf8(bytes);
+    const QString text = QString::fromUtf8(bytes.constData(), bytes.size()); // all: null bytes too
     return text.toUtf8() == bytes ? std::optional<QString>(text) : std::nullopt;
 }
 

@@ -149,6 +149,9 @@ int CommandRunner::execute(OdEdCommand &command, const QString &name, CommandCon
 //! A reference owned by the caller, or null.
 OdEdCommand *CommandRunner::find(const QString &name) const
 {
+    // The engine's names end at the first null character: what stands before it would be another command.
+    if (name.contains(QChar::Null))
+        return nullptr;
     const QString other = name.startsWith(QLatin1Char('_')) ? name.mid(1) : QLatin1Char('_') + name;
     constexpr int bothNames = OdEdCommandStack::GlobalNames | OdEdCommandStack::LocalNames;
     OdEdCommand *found = m_commands.lookupCommand(toOdString(name), bothNames, {});

@@ -98,14 +98,14 @@ void FileProbe::hear()
     }
 }
 
-//! \return whether the condition holds after patience milliseconds at the latest
+//! \return whether the condition holds after so many milliseconds at the latest
 template<class Condition>
-bool FileProbe::waitUntil(Condition condition, int patience)
+bool FileProbe::waitUntil(Condition condition, int longest)
 {
     QElapsedTimer waiting;
     waiting.start();
     for (hear(); !condition(); hear()) {
-        const auto left = int(patience - waiting.elapsed());
+        const auto left = int(longest - waiting.elapsed());
         if (left <= 0 || !isRunning())
             return false;
         m_helper->waitForReadyRead(left);

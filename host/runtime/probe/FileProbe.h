@@ -43,7 +43,7 @@ private:
     int ask(const QString &path);
     void hear();
     template<class Condition>
-    bool waitUntil(Condition condition, int patience);
+    bool waitUntil(Condition condition, int longest);
 
     QString m_program;
     QProcess *m_helper = nullptr;

@@ -21,6 +21,14 @@ private slots:
         QCOMPARE(script.lines(), QStringList({"_NEW", "_CLOSE"}));
     }
 
+    void aZeroByteHidesNothing()
+    {
+        ShownProgram program;
+        ScriptRunner script(program.host.commands());
+        QCOMPARE(script.load(written(program, QByteArray("_NEW\0W\n_CLOSE\n", 14))), QString());
+        QCOMPARE(script.lines(), QStringList({QString::fromLatin1("_NEW\0W", 6), "_CLOSE"}));
+    }
+
     void aScriptThatCannotBeReadSaysWhy()
     {
         ShownProgram program;

@@ -183,6 +183,16 @@ private slots:
         QVERIFY(commands.runner.isIdle());
     }
 
+    void aNullCharacterMakesAnotherName()
+    {
+        Commands commands;
+        const QString name = QStringLiteral("ECHO") + QChar::Null + QStringLiteral("ES");
+        const RunHandle run(commands.runner.run(name));
+        QCOMPARE(run->state(), CommandRun::State::Unknown);
+        QCOMPARE(commands.runs, QStringList());
+        QCOMPARE(commands.logged(), QStringList(QStringLiteral("command ECHO%00ES unknown")));
+    }
+
     void aCommandThatThrowsHasFailed()
     {
         Commands commands;

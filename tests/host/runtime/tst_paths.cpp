@@ -44,6 +44,7 @@ void tst_Paths::everyNameComesBack_data()
     QTest::newRow("what carries a byte, as UTF-8") << QByteArray("/\xed\xb3\xbf");
     QTest::newRow("beyond Unicode") << QByteArray("/\xf4\x90\x80\x80\xf8\xff");
     QTest::newRow("a wrong byte behind four bytes") << QByteArray("/\xf0\x9f\x93\x90\x90");
+    QTest::newRow("null bytes") << QByteArray("/a\0\xff\0", 5);
     QTest::newRow("a byte order mark") << QByteArray("\xef\xbb\xbf/a");
     QTest::newRow("a replacement character") << QByteArray("/\xef\xbf\xbd \xff");
     QTest::newRow("no character") << QByteArray("/\xef\xbf\xbf\xef\xb7\x90");

@@ -78,6 +78,7 @@ private slots:
             QStringLiteral("/\u00fcml\u00e4ut/\u6771\u4eac/\U0001F4D0.dwg"),
             QStringLiteral("//twice//slashed/../dotted.dwg"),
             QStringLiteral("/\u2028line separator.dwg"),
+            QStringLiteral("/null ") + QChar::Null, // which no file has, but a script may have said
             fxhost::pathFromBytes("/no\xff UTF-8 \xc3.dwg"),
             fxhost::pathFromBytes("/\xc3\xa4 and \xe4.dwg"),
         };

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+// A drawing file in, its picture or none out.
+#include "host/runtime/preview/DrawingHeader.h"
+#include "host/runtime/preview/PictureLimits.h"
+#include "host/runtime/preview/PreviewReader.h"
+#include "tests/fuzz/Costs.h"
+#include "tests/fuzz/MemoryFile.h"
+#include "tests/fuzz/Repair.h"
+#include "tests/fuzz/Target.h"
+
+#include <QCoreApplication>
+
+#include <malloc.h>
+
+using fuzz::require;
+
+namespace {
+
+QImage pictureIn(const QString &path)
+{
+    QImage picture;
+    fuzz::runWithinLimits([&] { picture = fxhost::readPreview(path); });
+    return picture;
+}
+
+//! Reads the picture again while all memory is handed out full of the one and then of the other rubbish:
+//! pixels that the reader leaves as they were differ.
+void requireEveryPixelWritten(const QString &path, const QImage &picture)
+{
+    for (const int rubbish : {0x55, 0xAA}) {
+        ::mallopt(M_PERTURB, rubbish); // NOLINT(concurrency-mt-unsafe): there is this thread alone
+        const QImage again = fxhost::readPreview(path);
+        ::mallopt(M_PERTURB, 0); // NOLINT(concurrency-mt-unsafe)
+        require(again == picture, "a picture is made of the file alone");
+    }
+}
+
+void checkPicture(const QImage &picture)
+{
+    if (picture.isNull())
+        return;
+    require(picture.width() <= fxhost::maxSide && picture.height() <= fxhost::maxSide,
+            "no side of a picture is longer than the limit");
+    require(picture.sizeInBytes() <= fxhost::maxDecodedBytes, "no picture takes more than the limit");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    static fuzz::MemoryFile file;
+    static const bool isPrepared = [] {
+        fuzz::dropWarnings();
+        // Both decoders are Qt's own; to learn from every plug-in that it does not want the data takes longer
+        // than all the rest.
+        QCoreApplication::setLibraryPaths({});
+        return true;
+    }();
+    static_cast<void>(isPrepared);
+
+    file.write(fuzz::bytesOf(data, size));
+    const QImage picture = pictureIn(file.path());
+    checkPicture(picture);
+    if (!picture.isNull() && !fuzz::isSanitized()) // which has an allocator of its own
+        requireEveryPixelWritten(file.path(), picture);
+
+    const bool isAlone = fxhost::holdsPreviewAlone(file.path());
+    const fxhost::DrawingHeader header = fxhost::readDrawingHeader(file.path());
+    const bool isDrawing = header.error == fxhost::DrawingError::None;
+    require(isDrawing == !header.version.isEmpty() && isDrawing == header.reason.isEmpty(),
+            "a file is a drawing of some version, or there is a reason why not");
+    require(isDrawing || (picture.isNull() && !isAlone), "only a drawing has a picture");
+    return 0;
+}
+
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t *data, std::size_t size, std::size_t maxSize,
+                                               unsigned int seed)
+{
+    const std::size_t newSize = LLVMFuzzerMutate(data, size, maxSize);
+    // Not always: that the reader notices is to be seen as well.
+    if (seed % 4 != 0)
+        fuzz::repairAddresses(data, newSize);
+    if (seed % 8 != 1)
+        fuzz::repairPngChecksums(data, newSize);
+    return newSize;
+}

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+// The file of recent documents in; what is accepted must come out again byte by byte, what is not stays as it
+// is under another name.
+#include "host/runtime/recent/RecentFileStore.h"
+#include "tests/fuzz/Costs.h"
+#include "tests/fuzz/Target.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+using fuzz::require;
+using fxhost::RecentFileStore;
+
+namespace {
+
+//! A folder in memory where there is one: a list is written to disk before its file is renamed.
+QString folderPattern()
+{
+    const QDir memory(QStringLiteral("/dev/shm"));
+    return (memory.exists() ? memory : QDir::temp()).filePath(QStringLiteral("fuzz-recentlist-XXXXXX"));
+}
+
+class ListFolder
+{
+    QTemporaryDir m_folder{folderPattern()};
+
+public:
+    const QString list = m_folder.filePath(QStringLiteral("list"));
+    const QString aside = m_folder.filePath(QStringLiteral("list.damaged"));
+    const QString other = m_folder.filePath(QStringLiteral("other"));
+
+    void fill(const QByteArray &bytes) const
+    {
+        for (const QString &file : {list, aside, other})
+            QFile::remove(file);
+        QFile file(list);
+        require(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size(),
+                "a list can be written");
+    }
+
+    static QByteArray contentOf(const QString &path)
+    {
+        QFile file(path);
+        require(file.open(QIODevice::ReadOnly), "a file is there");
+        return file.readAll();
+    }
+};
+
+void check(const ListFolder &folder, const QByteArray &bytes)
+{
+    const RecentFileStore::Kept loaded = RecentFileStore(folder.list).load();
+    if (!loaded.problem.isEmpty()) {
+        require(loaded.paths.isEmpty(), "a damaged list is an empty one");
+        require(ListFolder::contentOf(folder.aside) == bytes, "a damaged list is kept as it is");
+        return;
+    }
+    const auto asItIs = [](const QStringList &paths) { return paths; };
+    require(RecentFileStore(folder.other).update(loaded.paths, asItIs).problem.isEmpty(), "a list can be written");
+    require(ListFolder::contentOf(folder.other) == bytes, "a list that was accepted is written as it was");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    static const ListFolder folder;
+    const QByteArray bytes = fuzz::bytesOf(data, size);
+    folder.fill(bytes);
+    fuzz::runWithinLimits([&] { check(folder, bytes); });
+    return 0;
+}

@@ -2,6 +2,7 @@
 #include "module/ModuleLifetime.h"
 
 #include "module/RecentDocumentBrowser.h"
+#include "state/ButtonIcons.h"
 #include "ui/QBalloonTip.h"
 #include "ui/RecentDocMainWindow.h"
 
@@ -61,6 +62,7 @@ void end()
             delete object;
     }
     keptObjects.clear();
+    ButtonIcons::drop();
 }
 
 } // namespace ModuleLifetime

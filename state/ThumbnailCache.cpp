@@ -37,6 +37,12 @@ public:
 //! lets this thread read too, which therefore counts as one of the pool's.
 QVector<QImage> readPictures(const QVector<QString> &paths)
 {
+    if (QThreadPool::globalInstance()->maxThreadCount() == 0) { // by which Qt would divide
+        QVector<QImage> pictures;
+        for (const QString &path : paths)
+            pictures.append(RecentDocumentBrowser::GetQImage(path));
+        return pictures;
+    }
     const ReservedThread ourselves;
     return QtConcurrent::startMappedReduced<QImage, QVector<QImage>>(
                paths, QtPrivate::createFunctionWrapper(&RecentDocumentBrowser::GetQImage),

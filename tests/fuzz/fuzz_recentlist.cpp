@@ -56,7 +56,8 @@ void check(const ListFolder &folder, const QByteArray &bytes)
         return;
     }
     const auto asItIs = [](const QStringList &paths) { return paths; };
-    require(RecentFileStore(folder.other).update(loaded.paths, asItIs).problem.isEmpty(), "a list can be written");
+    require(RecentFileStore(folder.other).update(loaded.paths, asItIs).problem.isEmpty(),
+            "a list can be written");
     require(ListFolder::contentOf(folder.other) == bytes, "a list that was accepted is written as it was");
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "module/RecentDocumentBrowser.h"
 #include "state/FolderPinButton.h"
+#include "tests/support/ModuleInHost.h"
 #include "tests/support/TestCase.h"
 
 #include <QIcon>
@@ -49,6 +50,7 @@ private slots:
     void thePinButtonsPictureFollowsItsState();
     void theFolderButtonIsFixed();
     void theFolderButtonHasItsPicture();
+    void buttonsOfAKindShareTheirPictureAsLongAsTheModuleLives();
     void theButtonsBelongToTheirParent();
 };
 
@@ -142,6 +144,19 @@ void tst_Buttons::theFolderButtonHasItsPicture()
     QWidget parent;
     const FolderPinButton *folder = RecentDocumentBrowser::CreateFolderButton(&parent, documentPath);
     QCOMPARE(pictureOf(folder->icon(), QIcon::On), picture);
+}
+
+void tst_Buttons::buttonsOfAKindShareTheirPictureAsLongAsTheModuleLives()
+{
+    QWidget parent;
+    for (const auto create :
+         {RecentDocumentBrowser::CreatePinButton, RecentDocumentBrowser::CreateFolderButton}) {
+        ModuleInHost inHost;
+        const qint64 key = create(&parent, documentPath)->icon().cacheKey();
+        QCOMPARE(create(&parent, documentPath)->icon().cacheKey(), key);
+        inHost.end();
+        QVERIFY(create(&parent, documentPath)->icon().cacheKey() != key);
+    }
 }
 
 void tst_Buttons::theButtonsBelongToTheirParent()

@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/modules/ModuleManager.h"
+#include "tests/support/Memory.h"
+#include "tests/support/RealBrowser.h"
+#include "tests/support/TestCase.h"
+
+#include <QDialog>
+#include <QMenu>
+#include <QTimer>
+#include <QToolButton>
+#include <QWidgetAction>
+
+#include <algorithm>
+
+//! The built library used for long: what it does over and over again takes no more memory the last time.
+class tst_SteadyMemory : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void reopeningThePopupTakesNoMore_data();
+    void reopeningThePopupTakesNoMore();
+    void ofAnOpeningWithAPinOneSeparatorStays();
+    void movingTheHighlightTakesNoMore_data();
+    void movingTheHighlightTakesNoMore();
+    void ofAHoverOneStoppedTimerStays_data();
+    void ofAHoverOneStoppedTimerStays();
+};
+
+namespace {
+
+const QRect frame(0, 0, 1300, 1000);
+
+double percentOf(qint64 last, qint64 first)
+{
+    return 100.0 * static_cast<double>(last - first) / static_cast<double>(first);
+}
+
+//! By then whatever is made at first use and kept has been made.
+constexpr int warmUp = 50;
+
+//! Does a thing over and over again. \return by how much more memory is taken at the end, in percent, than
+//! after a tenth of it: of what is allocated or of what the system holds, whichever is more
+//! \param known what each time is known to add, in bytes
+template<class Thing>
+double growthOf(int times, qint64 known, const Thing &thing)
+{
+    const int early = qMax(times / 10, warmUp);
+    qint64 allocated = 0;
+    qint64 resident = 0;
+    for (int i = 1; i <= times; ++i) {
+        thing();
+        if (i == early) {
+            allocated = memory::allocated();
+            resident = memory::resident();
+        }
+    }
+    memory::tell("allocated early on", allocated);
+    memory::tell("allocated at the end", memory::allocated());
+    memory::tell("resident early on", resident);
+    memory::tell("resident at the end", memory::resident());
+    if (!memory::isMeasurable)
+        return 0;
+    const qint64 added = known * (times - early);
+    return qMax(percentOf(memory::allocated() - added, allocated),
+                percentOf(memory::resident() - added, resident));
+}
+
+void send(QWidget *widget, QEvent::Type type)
+{
+    QEvent event(type);
+    QCoreApplication::sendEvent(widget, &event);
+}
+
+} // namespace
+
+void tst_SteadyMemory::reopeningThePopupTakesNoMore_data()
+{
+    QTest::addColumn<int>("documents");
+    QTest::addColumn<int>("numbers");
+    QTest::newRow("10 documents") << 10 << 0;
+    QTest::newRow("50 documents") << 50
+                                  << 40; // from the eleventh on an entry's number gains a digit each time
+}
+
+void tst_SteadyMemory::reopeningThePopupTakesNoMore()
+{
+    QFETCH(int, documents);
+    QFETCH(int, numbers);
+    // A string grows by as much again as it holds.
+    const qint64 digits = numbers * 2 * qint64(sizeof(QChar));
+    RealBrowser browser(documents, frame);
+    const int openings = memory::rounds(1000);
+    int shown = 0;
+    const double percent = growthOf(openings, digits, [&] {
+        if (QDialog *popup = browser.openPopup()) {
+            shown += RealBrowser::tiles(popup).size();
+            popup->close();
+        }
+        drainEvents();
+    });
+    QCOMPARE(shown, documents * openings);
+    QVERIFY2(percent < 1, qPrintable(QString::number(percent)));
+}
+
+void tst_SteadyMemory::ofAnOpeningWithAPinOneSeparatorStays()
+{
+    RealBrowser browser(3, frame);
+    const auto open = [&browser] {
+        if (QDialog *popup = browser.openPopup())
+            popup->close();
+        drainEvents();
+    };
+    QDialog *popup = browser.openPopup();
+    QVERIFY(popup);
+    RealBrowser::button(RealBrowser::tiles(popup).constFirst(), "pinButton")->click();
+    popup->close();
+    open();
+    const int separators = browser.menuLines().count(QStringLiteral("-"));
+    const int openings = memory::rounds(1000);
+    const qint64 before = memory::allocated();
+    for (int i = 0; i < openings; ++i)
+        open();
+    const qint64 eachOne = (memory::allocated() - before) / openings;
+    QCOMPARE(browser.menuLines().count(QStringLiteral("-")), separators + openings);
+    memory::tell("an opening", eachOne);
+    QVERIFY(!memory::isMeasurable || eachOne < 2000);
+}
+
+void tst_SteadyMemory::movingTheHighlightTakesNoMore_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("along the row") << int(Qt::Key_Right);
+    QTest::newRow("along the column") << int(Qt::Key_Down);
+}
+
+void tst_SteadyMemory::movingTheHighlightTakesNoMore()
+{
+    QFETCH(int, key);
+    RealBrowser browser(50, frame);
+    QDialog *popup = browser.openPopup();
+    QVERIFY(popup);
+    const QList<QDialog *> tiles = RealBrowser::tiles(popup);
+    const int objects = popup->findChildren<QObject *>().size();
+    const double percent = growthOf(memory::rounds(100000), 0, [&] {
+        QTest::keyClick(popup, Qt::Key(key));
+        QCoreApplication::processEvents(); // draws it
+    });
+    QCOMPARE(RealBrowser::highlighted(tiles).size(), 1);
+    QCOMPARE(popup->findChildren<QObject *>().size(), objects);
+    QVERIFY2(percent < 1, qPrintable(QString::number(percent)));
+}
+
+void tst_SteadyMemory::ofAHoverOneStoppedTimerStays_data()
+{
+    QTest::addColumn<bool>("inMenu");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("a tile's pin") << false << QStringLiteral("pinButton");
+    QTest::newRow("a tile's folder") << false << QStringLiteral("folderButton");
+    QTest::newRow("a menu entry's pin") << true << QStringLiteral("pinButton");
+    QTest::newRow("a menu entry's folder") << true << QStringLiteral("folderButton");
+    QTest::newRow("a menu entry's text") << true << QStringLiteral("menuTextButton");
+}
+
+void tst_SteadyMemory::ofAHoverOneStoppedTimerStays()
+{
+    QFETCH(bool, inMenu);
+    QFETCH(QString, name);
+    const int hovers = memory::rounds(10000);
+    RealBrowser browser(3, frame);
+    QMenu menu;
+    browser.addRecentFiles(&menu, nullptr);
+    QDialog *popup = browser.openPopup();
+    QVERIFY(popup);
+    QWidget *parent = RealBrowser::tiles(popup).constFirst();
+    if (inMenu)
+        parent = qobject_cast<QWidgetAction *>(menu.actions().constLast())->defaultWidget();
+    QToolButton *button = RealBrowser::button(parent, qPrintable(name));
+    QVERIFY(button);
+    const int objects = parent->findChildren<QObject *>().size();
+
+    const qint64 before = memory::allocated();
+    for (int i = 0; i < hovers; ++i) {
+        send(button, QEvent::Enter);
+        send(button, QEvent::Leave);
+    }
+    memory::tell("for all hovers", memory::allocated() - before);
+    drainEvents();
+    const QList<QTimer *> timers = button->findChildren<QTimer *>();
+    QCOMPARE(timers.size(), hovers);
+    QCOMPARE(parent->findChildren<QObject *>().size(), objects + hovers);
+    QVERIFY(
+        std::none_of(timers.begin(), timers.end(), [](const QTimer *timer) { return timer->isActive(); }));
+
+    const QPointer<QTimer> first = timers.first();
+    const QPointer<QTimer> last = timers.last();
+    popup->close();
+    drainEvents();
+    QCOMPARE(first.isNull(), !inMenu);
+    browser.host().setMainWindow(nullptr);
+    browser.host().modules().unload(QStringLiteral(MODULE_FILE));
+    QVERIFY(!first && !last);
+}
+
+QTEST_MAIN(tst_SteadyMemory)
+#include "tst_steadymemory.moc"

@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/FxHost.h"
+#include "host/runtime/recent/RecentFiles.h"
+#include "module/RecentDocumentBrowser.h"
+#include "tests/support/PngBytes.h"
+#include "tests/support/PoolOf.h"
+#include "tests/support/PreviewBytes.h"
+#include "tests/support/TestCase.h"
+
+#include <QSemaphore>
+#include <QTemporaryDir>
+
+#include <atomic>
+
+using namespace testbytes;
+
+namespace {
+
+//! As many as a host's list may hold.
+constexpr int count = fxhost::RecentFiles::largestMaximum;
+
+//! No two documents have a picture of one size. In pixels.
+QSize sizeOf(int document)
+{
+    return {1 + document % 40, 1 + document / 40};
+}
+
+//! The kinds of picture take turns.
+bool isPng(int document)
+{
+    return document % 3 == 0;
+}
+
+QImage pictureOf(int document)
+{
+    const QSize size = sizeOf(document);
+    return patternPicture(isPng(document) ? 32 : 24, size.width(), size.height());
+}
+
+QByteArray drawingOf(int document)
+{
+    const QSize size = sizeOf(document);
+    return drawingWith(isPng(document) ? pngEntry(pngOf(pictureOf(document)))
+                                       : bitmapEntry(patternBitmap(24, size.width(), size.height()).bytes()))
+        .bytes();
+}
+
+QThreadPool &pool()
+{
+    return *QThreadPool::globalInstance();
+}
+
+} // namespace
+
+//! The pictures of a thousand documents, read by the real host while it needs the shared threads itself.
+class tst_CrowdedPool : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanup();
+
+    void anyNumberOfThreadsReadsThemAll_data();
+    void anyNumberOfThreadsReadsThemAll();
+    void withoutASpareThreadTheCallerReadsThemAll_data();
+    void withoutASpareThreadTheCallerReadsThemAll();
+    void aPoolThatReadsTheSameFilesLetsThemBeRead();
+    void aPoolThatWaitsForTheCallerLetsThemBeRead_data();
+    void aPoolThatWaitsForTheCallerLetsThemBeRead();
+
+private:
+    //! The documents that do not have their picture in the cache.
+    QList<int> wrongOnes() const;
+
+    QTemporaryDir m_folder;
+    fxhost::FxHost m_host{m_folder.filePath(QStringLiteral("profile")), QString()};
+    QStringList m_paths;
+};
+
+void tst_CrowdedPool::initTestCase()
+{
+    for (int i = 0; i < count; ++i)
+        m_paths.append(writeFile(m_folder.filePath(QStringLiteral("%1.dwg").arg(i)), drawingOf(i)));
+    QVERIFY(m_host.recentFiles().setMaximum(count));
+    m_host.recentFiles().setPaths(m_paths);
+    QCOMPARE(m_host.recentFiles().paths(), m_paths);
+}
+
+void tst_CrowdedPool::cleanup()
+{
+    RecentDocumentBrowser::recentFileImageMap.clear();
+    TestCase::cleanup();
+}
+
+QList<int> tst_CrowdedPool::wrongOnes() const
+{
+    QList<int> wrong;
+    for (int i = 0; i < count; ++i) {
+        const QImage read = RecentDocumentBrowser::recentFileImageMap.value(m_paths.at(i));
+        if (read.convertToFormat(QImage::Format_RGB32) != pictureOf(i))
+            wrong.append(i);
+    }
+    return wrong;
+}
+
+void tst_CrowdedPool::anyNumberOfThreadsReadsThemAll_data()
+{
+    QTest::addColumn<int>("threads");
+    QTest::newRow("many") << 16;
+    QTest::newRow("a few") << 4;
+    QTest::newRow("one") << 1;
+    QTest::newRow("none") << 0;
+    QTest::newRow("less than none") << -1;
+    QTest::newRow("much less than none") << -1000;
+}
+
+void tst_CrowdedPool::anyNumberOfThreadsReadsThemAll()
+{
+    QFETCH(int, threads);
+    const PoolOf size(threads);
+    for (int round = 0; round < 3; ++round) { // the second finds the threads of the first waiting
+        RecentDocumentBrowser::CreateRecentFileImageMap();
+        QCOMPARE(RecentDocumentBrowser::recentFileImageMap.size(), count);
+        QCOMPARE(wrongOnes(), QList<int>());
+    }
+}
+
+void tst_CrowdedPool::withoutASpareThreadTheCallerReadsThemAll_data()
+{
+    QTest::addColumn<int>("reserved");
+    QTest::newRow("all are reserved") << 4;
+    QTest::newRow("more are reserved than there are") << 9;
+}
+
+void tst_CrowdedPool::withoutASpareThreadTheCallerReadsThemAll()
+{
+    QFETCH(int, reserved);
+    const PoolOf size(4);
+    for (int i = 0; i < reserved; ++i)
+        pool().reserveThread();
+    RecentDocumentBrowser::CreateRecentFileImageMap();
+    for (int i = 0; i < reserved; ++i)
+        pool().releaseThread();
+    QCOMPARE(RecentDocumentBrowser::recentFileImageMap.size(), count);
+    QCOMPARE(wrongOnes(), QList<int>());
+}
+
+void tst_CrowdedPool::aPoolThatReadsTheSameFilesLetsThemBeRead()
+{
+    constexpr int threads = 3;
+    constexpr int tasks = 2 * threads; // as many again wait in the pool's queue
+    const PoolOf size(threads);
+    QSemaphore started;
+    std::atomic<int> pictures{0};
+    for (int i = 0; i < tasks; ++i) {
+        pool().start([&] {
+            started.release();
+            for (const QString &path : qAsConst(m_paths)) {
+                if (!RecentDocumentBrowser::GetQImage(path).isNull())
+                    ++pictures;
+            }
+        });
+    }
+    started.acquire(threads);
+    RecentDocumentBrowser::CreateRecentFileImageMap();
+    QCOMPARE(RecentDocumentBrowser::recentFileImageMap.size(), count);
+    QCOMPARE(wrongOnes(), QList<int>());
+    pool().waitForDone();
+    QCOMPARE(pictures.load(), tasks * count);
+}
+
+void tst_CrowdedPool::aPoolThatWaitsForTheCallerLetsThemBeRead_data()
+{
+    QTest::addColumn<int>("threads");
+    QTest::addColumn<int>("tasks");
+    QTest::newRow("its only thread waits") << 1 << 1;
+    QTest::newRow("all threads wait") << 4 << 4;
+    QTest::newRow("all threads wait, and tasks for them") << 4 << 12;
+    QTest::newRow("all but one thread wait") << 4 << 3;
+}
+
+void tst_CrowdedPool::aPoolThatWaitsForTheCallerLetsThemBeRead()
+{
+    QFETCH(int, threads);
+    QFETCH(int, tasks);
+    const PoolOf size(threads);
+    QSemaphore started;
+    QSemaphore callerIsBack;
+    std::atomic<int> ended{0};
+    for (int i = 0; i < tasks; ++i) {
+        pool().start([&] {
+            started.release();
+            callerIsBack.acquire();
+            ++ended;
+        });
+    }
+    started.acquire(qMin(threads, tasks));
+    QMetaObject::invokeMethod(
+        this, [&] { callerIsBack.release(tasks); }, Qt::QueuedConnection);
+    RecentDocumentBrowser::CreateRecentFileImageMap();
+    QCOMPARE(ended.load(), 0); // they still wait
+    drainEvents();
+    pool().waitForDone();
+    QCOMPARE(ended.load(), tasks);
+    QCOMPARE(RecentDocumentBrowser::recentFileImageMap.size(), count);
+    QCOMPARE(wrongOnes(), QList<int>());
+}
+
+QTEST_MAIN(tst_CrowdedPool)
+#include "tst_crowdedpool.moc"

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+// Tells the thread sanitizer what Qt orders. Qt's libraries are not built for it, and they make threads wait
+// for each other by system calls that it does not know: without this everything that one thread hands to
+// another through Qt would look like a race. The functions below stand in front of Qt's own of the same
+// names, do what those do, and say what is ordered by it; nothing else is, so a race in our code remains one.
+#include <QBasicMutex>
+#include <QFuture>
+#include <QMutex>
+#include <QRunnable>
+#include <QSemaphore>
+#include <QThreadPool>
+#include <QtConcurrentMap>
+
+#include <dlfcn.h>
+#include <sanitizer/tsan_interface.h>
+
+#include <functional>
+#include <memory>
+#include <utility>
+
+namespace {
+
+//! Qt's own function.
+template<class Function>
+Function real(const char *mangledName)
+{
+    return reinterpret_cast<Function>(dlsym(RTLD_NEXT, mangledName));
+}
+
+//! What a pooled thread has done so far is seen by whoever waits for all of a pool or for a future's end.
+char endOfWork;
+
+//! Runs what somebody has given to a pool: it sees what he had done until then.
+class Ordered : public QRunnable
+{
+public:
+    explicit Ordered(QRunnable *inner) : m_inner(inner), m_deletesInner(inner->autoDelete())
+    {
+        __tsan_release(this);
+    }
+    void run() override
+    {
+        __tsan_acquire(this);
+        m_inner->run(); // may delete itself, if it is not to be deleted here
+        if (m_deletesInner)
+            delete m_inner;
+        __tsan_release(&endOfWork);
+    }
+
+private:
+    QRunnable *m_inner;
+    bool m_deletesInner;
+};
+
+} // namespace
+
+void QMutex::lock() noexcept
+{
+    static const auto function = real<void (*)(QMutex *)>("_ZN6QMutex4lockEv");
+    function(this);
+    __tsan_acquire(this);
+}
+
+bool QMutex::tryLock(int timeout) noexcept
+{
+    static const auto function = real<bool (*)(QMutex *, int)>("_ZN6QMutex7tryLockEi");
+    const bool isLocked = function(this, timeout);
+    if (isLocked)
+        __tsan_acquire(this);
+    return isLocked;
+}
+
+void QMutex::unlock() noexcept
+{
+    static const auto function = real<void (*)(QMutex *)>("_ZN6QMutex6unlockEv");
+    __tsan_release(this);
+    function(this);
+}
+
+void QSemaphore::acquire(int count)
+{
+    static const auto function = real<void (*)(QSemaphore *, int)>("_ZN10QSemaphore7acquireEi");
+    function(this, count);
+    __tsan_acquire(this);
+}
+
+bool QSemaphore::tryAcquire(int count, int timeout)
+{
+    static const auto function = real<bool (*)(QSemaphore *, int, int)>("_ZN10QSemaphore10tryAcquireEii");
+    const bool isAcquired = function(this, count, timeout);
+    if (isAcquired)
+        __tsan_acquire(this);
+    return isAcquired;
+}
+
+void QSemaphore::release(int count)
+{
+    static const auto function = real<void (*)(QSemaphore *, int)>("_ZN10QSemaphore7releaseEi");
+    __tsan_release(this);
+    function(this, count);
+}
+
+void QThreadPool::start(QRunnable *runnable, int priority)
+{
+    static const auto function =
+        real<void (*)(QThreadPool *, QRunnable *, int)>("_ZN11QThreadPool5startEP9QRunnablei");
+    function(this, new Ordered(runnable), priority);
+}
+
+void QThreadPool::start(std::function<void()> task, int priority)
+{
+    start(QRunnable::create(std::move(task)), priority);
+}
+
+bool QThreadPool::tryStart(QRunnable *runnable)
+{
+    static const auto function =
+        real<bool (*)(QThreadPool *, QRunnable *)>("_ZN11QThreadPool8tryStartEP9QRunnable");
+    auto ordered = std::make_unique<Ordered>(runnable);
+    const bool isStarted = function(this, ordered.get());
+    if (isStarted)
+        static_cast<void>(ordered.release()); // the pool deletes it
+    return isStarted;
+}
+
+bool QThreadPool::waitForDone(int timeout)
+{
+    static const auto function = real<bool (*)(QThreadPool *, int)>("_ZN11QThreadPool11waitForDoneEi");
+    const bool isDone = function(this, timeout);
+    if (isDone)
+        __tsan_acquire(&endOfWork);
+    return isDone;
+}
+
+//! The threads of a parallel loop ask this between two pieces of work, and once more when none is left.
+bool QtConcurrent::ThreadEngineBase::isCanceled()
+{
+    static const auto function =
+        real<bool (*)(ThreadEngineBase *)>("_ZN12QtConcurrent16ThreadEngineBase10isCanceledEv");
+    __tsan_release(&endOfWork);
+    return function(this);
+}
+
+void QFutureInterfaceBase::reportFinished()
+{
+    static const auto function =
+        real<void (*)(QFutureInterfaceBase *)>("_ZN20QFutureInterfaceBase14reportFinishedEv");
+    __tsan_release(&endOfWork);
+    function(this);
+}
+
+void QFutureInterfaceBase::waitForResult(int index)
+{
+    static const auto function =
+        real<void (*)(QFutureInterfaceBase *, int)>("_ZN20QFutureInterfaceBase13waitForResultEi");
+    function(this, index);
+    __tsan_acquire(&endOfWork);
+}

@@ -13,7 +13,7 @@ echo "Building the release preset ..."
 scripts/quietly.sh cmake --preset release -DBUILD_TESTING=ON
 scripts/quietly.sh cmake --build --preset release --target RecentDocumentBrowser "${tests[@]}"
 
-export FULL_MEMORY_RUN=1
+export LONG_RUN=1
 export QTEST_FUNCTION_TIMEOUT=3600000 # milliseconds; the moves may take minutes
 export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
 status=0

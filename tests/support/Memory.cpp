@@ -26,7 +26,7 @@ qint64 memory::allocated()
 int memory::rounds(int full)
 {
     constexpr int part = isMeasurable ? 10 : 50; // under a sanitizer all is slow, and nothing is compared
-    return qEnvironmentVariableIsSet("FULL_MEMORY_RUN") ? full : full / part;
+    return qEnvironmentVariableIsSet("LONG_RUN") ? full : full / part;
 }
 
 void memory::tell(const char *what, qint64 bytes)

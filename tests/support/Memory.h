@@ -18,7 +18,7 @@ qint64 resident();
 //! Bytes that are allocated and not freed.
 qint64 allocated();
 
-//! How often to do a thing: a tenth of it, or less where nothing is measured, unless FULL_MEMORY_RUN is set,
+//! How often to do a thing: a tenth of it, or less where nothing is measured, unless LONG_RUN is set,
 //! as scripts/memory.sh does.
 int rounds(int full);
 

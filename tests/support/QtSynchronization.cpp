@@ -4,7 +4,6 @@
 // another through Qt would look like a race. The functions below stand in front of Qt's own of the same
 // names, do what those do, and say what is ordered by it; nothing else is, so a race in our code remains one.
 #include <QBasicMutex>
-#include <QFuture>
 #include <QMutex>
 #include <QRunnable>
 #include <QSemaphore>
@@ -27,7 +26,7 @@ Function real(const char *mangledName)
     return reinterpret_cast<Function>(dlsym(RTLD_NEXT, mangledName));
 }
 
-//! What a pooled thread has done so far is seen by whoever waits for all of a pool or for a future's end.
+//! What a pooled thread has done so far is seen by whoever waits for all of a pool or of a loop.
 char endOfWork;
 
 //! Runs what somebody has given to a pool: it sees what he had done until then.
@@ -141,18 +140,11 @@ bool QtConcurrent::ThreadEngineBase::isCanceled()
     return function(this);
 }
 
-void QFutureInterfaceBase::reportFinished()
+//! Whoever waits for all of a parallel loop has seen what its threads have done.
+void QtConcurrent::ThreadEngineBase::startBlocking()
 {
     static const auto function =
-        real<void (*)(QFutureInterfaceBase *)>("_ZN20QFutureInterfaceBase14reportFinishedEv");
-    __tsan_release(&endOfWork);
+        real<void (*)(ThreadEngineBase *)>("_ZN12QtConcurrent16ThreadEngineBase13startBlockingEv");
     function(this);
-}
-
-void QFutureInterfaceBase::waitForResult(int index)
-{
-    static const auto function =
-        real<void (*)(QFutureInterfaceBase *, int)>("_ZN20QFutureInterfaceBase13waitForResultEi");
-    function(this, index);
     __tsan_acquire(&endOfWork);
 }

@@ -138,7 +138,7 @@ void tst_FolderOnDesktop::realFileManagerShowsTheFolder()
     const QString title = QStringLiteral("h\u00e4user & g\u00e4rten");
     QTRY_COMPARE_WITH_TIMEOUT(RunningProgram::activeTitle(), title, 60000);
     // An empty folder has one colour, an icon with a name under it has many.
-    QTRY_VERIFY_WITH_TIMEOUT(coloursOfFiles(RunningProgram::findWindow(title)) > 5, 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(coloursOfFiles(RunningProgram::findWindow(title)) > 5, 60000);
     Hand::keepScreenshot(QStringLiteral("folder-in-the-file-manager"));
     // The first of its windows keeps the command running, and the program waits for the command's end.
     Hand::key(QStringLiteral("alt+F4"));

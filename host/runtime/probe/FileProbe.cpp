@@ -22,11 +22,11 @@ constexpr char helperName[] = "fxprobe";
 //! that was asleep.
 constexpr int patience = 5000;
 
-//! Those that could not end. To delete one would wait for it.
+//! Those that could not end. To delete one would wait for it, so nobody ever does.
 std::vector<QProcess *> &leftBehind()
 {
-    static std::vector<QProcess *> helpers;
-    return helpers;
+    static auto *const helpers = new std::vector<QProcess *>;
+    return *helpers;
 }
 
 //! The helper stands beside this library.

@@ -11,4 +11,6 @@ cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
 export SOAK_SECONDS=${1:-600} SOAK_SEED=${2:-$RANDOM}
 [[ -z ${3-} ]] || export SOAK_STEPS=$3
 echo "Seed $SOAK_SEED, $SOAK_SECONDS seconds."
+# Qt ends a test that takes longer than it is told, in milliseconds.
+export QTEST_FUNCTION_TIMEOUT=$(((SOAK_SECONDS + 600) * 1000))
 BROWSER_PRESET=asan ./test -R '^desktop/soak/tst_soak$' -V

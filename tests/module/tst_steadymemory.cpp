@@ -88,7 +88,7 @@ void tst_SteadyMemory::reopeningThePopupTakesNoMore()
     QFETCH(int, documents);
     QFETCH(int, numbers);
     // A string grows by as much again as it holds.
-    const qint64 digits = numbers * 2 * qint64(sizeof(QChar));
+    const qint64 digits = qint64(2) * numbers * qint64(sizeof(QChar));
     RealBrowser browser(documents, frame);
     const int openings = memory::rounds(1000);
     int shown = 0;

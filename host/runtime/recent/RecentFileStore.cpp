@@ -107,7 +107,7 @@ class RecentFileStore::Reading
 public:
     enum class Outcome { Read, NoFile, Damaged };
 
-    Outcome outcome;
+    Outcome outcome = Outcome::NoFile;
     QStringList paths;
 };
 

@@ -41,12 +41,12 @@ Thing *exported(const char *name)
 }
 
 //! The class's type is the module's own, so that no check of it can be linked.
-[[gnu::no_sanitize("vptr")]] QString pathOf(const FolderPinButton *button)
+__attribute__((no_sanitize("vptr"))) QString pathOf(const FolderPinButton *button)
 {
     return button->path();
 }
 
-[[gnu::no_sanitize("vptr")]] QString pathOf(const QDialog *tile)
+__attribute__((no_sanitize("vptr"))) QString pathOf(const QDialog *tile)
 {
     return pathOf(static_cast<const FolderPinButton *>(RealBrowser::button(tile, "pinButton")));
 }

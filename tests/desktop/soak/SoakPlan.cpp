@@ -12,7 +12,7 @@ constexpr struct
     int weight;
     const char *name;
 } kinds[] = {
-    {Kind::Key, 40, "key"},     {Kind::Click, 16, "click"},  {Kind::DoubleClick, 3, "double-click"},
+    {Kind::Key, 40, "key"},     {Kind::Click, 16, "click"},  {Kind::ClickTwice, 3, "double-click"},
     {Kind::Hover, 14, "hover"}, {Kind::Drag, 6, "drag"},     {Kind::Command, 18, "command"},
     {Kind::File, 8, "file"},    {Kind::Module, 1, "module"}, {Kind::Screen, 1, "screen"},
 };

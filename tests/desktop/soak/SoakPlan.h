@@ -8,15 +8,15 @@
 struct SoakStep
 {
     enum class Kind {
-        Key,         //!< choice: which one
-        Click,       //!< choice: button and modifier; at a place
-        DoubleClick, //!< at a place
-        Hover,       //!< over a place
-        Drag,        //!< choice: which tile; from a place in it to another
-        Command,     //!< choice: which command, and of which drawing
-        File,        //!< choice: what becomes of which drawing's file
-        Module,      //!< is unloaded or loaded
-        Screen,      //!< choice: its size
+        Key,        //!< choice: which one
+        Click,      //!< choice: button and modifier; at a place
+        ClickTwice, //!< at a place
+        Hover,      //!< over a place
+        Drag,       //!< choice: which tile; from a place in it to another
+        Command,    //!< choice: which command, and of which drawing
+        File,       //!< choice: what becomes of which drawing's file
+        Module,     //!< is unloaded or loaded
+        Screen,     //!< choice: its size
     };
 
     Kind kind;

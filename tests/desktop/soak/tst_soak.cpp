@@ -170,7 +170,7 @@ void Person::perform(const SoakStep &step)
     case SoakStep::Kind::Click:
         click(step);
         break;
-    case SoakStep::Kind::DoubleClick:
+    case SoakStep::Kind::ClickTwice:
         gui([&] { m_mayOpen = m_soak.shown(); });
         m_mayOpenAny = true;
         Hand::moveTo(place(step.x, step.y));
@@ -301,7 +301,7 @@ void Person::drag(const SoakStep &step)
 void Person::command(int choice)
 {
     const QStringList paths = m_soak.paths();
-    const QString path = paths.at(choice / 16 % paths.size());
+    const QString &path = paths.at(choice / 16 % paths.size());
     QString line;
     switch (choice % 16) {
     case 0:
@@ -344,7 +344,7 @@ void Person::command(int choice)
 void Person::file(int choice) const
 {
     const QStringList paths = m_soak.paths();
-    const QString path = paths.at(choice / 16 % paths.size());
+    const QString &path = paths.at(choice / 16 % paths.size());
     const QByteArray name = QFile::encodeName(path);
     const auto write = [&](const QByteArray &bytes) {
         QFile file(path);

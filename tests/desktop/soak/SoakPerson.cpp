@@ -1,0 +1,323 @@
+// SPDX-License-Identifier: MIT
+#include "tests/desktop/soak/SoakPerson.h"
+
+#include "host/runtime/commands/CommandRunner.h"
+#include "host/runtime/documents/DocumentManager.h"
+#include "tests/support/DragHand.h"
+#include "tests/support/Hand.h"
+#include "tests/support/RealBrowser.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+//! How long something may take that comes by itself, in milliseconds, on a busy machine too.
+constexpr int patience = 20000;
+
+} // namespace
+
+bool SoakPerson::guiUntil(const std::function<bool()> &condition)
+{
+    constexpr int pause = 5; // ms
+    QElapsedTimer waiting;
+    waiting.start();
+    bool holds = false;
+    for (gui([&] { holds = condition(); }); !holds && !waiting.hasExpired(patience);
+         gui([&] { holds = condition(); }))
+        msleep(pause);
+    return holds;
+}
+
+void SoakPerson::settle()
+{
+    for (int i = 0; i < 3; ++i)
+        gui([] { QCoreApplication::sendPostedEvents(); });
+}
+
+void SoakPerson::run()
+{
+    QFile log(QStringLiteral("soak.log"));
+    if (!log.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
+        qFatal("soak.log cannot be written");
+    QElapsedTimer day;
+    day.start();
+    while (problem.isEmpty() && !day.hasExpired(qint64(seconds) * 1000) &&
+           (mostSteps == 0 || steps < mostSteps)) {
+        const SoakStep step = m_plan.next();
+        ++steps;
+        log.write(QStringLiteral("%1 %2\n").arg(steps).arg(step.text()).toUtf8());
+        m_mayOpen.clear();
+        m_mustOpen = m_mayOpenAny = false;
+        perform(step);
+        settle();
+        welcomePopup();
+        if (problem.isEmpty())
+            gui([&] { problem = m_soak.problem(); });
+        if (problem.isEmpty() && !guiUntil([&] { return !m_soak.isWaitingForDeletion(); }))
+            problem = QStringLiteral("a closed popup's widgets are still there");
+        QStringList opened;
+        const auto isAsItShould = [&] {
+            opened += m_soak.takeOpened();
+            if (m_mustOpen)
+                return opened == m_mayOpen;
+            if (m_mayOpenAny)
+                return opened.size() <= 1 && (opened.isEmpty() || m_mayOpen.contains(opened.constFirst()));
+            return opened.isEmpty();
+        };
+        if (problem.isEmpty() && !guiUntil(isAsItShould)) {
+            problem = QStringLiteral("opened: %1; highlighted: %2")
+                          .arg(opened.join(QLatin1String(", ")), m_mayOpen.join(QLatin1String(", ")));
+        }
+        openings += opened.size();
+        // A desk that is full.
+        gui([&] {
+            if (m_soak.host().documents().documents().size() > 20)
+                m_soak.host().documents().closeAll();
+        });
+        if (!problem.isEmpty()) {
+            log.write(problem.toUtf8() + '\n');
+            gui([] { Hand::keepScreenshot(QStringLiteral("soak-problem")); });
+        }
+    }
+}
+
+QPoint SoakPerson::place(double x, double y) const
+{
+    QRect target;
+    gui([&] { target = m_soak.target(); });
+    return target.topLeft() + QPoint(int(x * target.width()), int(y * target.height()));
+}
+
+void SoakPerson::perform(const SoakStep &step)
+{
+    switch (step.kind) {
+    case SoakStep::Kind::Key:
+        key(step.choice);
+        break;
+    case SoakStep::Kind::Click:
+        click(step);
+        break;
+    case SoakStep::Kind::ClickTwice:
+        gui([&] { m_mayOpen = m_soak.shown(); });
+        m_mayOpenAny = true;
+        Hand::moveTo(place(step.x, step.y));
+        Hand::doubleClick();
+        pressed(5);
+        break;
+    case SoakStep::Kind::Hover:
+        Hand::moveTo(place(step.x, step.y));
+        pressed(1);
+        break;
+    case SoakStep::Kind::Drag:
+        drag(step);
+        break;
+    case SoakStep::Kind::Command:
+        command(step.choice);
+        break;
+    case SoakStep::Kind::File:
+        file(step.choice);
+        break;
+    case SoakStep::Kind::Module:
+        gui([&] { m_soak.toggleModule(); });
+        break;
+    case SoakStep::Kind::Screen:
+        screen(step.choice);
+        break;
+    }
+}
+
+void SoakPerson::welcomePopup()
+{
+    const bool isSettled = guiUntil([&] {
+        const QDialog *popup = m_soak.popup();
+        return !popup || m_soak.isKnown(popup) || QApplication::activeWindow() == popup;
+    });
+    if (!isSettled)
+        problem = QStringLiteral("a popup does not get the keyboard");
+}
+
+//! Whether a popup gets the next key. The window manager may be about to give the keyboard to somebody else,
+//! so this waits until the display and the program agree on who has it.
+bool SoakPerson::popupHasTheKeyboard()
+{
+    bool isPopup = false;
+    const bool agreed = guiUntil([&] {
+        QWidget *active = QApplication::activeWindow();
+        QProcess xdotool;
+        xdotool.start(QStringLiteral("xdotool"), {QStringLiteral("getwindowfocus")});
+        xdotool.waitForFinished();
+        const WId focus = xdotool.readAllStandardOutput().trimmed().toULongLong();
+        const QList<QDialog *> popups = RealBrowser::popups();
+        isPopup = active && popups.contains(qobject_cast<QDialog *>(active));
+        return active && active->winId() == focus;
+    });
+    return agreed && isPopup;
+}
+
+void SoakPerson::key(int choice)
+{
+    static const char *const keys[] = {
+        "Right", "Right",       "Left",       "Down",       "Up",           "Tab", "Tab",    "shift+Right",
+        "space", "shift+Right", "shift+Left", "ctrl+Right", "control+Left", "F4",  "Escape", "Return",
+        "F4",    "F4",          "F6",         "x",          "Home",         "F4",  "Next",   "BackSpace"};
+    const char *key = keys[std::size_t(choice) % std::size(keys)];
+    if (qstrcmp(key, "Return") == 0 && popupHasTheKeyboard()) {
+        gui([&] { m_mayOpen = m_soak.highlighted(); });
+        m_mustOpen = true;
+    }
+    Hand::key(QLatin1String(key));
+    pressed(2);
+}
+
+void SoakPerson::click(const SoakStep &step)
+{
+    static const char *const modifiers[] = {"", "", "", "ctrl", "shift"};
+    const QString modifier = QLatin1String(modifiers[std::size_t(step.choice) % std::size(modifiers)]);
+    const int button = step.choice % 11 == 0 ? 3 : step.choice % 13 == 0 ? 2 : 1;
+    Hand::moveTo(place(step.x, step.y));
+    // Two clicks at one place in a moment are a double-click.
+    gui([&] { m_mayOpen = m_soak.shown(); });
+    m_mayOpenAny = true;
+    if (!modifier.isEmpty())
+        Hand::holdKey(modifier);
+    Hand::click(button);
+    if (!modifier.isEmpty())
+        Hand::releaseKey(modifier);
+    pressed(modifier.isEmpty() ? 3 : 5);
+}
+
+void SoakPerson::drag(const SoakStep &step)
+{
+    constexpr int strides = 24;
+    QRect tile;
+    QRect area;
+    gui([&] {
+        tile = m_soak.tile(step.choice);
+        area = m_soak.area();
+    });
+    const QPoint from = tile.topLeft() + QPoint(int(step.x * tile.width()), int(step.y * tile.height()));
+    const QPoint to = area.topLeft() + QPoint(int(step.toX * area.width()), int(step.toY * area.height()));
+    Hand::moveTo(from);
+    Hand::press();
+    for (int i = 1; i <= strides; ++i) {
+        Hand::moveTo(from + (to - from) * i / strides);
+        settle();
+    }
+    gui([&] {
+        m_mayOpen = m_soak.highlighted();
+        drags += DragHand::isDragging();
+    });
+    if (step.choice % 4 == 0)
+        Hand::key(QStringLiteral("Escape"));
+    Hand::release();
+    pressed(strides + 3);
+    if (!guiUntil([] { return !DragHand::isDragging(); }))
+        problem = QStringLiteral("a drag does not end");
+    settle();
+    // Whether it went out of the popup, and not within or from something else, is the popup's to say.
+    QStringList opened;
+    gui([&] { opened = m_soak.takeOpened(); });
+    openings += opened.size();
+    if (!opened.isEmpty() && opened != m_mayOpen) {
+        problem = QStringLiteral("a drag opened: %1; highlighted: %2")
+                      .arg(opened.join(QLatin1String(", ")), m_mayOpen.join(QLatin1String(", ")));
+    }
+    m_mayOpen.clear();
+}
+
+void SoakPerson::command(int choice)
+{
+    const QStringList paths = m_soak.paths();
+    const QString &path = paths.at(choice / 16 % paths.size());
+    QString line;
+    switch (choice % 16) {
+    case 0:
+    case 1:
+    case 2:
+    case 3:
+        line = QStringLiteral("_OPEN ") + path;
+        m_mayOpen = QStringList(path);
+        m_mustOpen = true;
+        break;
+    case 4:
+    case 5:
+        line = QStringLiteral("_CLOSE");
+        break;
+    case 6:
+        line = QStringLiteral("_NEW");
+        break;
+    case 7:
+        line = QStringLiteral("_CASCADE");
+        break;
+    case 8:
+        line = QStringLiteral("_RECENTLIMIT %1").arg(1 + choice / 16 % 24);
+        break;
+    case 9:
+        line = QStringLiteral("_RECENTADD ") + path + QStringLiteral(" (not there)");
+        break;
+    case 10:
+        line = QStringLiteral("_RHELP");
+        break;
+    case 11:
+        line = QStringLiteral("^C^C_TILE");
+        break;
+    default:
+        line = QStringLiteral("^C^C_RECENT");
+        break;
+    }
+    gui([&] { m_soak.host().commands().runLine(line); });
+}
+
+void SoakPerson::file(int choice) const
+{
+    const QStringList paths = m_soak.paths();
+    const QString &path = paths.at(choice / 16 % paths.size());
+    const QByteArray name = QFile::encodeName(path);
+    const auto write = [&](const QByteArray &bytes) {
+        QFile file(path);
+        if (file.open(QIODevice::WriteOnly))
+            file.write(bytes);
+    };
+    ::unlink(name.constData());
+    ::rmdir(name.constData());
+    const QByteArray bytes = SoakHost::drawingBytes(choice);
+    switch (choice % 16) {
+    case 0:
+        break; // it has vanished
+    case 1:
+        write(bytes.left(choice % bytes.size()));
+        break;
+    case 2:
+        write(QByteArray(1000, char(choice)));
+        break;
+    case 3:
+        ::mkfifo(name.constData(), S_IRUSR | S_IWUSR);
+        break;
+    case 4:
+        ::mkdir(name.constData(), S_IRWXU);
+        break;
+    case 5:
+        if (::symlink(name.constData(), name.constData()) != 0) // to itself
+            write({});
+        break;
+    case 6:
+        write({});
+        break;
+    default:
+        write(bytes);
+        break;
+    }
+}
+
+void SoakPerson::screen(int choice)
+{
+    const char *mode = choice % 2 ? "soak" : "1920x1200";
+    QProcess::execute(QStringLiteral("xrandr"), {QStringLiteral("--output"), QStringLiteral("screen"),
+                                                 QStringLiteral("--mode"), QLatin1String(mode)});
+}

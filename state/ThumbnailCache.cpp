@@ -37,8 +37,10 @@ public:
 //! lets this thread read too, which therefore counts as one of the pool's.
 QVector<QImage> readPictures(const QVector<QString> &paths)
 {
-    if (QThreadPool::globalInstance()->maxThreadCount() == 0) { // by which Qt would divide
+    const QThreadPool &pool = *QThreadPool::globalInstance();
+    if (pool.maxThreadCount() - pool.activeThreadCount() <= 1) { // nobody but us
         QVector<QImage> pictures;
+        pictures.reserve(paths.size());
         for (const QString &path : paths)
             pictures.append(RecentDocumentBrowser::GetQImage(path));
         return pictures;

@@ -51,6 +51,8 @@ private slots:
     void whateverTheHostThrowsIsDropped();
     void readingTouchesNoState();
     void severalAreReadAtOnce();
+    void noMoreAreReadAtOnceThanThePoolHasThreads_data();
+    void noMoreAreReadAtOnceThanThePoolHasThreads();
     void picturesBelongToTheirPathsWhateverTheOrder();
     void theCallerWaitsForAllOfThem();
     void aFullPoolIsNotWaitedFor();
@@ -208,6 +210,34 @@ void tst_PreviewReading::severalAreReadAtOnce()
     RecentDocumentBrowser::CreateRecentFileImageMap();
     QCOMPARE(lonely.load(), 0);
     QCOMPARE(arrived.load(), 8);
+}
+
+void tst_PreviewReading::noMoreAreReadAtOnceThanThePoolHasThreads_data()
+{
+    QTest::addColumn<int>("threads");
+    for (const int threads : {1, 2, 3})
+        QTest::newRow(qPrintable(QString::number(threads))) << threads;
+}
+
+void tst_PreviewReading::noMoreAreReadAtOnceThanThePoolHasThreads()
+{
+    QFETCH(int, threads);
+    QVERIFY(QThreadPool::globalInstance()->waitForDone()); // none is left over from before
+    const PoolOf pool(threads);
+    Browser browser(40);
+    std::atomic<int> reading{0};
+    std::atomic<int> most{0};
+    browser.host.onLoadPreview = [&](const QString &path, QImage &image) {
+        const int now = ++reading;
+        for (int before = most; now > before && !most.compare_exchange_weak(before, now);) {}
+        std::this_thread::yield();
+        image = pictureOf(path);
+        --reading;
+        return true;
+    };
+    RecentDocumentBrowser::CreateRecentFileImageMap();
+    QVERIFY2(most.load() >= 1 && most.load() <= threads, qPrintable(QString::number(most.load())));
+    QCOMPARE(QThreadPool::globalInstance()->maxThreadCount(), threads); // and it is the host's again
 }
 
 void tst_PreviewReading::picturesBelongToTheirPathsWhateverTheOrder()

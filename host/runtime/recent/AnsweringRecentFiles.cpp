@@ -28,7 +28,9 @@ void AnsweringRecentFiles::GetPaths(std::vector<CFxString> &paths) const
     for (const QString &path : silent)
         listed.removeOne(path);
     paths.assign(listed.begin(), listed.end());
-    tellOf(silent); // last: whoever shows it may run events, and ask again
+    // Last: whoever shows it may run events, and ask again.
+    tellOf(silent);
+    tellOf(m_probe.problem());
 }
 
 void AnsweringRecentFiles::tellOf(const QStringList &silent) const
@@ -43,6 +45,15 @@ void AnsweringRecentFiles::tellOf(const QStringList &silent) const
         m_report(tr("Not shown as recent while the disk or server does not answer: %1")
                      .arg(news.join(QLatin1String(", "))));
     }
+}
+
+void AnsweringRecentFiles::tellOf(const QString &problem) const
+{
+    if (problem == m_toldProblem)
+        return;
+    m_toldProblem = problem;
+    m_report(problem + QLatin1Char(' ') +
+             tr("Recent drawings on a disk or server that does not answer may hold up the program."));
 }
 
 } // namespace fxhost

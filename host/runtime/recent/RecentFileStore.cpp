@@ -129,8 +129,7 @@ QString RecentFileStore::setDamagedAside()
     const QString aside = setAside(m_file);
     m_mayWrite = !aside.isEmpty();
     if (!m_mayWrite) {
-        return tr("The list of recent documents, %1, is damaged and cannot be set aside. It is left as it "
-                  "is, "
+        return tr("The list of recent documents, %1, is damaged and cannot be set aside. It is left alone, "
                   "and nothing is kept of this run.")
             .arg(m_file);
     }

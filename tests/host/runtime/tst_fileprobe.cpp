@@ -36,6 +36,7 @@ private slots:
     void theEndDoesNotWaitForSilentFiles();
     void aHelperThatDiesIsReplaced();
     void withoutAHelperNothingIsSilent();
+    void withoutAHelperItIsSaidOnce();
     void modulesGetWhatAnswers_data() { addKinds(); }
     void modulesGetWhatAnswers();
 
@@ -187,6 +188,23 @@ void tst_FileProbe::withoutAHelperNothingIsSilent()
     FileProbe silentOne(QStringLiteral("/bin/true")); // starts, and says nothing
     QCOMPARE(silentOne.silent({file}), QStringList());
     QVERIFY(!silentOne.problem().isEmpty());
+}
+
+void tst_FileProbe::withoutAHelperItIsSaidOnce()
+{
+    const QString nowhere = QStringLiteral("/no such folder/fxprobe");
+    fxhost::RecentFiles listed;
+    listed.setPaths({QStringLiteral("/a.dwg")});
+    FileProbe probe(nowhere);
+    QStringList said;
+    const fxhost::AnsweringRecentFiles list(listed, probe, [&](const QString &text) { said.append(text); });
+    std::vector<CFxString> paths;
+    for (int i = 0; i < 3; ++i) {
+        list.GetPaths(paths);
+        QCOMPARE(QStringList(paths.begin(), paths.end()), listed.paths());
+    }
+    QCOMPARE(said.size(), 1);
+    QVERIFY2(said.constFirst().contains(nowhere), qPrintable(said.constFirst()));
 }
 
 void tst_FileProbe::modulesGetWhatAnswers()

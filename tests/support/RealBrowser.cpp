@@ -31,26 +31,26 @@ QStringList numberedNames(int count)
     return names;
 }
 
-//! A picture of its own colour for each drawing.
-QByteArray drawingBytes(int number)
+} // namespace
+
+QByteArray RealBrowser::drawingBytes(int number)
 {
     QImage picture(180, 112, QImage::Format_RGB32);
     picture.fill(QColor::fromHsv((number * 47) % 360, 160, 230));
     return fxsamples::drawingFile(picture, {});
 }
 
-//! What the loaded module exports under that mangled name.
-void *exported(const char *name)
+void *RealBrowser::exported(const char *name)
 {
     void *library = dlopen(MODULE_FILE, RTLD_NOW | RTLD_NOLOAD);
+    if (!library)
+        return nullptr;
     void *symbol = dlsym(library, name);
+    dlclose(library); // the host holds it
     if (!symbol)
         qFatal("the module does not export %s", name);
-    dlclose(library); // the host holds it
     return symbol;
 }
-
-} // namespace
 
 RealBrowser::RealBrowser(int count, const QRect &frame) : RealBrowser(numberedNames(count), frame) {}
 

@@ -26,6 +26,11 @@ public:
     RealBrowser(const QStringList &names, const QRect &frame);
     ~RealBrowser();
 
+    //! A drawing with a picture of a colour of its own.
+    static QByteArray drawingBytes(int number);
+    //! What the loaded module exports under that mangled name; null while none is loaded.
+    static void *exported(const char *name);
+
     QStringList paths() const { return m_paths; }
     fxhost::FxHost &host() { return *m_host; }
     QMainWindow &window() { return *m_window; }

@@ -5,7 +5,6 @@
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/modules/ModuleManager.h"
 #include "host/runtime/recent/RecentFiles.h"
-#include "samples/DrawingWriter.h"
 #include "state/FolderPinButton.h"
 #include "tests/support/RealBrowser.h"
 
@@ -19,8 +18,6 @@
 
 #include <algorithm>
 
-#include <dlfcn.h>
-
 namespace {
 
 constexpr int drawings = 24;
@@ -30,14 +27,7 @@ constexpr int limit = 16; // recent documents: some always fall out
 template<class Thing>
 Thing *exported(const char *name)
 {
-    void *library = dlopen(MODULE_FILE, RTLD_NOW | RTLD_NOLOAD);
-    if (!library)
-        return nullptr;
-    void *symbol = dlsym(library, name);
-    dlclose(library); // the host holds it
-    if (!symbol)
-        qFatal("the module does not export %s", name);
-    return reinterpret_cast<Thing *>(symbol);
+    return reinterpret_cast<Thing *>(RealBrowser::exported(name));
 }
 
 //! The class's type is the module's own, so that no check of it can be linked.
@@ -74,7 +64,7 @@ SoakHost::SoakHost()
     for (int i = 0; i < drawings; ++i) {
         m_paths.append(m_folder.filePath(QStringLiteral("drawing %1.dwg").arg(i)));
         QFile file(m_paths.constLast());
-        if (!file.open(QIODevice::WriteOnly) || file.write(drawingBytes(i)) < 0)
+        if (!file.open(QIODevice::WriteOnly) || file.write(RealBrowser::drawingBytes(i)) < 0)
             qFatal("cannot make %s", qPrintable(file.fileName()));
     }
     QFile menus(QStringLiteral(":/customization.json"));
@@ -95,13 +85,6 @@ SoakHost::SoakHost()
 }
 
 SoakHost::~SoakHost() = default;
-
-QByteArray SoakHost::drawingBytes(int number)
-{
-    QImage picture(180, 112, QImage::Format_RGB32);
-    picture.fill(QColor::fromHsv((number * 47) % 360, 160, 230));
-    return fxsamples::drawingFile(picture, {});
-}
 
 QDialog *SoakHost::popup() const
 {

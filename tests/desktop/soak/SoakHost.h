@@ -24,7 +24,6 @@ public:
     fxhost::FxHost &host() { return *m_host; }
     //! Where the drawings are, or would be.
     QStringList paths() const { return m_paths; }
-    static QByteArray drawingBytes(int number);
 
     //! Where to press: the newest popup, or the window's drawing area when there is none; global pixels.
     QRect target() const;

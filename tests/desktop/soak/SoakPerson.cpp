@@ -286,7 +286,7 @@ void SoakPerson::file(int choice) const
     };
     ::unlink(name.constData());
     ::rmdir(name.constData());
-    const QByteArray bytes = SoakHost::drawingBytes(choice);
+    const QByteArray bytes = RealBrowser::drawingBytes(choice);
     switch (choice % 16) {
     case 0:
         break; // it has vanished

@@ -59,16 +59,7 @@ protected:
 class CompanionModule : public vela_OdRxModule, public CFxDocumentManagerReactor, public CFxEditorReactor
 {
 public:
-    void initApp() override
-    {
-        OdEdCommandStack *const commands = odedRegCmds();
-        commands->addCommand(&m_command);
-        commands->release();
-        OdEditor *const editor = odedEditor();
-        editor->addReactor(this);
-        editor->release();
-        GetFxSystemServices()->GetDocumentManager()->AddReactor(this);
-    }
+    void initApp() override { comeIn(this, &m_command); }
 
     void uninitApp() override {}
 

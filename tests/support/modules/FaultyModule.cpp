@@ -65,13 +65,7 @@ class FaultyModule : public vela_OdRxModule, public CFxDocumentManagerReactor, p
 public:
     void initApp() override
     {
-        OdEdCommandStack *const commands = odedRegCmds();
-        commands->addCommand(&m_command);
-        commands->release();
-        OdEditor *const editor = odedEditor();
-        editor->addReactor(this);
-        editor->release();
-        GetFxSystemServices()->GetDocumentManager()->AddReactor(this);
+        comeIn(this, &m_command);
         if (fault == Fault::ThrowsWhenStarted)
             throw ModuleError();
     }

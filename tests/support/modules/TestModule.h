@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <CFxDocumentManager.h>
+#include <CFxServices.h>
+#include <OdEdCommandStack.h>
+#include <OdEditor.h>
 #include <OdRxUnixModule.h>
 #include <vela_OdRxModule.h>
 
@@ -16,6 +20,19 @@ inline void noteCall(const char *module, const QString &call)
     QStringList calls = qApp->property(property).toStringList();
     calls.append(QString::fromLatin1(module) + QLatin1Char(' ') + call);
     qApp->setProperty(property, calls);
+}
+
+//! Has the host tell module, a reactor of both sorts, of everything, and adds its command.
+template<class Module>
+void comeIn(Module *module, OdEdCommand *command)
+{
+    OdEdCommandStack *const commands = odedRegCmds();
+    commands->addCommand(command);
+    commands->release();
+    OdEditor *const editor = odedEditor();
+    editor->addReactor(module);
+    editor->release();
+    GetFxSystemServices()->GetDocumentManager()->AddReactor(module);
 }
 
 //! Marks what a module library shows to the loader.

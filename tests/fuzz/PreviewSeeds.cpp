@@ -158,7 +158,7 @@ void addPngs(Seeds &to)
 //! Small files whose pictures are as large as can be.
 void addLargest(Seeds &to)
 {
-    constexpr int side = 4000;
+    constexpr int side = 2560;
     BitmapBytes runs = inRuns(patternBitmap(8, width, height));
     runs.width = runs.height = side;
     to.addBitmap(QStringLiteral("largest-bitmap-8-runs"), runs);

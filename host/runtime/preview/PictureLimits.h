@@ -9,9 +9,9 @@ namespace fxhost {
 //! pointer for each row must not be made to keep millions.
 constexpr qint64 maxSide = 32767;
 
-//! Largest picture once decoded, in bytes: 16 megapixels of four bytes, over twice what drawings are known to
-//! hold. Bounds the memory that one reading takes.
-constexpr qint64 maxDecodedBytes = 64'000'000;
+//! Largest picture once decoded, in bytes: 2560 by 2560 pixels of four bytes, the most that a CAD application
+//! is known to store. Bounds the memory that one reading takes, and its time: a popup waits for it.
+constexpr qint64 maxDecodedBytes = qint64{2560} * 2560 * 4;
 
 //! What a decoded pixel takes, in bits. Some pictures take less, and are treated as if they did not.
 constexpr int plainPixel = 32;
@@ -25,11 +25,13 @@ constexpr bool isDecodable(qint64 width, qint64 height, int bitsPerPixel)
 }
 
 //! What may still be spent on the entries of one drawing. Two hundred of them that each break at their very
-//! end would otherwise take minutes.
+//! end would otherwise take many seconds.
 struct DecodingBudget
 {
-    qint64 bytes = 3 * maxDecodedBytes; //!< read and decoded; the largest picture fits, however it is stored
-    int chunks = 65536; //!< parts of PNGs; a PNG of the largest size has some 8000 as commonly written
+    //! Bytes read and, since that takes longer, twice those decoded. The largest picture fits, however it is
+    //! stored, and a second one as large does not.
+    qint64 bytes = 4 * maxDecodedBytes;
+    int chunks = 65536; //!< parts of PNGs; a PNG of the largest size has some 3200 as commonly written
 };
 
 } // namespace fxhost

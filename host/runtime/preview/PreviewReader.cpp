@@ -28,7 +28,8 @@ QImage decode(const RegularFile &file, const PictureLayout &layout, DecodingBudg
     const QSize size(claimed.width(), std::abs(claimed.height()));
     if (!isDecodable(size.width(), size.height(), layout.bitsPerPixel))
         return {};
-    budget->bytes -= qint64(size.width()) * size.height() * layout.bitsPerPixel / 8 + storedSize;
+    const qint64 decodedSize = qint64(size.width()) * size.height() * layout.bitsPerPixel / 8;
+    budget->bytes -= storedSize + 2 * decodedSize;
     if (budget->bytes < 0)
         return {};
 

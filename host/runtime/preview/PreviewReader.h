@@ -10,10 +10,10 @@ namespace fxhost {
 
 //! The picture that is stored in the drawing at path, in its own size and format; bitmaps are always opaque.
 //! A null image means that there is none: no such file, no drawing, no picture in it, or one that is broken
-//! or larger than 16 megapixels.
+//! or larger than 2560 by 2560 pixels hold.
 //!
 //! Any thread, several at once. Never throws, and never waits for a FIFO, a device or a socket. Whatever the
-//! file claims, memory stays below 96 MiB, the image included, and time below some seconds.
+//! file claims, memory stays below 32 MiB, the image included, and time about a tenth of a second.
 FXHOST_API QImage readPreview(const QString &path);
 
 //! Whether the drawing at path holds a header and a preview and nothing more, as samples do. Any thread.

@@ -163,7 +163,7 @@ void tst_PreviewRefusals::aWrongBitmapGivesNone_data()
     for (const qint32 side : {0, height + 1, -height - 1, most, least, -most, 0x10000, 32768})
         QTest::addRow("a height of %d", side) << with(good, &BitmapBytes::height, side);
     for (const auto &[w, h] : std::initializer_list<std::pair<qint32, qint32>>{
-             {0x10000, 0x10000}, {0x8000, 0x20000}, {most, most}, {4001, 4000}, {32767, 32767}})
+             {0x10000, 0x10000}, {0x8000, 0x20000}, {most, most}, {2561, 2560}, {32767, 32767}})
         QTest::addRow("%d by %d pixels", w, h)
             << with(with(good, &BitmapBytes::width, w), &BitmapBytes::height, h);
     for (const quint32 size :
@@ -273,13 +273,13 @@ void tst_PreviewRefusals::aWrongPngGivesNone_data()
                                                                                  {0x80000000U, 1},
                                                                                  {0xFFFFFFFFU, 0xFFFFFFFFU},
                                                                                  {16000, 16000},
-                                                                                 {4001, 4000},
+                                                                                 {2561, 2560},
                                                                                  {1, 32768}})
         QTest::addRow("a claim of %u by %u pixels", w, h) << pngEntry(withHeader(good, {w, h, 8, 2}));
     add("an unknown depth", withHeader(good, {width, height, 7, 2}));
     add("a depth that the colours cannot have", withHeader(good, {width, height, 16, 3}));
     add("a palette missing", withHeader(good, {width, height, 8, 3}));
-    add("deep and larger than its share of memory", blankPng({4000, 2001, 16, 0}));
+    add("deep and larger than its share of memory", blankPng({2560, 1281, 16, 0}));
 
     const auto damaged = [&good](const char *chunk, int behind) {
         QByteArray png = good;

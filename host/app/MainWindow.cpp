@@ -9,6 +9,7 @@
 #include "host/app/HelpWindow.h"
 #include "host/runtime/FxHost.h"
 #include "host/runtime/HostSettings.h"
+#include "host/runtime/Paths.h"
 #include "host/runtime/commands/CommandRun.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/customization/Customization.h"
@@ -29,6 +30,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPointer>
 #include <QSplitter>
 #include <QStatusBar>
 
@@ -60,13 +62,20 @@ bool isForCommandLine(const QKeyEvent &event)
     }
 }
 
+//! To the byte, which QUrl::toLocalFile() does not give where a name is no UTF-8.
+QString pathOf(const QUrl &localFile)
+{
+    const QByteArray path = localFile.path(QUrl::FullyEncoded).toLatin1();
+    return pathFromBytes(QByteArray::fromPercentEncoding(path));
+}
+
 QStringList filesIn(const QDropEvent &event)
 {
     QStringList files;
     const QList<QUrl> urls = event.mimeData()->urls();
     for (const QUrl &url : urls) {
         if (url.isLocalFile())
-            files.append(QDir::cleanPath(url.toLocalFile()));
+            files.append(QDir::cleanPath(pathOf(url)));
     }
     return files;
 }
@@ -150,14 +159,30 @@ void MainWindow::showHelp(int topic)
     m_helpWindow->showTopic(topic);
 }
 
+//! Where the last drawing was chosen, if that answers: the dialog would wait for it.
+QString MainWindow::firstDirectory()
+{
+    for (const QString &directory : {m_host.settings().lastDirectory(), QDir::homePath()}) {
+        if (!directory.isEmpty() && m_host.fileProbe().silent({directory}).isEmpty())
+            return directory;
+    }
+    return QDir::rootPath();
+}
+
 QString MainWindow::choosePath()
 {
-    const QString last = m_host.settings().lastDirectory();
-    const bool answers = m_host.fileProbe().silent({last}).isEmpty(); // else the dialog would wait for it
-    const QString path = QFileDialog::getOpenFileName(this, tr("Open Drawing"), answers ? last : QString(),
-                                                      tr("Drawings (*.dwg *.DWG);;All files (*)"));
+    const QPointer<QFileDialog> dialog = new QFileDialog(this, tr("Open Drawing"), firstDirectory(),
+                                                         tr("Drawings (*.dwg *.DWG);;All files (*)"));
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    const bool isChosen = dialog->exec() == QDialog::Accepted;
+    if (!dialog)
+        return {}; // it has gone with its window
+    const QString path = isChosen ? dialog->selectedFiles().value(0) : QString();
     if (!path.isEmpty())
         m_host.settings().setLastDirectory(QFileInfo(path).absolutePath());
+    // Qt remembers where a dialog was left, and looks there before the next one is up.
+    dialog->setDirectory(QDir::rootPath());
+    delete dialog;
     return path;
 }
 

@@ -43,6 +43,7 @@ private:
     void connectCommandLine();
     void showState(const Document *current);
     void showHelp(int topic);
+    QString firstDirectory();
     QString choosePath();
 
     FxHost &m_host;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/ScriptRunner.h"
 
+#include "host/runtime/Paths.h"
 #include "host/runtime/commands/CommandRunner.h"
 
 #include <QFile>
@@ -33,8 +34,10 @@ QString ScriptRunner::load(const QString &path)
     if (file.error() != QFileDevice::NoError)
         return file.errorString();
 
-    // With the size: the array alone would be read as far as a zero byte, and the rest go missing unsaid.
-    const QStringList lines = QString::fromUtf8(content.constData(), content.size()).split(QLatin1Char('\n'));
+    QString text = pathFromBytes(content); // for it may name files
+    if (text.startsWith(QChar::ByteOrderMark))
+        text.remove(0, 1);
+    const QStringList lines = text.split(QLatin1Char('\n'));
     for (const QString &line : lines) {
         const QString command = line.trimmed();
         if (!command.isEmpty() && !command.startsWith(QLatin1Char('#')))

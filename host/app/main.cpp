@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QSettings>
 #include <QStandardPaths>
 #include <QTextStream>
 
@@ -67,6 +68,8 @@ int run(const CommandLineOptions &options)
         return CommandLineResult::usageError;
     }
 
+    // Where Qt's own dialogs keep what they remember.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, profile);
     FxHost host(profile, options.logFile);
     QObject::connect(&host, &FxHost::message, &host, printError);
     if (!host.log().errorString().isEmpty()) {
@@ -94,8 +97,7 @@ int run(const CommandLineOptions &options)
 
     if (options.newDocument)
         host.documents().newDocument();
-    for (const QString &path : options.drawings)
-        host.documents().open(path);
+    host.documents().openAll(options.drawings);
     script.startWhenActive(&window);
     return QApplication::exec();
 }

@@ -24,6 +24,8 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <utility>
+
 namespace fxhost {
 
 namespace {
@@ -76,6 +78,8 @@ FxHost::~FxHost()
     m_documents->closeAll();
     setMainWindow(nullptr);
     m_modules->unloadAll(); // while every service still stands
+    if (!m_recentFileStore->isAllWritten())
+        m_recentFiles->refresh();
     runningHost = nullptr;
 }
 
@@ -103,8 +107,10 @@ void FxHost::readProfile(const QString &profileDir)
     problems << kept.problem;
     m_recentFiles->setPaths(kept.paths);
     m_recentFiles->setKeeper([this](const QStringList &known, const RecentFiles::Change &change) {
+        m_recentFiles->adoptMaximum(m_settings->recentMaximum());
         const RecentFileStore::Kept now = m_recentFileStore->update(known, change);
-        if (!now.problem.isEmpty())
+        const QString told = std::exchange(m_recentFilesProblem, now.problem);
+        if (!now.problem.isEmpty() && now.problem != told) // else it would be said with each drawing
             showMessage(now.problem);
         return now.paths;
     });
@@ -191,6 +197,8 @@ bool FxHost::eventFilter(QObject *watched, QEvent *event)
 
 void FxHost::reportApplicationState(Qt::ApplicationState state)
 {
+    if (state == Qt::ApplicationActive)
+        m_recentFiles->refresh(); // the person may come from another host with the same profile
     m_editor->reactors().notify(state == Qt::ApplicationActive ? &CFxEditorReactor::appActivated
                                                                : &CFxEditorReactor::appDeactivated);
 }

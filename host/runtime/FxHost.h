@@ -101,6 +101,7 @@ private:
     std::unique_ptr<HostLog> m_log;
     std::unique_ptr<HostSettings> m_settings;
     std::unique_ptr<RecentFileStore> m_recentFileStore;
+    QString m_recentFilesProblem; //!< the last one; empty when the list could be kept
     std::unique_ptr<RecentFiles> m_recentFiles;
     std::unique_ptr<FileProbe> m_fileProbe;
     std::unique_ptr<AnsweringRecentFiles> m_answeringRecentFiles;

@@ -34,8 +34,9 @@ HostSettings::HostSettings(const QString &profileDir)
 
 HostSettings::~HostSettings() = default;
 
-int HostSettings::recentMaximum() const
+int HostSettings::recentMaximum()
 {
+    m_file->sync();
     bool isNumber = false;
     const int maximum = m_file->value(QLatin1String(recentMaximumKey)).toInt(&isNumber);
     const bool isAllowed = isNumber && RecentFiles::isAllowedMaximum(maximum);

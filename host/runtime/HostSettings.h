@@ -29,8 +29,9 @@ public:
     //! What was wrong with the file when it was read; empty when nothing was.
     const QString &problem() const { return m_problem; }
 
-    //! How many recent documents are kept; the default when none or a wrong number is stored.
-    int recentMaximum() const;
+    //! How many recent documents are kept; the default when none or a wrong number is stored. Another program
+    //! with the same profile may have stored it just now.
+    int recentMaximum();
     void setRecentMaximum(int maximum);
 
     //! As QWidget::saveGeometry() gave it; empty when none is stored.

@@ -19,7 +19,9 @@ constexpr int longestCharacter = 4; // bytes in UTF-8
 //! Nothing unless bytes are UTF-8 as Qt itself would write it, which leaves out surrogates and overlong ones.
 std::optional<QString> textOf(const QByteArray &bytes)
 {
-    const QString text = QString::fromUtf8(bytes.constData(), bytes.size()); // all: null bytes too
+    // Behind another character, since Qt drops a byte order mark that stands first, which a name may well do.
+    const QByteArray behind = '/' + bytes;
+    const QString text = QString::fromUtf8(behind.constData(), behind.size()).mid(1); // all: null bytes too
     return text.toUtf8() == bytes ? std::optional<QString>(text) : std::nullopt;
 }
 
@@ -30,7 +32,8 @@ bool isCarriedByte(QChar c)
 
 //! UTF-8 that keeps every byte of whole texts, which is how Qt converts names. Text that comes in pieces is
 //! no name, and pieces may end within a character: there it is like any other UTF-8. Only when a directory is
-//! read a whole name has a state too, to tell whether it is a name at all; every one is.
+//! read a whole name has a state too, which then says from the start that no header is awaited, to tell
+//! whether it is a name at all; every one is.
 class PathCodec : public QTextCodec
 {
 public:
@@ -40,7 +43,9 @@ public:
 protected:
     QString convertToUnicode(const char *bytes, int size, ConverterState *pieces) const override
     {
-        const bool isWhole = !pieces || pieces->flags & IgnoreHeader;
+        if (pieces && !(pieces->flags & IgnoreHeader))
+            pieces->state_data[markAt] = inPieces; // before Qt's converter sets the flag as well
+        const bool isWhole = !pieces || pieces->state_data[markAt] != inPieces;
         return isWhole ? pathFromBytes(QByteArray(bytes, size)) : m_utf8->toUnicode(bytes, size, pieces);
     }
     QByteArray convertFromUnicode(const QChar *text, int size, ConverterState *pieces) const override
@@ -49,7 +54,9 @@ protected:
     }
 
 private:
-    static constexpr int utf8Mib = 106;
+    static constexpr int utf8Mib = 106; // the registered number of the character set
+    static constexpr int markAt = 2;    // Qt's converter uses the data before
+    static constexpr uint inPieces = 1;
     const QTextCodec *m_utf8 = QTextCodec::codecForMib(utf8Mib);
 };
 
@@ -89,18 +96,16 @@ QByteArray pathBytes(const QString &path)
 
 void keepBytesOfPaths()
 {
-    constexpr int utf8 = 106; // the registered numbers of character sets
-    constexpr int ascii = 3;
-    const int mib = QTextCodec::codecForLocale()->mibEnum();
-    if (mib == utf8 || mib == ascii)
-        QTextCodec::setCodecForLocale(new PathCodec); // Qt owns it
+    QTextCodec::setCodecForLocale(new PathCodec); // Qt owns it
 }
 
 QString absolutePath(const QString &path)
 {
-    if (path.isEmpty() || QDir::isAbsolutePath(path))
+    // Not by QDir, for which a name is absolute too that begins with a colon.
+    if (path.isEmpty() || path.startsWith(QLatin1Char('/')))
         return path;
-    return QDir::current().absoluteFilePath(path);
+    const QString folder = QDir::currentPath();
+    return folder.endsWith(QLatin1Char('/')) ? folder + path : folder + QLatin1Char('/') + path;
 }
 
 QString setAside(const QString &path)

@@ -13,14 +13,13 @@ namespace fxhost {
 FXHOST_API QString pathFromBytes(const QByteArray &bytes);
 //! The bytes of a file name as pathFromBytes() gave it, or as the person typed it.
 FXHOST_API QByteArray pathBytes(const QString &path);
-//! From now on Qt does the same wherever it turns names into text and back: files, arguments, processes. To
-//! be called at the start of a program, before threads. Changes nothing in a locale whose names are neither
-//! UTF-8 nor ASCII: those of one byte a character lose nothing anyway.
+//! From now on Qt does the same wherever it turns names into text and back: files, arguments, processes,
+//! whatever the locale. To be called at the start of a program, before threads.
 FXHOST_API void keepBytesOfPaths();
 
 //! path itself when it is absolute or empty, however it is spelled; else what it means in the working
 //! directory.
-QString absolutePath(const QString &path);
+FXHOST_API QString absolutePath(const QString &path);
 
 //! Renames a file or directory that cannot be used to a name beside it that nothing has yet, so that the next
 //! write does not destroy it.

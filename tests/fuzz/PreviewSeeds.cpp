@@ -164,6 +164,12 @@ void addLargest(Seeds &to)
     to.addBitmap(QStringLiteral("largest-bitmap-8-runs"), runs);
     to.addPng(QStringLiteral("largest-png-two-colors"), blankPng({side, side, 1, 0}));
     to.addPng(QStringLiteral("largest-png-two-colors-interlaced"), blankPng({side, side, 1, 0, true}));
+    constexpr int longest = 32767;
+    to.addPng(QStringLiteral("longest-png"), blankPng({1, longest, 1, 0}));
+    to.addPng(QStringLiteral("longest-png-interlaced"), blankPng({2, longest, 1, 0, true}));
+    runs.width = 1;
+    runs.height = longest;
+    to.addBitmap(QStringLiteral("longest-bitmap-8-runs"), runs);
     // What these claim does not follow; there are more of them than the reader tries.
     const StoredEntry claimed = pngEntry(withHeader(blankPng({width, height}), {side, side}));
     const StoredEntry interlaced = pngEntry(withHeader(blankPng({width, height}), {side, side, 8, 6, true}));

@@ -130,6 +130,8 @@ void tst_UnansweringFiles::nothingIsOpenedThatDoesNotAnswer()
     QTest::keyClick(popup, Qt::Key_Return); // the first tile is the one that has gone away since
     QTRY_VERIFY(!popup);
     QTRY_COMPARE(browser.log().constLast(), QStringLiteral("open %1 failed").arg(away));
+    QVERIFY(browser.host().recentFiles().paths().contains(away)); // nothing has been forgotten for it
+    QVERIFY(browser.storedPaths().contains(away));
     // Nor does the drawing that is open from there keep others from being opened.
     QCOMPARE(browser.host().documents().open(browser.paths().at(0)), QString());
 }

@@ -7,7 +7,9 @@
 #include "ui/RecentDocDialog.h"
 #include "ui/RecentDocMainWindow.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 namespace {
 
@@ -52,7 +54,7 @@ void Browser::makeFiles(const QStringList &names)
 {
     for (const QString &name : names) {
         QFile file(m_folder.filePath(name));
-        if (!file.open(QIODevice::WriteOnly))
+        if (!QDir().mkpath(QFileInfo(file).path()) || !file.open(QIODevice::WriteOnly))
             qFatal("cannot make %s", qPrintable(file.fileName()));
         m_paths.append(file.fileName());
     }

@@ -59,6 +59,18 @@ void StuckFolder::stopAnswering()
         qFatal("cannot make %s", qPrintable(m_lever));
 }
 
+void StuckFolder::replaceServer()
+{
+    QProcess unmount;
+    unmount.start(QStringLiteral("fusermount3"), {QStringLiteral("-uz"), m_seen});
+    unmount.waitForFinished();
+    const QStringList names = QDir(m_kept).entryList(QDir::Files);
+    for (const QString &name : names) {
+        if (!QFile::copy(m_kept + QLatin1Char('/') + name, path(name)))
+            qFatal("cannot replace %s", qPrintable(path(name)));
+    }
+}
+
 void StuckFolder::answerAgain()
 {
     QFile::remove(m_lever);

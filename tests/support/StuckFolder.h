@@ -32,6 +32,9 @@ public:
 
     void stopAnswering();
     void answerAgain();
+    //! Of a mount: puts a folder with the same files in its place that answers. Whoever waits for the former
+    //! one goes on waiting.
+    void replaceServer();
 
 private:
     void mount();

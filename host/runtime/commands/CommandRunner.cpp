@@ -12,9 +12,19 @@
 #include <QRegularExpression>
 
 #include <exception>
+#include <memory>
 #include <utility>
 
 namespace fxhost {
+
+namespace {
+
+struct Release
+{
+    void operator()(OdEdCommand *command) const { command->release(); }
+};
+
+} // namespace
 
 CommandRunner::CommandRunner(const CommandStack &commands, const Editor &editor, HostLog &log,
                              MessageSink report, QObject *parent)
@@ -106,7 +116,7 @@ void CommandRunner::drain()
 
 void CommandRunner::runNow(CommandRun &run)
 {
-    OdEdCommand *const command = find(run.name());
+    std::unique_ptr<OdEdCommand, Release> command(find(run.name()));
     if (!command) {
         run.m_state = CommandRun::State::Unknown;
         m_log.unknownCommand(run.name());
@@ -117,7 +127,7 @@ void CommandRunner::runNow(CommandRun &run)
     const QString name = fromOdString(globalName);
     CommandContext context(run.argument());
     m_context = &context;
-    m_running = command;
+    m_running = command.get();
     run.m_state = CommandRun::State::Running;
     m_editor.reactors().notify(&OdEditorReactor::commandWillStart, globalName);
     emit commandStarted(name, run.argument());
@@ -126,7 +136,7 @@ void CommandRunner::runNow(CommandRun &run)
 
     m_context = nullptr;
     m_running = nullptr;
-    command->release(); // now: whoever hears of the end may unload its module
+    command.reset(); // now: whoever hears of the end may unload its module
     run.m_state = CommandRun::State::Ended;
     m_log.command(name, run.m_result);
     m_editor.reactors().notify(&OdEditorReactor::commandEnded, globalName, run.m_result);

@@ -22,6 +22,10 @@ namespace {
 
 using Reactor = CFxDocumentManagerReactor;
 
+//! How long to wait for a drawing that the person has asked for, in milliseconds: a disk that sleeps, or a
+//! server that is far away, takes its time.
+constexpr int patience = 3000;
+
 DrawingFacts factsOf(const QString &path, const DrawingHeader &header)
 {
     const QFileInfo file(path);
@@ -57,14 +61,21 @@ void DocumentManager::RemoveReactor(CFxDocumentManagerReactor *reactor)
 
 bool DocumentManager::OpenDocument(const CFxString &path, int mode, int flags, OdString &result)
 {
+    const auto fail = [&](const QString &reason) {
+        try {
+            return refuse(path, reason);
+        } catch (...) { // it may be the telling that fails
+            return reason;
+        }
+    };
     const bool isReserved = mode != 0 || flags != 0;
     QString problem;
     try { // modules call this from event handlers, which no exception may leave
         problem = isReserved ? refuse(path, tr("This way of opening is not supported.")) : open(path);
     } catch (const std::exception &error) {
-        problem = QString::fromLocal8Bit(error.what());
+        problem = fail(QString::fromLocal8Bit(error.what()));
     } catch (...) {
-        problem = tr("The host failed.");
+        problem = fail(tr("The host failed."));
     }
     result = toOdString(problem);
     return problem.isEmpty();
@@ -86,6 +97,16 @@ QString DocumentManager::open(const QString &path)
     return {};
 }
 
+void DocumentManager::openAll(const QStringList &paths)
+{
+    QStringList fullPaths;
+    for (const QString &path : paths)
+        fullPaths.append(absolutePath(path));
+    m_probe.silent(fullPaths, 0, patience); // whatever does not answer is waited for at the same time
+    for (const QString &path : qAsConst(fullPaths))
+        open(path);
+}
+
 QString DocumentManager::refuse(const QString &path, const QString &reason)
 {
     m_log.open(path, false);
@@ -99,7 +120,7 @@ QString DocumentManager::openFile(const QString &path)
 {
     if (path.isEmpty())
         return tr("No path was given.");
-    if (!m_probe.silent({path}).isEmpty())
+    if (!m_probe.silent({path}, 0, patience).isEmpty())
         return tr("The disk or server that it is on does not answer.");
     if (Document *document = findOpen(path)) {
         m_recentFiles.add(document->facts().path);

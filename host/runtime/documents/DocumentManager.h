@@ -50,6 +50,8 @@ public:
     //! \param path taken as it is when absolute; relative to the working directory otherwise
     //! \return why it could not be opened, which report has heard as well; empty when it is open now
     QString open(const QString &path);
+    //! Opens one after the other; those that do not answer are waited for together.
+    void openAll(const QStringList &paths);
     //! \param document null or one that is closed or being closed: nothing happens
     void close(Document *document);
     void closeAll();

@@ -17,8 +17,7 @@ struct PictureLayout
     QByteArray head;
     std::vector<FileRange> ranges; //!< all inside the drawing, none empty
     int bitsPerPixel = 0;          //!< the most that the decoded picture can take
-    //! The encoding can skip pixels, which then have the palette's first colour.
-    bool mayLeavePixelsOut = false;
+    bool isInRuns = false;         //!< and so may skip pixels, which then have the palette's first colour
 };
 
 //! Reads a picture file that is laid out over a drawing, so that no copy of its data has to be held.

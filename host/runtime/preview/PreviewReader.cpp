@@ -28,15 +28,15 @@ QImage decode(const RegularFile &file, const PictureLayout &layout, DecodingBudg
     const QSize size(claimed.width(), std::abs(claimed.height()));
     if (!isDecodable(size.width(), size.height(), layout.bitsPerPixel))
         return {};
-    const qint64 decodedSize = qint64(size.width()) * size.height() * layout.bitsPerPixel / 8;
-    budget->bytes -= storedSize + 2 * decodedSize;
-    if (budget->bytes < 0)
+    budget->cost -=
+        decodingCost(size.width(), size.height(), layout.bitsPerPixel, storedSize, layout.isInRuns);
+    if (budget->cost < 0)
         return {};
 
     QImage image;
-    if (layout.mayLeavePixelsOut) {
-        // The decoder writes into an image that suits it. One of its own making would show what was in memory
-        // before wherever pixels are left out.
+    if (layout.isInRuns) {
+        // Runs may leave pixels out, and the decoder writes into an image that suits it. One of its own
+        // making would show what was in memory before wherever pixels are left out.
         image = QImage(size, reader.imageFormat());
         image.fill(0);
     }

@@ -112,12 +112,12 @@ quint32 storedColors(const BitmapHeader &header)
     return header.colors == 0 && header.hasPalette() ? header.fullPalette() : header.colors;
 }
 
-//! The most that pixels can take which are encoded in runs: before each pixel, and at each row's end, a jump
-//! of four bytes. A longer stream does not get on, and would be read to its end nevertheless.
+//! The most that pixels take which are encoded in runs: one for each pixel, and an end for each row. A longer
+//! stream does not get on, or jumps more than it draws, and would be read to its end nevertheless.
 qint64 longestRuns(const BitmapHeader &header)
 {
-    constexpr qint64 jump = 4;
-    return (jump + 2) * (header.width + 1) * header.rows();
+    constexpr qint64 run = 2; // bytes
+    return run * (header.width + 1) * header.rows();
 }
 
 qint64 uncompressedSize(const BitmapHeader &header)
@@ -181,7 +181,7 @@ std::optional<PictureLayout> layOutBitmap(const RegularFile &file, const FileRan
     layout.bitsPerPixel = plainPixel;
     layout.head = newHead(*header, palette);
     layout.ranges = {{pixels.offset, std::min(pixels.size, mostSize)}};
-    layout.mayLeavePixelsOut = header->isInRuns();
+    layout.isInRuns = header->isInRuns();
     return layout;
 }
 

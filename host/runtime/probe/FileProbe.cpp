@@ -20,7 +20,7 @@ namespace {
 constexpr char helperName[] = "fxprobe";
 //! What a request of no file may take on a busy machine, in milliseconds; and the helper's start from a disk
 //! that was asleep.
-constexpr int patience = 5000;
+constexpr int machinesTime = 5000;
 
 //! Those that could not end. To delete one would wait for it, so nobody ever does.
 std::vector<QProcess *> &leftBehind()
@@ -65,15 +65,19 @@ bool FileProbe::isRunning() const
 bool FileProbe::startHelper()
 {
     m_asked.clear();
-    m_unanswered.clear();
+    m_silent.clear();
     if (!m_helper)
         m_helper = new QProcess;
-    m_helper->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    // One that is left behind must not hold on to what is the host's: a pipe that somebody reads to its end,
+    // or a directory.
+    m_helper->setStandardErrorFile(QProcess::nullDevice());
+    m_helper->setWorkingDirectory(QDir::rootPath());
     m_helper->start(m_program, QStringList());
     // The first start may take its time; whoever waits for files later does not wait for this.
-    const int hello = m_helper->waitForStarted(patience) ? ask(QString()) : 0;
-    if (hello && waitUntil([&] { return !m_asked.contains(hello); }, patience))
+    const int hello = m_helper->waitForStarted(machinesTime) ? ask(QString()) : 0;
+    if (hello && waitUntil([&] { return !m_asked.contains(hello); }, machinesTime))
         return true;
+    m_failedAt = m_clock.elapsed();
     m_problem = QCoreApplication::translate("fxhost::FileProbe", "The program %1 does not work: %2.")
                     .arg(m_program, m_helper->errorString());
     return false;
@@ -83,24 +87,28 @@ int FileProbe::ask(const QString &path)
 {
     const int number = ++m_lastNumber;
     m_asked.insert(number, path);
-    if (!path.isEmpty())
-        m_unanswered.insert(path, number);
     m_helper->write(QByteArray::number(number) + ' ' + pathBytes(path) + '\0');
     return number;
 }
 
 void FileProbe::hear()
 {
-    while (m_helper && m_helper->canReadLine()) {
+    while (m_helper->canReadLine()) {
         const QString path = m_asked.take(m_helper->readLine().trimmed().toInt());
-        if (m_unanswered.remove(path) > 0)
+        if (m_silent.remove(path) > 0)
             m_answered.insert(path, m_clock.elapsed());
     }
 }
 
+void FileProbe::forgetAnswersBefore(qint64 time)
+{
+    for (auto it = m_answered.begin(); it != m_answered.end();)
+        it = *it > time ? std::next(it) : m_answered.erase(it);
+}
+
 //! \return whether the condition holds after so many milliseconds at the latest
 template<class Condition>
-bool FileProbe::waitUntil(Condition condition, int longest)
+bool FileProbe::waitUntil(Condition condition, qint64 longest)
 {
     QElapsedTimer waiting;
     waiting.start();
@@ -113,42 +121,76 @@ bool FileProbe::waitUntil(Condition condition, int longest)
     return true;
 }
 
-QStringList FileProbe::silent(const QStringList &paths, int freshFor)
+QStringList FileProbe::askFor(const QStringList &paths)
 {
-    if (paths.isEmpty() || !m_problem.isEmpty())
-        return {};
-    if (!isRunning() && !startHelper())
-        return {};
-    do {
-        hear(); // what has been answered since
-    } while (m_helper->waitForReadyRead(0));
-
-    const qint64 stale = m_clock.elapsed() - freshFor;
-    for (auto it = m_answered.begin(); it != m_answered.end();)
-        it = *it > stale ? std::next(it) : m_answered.erase(it);
-    QStringList asked;
+    QStringList news;
+    const qint64 now = m_clock.elapsed();
     for (const QString &path : paths) {
         // A path of no file answers by itself; one with a zero byte is none that a system call can be told.
         const bool needsNoFile = path.isEmpty() || path.contains(QChar::Null);
-        if (needsNoFile || m_unanswered.contains(path) || m_answered.contains(path))
+        if (needsNoFile || m_answered.contains(path))
             continue;
-        ask(path);
-        asked.append(path);
+        const auto silence = m_silent.find(path);
+        if (silence == m_silent.end()) {
+            ask(path);
+            m_silent.insert(path, {now, now});
+            news.append(path);
+        } else if (now - silence->askedAt >=
+                   qBound<qint64>(firstRepeat, silence->askedAt - silence->since, lastRepeat)) {
+            ask(path);
+            silence->askedAt = now;
+        }
     }
-    const auto isAnswered = [&] {
-        return std::none_of(asked.begin(), asked.end(),
-                            [&](const QString &path) { return m_unanswered.contains(path); });
-    };
-    if (!asked.isEmpty()) {
-        // The deadline is the files'. What the machine itself needs, being busy, does not count.
-        const int nothing = ask(QString());
-        waitUntil([&] { return isAnswered() || !m_asked.contains(nothing); }, patience);
-        waitUntil(isAnswered, deadline);
-    }
+    return news;
+}
 
+void FileProbe::waitFor(const QStringList &paths, const QStringList &news, int patience)
+{
+    const auto isSilent = [this](const QString &path) { return m_silent.contains(path); };
+    const auto haveAnswered = [&] { return std::none_of(paths.begin(), paths.end(), isSilent); };
+    if (!news.isEmpty()) {
+        // The time is the files'. What the machine itself needs, being busy, does not count.
+        const int nothing = ask(QString());
+        waitUntil([&] { return haveAnswered() || !m_asked.contains(nothing); }, machinesTime);
+        const qint64 now = m_clock.elapsed();
+        for (const QString &path : news) {
+            if (isSilent(path))
+                m_silent.insert(path, {now, now});
+        }
+    }
+    qint64 end = 0;
+    for (const QString &path : paths) {
+        if (isSilent(path))
+            end = std::max(end, m_silent.value(path).since + patience);
+    }
+    waitUntil(haveAnswered, end - m_clock.elapsed());
+}
+
+QStringList FileProbe::silent(const QStringList &paths, int freshFor, int patience)
+{
+    const bool hasJustFailed = !m_problem.isEmpty() && m_clock.elapsed() - m_failedAt < lastRepeat;
+    if (paths.isEmpty() || hasJustFailed)
+        return {};
+    m_problem.clear();
+    // The helper may have died since it was last heard of, or die of these very paths.
+    for (int helpers = 0; helpers < 2; ++helpers) {
+        if (!isRunning() && !startHelper())
+            return {};
+        // What is heard only now may have been said long ago: it ends a silence, and no more.
+        const QHash<QString, qint64> answered = m_answered;
+        do {
+            hear();
+        } while (m_helper->waitForReadyRead(0));
+        m_answered = answered;
+        forgetAnswersBefore(m_clock.elapsed() - freshFor);
+        waitFor(paths, askFor(paths), patience);
+        if (isRunning())
+            break;
+        m_silent.clear();
+    }
     QStringList silentPaths;
     for (const QString &path : paths) {
-        if (m_unanswered.contains(path))
+        if (m_silent.contains(path))
             silentPaths.append(path);
     }
     return silentPaths;

@@ -16,8 +16,12 @@ namespace fxhost {
 class FXHOST_API FileProbe
 {
 public:
-    //! How long a file may take to answer, in milliseconds.
+    //! How long a file may take to answer unless somebody says otherwise, in milliseconds.
     static constexpr int deadline = 300;
+    //! A silent file is asked for again after so many milliseconds, and then after twice as many each time up
+    //! to the second number: its server may have been replaced by another while the old question still waits.
+    static constexpr int firstRepeat = 2000;
+    static constexpr int lastRepeat = 600000;
 
     //! \param helper the program to start; empty for the one that stands beside this library
     explicit FileProbe(const QString &helper = QString());
@@ -27,31 +31,46 @@ public:
     FileProbe(const FileProbe &) = delete;
     FileProbe &operator=(const FileProbe &) = delete;
 
-    //! Looks at files, all at the same time, and waits until each has answered or the deadline has passed. A
-    //! file that was silent before is not waited for again: it is silent until its answer has come. An error
-    //! is an answer like any other.
+    //! Looks at files, all at the same time, and waits until each has answered or had its time, which counts
+    //! from the first question: a file that has been silent for longer is not waited for again. It is silent
+    //! until its answer has come. An error is an answer like any other.
+    //! \param paths full paths
     //! \param freshFor an answer that is no older than so many milliseconds is taken for a new one
+    //! \param patience how long a file may take, in milliseconds
     //! \return which of paths are silent. None when there is no helper: then nothing can be known.
-    QStringList silent(const QStringList &paths, int freshFor = 0);
+    QStringList silent(const QStringList &paths, int freshFor = 0, int patience = deadline);
 
-    //! Why there is no helper; empty when there is one, or none was needed yet.
+    //! Why there is no helper; empty when there is one, or none was needed yet. It is tried again after the
+    //! second number above.
     QString problem() const { return m_problem; }
 
 private:
+    struct Silence
+    {
+        qint64 since; //!< in milliseconds of the clock, like all times here
+        qint64 askedAt;
+    };
+
     bool startHelper();
     bool isRunning() const;
     int ask(const QString &path);
+    //! Asks for those of paths whose answers are missing, and for those that have long been silent once more.
+    //! \return which of them are asked for the first time
+    QStringList askFor(const QStringList &paths);
+    void waitFor(const QStringList &paths, const QStringList &news, int patience);
     void hear();
+    void forgetAnswersBefore(qint64 time);
     template<class Condition>
-    bool waitUntil(Condition condition, int longest);
+    bool waitUntil(Condition condition, qint64 longest);
 
     QString m_program;
     QProcess *m_helper = nullptr;
     QString m_problem;
+    qint64 m_failedAt = 0;
     int m_lastNumber = 0;
     QHash<int, QString> m_asked;       //!< by the number of the request, until it is answered
-    QHash<QString, int> m_unanswered;  //!< the other way round
-    QHash<QString, qint64> m_answered; //!< when, in milliseconds of the clock
+    QHash<QString, Silence> m_silent;  //!< until one of their requests is answered
+    QHash<QString, qint64> m_answered; //!< when
     QElapsedTimer m_clock;
 };
 

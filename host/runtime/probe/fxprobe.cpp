@@ -6,8 +6,8 @@
 //
 // Reads requests from the standard input, each "NUMBER PATH" and a zero byte, and writes NUMBER and a line
 // end to the standard output once the file has answered, whatever the answer was. Each request has a thread
-// of its own: what does not answer keeps no other waiting. An empty path needs no file, and is answered at
-// once. Ends with its input.
+// of its own: what does not answer keeps no other waiting. An empty path needs no file and no thread, and is
+// answered at once. Ends with its input.
 #include <array>
 #include <string>
 #include <system_error>
@@ -33,17 +33,33 @@ void lookAt(const std::string &path)
     ::close(file);
 }
 
-void answer(const std::string &request)
+void answer(const std::string &number)
+{
+    const std::string line = number + '\n';
+    // So short a write is never mixed with another thread's.
+    [[maybe_unused]] const ssize_t written = ::write(STDOUT_FILENO, line.data(), line.size());
+}
+
+void take(const std::string &request)
 {
     const std::size_t blank = request.find(' ');
     if (blank == std::string::npos)
         return;
+    const std::string number = request.substr(0, blank);
     const std::string path = request.substr(blank + 1);
-    if (!path.empty())
+    if (path.empty()) {
+        answer(number);
+        return;
+    }
+    const auto lookAndAnswer = [number, path] {
         lookAt(path);
-    const std::string line = request.substr(0, blank) + '\n';
-    // So short a write is never mixed with another thread's.
-    [[maybe_unused]] const ssize_t written = ::write(STDOUT_FILENO, line.data(), line.size());
+        answer(number);
+    };
+    try {
+        std::thread(lookAndAnswer).detach();
+    } catch (const std::system_error &) { // NOLINT(bugprone-empty-catch)
+        // Too many files do not answer, and neither does this one, until it is asked for again.
+    }
 }
 
 } // namespace
@@ -59,13 +75,8 @@ int main()
             ::_exit(0); // without a word to the threads, which may never hear it
         input.append(chunk.data(), static_cast<std::size_t>(size));
         std::size_t start = 0;
-        for (std::size_t end = 0; (end = input.find('\0', start)) != std::string::npos; start = end + 1) {
-            try {
-                std::thread(answer, input.substr(start, end - start)).detach();
-            } catch (const std::system_error &) { // NOLINT(bugprone-empty-catch)
-                // Too many files do not answer, and this one will not either.
-            }
-        }
+        for (std::size_t end = 0; (end = input.find('\0', start)) != std::string::npos; start = end + 1)
+            take(input.substr(start, end - start));
         input.erase(0, start);
     }
 }

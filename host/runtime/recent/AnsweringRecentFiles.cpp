@@ -52,6 +52,8 @@ void AnsweringRecentFiles::tellOf(const QString &problem) const
     if (problem == m_toldProblem)
         return;
     m_toldProblem = problem;
+    if (problem.isEmpty())
+        return;
     m_report(problem + QLatin1Char(' ') +
              tr("Recent drawings on a disk or server that does not answer may hold up the program."));
 }

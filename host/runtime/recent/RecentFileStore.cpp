@@ -3,6 +3,7 @@
 
 #include "host/runtime/FileLock.h"
 #include "host/runtime/Paths.h"
+#include "host/runtime/recent/RecentFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,8 +19,8 @@ namespace {
 
 constexpr char header[] = "fxhost recent documents 1\n";
 
-// 1000 entries of the longest path that Linux takes, 4096 bytes, each byte written as three.
-constexpr qint64 largestFile = qint64(1000) * 4096 * 3; // bytes
+// All entries of the longest path that Linux takes, 4096 bytes, each byte written as three.
+constexpr qint64 largestFile = qint64(RecentFiles::largestMaximum) * 4096 * 3; // bytes
 
 QByteArray encoded(const QString &path)
 {
@@ -29,7 +30,8 @@ QByteArray encoded(const QString &path)
     constexpr char digits[] = "0123456789ABCDEF";
     QByteArray line;
     const QByteArray bytes = pathBytes(path);
-    const bool isUtf8 = path.toUtf8() == bytes; // else a line in it would make the file unreadable
+    // By the bytes, which are all that will be read; others would make the file unreadable.
+    const bool isUtf8 = pathFromBytes(bytes).toUtf8() == bytes;
     for (const char c : bytes) {
         const auto byte = static_cast<uchar>(c);
         if (byte < firstPrintable || byte == deleteCharacter || byte == '%' || (byte > lastAscii && !isUtf8))
@@ -44,18 +46,20 @@ QByteArray encoded(const QString &path)
 std::optional<QString> decoded(const QByteArray &line)
 {
     const QString path = pathFromBytes(QByteArray::fromPercentEncoding(line));
-    if (!QDir::isAbsolutePath(path) || encoded(path) != line)
+    if (!path.startsWith(QLatin1Char('/')) || encoded(path) != line)
         return std::nullopt;
     return path;
 }
 
-//! Nothing when content is not what save() writes.
+//! Nothing when content is not what write() makes.
 std::optional<QStringList> parsed(const QByteArray &content)
 {
     if (!content.startsWith(header) || !content.endsWith('\n'))
         return std::nullopt;
     QList<QByteArray> lines = content.mid(int(qstrlen(header))).split('\n');
     lines.removeLast(); // what stands behind the last line end: nothing
+    if (lines.size() > RecentFiles::largestMaximum)
+        return std::nullopt;
     QStringList paths;
     for (const QByteArray &line : qAsConst(lines)) {
         const std::optional<QString> path = decoded(line);
@@ -66,21 +70,16 @@ std::optional<QStringList> parsed(const QByteArray &content)
     return paths;
 }
 
-//! Nothing when the file cannot be read.
-std::optional<QByteArray> contentOf(const QString &path)
-{
-    QFile file(path);
-    // Opening a FIFO would wait for somebody to write to it.
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > largestFile)
-        return std::nullopt;
-    const QByteArray content = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return std::nullopt;
-    return content;
-}
-
 //! How long to wait for another program to be done with the file, in milliseconds. Its write takes a few.
 constexpr int patience = 1000;
+
+QString unreadable(const QString &file, const QString &error)
+{
+    return RecentFileStore::tr(
+               "The list of recent documents, %1, cannot be read: %2. It is left as it is until "
+               "it can.")
+        .arg(file, error);
+}
 
 QString lockFile(const QString &file)
 {
@@ -105,23 +104,42 @@ void removeUnfinished(const QString &file)
 class RecentFileStore::Reading
 {
 public:
-    enum class Outcome { Read, NoFile, Damaged };
+    enum class Outcome {
+        Read,
+        NoFile,
+        Damaged,
+        Unreadable, //!< just now: the system is short of something, or the disk away
+    };
 
     Outcome outcome = Outcome::NoFile;
     QStringList paths;
+    QString error; //!< why it is unreadable
 };
 
 RecentFileStore::RecentFileStore(const QString &file) : m_file(file) {}
 
 RecentFileStore::Reading RecentFileStore::read() const
 {
-    if (!QFileInfo::exists(m_file))
-        return {Reading::Outcome::NoFile, {}};
-    if (const std::optional<QByteArray> content = contentOf(m_file)) {
-        if (const std::optional<QStringList> paths = parsed(*content))
-            return {Reading::Outcome::Read, *paths};
-    }
-    return {Reading::Outcome::Damaged, {}};
+    const QFileInfo info(m_file);
+    if (!info.exists())
+        return {Reading::Outcome::NoFile, {}, {}};
+    if (!info.isFile() ||
+        info.size() > largestFile) // to open a FIFO would wait for somebody who writes to it
+        return {Reading::Outcome::Damaged, {}, {}};
+    QFile file(m_file);
+    const QByteArray content = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (file.error() != QFileDevice::NoError)
+        return {Reading::Outcome::Unreadable, {}, file.errorString()};
+    if (const std::optional<QStringList> paths = parsed(content))
+        return {Reading::Outcome::Read, *paths, {}};
+    return {Reading::Outcome::Damaged, {}, {}};
+}
+
+RecentFileStore::Kept RecentFileStore::keepForLater(const QStringList &known, const Change &change,
+                                                    const QString &problem)
+{
+    m_unwritten.push_back(change);
+    return {change(known), problem};
 }
 
 QString RecentFileStore::setDamagedAside()
@@ -133,9 +151,7 @@ QString RecentFileStore::setDamagedAside()
                   "and nothing is kept of this run.")
             .arg(m_file);
     }
-    return tr("The list of recent documents, %1, is damaged. It was renamed to %2, and a new one takes its "
-              "place.")
-        .arg(m_file, aside);
+    return tr("The list of recent documents, %1, is damaged. It was renamed to %2.").arg(m_file, aside);
 }
 
 RecentFileStore::Kept RecentFileStore::load()
@@ -146,6 +162,8 @@ RecentFileStore::Kept RecentFileStore::load()
     const Reading reading = read();
     if (reading.outcome == Reading::Outcome::Damaged)
         return {{}, setDamagedAside()};
+    if (reading.outcome == Reading::Outcome::Unreadable)
+        return {{}, unreadable(m_file, reading.error)};
     return {reading.paths, QString()};
 }
 
@@ -155,30 +173,36 @@ RecentFileStore::Kept RecentFileStore::update(const QStringList &known, const Ch
         return {change(known), QString()}; // it has been said why
     const FileLock lock(lockFile(m_file), patience);
     if (lock.isBusy()) {
-        m_isAllWritten = false;
-        return {change(known),
-                tr("The list of recent documents, %1, is in use by another program. What is new will be "
-                   "written to it with the next change.")
-                    .arg(m_file)};
+        return keepForLater(known, change,
+                            tr("The list of recent documents, %1, is in use by another program. What is new "
+                               "will be written to it with the next change.")
+                                .arg(m_file));
     }
     const Reading reading = read();
-    QStringList listed = reading.paths;
-    if (reading.outcome != Reading::Outcome::Read)
-        listed = known;
-    else if (!m_isAllWritten)
-        listed = known + reading.paths; // a path that is there twice counts where it is first
+    if (reading.outcome == Reading::Outcome::Unreadable)
+        return keepForLater(known, change, unreadable(m_file, reading.error));
+
+    const bool isRead = reading.outcome == Reading::Outcome::Read;
+    QStringList listed = known;
+    if (isRead) {
+        listed = reading.paths;
+        for (const Change &earlier : m_unwritten)
+            listed = earlier(listed);
+    }
     const QStringList paths = change(listed);
 
     QString problem;
-    if (reading.outcome == Reading::Outcome::Damaged)
+    bool isToWrite = isRead ? paths != reading.paths : paths != known || !m_unwritten.empty();
+    if (reading.outcome == Reading::Outcome::Damaged) {
         problem = setDamagedAside();
-    const bool isAsItWas = reading.outcome == Reading::Outcome::Read && paths == reading.paths;
-    if (m_mayWrite && !isAsItWas) {
-        const QString failure = write(paths);
-        m_isAllWritten = failure.isEmpty();
-        problem = QStringList{problem, failure}.join(QLatin1Char(' ')).trimmed();
+        isToWrite = m_mayWrite;
     }
-    return {paths, problem};
+    const QString failure = isToWrite ? write(paths) : QString();
+    if (failure.isEmpty())
+        m_unwritten.clear();
+    else
+        m_unwritten.push_back(change);
+    return {paths, QStringList{problem, failure}.join(QLatin1Char(' ')).trimmed()};
 }
 
 QString RecentFileStore::write(const QStringList &paths) const

@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <vector>
 
 namespace fxhost {
 
@@ -32,27 +33,31 @@ public:
     //! \param file full path; need not exist
     explicit RecentFileStore(const QString &file);
 
-    //! Reads the file. One that is damaged or cannot be read is set aside under another name and counts as
-    //! empty; where even that fails, update() leaves it alone. Tidies up after writers that were killed.
+    //! Reads the file. One that is damaged is set aside under another name and counts as empty; where even
+    //! that fails, update() leaves it alone. One that cannot be read just now stays where it is. Tidies up
+    //! after writers that were killed.
     Kept load();
 
-    //! Makes a change to the list in the file, and writes it whole or not at all.
-    //! \param known what the list was at last; stands in where the file tells nothing, and what could not be
-    //! written before is still in it
+    //! Makes a change to the list in the file, and writes it whole or not at all. A change that cannot be
+    //! written is kept, and made again to what the file holds when the next one comes.
+    //! \param known what the list was at last; stands in where the file tells nothing
     //! \return what came of the change, also when it could not be written
     Kept update(const QStringList &known, const Change &change);
+    //! Whether no change is left that could not be written.
+    bool isAllWritten() const { return m_unwritten.empty(); }
 
 private:
     class Reading;
 
     Reading read() const;
+    Kept keepForLater(const QStringList &known, const Change &change, const QString &problem);
     //! \return where it is now, or why it is left alone
     QString setDamagedAside();
     QString write(const QStringList &paths) const;
 
     QString m_file;
     bool m_mayWrite = true;
-    bool m_isAllWritten = true;
+    std::vector<Change> m_unwritten;
 };
 
 } // namespace fxhost

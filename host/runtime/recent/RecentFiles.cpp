@@ -12,24 +12,32 @@ void RecentFiles::setKeeper(Keeper keeper)
     m_keeper = std::move(keeper);
 }
 
+void RecentFiles::refresh()
+{
+    make([](const QStringList &listed) { return listed; });
+}
+
 void RecentFiles::setPaths(const QStringList &paths)
 {
-    make([&](const QStringList &) { return paths; });
+    make([paths](const QStringList &) { return paths; });
 }
 
 void RecentFiles::add(const QString &path)
 {
     if (!path.isEmpty())
-        make([&](const QStringList &listed) { return QStringList(path) + listed; });
+        make([path](const QStringList &listed) { return QStringList(path) + listed; });
 }
 
 bool RecentFiles::remove(const QString &path)
 {
-    bool wasListed = false;
-    make([&](QStringList listed) {
-        wasListed = listed.removeOne(path);
-        return listed;
-    });
+    refresh(); // it may be another who has listed it
+    const bool wasListed = m_paths.contains(path);
+    if (wasListed) {
+        make([path](QStringList listed) {
+            listed.removeOne(path);
+            return listed;
+        });
+    }
     return wasListed;
 }
 
@@ -44,15 +52,15 @@ bool RecentFiles::setMaximum(int maximum)
         return false;
     if (maximum != m_maximum) {
         m_maximum = maximum;
-        make([](const QStringList &listed) { return listed; });
-        emit maximumChanged(maximum);
+        emit maximumChanged(maximum); // first: it may be kept at the same place as the list
+        refresh();
     }
     return true;
 }
 
 void RecentFiles::make(const Change &change)
 {
-    const Change orderly = [&](const QStringList &listed) {
+    const Change orderly = [this, change](const QStringList &listed) {
         QStringList kept = change(listed);
         kept.removeAll(QString());
         kept.removeDuplicates(); // the first of several stays

@@ -23,7 +23,8 @@ public:
     //! What a list becomes.
     using Change = std::function<QStringList(const QStringList &)>;
     //! Makes a change to the list as it is kept, which others may have changed since, and returns what came
-    //! of it. \param known the list as it is here
+    //! of it. It may make the change once more later, as long as the list lives that it came from.
+    //! \param known the list as it is here
     using Keeper = std::function<QStringList(const QStringList &known, const Change &change)>;
 
     explicit RecentFiles(QObject *parent = nullptr);
@@ -32,6 +33,8 @@ public:
     void setKeeper(Keeper keeper);
 
     QStringList paths() const { return m_paths; }
+    //! Takes over what others have made of the list as it is kept.
+    void refresh();
     //! Replaces the list. Repetitions, empty paths and what is beyond the maximum are left out.
     void setPaths(const QStringList &paths);
     //! Puts path at the top, whether or not it was listed; the last one falls out of a full list.
@@ -48,6 +51,9 @@ public:
     }
     //! \return false, with nothing changed, unless isAllowedMaximum()
     bool setMaximum(int maximum);
+    //! Others that keep the same list have set the maximum: it counts from the next change on.
+    //! \param maximum an allowed one
+    void adoptMaximum(int maximum) { m_maximum = maximum; }
 
 signals:
     //! The paths or their order are others now.

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "host/runtime/Paths.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "tests/host/app/ShownProgram.h"
 
@@ -14,7 +15,9 @@ class FileDropTest : public TestCase
     Q_OBJECT
 
 private slots:
+    void initTestCase() { keepBytesOfPaths(); }
     void filesAreTaken();
+    void namesKeepTheirBytes();
     void moreThanFilesOpensTheFiles();
     void whatIsNoFileIsRefused_data();
     void whatIsNoFileIsRefused();
@@ -77,6 +80,18 @@ void FileDropTest::filesAreTaken()
     QVERIFY(openPaths(program).isEmpty()); // the other program has its answer first
     QTRY_COMPARE(openPaths(program), paths);
     QCOMPARE(program.host.recentFiles().paths().first(), paths.at(1));
+}
+
+void FileDropTest::namesKeepTheirBytes()
+{
+    ShownProgram program;
+    const QString path = program.drawing(pathFromBytes("gr\xfcn \xc3\xa4 100%.dwg"));
+    const QByteArray url =
+        "file://" + QFile::encodeName(program.dir.path()) + "/gr%FCn%20%C3%A4%20100%25.dwg";
+    Offer offer({QUrl::fromEncoded(url)});
+    QVERIFY(offer.enter(&program.window));
+    offer.drop(&program.window);
+    QTRY_COMPARE(openPaths(program), QStringList(path));
 }
 
 void FileDropTest::moreThanFilesOpensTheFiles()

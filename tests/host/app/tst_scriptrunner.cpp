@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/ScriptRunner.h"
+#include "host/runtime/Paths.h"
 #include "tests/host/app/ShownProgram.h"
 
 #include <QSignalSpy>
@@ -27,6 +28,16 @@ private slots:
         ScriptRunner script(program.host.commands());
         QCOMPARE(script.load(written(program, QByteArray("_NEW\0W\n_CLOSE\n", 14))), QString());
         QCOMPARE(script.lines(), QStringList({QString::fromLatin1("_NEW\0W", 6), "_CLOSE"}));
+    }
+
+    void aScriptNamesFilesByTheirBytes()
+    {
+        ShownProgram program;
+        ScriptRunner script(program.host.commands());
+        QCOMPARE(script.load(written(program, "\xef\xbb\xbf# a comment\n_OPEN /gr\xfcn \xc3\xa4.dwg\n")),
+                 QString());
+        QCOMPARE(script.lines(),
+                 QStringList(QLatin1String("_OPEN ") + pathFromBytes("/gr\xfcn \xc3\xa4.dwg")));
     }
 
     void aScriptThatCannotBeReadSaysWhy()

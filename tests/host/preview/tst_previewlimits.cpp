@@ -222,6 +222,8 @@ void tst_PreviewLimits::effortIsBounded_data()
     };
     add("large PNGs", brokenAtTheEnd({2560, 2560}));
     add("long PNGs, interlaced", brokenAtTheEnd({200, 32767, 8, 6, true}));
+    add("PNGs of two columns, interlaced", brokenAtTheEnd({2, 32767, 8, 6, true}));
+    add("PNGs of one column", brokenAtTheEnd({1, 32767, 8, 6}));
 
     QByteArray splinters;
     for (int i = 0; i < 200000; ++i)
@@ -239,6 +241,9 @@ void tst_PreviewLimits::effortIsBounded_data()
     for (int jump = 0; jump < 500000; ++jump)
         runs.pixels += QByteArray("\0\2\0\0", 4);
     add("bitmaps in runs that do not get on", bitmapEntry(runs.bytes()));
+    runs.width = 1;
+    runs.height = 32767;
+    add("bitmaps of one column in runs that do not get on", bitmapEntry(runs.bytes()));
 }
 
 void tst_PreviewLimits::effortIsBounded()
@@ -252,7 +257,8 @@ void tst_PreviewLimits::effortIsBounded()
     const std::clock_t start = std::clock();
     QVERIFY(fxhost::readPreview(path).isNull());
     const double seconds = double(std::clock() - start) / CLOCKS_PER_SEC;
-    const double most = isSanitized ? 5 : 0.5;
+    qInfo("%.3f s", seconds);
+    const double most = isSanitized ? 5 : 0.3; // a slow machine is to pass as well
     QVERIFY2(seconds < most, qPrintable(QStringLiteral("%1 s").arg(seconds)));
 }
 

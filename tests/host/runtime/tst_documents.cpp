@@ -53,8 +53,10 @@ private slots:
     {
         QFETCH(bool, isException);
         RunningHost running;
+        QString told;
         DocumentManager documents(running.host.recentFiles(), running.host.fileProbe(), running.host.editor(),
-                                  running.host.log(), [=](const QString &) {
+                                  running.host.log(), [&](const QString &text) {
+                                      told = text;
                                       if (isException)
                                           throw std::runtime_error("out of paper");
                                       throw 7;
@@ -63,6 +65,10 @@ private slots:
         QVERIFY(!documents.OpenDocument(L"/missing.dwg", 0, 0, result));
         QVERIFY(!result.isEmpty());
         QVERIFY(!isException || result == OdString(L"out of paper"));
+        // Whoever can be told hears of it.
+        QVERIFY2(
+            told.contains(isException ? QStringLiteral("out of paper") : QStringLiteral("The host failed")),
+            qPrintable(told));
 
         const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
         QVERIFY(documents.OpenDocument(path, 0, 0, result));

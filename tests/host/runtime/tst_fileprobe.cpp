@@ -7,6 +7,7 @@
 #include "tests/support/StuckFolder.h"
 #include "tests/support/TestCase.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
@@ -28,13 +29,21 @@ private slots:
     void oddNamesAnswer_data();
     void oddNamesAnswer();
     void aThousandFilesAnswer();
+    void aHelperLeftBehindHoldsNothingOfTheHost();
     void silentFilesAreToldFromTheOthers_data() { addKinds(); }
     void silentFilesAreToldFromTheOthers();
     void silentFilesAreWaitedForOnce_data() { addKinds(); }
     void silentFilesAreWaitedForOnce();
+    void whoIsPatientWaitsLonger_data() { addKinds(); }
+    void whoIsPatientWaitsLonger();
+    void filesOfAServerThatWasReplacedAnswer();
+    void whatAnsweredLongAgoIsAskedAnew_data() { addKinds(); }
+    void whatAnsweredLongAgoIsAskedAnew();
     void theEndDoesNotWaitForSilentFiles_data() { addKinds(); }
     void theEndDoesNotWaitForSilentFiles();
     void aHelperThatDiesIsReplaced();
+    void aHelperThatDiesIsNoSilentFile();
+    void aHelperWithoutThreadsSaysWhatNeedsNone();
     void withoutAHelperNothingIsSilent();
     void withoutAHelperItIsSaidOnce();
     void modulesGetWhatAnswers_data() { addKinds(); }
@@ -45,6 +54,18 @@ private:
 };
 
 namespace {
+
+//! The process that is the helper of this one; empty when there is none, or several.
+QString helperId()
+{
+    QProcess pgrep;
+    pgrep.start(QStringLiteral("pgrep"),
+                {QStringLiteral("-P"), QString::number(QCoreApplication::applicationPid()),
+                 QStringLiteral("fxprobe")});
+    pgrep.waitForFinished();
+    const QString found = QString::fromLatin1(pgrep.readAllStandardOutput()).trimmed();
+    return found.contains(QLatin1Char('\n')) ? QString() : found;
+}
 
 //! Ends helpers of this process. \return whether there was one
 bool killHelper()
@@ -137,12 +158,59 @@ void tst_FileProbe::silentFilesAreWaitedForOnce()
     QElapsedTimer clock;
     clock.start();
     QCOMPARE(probe.silent({file}), QStringList(file));
+    QCOMPARE(FileProbe::deadline, 300);
     QVERIFY2(clock.elapsed() >= FileProbe::deadline, "it was not given its time");
     clock.restart();
     constexpr int times = 100; // which would take half a minute
     for (int i = 0; i < times; ++i)
         QCOMPARE(probe.silent({file}), QStringList(file));
     QVERIFY2(clock.elapsed() < times * FileProbe::deadline / 2, "it was waited for again");
+}
+
+void tst_FileProbe::whoIsPatientWaitsLonger()
+{
+    STUCK_FOLDER_OR_SKIP(folder);
+    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
+    folder.stopAnswering();
+    FileProbe probe;
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(probe.silent({file}), QStringList(file));
+    const qint64 usual = clock.elapsed();
+    constexpr int patience = 4 * FileProbe::deadline;
+    QCOMPARE(probe.silent({file}, 0, patience), QStringList(file));
+    QVERIFY2(clock.elapsed() >= patience, "it was not given its time");
+    QVERIFY2(clock.elapsed() < usual + patience, "its time did not count from the first question");
+}
+
+void tst_FileProbe::filesOfAServerThatWasReplacedAnswer()
+{
+    StuckFolder folder(StuckFolder::Kind::Mount);
+    if (!folder.problem().isEmpty())
+        QSKIP(qPrintable(folder.problem()));
+    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
+    folder.stopAnswering();
+    FileProbe probe;
+    QCOMPARE(probe.silent({file}), QStringList(file));
+    folder.replaceServer(); // the former one keeps the question
+    QTRY_COMPARE_WITH_TIMEOUT(probe.silent({file}), QStringList(), 5 * FileProbe::firstRepeat);
+}
+
+void tst_FileProbe::whatAnsweredLongAgoIsAskedAnew()
+{
+    STUCK_FOLDER_OR_SKIP(folder);
+    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
+    FileProbe witness; // which keeps looking, so that we know when the answer has come
+    FileProbe probe;
+    folder.stopAnswering();
+    QCOMPARE(probe.silent({file}), QStringList(file));
+    QCOMPARE(witness.silent({file}), QStringList(file));
+    folder.answerAgain();
+    QTRY_COMPARE(witness.silent({file}), QStringList());
+    folder.stopAnswering();
+    // It did answer, while nobody listened.
+    constexpr int minute = 60000;
+    QCOMPARE(probe.silent({file}, minute), QStringList(file));
 }
 
 void tst_FileProbe::theEndDoesNotWaitForSilentFiles()
@@ -159,6 +227,15 @@ void tst_FileProbe::theEndDoesNotWaitForSilentFiles()
     QCOMPARE(another.silent({file}), QStringList(file));
 }
 
+void tst_FileProbe::aHelperLeftBehindHoldsNothingOfTheHost()
+{
+    FileProbe probe;
+    QCOMPARE(probe.silent({QStringLiteral("/tmp/a.dwg")}), QStringList());
+    const QString helper = QStringLiteral("/proc/%1/").arg(helperId());
+    QCOMPARE(QFile::symLinkTarget(helper + QStringLiteral("cwd")), QStringLiteral("/"));
+    QCOMPARE(QFile::symLinkTarget(helper + QStringLiteral("fd/2")), QStringLiteral("/dev/null"));
+}
+
 void tst_FileProbe::aHelperThatDiesIsReplaced()
 {
     StuckFolder folder(StuckFolder::Kind::Calls);
@@ -173,6 +250,31 @@ void tst_FileProbe::aHelperThatDiesIsReplaced()
     QTRY_COMPARE(probe.silent({file}), QStringList());
     QCOMPARE(probe.problem(), QString());
     QVERIFY(killHelper()); // there was a new one
+}
+
+void tst_FileProbe::aHelperThatDiesIsNoSilentFile()
+{
+    FileProbe probe;
+    for (int i = 0; i < 10; ++i) {
+        const QString file = QStringLiteral("/tmp/there is no drawing %1.dwg").arg(i);
+        QCOMPARE(probe.silent({file}), QStringList());
+        QVERIFY(killHelper());
+    }
+    QCOMPARE(probe.problem(), QString());
+}
+
+void tst_FileProbe::aHelperWithoutThreadsSaysWhatNeedsNone()
+{
+    // A thread's stack is as large as the limit says: more than there are addresses.
+    QProcess helper;
+    helper.start(QStringLiteral("prlimit"),
+                 {QStringLiteral("--stack=%1:").arg(Q_INT64_C(1) << 47), QStringLiteral(FXPROBE_PROGRAM)});
+    QVERIFY(helper.waitForStarted());
+    helper.write(QByteArray("1 /tmp\0", 7) + QByteArray("2 \0", 3));
+    QVERIFY(helper.waitForReadyRead());
+    helper.closeWriteChannel();
+    QVERIFY(helper.waitForFinished());
+    QCOMPARE(helper.readAllStandardOutput(), QByteArray("2\n"));
 }
 
 void tst_FileProbe::withoutAHelperNothingIsSilent()

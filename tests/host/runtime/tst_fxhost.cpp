@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "host/runtime/FileLock.h"
 #include "host/runtime/HostSettings.h"
 #include "host/runtime/commands/CommandStack.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/editor/Editor.h"
+#include "host/runtime/recent/RecentFileStore.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "tests/support/RunningHost.h"
 #include "tests/support/TestCase.h"
@@ -287,6 +289,49 @@ private slots:
         host.recentFiles().add(QStringLiteral("/a.dwg")); // cannot be kept, which is told as well
         QCOMPARE(messages.size(), 2);
         QCOMPARE(host.recentFiles().paths(), QStringList(QStringLiteral("/a.dwg")));
+        host.recentFiles().add(QStringLiteral("/b.dwg")); // nor can this; it is as was told
+        QCOMPARE(messages.size(), 2);
+    }
+
+    void whatAnotherHostHasMadeOfTheProfileHolds()
+    {
+        const Profile profile;
+        FxHost host(profile.directory, QString());
+        QStringList paths;
+        for (int i = 0; i < 30; ++i)
+            paths.append(QStringLiteral("/theirs %1.dwg").arg(i));
+        {
+            fxhost::HostSettings settings(profile.directory);
+            settings.setRecentMaximum(50);
+        }
+        fxhost::RecentFileStore(profile.file("recent.txt")).update({}, [&](const QStringList &) {
+            return paths;
+        });
+        // Turning from the one to the other, the person finds the list as he left it there.
+        QCOMPARE(host.recentFiles().paths(), QStringList());
+        emit qGuiApp->applicationStateChanged(Qt::ApplicationActive);
+        QCOMPARE(host.recentFiles().paths(), paths);
+        host.recentFiles().add(QStringLiteral("/ours.dwg"));
+        QCOMPARE(host.recentFiles().paths(), QStringList(QStringLiteral("/ours.dwg")) + paths);
+        QCOMPARE(host.recentFiles().maximum(), 50);
+        QVERIFY(host.recentFiles().remove(paths.constLast()));
+        QVERIFY(!host.recentFiles().remove(paths.constLast()));
+    }
+
+    void whatCouldNotBeKeptIsKeptAtTheEnd()
+    {
+        const Profile profile;
+        const QString file = profile.file("recent.txt");
+        {
+            FxHost host(profile.directory, QString());
+            QStringList messages;
+            Profile::connect(host, messages);
+            const auto theirs = std::make_unique<fxhost::FileLock>(file + QStringLiteral(".lock"), 0);
+            QVERIFY(theirs->isHeld());
+            host.recentFiles().add(QStringLiteral("/a.dwg"));
+            QCOMPARE(messages.size(), 1);
+        }
+        QCOMPARE(fxhost::RecentFileStore(file).load().paths, QStringList(QStringLiteral("/a.dwg")));
     }
 
     void settingsComeBack()

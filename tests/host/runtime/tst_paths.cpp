@@ -9,6 +9,7 @@
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
+#include <QTextCodec>
 #include <QTextStream>
 
 using fxhost::pathBytes;
@@ -29,6 +30,8 @@ private slots:
     void qtFindsFilesByTheirBytes();
     void otherProgramsAreToldTheBytes();
     void streamsOfTextStayUtf8();
+    void textInPiecesStaysUtf8();
+    void onlyASlashMakesAPathFull();
 };
 
 void tst_Paths::everyNameComesBack_data()
@@ -57,6 +60,7 @@ void tst_Paths::everyNameComesBack()
     QFETCH(QByteArray, bytes);
     const QString path = pathFromBytes(bytes);
     QCOMPARE(pathBytes(path), bytes);
+    QCOMPARE(pathFromBytes("/folder/" + bytes), QStringLiteral("/folder/") + path); // told alone, or with it
     QCOMPARE(QString(CFxString(path)), path); // and through the modules' string
     QCOMPARE(pathBytes(CFxString(path)), bytes);
 }
@@ -125,6 +129,24 @@ void tst_Paths::streamsOfTextStayUtf8()
     QCOMPARE(bytes, QByteArray("\xc3\xa4\xf0\x9f\x93\x90"));
     QTextStream stream(bytes);
     QCOMPARE(stream.readAll(), QStringLiteral("\u00e4\U0001F4D0"));
+}
+
+void tst_Paths::textInPiecesStaysUtf8()
+{
+    const QScopedPointer<QTextDecoder> decoder(QTextCodec::codecForLocale()->makeDecoder());
+    QString text;
+    for (const char *piece : {"x", "\xc3\xa4", "y\xc3", "\xa4z\xf0\x9f", "\x93", "\x90"})
+        text += decoder->toUnicode(piece);
+    QCOMPARE(text, QStringLiteral("x\u00e4y\u00e4z\U0001F4D0"));
+}
+
+void tst_Paths::onlyASlashMakesAPathFull()
+{
+    const QString folder = QDir::currentPath() + QLatin1Char('/');
+    QCOMPARE(fxhost::absolutePath(QStringLiteral("/a//b.dwg")), QStringLiteral("/a//b.dwg"));
+    QCOMPARE(fxhost::absolutePath(QString()), QString());
+    for (const char *name : {"a.dwg", ":a.dwg", ":/a.dwg", "-a.dwg", "..dwg"})
+        QCOMPARE(fxhost::absolutePath(QLatin1String(name)), folder + QLatin1String(name));
 }
 
 QTEST_GUILESS_MAIN(tst_Paths)

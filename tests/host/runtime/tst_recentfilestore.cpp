@@ -10,6 +10,7 @@
 
 #include <climits>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 using fxhost::RecentFileStore;
@@ -50,6 +51,29 @@ public:
     }
 };
 
+//! As long as it lives, this process cannot open files.
+class NoMoreFiles
+{
+public:
+    NoMoreFiles()
+    {
+        ::getrlimit(RLIMIT_NOFILE, &m_usual);
+        const rlimit none = {0, m_usual.rlim_max};
+        if (::setrlimit(RLIMIT_NOFILE, &none) != 0)
+            qFatal("cannot limit open files");
+    }
+    ~NoMoreFiles() { ::setrlimit(RLIMIT_NOFILE, &m_usual); }
+    Q_DISABLE_COPY(NoMoreFiles)
+
+private:
+    rlimit m_usual = {};
+};
+
+RecentFileStore::Change adding(const QString &path)
+{
+    return [path](const QStringList &listed) { return QStringList(path) + listed; };
+}
+
 //! \return what the person should know
 QString save(RecentFileStore &store, const QStringList &paths)
 {
@@ -81,6 +105,7 @@ private slots:
             QStringLiteral("/null ") + QChar::Null, // which no file has, but a script may have said
             fxhost::pathFromBytes("/no\xff UTF-8 \xc3.dwg"),
             fxhost::pathFromBytes("/\xc3\xa4 and \xe4.dwg"),
+            QLatin1Char('/') + fxhost::pathFromBytes("\xef\xbb\xbf mark.dwg"),
         };
         QCOMPARE(save(RecentFileStore(list.path), paths), QString());
         const RecentFileStore::Kept loaded = RecentFileStore(list.path).load();
@@ -113,6 +138,17 @@ private slots:
         save(RecentFileStore(list.path), {fxhost::pathFromBytes("/pl\xe4ne/\xc3\xa4.dwg")});
         QCOMPARE(ListFile::contentOf(list.path),
                  QByteArray("fxhost recent documents 1\n/pl%E4ne/%C3%A4.dwg\n"));
+    }
+
+    void aNameInOddWordsLeavesTheFileReadable()
+    {
+        const ListFile list;
+        // Two bytes, each carried as if it were none of UTF-8; together they are.
+        const QString odd = QLatin1Char('/') + fxhost::pathFromBytes("\xc3") + fxhost::pathFromBytes("\xa4");
+        save(RecentFileStore(list.path), {odd, QStringLiteral("/b.dwg")});
+        const RecentFileStore::Kept loaded = RecentFileStore(list.path).load();
+        QCOMPARE(loaded.problem, QString());
+        QCOMPARE(loaded.paths, QStringList({QStringLiteral("/\u00e4"), QStringLiteral("/b.dwg")}));
     }
 
     void anEmptyListIsAFileToo()
@@ -151,6 +187,7 @@ private slots:
         QTest::newRow("a control character") << header + "/a\x01.dwg\n";
         QTest::newRow("a zero byte") << header + QByteArray("/a\0.dwg\n", 8);
         QTest::newRow("Windows line ends") << QByteArray("fxhost recent documents 1\r\n/a.dwg\r\n");
+        QTest::newRow("longer than any list") << header + QByteArray("/a\n").repeated(1001);
         QTest::newRow("larger than any list") << header + QByteArray(13 * 1024 * 1024, '/') + '\n';
     }
 
@@ -201,6 +238,33 @@ private slots:
         const ListFile list;
         QCOMPARE(mkfifo(QFile::encodeName(list.path).constData(), S_IRUSR | S_IWUSR), 0);
         QVERIFY(!RecentFileStore(list.path).load().problem.isEmpty());
+    }
+
+    void aListThatCannotBeReadJustNowIsLeftAlone()
+    {
+        const ListFile list;
+        list.write("fxhost recent documents 1\n/former.dwg\n");
+        RecentFileStore store(list.path);
+        RecentFileStore::Kept kept;
+        RecentFileStore::Kept loaded;
+        {
+            const NoMoreFiles shortage;
+            kept = store.update({QStringLiteral("/known.dwg")}, adding(QStringLiteral("/new.dwg")));
+            loaded = RecentFileStore(list.path).load();
+        }
+        QVERIFY2(kept.problem.contains(list.path), qPrintable(kept.problem));
+        QCOMPARE(kept.paths, QStringList({QStringLiteral("/new.dwg"), QStringLiteral("/known.dwg")}));
+        QVERIFY2(loaded.problem.contains(list.path), qPrintable(loaded.problem));
+        QCOMPARE(loaded.paths, QStringList());
+        QCOMPARE(QDir(list.folder()).entryList(QDir::Files), QStringList(QStringLiteral("recent.txt")));
+        QVERIFY(!store.isAllWritten());
+        // What was new then is new still.
+        kept = store.update(kept.paths, adding(QStringLiteral("/newer.dwg")));
+        QCOMPARE(kept.problem, QString());
+        QCOMPARE(RecentFileStore(list.path).load().paths,
+                 QStringList({QStringLiteral("/newer.dwg"), QStringLiteral("/new.dwg"),
+                              QStringLiteral("/former.dwg")}));
+        QVERIFY(store.isAllWritten());
     }
 
     void aListThatCannotBeWrittenIsTold()

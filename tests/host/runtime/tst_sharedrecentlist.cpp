@@ -26,6 +26,12 @@ RecentFileStore::Change adding(const QString &path)
     };
 }
 
+//! The same to a list of three at most.
+RecentFileStore::Change addingToThree(const QString &path)
+{
+    return [path](const QStringList &listed) { return adding(path)(listed).mid(0, 3); };
+}
+
 QStringList unchanged(const QStringList &listed)
 {
     return listed;
@@ -99,8 +105,48 @@ private slots:
         RecentFileStore other(file());
         QCOMPARE(other.load().paths, QStringList({a}));
         other.update({a}, adding(c));
+        QVERIFY(!store.isAllWritten());
         // What could not be written counts as newer than what was.
-        QCOMPARE(store.update({b, a}, unchanged).paths, QStringList({b, a, c, a}));
+        QCOMPARE(store.update({b, a}, unchanged).paths, QStringList({b, c, a}));
+        QVERIFY(store.isAllWritten());
+        QCOMPARE(other.load().paths, QStringList({b, c, a}));
+    }
+
+    void whatCouldNotBeWrittenPushesOutWhatIsOldest()
+    {
+        RecentFileStore store(file());
+        store.update({}, adding(c));
+        store.update({c}, adding(b));
+        store.update({b, c}, adding(a));
+        const QString mine = QStringLiteral("/mine.dwg");
+        {
+            const FileLock theirs(lockFile(), 0);
+            QCOMPARE(store.update({a, b, c}, addingToThree(mine)).paths, QStringList({mine, a, b}));
+        }
+        const QString theirs = QStringLiteral("/theirs.dwg");
+        RecentFileStore(file()).update({}, addingToThree(theirs));
+        const QString next = QStringLiteral("/next.dwg");
+        QCOMPARE(store.update({mine, a, b}, addingToThree(next)).paths, QStringList({next, mine, theirs}));
+    }
+
+    void whatTheOtherHasWrittenAlreadyIsNotWrittenAgain()
+    {
+        RecentFileStore store(file());
+        store.update({}, adding(a));
+        {
+            const FileLock theirs(lockFile(), 0);
+            store.update({a}, adding(b));
+        }
+        RecentFileStore(file()).update({}, adding(b));
+        QCOMPARE(store.update({b, a}, unchanged).paths, QStringList({b, a}));
+        QVERIFY(store.isAllWritten());
+    }
+
+    void nothingIsWrittenForTheSakeOfReading()
+    {
+        RecentFileStore store(file());
+        QCOMPARE(store.update({a}, unchanged).paths, QStringList({a}));
+        QVERIFY(!QFile::exists(file()));
     }
 
     void whatCouldNotBeWrittenIsWrittenWithTheNextChange()

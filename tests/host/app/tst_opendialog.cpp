@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/HostSettings.h"
+#include "tests/host/app/ShownProgram.h"
+#include "tests/support/SpecialFiles.h"
+#include "tests/support/StuckFolder.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QSettings>
+#include <QTimer>
+
+#include <functional>
+
+using namespace fxhost;
+
+Q_DECLARE_METATYPE(StuckFolder::Kind)
+
+//! The dialog that asks for a drawing.
+class tst_OpenDialog : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void whatIsChosenIsOpened();
+    void itStartsWhereADrawingWasChosenLast();
+    void whoChangesHisMindOpensNothing();
+    void itGoesWithItsWindow();
+    void aFolderThatDoesNotAnswerHoldsUpNobody_data();
+    void aFolderThatDoesNotAnswerHoldsUpNobody();
+
+private:
+    QTemporaryDir m_memory; //!< what Qt's dialogs remember
+};
+
+namespace {
+
+//! Asks for a drawing by the command, and does something with the dialog once it is there.
+void ask(ShownProgram &program, const std::function<void(QFileDialog *)> &answer)
+{
+    QTimer look;
+    bool isAnswered = false;
+    QObject::connect(&look, &QTimer::timeout, [&] {
+        auto *const dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        if (!dialog || isAnswered)
+            return;
+        isAnswered = true;
+        answer(dialog);
+    });
+    look.start(1);
+    program.enter(QStringLiteral("_OPEN"));
+    QVERIFY(isAnswered);
+}
+
+void choose(QFileDialog *dialog, const QString &path)
+{
+    auto *const name = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    name->setText(path);
+    QTest::keyClick(name, Qt::Key_Return);
+}
+
+QStringList openPaths(ShownProgram &program)
+{
+    QStringList paths;
+    for (const Document *document : program.host.documents().documents())
+        paths.append(document->path());
+    return paths;
+}
+
+} // namespace
+
+void tst_OpenDialog::initTestCase()
+{
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_memory.path());
+}
+
+void tst_OpenDialog::whatIsChosenIsOpened()
+{
+    ShownProgram program;
+    const QString path = program.drawing(QStringLiteral("a.dwg"));
+    ask(program, [&](QFileDialog *dialog) { choose(dialog, path); });
+    QCOMPARE(openPaths(program), QStringList(path));
+    QCOMPARE(program.host.settings().lastDirectory(), program.dir.path());
+}
+
+void tst_OpenDialog::itStartsWhereADrawingWasChosenLast()
+{
+    ShownProgram program;
+    program.host.settings().setLastDirectory(program.dir.path());
+    QString directory;
+    ask(program, [&](QFileDialog *dialog) {
+        directory = dialog->directory().path();
+        dialog->reject();
+    });
+    QCOMPARE(directory, program.dir.path());
+}
+
+void tst_OpenDialog::whoChangesHisMindOpensNothing()
+{
+    ShownProgram program;
+    ask(program, [&](QFileDialog *dialog) {
+        dialog->selectFile(program.drawing(QStringLiteral("a.dwg")));
+        dialog->reject();
+    });
+    QCOMPARE(openPaths(program), QStringList());
+    QCOMPARE(program.host.settings().lastDirectory(), QString());
+    QVERIFY(program.window.findChildren<QFileDialog *>().isEmpty());
+}
+
+void tst_OpenDialog::itGoesWithItsWindow()
+{
+    ShownProgram program;
+    auto window = std::make_unique<MainWindow>(program.host);
+    window->show();
+    QPointer<QFileDialog> shown;
+    QTimer::singleShot(0, &program.window, [&] {
+        QTRY_VERIFY(QApplication::activeModalWidget());
+        shown = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        window.reset();
+    });
+    QCOMPARE(program.host.pathChooser()(), QString());
+    QVERIFY(!window && !shown);
+}
+
+void tst_OpenDialog::aFolderThatDoesNotAnswerHoldsUpNobody_data()
+{
+    QTest::addColumn<StuckFolder::Kind>("kind");
+    QTest::newRow("a mount") << StuckFolder::Kind::Mount;
+    QTest::newRow("calls that wait") << StuckFolder::Kind::Calls;
+}
+
+void tst_OpenDialog::aFolderThatDoesNotAnswerHoldsUpNobody()
+{
+    QFETCH(StuckFolder::Kind, kind);
+    StuckFolder folder(kind);
+    if (!folder.problem().isEmpty())
+        QSKIP(qPrintable(folder.problem()));
+    ShownProgram program;
+    const QString path = folder.makeFile(QStringLiteral("a.dwg"), testbytes::DrawingBytes().bytes());
+    ask(program, [&](QFileDialog *dialog) { choose(dialog, path); });
+    QCOMPARE(openPaths(program), QStringList(path));
+
+    const Alarm alarm;
+    folder.stopAnswering();
+    QString directory;
+    ask(program, [&](QFileDialog *dialog) {
+        directory = dialog->directory().path();
+        dialog->reject();
+    });
+    QCOMPARE(directory, QDir::homePath());
+    folder.answerAgain();
+}
+
+QTEST_MAIN(tst_OpenDialog)
+#include "tst_opendialog.moc"

@@ -3,8 +3,8 @@
 # A long day for the browser in the host's program, on a screen of its own, under the address and undefined-behaviour
 # sanitizers: scripts/soak.sh [SECONDS [SEED [STEPS]]]
 # Random input, drawings, files, screens, and the module coming and going, with what must always hold looked at after
-# each step. 600 seconds of a new day, unless told otherwise. What happened is in build/asan/tests/soak.log; the same
-# seed makes the same day happen again, up to STEPS.
+# each step. 600 seconds of a new day, unless told otherwise. What was done is in build/asan/tests/soak.log; the same
+# seed does the same again, up to STEPS.
 set -euo pipefail
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
 
@@ -13,4 +13,4 @@ export SOAK_SECONDS=${1:-600} SOAK_SEED=${2:-$RANDOM}
 echo "Seed $SOAK_SEED, $SOAK_SECONDS seconds."
 # Qt ends a test that takes longer than it is told, in milliseconds.
 export QTEST_FUNCTION_TIMEOUT=$(((SOAK_SECONDS + 600) * 1000))
-BROWSER_PRESET=asan ./test -R '^desktop/soak/tst_soak$' -V
+BROWSER_PRESET=asan ./test -R '^desktop/soak/tst_soak$' --timeout $((SOAK_SECONDS + 700)) -V

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Looks for races between threads: builds the tsan preset and runs the tests that have more than one thread in them under
-# the thread sanitizer: tsan.sh [CTEST-ARGUMENT...], for example tsan.sh --repeat until-fail:20
+# Looks for races between threads: builds the tsan preset and runs the tests that read pictures or count references on
+# several threads under the thread sanitizer: tsan.sh [CTEST-ARGUMENT...], for example tsan.sh --repeat until-fail:20
 set -euo pipefail
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/commands/CommandRunner.h"
+#include "host/runtime/modules/ModuleManager.h"
 #include "tests/support/DocumentListener.h"
 #include "tests/support/DragScene.h"
 #include "tests/support/TestCase.h"
@@ -19,6 +20,7 @@ private slots:
     void tileMayGoDuringTheDragInside();
     void tileMayGoDuringTheDragOutside();
     void mainWindowMayGoDuringTheDrag();
+    void theModuleMayNotGoDuringTheDrag();
     void focusMayGoDuringTheDragInside();
     void focusMayGoDuringTheDragOutside();
     void aDrawingMayBeOpenedDuringTheDrag();
@@ -125,6 +127,19 @@ void tst_DragLife::mainWindowMayGoDuringTheDrag()
     QVERIFY(!scene.popup);
     drainEvents();
     QCOMPARE(scene.opened(), QStringList());
+}
+
+void tst_DragLife::theModuleMayNotGoDuringTheDrag()
+{
+    DragScene scene(3);
+    fxhost::ModuleManager &modules = scene.browser.host().modules();
+    bool isUnloaded = true;
+    QCOMPARE(dragAndDo(scene, true, [&] { isUnloaded = modules.unload(QStringLiteral(MODULE_FILE)); }),
+             QString());
+    QVERIFY(!isUnloaded);
+    QTRY_COMPARE(scene.opened(), scene.opening({1})); // as if nobody had asked
+    QTRY_VERIFY(!scene.popup);
+    QVERIFY(modules.unload(QStringLiteral(MODULE_FILE)));
 }
 
 void tst_DragLife::focusMayGoDuringTheDragInside()

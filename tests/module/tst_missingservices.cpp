@@ -160,6 +160,7 @@ void rowsOfServices()
         wholeLife + noTiles +
             LifeReport{{"registered", "_RECENT editor"},
                        {"registered with a window", "_RECENT _RHELP editor"}});
+    row("drawings that can be opened", without(&FakeHost::opensDocuments), wholeLife);
     row("handle to a command's run", without(&FakeHost::runCommandGivesHandle), wholeLife);
     row("memory", [](WholeLife &, bool has) { hasMemory = has; },
         {{"created", "threw"}, {"left behind", "nothing"}, {"references kept", "0"}});
@@ -180,6 +181,9 @@ void rowsOfMenus()
         wholeLife + LifeReport{{"menu entries", "file: yes, start-up: no"}, {"menus refreshed", "no"}});
     row(
         "File menu", [](WholeLife &life, bool) { life.file.identifier = QStringLiteral("ID_MnEdit"); },
+        wholeLife + LifeReport{{"menu entries", "file: no, start-up: yes"}});
+    row(
+        "entries of the File menu", [](WholeLife &life, bool) { life.file.children.clear(); },
         wholeLife + LifeReport{{"menu entries", "file: no, start-up: yes"}});
     row(
         "start-up File menu",

@@ -41,7 +41,7 @@ constexpr int warmUp = 50;
 
 //! Does a thing over and over again. \return by how much more memory is taken at the end, in percent, than
 //! after a tenth of it: of what is allocated or of what the system holds, whichever is more
-//! \param known what each time is known to add, in bytes
+//! \param known what each time is known to add to what is allocated, in bytes
 template<class Thing>
 double growthOf(int times, qint64 known, const Thing &thing)
 {
@@ -62,8 +62,7 @@ double growthOf(int times, qint64 known, const Thing &thing)
     if (!memory::isMeasurable)
         return 0;
     const qint64 added = known * (times - early);
-    return qMax(percentOf(memory::allocated() - added, allocated),
-                percentOf(memory::resident() - added, resident));
+    return qMax(percentOf(memory::allocated() - added, allocated), percentOf(memory::resident(), resident));
 }
 
 void send(QWidget *widget, QEvent::Type type)

@@ -171,6 +171,12 @@ bool DragHand::isDragging()
     return dragWindow() != nullptr;
 }
 
+QPoint DragHand::pictureAt()
+{
+    const QWindow *window = dragWindow();
+    return window ? window->position() : QPoint();
+}
+
 bool DragHand::hasFollowedTo(const QPoint &place) const
 {
     const QWindow *window = dragWindow();

@@ -50,6 +50,8 @@ public:
 
     //! Whether a drag of this program is under way: its picture hangs at the pointer.
     static bool isDragging();
+    //! Where that picture is, in global pixels.
+    static QPoint pictureAt();
     //! The longest way that carryTo() moves at once: half of the popup's rim, in pixels.
     static constexpr int stride = 5;
 

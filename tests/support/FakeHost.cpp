@@ -104,7 +104,7 @@ public:
         m_host.opened.push_back({path, mode, flags, result.isEmpty()});
         if (m_host.onOpen)
             m_host.onOpen(path);
-        return true;
+        return m_host.opensDocuments;
     }
 
 private:

@@ -48,6 +48,7 @@ public:
     bool hasMainWindow = true;
     bool hasDocumentManager = true;
     bool hasCustomization = false; //!< only where a test is about menus and keys
+    bool opensDocuments = true;
     bool hasCommandStack = true;
     bool hasEditor = true;
     bool previewFactoryGivesObjects = true;

@@ -8,6 +8,7 @@
 #include "state/FolderPinButton.h"
 #include "tests/support/RealBrowser.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QImage>
 #include <QLabel>
@@ -149,13 +150,29 @@ QStringList SoakHost::takeOpened()
     return opened;
 }
 
-void SoakHost::toggleModule()
+QString SoakHost::tileAt(const QPoint &place) const
+{
+    QWidget *const widget = QApplication::widgetAt(place);
+    const QList<QDialog *> popups = RealBrowser::popups();
+    // An older popup's tiles know the newer one's highlight only.
+    if (!widget || qobject_cast<QToolButton *>(widget) || popups.size() != 1)
+        return {};
+    const QList<QDialog *> tiles = RealBrowser::tiles(popups.constFirst());
+    for (const QDialog *tile : tiles) {
+        if (tile == widget || tile->isAncestorOf(widget))
+            return pathOf(tile);
+    }
+    return {};
+}
+
+QString SoakHost::toggleModule()
 {
     const QString module = QStringLiteral(MODULE_FILE);
-    if (m_host->modules().loaded().isEmpty())
-        m_host->modules().load(module);
-    else
-        m_host->modules().unload(module);
+    fxhost::ModuleManager &modules = m_host->modules();
+    const bool wasLoaded = !modules.loaded().isEmpty();
+    const bool isDone = wasLoaded ? modules.unload(module) : modules.load(module);
+    m_modulesLoaded += !wasLoaded;
+    return isDone ? QString() : QStringLiteral("the module cannot be loaded or unloaded");
 }
 
 //! A popup that was not there before.
@@ -190,6 +207,8 @@ bool SoakHost::isKnown(const QDialog *popup) const
 QString SoakHost::problem()
 {
     const QList<QDialog *> popups = RealBrowser::popups();
+    if (popups.isEmpty())
+        m_tilePaths.clear();
     for (QDialog *open : popups) {
         if (!isKnown(open)) {
             const QString wrong = meet(open);
@@ -197,7 +216,7 @@ QString SoakHost::problem()
                 return wrong;
         }
         QString line = RealBrowser::pathLine(open);
-        if (line.endsWith(QLatin1String("..."))) // it is shortened
+        if (line.endsWith(QLatin1String("...")) && line.size() > 3) // it is shortened
             line.chop(3);
         const bool isListed = std::any_of(m_tilePaths.begin(), m_tilePaths.end(),
                                           [&](const QString &path) { return path.startsWith(line); });

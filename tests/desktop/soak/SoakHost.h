@@ -41,7 +41,12 @@ public:
     //! What the host was asked to open since the last call.
     QStringList takeOpened();
 
-    void toggleModule();
+    //! The path of the tile that a double-click at this place opens; empty when there is none, or a button.
+    //! Global pixels.
+    QString tileAt(const QPoint &place) const;
+
+    //! \return what is wrong; empty when all is well
+    QString toggleModule();
 
     //! Looks at popups that have come and gone. \return what does not hold; empty when everything does
     QString problem();
@@ -51,6 +56,7 @@ public:
     bool isWaitingForDeletion();
 
     int popupsSeen() const { return m_popupsSeen; }
+    int modulesLoaded() const { return m_modulesLoaded; }
 
 private:
     struct Watched
@@ -68,7 +74,9 @@ private:
     std::unique_ptr<fxhost::MainWindow> m_window;
     std::vector<Watched> m_watched;
     std::vector<QPointer<QWidget>> m_closed;
-    QSet<QString> m_tilePaths; //!< of every tile so far
+    QSet<QString>
+        m_tilePaths; //!< of the tiles of the popups on screen, and of those that went since they came
     qint64 m_logRead = 0;
     int m_popupsSeen = 0;
+    int m_modulesLoaded = 0;
 };

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tests/desktop/soak/SoakArrivals.h"
 #include "tests/desktop/soak/SoakHost.h"
 #include "tests/desktop/soak/SoakPlan.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
 #include <QStringList>
 #include <QThread>
 
@@ -24,6 +27,8 @@ public:
     int events = 0; //!< of input: keys, buttons and moves
     int drags = 0;
     int openings = 0; //!< of drawings, refused ones too
+    int screens = 0;  //!< changes of their size
+    int unheard = 0;  //!< input that no window of the program got; the window manager may have had it
     QString problem;
 
 protected:
@@ -36,10 +41,17 @@ private:
     {
         QMetaObject::invokeMethod(qApp, work, Qt::BlockingQueuedConnection);
     }
-    //! The same until it says true. \return whether it did within the time that a busy machine may take
-    static bool guiUntil(const std::function<bool()> &condition);
-    //! Waits until the GUI thread has had what the display has.
+    //! The same until it says true. \param patience in milliseconds, as long as a busy machine may take
+    //! \return whether it did
+    static bool guiUntil(const std::function<bool()> &condition, int patience = 20000);
+    //! The same for a moment only, for what may not come at all.
+    void awaitInput(const std::function<bool()> &arrived);
+    //! Waits until the GUI thread has done what was laid down for later.
     static void settle();
+    //! Moves the pointer, and waits until the program has heard of it, a drag included.
+    void moveTo(const QPoint &place);
+    //! Does something that ends with so many releases of buttons and keys, and waits until they have come.
+    void input(int releases, const std::function<void()> &action);
     //! Waits until a popup that has just come has the keyboard, or is gone again.
     void welcomePopup();
 
@@ -47,15 +59,25 @@ private:
     void perform(const SoakStep &step);
     void key(int choice);
     void click(const SoakStep &step);
+    void clickTwice(const SoakStep &step);
     void drag(const SoakStep &step);
     void command(int choice);
     void file(int choice) const;
     void screen(int choice);
-    void pressed(int count) { events += count; }
+    //! Tells the log what is about to be done.
+    void say(const QString &text);
+    //! A press at the same place a moment after another one may open a tile; it is a double-click.
+    void expectDoubleClick(const QPoint &place);
     bool popupHasTheKeyboard();
 
     SoakHost &m_soak;
     SoakPlan m_plan;
+    SoakArrivals m_arrivals;
+    QPoint m_hotSpot; //!< of the picture that is dragged, once it is
+    bool m_isDragging = false;
+    QPoint m_lastPress;
+    QElapsedTimer m_sincePress;
+    QFile m_log;
     QStringList m_mayOpen;     //!< what this step may open, in this order
     bool m_mustOpen = false;   //!< all of it
     bool m_mayOpenAny = false; //!< or any one of it

@@ -31,7 +31,7 @@ struct SoakStep
     QString text() const;
 };
 
-//! What happens, step by step. The same seed gives the same day, whatever comes of its steps.
+//! What is done, step by step. The same seed gives the same steps, whatever comes of them.
 class SoakPlan
 {
 public:

@@ -34,10 +34,12 @@ int fromEnvironment(const char *name, int usual)
 void tst_Soak::aLongDay()
 {
     // A smaller screen for now and then; its numbers are those of any 1024x768 screen.
-    QProcess::execute(QStringLiteral("sh"),
-                      {QStringLiteral("-c"),
-                       QStringLiteral("xrandr --newmode soak 63.5 1024 1072 1176 1328 768 771 775 798 &&"
-                                      "xrandr --addmode screen soak")});
+    QCOMPARE(
+        QProcess::execute(QStringLiteral("sh"),
+                          {QStringLiteral("-c"),
+                           QStringLiteral("xrandr --newmode soak 63.5 1024 1072 1176 1328 768 771 775 798 &&"
+                                          "xrandr --addmode screen soak")}),
+        0);
     const auto seed = quint32(fromEnvironment("SOAK_SEED", 20261121));
     SoakHost soak;
     SoakPerson person(soak, seed);
@@ -48,8 +50,11 @@ void tst_Soak::aLongDay()
     person.start();
     day.exec();
     person.wait();
-    qInfo("seed %u: %d steps, %d input events, %d popups, %d drags, %d drawings opened or refused", seed,
-          person.steps, person.events, soak.popupsSeen(), person.drags, person.openings);
+    qInfo("seed %u: %d steps, %d input events (%d unheard), %d popups, %d drags, %d drawings opened or "
+          "refused, "
+          "%d screens, module loaded %d times more",
+          seed, person.steps, person.events, person.unheard, soak.popupsSeen(), person.drags, person.openings,
+          person.screens, soak.modulesLoaded());
     QVERIFY2(person.problem.isEmpty(),
              qPrintable(QStringLiteral("step %1: %2").arg(person.steps).arg(person.problem)));
     QVERIFY(person.events > 0 && soak.popupsSeen() > 0);

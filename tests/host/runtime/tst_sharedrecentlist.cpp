@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <sys/stat.h>
+
 using fxhost::FileLock;
 using fxhost::RecentFileStore;
 
@@ -168,11 +170,16 @@ private slots:
     {
         RecentFileStore store(file());
         store.update({}, adding(a));
-        QVERIFY(QFile::setPermissions(file(), QFile::ReadOwner | QFile::ReadGroup));
-        const auto inode = [this] { return QFileInfo(file()).fileTime(QFile::FileMetadataChangeTime); };
-        const QDateTime before = inode();
-        store.update({a}, unchanged);
+        const auto inode = [this] {
+            struct stat status = {};
+            return ::stat(QFile::encodeName(file()).constData(), &status) == 0 ? status.st_ino : 0;
+        };
+        const ino_t before = inode();
+        QVERIFY(before != 0);
+        QCOMPARE(store.update({a}, unchanged).problem, QString());
         QCOMPARE(inode(), before);
+        store.update({a}, adding(b));
+        QVERIFY(inode() != before); // what is written is another file
     }
 
     void whatKilledWritersHaveLeftIsRemoved()

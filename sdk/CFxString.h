@@ -18,7 +18,11 @@ public:
     CFxString(const wchar_t *text) : m_text(text ? text : L"") {}
     CFxString(const QString &text);
 
-    operator QString() const;
+    operator QString() const
+    {
+        // Behind another character, since Qt drops a byte order mark that stands first.
+        return QString::fromStdWString(L'/' + m_text).mid(1);
+    }
 
     //! Never null; valid until the string changes or goes away.
     const wchar_t *c_str() const { return m_text.c_str(); }
@@ -52,20 +56,6 @@ inline CFxString::CFxString(const QString &text)
         const uint character = isPair ? QChar::surrogateToUcs4(unit, text.at(++i)) : unit.unicode();
         m_text.push_back(static_cast<wchar_t>(character));
     }
-}
-
-inline CFxString::operator QString() const
-{
-    QString text; // not by QString::fromStdWString(), which drops a byte order mark that stands first
-    text.reserve(static_cast<int>(m_text.size()));
-    for (const wchar_t unit : m_text) {
-        const auto character = static_cast<uint>(unit);
-        if (QChar::requiresSurrogates(character) && character <= QChar::LastValidCodePoint)
-            text.append(QChar(QChar::highSurrogate(character))).append(QChar(QChar::lowSurrogate(character)));
-        else
-            text.append(character <= 0xffff ? QChar(character) : QChar(QChar::ReplacementCharacter));
-    }
-    return text;
 }
 
 inline CFxString CFxString::format(const char *pattern, ...)

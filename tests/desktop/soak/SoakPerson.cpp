@@ -75,7 +75,7 @@ void SoakPerson::say(const QString &text)
 void SoakPerson::expectDoubleClick(const QPoint &place)
 {
     const bool isSoon =
-        m_sincePress.isValid() && !m_sincePress.hasExpired(2 * QApplication::doubleClickInterval());
+        m_sincePress.isValid() && !m_sincePress.hasExpired(qint64(2) * QApplication::doubleClickInterval());
     constexpr int near = 20; // pixels; Qt's own distance is less
     m_mayOpenAny = isSoon && (place - m_lastPress).manhattanLength() < near;
     if (m_mayOpenAny)
@@ -105,22 +105,7 @@ void SoakPerson::run()
             gui([&] { problem = m_soak.problem(); });
         if (problem.isEmpty() && !guiUntil([&] { return !m_soak.isWaitingForDeletion(); }))
             problem = QStringLiteral("a closed popup's widgets are still there");
-        QStringList opened;
-        const auto isAsItShould = [&] {
-            opened += m_soak.takeOpened();
-            if (m_mustOpen)
-                return opened == m_mayOpen;
-            if (m_mayOpenAny)
-                return opened.size() <= 1 && (opened.isEmpty() || m_mayOpen.contains(opened.constFirst()));
-            return opened.isEmpty();
-        };
-        if (problem.isEmpty() && !guiUntil(isAsItShould)) {
-            problem = QStringLiteral("opened: %1; highlighted: %2")
-                          .arg(opened.join(QLatin1String(", ")), m_mayOpen.join(QLatin1String(", ")));
-        }
-        openings += opened.size();
-        for (const QString &path : qAsConst(opened))
-            say(QStringLiteral("opened ") + path);
+        checkOpened();
         // A desk that is full.
         gui([&] {
             if (m_soak.host().documents().documents().size() > 20)
@@ -131,6 +116,26 @@ void SoakPerson::run()
             gui([] { Hand::keepScreenshot(QStringLiteral("soak-problem")); });
         }
     }
+}
+
+void SoakPerson::checkOpened()
+{
+    QStringList opened;
+    const auto isAsItShould = [&] {
+        opened += m_soak.takeOpened();
+        if (m_mustOpen)
+            return opened == m_mayOpen;
+        if (m_mayOpenAny)
+            return opened.size() <= 1 && (opened.isEmpty() || m_mayOpen.contains(opened.constFirst()));
+        return opened.isEmpty();
+    };
+    if (problem.isEmpty() && !guiUntil(isAsItShould)) {
+        problem = QStringLiteral("opened: %1; highlighted: %2")
+                      .arg(opened.join(QLatin1String(", ")), m_mayOpen.join(QLatin1String(", ")));
+    }
+    openings += opened.size();
+    for (const QString &path : qAsConst(opened))
+        say(QStringLiteral("opened ") + path);
 }
 
 QPoint SoakPerson::place(double x, double y) const

@@ -64,6 +64,8 @@ private:
     void command(int choice);
     void file(int choice) const;
     void screen(int choice);
+    //! Looks at what the host was asked to open in this step.
+    void checkOpened();
     //! Tells the log what is about to be done.
     void say(const QString &text);
     //! A press at the same place a moment after another one may open a tile; it is a double-click.

@@ -40,7 +40,7 @@ void ask(ShownProgram &program, const std::function<void(QFileDialog *)> &answer
 {
     QTimer look;
     bool isAnswered = false;
-    QObject::connect(&look, &QTimer::timeout, [&] {
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
         auto *const dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
         if (!dialog || isAnswered)
             return;

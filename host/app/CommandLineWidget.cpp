@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTextLayout>
@@ -49,6 +50,7 @@ CommandLineWidget::CommandLineWidget(QWidget *parent) : QWidget(parent)
     m_history->setFont(font);
     m_history->setFrameShape(QFrame::NoFrame);
     m_history->setFocusPolicy(Qt::ClickFocus);
+    m_history->viewport()->installEventFilter(this);
 
     m_input = new QLineEdit(this);
     m_input->setObjectName(QStringLiteral("commandInput"));
@@ -138,10 +140,20 @@ int CommandLineWidget::heightForLines(int lines) const
 
 bool CommandLineWidget::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == m_history->viewport() && event->type() == QEvent::MouseButtonPress)
+        deselectAt(static_cast<const QMouseEvent *>(event));
     if (watched == m_input && event->type() == QEvent::KeyPress &&
         handleKey(static_cast<const QKeyEvent *>(event)))
         return true;
     return QWidget::eventFilter(watched, event);
+}
+
+//! Pressed text that is selected would be dragged. Qt begins that drag from a timer too, and one that begins
+//! as the button goes up waits for a button that is up already.
+void CommandLineWidget::deselectAt(const QMouseEvent *press)
+{
+    if (press->button() == Qt::LeftButton && !(press->modifiers() & Qt::ShiftModifier))
+        m_history->setTextCursor(m_history->cursorForPosition(press->pos()));
 }
 
 bool CommandLineWidget::handleKey(const QKeyEvent *event)

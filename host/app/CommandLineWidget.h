@@ -6,6 +6,7 @@
 
 class QKeyEvent;
 class QLineEdit;
+class QMouseEvent;
 class QPlainTextEdit;
 
 namespace fxhost {
@@ -43,6 +44,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void deselectAt(const QMouseEvent *press);
     bool handleKey(const QKeyEvent *event);
     void enterLine();
     void recall(int index);

@@ -165,11 +165,16 @@ QString SoakHost::tileAt(const QPoint &place) const
     return {};
 }
 
+bool SoakHost::hasModule() const
+{
+    return !m_host->modules().loaded().isEmpty();
+}
+
 QString SoakHost::toggleModule()
 {
     const QString module = QStringLiteral(MODULE_FILE);
     fxhost::ModuleManager &modules = m_host->modules();
-    const bool wasLoaded = !modules.loaded().isEmpty();
+    const bool wasLoaded = hasModule();
     const bool isDone = wasLoaded ? modules.unload(module) : modules.load(module);
     m_modulesLoaded += !wasLoaded;
     return isDone ? QString() : QStringLiteral("the module cannot be loaded or unloaded");

@@ -45,6 +45,7 @@ public:
     //! Global pixels.
     QString tileAt(const QPoint &place) const;
 
+    bool hasModule() const;
     //! \return what is wrong; empty when all is well
     QString toggleModule();
 

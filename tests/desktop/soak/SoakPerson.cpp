@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/desktop/soak/SoakPerson.h"
 
+#include "host/app/HelpWindow.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "tests/support/DragHand.h"
@@ -11,12 +12,23 @@
 #include <QPointer>
 #include <QProcess>
 
+#include <algorithm>
 #include <utility>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
+
+//! Whether the help window has it that has just been asked for; true where there is none.
+bool helpHasTheKeyboard()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto help = std::find_if(windows.begin(), windows.end(), [](const QWidget *window) {
+        return window->isVisible() && qobject_cast<const fxhost::HelpWindow *>(window);
+    });
+    return help == windows.end() || (*help)->isActiveWindow();
+}
 
 } // namespace
 
@@ -337,7 +349,14 @@ void SoakPerson::command(int choice)
         break;
     }
     say(line);
-    gui([&] { m_soak.host().commands().runLine(line); });
+    bool givesHelp = false;
+    gui([&] {
+        givesHelp = line == QLatin1String("_RHELP") && m_soak.hasModule(); // whose command that is
+        m_soak.host().commands().runLine(line);
+    });
+    // Else the next key could still go to the popup, or not.
+    if (givesHelp && !guiUntil(helpHasTheKeyboard))
+        problem = QStringLiteral("the help does not get the keyboard");
 }
 
 void SoakPerson::file(int choice) const

@@ -55,6 +55,23 @@ private slots:
         QCOMPARE(line.typed(), QString());
     }
 
+    void selectedHistoryIsNotDragged()
+    {
+        ShownCommandLine line;
+        QVERIFY(line.isExposed());
+        line.showMessage(QStringLiteral("a long message that somebody selects"));
+        QWidget *text = line.history()->viewport();
+        const QPoint place(10, 10);
+        line.history()->selectAll();
+        QTest::mousePress(text, Qt::RightButton, Qt::NoModifier, place); // for a menu that copies it
+        QVERIFY(line.history()->textCursor().hasSelection());
+        QTest::mousePress(text, Qt::LeftButton, Qt::ShiftModifier, place); // for more, or less
+        QVERIFY(line.history()->textCursor().hasSelection());
+        QTest::mousePress(text, Qt::LeftButton, Qt::NoModifier, place);
+        QVERIFY(!line.history()->textCursor().hasSelection());
+        QTest::mouseRelease(text, Qt::LeftButton, Qt::NoModifier, place);
+    }
+
     void anEmptyLineRunsNothing()
     {
         ShownCommandLine line;

@@ -45,6 +45,15 @@ struct ShownProgram
         return testbytes::writeFile(dir.filePath(name), testbytes::DrawingBytes().bytes());
     }
 
+    //! Of the open drawings.
+    QStringList openPaths()
+    {
+        QStringList paths;
+        for (const fxhost::Document *document : host.documents().documents())
+            paths.append(document->path());
+        return paths;
+    }
+
     QLineEdit *input() const { return window.findChild<QLineEdit *>(QStringLiteral("commandInput")); }
     QString history() const { return window.commandLine().historyText(); }
     //! Types line into the command line and presses Enter.

@@ -58,14 +58,6 @@ struct Offer
     Qt::DropAction action = Qt::IgnoreAction;
 };
 
-QStringList openPaths(ShownProgram &program)
-{
-    QStringList paths;
-    for (const Document *document : program.host.documents().documents())
-        paths.append(document->path());
-    return paths;
-}
-
 } // namespace
 
 void FileDropTest::filesAreTaken()
@@ -77,8 +69,8 @@ void FileDropTest::filesAreTaken()
     Offer offer({QUrl::fromLocalFile(paths.at(0)), QUrl(QStringLiteral("file:///") + paths.at(1))});
     QVERIFY(offer.enter(&program.window));
     offer.drop(&program.window);
-    QVERIFY(openPaths(program).isEmpty()); // the other program has its answer first
-    QTRY_COMPARE(openPaths(program), paths);
+    QVERIFY(program.openPaths().isEmpty()); // the other program has its answer first
+    QTRY_COMPARE(program.openPaths(), paths);
     QCOMPARE(program.host.recentFiles().paths().first(), paths.at(1));
 }
 
@@ -91,7 +83,7 @@ void FileDropTest::namesKeepTheirBytes()
     Offer offer({QUrl::fromEncoded(url)});
     QVERIFY(offer.enter(&program.window));
     offer.drop(&program.window);
-    QTRY_COMPARE(openPaths(program), QStringList(path));
+    QTRY_COMPARE(program.openPaths(), QStringList(path));
 }
 
 void FileDropTest::moreThanFilesOpensTheFiles()
@@ -101,9 +93,9 @@ void FileDropTest::moreThanFilesOpensTheFiles()
     Offer offer({QUrl(QStringLiteral("https://example.com/a.dwg")), QUrl::fromLocalFile(path)});
     QVERIFY(offer.enter(&program.window));
     offer.drop(&program.window);
-    QTRY_COMPARE(openPaths(program), QStringList(path));
+    QTRY_COMPARE(program.openPaths(), QStringList(path));
     drainEvents();
-    QCOMPARE(openPaths(program), QStringList(path));
+    QCOMPARE(program.openPaths(), QStringList(path));
 }
 
 void FileDropTest::whatIsNoFileIsRefused_data()
@@ -139,7 +131,7 @@ void FileDropTest::fileThatIsNoDrawingGetsAMessage()
     QVERIFY(offer.enter(&program.window));
     offer.drop(&program.window);
     QTRY_VERIFY2(program.history().contains(QStringLiteral("missing.dwg")), qPrintable(program.history()));
-    QVERIFY(openPaths(program).isEmpty());
+    QVERIFY(program.openPaths().isEmpty());
 }
 
 void FileDropTest::aDropOnTheCommandLineIsOneOnTheWindow()
@@ -163,12 +155,12 @@ void FileDropTest::aDropWaitsForTheRunningCommand()
         offer.enter(&program.window);
         offer.drop(&program.window);
         drainEvents();
-        seen = openPaths(program);
+        seen = program.openPaths();
         return 5100;
     });
     program.enter(QStringLiteral("DROPINSIDE"));
     QVERIFY(seen.isEmpty());
-    QTRY_COMPARE(openPaths(program), QStringList(path));
+    QTRY_COMPARE(program.openPaths(), QStringList(path));
 }
 
 QTEST_MAIN(FileDropTest)

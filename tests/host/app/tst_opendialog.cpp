@@ -59,14 +59,6 @@ void choose(QFileDialog *dialog, const QString &path)
     QTest::keyClick(name, Qt::Key_Return);
 }
 
-QStringList openPaths(ShownProgram &program)
-{
-    QStringList paths;
-    for (const Document *document : program.host.documents().documents())
-        paths.append(document->path());
-    return paths;
-}
-
 } // namespace
 
 void tst_OpenDialog::initTestCase()
@@ -79,7 +71,7 @@ void tst_OpenDialog::whatIsChosenIsOpened()
     ShownProgram program;
     const QString path = program.drawing(QStringLiteral("a.dwg"));
     ask(program, [&](QFileDialog *dialog) { choose(dialog, path); });
-    QCOMPARE(openPaths(program), QStringList(path));
+    QCOMPARE(program.openPaths(), QStringList(path));
     QCOMPARE(program.host.settings().lastDirectory(), program.dir.path());
 }
 
@@ -102,7 +94,7 @@ void tst_OpenDialog::whoChangesHisMindOpensNothing()
         dialog->selectFile(program.drawing(QStringLiteral("a.dwg")));
         dialog->reject();
     });
-    QCOMPARE(openPaths(program), QStringList());
+    QCOMPARE(program.openPaths(), QStringList());
     QCOMPARE(program.host.settings().lastDirectory(), QString());
     QVERIFY(program.window.findChildren<QFileDialog *>().isEmpty());
 }
@@ -138,7 +130,7 @@ void tst_OpenDialog::aFolderThatDoesNotAnswerHoldsUpNobody()
     ShownProgram program;
     const QString path = folder.makeFile(QStringLiteral("a.dwg"), testbytes::DrawingBytes().bytes());
     ask(program, [&](QFileDialog *dialog) { choose(dialog, path); });
-    QCOMPARE(openPaths(program), QStringList(path));
+    QCOMPARE(program.openPaths(), QStringList(path));
 
     const Alarm alarm;
     folder.stopAnswering();

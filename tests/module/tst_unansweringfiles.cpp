@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/documents/DocumentManager.h"
+#include "host/runtime/probe/FileProbe.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "samples/DrawingWriter.h"
 #include "tests/support/RealBrowser.h"
@@ -10,7 +11,11 @@
 #include <CFxRecentFileList.h>
 
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QLabel>
+
+#include <chrono>
+#include <thread>
 
 Q_DECLARE_METATYPE(StuckFolder::Kind)
 
@@ -25,6 +30,10 @@ private slots:
     void popupShowsWhatAnswers();
     void nothingIsOpenedThatDoesNotAnswer_data() { addKinds(); }
     void nothingIsOpenedThatDoesNotAnswer();
+    void aDiskThatWakesUpIsWaitedFor_data() { addKinds(); }
+    void aDiskThatWakesUpIsWaitedFor();
+    void severalAreWaitedForTogether_data() { addKinds(); }
+    void severalAreWaitedForTogether();
 
 private:
     static void addKinds();
@@ -134,6 +143,44 @@ void tst_UnansweringFiles::nothingIsOpenedThatDoesNotAnswer()
     QVERIFY(browser.storedPaths().contains(away));
     // Nor does the drawing that is open from there keep others from being opened.
     QCOMPARE(browser.host().documents().open(browser.paths().at(0)), QString());
+}
+
+void tst_UnansweringFiles::aDiskThatWakesUpIsWaitedFor()
+{
+    QFETCH(StuckFolder::Kind, kind);
+    StuckFolder disk(kind);
+    if (!disk.problem().isEmpty())
+        QSKIP(qPrintable(disk.problem()));
+    RealBrowser browser(1, usualFrame);
+    const QString path = disk.makeFile(QStringLiteral("asleep.dwg"), drawingWithPicture());
+    disk.stopAnswering();
+    // Longer than a file of the list may take.
+    std::thread spinningUp([&disk] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(3 * fxhost::FileProbe::deadline));
+        disk.answerAgain();
+    });
+    const QString problem = browser.host().documents().open(path);
+    spinningUp.join();
+    QCOMPARE(problem, QString());
+}
+
+void tst_UnansweringFiles::severalAreWaitedForTogether()
+{
+    QFETCH(StuckFolder::Kind, kind);
+    StuckFolder server(kind);
+    if (!server.problem().isEmpty())
+        QSKIP(qPrintable(server.problem()));
+    RealBrowser browser(1, usualFrame);
+    QStringList paths;
+    for (int i = 0; i < 4; ++i)
+        paths.append(server.makeFile(QStringLiteral("away %1.dwg").arg(i), drawingWithPicture()));
+    server.stopAnswering();
+    QElapsedTimer clock;
+    clock.start();
+    browser.host().documents().openAll(paths);
+    QVERIFY2(clock.elapsed() < 9000, "each was waited for, three seconds");
+    for (const QString &path : qAsConst(paths))
+        QVERIFY(browser.log().contains(QStringLiteral("open %1 failed").arg(path)));
 }
 
 QTEST_MAIN(tst_UnansweringFiles)

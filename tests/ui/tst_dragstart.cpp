@@ -212,8 +212,8 @@ void TestDragStart::dragCarriesExactlyOneUrl_data()
     QTest::newRow("a leading dash") << QStringLiteral("-gear.dwg");
     QTest::newRow("only dots") << QStringLiteral("...");
     QTest::newRow("right to left") << QStringLiteral("\u05d0\u202e.dwg");
-    QTest::newRow("as long as a path can be")
-        << (QString(200, QLatin1Char('n')) + QLatin1Char('/')).repeated(20) + QStringLiteral("gear.dwg");
+    QTest::newRow("nearly as long as a path can be")
+        << (QString(200, QLatin1Char('n')) + QLatin1Char('/')).repeated(19) + QStringLiteral("gear.dwg");
     QTest::newRow("bytes that are no UTF-8") << QStringLiteral("gear ") + QChar(0xdcff) + QChar(0xdc80);
 }
 

@@ -123,8 +123,8 @@ RecentFileStore::Reading RecentFileStore::read() const
     const QFileInfo info(m_file);
     if (!info.exists())
         return {Reading::Outcome::NoFile, {}, {}};
-    if (!info.isFile() ||
-        info.size() > largestFile) // to open a FIFO would wait for somebody who writes to it
+    // Opening a FIFO would wait for somebody to write to it.
+    if (!info.isFile() || info.size() > largestFile)
         return {Reading::Outcome::Damaged, {}, {}};
     QFile file(m_file);
     const QByteArray content = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();

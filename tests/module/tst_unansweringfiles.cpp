@@ -17,8 +17,6 @@
 #include <chrono>
 #include <thread>
 
-Q_DECLARE_METATYPE(StuckFolder::Kind)
-
 //! The browser where some recent drawings are on a server that goes away. Nothing here may wait for it, or
 //! the test hangs and fails.
 class tst_UnansweringFiles : public TestCase
@@ -26,17 +24,14 @@ class tst_UnansweringFiles : public TestCase
     Q_OBJECT
 
 private slots:
-    void popupShowsWhatAnswers_data() { addKinds(); }
+    void popupShowsWhatAnswers_data() { addStuckFolderRows(); }
     void popupShowsWhatAnswers();
-    void nothingIsOpenedThatDoesNotAnswer_data() { addKinds(); }
+    void nothingIsOpenedThatDoesNotAnswer_data() { addStuckFolderRows(); }
     void nothingIsOpenedThatDoesNotAnswer();
-    void aDiskThatWakesUpIsWaitedFor_data() { addKinds(); }
+    void aDiskThatWakesUpIsWaitedFor_data() { addStuckFolderRows(); }
     void aDiskThatWakesUpIsWaitedFor();
-    void severalAreWaitedForTogether_data() { addKinds(); }
+    void severalAreWaitedForTogether_data() { addStuckFolderRows(); }
     void severalAreWaitedForTogether();
-
-private:
-    static void addKinds();
 };
 
 namespace {
@@ -74,19 +69,9 @@ QStringList titles(const QDialog *popup)
 
 } // namespace
 
-void tst_UnansweringFiles::addKinds()
-{
-    QTest::addColumn<StuckFolder::Kind>("kind");
-    QTest::newRow("a mount") << StuckFolder::Kind::Mount;
-    QTest::newRow("calls that wait") << StuckFolder::Kind::Calls;
-}
-
 void tst_UnansweringFiles::popupShowsWhatAnswers()
 {
-    QFETCH(StuckFolder::Kind, kind);
-    StuckFolder server(kind);
-    if (!server.problem().isEmpty())
-        QSKIP(qPrintable(server.problem()));
+    STUCK_FOLDER_OR_SKIP(server);
     RealBrowser browser(2, usualFrame);
     const QStringList listed = {browser.paths().at(0),
                                 server.makeFile(QStringLiteral("away.dwg"), drawingWithPicture()),
@@ -121,10 +106,7 @@ void tst_UnansweringFiles::popupShowsWhatAnswers()
 
 void tst_UnansweringFiles::nothingIsOpenedThatDoesNotAnswer()
 {
-    QFETCH(StuckFolder::Kind, kind);
-    StuckFolder server(kind);
-    if (!server.problem().isEmpty())
-        QSKIP(qPrintable(server.problem()));
+    STUCK_FOLDER_OR_SKIP(server);
     RealBrowser browser(1, usualFrame);
     const QString away = server.makeFile(QStringLiteral("away.dwg"), drawingWithPicture());
     const QString open = server.makeFile(QStringLiteral("open.dwg"), drawingWithPicture());
@@ -147,10 +129,7 @@ void tst_UnansweringFiles::nothingIsOpenedThatDoesNotAnswer()
 
 void tst_UnansweringFiles::aDiskThatWakesUpIsWaitedFor()
 {
-    QFETCH(StuckFolder::Kind, kind);
-    StuckFolder disk(kind);
-    if (!disk.problem().isEmpty())
-        QSKIP(qPrintable(disk.problem()));
+    STUCK_FOLDER_OR_SKIP(disk);
     RealBrowser browser(1, usualFrame);
     const QString path = disk.makeFile(QStringLiteral("asleep.dwg"), drawingWithPicture());
     disk.stopAnswering();
@@ -166,10 +145,7 @@ void tst_UnansweringFiles::aDiskThatWakesUpIsWaitedFor()
 
 void tst_UnansweringFiles::severalAreWaitedForTogether()
 {
-    QFETCH(StuckFolder::Kind, kind);
-    StuckFolder server(kind);
-    if (!server.problem().isEmpty())
-        QSKIP(qPrintable(server.problem()));
+    STUCK_FOLDER_OR_SKIP(server);
     RealBrowser browser(1, usualFrame);
     QStringList paths;
     for (int i = 0; i < 4; ++i)

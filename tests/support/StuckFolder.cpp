@@ -75,3 +75,10 @@ void StuckFolder::answerAgain()
 {
     QFile::remove(m_lever);
 }
+
+void addStuckFolderRows()
+{
+    QTest::addColumn<StuckFolder::Kind>("kind");
+    QTest::newRow("a mount") << StuckFolder::Kind::Mount;
+    QTest::newRow("calls that wait") << StuckFolder::Kind::Calls;
+}

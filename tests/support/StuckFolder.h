@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QMetaType>
 #include <QProcess>
 #include <QString>
 #include <QTemporaryDir>
+#include <QTest>
 
 //! A folder that can be told not to answer, as one on a server that went away: whoever looks at a file in it
 //! waits until it answers again.
@@ -46,3 +48,14 @@ private:
     QString m_problem;
     QProcess m_mount;
 };
+Q_DECLARE_METATYPE(StuckFolder::Kind)
+
+//! Adds the column "kind" and a row for each kind of folder.
+void addStuckFolderRows();
+
+//! A folder of the row's kind, in a test with such rows; without one the test is skipped, and says why.
+#define STUCK_FOLDER_OR_SKIP(folder)                                                                         \
+    QFETCH(StuckFolder::Kind, kind);                                                                         \
+    StuckFolder folder(kind);                                                                                \
+    if (!(folder).problem().isEmpty())                                                                       \
+    QSKIP(qPrintable((folder).problem()))

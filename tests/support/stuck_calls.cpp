@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
 // Preloaded into a program, makes a folder look like one on a server that went away: calls that look at files
-// below $STUCK_FOLDER do not return while the file $STUCK_SWITCH exists. Without these variables nothing
-// changes. Stands in for a real file system where none can be mounted.
+// below $STUCK_FOLDER do not return while the file $STUCK_SWITCH exists. Stands in for a real file system
+// where none can be mounted. And no thread can be had while the file $STUCK_THREADS exists. Without these
+// variables nothing changes.
 #include <cerrno>
 #include <cstdarg>
 #include <cstdlib>
@@ -11,6 +12,7 @@
 
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <pthread.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -107,6 +109,15 @@ STUCK_CALL open64(const char *path, int flags, ...)
     MODE_OF(flags, flags, mode);
     waitWhileStuck(path);
     return next(&open64, "open64")(path, flags, mode);
+}
+
+STUCK_CALL pthread_create(pthread_t *thread, const pthread_attr_t *attributes, void *(*start)(void *),
+                          void *argument) noexcept
+{
+    const char *const lever = std::getenv("STUCK_THREADS"); // NOLINT(concurrency-mt-unsafe): as above
+    if (lever && exists(lever))
+        return EAGAIN;
+    return next(&pthread_create, "pthread_create")(thread, attributes, start, argument);
 }
 
 } // extern "C"

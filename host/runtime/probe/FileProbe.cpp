@@ -18,8 +18,8 @@ namespace fxhost {
 namespace {
 
 constexpr char helperName[] = "fxprobe";
-//! What a request of no file may take on a busy machine, in milliseconds; and the helper's start from a disk
-//! that was asleep.
+//! What the machine itself may take, being busy, until a file is looked at, in milliseconds; and the helper's
+//! start from a disk that was asleep.
 constexpr int machinesTime = 5000;
 
 //! Those that could not end. To delete one would wait for it, so nobody ever does.
@@ -74,29 +74,80 @@ bool FileProbe::startHelper()
     m_helper->setWorkingDirectory(QDir::rootPath());
     m_helper->start(m_program, QStringList());
     // The first start may take its time; whoever waits for files later does not wait for this.
-    const int hello = m_helper->waitForStarted(machinesTime) ? ask(QString()) : 0;
-    if (hello && waitUntil([&] { return !m_asked.contains(hello); }, machinesTime))
-        return true;
+    const QString noFile;
+    if (m_helper->waitForStarted(machinesTime)) {
+        ask(noFile);
+        waitFor({noFile}, machinesTime);
+        if (!m_silent.contains(noFile))
+            return true;
+    }
     m_failedAt = m_clock.elapsed();
     m_problem = QCoreApplication::translate("fxhost::FileProbe", "The program %1 does not work: %2.")
                     .arg(m_program, m_helper->errorString());
     return false;
 }
 
-int FileProbe::ask(const QString &path)
+void FileProbe::askFor(const QStringList &paths)
+{
+    const qint64 now = m_clock.elapsed();
+    for (const QString &path : paths) {
+        // A path of no file answers by itself; one with a zero byte is none that a system call can be told.
+        const bool needsNoFile = path.isEmpty() || path.contains(QChar::Null);
+        if (needsNoFile || m_answered.contains(path))
+            continue;
+        const auto silence = m_silent.constFind(path);
+        const bool isNew = silence == m_silent.constEnd();
+        if (isNew || (silence->since &&
+                      now - silence->askedAt >=
+                          qBound<qint64>(firstRepeat, silence->askedAt - *silence->since, lastRepeat)))
+            ask(path);
+    }
+}
+
+void FileProbe::ask(const QString &path)
 {
     const int number = ++m_lastNumber;
-    m_asked.insert(number, path);
+    m_asked.insert(number, {path, false});
+    m_silent[path].askedAt = m_clock.elapsed();
     m_helper->write(QByteArray::number(number) + ' ' + pathBytes(path) + '\0');
-    return number;
 }
 
 void FileProbe::hear()
 {
     while (m_helper->canReadLine()) {
-        const QString path = m_asked.take(m_helper->readLine().trimmed().toInt());
-        if (m_silent.remove(path) > 0)
-            m_answered.insert(path, m_clock.elapsed());
+        const auto question = m_asked.find(m_helper->readLine().trimmed().toInt());
+        if (question == m_asked.end())
+            continue;
+        const auto silence = m_silent.find(question->path);
+        if (!question->hasBegun) {
+            question->hasBegun = true;
+            if (silence != m_silent.end() && !silence->since)
+                silence->since = m_clock.elapsed();
+            continue;
+        }
+        if (silence != m_silent.end()) {
+            m_silent.erase(silence);
+            m_answered.insert(question->path, m_clock.elapsed());
+        }
+        m_asked.erase(question);
+    }
+}
+
+void FileProbe::waitFor(const QStringList &paths, int patience)
+{
+    for (;;) {
+        hear();
+        qint64 end = 0;
+        for (const QString &path : paths) {
+            const auto silence = m_silent.constFind(path);
+            if (silence != m_silent.constEnd())
+                end = std::max(end,
+                               silence->since ? *silence->since + patience : silence->askedAt + machinesTime);
+        }
+        const auto left = int(end - m_clock.elapsed());
+        if (left <= 0 || !isRunning())
+            return;
+        m_helper->waitForReadyRead(left);
     }
 }
 
@@ -104,66 +155,6 @@ void FileProbe::forgetAnswersBefore(qint64 time)
 {
     for (auto it = m_answered.begin(); it != m_answered.end();)
         it = *it > time ? std::next(it) : m_answered.erase(it);
-}
-
-//! \return whether the condition holds after so many milliseconds at the latest
-template<class Condition>
-bool FileProbe::waitUntil(Condition condition, qint64 longest)
-{
-    QElapsedTimer waiting;
-    waiting.start();
-    for (hear(); !condition(); hear()) {
-        const auto left = int(longest - waiting.elapsed());
-        if (left <= 0 || !isRunning())
-            return false;
-        m_helper->waitForReadyRead(left);
-    }
-    return true;
-}
-
-QStringList FileProbe::askFor(const QStringList &paths)
-{
-    QStringList news;
-    const qint64 now = m_clock.elapsed();
-    for (const QString &path : paths) {
-        // A path of no file answers by itself; one with a zero byte is none that a system call can be told.
-        const bool needsNoFile = path.isEmpty() || path.contains(QChar::Null);
-        if (needsNoFile || m_answered.contains(path))
-            continue;
-        const auto silence = m_silent.find(path);
-        if (silence == m_silent.end()) {
-            ask(path);
-            m_silent.insert(path, {now, now});
-            news.append(path);
-        } else if (now - silence->askedAt >=
-                   qBound<qint64>(firstRepeat, silence->askedAt - silence->since, lastRepeat)) {
-            ask(path);
-            silence->askedAt = now;
-        }
-    }
-    return news;
-}
-
-void FileProbe::waitFor(const QStringList &paths, const QStringList &news, int patience)
-{
-    const auto isSilent = [this](const QString &path) { return m_silent.contains(path); };
-    const auto haveAnswered = [&] { return std::none_of(paths.begin(), paths.end(), isSilent); };
-    if (!news.isEmpty()) {
-        // The time is the files'. What the machine itself needs, being busy, does not count.
-        const int nothing = ask(QString());
-        waitUntil([&] { return haveAnswered() || !m_asked.contains(nothing); }, machinesTime);
-        const qint64 now = m_clock.elapsed();
-        for (const QString &path : news) {
-            if (isSilent(path))
-                m_silent.insert(path, {now, now});
-        }
-    }
-    qint64 end = 0;
-    for (const QString &path : paths) {
-        if (isSilent(path))
-            end = std::max(end, m_silent.value(path).since + patience);
-    }
-    waitUntil(haveAnswered, end - m_clock.elapsed());
 }
 
 QStringList FileProbe::silent(const QStringList &paths, int freshFor, int patience)
@@ -183,7 +174,8 @@ QStringList FileProbe::silent(const QStringList &paths, int freshFor, int patien
         } while (m_helper->waitForReadyRead(0));
         m_answered = answered;
         forgetAnswersBefore(m_clock.elapsed() - freshFor);
-        waitFor(paths, askFor(paths), patience);
+        askFor(paths);
+        waitFor(paths, patience);
         if (isRunning())
             break;
         m_silent.clear();

@@ -7,6 +7,8 @@
 #include <QHash>
 #include <QStringList>
 
+#include <optional>
+
 class QProcess;
 
 namespace fxhost {
@@ -31,9 +33,10 @@ public:
     FileProbe(const FileProbe &) = delete;
     FileProbe &operator=(const FileProbe &) = delete;
 
-    //! Looks at files, all at the same time, and waits until each has answered or had its time, which counts
-    //! from the first question: a file that has been silent for longer is not waited for again. It is silent
-    //! until its answer has come. An error is an answer like any other.
+    //! Looks at files, all at the same time, and waits until each has answered or had its time. That counts
+    //! from when the helper first began to look at it: what a busy machine needs until then is not the
+    //! file's, and a file that has been silent for longer is not waited for again. It is silent until its
+    //! answer has come. An error is an answer like any other.
     //! \param paths full paths
     //! \param freshFor an answer that is no older than so many milliseconds is taken for a new one
     //! \param patience how long a file may take, in milliseconds
@@ -45,31 +48,33 @@ public:
     QString problem() const { return m_problem; }
 
 private:
+    struct Question
+    {
+        QString path;
+        bool hasBegun; //!< whether the helper is looking at it
+    };
     struct Silence
     {
-        qint64 since; //!< in milliseconds of the clock, like all times here
-        qint64 askedAt;
+        qint64 askedAt = 0;          //!< last, in milliseconds of the clock, like all times here
+        std::optional<qint64> since; //!< when the helper first began to look, once it has
     };
 
     bool startHelper();
     bool isRunning() const;
-    int ask(const QString &path);
     //! Asks for those of paths whose answers are missing, and for those that have long been silent once more.
-    //! \return which of them are asked for the first time
-    QStringList askFor(const QStringList &paths);
-    void waitFor(const QStringList &paths, const QStringList &news, int patience);
+    void askFor(const QStringList &paths);
+    void ask(const QString &path);
     void hear();
+    void waitFor(const QStringList &paths, int patience);
     void forgetAnswersBefore(qint64 time);
-    template<class Condition>
-    bool waitUntil(Condition condition, qint64 longest);
 
     QString m_program;
     QProcess *m_helper = nullptr;
     QString m_problem;
     qint64 m_failedAt = 0;
     int m_lastNumber = 0;
-    QHash<int, QString> m_asked;       //!< by the number of the request, until it is answered
-    QHash<QString, Silence> m_silent;  //!< until one of their requests is answered
+    QHash<int, Question> m_asked;      //!< by the number of the request, until it is answered
+    QHash<QString, Silence> m_silent;  //!< until one of their questions is answered
     QHash<QString, qint64> m_answered; //!< when
     QElapsedTimer m_clock;
 };

@@ -5,15 +5,22 @@
 // host's.
 //
 // Reads requests from the standard input, each "NUMBER PATH" and a zero byte, and writes NUMBER and a line
-// end to the standard output once the file has answered, whatever the answer was. Each request has a thread
-// of its own: what does not answer keeps no other waiting. An empty path needs no file and no thread, and is
-// answered at once. Ends with its input.
+// end to the standard output twice: when it begins to look at the file, so that nobody takes a busy machine
+// for a silent file, and once the file has answered, whatever the answer was. An empty path needs no file.
+// Ends with its input, and at once where it cannot have a thread.
+#include <algorithm>
 #include <array>
+#include <condition_variable>
+#include <cstdlib>
+#include <mutex>
+#include <queue>
 #include <string>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -33,50 +40,112 @@ void lookAt(const std::string &path)
     ::close(file);
 }
 
-void answer(const std::string &number)
+void write(const std::string &number)
 {
     const std::string line = number + '\n';
     // So short a write is never mixed with another thread's.
     [[maybe_unused]] const ssize_t written = ::write(STDOUT_FILENO, line.data(), line.size());
 }
 
-void take(const std::string &request)
+struct Request
+{
+    std::string number;
+    std::string path;
+};
+
+//! What is to be looked at, and the threads that do: one, and more once it is held up.
+class Lookers
+{
+public:
+    //! \return whether there are so many threads more
+    bool start(std::size_t count)
+    {
+        try {
+            for (std::size_t i = 0; i < count; ++i) {
+                std::thread([this] { work(); }).detach();
+                ++m_threads;
+            }
+        } catch (const std::system_error &) {
+            return false;
+        }
+        return true;
+    }
+
+    void add(Request request)
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_waiting.push(std::move(request));
+        m_added.notify_one();
+    }
+
+    //! How many requests no thread has taken yet.
+    std::size_t waiting()
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        return m_waiting.size();
+    }
+
+    std::size_t threads() const { return m_threads; }
+
+private:
+    [[noreturn]] void work()
+    {
+        for (;;) {
+            const Request request = take();
+            write(request.number);
+            if (!request.path.empty())
+                lookAt(request.path);
+            write(request.number);
+        }
+    }
+
+    Request take()
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_added.wait(lock, [this] { return !m_waiting.empty(); });
+        Request request = std::move(m_waiting.front());
+        m_waiting.pop();
+        return request;
+    }
+
+    std::size_t m_threads = 0; //!< known to who starts them only
+    std::mutex m_mutex;
+    std::condition_variable m_added;
+    std::queue<Request> m_waiting;
+};
+
+void take(const std::string &request, Lookers &lookers)
 {
     const std::size_t blank = request.find(' ');
-    if (blank == std::string::npos)
-        return;
-    const std::string number = request.substr(0, blank);
-    const std::string path = request.substr(blank + 1);
-    if (path.empty()) {
-        answer(number);
-        return;
-    }
-    const auto lookAndAnswer = [number, path] {
-        lookAt(path);
-        answer(number);
-    };
-    try {
-        std::thread(lookAndAnswer).detach();
-    } catch (const std::system_error &) { // NOLINT(bugprone-empty-catch)
-        // Too many files do not answer, and neither does this one, until it is asked for again.
-    }
+    if (blank != std::string::npos)
+        lookers.add({request.substr(0, blank), request.substr(blank + 1)});
 }
 
 } // namespace
 
 int main()
 {
+    constexpr int moment = 10;               // milliseconds: a file that answers does it in far less
     constexpr std::size_t chunkSize = 65536; // bytes: as much as a pipe holds
     std::array<char, chunkSize> chunk = {};
     std::string input;
+    auto &lookers = *new Lookers; // for ever, as its threads may be
+    if (!lookers.start(1))
+        return EXIT_FAILURE;
     for (;;) {
+        pollfd requests = {STDIN_FILENO, POLLIN, 0};
+        if (::poll(&requests, 1, lookers.waiting() > 0 ? moment : -1) == 0) {
+            // Those that there are may wait for ever. Those that cannot be had now are tried for again.
+            lookers.start(std::min(lookers.threads(), lookers.waiting()));
+            continue;
+        }
         const ssize_t size = ::read(STDIN_FILENO, chunk.data(), chunk.size());
         if (size <= 0)
             ::_exit(0); // without a word to the threads, which may never hear it
         input.append(chunk.data(), static_cast<std::size_t>(size));
         std::size_t start = 0;
         for (std::size_t end = 0; (end = input.find('\0', start)) != std::string::npos; start = end + 1)
-            take(input.substr(start, end - start));
+            take(input.substr(start, end - start), lookers);
         input.erase(0, start);
     }
 }

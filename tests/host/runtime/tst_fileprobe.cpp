@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/Paths.h"
 #include "host/runtime/probe/FileProbe.h"
-#include "host/runtime/recent/AnsweringRecentFiles.h"
-#include "host/runtime/recent/RecentFiles.h"
 #include "tests/support/SpecialFiles.h"
 #include "tests/support/StuckFolder.h"
 #include "tests/support/TestCase.h"
@@ -16,9 +14,7 @@
 
 using fxhost::FileProbe;
 
-Q_DECLARE_METATYPE(StuckFolder::Kind)
-
-//! Which files answer, and which recent documents modules get to see.
+//! Which files answer, told without waiting for those that do not.
 class tst_FileProbe : public TestCase
 {
     Q_OBJECT
@@ -29,28 +25,26 @@ private slots:
     void oddNamesAnswer_data();
     void oddNamesAnswer();
     void aThousandFilesAnswer();
+    void aBusyMachineIsNoSilentFile();
     void aHelperLeftBehindHoldsNothingOfTheHost();
-    void silentFilesAreToldFromTheOthers_data() { addKinds(); }
+    void silentFilesAreToldFromTheOthers_data() { addStuckFolderRows(); }
     void silentFilesAreToldFromTheOthers();
-    void silentFilesAreWaitedForOnce_data() { addKinds(); }
+    void silentFilesAreWaitedForOnce_data() { addStuckFolderRows(); }
     void silentFilesAreWaitedForOnce();
-    void whoIsPatientWaitsLonger_data() { addKinds(); }
+    void whoIsPatientWaitsLonger_data() { addStuckFolderRows(); }
     void whoIsPatientWaitsLonger();
     void filesOfAServerThatWasReplacedAnswer();
-    void whatAnsweredLongAgoIsAskedAnew_data() { addKinds(); }
+    void whatAnsweredLongAgoIsAskedAnew_data() { addStuckFolderRows(); }
     void whatAnsweredLongAgoIsAskedAnew();
-    void theEndDoesNotWaitForSilentFiles_data() { addKinds(); }
+    void theEndDoesNotWaitForSilentFiles_data() { addStuckFolderRows(); }
     void theEndDoesNotWaitForSilentFiles();
     void aHelperThatDiesIsReplaced();
     void aHelperThatDiesIsNoSilentFile();
-    void aHelperWithoutThreadsSaysWhatNeedsNone();
+    void manySilentFilesHoldUpNoOther_data() { addStuckFolderRows(); }
+    void manySilentFilesHoldUpNoOther();
+    void whatNoThreadLooksAtIsSilentUntilOneDoes();
+    void aHelperWithoutAThreadIsNone();
     void withoutAHelperNothingIsSilent();
-    void withoutAHelperItIsSaidOnce();
-    void modulesGetWhatAnswers_data() { addKinds(); }
-    void modulesGetWhatAnswers();
-
-private:
-    static void addKinds();
 };
 
 namespace {
@@ -77,20 +71,23 @@ bool killHelper()
     return pkill.waitForFinished() && pkill.exitCode() == 0;
 }
 
-} // namespace
-
-void tst_FileProbe::addKinds()
+//! The threads that programs started meanwhile can have.
+class Threads
 {
-    QTest::addColumn<StuckFolder::Kind>("kind");
-    QTest::newRow("a mount") << StuckFolder::Kind::Mount;
-    QTest::newRow("calls that wait") << StuckFolder::Kind::Calls;
-}
+public:
+    Threads() { qputenv("STUCK_THREADS", QFile::encodeName(m_lever)); }
+    ~Threads() { qunsetenv("STUCK_THREADS"); }
+    Q_DISABLE_COPY(Threads)
 
-#define STUCK_FOLDER_OR_SKIP(folder)                                                                         \
-    QFETCH(StuckFolder::Kind, kind);                                                                         \
-    StuckFolder folder(kind);                                                                                \
-    if (!(folder).problem().isEmpty())                                                                       \
-    QSKIP(qPrintable((folder).problem()))
+    void runOut() const { QFile(m_lever).open(QIODevice::WriteOnly); }
+    void areThereAgain() const { QFile::remove(m_lever); }
+
+private:
+    const QTemporaryDir m_folder;
+    const QString m_lever = m_folder.filePath(QStringLiteral("no threads"));
+};
+
+} // namespace
 
 void tst_FileProbe::whateverIsThereAnswers()
 {
@@ -231,6 +228,7 @@ void tst_FileProbe::aHelperLeftBehindHoldsNothingOfTheHost()
 {
     FileProbe probe;
     QCOMPARE(probe.silent({QStringLiteral("/tmp/a.dwg")}), QStringList());
+    QTRY_VERIFY(!helperId().isEmpty()); // those of former tests may take a moment to end
     const QString helper = QStringLiteral("/proc/%1/").arg(helperId());
     QCOMPARE(QFile::symLinkTarget(helper + QStringLiteral("cwd")), QStringLiteral("/"));
     QCOMPARE(QFile::symLinkTarget(helper + QStringLiteral("fd/2")), QStringLiteral("/dev/null"));
@@ -263,18 +261,60 @@ void tst_FileProbe::aHelperThatDiesIsNoSilentFile()
     QCOMPARE(probe.problem(), QString());
 }
 
-void tst_FileProbe::aHelperWithoutThreadsSaysWhatNeedsNone()
+void tst_FileProbe::aBusyMachineIsNoSilentFile()
 {
-    // A thread's stack is as large as the limit says: more than there are addresses.
-    QProcess helper;
-    helper.start(QStringLiteral("prlimit"),
-                 {QStringLiteral("--stack=%1:").arg(Q_INT64_C(1) << 47), QStringLiteral(FXPROBE_PROGRAM)});
-    QVERIFY(helper.waitForStarted());
-    helper.write(QByteArray("1 /tmp\0", 7) + QByteArray("2 \0", 3));
-    QVERIFY(helper.waitForReadyRead());
-    helper.closeWriteChannel();
-    QVERIFY(helper.waitForFinished());
-    QCOMPARE(helper.readAllStandardOutput(), QByteArray("2\n"));
+    FileProbe probe;
+    QCOMPARE(probe.silent({QStringLiteral("/")}), QStringList());
+    // The helper does not come to look for longer than a file has.
+    QTRY_VERIFY(!helperId().isEmpty()); // those of former tests may take a moment to end
+    const QString id = helperId();
+    QVERIFY(id.toInt() > 0 && ::kill(id.toInt(), SIGSTOP) == 0);
+    QVERIFY(QProcess::startDetached(QStringLiteral("sh"),
+                                    {QStringLiteral("-c"), QStringLiteral("sleep 1; kill -CONT ") + id}));
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(probe.silent({QStringLiteral("/tmp")}), QStringList());
+    QVERIFY2(clock.elapsed() > FileProbe::deadline, "the helper was not kept from looking");
+}
+
+void tst_FileProbe::manySilentFilesHoldUpNoOther()
+{
+    STUCK_FOLDER_OR_SKIP(folder);
+    QStringList silent;
+    for (int i = 0; i < 200; ++i)
+        silent.append(folder.makeFile(QStringLiteral("%1.dwg").arg(i), "AC1032"));
+    folder.stopAnswering();
+    FileProbe probe;
+    QCOMPARE(probe.silent(silent + QStringList(QStringLiteral("/tmp"))), silent);
+}
+
+void tst_FileProbe::whatNoThreadLooksAtIsSilentUntilOneDoes()
+{
+    StuckFolder folder(StuckFolder::Kind::Calls);
+    QVERIFY2(folder.problem().isEmpty(), qPrintable(folder.problem()));
+    const QString stuck = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
+    const QString other = QStringLiteral("/tmp");
+    const Threads threads;
+    FileProbe probe;
+    QCOMPARE(probe.silent({stuck, other}), QStringList());
+    folder.stopAnswering();
+    threads.runOut();
+    QCOMPARE(probe.silent({stuck}), QStringList(stuck)); // and holds the only thread
+    QCOMPARE(probe.silent({stuck, other}), QStringList({stuck, other}));
+    threads.areThereAgain();
+    QTRY_COMPARE(probe.silent({stuck, other}), QStringList(stuck));
+    folder.answerAgain();
+    QTRY_COMPARE(probe.silent({stuck, other}), QStringList());
+}
+
+void tst_FileProbe::aHelperWithoutAThreadIsNone()
+{
+    const Threads threads;
+    threads.runOut();
+    FileProbe probe;
+    const Alarm alarm;
+    QCOMPARE(probe.silent({QStringLiteral("/tmp")}), QStringList());
+    QVERIFY(!probe.problem().isEmpty());
 }
 
 void tst_FileProbe::withoutAHelperNothingIsSilent()
@@ -290,55 +330,6 @@ void tst_FileProbe::withoutAHelperNothingIsSilent()
     FileProbe silentOne(QStringLiteral("/bin/true")); // starts, and says nothing
     QCOMPARE(silentOne.silent({file}), QStringList());
     QVERIFY(!silentOne.problem().isEmpty());
-}
-
-void tst_FileProbe::withoutAHelperItIsSaidOnce()
-{
-    const QString nowhere = QStringLiteral("/no such folder/fxprobe");
-    fxhost::RecentFiles listed;
-    listed.setPaths({QStringLiteral("/a.dwg")});
-    FileProbe probe(nowhere);
-    QStringList said;
-    const fxhost::AnsweringRecentFiles list(listed, probe, [&](const QString &text) { said.append(text); });
-    std::vector<CFxString> paths;
-    for (int i = 0; i < 3; ++i) {
-        list.GetPaths(paths);
-        QCOMPARE(QStringList(paths.begin(), paths.end()), listed.paths());
-    }
-    QCOMPARE(said.size(), 1);
-    QVERIFY2(said.constFirst().contains(nowhere), qPrintable(said.constFirst()));
-}
-
-void tst_FileProbe::modulesGetWhatAnswers()
-{
-    STUCK_FOLDER_OR_SKIP(folder);
-    const QString away = folder.makeFile(QStringLiteral("away.dwg"), "AC1032");
-    const QString astral = QStringLiteral("/\u6771\u4eac \U0001F4D0.dwg");
-    fxhost::RecentFiles listed;
-    listed.setPaths({astral, away, QStringLiteral("/b.dwg")});
-    FileProbe probe;
-    QStringList said;
-    const fxhost::AnsweringRecentFiles list(listed, probe, [&](const QString &text) { said.append(text); });
-    const auto given = [&list] {
-        std::vector<CFxString> paths{CFxString(L"left over")};
-        list.GetPaths(paths);
-        return QStringList(paths.begin(), paths.end());
-    };
-    QCOMPARE(given(), listed.paths());
-    QCOMPARE(said, QStringList());
-
-    const QStringList all = listed.paths();
-    for (int round = 1; round <= 2; ++round) {
-        folder.stopAnswering();
-        QTRY_COMPARE(given(), QStringList({astral, QStringLiteral("/b.dwg")}));
-        QCOMPARE(given().size(), 2);
-        QCOMPARE(listed.paths(), all); // kept all the same
-        QCOMPARE(said.size(), round);  // once each time
-        QVERIFY2(said.constLast().contains(away) && !said.constLast().contains(astral),
-                 qPrintable(said.constLast()));
-        folder.answerAgain();
-        QTRY_COMPARE(given(), all);
-    }
 }
 
 QTEST_GUILESS_MAIN(tst_FileProbe)

@@ -89,8 +89,9 @@ shell_scripts() {
     ((${#shell[@]} == 0)) || shellcheck "${shell[@]}"
 }
 
-# The compile commands, without what only g++ takes and without the compiler's own verdict on warnings: clang's on
-# variadic macros is about Qt Test's, and g++ gives its own in the build.
+# The compile commands, without what only g++ takes, without precompiled headers, so that each file must include what
+# it needs, and without the compiler's own verdict on warnings: clang's on variadic macros is about Qt Test's, and g++
+# gives its own in the build.
 database=build/lint
 compilable=()
 compile_commands() {
@@ -100,7 +101,8 @@ compile_commands() {
     # The sources include what the build generates.
     scripts/quietly.sh cmake --build --preset dev || return 1
     mkdir -p "$database"
-    sed -e 's/ -fno-gnu-unique / /; s/ -Werror / /; s/ -Wpedantic / /' build/dev/compile_commands.json \
+    sed -e 's/ -fno-gnu-unique / /; s/ -Werror / /; s/ -Wpedantic / /' \
+        -e 's/ -Winvalid-pch -include [^ ]*cmake_pch\.hxx / /' build/dev/compile_commands.json \
         >"$database/compile_commands.json" || return 1
     for unit in "${units[@]}"; do
         if grep -qF "/$unit\"" "$database/compile_commands.json"; then

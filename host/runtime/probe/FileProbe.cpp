@@ -144,10 +144,10 @@ void FileProbe::waitFor(const QStringList &paths, int patience)
                 end = std::max(end,
                                silence->since ? *silence->since + patience : silence->askedAt + machinesTime);
         }
-        const auto left = int(end - m_clock.elapsed());
+        const qint64 left = end - m_clock.elapsed();
         if (left <= 0 || !isRunning())
             return;
-        m_helper->waitForReadyRead(left);
+        m_helper->waitForReadyRead(int(left));
     }
 }
 

@@ -6,6 +6,28 @@
 
 #include <QHBoxLayout>
 #include <QMenu>
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
+
+namespace {
+
+//! Draws its text alone. The panel that the Fusion style draws under the pointer, pressed and at rest would
+//! be black behind the black text of the button's style sheet.
+class MenuTextButton : public FolderPinButton
+{
+public:
+    using FolderPinButton::FolderPinButton;
+
+protected:
+    void paintEvent(QPaintEvent * /*event*/) override
+    {
+        QStyleOptionToolButton option;
+        initStyleOption(&option);
+        QStylePainter(this).drawControl(QStyle::CE_ToolButtonLabel, option);
+    }
+};
+
+} // namespace
 
 RecentFileAction::RecentFileAction(const CFxString &text, const CFxString &path)
     : QWidgetAction(nullptr), filePath(path)
@@ -20,15 +42,13 @@ RecentFileAction::RecentFileAction(const CFxString &text, const CFxString &path)
     layout->setSpacing(0);
 
     QString displayText = FolderPinButton::pathInMenuText(text);
-    textButton = new FolderPinButton(menu(), displayText);
+    textButton = new MenuTextButton(menu(), displayText);
     textButton->setObjectName(QStringLiteral("menuTextButton"));
     textButton->setText(text);
     textButton->setStyleSheet(
         QStringLiteral("QToolButton {                        color: rgba(0, 0, 0, 100%);"
                        "                        background-color: rgba(0, 0, 0, 0%);"
                        "                    }"));
-    // Without this the Fusion style paints a black panel behind the black text of that sheet.
-    textButton->setAutoRaise(true);
     FolderPinButton *pin = RecentDocumentBrowser::CreatePinButton(menu(), displayText);
     FolderPinButton *folder = RecentDocumentBrowser::CreateFolderButton(menu(), displayText);
 

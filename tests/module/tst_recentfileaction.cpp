@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPointer>
+#include <QStyleFactory>
 
 namespace {
 
@@ -19,14 +20,20 @@ FolderPinButton *buttonIn(const RecentFileAction &action, int index)
     return qobject_cast<FolderPinButton *>(action.defaultWidget()->layout()->itemAt(index)->widget());
 }
 
-int darkPixels(const QImage &image)
+//! How many pixels a button draws dark, and how many it leaves white.
+QPair<int, int> darkAndWhite(QWidget &button)
 {
-    int dark = 0;
+    QImage image(button.size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    button.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+    QPair<int, int> counts;
     for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            dark += qGray(image.pixel(x, y)) < 64 ? 1 : 0;
+        for (int x = 0; x < image.width(); ++x) {
+            counts.first += qGray(image.pixel(x, y)) < 64 ? 1 : 0;
+            counts.second += image.pixelColor(x, y) == Qt::white ? 1 : 0;
+        }
     }
-    return dark;
+    return counts;
 }
 
 } // namespace
@@ -46,6 +53,7 @@ private slots:
     void buttonsStandForThePathBehindTheNumber_data();
     void buttonsStandForThePathBehindTheNumber();
     void theTextButtonShowsTheNumberedPath();
+    void theTextIsBlackOnTheMenusGround_data();
     void theTextIsBlackOnTheMenusGround();
     void itsPinIsListedBehindTheOthers();
     void aTriggerOpensNothing();
@@ -146,16 +154,34 @@ void tst_RecentFileAction::theTextButtonShowsTheNumberedPath()
     QCOMPARE(action.textButton->styleSheet(), sheet);
 }
 
+void tst_RecentFileAction::theTextIsBlackOnTheMenusGround_data()
+{
+    QTest::addColumn<QString>("style");
+    for (const QString &style : QStyleFactory::keys())
+        QTest::newRow(qPrintable(style)) << style;
+}
+
 void tst_RecentFileAction::theTextIsBlackOnTheMenusGround()
 {
-    const RecentFileAction action(plainText, plainPath);
-    action.textButton->adjustSize();
-    QImage image(action.textButton->size(), QImage::Format_RGB32);
-    image.fill(Qt::white);
-    action.textButton->render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
-    const int dark = darkPixels(image);
-    QVERIFY(dark > 0);
-    QVERIFY2(dark < image.width() * image.height() / 2, "the text stands on a dark panel");
+    QFETCH(QString, style);
+    QApplication::setStyle(style);
+    RecentFileAction action(plainText, plainPath);
+    QMenu menu;
+    menu.addAction(&action);
+    menu.popup(QPoint(20, 20));
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    QToolButton &button = *action.textButton;
+    const auto atRest = darkAndWhite(button);
+    QVERIFY(atRest.first > 0);
+    QVERIFY2(atRest.first < atRest.second, "the text stands on a dark panel");
+    button.setAttribute(Qt::WA_UnderMouse); // as the application sets it with the pointer's coming
+    QCOMPARE(darkAndWhite(button), atRest);
+    button.setDown(true);
+    QCOMPARE(darkAndWhite(button), atRest);
+    button.setDown(false);
+    button.setFocus();
+    QVERIFY(button.hasFocus());
+    QCOMPARE(darkAndWhite(button), atRest);
 }
 
 void tst_RecentFileAction::itsPinIsListedBehindTheOthers()

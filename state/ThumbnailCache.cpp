@@ -9,6 +9,8 @@
 
 #include <dlfcn.h>
 
+#include <algorithm>
+
 namespace {
 
 //! Keeps Qt's library of the worker threads in memory when the module goes. Its workers have nothing more to
@@ -29,27 +31,32 @@ public:
     Q_DISABLE_COPY(ReservedThread)
 };
 
+struct Picture
+{
+    QString path;
+    QImage image;
+};
+
+void read(Picture &picture)
+{
+    picture.image = RecentDocumentBrowser::GetQImage(picture.path);
+}
+
 //! What QtConcurrent::blockingMapped() promises: reads all pictures, spread over Qt's global thread pool, and
 //! returns when that is done. In Qt 5.15 that function returns as soon as the result is there, while the
 //! worker that reported it has still to pass through code that is the module's, and deletes what is the
-//! module's: when the module goes in that moment, the host crashes. It also waits for ever when all threads
-//! of the pool wait for this one. So this asks the engine below it, whose workers leave by Qt's own code. It
-//! lets this thread read too, which therefore counts as one of the pool's.
-QVector<QImage> readPictures(const QVector<QString> &paths)
+//! module's: when the module goes in that moment, the host crashes. It also waits without end when all
+//! threads of the pool wait for this one. So this asks the engine below it, whose workers leave by Qt's own
+//! code. It lets this thread read too, which therefore counts as one of the pool's; the others join as they
+//! get free.
+void readAll(QVector<Picture> &pictures)
 {
-    const QThreadPool &pool = *QThreadPool::globalInstance();
-    if (pool.maxThreadCount() - pool.activeThreadCount() <= 1) { // nobody but us
-        QVector<QImage> pictures;
-        pictures.reserve(paths.size());
-        for (const QString &path : paths)
-            pictures.append(RecentDocumentBrowser::GetQImage(path));
-        return pictures;
+    if (QThreadPool::globalInstance()->maxThreadCount() <= 1) { // else the pool would start one all the same
+        std::for_each(pictures.begin(), pictures.end(), read);
+        return;
     }
     const ReservedThread ourselves;
-    return QtConcurrent::startMappedReduced<QImage, QVector<QImage>>(
-               paths, QtPrivate::createFunctionWrapper(&RecentDocumentBrowser::GetQImage),
-               QtPrivate::PushBackWrapper(), QtConcurrent::OrderedReduce | QtConcurrent::SequentialReduce)
-        .startBlocking();
+    QtConcurrent::startMap(pictures.begin(), pictures.end(), read).startBlocking();
 }
 
 } // namespace
@@ -74,11 +81,11 @@ void RecentDocumentBrowser::CreateRecentFileImageMap()
         return;
 
     keepWorkersCode();
-    QVector<QString> paths;
-    paths.reserve(static_cast<int>(recent->size()));
+    QVector<Picture> pictures;
+    pictures.reserve(static_cast<int>(recent->size()));
     for (const CFxString &path : *recent)
-        paths.append(path);
-    const QVector<QImage> images = readPictures(paths);
-    for (int i = 0; i < paths.size(); ++i)
-        recentFileImageMap.insert(paths.at(i), images.at(i)); // of two equal paths the later one's stays
+        pictures.append({path, {}});
+    readAll(pictures);
+    for (const Picture &picture : qAsConst(pictures))
+        recentFileImageMap.insert(picture.path, picture.image); // of two equal paths the later one's stays
 }

@@ -12,6 +12,7 @@
 #include <set>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 
 namespace {
 
@@ -50,7 +51,9 @@ private slots:
     void whateverTheHostThrowsIsDropped_data();
     void whateverTheHostThrowsIsDropped();
     void readingTouchesNoState();
+    void severalAreReadAtOnce_data();
     void severalAreReadAtOnce();
+    void threadsJoinAsTheyGetFree();
     void noMoreAreReadAtOnceThanThePoolHasThreads_data();
     void noMoreAreReadAtOnceThanThePoolHasThreads();
     void picturesBelongToTheirPathsWhateverTheOrder();
@@ -192,9 +195,17 @@ void tst_PreviewReading::readingTouchesNoState()
     QCOMPARE(fromAnotherThread, pictureOf(browser.path(0)));
 }
 
+void tst_PreviewReading::severalAreReadAtOnce_data()
+{
+    QTest::addColumn<int>("threads");
+    QTest::newRow("two threads") << 2;
+    QTest::newRow("four threads") << 4;
+}
+
 void tst_PreviewReading::severalAreReadAtOnce()
 {
-    const PoolOf pool(4);
+    QFETCH(int, threads);
+    const PoolOf pool(threads);
     Browser browser(8);
     std::atomic<int> arrived{0};
     std::atomic<int> lonely{0};
@@ -210,6 +221,39 @@ void tst_PreviewReading::severalAreReadAtOnce()
     RecentDocumentBrowser::CreateRecentFileImageMap();
     QCOMPARE(lonely.load(), 0);
     QCOMPARE(arrived.load(), 8);
+}
+
+void tst_PreviewReading::threadsJoinAsTheyGetFree()
+{
+    constexpr int threads = 2;
+    const PoolOf pool(threads);
+    QSemaphore started;
+    QSemaphore end;
+    for (int i = 0; i < threads; ++i) {
+        QThreadPool::globalInstance()->start([&] {
+            started.release();
+            end.acquire();
+        });
+    }
+    started.acquire(threads); // nobody but the caller begins
+    Browser browser(6);
+    const std::thread::id caller = std::this_thread::get_id();
+    bool isFirst = true;
+    bool hasCompany = false;
+    QSemaphore company;
+    browser.host.onLoadPreview = [&](const QString & /*path*/, QImage & /*image*/) {
+        if (std::this_thread::get_id() != caller) {
+            company.release(6);
+        } else if (std::exchange(isFirst, false)) {
+            end.release(threads);
+            QThreadPool::globalInstance()->waitForDone();
+        } else {
+            hasCompany = company.tryAcquire(1, patience);
+        }
+        return false;
+    };
+    RecentDocumentBrowser::CreateRecentFileImageMap();
+    QVERIFY(hasCompany);
 }
 
 void tst_PreviewReading::noMoreAreReadAtOnceThanThePoolHasThreads_data()

@@ -13,31 +13,31 @@ constexpr double cornerRadius = 5.0;
 
 } // namespace
 
-HighlightEffect::HighlightEffect(double offset) : m_offset(offset, offset) {}
+HighlightEffect::HighlightEffect(double reach) : offset(reach, reach) {}
 
 HighlightEffect::~HighlightEffect() = default;
 
 QRectF HighlightEffect::boundingRectFor(const QRectF &rect) const
 {
-    return rect.adjusted(-m_offset.x(), -m_offset.y(), m_offset.x(), m_offset.y());
+    return rect.adjusted(-offset.x(), -offset.y(), offset.x(), offset.y());
 }
 
 void HighlightEffect::draw(QPainter *painter)
 {
-    if (!(m_offset.x() > leastOffset) || !(m_offset.y() > leastOffset))
+    if (!(offset.x() > leastOffset) || !(offset.y() > leastOffset))
         return;
 
     QPoint position;
     const QPixmap source = sourcePixmap(Qt::DeviceCoordinates, &position, PadToEffectiveBoundingRect);
     // The position counts in the units of the widget, of which a pixel of a fine screen is a part.
     QRectF plate = boundingRectFor(QRectF(QPointF(), QSizeF(source.size()) / source.devicePixelRatio()));
-    plate.moveTopLeft(position - m_offset);
+    plate.moveTopLeft(position - offset);
 
     painter->save();
     // The position is the device's, but the painter still carries the widget's own translation.
     painter->setWorldTransform(QTransform());
     painter->setPen(Qt::NoPen);
-    painter->setBrush(m_color);
+    painter->setBrush(color);
     painter->drawRoundedRect(plate, cornerRadius, cornerRadius, Qt::RelativeSize);
     painter->drawPixmap(QPointF(position), source);
     painter->restore();

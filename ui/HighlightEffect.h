@@ -10,8 +10,8 @@
 class HighlightEffect : public QGraphicsEffect
 {
     Q_OBJECT
-    Q_PROPERTY(QColor color MEMBER m_color)
-    Q_PROPERTY(QPointF offset MEMBER m_offset)
+    Q_PROPERTY(QColor color MEMBER color)
+    Q_PROPERTY(QPointF offset MEMBER offset)
 public:
     //! The plate of a highlighted tile, and that of a tile that no longer is: a tile's own ground.
     static QColor highlightColor() { return QColor(0, 0, 150, 100); }
@@ -20,21 +20,17 @@ public:
     static constexpr double tileOffset = 2.5;
 
     //! Has no parent: the widget that it is installed on owns it.
-    //! \param offset how far the plate reaches beyond the widget on each side, in pixels; with 2 or less
+    //! \param reach how far the plate reaches beyond the widget on each side, in pixels; with 2 or less
     //! nothing is painted, the widget included
-    explicit HighlightEffect(double offset);
+    explicit HighlightEffect(double reach);
     ~HighlightEffect() override;
-
-    QColor color() const { return m_color; }
-    //! Takes effect at the next repaint, which this does not ask for.
-    void setColor(const QColor &color) { m_color = color; }
 
     QRectF boundingRectFor(const QRectF &rect) const override;
 
+    // Both take effect at the next repaint, which writing them does not ask for.
+    QColor color = highlightColor();
+    QPointF offset; //!< in pixels
+
 protected:
     void draw(QPainter *painter) override;
-
-private:
-    QColor m_color = highlightColor();
-    QPointF m_offset;
 };

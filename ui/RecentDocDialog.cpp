@@ -119,7 +119,7 @@ void RecentDocDialog::buildButtons(const FolderPinButton *menuPinButton)
 
 bool RecentDocDialog::isHighlighted() const
 {
-    return m_highlightEffect && m_highlightEffect->color() == HighlightEffect::highlightColor();
+    return m_highlightEffect && m_highlightEffect->color == HighlightEffect::highlightColor();
 }
 
 void RecentDocDialog::highlight()
@@ -131,7 +131,7 @@ void RecentDocDialog::highlight()
 void RecentDocDialog::clearHighlight()
 {
     if (m_highlightEffect)
-        m_highlightEffect->setColor(HighlightEffect::restingColor());
+        m_highlightEffect->color = HighlightEffect::restingColor();
 }
 
 void RecentDocDialog::setHighlightEffect(HighlightEffect *effect)

@@ -37,7 +37,7 @@ void cache(const QStringList &paths)
 void highlight(int tile, const QColor &color = QColor(0, 0, 150, 100))
 {
     auto *effect = new HighlightEffect(2.5);
-    effect->setColor(color);
+    effect->color = color;
     RecentDocumentBrowser::recentDocDialogList.at(tile)->setHighlightEffect(effect);
 }
 

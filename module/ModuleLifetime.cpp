@@ -2,6 +2,7 @@
 #include "module/ModuleLifetime.h"
 
 #include "module/RecentDocumentBrowser.h"
+#include "state/BrowserLife.h"
 #include "state/ButtonIcons.h"
 #include "ui/QBalloonTip.h"
 #include "ui/RecentDocMainWindow.h"
@@ -12,12 +13,27 @@
 #include <QMenu>
 #include <QPointer>
 
+#include <utility>
 #include <vector>
 
 namespace {
 
-std::vector<QPointer<QObject>> keptObjects;
-std::vector<std::unique_ptr<OdRxObject>> keptCommands;
+struct Kept
+{
+    std::vector<QPointer<QObject>> objects;
+    std::vector<std::unique_ptr<OdRxObject>> commands;
+};
+
+//! A plain pointer: a host that is a static object itself ends after the library's static objects, and still
+//! calls the commands and deletes the module object then.
+Kept *kept = nullptr;
+
+Kept &whatIsKept()
+{
+    if (!kept)
+        kept = new Kept;
+    return *kept;
+}
 
 template<class Window>
 void deleteWindows()
@@ -35,17 +51,20 @@ namespace ModuleLifetime {
 
 void keep(QObject *object)
 {
-    keptObjects.emplace_back(object);
+    whatIsKept().objects.emplace_back(object);
 }
 
 void keep(std::unique_ptr<OdRxObject> object)
 {
-    keptCommands.push_back(std::move(object));
+    whatIsKept().commands.push_back(std::move(object));
 }
 
 void end()
 {
-    keptCommands.clear();
+    // The process ends, and the host is a static object: Qt's own ones, which widgets need, may be gone too.
+    if (!BrowserLife::registryExists())
+        return;
+
     // The registry points into what goes now. A host may create the module anew in the same process.
     RecentDocumentBrowser::recentDocDialogList.clear();
     RecentDocumentBrowser::recentFileImageMap.clear();
@@ -55,13 +74,13 @@ void end()
     RecentDocumentBrowser::recentDocMenu = nullptr;
     RecentDocumentBrowser::before = nullptr;
 
+    const std::unique_ptr<const Kept> going(std::exchange(kept, nullptr));
     if (QApplication::instance()) { // widgets die with the application at the latest
         deleteWindows<RecentDocMainWindow>();
         deleteWindows<QBalloonTip>();
-        for (const QPointer<QObject> &object : keptObjects)
+        for (const QPointer<QObject> &object : going ? going->objects : std::vector<QPointer<QObject>>())
             delete object;
     }
-    keptObjects.clear();
     ButtonIcons::drop();
 }
 

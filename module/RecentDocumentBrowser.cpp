@@ -6,6 +6,7 @@
 #include "module/MenuIntegration.h"
 #include "module/ModuleLifetime.h"
 #include "module/velaCommandHelp.h"
+#include "state/BrowserLife.h"
 
 #include <QMenu>
 
@@ -18,10 +19,16 @@ QList<QAction *> RecentDocumentBrowser::recentDocActionList;
 QList<FolderPinButton *> folderButtonList;
 QList<FolderPinButton *> RecentDocumentBrowser::menuPinButtonList;
 QList<FolderPinButton *> RecentDocumentBrowser::docPinButtonList;
-QPointer<QMenu> RecentDocumentBrowser::recentDocMenu;
-QPointer<QAction> RecentDocumentBrowser::before;
+QMenu *RecentDocumentBrowser::recentDocMenu = nullptr;
+QAction *RecentDocumentBrowser::before = nullptr;
 
 namespace {
+
+//! Constructed after the containers, and so destroyed before them.
+const struct RegistryEnd
+{
+    ~RegistryEnd() { BrowserLife::registryGoes(); }
+} registryEnd;
 
 //! The one flag that the browser command carries. What the bit means is the host's.
 constexpr std::uint32_t browserCommandFlags = 0x40000000;

@@ -12,7 +12,6 @@
 #include <QImage>
 #include <QList>
 #include <QMap>
-#include <QPointer>
 #include <QString>
 
 class CFxUIMenuItem;
@@ -102,9 +101,9 @@ public:
     //! The pin buttons of the newest popup's tiles, in the order in which the tiles were made.
     static QList<FolderPinButton *> docPinButtonList;
     //! The menu that carries the entries, and the action that they stand in front of (null: the end). Whoever
-    //! handed them in owns them, and may delete them.
-    static QPointer<QMenu> recentDocMenu;
-    static QPointer<QAction> before;
+    //! handed them in owns them, and may delete them: BrowserLife knows.
+    static QMenu *recentDocMenu;
+    static QAction *before;
 
 private:
     OdStaticRxObject<CFxRecentDocCommand> m_command;

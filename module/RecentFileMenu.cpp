@@ -3,6 +3,7 @@
 #include "module/ModuleLifetime.h"
 #include "module/RecentDocumentBrowser.h"
 #include "module/RecentFileAction.h"
+#include "state/BrowserLife.h"
 
 #include <QDir>
 #include <QMenu>
@@ -27,4 +28,5 @@ void RecentDocumentBrowser::AddRecentFiles(QMenu *menu, QAction *successor)
     menu->insertSeparator(successor);
     before = successor;
     recentDocMenu = menu;
+    BrowserLife::watchMenu(menu, successor);
 }

@@ -2,13 +2,40 @@
 #include "state/BrowserLife.h"
 
 #include "module/RecentDocumentBrowser.h"
+#include "ui/RecentDocDialog.h"
 
+#include <QAction>
+#include <QMenu>
 #include <QPointer>
-#include <QWidget>
+
+#include <algorithm>
 
 namespace {
+
+//! Tells whether an object that the registry points to is still there. What is put into the registry by hand
+//! is not watched, and counts as there.
+template<class Object>
+class Watch
+{
+public:
+    void set(Object *object)
+    {
+        m_object = object;
+        m_guard = object;
+    }
+    Object *living(Object *registered) const { return registered == m_object ? m_guard.data() : registered; }
+
+private:
+    const Object *m_object = nullptr;
+    QPointer<Object> m_guard;
+};
+
 QPointer<const QWidget> owner;
 bool hasOwner = false;
+Watch<QMenu> menuWatch;
+Watch<QAction> successorWatch;
+bool isRegistryGone = false;
+
 } // namespace
 
 void BrowserLife::setOwnerOfTiles(const QWidget *popup)
@@ -17,17 +44,62 @@ void BrowserLife::setOwnerOfTiles(const QWidget *popup)
     hasOwner = popup != nullptr;
 }
 
-void BrowserLife::listedTileGone()
+void BrowserLife::tileGone(const QObject *tile)
 {
-    owner = nullptr;
+    if (isRegistryGone)
+        return;
+    const QList<RecentDocDialog *> &tiles = RecentDocumentBrowser::recentDocDialogList;
+    if (std::any_of(tiles.begin(), tiles.end(),
+                    [tile](const RecentDocDialog *listed) { return listed == tile; }))
+        owner = nullptr;
 }
 
 bool BrowserLife::tilesExist()
 {
-    return !hasOwner || owner;
+    return !isRegistryGone && (!hasOwner || owner);
+}
+
+bool BrowserLife::listTilesOf(const QWidget *popup)
+{
+    if (tilesExist() || isRegistryGone)
+        return false;
+    setOwnerOfTiles(popup);
+    // Children stand in the order in which they were made, which is the display order.
+    RecentDocumentBrowser::recentDocDialogList =
+        popup->findChildren<RecentDocDialog *>(QString(), Qt::FindDirectChildrenOnly);
+    RecentDocumentBrowser::docPinButtonList.clear();
+    for (const RecentDocDialog *tile : qAsConst(RecentDocumentBrowser::recentDocDialogList))
+        RecentDocumentBrowser::AddInToDocPinButtonList(tile->pinButton());
+    return true;
 }
 
 QList<RecentDocDialog *> BrowserLife::livingTiles()
 {
     return tilesExist() ? RecentDocumentBrowser::recentDocDialogList : QList<RecentDocDialog *>();
+}
+
+void BrowserLife::watchMenu(QMenu *menu, QAction *successor)
+{
+    menuWatch.set(menu);
+    successorWatch.set(successor);
+}
+
+QMenu *BrowserLife::livingMenu()
+{
+    return menuWatch.living(RecentDocumentBrowser::recentDocMenu);
+}
+
+QAction *BrowserLife::livingSuccessor()
+{
+    return successorWatch.living(RecentDocumentBrowser::before);
+}
+
+bool BrowserLife::registryExists()
+{
+    return !isRegistryGone;
+}
+
+void BrowserLife::registryGoes()
+{
+    isRegistryGone = true;
 }

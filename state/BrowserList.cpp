@@ -23,11 +23,7 @@ void RecentDocumentBrowser::CreateRecentDocList(QWidget *parent)
         QImage image = entry.value();
         auto *tile = new RecentDocDialog(parent, menuButton, entry.key(), image, false);
         recentDocDialogList.append(tile);
-        QObject::connect(tile, &QObject::destroyed, tile, [](const QObject *gone) {
-            if (std::any_of(recentDocDialogList.begin(), recentDocDialogList.end(),
-                            [gone](const RecentDocDialog *listed) { return listed == gone; }))
-                BrowserLife::listedTileGone();
-        });
+        QObject::connect(tile, &QObject::destroyed, tile, &BrowserLife::tileGone);
     }
 }
 

@@ -3,34 +3,40 @@
 
 #include <QIcon>
 
+#include <utility>
+
 namespace {
 
-QIcon pinIcon;
-QIcon folderIcon;
+// Plain pointers, since a static host outlives the library's static objects, and buttons with them.
+const QIcon *pinIcon = nullptr;
+const QIcon *folderIcon = nullptr;
 
 } // namespace
 
 const QIcon &ButtonIcons::pin()
 {
-    if (pinIcon.isNull()) {
-        pinIcon.addFile(QStringLiteral(":/Images/Resources/pin_down_hover.png"), size, QIcon::Normal,
-                        QIcon::On);
-        pinIcon.addFile(QStringLiteral(":/Images/Resources/pin_up_hover.png"), size, QIcon::Normal,
-                        QIcon::Off);
+    if (!pinIcon) {
+        auto *icon = new QIcon;
+        icon->addFile(QStringLiteral(":/Images/Resources/pin_down_hover.png"), size, QIcon::Normal,
+                      QIcon::On);
+        icon->addFile(QStringLiteral(":/Images/Resources/pin_up_hover.png"), size, QIcon::Normal, QIcon::Off);
+        pinIcon = icon;
     }
-    return pinIcon;
+    return *pinIcon;
 }
 
 const QIcon &ButtonIcons::folder()
 {
-    if (folderIcon.isNull())
-        folderIcon.addFile(QStringLiteral(":/Images/Resources/Open_32x-32.svg"), size, QIcon::Normal,
-                           QIcon::On);
-    return folderIcon;
+    if (!folderIcon) {
+        auto *icon = new QIcon;
+        icon->addFile(QStringLiteral(":/Images/Resources/Open_32x-32.svg"), size, QIcon::Normal, QIcon::On);
+        folderIcon = icon;
+    }
+    return *folderIcon;
 }
 
 void ButtonIcons::drop()
 {
-    pinIcon = {};
-    folderIcon = {};
+    delete std::exchange(pinIcon, nullptr);
+    delete std::exchange(folderIcon, nullptr);
 }

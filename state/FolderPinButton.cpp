@@ -5,6 +5,7 @@
 #include "module/RecentDocumentBrowser.h"
 #include "state/BrowserLife.h"
 #include "ui/QBalloonTip.h"
+#include "ui/RecentDocMainWindow.h"
 
 #include <QDialog>
 #include <QFileInfo>
@@ -146,17 +147,19 @@ void FolderPinButton::pinDown()
 //! its document, so one without a tile leaves the list.
 void FolderPinButton::takeOverPinsOfTiles()
 {
-    const QList<FolderPinButton *> menuButtons = RecentDocumentBrowser::menuPinButtonList;
-    if (!BrowserLife::tilesExist()) {
-        // The newest popup is gone, and its buttons with it; this one is in an older popup.
-        for (FolderPinButton *menuButton : menuButtons) {
-            if (menuButton && menuButton->m_path == m_path)
-                menuButton->setChecked(isChecked());
-        }
+    if (auto *popup = qobject_cast<RecentDocMainWindow *>(grandparent()))
+        popup->haveTilesListed();
+    if (!BrowserLife::tilesExist())
         return;
-    }
-
+    const QList<FolderPinButton *> menuButtons = RecentDocumentBrowser::menuPinButtonList;
     const QList<FolderPinButton *> tileButtons = RecentDocumentBrowser::docPinButtonList;
+    if (!tileButtons.contains(this)) {
+        // The newest popup's are listed, and this one is in an older popup.
+        for (FolderPinButton *tileButton : tileButtons) {
+            if (tileButton && tileButton->m_path == m_path)
+                tileButton->setChecked(isChecked());
+        }
+    }
     RecentDocumentBrowser::menuPinButtonList.clear();
     for (FolderPinButton *menuButton : menuButtons) {
         for (const FolderPinButton *tileButton : tileButtons) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "module/RecentDocumentBrowser.h"
 #include "module/RecentFileAction.h"
+#include "state/BrowserLife.h"
 #include "state/FolderPinButton.h"
 
 #include <QMenu>
@@ -58,15 +59,17 @@ void RecentDocumentBrowser::UpdatePin(QString & /*unused*/)
         }
     }
 
-    if (!recentDocMenu)
-        return; // no menu yet, or its owner has deleted it
+    QMenu *const menu = BrowserLife::livingMenu();
+    if (!menu)
+        return; // none yet, or its owner has deleted it
+    QAction *const successor = BrowserLife::livingSuccessor();
     // Inserting an action that the menu holds already moves it.
-    QAction *const behindPinned = others.isEmpty() ? before.data() : others.first();
+    QAction *const behindPinned = others.isEmpty() ? successor : others.first();
     for (QAction *action : qAsConst(pinned))
-        recentDocMenu->insertAction(behindPinned, action);
+        menu->insertAction(behindPinned, action);
     // Each call adds a separator of its own; those of earlier calls stay where they are.
     if (!pinned.isEmpty() && !others.isEmpty())
-        recentDocMenu->insertSeparator(behindPinned);
+        menu->insertSeparator(behindPinned);
     for (QAction *action : qAsConst(others))
-        recentDocMenu->insertAction(before, action);
+        menu->insertAction(successor, action);
 }

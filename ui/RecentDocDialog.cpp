@@ -163,8 +163,15 @@ void RecentDocDialog::giveFocusToPopup()
         popup->setFocus(Qt::OtherFocusReason);
 }
 
+void RecentDocDialog::haveTilesListed()
+{
+    if (auto *popup = qobject_cast<RecentDocMainWindow *>(parentWidget()))
+        popup->haveTilesListed();
+}
+
 void RecentDocDialog::enterEvent(QEvent * /*event*/)
 {
+    haveTilesListed();
     setMainWindowDocPathLabel(m_path);
     m_pinButton->show();
     m_folderButton->show();
@@ -174,6 +181,7 @@ void RecentDocDialog::enterEvent(QEvent * /*event*/)
 
 void RecentDocDialog::leaveEvent(QEvent * /*event*/)
 {
+    haveTilesListed();
     if (const RecentDocDialog *highlighted = RecentDocumentBrowser::getHighlightedRecentDoc())
         setMainWindowDocPathLabel(highlighted->path());
     setStyleSheet(restingSheet());
@@ -183,8 +191,10 @@ void RecentDocDialog::focusInEvent(QFocusEvent * /*event*/)
 {
     // Showing a dialog sends it a focus event that it has not earned; with tiles the last one would win the
     // path line.
-    if (hasFocus())
-        setMainWindowDocPathLabel(m_path);
+    if (!hasFocus())
+        return;
+    haveTilesListed();
+    setMainWindowDocPathLabel(m_path);
 }
 
 void RecentDocDialog::focusOutEvent(QFocusEvent *event)

@@ -26,6 +26,7 @@ public:
     ~RecentDocDialog() override;
 
     const QString &path() const { return m_path; }
+    FolderPinButton *pinButton() const { return m_pinButton; }
     //! Whether the tile's effect has the highlight's colour.
     bool isHighlighted() const;
     //! Installs a highlight of its own and repaints the tile.
@@ -60,6 +61,7 @@ private:
     void buildTypeIcon();
     void buildButtons(const FolderPinButton *menuPinButton);
     void giveFocusToPopup();
+    void haveTilesListed();
 
     QLabel *m_nameLabel = nullptr;
     QLabel *m_pictureLabel = nullptr;

@@ -23,6 +23,7 @@ bool extendsSelection(const QMouseEvent *event)
 
 void RecentDocDialog::mousePressEvent(QMouseEvent *event)
 {
+    haveTilesListed();
     if (event->button() == Qt::RightButton) {
         giveFocusToPopup();
         event->ignore();
@@ -47,6 +48,7 @@ void RecentDocDialog::mousePressEvent(QMouseEvent *event)
 //! leaves that one alone.
 void RecentDocDialog::mouseReleaseEvent(QMouseEvent *event)
 {
+    haveTilesListed();
     const QList<RecentDocDialog *> tiles = RecentDocumentBrowser::getHighlightedRecentDocList();
     if (tiles.size() >= 2 && isHighlighted()) {
         if (!extendsSelection(event)) {

@@ -3,6 +3,7 @@
 
 #include "module/HostAccess.h"
 #include "module/RecentDocumentBrowser.h"
+#include "state/BrowserLife.h"
 #include "ui/HelpLabel.h"
 #include "ui/HighlightEffect.h"
 #include "ui/RecentDocDialog.h"
@@ -147,6 +148,12 @@ void RecentDocMainWindow::buildGrid()
     }
     verticalLayout->addLayout(gridLayout);
     verticalLayout->setContentsMargins(0, 0, 0, 0);
+}
+
+void RecentDocMainWindow::haveTilesListed()
+{
+    if (BrowserLife::listTilesOf(this))
+        docPathLabel = main_label_path;
 }
 
 int RecentDocMainWindow::getColumnPosition() const

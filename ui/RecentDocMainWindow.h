@@ -42,6 +42,10 @@ public:
     //! run an event loop meanwhile: the popup may be gone afterwards. Nothing highlighted: nothing happens.
     void multiDocumentOpen();
 
+    //! Has the registry list this popup's tiles if those of the newest popup are gone: an older one that
+    //! outlives it works like an only one from its next event on.
+    void haveTilesListed();
+
     //! The grid column of the highlighted tile; -1 when none is highlighted.
     int getColumnPosition() const;
 

@@ -88,8 +88,10 @@ void RecentDocMainWindow::mouseMoveEvent(QMouseEvent *event)
     // The drag runs an event loop, in which anything may have happened to us and to the tile.
     const QPointer<RecentDocMainWindow> self(this);
     runDrag(dragDialog, event->pos() - dragDialog->pos());
-    if (self && isCollapsed)
+    if (self && isCollapsed) {
+        haveTilesListed();
         multiDocumentOpen();
+    }
     if (self && dragDialog) {
         dragDialog->show();
         QWidget::mouseMoveEvent(event);

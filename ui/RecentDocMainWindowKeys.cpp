@@ -75,6 +75,7 @@ QList<RecentDocDialog *> reversed(QList<RecentDocDialog *> tiles)
 
 void RecentDocMainWindow::keyPressEvent(QKeyEvent *event)
 {
+    haveTilesListed();
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         multiDocumentOpen();
         return;

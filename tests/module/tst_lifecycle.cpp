@@ -247,7 +247,7 @@ void tst_Lifecycle::nothingThatTheModuleMadeOutlivesIt()
     auto *popup = new RecentDocMainWindow(&inHost.host.mainWindow());
     popup->show();
     auto *parentless = new RecentDocMainWindow(nullptr);
-    made << RecentDocumentBrowser::recentDocMenu.data() << popup << parentless;
+    made << RecentDocumentBrowser::recentDocMenu << popup << parentless;
     QBalloonTip::showBalloon(QImage(), QStringLiteral("title"), QStringLiteral("text"), QPoint(), 0, true);
 
     inHost.editorReactor().mainFrameDestroyed(nullptr);

@@ -10,7 +10,9 @@
 #include <QCursor>
 #include <QDialog>
 #include <QMenu>
+#include <QProcess>
 #include <QSet>
+#include <QTemporaryDir>
 #include <QToolButton>
 
 #include <dlfcn.h>
@@ -22,6 +24,8 @@ class tst_ModuleLife : public TestCase
 
 private slots:
     void twoHundredLivesLeaveNothingBehind();
+    void aHostMayBeAStaticObject_data();
+    void aHostMayBeAStaticObject();
 };
 
 namespace {
@@ -185,6 +189,35 @@ void tst_ModuleLife::twoHundredLivesLeaveNothingBehind()
     restyle(lives);
     QApplication::setFont(font);
     QApplication::setPalette(palette);
+}
+
+void tst_ModuleLife::aHostMayBeAStaticObject_data()
+{
+    QTest::addColumn<QString>("end");
+    QTest::addColumn<bool>("hasDrawing");
+    for (const char *end : {"delete", "keep"}) {
+        QTest::addRow("%s", end) << QString::fromLatin1(end) << false;
+        QTest::addRow("%s, with a recent document", end) << QString::fromLatin1(end) << true;
+    }
+}
+
+void tst_ModuleLife::aHostMayBeAStaticObject()
+{
+    QFETCH(QString, end);
+    QFETCH(bool, hasDrawing);
+    const QTemporaryDir folder;
+    QStringList arguments{moduleFile, folder.filePath(QStringLiteral("profile")), end};
+    QFile drawing(folder.filePath(QStringLiteral("plan.dwg")));
+    QVERIFY(drawing.open(QIODevice::WriteOnly) && drawing.write(RealBrowser::drawingBytes(1)) > 0);
+    drawing.close();
+    if (hasDrawing)
+        arguments.append(drawing.fileName());
+    QProcess program;
+    program.setProcessChannelMode(QProcess::ForwardedChannels);
+    program.start(QStringLiteral(STATIC_HOST), arguments);
+    QVERIFY(program.waitForFinished(-1));
+    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(program.exitCode(), 0);
 }
 
 QTEST_MAIN(tst_ModuleLife)

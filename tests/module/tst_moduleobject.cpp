@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "module/OdRxUnixModuleRecentDocumentBrowser.h"
+#include "module/velaCommandHelp.h"
 #include "tests/support/Assertions.h"
 #include "tests/support/FakeHost.h"
 #include "tests/support/TestCase.h"
@@ -7,8 +8,11 @@
 #include <OdAssert.h>
 #include <OdRxAlloc.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cstdlib>
+#include <cstring>
+#include <functional>
 #include <set>
 #include <thread>
 #include <type_traits>
@@ -31,6 +35,16 @@ using CreatedModule = std::unique_ptr<OdRxModule, DeleteModule>;
 CreatedModule createModule(void *sysData = nullptr, const OdChar *name = L"browser")
 {
     return CreatedModule(odrxCreateModuleObject(sysData, name));
+}
+
+//! Where a virtual function stands in its class's table, in bytes: what a host that was compiled against the
+//! same headers calls. A pointer to it is that number and one, by the C++ ABI of Linux.
+template<class Function>
+std::ptrdiff_t slotOf(Function function)
+{
+    std::ptrdiff_t slot = 0;
+    std::memcpy(&slot, &function, sizeof slot);
+    return slot - 1;
 }
 
 using Wrapper = OdRxUnixModuleRecentDocumentBrowser;
@@ -76,6 +90,7 @@ private slots:
     void anyOtherReleaseIsNotAsserted();
     void threadsCountTogether();
     void theObjectIsEachOfWhatTheHostTalksTo();
+    void virtualFunctionsStandInTheirOrder();
     void comingAndGoingDoesNotTouchTheHost();
 };
 
@@ -271,6 +286,21 @@ void tst_ModuleObject::theObjectIsEachOfWhatTheHostTalksTo()
     QCOMPARE(moduleBase, place(browser));
     QVERIFY(moduleBase < documentBase);
     QVERIFY(documentBase < editorBase);
+}
+
+void tst_ModuleObject::virtualFunctionsStandInTheirOrder()
+{
+    const auto ascends = [](std::initializer_list<std::ptrdiff_t> places) {
+        return std::is_sorted(places.begin(), places.end(), std::less_equal<>());
+    };
+    QVERIFY(ascends({slotOf(&RecentDocumentBrowser::initApp), slotOf(&RecentDocumentBrowser::uninitApp),
+                     slotOf(&RecentDocumentBrowser::DocumentCreated),
+                     slotOf(&RecentDocumentBrowser::mainFrameCreated),
+                     slotOf(&RecentDocumentBrowser::mainFrameDestroyed)}));
+    QVERIFY(ascends({slotOf(&CFxRecentDocCommand::globalName), slotOf(&CFxRecentDocCommand::localName),
+                     slotOf(&CFxRecentDocCommand::Execute)}));
+    QVERIFY(ascends({slotOf(&velaCommandHelp::globalName), slotOf(&velaCommandHelp::localName),
+                     slotOf(&velaCommandHelp::Execute), slotOf(&velaCommandHelp::GetHelpId)}));
 }
 
 void tst_ModuleObject::comingAndGoingDoesNotTouchTheHost()

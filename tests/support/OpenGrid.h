@@ -103,20 +103,18 @@ private:
     }
 };
 
-//! Two popups over the same documents, the newer of which, whose tiles the registry lists, may be gone.
+//! Two popups over the same documents, the newer of which has its tiles listed in the registry.
 struct TwoPopups
 {
-    TwoPopups(int documents, bool newerStays) : older(documents)
+    explicit TwoPopups(int documents) : older(documents)
     {
         QCursor::setPos(older.popup->geometry().center()); // else losing the focus would close it
         newer = older.browser.openPopup();
         newerTiles = older.browser.tiles();
-        if (!newerStays)
-            newer->done(0);
         drainEvents();
     }
 
     OpenGrid older;
     QPointer<RecentDocMainWindow> newer;
-    QList<RecentDocDialog *> newerTiles; //!< not to be touched once the newer popup is gone
+    QList<RecentDocDialog *> newerTiles;
 };

@@ -161,7 +161,7 @@ QList<int> RealBrowser::highlighted(const QList<QDialog *> &tiles)
 
 QStringList RealBrowser::menuLines() const
 {
-    const auto *menu = static_cast<QPointer<QMenu> *>(exported("_ZN21RecentDocumentBrowser13recentDocMenuE"));
+    const auto *menu = static_cast<QMenu **>(exported("_ZN21RecentDocumentBrowser13recentDocMenuE"));
     QStringList lines;
     const QList<QAction *> actions = (*menu)->actions();
     for (QAction *action : actions) {

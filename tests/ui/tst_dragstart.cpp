@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "module/RecentDocumentBrowser.h"
 #include "tests/support/MousedPopup.h"
 #include "tests/support/TileLayout.h"
 
@@ -91,6 +92,7 @@ private slots:
     void onlyCopyingIsOffered();
     void dragThatEndsInsideOpensNothingAndShowsTheTile();
     void dragThatEndsOutsideOpensWhatIsHighlighted();
+    void dragInAPopupThatOutlivesANewerOneOpensWhatIsHighlightedThere();
     void nothingHighlightedLeavesTheStripWithTheDraggedTile();
     void openingMayDeleteThePopup();
     void openingMayRunEvents();
@@ -303,6 +305,19 @@ void TestDragStart::dragThatEndsOutsideOpensWhatIsHighlighted()
     QCOMPARE(finished.first().first().toInt(), int(QDialog::Rejected));
     drainEvents();
     QVERIFY(!mouse.popup);
+}
+
+void TestDragStart::dragInAPopupThatOutlivesANewerOneOpensWhatIsHighlightedThere()
+{
+    MousedPopup mouse(3);
+    mouse.tiles.at(1)->highlight();
+    QCursor::setPos(mouse.popup->geometry().center()); // else losing the focus would close it
+    mouse.browser.openPopup();
+    mouse.press(mouse.middleOf(mouse.tiles.at(2)));
+    mouse.popup->isCollapsed = true;
+    delete RecentDocumentBrowser::recentDocDialogList.first()->parentWidget(); // during the drag, say
+    mouse.move(mouse.popup->pressPoint + QPoint(40, 0));
+    QCOMPARE(mouse.browser.host.openedPaths(), QStringList({mouse.browser.path(0), mouse.browser.path(1)}));
 }
 
 void TestDragStart::nothingHighlightedLeavesTheStripWithTheDraggedTile()

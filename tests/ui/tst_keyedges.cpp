@@ -25,7 +25,6 @@ private slots:
     void keysInTheOlderPopupMoveTheNewersHighlight();
     void rowMovesInTheOlderPopupGoByItsOwnGrid();
     void enterInTheOlderPopupClosesItAndOpensTheNewersHighlight();
-    void keysInTheOlderPopupDoNothingWhenTheNewerIsGone();
 };
 
 void tst_KeyEdges::withoutTilesNothingHappens_data()
@@ -160,7 +159,7 @@ void tst_KeyEdges::escapeEndsTwiceWhileATileIsHeld()
 
 void tst_KeyEdges::keysInTheOlderPopupMoveTheNewersHighlight()
 {
-    TwoPopups two(10, true);
+    TwoPopups two(10);
     QVERIFY(two.older.popup && two.newer);
     two.older.press(Qt::Key_Right);
     QCOMPARE(highlightedIn(two.newerTiles), Indices({1}));
@@ -177,7 +176,7 @@ void tst_KeyEdges::keysInTheOlderPopupMoveTheNewersHighlight()
 
 void tst_KeyEdges::rowMovesInTheOlderPopupGoByItsOwnGrid()
 {
-    TwoPopups two(10, true);
+    TwoPopups two(10);
     QVERIFY(two.older.popup && two.newer);
     two.older.press(Qt::Key_Right); // the newer's second tile
     two.older.press(Qt::Key_Down);
@@ -189,7 +188,7 @@ void tst_KeyEdges::rowMovesInTheOlderPopupGoByItsOwnGrid()
 
 void tst_KeyEdges::enterInTheOlderPopupClosesItAndOpensTheNewersHighlight()
 {
-    TwoPopups two(10, true);
+    TwoPopups two(10);
     QVERIFY(two.older.popup && two.newer);
     pressKey(two.newer, Qt::Key_Down);
     QCOMPARE(highlightedIn(two.newerTiles), Indices({4}));
@@ -198,27 +197,6 @@ void tst_KeyEdges::enterInTheOlderPopupClosesItAndOpensTheNewersHighlight()
     drainEvents();
     QVERIFY(!two.older.popup);
     QVERIFY(two.newer);
-}
-
-void tst_KeyEdges::keysInTheOlderPopupDoNothingWhenTheNewerIsGone()
-{
-    TwoPopups two(10, false);
-    QVERIFY(two.older.popup && !two.newer);
-    for (const int key : everyKey) {
-        for (const auto modifiers : allModifiers) {
-            two.older.press(key, modifiers);
-            pressKey(two.older.tiles.at(3), key, modifiers);
-        }
-    }
-    drainEvents();
-    QVERIFY(two.older.popup && two.older.popup->isVisible());
-    QCOMPARE(two.older.highlighted(), Indices({0}));
-    QCOMPARE(two.older.line(), two.older.browser.path(0));
-    QVERIFY(!two.older.popup->forwardSelectionActive);
-    QVERIFY(!two.older.popup->backwardSelectionActive);
-    QCOMPARE(two.older.browser.host.openedPaths(), QStringList());
-    two.older.press(Qt::Key_Escape);
-    QTRY_VERIFY(!two.older.popup);
 }
 
 QTEST_MAIN(tst_KeyEdges)

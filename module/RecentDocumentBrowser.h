@@ -54,11 +54,12 @@ public:
     //! main window. \param fileMenu may be null
     static void UnLoadMenu(CFxUIMenuItem *fileMenu);
     //! Binds F4 to the browser unless some command has that key. For the host to call, once LoadMenu() has
-    //! made the command definition.
+    //! made the command definition; the key works from the next refresh of the host's menus on.
     static void SetShortCutKey();
 
     //! Inserts an entry for each recent document into menu, between two separators. Remembers where, for
-    //! later reordering. \param successor the entries go in front of it; null: at the end
+    //! later reordering. The caller clears menuPinButtonList first, since the browser makes a tile for each
+    //! button in it. \param successor the entries go before it; null: at the end
     static void AddRecentFiles(QMenu *menu, QAction *successor);
 
     // Tiles (state/BrowserList.cpp).

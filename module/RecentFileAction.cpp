@@ -23,7 +23,9 @@ protected:
     {
         QStyleOptionToolButton option;
         initStyleOption(&option);
-        QStylePainter(this).drawControl(QStyle::CE_ToolButtonLabel, option);
+        QStylePainter painter(this);
+        painter.setLayoutDirection(option.direction); // else it has the application's
+        painter.drawControl(QStyle::CE_ToolButtonLabel, option);
     }
 };
 
@@ -45,6 +47,7 @@ RecentFileAction::RecentFileAction(const CFxString &text, const CFxString &path)
     textButton = new MenuTextButton(menu(), displayText);
     textButton->setObjectName(QStringLiteral("menuTextButton"));
     textButton->setText(text);
+    textButton->setLayoutDirection(Qt::LeftToRight); // in which paths read everywhere
     textButton->setStyleSheet(
         QStringLiteral("QToolButton {                        color: rgba(0, 0, 0, 100%);"
                        "                        background-color: rgba(0, 0, 0, 0%);"

@@ -79,6 +79,10 @@ void RecentDocDialog::buildName()
         name = name.left(keptOfName).leftJustified(nameLength, QLatin1Char('.'));
     m_nameLabel->setTextFormat(Qt::PlainText); // a file may be called <b>.dwg
     m_nameLabel->setText(name);
+    // The tile's ground is light on every desktop.
+    QPalette black;
+    black.setBrush(QPalette::WindowText, Qt::black);
+    m_nameLabel->setPalette(black);
 }
 
 void RecentDocDialog::buildPicture()

@@ -34,6 +34,11 @@ void paintGround(QWidget *widget, const QPalette &palette)
     widget->setPalette(palette);
 }
 
+//! How much of each row the layout may take away where it lacks room, in pixels. Tiles keep their size, so
+//! that the last row's reach into the grid's lower margin by as much, of which a highlighted tile needs 3
+//! itself.
+constexpr int spareHeight = 8;
+
 } // namespace
 
 QPointer<QLabel> RecentDocMainWindow::docPathLabel;
@@ -46,6 +51,10 @@ RecentDocMainWindow::RecentDocMainWindow(QWidget *parent) : CFxDialog(parent, fa
     setAcceptDrops(true);
     setAttribute(Qt::WA_MouseTracking);
     setAttribute(Qt::WA_DeleteOnClose);
+    // The tiles' colours are fixed, and the ring of a highlighted one is seen on a light ground alone.
+    QPalette ground;
+    ground.setBrush(QPalette::Window, QColor(240, 240, 240));
+    setPalette(ground);
 
     if (RecentDocumentBrowser::recentFileImageMap.isEmpty())
         RecentDocumentBrowser::CreateRecentFileImageMap();
@@ -61,11 +70,14 @@ RecentDocMainWindow::RecentDocMainWindow(QWidget *parent) : CFxDialog(parent, fa
     computeSize(frame.width(), static_cast<int>(recent->size()));
     computePosition(frame);
     // The layout's own minimum would make the window larger than computed, and a window that grows while the
-    // window manager takes it over reports a false place. Without tiles the header still needs its height.
-    if (!recent->empty())
-        verticalLayout->setSizeConstraint(QLayout::SetNoConstraint);
+    // window manager takes it over reports a false place.
+    verticalLayout->setSizeConstraint(QLayout::SetNoConstraint);
     setGeometry(popupX, popupY, popupWidth, popupHeight);
     buildGrid();
+    m_leastHeight = verticalLayout->minimumSize().height() - tileRows * spareHeight;
+    if (m_leastHeight <= popupHeight)
+        m_leastHeight = 0;
+    setMinimumHeight(m_leastHeight);
 }
 
 RecentDocMainWindow::~RecentDocMainWindow()

@@ -101,4 +101,7 @@ private:
     void formStrip();
     void setGridSpace(int margin, const QSize &horizontal, const QSize &vertical) const;
     QList<QWidget *> widgetsInGrid() const;
+
+    //! What the content needs where that is more than popupHeight, as with larger text; else 0. In pixels.
+    int m_leastHeight = 0;
 };

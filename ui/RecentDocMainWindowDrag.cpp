@@ -136,6 +136,7 @@ void RecentDocMainWindow::restore()
 {
     if (!isCollapsed)
         return;
+    setMinimumHeight(m_leastHeight);
     setGeometry(popupX, popupY, popupWidth, popupHeight);
     const QList<QWidget *> widgets = widgetsInGrid();
     for (QWidget *widget : widgets) {
@@ -150,6 +151,7 @@ void RecentDocMainWindow::restore()
 void RecentDocMainWindow::formStrip()
 {
     setGridSpace(0, QSize(0, 0), QSize(0, 0));
+    setMinimumHeight(0);
     resize(popupWidth, stripHeight);
     setGeometry(popupX, popupY, popupWidth, stripHeight);
 }

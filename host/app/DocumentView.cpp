@@ -7,6 +7,8 @@
 #include "host/app/PictureCanvas.h"
 #include "host/runtime/documents/Document.h"
 
+#include <QGuiApplication>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace fxhost {
@@ -24,14 +26,23 @@ QString canvasText(const Document &document)
                             : DocumentView::tr("No picture is stored in this drawing.");
 }
 
-QLabel *addLine(QVBoxLayout *layout, const QString &text, const QColor &color,
-                Qt::TextElideMode mode = Qt::ElideRight)
+QLabel *addLine(QVBoxLayout *layout, const QString &text, const QColor &color, Qt::TextElideMode mode)
 {
     auto *line = new ElidedLabel(text, mode);
     QPalette palette = line->palette();
     palette.setColor(QPalette::WindowText, color);
     line->setPalette(palette);
     layout->addWidget(line);
+    return line;
+}
+
+//! A path, or facts in a row: on desktops that write from the right they begin there, and keep their order.
+QLabel *addOrderedLine(QVBoxLayout *layout, const QString &text, const QColor &color, Qt::TextElideMode mode)
+{
+    QLabel *line = addLine(layout, text, color, mode);
+    line->setAlignment(QStyle::visualAlignment(QGuiApplication::layoutDirection(), Qt::AlignLeft) |
+                       Qt::AlignVCenter);
+    line->setLayoutDirection(Qt::LeftToRight);
     return line;
 }
 
@@ -50,13 +61,14 @@ DocumentView::DocumentView(const Document &document, QWidget *parent) : QWidget(
     lines->setContentsMargins(stripMargin, stripMargin / 2, stripMargin, stripMargin / 2);
     lines->setSpacing(stripSpacing);
     if (!document.isNew()) {
-        addLine(lines, facts.path, look::ink, Qt::ElideMiddle)->setObjectName(QStringLiteral("path"));
-        addLine(lines, factsLine(facts), look::faintInk)->setObjectName(QStringLiteral("facts"));
+        addOrderedLine(lines, facts.path, look::ink, Qt::ElideMiddle)->setObjectName(QStringLiteral("path"));
+        addOrderedLine(lines, factsLine(facts), look::faintInk, Qt::ElideRight)
+            ->setObjectName(QStringLiteral("facts"));
     }
     const QString note = facts.isPreviewAlone
                              ? tr("A sample: this file holds a file header and a preview, and nothing more.")
                              : tr("This host shows the picture stored in a drawing; it does not draw.");
-    addLine(lines, note, look::faintInk)->setObjectName(QStringLiteral("note"));
+    addLine(lines, note, look::faintInk, Qt::ElideRight)->setObjectName(QStringLiteral("note"));
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

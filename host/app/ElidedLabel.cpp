@@ -21,6 +21,7 @@ QSize ElidedLabel::minimumSizeHint() const
 void ElidedLabel::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
+    painter.setLayoutDirection(layoutDirection()); // else it has the application's
     const QString shown = fontMetrics().elidedText(text(), m_mode, contentsRect().width());
     painter.drawText(contentsRect(), static_cast<int>(alignment() | Qt::TextSingleLine), shown);
 }

@@ -85,8 +85,11 @@ void tst_PopupOnDesktop::headerAloneCanBeSeenWithoutDocuments()
     QDialog *popup = browser.openPopup();
     QVERIFY(popup);
     QVERIFY(RealBrowser::tiles(popup).isEmpty());
-    const auto *title = popup->findChild<QLabel *>(QStringLiteral("main_label_title"));
-    QTRY_VERIFY(Hand::realGeometry(popup->winId()).height() >= title->sizeHint().height());
+    const auto *path = popup->findChild<QLabel *>(QStringLiteral("main_label_path"));
+    QVERIFY(popup->height() > path->geometry().bottom());
+    QCOMPARE(popup->geometry().topLeft(), QPoint(288, 450));
+    QCOMPARE(popup->width(), 724);
+    QTRY_COMPARE(Hand::realGeometry(popup->winId()), popup->geometry());
 }
 
 void tst_PopupOnDesktop::openingGivesThePopupTheFocusAndShowsTheFirstPath()

@@ -55,6 +55,7 @@ private slots:
     void theTextButtonShowsTheNumberedPath();
     void theTextIsBlackOnTheMenusGround_data();
     void theTextIsBlackOnTheMenusGround();
+    void thePathKeepsItsOrderOnEveryDesktop();
     void itsPinIsListedBehindTheOthers();
     void aTriggerOpensNothing();
     void itsDeletionTouchesNoList();
@@ -182,6 +183,18 @@ void tst_RecentFileAction::theTextIsBlackOnTheMenusGround()
     button.setFocus();
     QVERIFY(button.hasFocus());
     QCOMPARE(darkAndWhite(button), atRest);
+}
+
+void tst_RecentFileAction::thePathKeepsItsOrderOnEveryDesktop()
+{
+    const auto picture = [](Qt::LayoutDirection direction) {
+        QApplication::setLayoutDirection(direction);
+        const RecentFileAction action(L"&1 /plans/1. (2).dwg", L"/plans/1. (2).dwg");
+        action.textButton->adjustSize();
+        return action.textButton->grab().toImage();
+    };
+    const QImage fromTheRight = picture(Qt::RightToLeft);
+    QCOMPARE(fromTheRight, picture(Qt::LeftToRight));
 }
 
 void tst_RecentFileAction::itsPinIsListedBehindTheOthers()

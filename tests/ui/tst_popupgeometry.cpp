@@ -6,7 +6,11 @@
 #include "ui/RecentDocDialog.h"
 #include "ui/RecentDocMainWindow.h"
 
+#include <QCursor>
+#include <QDragMoveEvent>
 #include <QGridLayout>
+#include <QLabel>
+#include <QMimeData>
 #include <QSpacerItem>
 
 namespace {
@@ -48,7 +52,8 @@ private slots:
     void rowsFollowTheNumberOfDocuments();
     void placeFollowsTheMainWindow_data();
     void placeFollowsTheMainWindow();
-    void keepsItsPlaceAndSizeWhenShown();
+    void contentFits_data();
+    void contentFits();
     void opensWithoutAMainWindow();
     void gridHasItsMeasures();
     void spacersStandBehindTheTiles();
@@ -161,13 +166,63 @@ void TestPopupGeometry::placeFollowsTheMainWindow()
     QCOMPARE(popup.geometry(), QRect(place, QSize(popup.popupWidth, 201)));
 }
 
-void TestPopupGeometry::keepsItsPlaceAndSizeWhenShown()
+void TestPopupGeometry::contentFits_data()
 {
-    Browser browser(9);
+    QTest::addColumn<int>("points");
+    QTest::addColumn<int>("documents");
+    for (const int points : {9, 12, 14, 18, 20}) {
+        for (const int documents : {0, 1, 5, 9, 21})
+            QTest::addRow("%d points, %d documents", points, documents) << points << documents;
+    }
+}
+
+void TestPopupGeometry::contentFits()
+{
+    QFETCH(int, points);
+    QFETCH(int, documents);
+    const QFont before = QApplication::font();
+    QFont font = before;
+    font.setPointSize(points);
+    QApplication::setFont(font);
+    Browser browser(documents);
     browser.createDocument();
-    const RecentDocMainWindow *popup = browser.openPopup();
+    auto *popup = new RecentDocMainWindow(&browser.host.mainWindow());
+    const QRect place = popup->geometry();
+    popup->show();
     drainEvents(); // layouts have run
-    QCOMPARE(popup->geometry(), QRect(288, 137, 724, 525));
+    QApplication::setFont(before);
+
+    QCOMPARE(popup->geometry(), place);
+    QCOMPARE(place.topLeft(), QPoint(popup->popupX, popup->popupY));
+    QCOMPARE(place.width(), popup->popupWidth);
+    QVERIFY(place.height() >= popup->popupHeight);
+    const QRect header = popup->main_label_title->geometry() | popup->main_label_path->geometry();
+    QVERIFY(header.height() >=
+            popup->main_label_title->sizeHint().height() + popup->main_label_path->sizeHint().height());
+    const QRect room = popup->rect().adjusted(0, header.bottom() + 1, 0, 0);
+    QRect content = room.adjusted(0, 0, 0, -room.height()); // nothing yet
+    for (const RecentDocDialog *tile : browser.tiles()) {
+        const QRect withRing = tile->geometry().adjusted(-3, -3, 3, 3);
+        QVERIFY(room.contains(withRing));
+        content |= withRing;
+    }
+    if (documents > 0 && (points == 9 || content.bottom() < popup->popupHeight))
+        QCOMPARE(place.height(), popup->popupHeight); // no more than it takes
+
+    // As a strip it takes no more than its header, and then is what it was.
+    if (documents == 0)
+        return;
+    popup->dragDialog = browser.tiles().first();
+    QMimeData data;
+    for (const QPoint &pointer : {QPoint(5, 5), place.center()}) {
+        QCursor::setPos(pointer);
+        QDragMoveEvent move(QPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        static_cast<QObject *>(popup)->event(&move);
+        drainEvents();
+        QCOMPARE(popup->geometry(),
+                 popup->isCollapsed ? QRect(place.topLeft(), QSize(place.width(), 32)) : place);
+    }
+    QVERIFY(!popup->isCollapsed);
 }
 
 void TestPopupGeometry::opensWithoutAMainWindow()

@@ -16,6 +16,9 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QStyleOption>
 #include <QSet>
 #include <QShortcut>
 
@@ -44,6 +47,20 @@ QString shown(QString text)
 {
     return text.replace(QLatin1Char('&'), QLatin1String("&&")).replace(QLatin1Char('\t'), QLatin1Char(' '));
 }
+
+//! Draws a menu's texts in the menu's direction. Qt's styles draw them in the application's.
+class OwnDirection : public QProxyStyle
+{
+public:
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override
+    {
+        const Qt::LayoutDirection before = painter->layoutDirection();
+        painter->setLayoutDirection(option->direction);
+        QProxyStyle::drawControl(element, option, painter, widget);
+        painter->setLayoutDirection(before);
+    }
+};
 
 void addPlaceholder(QMenu *menu, const QString &text)
 {
@@ -100,6 +117,12 @@ QMenu *MenuBuilder::makeMenu(QWidget *parent, const CFxUIMenuItem &item)
     auto *menu = new QMenu(item.GetLabel(), parent);
     menu->setObjectName(item.GetIdentifier());
     menu->menuAction()->setObjectName(item.GetIdentifier());
+    if (kindOf(item) == UIMenuItem::Kind::RecentFiles || kindOf(item) == UIMenuItem::Kind::Windows) {
+        menu->setLayoutDirection(Qt::LeftToRight); // in which paths and file names keep their order
+        auto *style = new OwnDirection;
+        style->setParent(menu);
+        menu->setStyle(style);
+    }
     switch (kindOf(item)) {
     case UIMenuItem::Kind::RecentFiles:
         connect(menu, &QMenu::aboutToShow, this, [this, menu] { fillRecentFiles(menu); });

@@ -6,7 +6,9 @@
 #include <CFxEditorReactor.h>
 #include <OdEditor.h>
 
+#include <QApplication>
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QSignalSpy>
@@ -38,6 +40,26 @@ private slots:
         QCOMPARE(program.window.windowTitle(), QStringLiteral("fxhost - [b.dwg]"));
         program.enter(QStringLiteral("_CLOSE"));
         QCOMPARE(program.window.windowTitle(), QStringLiteral("fxhost"));
+    }
+
+    void pathsAndFactsKeepTheirOrderOnEveryDesktop()
+    {
+        const auto picture = [](Qt::LayoutDirection direction, const char *name) {
+            QApplication::setLayoutDirection(direction);
+            ShownProgram program;
+            program.enter(QStringLiteral("_OPEN ") + program.drawing(QStringLiteral("plan.dwg")));
+            auto *line = program.window.findChild<QLabel *>(QLatin1String(name));
+            const bool isAtTheBegin =
+                line->alignment().testFlag(direction == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft);
+            line->setText(QStringLiteral("/plans/1. (2).dwg"));
+            line->setAlignment(Qt::AlignLeft); // letters begin on a whole pixel there
+            return isAtTheBegin ? line->grab().toImage() : QImage();
+        };
+        for (const char *name : {"path", "facts"}) {
+            const QImage fromTheRight = picture(Qt::RightToLeft, name);
+            QVERIFY(!fromTheRight.isNull());
+            QCOMPARE(fromTheRight, picture(Qt::LeftToRight, name));
+        }
     }
 
     void drawingsStayMaximizedUntilTheyAreArranged()

@@ -235,6 +235,20 @@ private slots:
         QCOMPARE(QString(window.host.documents().current()->path()), path);
     }
 
+    void pathsKeepTheirOrderOnEveryDesktop()
+    {
+        const auto picture = [](Qt::LayoutDirection direction) {
+            QApplication::setLayoutDirection(direction);
+            Window window;
+            window.host.recentFiles().setPaths({QStringLiteral("/plans/1. (2).dwg")});
+            QMenu *const menu = window.menu("ID_RECENT_FILES_MENU");
+            emit menu->aboutToShow();
+            return menu->grab().toImage();
+        };
+        const QImage fromTheRight = picture(Qt::RightToLeft);
+        QCOMPARE(fromTheRight, picture(Qt::LeftToRight));
+    }
+
     void openDrawingsAreListedWhenTheMenuOpens()
     {
         Window window;

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/Browser.h"
+#include "tests/support/TestCase.h"
+#include "ui/RecentDocDialog.h"
+#include "ui/RecentDocMainWindow.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QStyle>
+
+#include <cmath>
+
+namespace {
+
+QPalette paletteOf(const QColor &ground, const QColor &text)
+{
+    QPalette palette(text, ground, ground.lighter(), ground.darker(), Qt::gray, text, text, ground, ground);
+    palette.setColor(QPalette::Highlight, Qt::yellow);
+    return palette;
+}
+
+//! Of light, as the web's contrast guidelines (WCAG 2) define it.
+double luminance(const QColor &color)
+{
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor &a, const QColor &b)
+{
+    const double first = luminance(a);
+    const double second = luminance(b);
+    return (qMax(first, second) + 0.05) / (qMin(first, second) + 0.05);
+}
+
+//! The greatest contrast of any pixel of image to its ground.
+double contrastWithin(const QImage &image, const QColor &ground)
+{
+    double greatest = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            greatest = qMax(greatest, contrast(image.pixelColor(x, y), ground));
+    }
+    return greatest;
+}
+
+} // namespace
+
+//! Whether what the popup shows can be read on desktops of other colours.
+class TestPopupLook : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup();
+    void namesAndRingStandOut_data();
+    void namesAndRingStandOut();
+
+private:
+    const QPalette m_palette = QApplication::palette();
+    const QString m_style = QApplication::style()->objectName();
+};
+
+void TestPopupLook::cleanup()
+{
+    qApp->setStyleSheet(QString());
+    QApplication::setStyle(m_style);
+    QApplication::setPalette(m_palette);
+    TestCase::cleanup();
+}
+
+void TestPopupLook::namesAndRingStandOut_data()
+{
+    QTest::addColumn<QPalette>("palette");
+    QTest::addColumn<QPalette>("later"); // while the popup is open
+    QTest::addColumn<QString>("laterStyle");
+    const QPalette light = paletteOf(QColor(239, 239, 239), Qt::black);
+    const QPalette dark = paletteOf(QColor(45, 45, 45), Qt::white);
+    const QPalette highContrast = paletteOf(Qt::black, Qt::yellow);
+    QTest::newRow("light") << light << light << QString();
+    QTest::newRow("dark") << dark << dark << QString();
+    QTest::newRow("high contrast") << highContrast << highContrast << QString();
+    QTest::newRow("light, then dark") << light << dark << QString();
+    QTest::newRow("dark, then light") << dark << light << QString();
+    QTest::newRow("dark, then another style") << dark << dark << QStringLiteral("Windows");
+    QTest::newRow("an application that styles all labels and dialogs") << light << light << QString();
+}
+
+void TestPopupLook::namesAndRingStandOut()
+{
+    QFETCH(QPalette, palette);
+    QFETCH(QPalette, later);
+    QFETCH(QString, laterStyle);
+    QApplication::setPalette(palette);
+    if (qstrcmp(QTest::currentDataTag(), "an application that styles all labels and dialogs") == 0)
+        qApp->setStyleSheet(QStringLiteral("QLabel { color: white; } QDialog { background: black; }"
+                                           "RecentDocDialog QLabel { color: black; }"
+                                           "RecentDocMainWindow { background: #f0f0f0; }"));
+    Browser browser(2);
+    browser.createDocument();
+    RecentDocMainWindow *popup = browser.openPopup();
+    drainEvents();
+    if (!laterStyle.isEmpty())
+        QApplication::setStyle(laterStyle);
+    QApplication::setPalette(later);
+    drainEvents();
+
+    const QImage image = popup->grab().toImage();
+    RecentDocDialog *highlighted = browser.tiles().first();
+    for (const RecentDocDialog *tile : browser.tiles()) {
+        const QRect name(tile->title_label->mapTo(popup, QPoint()), tile->title_label->size());
+        const double found = contrastWithin(image.copy(name), image.pixelColor(name.topRight()));
+        QVERIFY2(found >= 4.5, qPrintable(QString::number(found)));
+    }
+    const int middle = highlighted->geometry().center().y();
+    const QColor ring = image.pixelColor(highlighted->x() - 2, middle);
+    const QColor ground = image.pixelColor(highlighted->x() - 6, middle);
+    QVERIFY2(contrast(ring, ground) >= 2.5, qPrintable(ring.name() + QLatin1Char(' ') + ground.name()));
+}
+
+QTEST_MAIN(TestPopupLook)
+#include "tst_popuplook.moc"

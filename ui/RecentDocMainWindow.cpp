@@ -30,6 +30,7 @@ constexpr int leastPosition = 1;
 
 void paintGround(QWidget *widget, const QPalette &palette)
 {
+    widget->ensurePolished(); // which switches the filling off where there is a style sheet
     widget->setAutoFillBackground(true);
     widget->setPalette(palette);
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/TestCase.h"
 
-#include <QCoreApplication>
+#include <QFont>
+#include <QGuiApplication>
 #include <QMutex>
 #include <QMutexLocker>
 
@@ -20,6 +21,9 @@ const char *const harmless[] = {
     "This plugin does not support setting window masks", // a balloon keeps its shape to itself there
     "XDG_RUNTIME_DIR not set",                           // a build machine has no session
 };
+
+//! As on most desktops, in points: the platform without a display has larger text.
+constexpr int usualTextSize = 9;
 
 bool isHarmless(const QString &text)
 {
@@ -63,6 +67,11 @@ void TestCase::init()
         previousHandler = qInstallMessageHandler(noteMessage); // now, so that it stands before Qt Test's own
     allowed.clear();
     unexpected.clear();
+    if (qobject_cast<QGuiApplication *>(QCoreApplication::instance())) {
+        QFont font = QGuiApplication::font();
+        font.setPointSize(usualTextSize);
+        QGuiApplication::setFont(font);
+    }
 }
 
 void TestCase::cleanup()

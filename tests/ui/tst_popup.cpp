@@ -360,12 +360,9 @@ void TestPopup::withoutDocumentsTheGridIsEmpty()
     QCOMPARE(popup.tileRows, 0);
     QCOMPARE(popup.tileColumns, 4);
     QCOMPARE(popup.popupHeight, 0);
-    QCOMPARE(popup.geometry(), QRect(288, 400, 724, 0)); // in the middle of 1300 x 800
     QCOMPARE(popup.verticalLayout->contentsMargins(), QMargins(0, 0, 0, 0));
     QVERIFY(popup.findChildren<RecentDocDialog *>().isEmpty());
     QCOMPARE(popup.getColumnPosition(), -1);
-    popup.show(); // and can be seen at all: the header keeps its height
-    QVERIFY(popup.height() >= popup.main_label_title->sizeHint().height());
 }
 
 QTEST_MAIN(TestPopup)

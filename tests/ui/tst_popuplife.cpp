@@ -71,7 +71,8 @@ struct Survivor
 
 } // namespace
 
-Q_DECLARE_METATYPE(std::function<void(const Survivor &)>)
+using SurvivorEvent = std::function<void(const Survivor &)>;
+Q_DECLARE_METATYPE(SurvivorEvent)
 
 class TestPopupLife : public TestCase
 {
@@ -298,27 +299,27 @@ void TestPopupLife::helpOpensTheOnlinePage()
 
 void TestPopupLife::theOlderPopupTakesOverWithItsFirstEvent_data()
 {
-    using Event = std::function<void(const Survivor &)>;
-    QTest::addColumn<Event>("event");
+    QTest::addColumn<SurvivorEvent>("event");
     const auto toTile = [](QEvent::Type type) {
-        return Event([type](const Survivor &older) { send(older.tiles.at(2), type); });
+        return SurvivorEvent([type](const Survivor &older) { send(older.tiles.at(2), type); });
     };
     QTest::newRow("the pointer on a tile") << toTile(QEvent::Enter);
     QTest::newRow("the pointer leaves a tile") << toTile(QEvent::Leave);
     QTest::newRow("the focus on a tile")
-        << Event([](const Survivor &older) { older.tiles.at(2)->setFocus(); });
-    QTest::newRow("a press") << Event(
+        << SurvivorEvent([](const Survivor &older) { older.tiles.at(2)->setFocus(); });
+    QTest::newRow("a press") << SurvivorEvent(
         [](const Survivor &older) { QTest::mousePress(older.tiles.at(2), Qt::LeftButton); });
-    QTest::newRow("a release") << Event(
+    QTest::newRow("a release") << SurvivorEvent(
         [](const Survivor &older) { QTest::mouseRelease(older.tiles.at(2), Qt::LeftButton); });
-    QTest::newRow("a key") << Event([](const Survivor &older) { QTest::keyClick(older.popup, Qt::Key_F1); });
-    QTest::newRow("a pin") << Event(
+    QTest::newRow("a key") << SurvivorEvent(
+        [](const Survivor &older) { QTest::keyClick(older.popup, Qt::Key_F1); });
+    QTest::newRow("a pin") << SurvivorEvent(
         [](const Survivor &older) { Browser::button(older.tiles.at(2), "pinButton")->click(); });
 }
 
 void TestPopupLife::theOlderPopupTakesOverWithItsFirstEvent()
 {
-    QFETCH(std::function<void(const Survivor &)>, event);
+    QFETCH(SurvivorEvent, event);
     Survivor older(4);
     QVERIFY(older.newerIsGone && older.isActive);
     QVERIFY(!RecentDocMainWindow::docPathLabel);

@@ -84,17 +84,28 @@ private slots:
                               QStringLiteral("first unloaded")}));
     }
 
-    void aModuleThatComesLateHearsOfTheWindow()
+    void aModuleThatComesLateIsNotifiedOfTheWindowAndTheCurrentDrawing_data()
     {
+        QTest::addColumn<int>("drawings");
+        QTest::addColumn<QStringList>("heard");
+        const QStringList window(QStringLiteral("second mainFrameCreated"));
+        QTest::newRow("no drawing") << 0 << window;
+        QTest::newRow("two drawings") << 2 << window + QStringList(QStringLiteral("second DocumentCreated"));
+    }
+
+    void aModuleThatComesLateIsNotifiedOfTheWindowAndTheCurrentDrawing()
+    {
+        QFETCH(int, drawings);
+        QFETCH(QStringList, heard);
         RunningHost running;
         QWidget window;
         running.host.modules().load(modulePath("first"));
         running.host.setMainWindow(&window);
+        for (int i = 0; i < drawings; ++i)
+            running.host.documents().newDocument();
         takeCalls();
         running.host.modules().load(modulePath("second"));
-        QCOMPARE(takeCalls().mid(1),
-                 QStringList({QStringLiteral("second addRef"), QStringLiteral("second initApp"),
-                              QStringLiteral("second mainFrameCreated")}));
+        QCOMPARE(takeCalls().mid(3), heard); // after its creation, addRef and initApp
     }
 
     void aModuleThatGoesEarlyHearsOfItToo()

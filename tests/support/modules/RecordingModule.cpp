@@ -3,6 +3,8 @@
 // libraries that are made of this file apart.
 #include "tests/support/modules/TestModule.h"
 
+#include <CFxDocumentManager.h>
+#include <CFxDocumentManagerReactor.h>
 #include <CFxEditorReactor.h>
 #include <CFxServices.h>
 #include <OdEditor.h>
@@ -14,7 +16,7 @@ void note(const QString &call)
     noteCall(MODULE_NAME, call);
 }
 
-class RecordingModule : public vela_OdRxModule, public CFxEditorReactor
+class RecordingModule : public vela_OdRxModule, public CFxEditorReactor, public CFxDocumentManagerReactor
 {
 public:
     void initApp() override
@@ -23,6 +25,7 @@ public:
         OdEditor *const editor = odedEditor();
         editor->addReactor(this);
         editor->release();
+        GetFxSystemServices()->GetDocumentManager()->AddReactor(this);
     }
 
     void uninitApp() override
@@ -39,7 +42,10 @@ public:
         OdEditor *const editor = odedEditor();
         editor->removeReactor(this);
         editor->release();
+        GetFxSystemServices()->GetDocumentManager()->RemoveReactor(this);
     }
+
+    void DocumentCreated(CFxDocument *) override { note(QStringLiteral("DocumentCreated")); }
 };
 
 class RecordingModuleObject : public OdRxUnixModule<RecordingModuleObject, RecordingModule>

@@ -7,6 +7,7 @@
 #include <CFxDocumentManagerReactor.h>
 #include <CFxEditorReactor.h>
 #include <CFxServices.h>
+#include <CFxString.h>
 #include <OdEditor.h>
 
 namespace {
@@ -92,7 +93,7 @@ MODULE_EXPORT void odrxGetAPIVersion(int &major, int &minor, int &majorBuild, in
 
 MODULE_EXPORT OdRxModule *odrxCreateModuleObject(void *sysData, const OdChar *moduleName)
 {
-    note(QStringLiteral("create ") + QString::fromWCharArray(moduleName));
+    note(QStringLiteral("create ") + CFxString(moduleName));
     module = new RecordingModuleObject(sysData, moduleName);
     return module;
 }

@@ -6,7 +6,8 @@
 #include <QTemporaryDir>
 #include <QVector>
 
-//! Stands where the desktop's file manager is looked for, and notes what it is started with.
+//! Stands where the desktop's file manager, or another program, is looked for, and notes what it is started
+//! with.
 class FileManager
 {
 public:

@@ -91,7 +91,7 @@ int main(int argc, char *argv[])
     sigset_t former;
     sigemptyset(&childEnds);
     sigaddset(&childEnds, SIGCHLD);
-    sigprocmask(SIG_BLOCK, &childEnds, &former); // kept for the wait below, should the end come first
+    pthread_sigmask(SIG_BLOCK, &childEnds, &former); // kept for the wait below, should the end come first
     const pid_t asking = fork();
     if (asking > 0) {
         int status = 0;
@@ -99,7 +99,7 @@ int main(int argc, char *argv[])
                               waitpid(asking, &status, 0) == asking;
         return hasEnded && status != 0 ? failure : 0;
     }
-    sigprocmask(SIG_SETMASK, &former, nullptr);
+    pthread_sigmask(SIG_SETMASK, &former, nullptr);
     setsid(); // neither the end of a terminal nor that of the host takes the request away
     const QByteArray path = absolute(argv[1]);      // before Qt takes arguments for its own
     const QCoreApplication application(argc, argv); // which the bus needs

@@ -206,8 +206,8 @@ void tst_PreviewLimits::memoryIsBounded()
 
 void tst_PreviewLimits::effortIsBounded_data()
 {
-    // Each entry is refused only at its very end; all of them read to that point would take a row several times
-    // as long as it may.
+    // Each entry is refused only at its very end; all of them read to that point would take a row several
+    // times as long as it may.
     QTest::addColumn<DrawingBytes>("drawing");
     QTest::addColumn<qint64>("more"); // bytes, as zeros and then end
     QTest::addColumn<QByteArray>("end");

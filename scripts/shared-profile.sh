@@ -5,4 +5,4 @@
 set -euo pipefail
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
 
-LONG_RUN=1 BROWSER_PRESET=${BROWSER_PRESET:-release} ./test -R '^host/app/tst_sharedprofile$' --timeout 1200 -V
+LONG_RUN=1 BROWSER_PRESET=${BROWSER_PRESET:-release} ./test -R '^host/app/tst_sharedprofile$' -V

@@ -21,4 +21,4 @@ scripts/quietly.sh cmake --preset tsan -DBUILD_TESTING=ON
 scripts/quietly.sh cmake --build --preset tsan --target "${tests[@]}"
 
 pattern=$(IFS='|' && echo "/(${tests[*]})\$")
-exec ctest --preset tsan --no-tests=error --timeout 300 -R "$pattern" "$@"
+exec ctest --preset tsan --no-tests=error -R "$pattern" "$@"

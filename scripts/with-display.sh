@@ -7,7 +7,7 @@ set -euo pipefail
 # Pixels and bits. The usual size has room for the browser's grid of five tiles by six. Several screens, separated by
 # blanks, stand side by side from left to right.
 read -r -a screens <<<"${VIRTUAL_SCREEN:-1920x1200x24}"
-patience=20         # seconds a server or a window manager may take to come up on a busy machine
+patience=60         # seconds a server or a window manager may take to come up on a busy machine
 
 logs=$(mktemp -d)
 started=() # the last one last

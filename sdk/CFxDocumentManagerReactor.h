@@ -14,7 +14,9 @@ public:
     virtual ~CFxDocumentManagerReactor();
 
     virtual void DocumentCreateStarted(CFxDocument *document);
-    //! A drawing was created or opened; an opened one is in the recent-file list already.
+    //! A drawing was created or opened; an opened one is in the recent-file list already. A module that is
+    //! loaded while drawings are open is notified of the current one, after its initApp() and
+    //! mainFrameCreated().
     virtual void DocumentCreated(CFxDocument *document);
     virtual void DocumentToBeDestroyed(CFxDocument *document);
     //! The drawing is gone. \param path where it was, empty for a new drawing

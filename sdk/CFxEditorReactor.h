@@ -15,7 +15,8 @@ class FXSDK_API CFxEditorReactor : public OdEditorReactor
 public:
     ~CFxEditorReactor() override;
 
-    //! The main window is built and its menus can be changed.
+    //! The main window is built and its menus can be changed. A module that is loaded later is notified after
+    //! its initApp().
     virtual void mainFrameCreated(QWidget *mainFrame);
     //! The main window is about to go away with its menus and children.
     virtual void mainFrameDestroyed(QWidget *mainFrame);

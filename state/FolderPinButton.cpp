@@ -102,7 +102,8 @@ void FolderPinButton::showBalloonTip()
 void FolderPinButton::OpenExplorer(QString &path)
 {
     // The path stands between quotes as it is: one that holds a quote breaks the command, and only that.
-    QStringList arguments = QProcess::splitCommand(QStringLiteral("nautilus \"") + path + QLatin1Char('"'));
+    QStringList arguments =
+        QProcess::splitCommand(QStringLiteral(BROWSER_FILE_MANAGER " \"") + path + QLatin1Char('"'));
     const QString program = arguments.takeFirst();
     QProcess::execute(program, arguments);
 }

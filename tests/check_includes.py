@@ -21,6 +21,7 @@ MAY_INCLUDE = {
     "resources": set(),
     "host/runtime": {"sdk"},
     "host/app": {"sdk", "host/runtime"},
+    "host/show": set(),
     "samples": {"host/runtime"},
     "tests": {"sdk", "module", "state", "ui", "resources", "host/runtime", "host/app", "samples", "bench"},
     "bench": {"sdk", "module", "state", "ui", "resources", "host/runtime", "host/app", "samples", "tests"},

@@ -102,6 +102,14 @@ int run(const CommandLineOptions &options)
     return QApplication::exec();
 }
 
+//! Programs that stand beside this one are found by their names, after all others: modules start fxshow so.
+void findProgramsBeside()
+{
+    const QByteArray folder = QFile::encodeName(QCoreApplication::applicationDirPath());
+    const QByteArray others = qgetenv("PATH");
+    qputenv("PATH", others.isEmpty() ? folder : others + ':' + folder);
+}
+
 //! Help and version are for whoever has no display as well. \return whether they were asked for
 bool printsAndEnds(int argc, char *argv[])
 {
@@ -127,6 +135,7 @@ int main(int argc, char *argv[])
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
     QApplication::setWindowIcon(appIcon());
+    findProgramsBeside();
 
     const CommandLineResult commandLine = readCommandLine(QApplication::arguments());
     if (commandLine.wish == CommandLineResult::Wish::Start)

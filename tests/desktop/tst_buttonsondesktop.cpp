@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/FileManager.h"
 #include "tests/support/Hand.h"
 #include "tests/support/RealBrowser.h"
 #include "tests/support/TestCase.h"
 
 #include <QApplication>
 #include <QDialog>
-#include <QFile>
 #include <QLabel>
 #include <QMenu>
 #include <QPointer>
@@ -19,7 +19,6 @@ class tst_ButtonsOnDesktop : public TestCase
     Q_OBJECT
 
 private slots:
-    void initTestCase();
     void doubleClickOpensTheDrawing();
     void helpIconShowsTheTopicAndClosesThePopup_data();
     void helpIconShowsTheTopicAndClosesThePopup();
@@ -29,11 +28,6 @@ private slots:
     void menuEntryOpensItsDrawing();
     void menuEntryShowsItsFolder();
     void menuEntryIsPinned();
-
-private:
-    QStringList fileManagerCalls() const;
-
-    QTemporaryDir m_bin;
 };
 
 namespace {
@@ -49,7 +43,7 @@ struct ShownMenu
         Hand::moveTo(aside);
         browser.addRecentFiles(&menu, nullptr);
         menu.popup(QPoint(100, 100));
-        isShown = QTest::qWaitForWindowExposed(&menu);
+        isShown = waitForExposed(&menu);
     }
 
     QToolButton *button(int entry, const char *name) const
@@ -63,28 +57,6 @@ struct ShownMenu
 };
 
 } // namespace
-
-void tst_ButtonsOnDesktop::initTestCase()
-{
-    // A stand-in for the file manager, found first, that writes down what it was called with.
-    QFile script(m_bin.filePath(QStringLiteral("nautilus")));
-    QVERIFY(script.open(QIODevice::WriteOnly));
-    script.write("#!/bin/sh\nprintf '%s\\n' \"$#\" \"$@\" >>\"$(dirname \"$0\")/calls\"\n");
-    script.close();
-    QVERIFY(script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-    qputenv("PATH", m_bin.path().toLocal8Bit() + ':' + qgetenv("PATH"));
-}
-
-QStringList tst_ButtonsOnDesktop::fileManagerCalls() const
-{
-    QFile calls(m_bin.filePath(QStringLiteral("calls")));
-    if (!calls.open(QIODevice::ReadOnly))
-        return {};
-    const QStringList lines =
-        QString::fromLocal8Bit(calls.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    calls.remove();
-    return lines;
-}
 
 void tst_ButtonsOnDesktop::doubleClickOpensTheDrawing()
 {
@@ -132,10 +104,11 @@ void tst_ButtonsOnDesktop::showInFolderRunsTheFileManagerOnTheFileAndClosesThePo
                         usualFrame);
     const QPointer<QDialog> popup = browser.openPopup();
     QVERIFY(popup);
+    const FileManager fileManager(0, FileManager::Others::Found);
     Hand::moveTo(RealBrowser::button(RealBrowser::tiles(popup).at(1), "folderButton"));
     Hand::click();
     QTRY_VERIFY(!popup);
-    QCOMPARE(fileManagerCalls(), QStringList({QStringLiteral("1"), browser.paths().at(1)}));
+    QCOMPARE(fileManager.starts(), QVector<QStringList>{QStringList(browser.paths().at(1))});
     QVERIFY(browser.log().filter(QStringLiteral("open ")).isEmpty());
 }
 
@@ -203,10 +176,10 @@ void tst_ButtonsOnDesktop::menuEntryShowsItsFolder()
 {
     ShownMenu shown(2);
     QVERIFY(shown.isShown);
+    const FileManager fileManager(0, FileManager::Others::Found);
     Hand::moveTo(shown.button(1, "folderButton"));
     Hand::click();
-    QTRY_VERIFY(QFile::exists(m_bin.filePath(QStringLiteral("calls"))));
-    QCOMPARE(fileManagerCalls(), QStringList({QStringLiteral("1"), shown.browser.paths().at(1)}));
+    QTRY_COMPARE(fileManager.starts(), QVector<QStringList>{QStringList(shown.browser.paths().at(1))});
 }
 
 void tst_ButtonsOnDesktop::menuEntryIsPinned()

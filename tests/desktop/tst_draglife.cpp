@@ -122,7 +122,7 @@ void tst_DragLife::mainWindowMayGoDuringTheDrag()
     auto *frame = new QWidget; // in the place of the main window, whose end the host would hear of
     scene.popup->setParent(frame, scene.popup->windowFlags());
     scene.popup->show();
-    QVERIFY(QTest::qWaitForWindowActive(scene.popup));
+    QVERIFY(waitForActive(scene.popup));
     QCOMPARE(dragAndDo(scene, true, [frame] { delete frame; }), QString());
     QVERIFY(!scene.popup);
     drainEvents();

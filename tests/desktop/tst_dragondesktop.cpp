@@ -59,7 +59,7 @@ void tst_DragOnDesktop::dropOnTheHostOpensEveryHighlightedDrawing()
         Hand::releaseKey(QStringLiteral("ctrl"));
         QTRY_VERIFY(RealBrowser::isHighlighted(scene.tiles.at(index)));
     }
-    QVERIFY(QTest::qWaitFor([] { return QApplication::mouseButtons() == Qt::NoButton; }));
+    QVERIFY(waitUntil([] { return QApplication::mouseButtons() == Qt::NoButton; }));
 
     scene.hand.takeHold(scene.tiles.at(2), QPoint(30, 100)); // no double-click
     scene.hand.startDrag();

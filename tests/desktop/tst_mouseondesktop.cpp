@@ -49,7 +49,7 @@ struct Clicking
         for (const int tile : {8, 9}) {
             goTo(tile);
             const QString path = browser.paths().at(tile);
-            if (!QTest::qWaitFor([&] { return !popup || RealBrowser::pathLine(popup) == path; }))
+            if (!waitUntil([&] { return !popup || RealBrowser::pathLine(popup) == path; }))
                 return false;
         }
         return true;

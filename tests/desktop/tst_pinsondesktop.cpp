@@ -46,7 +46,7 @@ public:
         const QImage picture = pin->grab().toImage();
         Hand::moveTo(pin);
         Hand::click();
-        if (!QTest::qWaitFor([&] { return pin->isChecked() == pinned; }))
+        if (!waitUntil([&] { return pin->isChecked() == pinned; }))
             return false;
         const QStringList lines = browser.menuLines();
         const QString mark = QStringLiteral(" %1 pinned").arg(drawing);
@@ -59,7 +59,7 @@ public:
     {
         Hand::moveTo(aside);
         Hand::key(QStringLiteral("Escape"));
-        return QTest::qWaitFor([this] { return m_popup.isNull(); });
+        return waitUntil([this] { return m_popup.isNull(); });
     }
 
     //! The drawings in the order of their tiles, in the grid.

@@ -223,7 +223,7 @@ void tst_PopupOnDesktop::focusLossWithThePointerInsideKeepsThePopup()
     other.setGeometry(1500, 900, 200, 100);
     other.show();
     other.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&other));
+    QVERIFY(waitForActive(&other));
     drainEvents();
     QVERIFY(popup && popup->isVisible());
 }
@@ -243,7 +243,7 @@ void tst_PopupOnDesktop::newerOfTwoPopupsMayCloseFirst()
     QTRY_VERIFY(!newer);
     QVERIFY(older);
     older->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(older));
+    QVERIFY(waitForActive(older));
 
     const QList<QDialog *> tiles = RealBrowser::tiles(older);
     for (QDialog *tile : tiles) {

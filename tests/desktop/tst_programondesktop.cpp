@@ -148,7 +148,7 @@ void tst_ProgramOnDesktop::clickIntoAnotherProgramClosesThePopup()
     QWidget other; // this test is another program than the one that it has started
     other.setGeometry(1500, 300, 300, 200);
     other.show();
-    QVERIFY(QTest::qWaitForWindowActive(&other));
+    QVERIFY(waitForActive(&other));
     Hand::moveTo(QPoint(1300, 100)); // the main window's title bar
     Hand::click();
     QTRY_VERIFY(!other.isActiveWindow());

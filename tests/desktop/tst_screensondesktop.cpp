@@ -35,17 +35,17 @@ QString useByHand(const RealBrowser &browser, const QPointer<QDialog> &popup)
 {
     const QList<QDialog *> tiles = RealBrowser::tiles(popup);
     Hand::key(QStringLiteral("Right"));
-    if (!QTest::qWaitFor([&] { return RealBrowser::isHighlighted(tiles.at(1)); }))
+    if (!waitUntil([&] { return RealBrowser::isHighlighted(tiles.at(1)); }))
         return QStringLiteral("the key moves no highlight");
     Hand::moveTo(tiles.at(0));
-    if (!QTest::qWaitFor([&] { return RealBrowser::pathLine(popup) == browser.paths().at(0); }))
+    if (!waitUntil([&] { return RealBrowser::pathLine(popup) == browser.paths().at(0); }))
         return QStringLiteral("the pointer shows no path");
     Hand::moveTo(tiles.at(2));
     Hand::doubleClick();
     const QString line = QStringLiteral("open %1 ok").arg(browser.paths().at(2));
-    if (!QTest::qWaitFor([&] { return browser.log().contains(line); }))
+    if (!waitUntil([&] { return browser.log().contains(line); }))
         return QStringLiteral("the double-click opens nothing");
-    return QTest::qWaitFor([&] { return popup.isNull(); }) ? QString() : QStringLiteral("the popup stays");
+    return waitUntil([&] { return popup.isNull(); }) ? QString() : QStringLiteral("the popup stays");
 }
 
 QString screenshotName()

@@ -39,7 +39,7 @@ QImage picture()
 void keepPicture(const char *name)
 {
     QImage last;
-    QVERIFY(QTest::qWaitFor([&last] {
+    QVERIFY(waitUntil([&last] {
         const QImage before = std::exchange(last, picture());
         return before == last;
     }));

@@ -286,7 +286,7 @@ void tst_MenusInHost::theKeyOpensThePopup()
     host.showMainWindow();
     setShortCutKey();
     host.customization().Refresh(); // which is for the host to do
-    QVERIFY(QTest::qWaitForWindowActive(&host.window));
+    QVERIFY(waitForActive(&host.window));
     QTest::keyClick(&host.window, Qt::Key_F4);
     QTRY_COMPARE(RealBrowser::popups().size(), 1);
 }

@@ -177,7 +177,7 @@ void tst_ButtonClicks::aTilesPinGivesTheFocusToThePopup()
     browser.createDocument();
     RecentDocMainWindow *popup = browser.openPopup();
     QCursor::setPos(popup->geometry().center()); // with the pointer outside it closes when it loses the focus
-    QVERIFY(QTest::qWaitForWindowActive(popup));
+    QVERIFY(waitForActive(popup));
     FolderPinButton *pin = Browser::button(browser.tiles().at(0), "pinButton");
     pin->setFocus();
     QCOMPARE(QApplication::focusWidget(), pin);

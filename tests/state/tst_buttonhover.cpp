@@ -90,7 +90,7 @@ void tst_ButtonHover::enteringGivesTheFocusToTheGrandparent()
 {
     ButtonInTile hovered;
     hovered.window.show();
-    QVERIFY(QTest::qWaitForWindowActive(&hovered.window));
+    QVERIFY(waitForActive(&hovered.window));
     hovered.button->setFocus();
     const FocusReasons focus(hovered.window);
     hovered.enter();
@@ -185,7 +185,7 @@ void tst_ButtonHover::restingOnAButtonShowsNoBalloon()
     hovered.button->setChecked(checked);
     hovered.enter();
     QSignalSpy timeout(hovered.timers().constFirst(), &QTimer::timeout);
-    QVERIFY(timeout.wait());
+    QVERIFY(timeout.wait(patience));
     drainEvents();
     QVERIFY(!anyBalloonExists());
     QVERIFY(!hovered.timers().constFirst()->isActive());

@@ -132,7 +132,7 @@ void tst_FolderButton::theFocusGoesToThePopupBeforeItCloses()
     browser.createDocument();
     RecentDocMainWindow *popup = browser.openPopup();
     QCursor::setPos(popup->geometry().center()); // with the pointer outside it closes when it loses the focus
-    QVERIFY(QTest::qWaitForWindowActive(popup));
+    QVERIFY(waitForActive(popup));
     FolderPinButton *folder = folderButton(browser, 0);
     folder->setFocus();
     QCOMPARE(popup->focusWidget(), folder);

@@ -105,7 +105,7 @@ void tst_PinClicks::aClickInAnOpenMenuReordersIt()
 {
     PinMenu pins(fourPaths);
     pins.menu.popup(QPoint(20, 20));
-    QVERIFY(QTest::qWaitForWindowExposed(&pins.menu));
+    QVERIFY(waitForExposed(&pins.menu));
     FolderPinButton *pin = pins.buttons.at(2);
     QVERIFY(pin->isVisible());
     const int above = pins.entry(0).defaultWidget()->mapTo(&pins.menu, QPoint()).y();
@@ -127,7 +127,7 @@ void tst_PinClicks::manyClicksInAnOpenMenuKeepItWhole()
 {
     PinMenu pins(fourPaths);
     pins.menu.popup(QPoint(20, 20));
-    QVERIFY(QTest::qWaitForWindowExposed(&pins.menu));
+    QVERIFY(waitForExposed(&pins.menu));
     for (int click = 0; click < 60; ++click) {
         FolderPinButton *pin = pins.buttons.at((click * 7 + click / 3) % 4);
         const bool wasChecked = pin->isChecked();

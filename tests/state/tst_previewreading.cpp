@@ -16,9 +16,6 @@
 
 namespace {
 
-//! How long a read waits for what must happen meanwhile before the test is lost, in milliseconds.
-constexpr int patience = 20000;
-
 void throwSomething(const QString &what)
 {
     struct Unrelated

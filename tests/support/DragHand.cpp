@@ -2,6 +2,7 @@
 #include "tests/support/DragHand.h"
 
 #include "tests/support/Hand.h"
+#include "tests/support/Patience.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -15,8 +16,6 @@ namespace {
 
 //! Milliseconds between two looks at whether a step's outcome has come.
 constexpr int interval = 2;
-//! Milliseconds that an outcome may take on a busy machine.
-constexpr int patience = 15000;
 
 QString toText(const QPoint &point)
 {

@@ -6,16 +6,20 @@
 #include <QTemporaryDir>
 #include <QVector>
 
-//! Stands where the desktop's file manager is looked for, and notes what it is started with.
+//! Stands where the desktop's file manager, or another program, is looked for, and notes what it is started
+//! with.
 class FileManager
 {
 public:
     //! Whether other programs are found as well.
     enum class Others { Hidden, Found };
 
-    explicit FileManager(int exitCode = 0, Others others = Others::Hidden) : m_searchPath(qgetenv("PATH"))
+    //! \param command the one that the module was built with, without arguments, or another such program
+    explicit FileManager(int exitCode = 0, Others others = Others::Hidden,
+                         const QString &command = QStringLiteral(BROWSER_FILE_MANAGER))
+        : m_searchPath(qgetenv("PATH")), m_program(m_folder.filePath(command))
     {
-        QFile script(m_folder.filePath(QStringLiteral("nautilus")));
+        QFile script(m_program);
         if (!script.open(QIODevice::WriteOnly))
             qFatal("cannot make %s", qPrintable(script.fileName()));
         // For each start the number of arguments and the arguments, each ended by a zero byte.
@@ -29,7 +33,7 @@ public:
     Q_DISABLE_COPY(FileManager)
 
     //! Makes the search for it fail.
-    void uninstall() const { QFile::remove(m_folder.filePath(QStringLiteral("nautilus"))); }
+    void uninstall() const { QFile::remove(m_program); }
 
     //! The arguments of each start that has ended so far.
     QVector<QStringList> starts() const
@@ -42,7 +46,7 @@ public:
         QVector<QStringList> starts;
         while (!words.isEmpty()) {
             QStringList arguments;
-            for (int count = words.takeFirst().toInt(); count > 0; --count)
+            for (int count = words.takeFirst().toInt(); count > 0 && !words.isEmpty(); --count)
                 arguments.append(QFile::decodeName(words.takeFirst()));
             starts.append(arguments);
         }
@@ -52,4 +56,5 @@ public:
 private:
     QByteArray m_searchPath;
     QTemporaryDir m_folder;
+    QString m_program;
 };

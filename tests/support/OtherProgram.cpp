@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/OtherProgram.h"
 
-#include <QtTest>
+#include "tests/support/Patience.h"
 
 QStringList OtherProgram::target(Fetching fetching)
 {
@@ -28,8 +28,7 @@ OtherProgram::OtherProgram(const QRect &place, const QStringList &role) : m_plac
     m_process.setProcessEnvironment(environment);
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.start(QStringLiteral(GTK_WINDOW_PROGRAM), arguments);
-    m_isReady =
-        QTest::qWaitFor([this] { return has(QStringLiteral("ready")); }, 20000); // Python starts slowly
+    m_isReady = waitUntil([this] { return has(QStringLiteral("ready")); });
 }
 
 OtherProgram::~OtherProgram()

@@ -7,6 +7,7 @@
 #include "host/runtime/recent/RecentFileStore.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "samples/DrawingWriter.h"
+#include "tests/support/Patience.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -17,7 +18,6 @@
 #include <QRegularExpression>
 #include <QToolButton>
 #include <QWidgetAction>
-#include <QtTest>
 
 #include <dlfcn.h>
 
@@ -64,7 +64,7 @@ RealBrowser::RealBrowser(const QStringList &names, const QRect &frame)
         qFatal("the module cannot be loaded");
     m_window->setGeometry(frame);
     m_window->show();
-    if (!QTest::qWaitForWindowActive(m_window.get()))
+    if (!waitForActive(m_window.get()))
         qFatal("the main window does not become active");
     m_host->setMainWindow(m_window.get());
     m_host->recentFiles().setMaximum(fxhost::RecentFiles::largestMaximum);
@@ -111,7 +111,7 @@ QDialog *RealBrowser::openPopup()
         if (before.contains(popup))
             continue;
         // Its own window must have the keyboard: a child window counts as active while its parent has it.
-        const bool isActive = QTest::qWaitFor([popup] { return QApplication::activeWindow() == popup; });
+        const bool isActive = waitUntil([popup] { return QApplication::activeWindow() == popup; });
         return isActive ? popup : nullptr;
     }
     return nullptr;

@@ -3,11 +3,11 @@
 
 #include "samples/SampleSet.h"
 #include "tests/support/Hand.h"
+#include "tests/support/Patience.h"
 
 #include <QDir>
 #include <QFile>
 #include <QImage>
-#include <QtTest>
 
 #include <csignal>
 
@@ -92,14 +92,14 @@ bool RunningProgram::start(const QStringList &script, const QStringList &around)
     m_process.setProcessChannelMode(QProcess::ForwardedChannels);
     m_process.start(program, command);
     const auto ranScript = [&] { return log().filter(QStringLiteral("command ")).size() >= lines.size(); };
-    return m_process.waitForStarted() && QTest::qWaitFor(ranScript, 20000);
+    return m_process.waitForStarted() && waitUntil(ranScript);
 }
 
 bool RunningProgram::quit()
 {
     for (const char *key : {"underscore", "Q", "U", "I", "T", "Return"})
         Hand::key(QLatin1String(key));
-    return m_process.waitForFinished() && m_process.exitStatus() == QProcess::NormalExit &&
+    return m_process.waitForFinished(patience) && m_process.exitStatus() == QProcess::NormalExit &&
            m_process.exitCode() == 0;
 }
 

@@ -46,6 +46,8 @@ public:
     //! global pixels.
     static QString popupTitle() { return QStringLiteral("RecentDocMainWindow"); }
     static constexpr QRect popupPlace{288, 349, 724, 201};
+    //! On the folder button of the popup's first tile: right of the name, left of the pin. In global pixels.
+    static constexpr QPoint folderButton{popupPlace.x() + 138, popupPlace.y() + 83};
     //! The middle of the tile in the popup's first row, in global pixels.
     static QPoint tile(int column);
 

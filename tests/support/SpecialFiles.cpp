@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/SpecialFiles.h"
 
+#include "tests/support/Patience.h"
 #include "tests/support/PreviewBytes.h"
 
 #include <QDir>
 #include <QFile>
-#include <QtTest>
 
 #include <csignal>
 
@@ -99,9 +99,8 @@ QString SpecialFiles::path(SpecialFile kind) const
 
 Alarm::Alarm()
 {
-    constexpr unsigned seconds = 20;
     ::signal(SIGALRM, SIG_DFL); // a handler would not run while a system call does not return
-    ::alarm(seconds);
+    ::alarm(patience / 1000);
 }
 
 Alarm::~Alarm()

@@ -50,7 +50,14 @@ void noteMessage(QtMsgType type, const QMessageLogContext &context, const QStrin
 
 } // namespace
 
-TestCase::TestCase() = default;
+TestCase::TestCase()
+{
+    // Qt Test ends a test function after five minutes, less than ten times what the longest takes beside busy
+    // programs.
+    const char *const limit = "QTEST_FUNCTION_TIMEOUT";
+    if (!qEnvironmentVariableIsSet(limit))
+        qputenv(limit, QByteArray::number(30 * patience));
+}
 
 TestCase::~TestCase() = default;
 

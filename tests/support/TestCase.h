@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tests/support/Patience.h"
+
 #include <QObject>
 #include <QStringList>
 #include <QtTest>

@@ -3,6 +3,7 @@
 
 #include "tests/support/Hand.h"
 #include "tests/support/PathLine.h"
+#include "tests/support/Patience.h"
 #include "tests/support/RealBrowser.h"
 
 #include <QDialog>
@@ -30,8 +31,7 @@ public:
     {
         m_trail.clear();
         Hand::keys(keys);
-        const bool allCame =
-            QTest::qWaitFor([this, &keys] { return m_trail.size() >= keys.size(); }, patience);
+        const bool allCame = waitUntil([this, &keys] { return m_trail.size() >= keys.size(); });
         return allCame ? m_trail : m_trail + QStringList(QStringLiteral("no more"));
     }
 
@@ -59,8 +59,6 @@ protected:
 private:
     //! A main window that gives the popup so many columns, 4 or 2.
     static QRect frameFor(int columns) { return QRect(40, 60, columns == 4 ? 580 : 950, 700); }
-
-    static constexpr int patience = 20000; // milliseconds for a hundred keys on a busy machine
 
     QString state() const
     {

@@ -2,8 +2,9 @@
 //
 // Preloaded into a program, makes a folder look like one on a server that went away: calls that look at files
 // below $STUCK_FOLDER do not return while the file $STUCK_SWITCH exists. Stands in for a real file system
-// where none can be mounted. And no thread can be had while the file $STUCK_THREADS exists. Without these
-// variables nothing changes.
+// where none can be mounted. And no thread but the first $STUCK_SPARED_THREADS can be had while the file
+// $STUCK_THREADS exists. Without these variables nothing changes.
+#include <atomic>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdlib>
@@ -114,9 +115,12 @@ STUCK_CALL open64(const char *path, int flags, ...)
 STUCK_CALL pthread_create(pthread_t *thread, const pthread_attr_t *attributes, void *(*start)(void *),
                           void *argument) noexcept
 {
-    const char *const lever = std::getenv("STUCK_THREADS"); // NOLINT(concurrency-mt-unsafe): as above
-    if (lever && exists(lever))
+    const char *const lever = std::getenv("STUCK_THREADS");         // NOLINT(concurrency-mt-unsafe): as above
+    const char *const spared = std::getenv("STUCK_SPARED_THREADS"); // NOLINT(concurrency-mt-unsafe): as above
+    static std::atomic<long> had{0};
+    if (lever && exists(lever) && had >= (spared ? std::strtol(spared, nullptr, 10) : 0))
         return EAGAIN;
+    ++had;
     return next(&pthread_create, "pthread_create")(thread, attributes, start, argument);
 }
 

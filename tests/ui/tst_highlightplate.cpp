@@ -130,7 +130,7 @@ struct OpenPopup
         tile = browser.tiles().at(highlighted);
         browser.tiles().at(0)->setHighlightEffect(nullptr);
         tile->highlight();
-        isExposed = QTest::qWaitForWindowExposed(popup);
+        isExposed = waitForExposed(popup);
     }
     QImage withoutEffect(const Camera &camera) const
     {

@@ -124,7 +124,7 @@ void tst_Keys::escapeClosesOnly()
 void tst_Keys::realKeysReachThePopup()
 {
     OpenGrid grid(10);
-    QVERIFY(QTest::qWaitForWindowActive(grid.popup));
+    QVERIFY(waitForActive(grid.popup));
     grid.popup->setFocus(); // as the command that opens it does
     QWindow *window = grid.popup->windowHandle();
     QTest::keyClick(window, Qt::Key_Tab);
@@ -196,7 +196,7 @@ void tst_Keys::movesPaintTheChangedTilesAlone()
         QSet<QObject *> seen;
     };
     OpenGrid grid(10);
-    QVERIFY(QTest::qWaitForWindowExposed(grid.popup));
+    QVERIFY(waitForExposed(grid.popup));
     grid.highlight(before);
     drainEvents();
     Watch watch;

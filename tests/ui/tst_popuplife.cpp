@@ -59,7 +59,7 @@ struct Survivor
         drainEvents();
         newerIsGone = !newer;
         popup->activateWindow();
-        isActive = QTest::qWaitForWindowActive(popup);
+        isActive = waitForActive(popup);
     }
 
     Browser browser;
@@ -143,7 +143,7 @@ void TestPopupLife::closesWhenAnotherWindowIsActivated()
     browser.createDocument();
     const QPointer<RecentDocMainWindow> popup = browser.openPopup();
     popup->setFocus();
-    QVERIFY(QTest::qWaitForWindowActive(popup));
+    QVERIFY(waitForActive(popup));
     QCOMPARE(QApplication::focusWidget(), popup.data());
     QCursor::setPos(5, 5);
     QWidget other;
@@ -267,7 +267,7 @@ void TestPopupLife::tabMovesNoFocus()
     Browser browser(3);
     browser.createDocument();
     RecentDocMainWindow *popup = browser.openPopup();
-    QVERIFY(QTest::qWaitForWindowActive(popup));
+    QVERIFY(waitForActive(popup));
     RecentDocDialog *tile = browser.tiles().at(1);
     QWidget *widget = tile->findChild<QWidget *>(focused);
     if (focused == QLatin1String("popup"))

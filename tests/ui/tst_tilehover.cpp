@@ -41,7 +41,7 @@ struct OpenPopup
     {
         browser.createDocument();
         popup = browser.openPopup();
-        isActive = QTest::qWaitForWindowActive(popup);
+        isActive = waitForActive(popup);
     }
     RecentDocDialog *tile(int index) const { return browser.tiles().at(index); }
     QString pathLine() const { return popup->main_label_path->text(); }

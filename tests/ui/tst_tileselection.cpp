@@ -37,7 +37,7 @@ struct Selection
         tiles.first()->clearHighlight();
         for (const int index : selected)
             tiles.at(index)->highlight();
-        isActive = QTest::qWaitForWindowActive(popup);
+        isActive = waitForActive(popup);
     }
 
     Indices selected() const

@@ -161,6 +161,14 @@ Document *DocumentManager::introduce(const std::shared_ptr<Document> &document)
     return openDocument(document.get()).get();
 }
 
+void DocumentManager::introduceCurrent(const std::vector<CFxDocumentManagerReactor *> &reactors) const
+{
+    const std::shared_ptr<Document> current = openDocument(m_current); // which a reactor may close
+    CFxDocument *const told = current.get();
+    if (told)
+        m_reactors.notifyThese(reactors, &Reactor::DocumentCreated, told);
+}
+
 void DocumentManager::setCurrent(Document *document)
 {
     if (document == m_current)

@@ -68,6 +68,9 @@ public:
     void bringToFront(Document *document);
 
     const ReactorList<CFxDocumentManagerReactor> &reactors() const { return m_reactors; }
+    //! Notifies some of the reactors of the current drawing as if it had just been created, for those that
+    //! were not there then. Without one nothing happens.
+    void introduceCurrent(const std::vector<CFxDocumentManagerReactor *> &reactors) const;
 
 signals:
     //! A drawing came to be; reactors do not know yet, so that its window can be made first.

@@ -104,6 +104,7 @@ QString Module::start()
         return tr("It cannot start: %1").arg(failure);
     m_isStarted = true;
     tellOfMainWindow(true);
+    m_host.documents().introduceCurrent(own(m_host.documents().reactors()));
     return {};
 }
 
@@ -127,19 +128,28 @@ QString Module::end()
     return failures.join(QLatin1Char(' '));
 }
 
-//! Tells the module's reactors alone: the others have heard of the main window.
+//! The module's among the reactors.
+template<class Reactor>
+std::vector<Reactor *> Module::own(const ReactorList<Reactor> &reactors) const
+{
+    std::vector<Reactor *> found;
+    for (Reactor *reactor : reactors.all()) {
+        if (m_library.defines(typeid(*reactor)))
+            found.push_back(reactor);
+    }
+    return found;
+}
+
+//! Notifies the module's reactors alone: the others know.
 void Module::tellOfMainWindow(bool created) const
 {
     QWidget *const window = m_host.mainWindow();
     if (!window)
         return;
-    std::vector<OdEditorReactor *> own;
-    for (OdEditorReactor *reactor : m_host.editor().reactors().all()) {
-        if (m_library.defines(typeid(*reactor)))
-            own.push_back(reactor);
-    }
-    m_host.editor().reactors().notifyThese(
-        own, created ? &CFxEditorReactor::mainFrameCreated : &CFxEditorReactor::mainFrameDestroyed, window);
+    const auto &reactors = m_host.editor().reactors();
+    reactors.notifyThese(
+        own(reactors), created ? &CFxEditorReactor::mainFrameCreated : &CFxEditorReactor::mainFrameDestroyed,
+        window);
 }
 
 //! A module that never heard of a main window may count on hearing of its end, and still be registered.
@@ -150,16 +160,10 @@ void Module::removeRegistrations() const
         if (m_library.defines(typeid(*command)))
             m_host.commandStack().removeCommand(command);
     }
-    const auto editorReactors = m_host.editor().reactors().all();
-    for (OdEditorReactor *reactor : editorReactors) {
-        if (m_library.defines(typeid(*reactor)))
-            m_host.editor().removeReactor(reactor);
-    }
-    const auto documentReactors = m_host.documents().reactors().all();
-    for (CFxDocumentManagerReactor *reactor : documentReactors) {
-        if (m_library.defines(typeid(*reactor)))
-            m_host.documents().RemoveReactor(reactor);
-    }
+    for (OdEditorReactor *reactor : own(m_host.editor().reactors()))
+        m_host.editor().removeReactor(reactor);
+    for (CFxDocumentManagerReactor *reactor : own(m_host.documents().reactors()))
+        m_host.documents().RemoveReactor(reactor);
 }
 
 //! Deletes the widgets of the module's classes that are still there. Its static ones it destroys itself.

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/runtime/editor/ReactorList.h"
 #include "host/runtime/modules/ModuleLibrary.h"
 
 #include <QCoreApplication>
 #include <QString>
+
+#include <vector>
 
 class OdRxModule;
 
@@ -43,6 +46,8 @@ public:
     QString end();
 
 private:
+    template<class Reactor>
+    std::vector<Reactor *> own(const ReactorList<Reactor> &reactors) const;
     void tellOfMainWindow(bool created) const;
     void removeRegistrations() const;
     void deleteWidgets() const;

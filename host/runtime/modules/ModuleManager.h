@@ -28,8 +28,9 @@ public:
     ModuleManager(const ModuleManager &) = delete;
     ModuleManager &operator=(const ModuleManager &) = delete;
 
-    //! Loads a module and starts it; when the main window is there already, the module hears of it. A failure
-    //! is shown as a message that names the file and the reason, and leaves nothing behind.
+    //! Loads a module and starts it. When the main window is there already, the module is notified of it, and
+    //! then of the current drawing. A failure is shown as a message that names the file and the reason, and
+    //! leaves nothing behind.
     //! \param path relative to the working directory unless absolute
     //! \return whether the module is running now
     bool load(const QString &path);

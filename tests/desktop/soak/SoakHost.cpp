@@ -6,6 +6,7 @@
 #include "host/runtime/modules/ModuleManager.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "state/FolderPinButton.h"
+#include "tests/support/Patience.h"
 #include "tests/support/RealBrowser.h"
 
 #include <QApplication>
@@ -15,7 +16,6 @@
 #include <QMap>
 #include <QMenuBar>
 #include <QToolButton>
-#include <QtTest>
 
 #include <algorithm>
 
@@ -77,7 +77,7 @@ SoakHost::SoakHost()
     m_host->modules().load(QStringLiteral(MODULE_FILE));
     m_window->setGeometry(60, 60, 1300, 900);
     m_window->show();
-    if (!QTest::qWaitForWindowActive(m_window.get()))
+    if (!waitForActive(m_window.get()))
         qFatal("the main window does not become active");
     m_host->setMainWindow(m_window.get());
     m_host->recentFiles().setMaximum(limit);

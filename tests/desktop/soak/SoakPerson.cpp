@@ -12,13 +12,13 @@
 
 #include <utility>
 
-bool SoakPerson::guiUntil(const std::function<bool()> &condition, int patience)
+bool SoakPerson::guiUntil(const std::function<bool()> &condition, int limit)
 {
     constexpr int pause = 5; // ms
     QElapsedTimer waiting;
     waiting.start();
     bool holds = false;
-    for (gui([&] { holds = condition(); }); !holds && !waiting.hasExpired(patience);
+    for (gui([&] { holds = condition(); }); !holds && !waiting.hasExpired(limit);
          gui([&] { holds = condition(); }))
         msleep(pause);
     return holds;
@@ -33,7 +33,7 @@ void SoakPerson::settle()
 void SoakPerson::awaitInput(const std::function<bool()> &arrived)
 {
     constexpr int moment = 1000; // ms
-    unheard += !guiUntil(arrived, moment);
+    unheard += !guiUntil(arrived, m_isDragging ? patience : moment);
 }
 
 void SoakPerson::moveTo(const QPoint &place)
@@ -83,7 +83,7 @@ void SoakPerson::run()
         qFatal("soak.log cannot be written");
     QElapsedTimer day;
     day.start();
-    while (problem.isEmpty() && !day.hasExpired(qint64(seconds) * 1000) &&
+    while (problem.isEmpty() && (seconds == 0 || !day.hasExpired(qint64(seconds) * 1000)) &&
            (mostSteps == 0 || steps < mostSteps)) {
         const SoakStep step = m_plan.next();
         ++steps;

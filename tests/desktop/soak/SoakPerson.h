@@ -4,6 +4,7 @@
 #include "tests/desktop/soak/SoakArrivals.h"
 #include "tests/desktop/soak/SoakHost.h"
 #include "tests/desktop/soak/SoakPlan.h"
+#include "tests/support/Patience.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -20,8 +21,8 @@ class SoakPerson : public QThread
 public:
     SoakPerson(SoakHost &soak, quint32 seed) : m_soak(soak), m_plan(seed) {}
 
-    int seconds = 0;
-    int mostSteps = 0;
+    int seconds = 0;   //!< after which the day ends; 0 for no such end
+    int mostSteps = 0; //!< the same in steps
 
     int steps = 0;
     int events = 0; //!< of input: keys, buttons and moves
@@ -41,10 +42,10 @@ private:
     {
         QMetaObject::invokeMethod(qApp, work, Qt::BlockingQueuedConnection);
     }
-    //! The same until it says true. \param patience in milliseconds, as long as a busy machine may take
+    //! The same until it says true. \param limit for how long, in milliseconds
     //! \return whether it did
-    static bool guiUntil(const std::function<bool()> &condition, int patience = 20000);
-    //! The same for a moment only, for what may not come at all.
+    static bool guiUntil(const std::function<bool()> &condition, int limit = patience);
+    //! The same for a moment only, for what may not come at all; a drag gets every move.
     void awaitInput(const std::function<bool()> &arrived);
     //! Waits until the GUI thread has done what was laid down for later.
     static void settle();

@@ -12,6 +12,7 @@
 #include <OdStaticRxObject.h>
 #include <vela_OdRxModule.h>
 
+#include <QProcess>
 #include <QWidget>
 
 #include <cstdio>
@@ -39,7 +40,11 @@ public:
     OdString localName() const override { return L"PROBE"; }
     int Execute(CFxCommandContext *context) override
     {
-        say(QStringLiteral("Execute ") + context->argument());
+        const QString argument = context->argument();
+        say(QStringLiteral("Execute ") + argument);
+        const QString start = QStringLiteral("start ");
+        if (argument.startsWith(start))
+            say(QString::number(QProcess::execute(argument.mid(start.size()), {})));
         return resultOfItsOwn;
     }
 };

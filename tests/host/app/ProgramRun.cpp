@@ -1,19 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "tests/host/app/ProgramRun.h"
 
+#include "tests/support/Patience.h"
 #include "tests/support/PreviewBytes.h"
 
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QProcess>
-
-namespace {
-
-// Long enough for a machine that does something else as well; a run takes well below a second.
-constexpr int timeLimit = 60000; // ms
-
-} // namespace
 
 ProgramHome::ProgramHome() : m_environment(QProcessEnvironment::systemEnvironment())
 {
@@ -107,7 +101,7 @@ ProgramRun ProgramHome::runBare(const QStringList &arguments) const
     QProcess process;
     start(process, arguments);
     ProgramRun result;
-    const bool ended = process.waitForFinished(timeLimit);
+    const bool ended = process.waitForFinished(patience);
     if (ended && process.exitStatus() == QProcess::NormalExit)
         result.exitCode = process.exitCode();
     if (!ended) {

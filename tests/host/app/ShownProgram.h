@@ -30,7 +30,7 @@ struct ShownProgram
     {
         window.show();
         host.setMainWindow(&window);
-        active = QTest::qWaitForWindowActive(&window);
+        active = waitForActive(&window);
     }
 
     static QByteArray menus()

@@ -19,7 +19,7 @@ public:
     ShownCommandLine()
     {
         show();
-        m_exposed = QTest::qWaitForWindowExposed(this);
+        m_exposed = waitForExposed(this);
     }
 
     bool isExposed() const { return m_exposed; }

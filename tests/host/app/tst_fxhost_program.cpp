@@ -208,6 +208,15 @@ private slots:
                               "DocumentDestroyed", "mainFrameDestroyed alive", "uninitApp", "unloaded"}));
     }
 
+    void aModuleFindsTheProgramsThatStandBesideTheHost()
+    {
+        const ProgramHome home;
+        const ProgramRun run =
+            home.run({"_PROBE start fxshow", "_QUIT"}, {"--module", QStringLiteral(PROBE_MODULE)});
+        // It misses its argument. One that cannot be found ends with -2.
+        QVERIFY2(run.output.contains(QLatin1String("Execute start fxshow\n2\n")), qPrintable(run.output));
+    }
+
     void aScreenshotIsAPngOfTheWholeWindow()
     {
         const ProgramHome home;

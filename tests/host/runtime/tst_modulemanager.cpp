@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "host/runtime/Paths.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/commands/CommandStack.h"
 #include "host/runtime/documents/DocumentManager.h"
@@ -8,6 +9,7 @@
 #include "tests/support/TestCase.h"
 #include "tests/support/TestModules.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QWidget>
 
@@ -30,6 +32,7 @@ private slots:
     void initTestCase()
     {
         QVERIFY2(QFileInfo::exists(modulePath("first")), "the test modules are not built");
+        fxhost::keepBytesOfPaths();
     }
 
     void aModuleLivesFromCreationToUnloadingInOrder()
@@ -84,17 +87,28 @@ private slots:
                               QStringLiteral("first unloaded")}));
     }
 
-    void aModuleThatComesLateHearsOfTheWindow()
+    void aModuleThatComesLateIsNotifiedOfTheWindowAndTheCurrentDrawing_data()
     {
+        QTest::addColumn<int>("drawings");
+        QTest::addColumn<QStringList>("heard");
+        const QStringList window(QStringLiteral("second mainFrameCreated"));
+        QTest::newRow("no drawing") << 0 << window;
+        QTest::newRow("two drawings") << 2 << window + QStringList(QStringLiteral("second DocumentCreated"));
+    }
+
+    void aModuleThatComesLateIsNotifiedOfTheWindowAndTheCurrentDrawing()
+    {
+        QFETCH(int, drawings);
+        QFETCH(QStringList, heard);
         RunningHost running;
         QWidget window;
         running.host.modules().load(modulePath("first"));
         running.host.setMainWindow(&window);
+        for (int i = 0; i < drawings; ++i)
+            running.host.documents().newDocument();
         takeCalls();
         running.host.modules().load(modulePath("second"));
-        QCOMPARE(takeCalls().mid(1),
-                 QStringList({QStringLiteral("second addRef"), QStringLiteral("second initApp"),
-                              QStringLiteral("second mainFrameCreated")}));
+        QCOMPARE(takeCalls().mid(3), heard); // after its creation, addRef and initApp
     }
 
     void aModuleThatGoesEarlyHearsOfItToo()
@@ -120,6 +134,21 @@ private slots:
         QVERIFY(running.host.modules().unload(modulePath("first")));
         QVERIFY(running.host.modules().load(modulePath("first")));
         QCOMPARE(running.messages, QStringList());
+    }
+
+    void aModuleGetsEveryByteOfItsName()
+    {
+        const QString former = QDir::currentPath();
+        RunningHost running;
+        QVERIFY(QDir::setCurrent(running.path(QString())));
+        // As text, a byte order mark first and half of a surrogate pair.
+        const QString name = fxhost::pathFromBytes("\xef\xbb\xbf\xff.so");
+        QVERIFY(QFile::copy(modulePath("first"), name));
+        takeCalls();
+        const bool isLoaded = running.host.modules().load(name);
+        QVERIFY(QDir::setCurrent(former));
+        QVERIFY(isLoaded);
+        QCOMPARE(takeCalls().value(0), QStringLiteral("first create ") + name);
     }
 
     void aModuleIsNotLoadedTwice()

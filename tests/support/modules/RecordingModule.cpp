@@ -3,8 +3,11 @@
 // libraries that are made of this file apart.
 #include "tests/support/modules/TestModule.h"
 
+#include <CFxDocumentManager.h>
+#include <CFxDocumentManagerReactor.h>
 #include <CFxEditorReactor.h>
 #include <CFxServices.h>
+#include <CFxString.h>
 #include <OdEditor.h>
 
 namespace {
@@ -14,7 +17,7 @@ void note(const QString &call)
     noteCall(MODULE_NAME, call);
 }
 
-class RecordingModule : public vela_OdRxModule, public CFxEditorReactor
+class RecordingModule : public vela_OdRxModule, public CFxEditorReactor, public CFxDocumentManagerReactor
 {
 public:
     void initApp() override
@@ -23,6 +26,7 @@ public:
         OdEditor *const editor = odedEditor();
         editor->addReactor(this);
         editor->release();
+        GetFxSystemServices()->GetDocumentManager()->AddReactor(this);
     }
 
     void uninitApp() override
@@ -39,7 +43,10 @@ public:
         OdEditor *const editor = odedEditor();
         editor->removeReactor(this);
         editor->release();
+        GetFxSystemServices()->GetDocumentManager()->RemoveReactor(this);
     }
+
+    void DocumentCreated(CFxDocument *) override { note(QStringLiteral("DocumentCreated")); }
 };
 
 class RecordingModuleObject : public OdRxUnixModule<RecordingModuleObject, RecordingModule>
@@ -86,7 +93,7 @@ MODULE_EXPORT void odrxGetAPIVersion(int &major, int &minor, int &majorBuild, in
 
 MODULE_EXPORT OdRxModule *odrxCreateModuleObject(void *sysData, const OdChar *moduleName)
 {
-    note(QStringLiteral("create ") + QString::fromWCharArray(moduleName));
+    note(QStringLiteral("create ") + CFxString(moduleName));
     module = new RecordingModuleObject(sysData, moduleName);
     return module;
 }

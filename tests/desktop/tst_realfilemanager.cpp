@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/Hand.h"
+#include "tests/support/RunningProgram.h"
+#include "tests/support/TestCase.h"
+
+#include <QDir>
+#include <QGuiApplication>
+#include <QPixmap>
+#include <QScreen>
+#include <QSet>
+
+//! "Show in Folder" of the program with the file manager that users have.
+class tst_RealFileManager : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void itShowsTheFolder();
+};
+
+namespace {
+
+//! The environment of a session of its own, so that neither a running file manager nor anybody's settings
+//! come in. Its home stays behind, since services of the file manager may still write there.
+QStringList freshSession()
+{
+    const QDir home(QDir::current().filePath(QStringLiteral("file-manager-home")));
+    QDir(home).removeRecursively();
+    home.mkpath(QStringLiteral("."));
+    return {QStringLiteral("dbus-run-session"), QStringLiteral("--"), QStringLiteral("env"),
+            QStringLiteral("HOME=") + home.path(), QStringLiteral("XDG_RUNTIME_DIR=") + home.path()};
+}
+
+//! How many different colours the window shows where the file manager has its files: right of its places,
+//! under its bar.
+int coloursOfFiles(WId window)
+{
+    const QRect place = Hand::realGeometry(window);
+    const QRect files = place.adjusted(place.width() / 3, place.height() / 5, -20, -20);
+    const QImage image = QGuiApplication::primaryScreen()
+                             ->grabWindow(0, files.x(), files.y(), files.width(), files.height())
+                             .toImage();
+    QSet<QRgb> colours;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            colours.insert(image.pixel(x, y));
+    }
+    return colours.size();
+}
+
+} // namespace
+
+void tst_RealFileManager::itShowsTheFolder()
+{
+    RunningProgram program({QStringLiteral("ground floor.dwg")}, QStringLiteral("h\u00e4user & g\u00e4rten"));
+    QVERIFY(program.start({QStringLiteral("_NEW"), QStringLiteral("_RECENT")}, freshSession()));
+    QTRY_COMPARE(RunningProgram::activeTitle(), RunningProgram::popupTitle());
+    Hand::moveTo(RunningProgram::folderButton);
+    Hand::click();
+    const QString title = QStringLiteral("h\u00e4user & g\u00e4rten");
+    QTRY_COMPARE(RunningProgram::activeTitle(), title);
+    // An empty folder has one colour, an icon with a name under it has many. It is drawn more than once, with
+    // nothing in between, so that whoever asks again may find nothing.
+    QVERIFY(waitUntil([&] { return coloursOfFiles(RunningProgram::findWindow(title)) > 5; }));
+    Hand::keepScreenshot(QStringLiteral("folder-in-the-file-manager"));
+    // The first of its windows keeps the command running, and the program waits for the command's end.
+    Hand::key(QStringLiteral("alt+F4"));
+    QTRY_COMPARE(RunningProgram::popup(), WId(0));
+    QTRY_VERIFY(RunningProgram::activeTitle().startsWith(QLatin1String("fxhost")));
+    QVERIFY(program.quit());
+}
+
+QTEST_MAIN(tst_RealFileManager)
+#include "tst_realfilemanager.moc"

@@ -1,0 +1,278 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/Paths.h"
+#include "tests/support/FileManager.h"
+#include "tests/support/TestCase.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QProcess>
+
+#include <memory>
+
+namespace {
+
+const QString serviceName = QStringLiteral("org.freedesktop.FileManager1");
+
+//! A session bus that knows of no program but those of the test.
+class Bus
+{
+public:
+    //! \param starter the command by which it starts a file manager; none when empty
+    explicit Bus(const QString &starter = {})
+    {
+        if (!starter.isEmpty())
+            write(serviceName + QStringLiteral(".service"),
+                  QStringLiteral("[D-BUS Service]\nName=%1\nExec=%2\n").arg(serviceName, starter));
+        const QString config = write(QStringLiteral("bus.conf"), QStringLiteral(R"(<busconfig>
+            <type>session</type>
+            <listen>unix:dir=%1</listen>
+            <servicedir>%1</servicedir>
+            <policy context="default">
+              <allow send_destination="*"/><allow receive_sender="*"/><allow own="*"/>
+            </policy>
+          </busconfig>)")
+                                                                     .arg(m_folder.path()));
+        m_daemon.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_daemon.start(QStringLiteral("dbus-daemon"),
+                       {QStringLiteral("--nofork"), QStringLiteral("--print-address"),
+                        QStringLiteral("--config-file=") + config});
+        if (!waitUntil([this] { return m_daemon.canReadLine(); }))
+            qFatal("dbus-daemon does not start");
+        m_address = QString::fromLatin1(m_daemon.readLine().trimmed());
+        qputenv("DBUS_SESSION_BUS_ADDRESS", m_address.toLatin1());
+    }
+    ~Bus()
+    {
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/there is no bus");
+        m_daemon.terminate();
+        m_daemon.waitForFinished(patience);
+    }
+    Q_DISABLE_COPY(Bus)
+
+    QString address() const { return m_address; }
+
+private:
+    QString write(const QString &name, const QString &text) const
+    {
+        QFile file(m_folder.filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0)
+            qFatal("cannot make %s", qPrintable(file.fileName()));
+        return file.fileName();
+    }
+
+    QTemporaryDir m_folder;
+    QProcess m_daemon;
+    QString m_address;
+};
+
+//! A file manager on the bus, until it goes.
+class Service : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
+public:
+    enum class Answer { Done, Refused, Never };
+
+    explicit Service(const Bus &bus, Answer answer = Answer::Done)
+        : m_answer(answer), m_connection(QDBusConnection::connectToBus(bus.address(), serviceName))
+    {
+        if (!m_connection.registerObject(QStringLiteral("/org/freedesktop/FileManager1"), this,
+                                         QDBusConnection::ExportAllSlots) ||
+            !m_connection.registerService(serviceName))
+            qFatal("the stand-in cannot be reached");
+    }
+    ~Service() override { QDBusConnection::disconnectFromBus(serviceName); }
+    Q_DISABLE_COPY(Service)
+
+    QVector<QStringList> shown; //!< what each request has asked for
+
+public slots:
+    void ShowItems(const QStringList &uris, const QString & /*startupId*/, const QDBusMessage &request)
+    {
+        shown.append(uris);
+        request.setDelayedReply(m_answer == Answer::Never);
+        if (m_answer == Answer::Refused)
+            m_connection.send(request.createErrorReply(QDBusError::Failed, QStringLiteral("no")));
+    }
+
+private:
+    Answer m_answer;
+    QDBusConnection m_connection;
+};
+
+struct Run
+{
+    int status;
+    QString errors;
+};
+
+Run fxshow(const QStringList &arguments, const QString &folder = {})
+{
+    QProcess program;
+    program.setWorkingDirectory(folder);
+    program.start(QStringLiteral(FXSHOW_PROGRAM), arguments);
+    // The service is in this process, and needs its events.
+    if (!waitUntil([&] { return program.state() == QProcess::NotRunning; }))
+        return {-1, QStringLiteral("it does not end")};
+    return {program.exitCode(), QString::fromUtf8(program.readAllStandardError())};
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Service::Answer)
+
+//! The program that shows a file in the file manager.
+class tst_FxShow : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { fxhost::keepBytesOfPaths(); }
+    void init();
+    void cleanup();
+
+    void theFileManagerGetsTheFile_data();
+    void theFileManagerGetsTheFile();
+    void aFileManagerThatHasToStartGetsTheFile();
+    void withoutAFileManagerTheFolderIsOpened();
+    void aFileManagerThatRefusesIsReplaced();
+    void nobodyWaitsForAFileManagerThatDoesNotAnswer();
+    void withoutABusTheFolderIsOpened();
+    void whatIsWrongIsSaid_data();
+    void whatIsWrongIsSaid();
+
+private:
+    //! Makes a file. \return its path
+    QString makeFile(const QByteArray &name) const
+    {
+        const QString path = m_folder->path() + QLatin1Char('/') + fxhost::pathFromBytes(name);
+        if (!QFile(path).open(QIODevice::WriteOnly))
+            qFatal("cannot make %s", qPrintable(path));
+        return path;
+    }
+    //! What xdg-open is started with when the folder is opened once.
+    QVector<QStringList> theFolder() const { return {QStringList(m_folder->path())}; }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<FileManager> m_opener; //!< stands where xdg-open is looked for
+};
+
+void tst_FxShow::init()
+{
+    TestCase::init();
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_opener = std::make_unique<FileManager>(0, FileManager::Others::Found, QStringLiteral("xdg-open"));
+}
+
+void tst_FxShow::cleanup()
+{
+    m_opener.reset();
+    m_folder.reset();
+    TestCase::cleanup();
+}
+
+void tst_FxShow::theFileManagerGetsTheFile_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<QString>("encoded");
+    QTest::addColumn<bool>("isRelative");
+    const auto add = [](const char *row, const char *name, const char *encoded, bool isRelative = false) {
+        QTest::newRow(row) << QByteArray(name) << QString::fromLatin1(encoded) << isRelative;
+    };
+    add("plain", "a-b_c.d~e.dwg", "a-b_c.d~e.dwg");
+    add("what a URI would take for itself", "a b?c#d%20&'\".dwg", "a%20b%3Fc%23d%2520%26%27%22.dwg");
+    add("letters", "\xc3\xa9.dwg", "%C3%A9.dwg");
+    add("no UTF-8", "\xff\xc3.dwg", "%FF%C3.dwg");
+    add("a line's end", "a\nb.dwg", "a%0Ab.dwg");
+    add("relative", "-a.dwg", "-a.dwg", true);
+}
+
+void tst_FxShow::theFileManagerGetsTheFile()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(QString, encoded);
+    QFETCH(bool, isRelative);
+    const Bus bus;
+    const Service service(bus);
+    const QString path = makeFile(name);
+    const Run run = fxshow({isRelative ? fxhost::pathFromBytes(name) : path}, m_folder->path());
+    QCOMPARE(run.errors, QString());
+    QCOMPARE(run.status, 0);
+    QCOMPARE(service.shown,
+             QVector<QStringList>{{QStringLiteral("file://%1/%2").arg(m_folder->path(), encoded)}});
+    QCOMPARE(m_opener->starts(), QVector<QStringList>());
+}
+
+void tst_FxShow::aFileManagerThatHasToStartGetsTheFile()
+{
+    const Bus bus(QStringLiteral("/bin/cat")); // it runs, and that is all
+    const QString path = makeFile("a.dwg");
+    QCOMPARE(fxshow({path}).status, 0); // long before the file manager is there
+    const Service service(bus);
+    QTRY_COMPARE(service.shown, QVector<QStringList>{{QStringLiteral("file://") + path}});
+}
+
+void tst_FxShow::withoutAFileManagerTheFolderIsOpened()
+{
+    const Bus bus;
+    QCOMPARE(fxshow({makeFile("a.dwg")}).status, 0);
+    QTRY_COMPARE(m_opener->starts(), theFolder());
+}
+
+void tst_FxShow::aFileManagerThatRefusesIsReplaced()
+{
+    const Bus bus;
+    const Service service(bus, Service::Answer::Refused);
+    QCOMPARE(fxshow({makeFile("a.dwg")}).status, 0);
+    QTRY_COMPARE(m_opener->starts(), theFolder());
+}
+
+void tst_FxShow::nobodyWaitsForAFileManagerThatDoesNotAnswer()
+{
+    const Bus bus;
+    {
+        const Service service(bus, Service::Answer::Never);
+        QCOMPARE(fxshow({makeFile("a.dwg")}).status, 0);
+        QTRY_COMPARE(service.shown.size(), 1);
+        QCOMPARE(m_opener->starts(), QVector<QStringList>());
+    }
+    QTRY_COMPARE(m_opener->starts(), theFolder()); // it has gone without an answer
+}
+
+void tst_FxShow::withoutABusTheFolderIsOpened()
+{
+    QCOMPARE(fxshow({makeFile("a.dwg")}).status, 0);
+    QTRY_COMPARE(m_opener->starts(), theFolder());
+}
+
+void tst_FxShow::whatIsWrongIsSaid_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("said");
+    const QString usage = QStringLiteral("fxshow: usage: fxshow PATH\n");
+    QTest::newRow("no path") << QStringList() << 2 << usage;
+    QTest::newRow("an empty path") << QStringList(QString()) << 2 << usage;
+    QTest::newRow("two paths") << QStringList({QStringLiteral("/"), QStringLiteral("/")}) << 2 << usage;
+    QTest::newRow("no such file") << QStringList(QStringLiteral("/no such/a.dwg")) << 1
+                                  << QStringLiteral(
+                                         "fxshow: cannot show /no such/a.dwg: No such file or directory\n");
+    QTest::newRow("nobody to show it")
+        << QStringList(QStringLiteral("/tmp")) << 1
+        << QStringLiteral("fxshow: no file manager answers, and xdg-open cannot be started: No such file or "
+                          "directory\n");
+}
+
+void tst_FxShow::whatIsWrongIsSaid()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(int, status);
+    QFETCH(QString, said);
+    const FileManager none(0, FileManager::Others::Hidden, QStringLiteral("another"));
+    const Run run = fxshow(arguments);
+    QCOMPARE(run.errors, said);
+    QCOMPARE(run.status, status);
+}
+
+QTEST_GUILESS_MAIN(tst_FxShow)
+#include "tst_fxshow.moc"

@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/FreshSession.h"
 #include "tests/support/Hand.h"
 #include "tests/support/RunningProgram.h"
 #include "tests/support/TestCase.h"
 
-#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QScreen>
 #include <QSet>
 #include <QStandardPaths>
-
-#include <algorithm>
 
 //! "Show in Folder" of the program, with the file manager that people have and with a stand-in.
 class tst_FolderOnDesktop : public TestCase
@@ -30,25 +28,6 @@ const QStringList script{QStringLiteral("_NEW"), QStringLiteral("_RECENT")};
 
 //! On the folder button of the popup's first tile: right of the name, left of the pin.
 const QPoint folderButton = RunningProgram::popupPlace.topLeft() + QPoint(138, 83);
-
-//! The environment of a session of its own, so that neither a running file manager nor anybody's settings
-//! come in.
-QStringList freshSession(const QString &home)
-{
-    return {QStringLiteral("dbus-run-session"), QStringLiteral("--"), QStringLiteral("env"),
-            QStringLiteral("HOME=") + home, QStringLiteral("XDG_RUNTIME_DIR=") + home};
-}
-
-//! Whether a process of that session still runs: its services end by themselves, some time after it.
-bool sessionRuns(const QString &home)
-{
-    const QByteArray mark = ("HOME=" + home).toLocal8Bit() + '\0';
-    const QStringList processes = QDir(QStringLiteral("/proc")).entryList({QStringLiteral("[0-9]*")});
-    return std::any_of(processes.begin(), processes.end(), [&](const QString &process) {
-        QFile environment(QStringLiteral("/proc/%1/environ").arg(process));
-        return environment.open(QIODevice::ReadOnly) && environment.readAll().contains(mark);
-    });
-}
 
 //! How many different colours the window shows where the file manager has its files: right of its places,
 //! under its bar.

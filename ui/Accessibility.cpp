@@ -46,6 +46,21 @@ RecentDocDialog *currentTile(const QWidget *popup)
     return current;
 }
 
+//! Uses the left button in the widget's middle. Later, since that may close the popup, or wait for another
+//! program: who asks for it does not wait.
+void useMouseLater(QWidget *widget, const QVector<QEvent::Type> &types)
+{
+    const auto send = [widget = QPointer<QWidget>(widget), types] {
+        for (const QEvent::Type type : types) {
+            if (!widget)
+                return;
+            QMouseEvent event(type, widget->rect().center(), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(widget, &event);
+        }
+    };
+    QMetaObject::invokeMethod(widget, send, Qt::QueuedConnection);
+}
+
 //! The list of the tiles, which no widget stands for.
 class TileList final : public QAccessibleObject
 {
@@ -177,6 +192,17 @@ public:
         }
         return state;
     }
+
+    QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
+    //! Opens the drawing, or highlights the tile alone. The popup would close if it lost the focus to the
+    //! tile.
+    void doAction(const QString &name) override
+    {
+        if (name == pressAction())
+            useMouseLater(widget(), {QEvent::MouseButtonDblClick});
+        if (name == setFocusAction())
+            useMouseLater(widget(), {QEvent::MouseButtonPress, QEvent::MouseButtonRelease});
+    }
 };
 
 //! What a click does something to: a small button, or the help icon.
@@ -211,28 +237,15 @@ public:
         return state;
     }
 
-    QStringList actionNames() const override { return {action()}; }
-    //! Later, since it may close the popup, or wait for another program: who asked for it does not.
+    QStringList actionNames() const override
+    {
+        return {role() == QAccessible::CheckBox ? toggleAction() : pressAction()};
+    }
+    //! Qt's own action toggles a button without a click, and nothing would be pinned.
     void doAction(const QString &name) override
     {
-        if (name == action())
-            QMetaObject::invokeMethod(
-                object(), [target = widget()] { click(target); }, Qt::QueuedConnection);
-    }
-
-private:
-    //! Qt's own toggles a button without a click, and nobody would be pinned.
-    const QString &action() const { return role() == QAccessible::CheckBox ? toggleAction() : pressAction(); }
-
-    static void click(QWidget *widget)
-    {
-        if (auto *button = qobject_cast<QAbstractButton *>(widget)) {
-            button->click();
-            return;
-        }
-        QMouseEvent press(QEvent::MouseButtonPress, widget->rect().center(), Qt::LeftButton, Qt::LeftButton,
-                          Qt::NoModifier);
-        QCoreApplication::sendEvent(widget, &press);
+        if (actionNames().contains(name))
+            useMouseLater(widget(), {QEvent::MouseButtonPress, QEvent::MouseButtonRelease});
     }
 };
 

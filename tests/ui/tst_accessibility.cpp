@@ -25,6 +25,7 @@ private slots:
     void movesOfTheHighlightAreTold_data();
     void movesOfTheHighlightAreTold();
     void popupHandsItsFocusToTheTile();
+    void tileIsHighlightedAndOpened();
     void pinIsToggledAsByAClick();
     void helpIsPressedAsByAClick();
     void nothingOutlivesTheModule();
@@ -37,18 +38,18 @@ QAccessibleInterface *interfaceOf(QObject *object)
     return QAccessible::queryAccessibleInterface(object);
 }
 
-QStringList told; //!< of tiles: "selected NAME", "unselected NAME" and "focused NAME"
+QStringList told; //!< "selected NAME" and "unselected NAME" of tiles, "focused NAME", "named NAME" of pins
 
 void note(QAccessibleEvent *event)
 {
-    const QAccessibleInterface *item = event->accessibleInterface();
-    if (item->role() != QAccessible::ListItem)
-        return;
-    const QString name = item->text(QAccessible::Name);
+    const QAccessibleInterface *thing = event->accessibleInterface();
+    const QString name = thing->text(QAccessible::Name);
     if (event->type() == QAccessible::Selection)
-        told.append((item->state().selected ? "selected " : "unselected ") + name);
+        told.append((thing->state().selected ? "selected " : "unselected ") + name);
     if (event->type() == QAccessible::Focus)
         told.append("focused " + name);
+    if (event->type() == QAccessible::NameChanged && thing->role() == QAccessible::CheckBox)
+        told.append("named " + name);
 }
 
 //! A line each for what is in the tree below item, but for labels.
@@ -71,10 +72,10 @@ QStringList tree(QAccessibleInterface *item, const QString &indent = {})
     return lines;
 }
 
-void act(QObject *object)
+void act(QObject *object, int action = 0)
 {
     QAccessibleActionInterface *actions = interfaceOf(object)->actionInterface();
-    actions->doAction(actions->actionNames().value(0));
+    actions->doAction(actions->actionNames().value(action));
     drainEvents();
 }
 
@@ -129,6 +130,7 @@ void tst_Accessibility::movesOfTheHighlightAreTold_data()
     const QPair<int, Qt::KeyboardModifier> shorter(Qt::Key_Left, Qt::ShiftModifier);
     const QPair<int, Qt::KeyboardModifier> down(Qt::Key_Down, Qt::NoModifier);
     QTest::newRow("a step") << Indices{0} << Keys{right} << "unselected 1, selected 2, focused 2";
+    QTest::newRow("a run grows") << Indices{0} << Keys{longer} << "selected 2, focused 2";
     QTest::newRow("a run grows, and shrinks")
         << Indices{0} << Keys{longer, shorter} << "selected 2, focused 2, unselected 2, focused 1";
     QTest::newRow("down to a highlighted tile") << Indices{0, 4} << Keys{down} << "unselected 1, focused 5";
@@ -154,6 +156,11 @@ void tst_Accessibility::movesOfTheHighlightAreTold()
         QTest::mouseClick(grid.tiles.at(2), Qt::LeftButton);
     drainEvents();
     QCOMPARE(told.join(QStringLiteral(", ")).remove("drawing ").remove(".dwg"), expected);
+    for (RecentDocDialog *tile : qAsConst(grid.tiles)) {
+        const QAccessibleInterface *item = interfaceOf(tile);
+        QCOMPARE(item->state().focused,
+                 told.filter("focused").last() == "focused " + item->text(QAccessible::Name));
+    }
 }
 
 void tst_Accessibility::popupHandsItsFocusToTheTile()
@@ -166,26 +173,43 @@ void tst_Accessibility::popupHandsItsFocusToTheTile()
     grid.tiles.at(0)->setFocus();
     grid.popup->setFocus();
     drainEvents();
-    QCOMPARE(told, QStringList({"focused drawing 1.dwg", "focused drawing 2.dwg"}));
+    QCOMPARE(told,
+             QStringList({"focused drawing 1.dwg", "focused Recent Documents", "focused drawing 2.dwg"}));
     QVERIFY(!interfaceOf(grid.popup)->state().focused);
     QVERIFY(interfaceOf(grid.tiles.at(1))->state().focused);
     grid.highlight({});
     QVERIFY(interfaceOf(grid.popup)->state().focused);
 }
 
+void tst_Accessibility::tileIsHighlightedAndOpened()
+{
+    const OpenGrid grid(3);
+    QVERIFY(QTest::qWaitForWindowActive(grid.popup));
+    grid.popup->setFocus();
+    QCursor::setPos(grid.popup->geometry().bottomRight() + QPoint(50, 50));
+    act(grid.tiles.at(1), 1);
+    QCOMPARE(grid.highlighted(), Indices{1});
+    QVERIFY(grid.popup); // for who has no pointer inside it keeps the focus
+    act(grid.tiles.at(2), 0);
+    QVERIFY(!grid.popup);
+    QCOMPARE(grid.browser.host.openedPaths(), QStringList(grid.browser.path(2)));
+}
+
 void tst_Accessibility::pinIsToggledAsByAClick()
 {
     const OpenGrid grid(2);
+    told.clear();
     act(Browser::button(grid.tiles.at(1), "pinButton"));
     QVERIFY(RecentDocumentBrowser::menuPinButtonList.at(1)->isChecked());
+    QVERIFY(told.contains("named Unpin this document from the Recent Documents list"));
 }
 
 void tst_Accessibility::helpIsPressedAsByAClick()
 {
-    const OpenGrid grid(2);
+    OpenGrid grid(2);
+    grid.browser.host.onRunCommand = [&](const QString & /*name*/) { delete grid.popup; };
     act(grid.popup->findChild<HelpLabel *>());
     QCOMPARE(grid.browser.host.commandsRun, QStringList(QStringLiteral("_RHELP")));
-    QVERIFY(!grid.popup);
 }
 
 void tst_Accessibility::nothingOutlivesTheModule()

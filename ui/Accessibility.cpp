@@ -29,7 +29,7 @@ void notify(QObject *object, QAccessible::Event type)
     QAccessible::updateAccessibility(&event);
 }
 
-//! The popup's tiles in display order; there are none of a tile that is being destroyed.
+//! The popup's tiles in display order, without any that is being destroyed.
 QList<RecentDocDialog *> tilesOf(const QWidget *popup)
 {
     return popup->findChildren<RecentDocDialog *>(QString(), Qt::FindDirectChildrenOnly);
@@ -39,7 +39,8 @@ QList<RecentDocDialog *> tilesOf(const QWidget *popup)
 RecentDocDialog *currentTile(const QWidget *popup)
 {
     RecentDocDialog *current = nullptr;
-    for (RecentDocDialog *tile : tilesOf(popup)) {
+    const QList<RecentDocDialog *> tiles = tilesOf(popup);
+    for (RecentDocDialog *tile : tiles) {
         if (tile->isHighlighted() && (!current || tile == lastTile))
             current = tile;
     }
@@ -65,14 +66,11 @@ void useMouseLater(QWidget *widget, const QVector<QEvent::Type> &types)
 class TileList final : public QAccessibleObject
 {
 public:
-    explicit TileList(const QWidget *popup) : QAccessibleObject(nullptr), m_popup(popup) {}
+    explicit TileList(QWidget *popup) : QAccessibleObject(nullptr), m_popup(popup) {}
 
     bool isValid() const override { return true; }
     QAccessible::Role role() const override { return QAccessible::List; }
-    QAccessibleInterface *parent() const override
-    {
-        return QAccessible::queryAccessibleInterface(const_cast<QWidget *>(m_popup));
-    }
+    QAccessibleInterface *parent() const override { return QAccessible::queryAccessibleInterface(m_popup); }
     int childCount() const override { return tilesOf(m_popup).size(); }
     QAccessibleInterface *child(int index) const override
     {
@@ -96,13 +94,14 @@ public:
     QRect rect() const override
     {
         QRect area;
-        for (const RecentDocDialog *tile : tilesOf(m_popup))
+        const QList<RecentDocDialog *> tiles = tilesOf(m_popup);
+        for (const RecentDocDialog *tile : tiles)
             area |= QRect(tile->mapToGlobal(QPoint()), tile->size());
         return area;
     }
 
 private:
-    const QWidget *m_popup;
+    QWidget *m_popup;
 };
 
 //! The popup: its header's labels, and behind them the list.
@@ -113,7 +112,7 @@ public:
         : QAccessibleWidget(popup, QAccessible::Dialog), m_list(new TileList(popup)),
           m_listId(QAccessible::registerAccessibleInterface(m_list))
     {
-        // Qt tells of the popup's focus, right after this signal.
+        // Qt notifies of the popup's focus itself, right after this signal.
         QObject::connect(
             qApp, &QApplication::focusChanged, popup,
             [popup](const QWidget * /*old*/, const QWidget *now) {

@@ -41,6 +41,7 @@ void tst_ScreenReader::browserIsReadWhileTheModuleComesAndGoes()
                           freshSession(program.folder())
                               << "QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1" << SCREEN_READER << file.fileName()));
     QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(says("attached"));
     const QString tiles[] = {"a name of many letters.dwg", "roof.dwg"};
     const QString pin = QStringLiteral("check box: Pin this document to the Recent Documents list () []");
     for (int round = 0; round < 2; ++round) {
@@ -69,7 +70,7 @@ void tst_ScreenReader::browserIsReadWhileTheModuleComesAndGoes()
         QVERIFY(says(QStringLiteral("%1 answer").arg(things)));
         Hand::keepScreenshot(QStringLiteral("screen-reader-%1").arg(round));
         Hand::key(QStringLiteral("Escape"));
-        QTRY_VERIFY(RunningProgram::activeTitle().startsWith(QLatin1String("fxhost")));
+        QTRY_VERIFY_WITH_TIMEOUT(RunningProgram::activeTitle().startsWith(QLatin1String("fxhost")), 60000);
         QVERIFY(typed(unload, module + "unloaded"));
         ask("old");
         QVERIFY(says(QStringLiteral("0 answer")));

@@ -92,7 +92,7 @@ bool RunningProgram::start(const QStringList &script, const QStringList &around)
     m_process.setProcessChannelMode(QProcess::ForwardedChannels);
     m_process.start(program, command);
     const auto ranScript = [&] { return log().filter(QStringLiteral("command ")).size() >= lines.size(); };
-    return m_process.waitForStarted() && QTest::qWaitFor(ranScript, 20000);
+    return m_process.waitForStarted() && QTest::qWaitFor(ranScript, 60000);
 }
 
 void RunningProgram::type(const QString &command)

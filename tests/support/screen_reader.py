@@ -3,9 +3,9 @@
 """A screen reader that writes down what it would say: screen_reader.py FILE PROGRAM [ARG...]. (The
 distribution's own Python: only that one has the distribution's modules.)
 
-It runs the program, and ends with it and with its status. It listens to the program from its start, and adds
-lines to FILE as it is notified: "focused NAME", "unselected NAME" and the like, and "named NAME". On standard
-input it takes
+It runs the program, and ends with it and with its status. It adds "attached" to FILE once it is notified of
+what happens in the program, and then "focused NAME", "unselected NAME" and the like, and "named NAME". On
+standard input it takes
   tree      adds a line for each thing in the active window, "ROLE: NAME (DESCRIPTION) [STATE, ...]"
   do NAME   takes the first action of the thing with that name in the active window
   old       asks again for what the trees so far showed, and adds how much of it is there: "COUNT answer"
@@ -32,6 +32,14 @@ def heard(event):
         say("named", event.source.name)
     else:
         say(("" if event.detail1 else "un") + event.type.minor, event.source.name)
+
+
+def attached():
+    name = os.path.basename(sys.argv[2])
+    if name not in [program.name for program in pyatspi.Registry.getDesktop(0) if program]:
+        return True  # look again
+    say("attached")
+    return False
 
 
 def active_window():
@@ -81,6 +89,8 @@ def main():
     pyatspi.Registry.registerEventListener(
         heard, "object:state-changed:focused", "object:state-changed:selected", "object:property-change:accessible-name"
     )
+    pyatspi.setTimeout(60000, 60000)  # milliseconds: the machine may be busy
+    GLib.timeout_add(100, attached)
     program = subprocess.Popen(sys.argv[2:], stdin=subprocess.DEVNULL)
     GLib.child_watch_add(program.pid, lambda *_: pyatspi.Registry.stop())
     GLib.io_add_watch(sys.stdin.fileno(), GLib.IO_IN, read)

@@ -4,6 +4,7 @@
 #include "module/RecentDocumentBrowser.h"
 #include "state/BrowserLife.h"
 #include "state/ButtonIcons.h"
+#include "ui/Accessibility.h"
 #include "ui/QBalloonTip.h"
 #include "ui/RecentDocMainWindow.h"
 
@@ -76,6 +77,7 @@ void end()
 
     const std::unique_ptr<const Kept> going(std::exchange(kept, nullptr));
     if (QApplication::instance()) { // widgets die with the application at the latest
+        Accessibility::end();
         deleteWindows<RecentDocMainWindow>();
         deleteWindows<QBalloonTip>();
         for (const QPointer<QObject> &object : going ? going->objects : std::vector<QPointer<QObject>>())

@@ -7,6 +7,7 @@
 #include "module/ModuleLifetime.h"
 #include "module/velaCommandHelp.h"
 #include "state/BrowserLife.h"
+#include "ui/Accessibility.h"
 
 #include <QMenu>
 
@@ -47,6 +48,7 @@ velaCommandHelp *newHelpCommand()
 RecentDocumentBrowser::RecentDocumentBrowser()
 {
     m_command.AddFlags(browserCommandFlags);
+    Accessibility::begin();
 }
 
 RecentDocumentBrowser::~RecentDocumentBrowser()

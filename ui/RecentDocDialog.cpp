@@ -4,6 +4,7 @@
 #include "module/HostAccess.h"
 #include "module/RecentDocumentBrowser.h"
 #include "state/FolderPinButton.h"
+#include "ui/Accessibility.h"
 #include "ui/HighlightEffect.h"
 #include "ui/RecentDocMainWindow.h"
 
@@ -130,12 +131,15 @@ void RecentDocDialog::highlight()
 {
     setHighlightEffect(new HighlightEffect(HighlightEffect::tileOffset));
     update();
+    Accessibility::highlightChanged(this);
 }
 
 void RecentDocDialog::clearHighlight()
 {
-    if (m_highlightEffect)
-        m_highlightEffect->color = HighlightEffect::restingColor();
+    if (!m_highlightEffect)
+        return;
+    m_highlightEffect->color = HighlightEffect::restingColor();
+    Accessibility::highlightChanged(this);
 }
 
 void RecentDocDialog::setHighlightEffect(HighlightEffect *effect)

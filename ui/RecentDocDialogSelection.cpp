@@ -4,6 +4,7 @@
 #include "module/HostAccess.h"
 #include "module/RecentDocumentBrowser.h"
 #include "state/BrowserLife.h"
+#include "ui/Accessibility.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -37,6 +38,7 @@ void RecentDocDialog::mousePressEvent(QMouseEvent *event)
         }
         highlight();
     }
+    Accessibility::highlightMovedTo(this);
     giveFocusToPopup();
     event->ignore();
     if (event->modifiers() == Qt::ShiftModifier)

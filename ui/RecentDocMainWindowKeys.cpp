@@ -4,6 +4,7 @@
 #include "module/HostAccess.h"
 #include "module/RecentDocumentBrowser.h"
 #include "state/BrowserLife.h"
+#include "ui/Accessibility.h"
 #include "ui/RecentDocDialog.h"
 
 #include <QGridLayout>
@@ -19,6 +20,7 @@ void highlightTile(RecentDocDialog *tile)
 {
     tile->highlight();
     tile->setMainWindowDocPathLabel(tile->path());
+    Accessibility::highlightMovedTo(tile);
 }
 
 void clearTile(RecentDocDialog *tile)
@@ -59,6 +61,7 @@ bool extendRun(const QList<RecentDocDialog *> &tiles, bool growing)
         }
         if (!growing) {
             clearTile(tiles.at(i));
+            Accessibility::highlightMovedTo(next);
             return false;
         }
     }
@@ -156,7 +159,9 @@ void RecentDocMainWindow::moveAlongColumn(int step)
         do {
             target = (target + step + tileRows) % tileRows;
         } while (!tileAt(target, column));
-        if (!tileAt(target, column)->isHighlighted())
+        if (tileAt(target, column)->isHighlighted())
+            Accessibility::highlightMovedTo(tileAt(target, column));
+        else
             highlightTile(tileAt(target, column));
         return;
     }

@@ -96,8 +96,8 @@ private slots:
     void doubleClickOpensThatTileAlone_data();
     void doubleClickOpensThatTileAlone();
     void twoSlowClicksOpenNothing();
-    void rightButtonChangesNothing_data();
-    void rightButtonChangesNothing();
+    void rightPressChangesNothing_data();
+    void rightPressChangesNothing();
     void middleButtonClicksLikeTheLeft();
     void clickedTilesOpenInDisplayOrder();
 };
@@ -260,20 +260,23 @@ void tst_MouseOnDesktop::twoSlowClicksOpenNothing()
     QCOMPARE(clicking.opened(), QStringList());
 }
 
-void tst_MouseOnDesktop::rightButtonChangesNothing_data()
+void tst_MouseOnDesktop::rightPressChangesNothing_data()
 {
     QTest::addColumn<QStringList>("held");
     QTest::addColumn<int>("tile");
-    QTest::newRow("on a tile") << none << 6;
-    QTest::newRow("on one of several") << none << 2;
-    QTest::newRow("with Control") << control << 6;
-    QTest::newRow("with Shift") << shift << 6;
+    QTest::addColumn<Indices>("released");
+    const Indices four{0, 1, 2, 3};
+    QTest::newRow("on a tile") << none << 6 << four;
+    QTest::newRow("on one of several, which the release leaves alone") << none << 2 << Indices{2};
+    QTest::newRow("with Control") << control << 6 << four;
+    QTest::newRow("with Shift") << shift << 6 << four;
 }
 
-void tst_MouseOnDesktop::rightButtonChangesNothing()
+void tst_MouseOnDesktop::rightPressChangesNothing()
 {
     QFETCH(QStringList, held);
     QFETCH(int, tile);
+    QFETCH(Indices, released);
     Clicking clicking;
     clicking.click(3, shift);
     QTRY_COMPARE(clicking.highlighted(), Indices({0, 1, 2, 3}));
@@ -291,6 +294,7 @@ void tst_MouseOnDesktop::rightButtonChangesNothing()
     for (const QString &key : qAsConst(held))
         Hand::releaseKey(key);
     QVERIFY(clicking.allHasArrived());
+    QCOMPARE(clicking.highlighted(), released);
     QVERIFY(clicking.popup && clicking.popup->isVisible());
     QCOMPARE(clicking.opened(), QStringList());
 }

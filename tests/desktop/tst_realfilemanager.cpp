@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/FreshSession.h"
 #include "tests/support/Hand.h"
 #include "tests/support/RunningProgram.h"
 #include "tests/support/TestCase.h"
 
-#include <QDir>
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QScreen>
@@ -19,17 +19,6 @@ private slots:
 };
 
 namespace {
-
-//! The environment of a session of its own, so that neither a running file manager nor anybody's settings
-//! come in. Its home stays behind, since services of the file manager may still write there.
-QStringList freshSession()
-{
-    const QDir home(QDir::current().filePath(QStringLiteral("file-manager-home")));
-    QDir(home).removeRecursively();
-    home.mkpath(QStringLiteral("."));
-    return {QStringLiteral("dbus-run-session"), QStringLiteral("--"), QStringLiteral("env"),
-            QStringLiteral("HOME=") + home.path(), QStringLiteral("XDG_RUNTIME_DIR=") + home.path()};
-}
 
 //! How many different colours the window shows where the file manager has its files: right of its places,
 //! under its bar.
@@ -53,7 +42,8 @@ int coloursOfFiles(WId window)
 void tst_RealFileManager::itShowsTheFolder()
 {
     RunningProgram program({QStringLiteral("ground floor.dwg")}, QStringLiteral("h\u00e4user & g\u00e4rten"));
-    QVERIFY(program.start({QStringLiteral("_NEW"), QStringLiteral("_RECENT")}, freshSession()));
+    QVERIFY(program.start({QStringLiteral("_NEW"), QStringLiteral("_RECENT")},
+                          freshSession(QStringLiteral("file-manager-home"))));
     QTRY_COMPARE(RunningProgram::activeTitle(), RunningProgram::popupTitle());
     Hand::moveTo(RunningProgram::folderButton);
     Hand::click();

@@ -5,6 +5,7 @@
 #include "module/velaCommandHelp.h"
 #include "tests/support/Browser.h"
 #include "tests/support/TestCase.h"
+#include "ui/RecentDocDialog.h"
 #include "ui/RecentDocMainWindow.h"
 
 #include <OdStaticRxObject.h>
@@ -77,6 +78,28 @@ QList<RecentDocMainWindow *> popups()
     return found;
 }
 
+//! Makes the popup the active window while it is shown, with the focus in a tile: else nobody learns the
+//! reason for which it takes the focus then.
+class ActiveAtOnce : public QObject
+{
+public:
+    ActiveAtOnce() { QCoreApplication::instance()->installEventFilter(this); }
+    Qt::FocusReason lastReason = Qt::NoFocusReason;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        auto *popup = qobject_cast<RecentDocMainWindow *>(watched);
+        if (popup && event->type() == QEvent::Show) {
+            QApplication::setActiveWindow(popup);
+            RecentDocumentBrowser::recentDocDialogList.constFirst()->setFocus();
+        }
+        if (popup && event->type() == QEvent::FocusIn)
+            lastReason = static_cast<QFocusEvent *>(event)->reason();
+        return false;
+    }
+};
+
 } // namespace
 
 //! The two commands, and how the help command gets on the stack and off it.
@@ -90,6 +113,7 @@ private slots:
     void theCommandsAreNotCounted();
     void recentShowsAPopupOverTheMainWindow();
     void thePopupTakesTheFocus();
+    void thePopupTakesTheFocusForAnotherReason();
     void anEmptyListStillOpensThePopup();
     void withoutAListNothingOpens_data();
     void withoutAListNothingOpens();
@@ -163,6 +187,15 @@ void tst_Commands::thePopupTakesTheFocus()
     const RecentDocMainWindow *popup = popups().constFirst();
     QCOMPARE(popup->focusWidget(), popup);
     QTRY_COMPARE(QApplication::focusWidget(), popup);
+}
+
+void tst_Commands::thePopupTakesTheFocusForAnotherReason()
+{
+    Browser browser(2);
+    browser.createDocument();
+    const ActiveAtOnce popup;
+    BrowserCommand().Execute(nullptr);
+    QCOMPARE(popup.lastReason, Qt::OtherFocusReason);
 }
 
 void tst_Commands::anEmptyListStillOpensThePopup()

@@ -170,7 +170,7 @@ void tst_RecentFileAction::theTextIsBlackOnTheMenusGround()
     QMenu menu;
     menu.addAction(&action);
     menu.popup(QPoint(20, 20));
-    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    QVERIFY(waitForExposed(&menu));
     QToolButton &button = *action.textButton;
     const auto atRest = darkAndWhite(button);
     QVERIFY(atRest.first > 0);

@@ -181,8 +181,12 @@ void tst_ButtonClicks::aTilesPinGivesTheFocusToThePopup()
     FolderPinButton *pin = Browser::button(browser.tiles().at(0), "pinButton");
     pin->setFocus();
     QCOMPARE(QApplication::focusWidget(), pin);
+    const QWidget *focusInStep = nullptr;
+    connect(RecentDocumentBrowser::menuPinButtonList.at(0), &FolderPinButton::toggled, pin,
+            [&] { focusInStep = QApplication::focusWidget(); });
     const FocusReasons focus(*popup);
     pin->click();
+    QCOMPARE(focusInStep, pin); // the pins come first
     QCOMPARE(QApplication::focusWidget(), popup);
     QCOMPARE(focus.reasons, QList<Qt::FocusReason>{Qt::OtherFocusReason});
 }

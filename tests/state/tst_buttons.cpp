@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "module/RecentDocumentBrowser.h"
 #include "state/FolderPinButton.h"
+#include "tests/support/MarkingTranslator.h"
 #include "tests/support/ModuleInHost.h"
 #include "tests/support/TestCase.h"
 
@@ -52,6 +53,7 @@ private slots:
     void theFolderButtonHasItsPicture();
     void buttonsOfAKindShareTheirPictureAsLongAsTheModuleLives();
     void theButtonsBelongToTheirParent();
+    void theTipsAreTranslated();
 };
 
 void tst_Buttons::aNewButtonIsPlain()
@@ -173,6 +175,20 @@ void tst_Buttons::theButtonsBelongToTheirParent()
     const QScopedPointer<FolderPinButton> alone(
         RecentDocumentBrowser::CreatePinButton(nullptr, documentPath));
     QVERIFY(!alone->parent());
+}
+
+void tst_Buttons::theTipsAreTranslated()
+{
+    MarkingTranslator translator;
+    QCoreApplication::installTranslator(&translator);
+    QWidget parent;
+    FolderPinButton *pin = RecentDocumentBrowser::CreatePinButton(&parent, documentPath);
+    QCOMPARE(pin->tipText(), QStringLiteral("QObject/Pin this document to the Recent Documents list"));
+    pin->setChecked(true);
+    QCOMPARE(pin->prepareBalloon().message,
+             QStringLiteral("QObject/Unpin this document from the Recent Documents list"));
+    QCOMPARE(RecentDocumentBrowser::CreateFolderButton(&parent, documentPath)->tipText(),
+             QStringLiteral("QObject/Show in Folder"));
 }
 
 QTEST_MAIN(tst_Buttons)

@@ -95,10 +95,15 @@ bool RunningProgram::start(const QStringList &script, const QStringList &around)
     return m_process.waitForStarted() && waitUntil(ranScript);
 }
 
+void RunningProgram::type(const QString &command)
+{
+    outputOf({QStringLiteral("type"), command});
+    Hand::key(QStringLiteral("Return"));
+}
+
 bool RunningProgram::quit()
 {
-    for (const char *key : {"underscore", "Q", "U", "I", "T", "Return"})
-        Hand::key(QLatin1String(key));
+    type(QStringLiteral("_QUIT"));
     return m_process.waitForFinished(patience) && m_process.exitStatus() == QProcess::NormalExit &&
            m_process.exitCode() == 0;
 }

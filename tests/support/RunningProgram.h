@@ -26,6 +26,8 @@ public:
     //! \return whether it has come up and run the script
     bool start(const QStringList &script, const QStringList &around = {});
     QProcess &process() { return m_process; }
+    //! Types a command and Enter, for the window that has the keyboard.
+    static void type(const QString &command);
     //! Types the command that ends the program. \return whether it ended well
     bool quit();
 

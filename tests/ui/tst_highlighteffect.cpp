@@ -14,15 +14,13 @@ namespace {
 
 const QColor highlightColor(0, 0, 150, 100);
 
-//! What a colour over another looks like.
-QColor over(const QColor &ground, const QColor &color)
+//! Draws when it is told to.
+class DirectEffect : public HighlightEffect
 {
-    QImage pixel(1, 1, QImage::Format_RGB32);
-    pixel.fill(ground);
-    QPainter painter(&pixel);
-    painter.fillRect(pixel.rect(), color);
-    return pixel.pixelColor(0, 0);
-}
+public:
+    using HighlightEffect::draw;
+    using HighlightEffect::HighlightEffect;
+};
 
 } // namespace
 
@@ -39,6 +37,7 @@ private slots:
     void belongsToTheWidgetUntilTheNextOne();
     void plateIsRoundedInProportion_data();
     void plateIsRoundedInProportion();
+    void painterStaysAsItWas();
 };
 
 void TestHighlightEffect::startsAsAHighlightOfItsOffset()
@@ -115,38 +114,44 @@ void TestHighlightEffect::belongsToTheWidgetUntilTheNextOne()
 
 void TestHighlightEffect::plateIsRoundedInProportion_data()
 {
-    QTest::addColumn<QPoint>("pixel");
-    QTest::addColumn<bool>("tinted");
-    // In a scene nothing cuts the plate off: around 600 x 400 at 50, 50 it goes from 44.5 to 655.5 and from
-    // 44.5 to 455.5, and its corners take 15 pixels across and 10 along.
-    QTest::newRow("the left edge") << QPoint(45, 250) << true;
-    QTest::newRow("left of it") << QPoint(43, 250) << false;
-    QTest::newRow("the right edge") << QPoint(654, 250) << true;
-    QTest::newRow("right of it") << QPoint(656, 250) << false;
-    QTest::newRow("the upper edge") << QPoint(300, 45) << true;
-    QTest::newRow("above it") << QPoint(300, 43) << false;
-    QTest::newRow("the lower edge") << QPoint(300, 454) << true;
-    QTest::newRow("below it") << QPoint(300, 456) << false;
-    QTest::newRow("in the corner") << QPoint(45, 45) << false;
-    QTest::newRow("beside the corner, still cut") << QPoint(51, 45) << false;
-    QTest::newRow("beside the corner, no longer cut") << QPoint(54, 45) << true;
-    QTest::newRow("below the corner") << QPoint(45, 56) << true;
-    QTest::newRow("in the last corner") << QPoint(654, 454) << false;
+    QTest::addColumn<int>("ratio");
+    QTest::newRow("one pixel") << 1;
+    QTest::newRow("two pixels") << 2;
+    QTest::newRow("three pixels") << 3;
 }
 
 void TestHighlightEffect::plateIsRoundedInProportion()
 {
-    QFETCH(QPoint, pixel);
-    QFETCH(bool, tinted);
+    QFETCH(int, ratio);
     QGraphicsScene scene(0, 0, 700, 500);
     QGraphicsRectItem *item = scene.addRect(50, 50, 600, 400, Qt::NoPen, Qt::green);
-    item->setGraphicsEffect(new HighlightEffect(2.5));
-    QImage image(700, 500, QImage::Format_RGB32);
+    item->setGraphicsEffect(new HighlightEffect(3));
+    QImage image(QSize(700, 500) * ratio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
     image.fill(Qt::white);
+    QImage expected = image;
     QPainter painter(&image);
-    scene.render(&painter);
-    QCOMPARE(image.pixelColor(100, 100), QColor(Qt::green));
-    QCOMPARE(image.pixelColor(pixel), tinted ? over(Qt::white, highlightColor) : QColor(Qt::white));
+    scene.render(&painter, scene.sceneRect());
+
+    // In a scene nothing cuts the plate off: it reaches out from the effect's bounds, once more.
+    QPainter drawing(&expected);
+    drawing.setPen(Qt::NoPen);
+    drawing.setBrush(highlightColor);
+    drawing.drawRoundedRect(QRectF(44, 44, 612, 412), 5, 5, Qt::RelativeSize);
+    drawing.fillRect(50, 50, 600, 400, Qt::green);
+    QCOMPARE(image, expected);
+}
+
+void TestHighlightEffect::painterStaysAsItWas()
+{
+    QImage image(10, 10, QImage::Format_RGB32);
+    QPainter painter(&image);
+    painter.translate(3, 4);
+    painter.setPen(Qt::red);
+    DirectEffect(2.5).draw(&painter);
+    QCOMPARE(painter.transform(), QTransform::fromTranslate(3, 4));
+    QCOMPARE(painter.pen(), QPen(Qt::red));
+    QCOMPARE(painter.brush(), QBrush());
 }
 
 QTEST_MAIN(TestHighlightEffect)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/Browser.h"
+#include "tests/support/FocusReasons.h"
 #include "tests/support/TestCase.h"
 #include "ui/RecentDocDialog.h"
 #include "ui/RecentDocMainWindow.h"
@@ -222,8 +223,11 @@ void TestTileSelection::pressGivesTheFocusToThePopup()
     QVERIFY(selection.isActive);
     selection.tiles.at(1)->setFocus();
     QCOMPARE(QApplication::focusWidget(), selection.tiles.at(1));
+    selection.tiles.at(clicked)->setFocusPolicy(Qt::StrongFocus); // as the pointer leaves it: Qt focuses it
+    const FocusReasons focus(*selection.popup);
     QTest::mousePress(selection.tiles.at(clicked), button);
     QCOMPARE(QApplication::focusWidget(), selection.popup);
+    QCOMPARE(focus.reasons, QList<Qt::FocusReason>{Qt::OtherFocusReason});
 }
 
 void TestTileSelection::releaseGivesTheFocusToThePopupOnlyWhenItSelects()

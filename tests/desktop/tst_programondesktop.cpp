@@ -115,7 +115,7 @@ void tst_ProgramOnDesktop::fileMenuOpensThePopup()
     RunningProgram program(drawings);
     QVERIFY(program.start({newDrawing}));
     Hand::key(QStringLiteral("alt+f"));
-    // From the end: Exit, and in front of it the browser's entry.
+    // From the end: Exit, and before its separator the browser's entry.
     Hand::key(QStringLiteral("Up"));
     Hand::key(QStringLiteral("Up"));
     Hand::keepScreenshot(QStringLiteral("program-with-file-menu"));

@@ -34,7 +34,8 @@ QString writePng(const QImage &picture, const QString &path)
     if (!file.open(QIODevice::WriteOnly))
         return file.errorString();
     // The format is the command's promise, whatever the file is called.
-    if (!picture.save(&file, "PNG") || !file.commit())
+    // flush(): what fails only as the buffer is written out, commit() would not notice.
+    if (!picture.save(&file, "PNG") || !file.flush() || !file.commit())
         return file.errorString();
     return {};
 }

@@ -31,14 +31,17 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPointer>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QStyle>
 
 namespace fxhost {
 
 namespace {
 
-// What a window that was never resized shows: a drawing of some size next to others of its desktop.
+// What a window shows that was maximised from the first, once it is not: a drawing of some size next to
+// others of its desktop.
 constexpr QSize firstSize(1100, 760);
 
 //! Whether a key means something to the command line. Ctrl and its like must not: a mere Ctrl would take the
@@ -101,8 +104,7 @@ MainWindow::MainWindow(FxHost &host) : m_host(host), m_commands(host.commandStac
 
     setAcceptDrops(true);
     setMinimumSize(smallestMainWindow);
-    resize(firstSize);
-    restoreGeometry(host.settings().windowGeometry());
+    restorePlace();
 
     connectCommandLine();
     addAppCommands(m_commands, host, *this);
@@ -118,6 +120,27 @@ MainWindow::~MainWindow()
     m_host.setMainWindow(nullptr);
     m_host.setPathChooser({});
     m_menus->setGroup(nullptr);
+}
+
+//! As the window was left, as far as there is room: it may have been on a larger screen. A first start takes
+//! all of the screen.
+void MainWindow::restorePlace()
+{
+    const int titleBar = style()->pixelMetric(QStyle::PM_TitleBarHeight); // as high as can be known before
+    resize(firstSize.boundedTo(screen()->availableSize() - QSize(0, titleBar)));
+    if (!restoreGeometry(m_host.settings().windowGeometry())) {
+        setWindowState(Qt::WindowMaximized);
+        return;
+    }
+    const QRect room = screen()->availableVirtualGeometry().adjusted(0, titleBar, 0, 0);
+    const Qt::WindowStates state = windowState();
+    QRect place = isMaximized() ? normalGeometry() : geometry();
+    place.setSize(place.size().boundedTo(room.size()));
+    place.moveLeft(qBound(room.left(), place.left(), room.left() + room.width() - place.width()));
+    place.moveTop(qBound(room.top(), place.top(), room.top() + room.height() - place.height()));
+    setWindowState(Qt::WindowNoState);
+    setGeometry(place);
+    setWindowState(state);
 }
 
 void MainWindow::connectCommandLine()

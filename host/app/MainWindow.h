@@ -40,6 +40,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void restorePlace();
     void connectCommandLine();
     void showState(const Document *current);
     void showHelp(int topic);

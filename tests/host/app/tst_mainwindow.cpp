@@ -9,7 +9,9 @@
 #include <QElapsedTimer>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QScreen>
 #include <QSignalSpy>
+#include <QStyle>
 #include <QTimer>
 
 using namespace fxhost;
@@ -232,21 +234,50 @@ private slots:
         QTRY_COMPARE(program.window.size(), QSize(400, 300));
     }
 
+    void thePlaceOfTheWindowIsKept_data()
+    {
+        QTest::addColumn<QRect>("left");
+        QTest::addColumn<bool>("maximized");
+        QTest::addColumn<QRect>("found");
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        const QRect room =
+            screen.adjusted(0, QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight), 0, 0);
+        const QRect place(30, 40, 555, 444);
+        const QRect larger = room.adjusted(20, 10, 80, 60);
+        QTest::newRow("as it was") << place << false << place;
+        QTest::newRow("larger than the screen") << larger << false << room;
+        QTest::newRow("maximised") << larger << true << room;
+    }
+
     void thePlaceOfTheWindowIsKept()
     {
+        QFETCH(QRect, left);
+        QFETCH(bool, maximized);
         const QTemporaryDir profile;
-        const QRect place(30, 40, 555, 444);
         {
             FxHost host(profile.path(), QString());
             MainWindow window(host);
             window.show();
-            window.setGeometry(place);
+            window.showNormal();
+            window.setGeometry(left);
+            if (maximized)
+                window.showMaximized();
             QTimer::singleShot(0, &window, &QWidget::close);
             QCOMPARE(QCoreApplication::exec(), 0);
         }
         FxHost host(profile.path(), QString());
         const MainWindow window(host);
-        QCOMPARE(window.geometry(), place);
+        QCOMPARE(window.isMaximized(), maximized);
+        QTEST(window.normalGeometry(), "found");
+    }
+
+    void theFirstStartTakesTheWholeScreen()
+    {
+        const ShownProgram program;
+        QVERIFY(program.window.isMaximized());
+        const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+        const QSize normal = program.window.normalGeometry().size();
+        QCOMPARE(normal.boundedTo(screen), normal);
     }
 
     void modulesHearOfTheEndWhileTheWindowLives()

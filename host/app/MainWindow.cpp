@@ -65,20 +65,13 @@ bool isForCommandLine(const QKeyEvent &event)
     }
 }
 
-//! To the byte, which QUrl::toLocalFile() does not give where a name is no UTF-8.
-QString pathOf(const QUrl &localFile)
-{
-    const QByteArray path = localFile.path(QUrl::FullyEncoded).toLatin1();
-    return pathFromBytes(QByteArray::fromPercentEncoding(path));
-}
-
 QStringList filesIn(const QDropEvent &event)
 {
     QStringList files;
     const QList<QUrl> urls = event.mimeData()->urls();
     for (const QUrl &url : urls) {
         if (url.isLocalFile())
-            files.append(QDir::cleanPath(pathOf(url)));
+            files.append(QDir::cleanPath(pathFromUrl(url)));
     }
     return files;
 }

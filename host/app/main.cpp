@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/AppIcon.h"
 #include "host/app/CommandLineOptions.h"
+#include "host/app/EndSignals.h"
 #include "host/app/MainWindow.h"
 #include "host/app/ScriptRunner.h"
 #include "host/app/StartArguments.h"
@@ -91,6 +92,8 @@ int run(const CommandLineOptions &options)
 
     loadMenus(host);
     MainWindow window(host);
+    const EndSignals ending;
+    QObject::connect(&ending, &EndSignals::endRequested, &window, &QWidget::close);
     const QStringList modules = modulePaths(options);
     for (const QString &path : modules)
         host.modules().load(path);

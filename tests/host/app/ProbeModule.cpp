@@ -14,6 +14,7 @@
 
 #include <QWidget>
 
+#include <csignal>
 #include <cstdio>
 
 namespace {
@@ -39,7 +40,15 @@ public:
     OdString localName() const override { return L"PROBE"; }
     int Execute(CFxCommandContext *context) override
     {
-        say(QStringLiteral("Execute ") + context->argument());
+        const QString argument = context->argument();
+        say(QStringLiteral("Execute ") + argument);
+        const QStringList words = argument.split(QLatin1Char(' '));
+        if (words.constFirst() == QLatin1String("raise")) {
+            for (const QString &signal : words.mid(1)) {
+                std::raise(signal.toInt());
+                say(QStringLiteral("raised ") + signal);
+            }
+        }
         return resultOfItsOwn;
     }
 };

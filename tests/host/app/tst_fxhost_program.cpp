@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QImage>
 
+#include <csignal>
+
 //! The real program, started as a process without a display.
 class FxhostProgramTest : public TestCase
 {
@@ -206,6 +208,34 @@ private slots:
         QCOMPARE(run.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts),
                  QStringList({"initApp", "mainFrameCreated visible", "DocumentCreated", "Execute two  words",
                               "DocumentDestroyed", "mainFrameDestroyed alive", "uninitApp", "unloaded"}));
+    }
+
+    void aSignalEndsItAsQuitDoes_data()
+    {
+        QTest::addColumn<int>("signal");
+        QTest::newRow("SIGTERM") << SIGTERM;
+        QTest::newRow("SIGINT") << SIGINT;
+        QTest::newRow("SIGHUP") << SIGHUP;
+    }
+
+    void aSignalEndsItAsQuitDoes()
+    {
+        QFETCH(int, signal);
+        std::signal(signal, SIG_DFL); // what is ignored here would be ignored there
+        const ProgramHome home;
+        const QString module = QStringLiteral(PROBE_MODULE);
+        const ProgramRun run =
+            home.run({QStringLiteral("_PROBE raise %1").arg(signal), "_DELAY 3600000"}, {"--module", module});
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(run.log.constLast(), "module " + module + " unloaded");
+        QVERIFY(
+            linesOf(home.profile() + QStringLiteral("/settings.ini")).contains(QStringLiteral("[window]")));
+
+        const ProgramRun other =
+            home.run({QStringLiteral("_PROBE raise %1 %2").arg(signal).arg(SIGTERM)}, {"--module", module});
+        QCOMPARE(other.exitCode, -1); // the second one does not wait
+        QVERIFY2(other.output.endsWith(QStringLiteral("\nraised %1\n").arg(signal)),
+                 qPrintable(other.output));
     }
 
     void aScreenshotIsAPngOfTheWholeWindow()

@@ -6,6 +6,7 @@
 #include "host/app/ScreenGrabber.h"
 #include "host/runtime/FxHost.h"
 #include "host/runtime/commands/CommandSet.h"
+#include "host/runtime/commands/TypedPath.h"
 
 #include <CFxCommand.h>
 
@@ -40,12 +41,13 @@ QString writePng(const QImage &picture, const QString &path)
     return {};
 }
 
-int takeScreenshot(FxHost &host, const QString &path)
+int takeScreenshot(FxHost &host, const QString &argument)
 {
-    if (path.isEmpty()) {
+    if (argument.isEmpty()) {
         host.showMessage(tr("SCREENSHOT needs the name of the file to write."));
         return CFxCommand::failed;
     }
+    const QString path = typedPath(argument, host.fileProbe());
     const QString problem = writePng(grabWindows(), path);
     if (problem.isEmpty())
         return CFxCommand::normalCompletion;

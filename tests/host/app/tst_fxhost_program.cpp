@@ -242,8 +242,8 @@ private slots:
     {
         const ProgramHome home;
         const QString picture = home.path(QStringLiteral("picture of it"));
-        const ProgramRun run =
-            home.run({"_SCREENSHOT " + picture, "_QUIT"}, {"--no-module", "--geometry", "640x480+5+5"});
+        const ProgramRun run = home.run({"_SCREENSHOT '" + picture + "'", "_QUIT"},
+                                        {"--no-module", "--geometry", "640x480+5+5"});
         QCOMPARE(run.log, QStringList({"command _SCREENSHOT 5100", "command _QUIT 5100"}));
         const QImage image(picture, "PNG");
         QCOMPARE(image.size(), QSize(640, 480));

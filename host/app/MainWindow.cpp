@@ -7,6 +7,7 @@
 #include "host/app/DrawingArea.h"
 #include "host/app/DrawingWords.h"
 #include "host/app/HelpWindow.h"
+#include "host/app/LineCompleter.h"
 #include "host/runtime/FxHost.h"
 #include "host/runtime/HostSettings.h"
 #include "host/runtime/Paths.h"
@@ -28,6 +29,7 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPointer>
@@ -141,7 +143,14 @@ void MainWindow::connectCommandLine()
     CommandRunner &commands = m_host.commands();
     connect(&m_host, &FxHost::message, m_commandLine, &CommandLineWidget::showMessage);
     connect(m_commandLine, &CommandLineWidget::lineEntered, &commands, &CommandRunner::runLine);
-    connect(m_commandLine, &CommandLineWidget::cancelRequested, &commands, &CommandRunner::cancel);
+    connect(m_commandLine, &CommandLineWidget::cancelRequested, this, [this] {
+        if (m_host.commands().isRunning())
+            m_host.commands().cancel();
+        else
+            leaveCommandLine();
+    });
+    m_commandLine->setCompleter(
+        [completer = LineCompleter(m_host)](const QString &line) { return completer.complete(line); });
     // Whoever asked for a command, the history tells that it ran.
     connect(&commands, &CommandRunner::commandStarted, m_commandLine,
             [this](const QString &name, const QString &argument) {
@@ -200,6 +209,24 @@ QString MainWindow::choosePath()
     dialog->setDirectory(QDir::rootPath());
     delete dialog;
     return path;
+}
+
+void MainWindow::leaveCommandLine()
+{
+    QWidget *drawing = m_drawingArea;
+    if (QMdiSubWindow *const active = m_drawingArea->activeSubWindow())
+        drawing = active;
+    drawing->setFocus(Qt::OtherFocusReason);
+}
+
+//! The drawing in front and the command line take turns. Qt would go through the drawings, and turn to each.
+bool MainWindow::focusNextPrevChild(bool)
+{
+    if (m_commandLine->hasInputFocus())
+        leaveCommandLine();
+    else
+        m_commandLine->setFocus(Qt::TabFocusReason);
+    return true;
 }
 
 void MainWindow::changeEvent(QEvent *event)

@@ -110,6 +110,40 @@ private slots:
         QCOMPARE(program.input()->text(), QString());
     }
 
+    void tabCompletesAndTurnsToNoDrawing()
+    {
+        ShownProgram program;
+        const Document *last = program.host.documents().newDocument();
+        program.host.documents().newDocument();
+        program.host.documents().setCurrent(const_cast<Document *>(last));
+        QTest::keyClicks(program.input(), QStringLiteral("_recentl"));
+        QTest::keyClick(program.input(), Qt::Key_Tab);
+        QCOMPARE(program.input()->text(), QStringLiteral("_RECENTLIMIT "));
+        program.input()->setText(QStringLiteral("_RE 5"));
+        program.input()->setCursorPosition(3);
+        QTest::keyClick(program.input(), Qt::Key_Tab);
+        QCOMPARE(program.input()->text(), QStringLiteral("_RECENT 5")); // the rest of the line stays
+        QVERIFY(!program.history().contains(QStringLiteral("_RECENTADD")));
+        QTest::keyClick(program.input(), Qt::Key_Tab);
+        QVERIFY(program.history().endsWith(QStringLiteral("_RECENTADD  _RECENTLIMIT")));
+        QCOMPARE(program.host.documents().current(), last);
+    }
+
+    void theKeyboardLeavesTheCommandLineAndComesBack()
+    {
+        ShownProgram program;
+        program.host.documents().newDocument();
+        QMdiSubWindow *window = program.window.drawingArea().windowOf(program.host.documents().newDocument());
+        program.input()->setFocus();
+        QTest::keyClick(program.input(), Qt::Key_Backtab, Qt::ShiftModifier);
+        QVERIFY(window->isAncestorOf(QApplication::focusWidget()) || window->hasFocus());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QVERIFY(program.window.commandLine().hasInputFocus());
+        QTest::keyClick(program.input(), Qt::Key_Escape);
+        QVERIFY(!program.window.commandLine().hasInputFocus());
+        QCOMPARE(program.window.drawingArea().activeSubWindow(), window);
+    }
+
     void aModifierAloneLeavesTheFocusWhereItIs()
     {
         ShownProgram program;

@@ -17,7 +17,9 @@ QString write(const QString &path, const QByteArray &bytes)
     if (!QDir().mkpath(directory))
         return QStringLiteral("cannot make the directory %1").arg(directory);
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+    // flush(): what fails only as the buffer is written out, commit() would not notice.
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() ||
+        !file.commit())
         return QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
     return {};
 }

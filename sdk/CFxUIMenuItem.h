@@ -24,7 +24,7 @@ public:
     virtual int GetChildCount() const = 0;
     //! \return null when index is out of range
     virtual CFxUIMenuItem *GetChild(int index) const = 0;
-    //! Inserts item behind the child at the reference position, and takes ownership.
+    //! Inserts item before the child at the reference position, and takes ownership.
     //! \return false, with nothing inserted or owned, when reference is out of range
     virtual bool InsertChild(int reference, CFxUIMenuItem *item) = 0;
 

@@ -6,6 +6,7 @@
 #include "host/app/ScreenGrabber.h"
 #include "host/runtime/FxHost.h"
 #include "host/runtime/commands/CommandSet.h"
+#include "host/runtime/commands/TypedPath.h"
 
 #include <CFxCommand.h>
 
@@ -34,17 +35,19 @@ QString writePng(const QImage &picture, const QString &path)
     if (!file.open(QIODevice::WriteOnly))
         return file.errorString();
     // The format is the command's promise, whatever the file is called.
-    if (!picture.save(&file, "PNG") || !file.commit())
+    // flush(): what fails only as the buffer is written out, commit() would not notice.
+    if (!picture.save(&file, "PNG") || !file.flush() || !file.commit())
         return file.errorString();
     return {};
 }
 
-int takeScreenshot(FxHost &host, const QString &path)
+int takeScreenshot(FxHost &host, const QString &argument)
 {
-    if (path.isEmpty()) {
+    if (argument.isEmpty()) {
         host.showMessage(tr("SCREENSHOT needs the name of the file to write."));
         return CFxCommand::failed;
     }
+    const QString path = typedPath(argument, host.fileProbe());
     const QString problem = writePng(grabWindows(), path);
     if (problem.isEmpty())
         return CFxCommand::normalCompletion;

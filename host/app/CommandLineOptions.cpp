@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/CommandLineOptions.h"
 
+#include "host/runtime/Paths.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QRegularExpression>
+#include <QUrl>
 
 namespace fxhost {
 
@@ -49,10 +52,24 @@ QString readGeometry(const QString &text, CommandLineOptions &options)
     return {};
 }
 
+//! The path that a drawing is given by: itself, or in a URL, as file managers and browsers have it. A file
+//! whose path begins like a URL can be given as "./file:".
+QString pathGiven(const QString &drawing)
+{
+    if (!drawing.startsWith(QLatin1String("file:/"), Qt::CaseInsensitive))
+        return drawing;
+    const QUrl url(drawing);
+    const bool isOnThisComputer = url.host().isEmpty() || url.host() == QLatin1String("localhost");
+    return isOnThisComputer ? pathFromUrl(url) : drawing;
+}
+
 } // namespace
 
 CommandLineResult readCommandLine(const QStringList &arguments)
 {
+    // Not the parser's own, which lists a --help-all that is for Qt to answer.
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Print this help."));
     const QCommandLineOption module(QStringLiteral("module"),
                                     QStringLiteral("Load the module at <path>; may be given more than once. "
                                                    "Without it the one beside the program is loaded."),
@@ -76,9 +93,8 @@ CommandLineResult readCommandLine(const QStringList &arguments)
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QStringLiteral("Shows the pictures stored in DWG drawings, and hosts plug-in modules."));
-    const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
-    parser.addOptions({module, noModule, profile, script, log, noDocument, geometry});
+    parser.addOptions({help, module, noModule, profile, script, log, noDocument, geometry});
     parser.addPositionalArgument(QStringLiteral("drawing"), QStringLiteral("Drawings to open."),
                                  QStringLiteral("[drawing...]"));
 
@@ -117,7 +133,9 @@ CommandLineResult readCommandLine(const QStringList &arguments)
     result.options.scriptFile = parser.value(script);
     result.options.logFile = parser.value(log);
     result.options.newDocument = !parser.isSet(noDocument);
-    result.options.drawings = parser.positionalArguments();
+    const QStringList drawings = parser.positionalArguments();
+    for (const QString &drawing : drawings)
+        result.options.drawings << pathGiven(drawing);
     result.wish = CommandLineResult::Wish::Start;
     return result;
 }

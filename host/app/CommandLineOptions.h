@@ -28,7 +28,7 @@ struct CommandLineOptions
     std::optional<QSize> windowSize;
     //! Place of the main window's top left corner; unset: as it was left, or where the desktop puts it.
     std::optional<QPoint> windowPosition;
-    //! Drawings to open, as they were given.
+    //! Paths of the drawings to open, as they were given.
     QStringList drawings;
 };
 

@@ -22,6 +22,7 @@ const QString prompt = QStringLiteral("Command:");
 // A session's worth to read back, and a bound on what a script that runs all night can pile up.
 constexpr int historyLines = 2000;
 constexpr int recalledLines = 200;
+constexpr int listedCandidates = 100; // as many as anybody reads
 // Enough to see a command and its answer without taking the drawing's place.
 constexpr int visibleLines = 4;
 constexpr int fewestVisibleLines = 1;
@@ -159,6 +160,9 @@ void CommandLineWidget::deselectAt(const QMouseEvent *press)
 bool CommandLineWidget::handleKey(const QKeyEvent *event)
 {
     switch (event->key()) {
+    case Qt::Key_Tab:
+        complete();
+        return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
         enterLine();
@@ -185,6 +189,22 @@ bool CommandLineWidget::handleKey(const QKeyEvent *event)
     default:
         return false;
     }
+}
+
+void CommandLineWidget::complete()
+{
+    const QString line = m_input->text().left(m_input->cursorPosition());
+    const Completion completion = m_completer ? m_completer(line) : Completion{line, {}};
+    const QStringList &candidates = completion.candidates;
+    if (completion.line != line) {
+        m_input->setSelection(0, line.size());
+        m_input->insert(completion.line); // so that it can be undone
+    } else if (m_completed == line && candidates.size() > 1) {
+        const QString shown = candidates.mid(0, listedCandidates).join(QLatin1String("  "));
+        const int more = candidates.size() - listedCandidates;
+        showMessage(more > 0 ? tr("%1  and %2 more").arg(shown).arg(more) : shown);
+    }
+    m_completed = completion.line;
 }
 
 void CommandLineWidget::enterLine()

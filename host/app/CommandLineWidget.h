@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/app/LineCompleter.h"
+
 #include <QStringList>
 #include <QWidget>
+
+#include <functional>
+#include <utility>
 
 class QKeyEvent;
 class QLineEdit;
@@ -16,7 +21,13 @@ class CommandLineWidget : public QWidget
 {
     Q_OBJECT
 public:
+    //! \param line what stands before the cursor
+    using Completer = std::function<Completion(const QString &line)>;
+
     explicit CommandLineWidget(QWidget *parent = nullptr);
+
+    //! What the Tab key asks. Without it nothing is completed.
+    void setCompleter(Completer completer) { m_completer = std::move(completer); }
 
     //! Adds a text of the program to the history.
     //! \param text may have more than one line
@@ -37,7 +48,7 @@ public:
 signals:
     //! Enter was pressed behind something other than blanks. \param line without the blanks around it
     void lineEntered(const QString &line);
-    //! Escape was pressed in an empty line: the person wants the running command to end.
+    //! Escape was pressed in an empty line: the user wants the running command to end, or to leave the line.
     void cancelRequested();
 
 protected:
@@ -46,6 +57,7 @@ protected:
 private:
     void deselectAt(const QMouseEvent *press);
     bool handleKey(const QKeyEvent *event);
+    void complete();
     void enterLine();
     void recall(int index);
     int heightForLines(int lines) const;
@@ -55,6 +67,8 @@ private:
     QStringList m_entered;
     int m_recalled = 0; //!< index into m_entered; its size stands for the line being typed
     QString m_draft;    //!< the line being typed while an older one is shown
+    Completer m_completer;
+    QString m_completed; //!< what the last Tab made of the line, up to the cursor
 };
 
 } // namespace fxhost

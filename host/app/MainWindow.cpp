@@ -7,6 +7,7 @@
 #include "host/app/DrawingArea.h"
 #include "host/app/DrawingWords.h"
 #include "host/app/HelpWindow.h"
+#include "host/app/LineCompleter.h"
 #include "host/runtime/FxHost.h"
 #include "host/runtime/HostSettings.h"
 #include "host/runtime/Paths.h"
@@ -28,17 +29,21 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPointer>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QStyle>
 
 namespace fxhost {
 
 namespace {
 
-// What a window that was never resized shows: a drawing of some size next to others of its desktop.
+// What a window shows that was maximised from the first, once it is not: a drawing of some size next to
+// others of its desktop.
 constexpr QSize firstSize(1100, 760);
 
 //! Whether a key means something to the command line. Ctrl and its like must not: a mere Ctrl would take the
@@ -62,20 +67,13 @@ bool isForCommandLine(const QKeyEvent &event)
     }
 }
 
-//! To the byte, which QUrl::toLocalFile() does not give where a name is no UTF-8.
-QString pathOf(const QUrl &localFile)
-{
-    const QByteArray path = localFile.path(QUrl::FullyEncoded).toLatin1();
-    return pathFromBytes(QByteArray::fromPercentEncoding(path));
-}
-
 QStringList filesIn(const QDropEvent &event)
 {
     QStringList files;
     const QList<QUrl> urls = event.mimeData()->urls();
     for (const QUrl &url : urls) {
         if (url.isLocalFile())
-            files.append(QDir::cleanPath(pathOf(url)));
+            files.append(QDir::cleanPath(pathFromUrl(url)));
     }
     return files;
 }
@@ -101,8 +99,7 @@ MainWindow::MainWindow(FxHost &host) : m_host(host), m_commands(host.commandStac
 
     setAcceptDrops(true);
     setMinimumSize(smallestMainWindow);
-    resize(firstSize);
-    restoreGeometry(host.settings().windowGeometry());
+    restorePlace();
 
     connectCommandLine();
     addAppCommands(m_commands, host, *this);
@@ -120,12 +117,40 @@ MainWindow::~MainWindow()
     m_menus->setGroup(nullptr);
 }
 
+//! As the window was left, as far as there is room: it may have been on a larger screen. A first start takes
+//! all of the screen.
+void MainWindow::restorePlace()
+{
+    const int titleBar = style()->pixelMetric(QStyle::PM_TitleBarHeight); // as high as can be known before
+    resize(firstSize.boundedTo(screen()->availableSize() - QSize(0, titleBar)));
+    if (!restoreGeometry(m_host.settings().windowGeometry())) {
+        setWindowState(Qt::WindowMaximized);
+        return;
+    }
+    const QRect room = screen()->availableVirtualGeometry().adjusted(0, titleBar, 0, 0);
+    const Qt::WindowStates state = windowState();
+    QRect place = isMaximized() ? normalGeometry() : geometry();
+    place.setSize(place.size().boundedTo(room.size()));
+    place.moveLeft(qBound(room.left(), place.left(), room.left() + room.width() - place.width()));
+    place.moveTop(qBound(room.top(), place.top(), room.top() + room.height() - place.height()));
+    setWindowState(Qt::WindowNoState);
+    setGeometry(place);
+    setWindowState(state);
+}
+
 void MainWindow::connectCommandLine()
 {
     CommandRunner &commands = m_host.commands();
     connect(&m_host, &FxHost::message, m_commandLine, &CommandLineWidget::showMessage);
     connect(m_commandLine, &CommandLineWidget::lineEntered, &commands, &CommandRunner::runLine);
-    connect(m_commandLine, &CommandLineWidget::cancelRequested, &commands, &CommandRunner::cancel);
+    connect(m_commandLine, &CommandLineWidget::cancelRequested, this, [this] {
+        if (m_host.commands().isRunning())
+            m_host.commands().cancel();
+        else
+            leaveCommandLine();
+    });
+    m_commandLine->setCompleter(
+        [completer = LineCompleter(m_host)](const QString &line) { return completer.complete(line); });
     // Whoever asked for a command, the history tells that it ran.
     connect(&commands, &CommandRunner::commandStarted, m_commandLine,
             [this](const QString &name, const QString &argument) {
@@ -184,6 +209,24 @@ QString MainWindow::choosePath()
     dialog->setDirectory(QDir::rootPath());
     delete dialog;
     return path;
+}
+
+void MainWindow::leaveCommandLine()
+{
+    QWidget *drawing = m_drawingArea;
+    if (QMdiSubWindow *const active = m_drawingArea->activeSubWindow())
+        drawing = active;
+    drawing->setFocus(Qt::OtherFocusReason);
+}
+
+//! The drawing in front and the command line take turns. Qt would go through the drawings, and turn to each.
+bool MainWindow::focusNextPrevChild(bool)
+{
+    if (m_commandLine->hasInputFocus())
+        leaveCommandLine();
+    else
+        m_commandLine->setFocus(Qt::TabFocusReason);
+    return true;
 }
 
 void MainWindow::changeEvent(QEvent *event)

@@ -33,6 +33,7 @@ public:
     const CommandLineWidget &commandLine() const { return *m_commandLine; }
 
 protected:
+    bool focusNextPrevChild(bool next) override;
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
@@ -40,7 +41,9 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void restorePlace();
     void connectCommandLine();
+    void leaveCommandLine();
     void showState(const Document *current);
     void showHelp(int topic);
     QString firstDirectory();

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/AppIcon.h"
 #include "host/app/CommandLineOptions.h"
+#include "host/app/EndSignals.h"
 #include "host/app/MainWindow.h"
 #include "host/app/ScriptRunner.h"
+#include "host/app/StartArguments.h"
 #include "host/runtime/FxHost.h"
 #include "host/runtime/Paths.h"
 #include "host/runtime/commands/CommandRunner.h"
@@ -17,6 +19,8 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTextStream>
+
+#include <vector>
 
 using namespace fxhost;
 
@@ -88,6 +92,8 @@ int run(const CommandLineOptions &options)
 
     loadMenus(host);
     MainWindow window(host);
+    const EndSignals ending;
+    QObject::connect(&ending, &EndSignals::endRequested, &window, &QWidget::close);
     const QStringList modules = modulePaths(options);
     for (const QString &path : modules)
         host.modules().load(path);
@@ -110,15 +116,23 @@ void findProgramsBeside()
     qputenv("PATH", others.isEmpty() ? folder : others + ':' + folder);
 }
 
+//! Prints what there is to print instead of a start. \return the exit code
+int answer(const CommandLineResult &commandLine)
+{
+    const bool isRefused = commandLine.wish == CommandLineResult::Wish::Refuse;
+    QTextStream(isRefused ? stderr : stdout) << commandLine.text << '\n';
+    return isRefused ? CommandLineResult::usageError : 0;
+}
+
 //! Help and version are for whoever has no display as well. \return whether they were asked for
 bool printsAndEnds(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
     const CommandLineResult commandLine = readCommandLine(QCoreApplication::arguments());
-    if (commandLine.wish != CommandLineResult::Wish::PrintAndEnd)
-        return false;
-    QTextStream(stdout) << commandLine.text << '\n';
-    return true;
+    const bool isAsked = commandLine.wish == CommandLineResult::Wish::PrintAndEnd;
+    if (isAsked)
+        answer(commandLine);
+    return isAsked; // the rest may be for Qt
 }
 
 } // namespace
@@ -133,13 +147,20 @@ int main(int argc, char *argv[])
 
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QApplication application(argc, argv);
+    QByteArrayList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments << argv[i];
+    arguments = argumentsForQt(arguments);
+    int count = arguments.size();
+    std::vector<char *> words; // Qt wants them writable, and a null behind them
+    for (QByteArray &argument : arguments)
+        words.push_back(argument.data());
+    words.push_back(nullptr);
+    QApplication application(count, words.data());
     QApplication::setWindowIcon(appIcon());
     findProgramsBeside();
 
     const CommandLineResult commandLine = readCommandLine(QApplication::arguments());
-    if (commandLine.wish == CommandLineResult::Wish::Start)
-        return run(commandLine.options);
-    QTextStream(stderr) << commandLine.text << '\n';
-    return CommandLineResult::usageError;
+    return commandLine.wish == CommandLineResult::Wish::Start ? run(commandLine.options)
+                                                              : answer(commandLine);
 }

@@ -56,7 +56,7 @@ FxHost::FxHost(const QString &profileDir, const QString &logFile, QObject *paren
 
     m_log = std::make_unique<HostLog>(logFile);
     m_recentFiles = std::make_unique<RecentFiles>();
-    readProfile(profileDir);
+    readProfile(profileDir, report);
     m_fileProbe = std::make_unique<FileProbe>();
     m_answeringRecentFiles = std::make_unique<AnsweringRecentFiles>(*m_recentFiles, *m_fileProbe, report);
     m_editor = std::make_unique<Editor>(report);
@@ -88,14 +88,14 @@ FxHost *FxHost::instance()
     return runningHost;
 }
 
-void FxHost::readProfile(const QString &profileDir)
+void FxHost::readProfile(const QString &profileDir, const MessageSink &report)
 {
     QStringList problems;
     if (!QDir().mkpath(profileDir))
         problems
             << tr("The profile directory %1 cannot be made. Nothing is kept of this run.").arg(profileDir);
 
-    m_settings = std::make_unique<HostSettings>(profileDir);
+    m_settings = std::make_unique<HostSettings>(profileDir, report);
     problems << m_settings->problem();
     m_recentFiles->setMaximum(m_settings->recentMaximum());
     connect(m_recentFiles.get(), &RecentFiles::maximumChanged, this,

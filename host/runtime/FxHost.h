@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/runtime/FxHostApi.h"
+#include "host/runtime/MessageSink.h"
 
 #include <CFxServices.h>
 
@@ -95,7 +96,7 @@ protected:
 private:
     class Facets;
 
-    void readProfile(const QString &profileDir);
+    void readProfile(const QString &profileDir, const MessageSink &report);
     void reportApplicationState(Qt::ApplicationState state);
 
     std::unique_ptr<HostLog> m_log;

@@ -5,8 +5,11 @@
 #include "host/runtime/recent/RecentFiles.h"
 
 #include <QDir>
+#include <QFileDevice>
 #include <QFileInfo>
 #include <QSettings>
+
+#include <utility>
 
 namespace fxhost {
 
@@ -16,12 +19,53 @@ constexpr char recentMaximumKey[] = "recent/maximum";
 constexpr char windowGeometryKey[] = "window/geometry";
 constexpr char lastDirectoryKey[] = "open/directory";
 
+//! Lines of KEY=VALUE, the value percent-encoded, in sections of an INI file.
+bool readSettings(QIODevice &file, QSettings::SettingsMap &settings)
+{
+    QByteArray section;
+    while (!file.atEnd()) {
+        const QByteArray line = file.readLine().trimmed();
+        const int sign = line.indexOf('=');
+        if (line.startsWith('[') && line.endsWith(']'))
+            section = line.mid(1, line.size() - 2) + '/';
+        else if (sign > 0)
+            settings.insert(QString::fromUtf8(section + line.left(sign)),
+                            pathFromBytes(QByteArray::fromPercentEncoding(line.mid(sign + 1))));
+        else if (!line.isEmpty() && !line.startsWith(';')) // which begins a comment
+            return false;
+    }
+    return true;
+}
+
+bool writeSettings(QIODevice &file, const QSettings::SettingsMap &settings)
+{
+    QString section;
+    for (auto setting = settings.begin(); setting != settings.end(); ++setting) {
+        const QString itsSection = setting.key().section(QLatin1Char('/'), 0, 0);
+        if (std::exchange(section, itsSection) != itsSection)
+            file.write('[' + itsSection.toUtf8() + "]\n");
+        file.write(setting.key().section(QLatin1Char('/'), 1).toUtf8() + '=' +
+                   pathBytes(setting.value().toString()).toPercentEncoding("/ ") + '\n');
+    }
+    // What fails only as the buffer is written out, QSettings would not notice, and leave an empty file.
+    auto *const device = qobject_cast<QFileDevice *>(&file);
+    return device && device->flush();
+}
+
+std::unique_ptr<QSettings> open(const QString &path)
+{
+    // Not Qt's own format, which does not notice when the disk is full.
+    static const QSettings::Format format =
+        QSettings::registerFormat(QStringLiteral("ini"), readSettings, writeSettings);
+    return std::make_unique<QSettings>(path, format);
+}
+
 } // namespace
 
-HostSettings::HostSettings(const QString &profileDir)
+HostSettings::HostSettings(const QString &profileDir, MessageSink report) : m_report(std::move(report))
 {
     const QString path = QDir(profileDir).filePath(QStringLiteral("settings.ini"));
-    m_file = std::make_unique<QSettings>(path, QSettings::IniFormat);
+    m_file = open(path);
     if (m_file->status() == QSettings::NoError)
         return;
     const QString aside = setAside(path); // QSettings would write what it could read over the rest
@@ -29,14 +73,30 @@ HostSettings::HostSettings(const QString &profileDir)
                                 : tr("The settings file %1 cannot be read. It was renamed to %2, and the "
                                      "settings are the default ones.")
                                       .arg(path, aside);
-    m_file = std::make_unique<QSettings>(path, QSettings::IniFormat);
+    m_file = open(path);
 }
 
 HostSettings::~HostSettings() = default;
 
-int HostSettings::recentMaximum()
+//! Also writes what is new.
+void HostSettings::sync()
 {
     m_file->sync();
+    if (m_file->status() == QSettings::NoError || std::exchange(m_isToldOfFailure, true))
+        return;
+    m_report(tr("The settings file %1 cannot be written. It was left as it is; is the disk full?")
+                 .arg(m_file->fileName()));
+}
+
+void HostSettings::set(const char *key, const QString &value)
+{
+    m_file->setValue(QLatin1String(key), value);
+    sync();
+}
+
+int HostSettings::recentMaximum()
+{
+    sync();
     bool isNumber = false;
     const int maximum = m_file->value(QLatin1String(recentMaximumKey)).toInt(&isNumber);
     const bool isAllowed = isNumber && RecentFiles::isAllowedMaximum(maximum);
@@ -45,17 +105,17 @@ int HostSettings::recentMaximum()
 
 void HostSettings::setRecentMaximum(int maximum)
 {
-    m_file->setValue(QLatin1String(recentMaximumKey), maximum);
+    set(recentMaximumKey, QString::number(maximum));
 }
 
 QByteArray HostSettings::windowGeometry() const
 {
-    return m_file->value(QLatin1String(windowGeometryKey)).toByteArray();
+    return QByteArray::fromBase64(m_file->value(QLatin1String(windowGeometryKey)).toByteArray());
 }
 
 void HostSettings::setWindowGeometry(const QByteArray &geometry)
 {
-    m_file->setValue(QLatin1String(windowGeometryKey), geometry);
+    set(windowGeometryKey, QString::fromLatin1(geometry.toBase64()));
 }
 
 QString HostSettings::lastDirectory() const
@@ -65,7 +125,7 @@ QString HostSettings::lastDirectory() const
 
 void HostSettings::setLastDirectory(const QString &directory)
 {
-    m_file->setValue(QLatin1String(lastDirectoryKey), directory);
+    set(lastDirectoryKey, directory);
 }
 
 } // namespace fxhost

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/runtime/FxHostApi.h"
+#include "host/runtime/MessageSink.h"
 
 #include <QByteArray>
 #include <QCoreApplication>
@@ -20,7 +21,8 @@ class FXHOST_API HostSettings
     Q_DECLARE_TR_FUNCTIONS(fxhost::HostSettings)
 public:
     //! \param profileDir an existing directory
-    explicit HostSettings(const QString &profileDir);
+    //! \param report is told once when settings cannot be written, which are left then as they were
+    HostSettings(const QString &profileDir, MessageSink report);
     ~HostSettings();
 
     HostSettings(const HostSettings &) = delete;
@@ -43,6 +45,11 @@ public:
     void setLastDirectory(const QString &directory);
 
 private:
+    void sync();
+    void set(const char *key, const QString &value);
+
+    MessageSink m_report;
+    bool m_isToldOfFailure = false;
     std::unique_ptr<QSettings> m_file;
     QString m_problem;
 };

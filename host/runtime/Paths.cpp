@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTextCodec>
+#include <QUrl>
 
 #include <optional>
 
@@ -97,6 +98,12 @@ QByteArray pathBytes(const QString &path)
 void keepBytesOfPaths()
 {
     QTextCodec::setCodecForLocale(new PathCodec); // Qt owns it
+}
+
+QString pathFromUrl(const QUrl &localFile)
+{
+    const QByteArray path = localFile.path(QUrl::FullyEncoded).toLatin1();
+    return pathFromBytes(QByteArray::fromPercentEncoding(path));
 }
 
 QString absolutePath(const QString &path)

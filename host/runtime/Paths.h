@@ -6,6 +6,8 @@
 #include <QByteArray>
 #include <QString>
 
+class QUrl;
+
 namespace fxhost {
 
 //! What a file name's bytes are as text. Names are UTF-8 by custom alone: a byte that is none is carried as
@@ -16,6 +18,10 @@ FXHOST_API QByteArray pathBytes(const QString &path);
 //! From now on Qt does the same wherever it turns names into text and back: files, arguments, processes,
 //! whatever the locale. To be called at the start of a program, before threads.
 FXHOST_API void keepBytesOfPaths();
+
+//! The path in the URL of a local file, to the byte, which QUrl::toLocalFile() does not give where a name is
+//! not UTF-8.
+FXHOST_API QString pathFromUrl(const QUrl &localFile);
 
 //! path itself when it is absolute or empty, however it is spelled; else what it means in the working
 //! directory.

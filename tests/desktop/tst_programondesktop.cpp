@@ -3,12 +3,17 @@
 #include "tests/support/RunningProgram.h"
 #include "tests/support/TestCase.h"
 
+#include <QScreen>
+
 //! The program as a user starts it: from the script to the opened drawing and out.
 class tst_ProgramOnDesktop : public TestCase
 {
     Q_OBJECT
 
 private slots:
+    void geometryIsAsGivenAlsoAfterAMaximizedSession();
+    void wrongGeometryIsRefused_data();
+    void wrongGeometryIsRefused();
     void drawingIsOpenedThroughThePopup();
     void helpIconLeadsToTheHelpWindow();
     void f4OpensThePopupWithTheKeyboardFocus();
@@ -28,6 +33,40 @@ const QString newDrawing = QStringLiteral("_NEW");
 const QString recent = QStringLiteral("_RECENT");
 
 } // namespace
+
+void tst_ProgramOnDesktop::geometryIsAsGivenAlsoAfterAMaximizedSession()
+{
+    RunningProgram program((QStringList()));
+    const QString title = QStringLiteral("fxhost");
+    const auto place = [&] { return Hand::realGeometry(RunningProgram::findWindow(title)); };
+    program.geometry.clear();
+    QVERIFY(program.start({}));
+    QTRY_COMPARE(RunningProgram::activeTitle(), title);
+    QTRY_COMPARE(place().width(), QGuiApplication::primaryScreen()->geometry().width());
+    QVERIFY(program.quit());
+
+    program.geometry = QStringLiteral("800x600+100+90");
+    QVERIFY(program.start({}));
+    QTRY_COMPARE(RunningProgram::activeTitle(), title);
+    QTRY_COMPARE(place(), QRect(100, 90, 800, 600));
+}
+
+void tst_ProgramOnDesktop::wrongGeometryIsRefused_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("no numbers") << QStringList{"--geometry", "big"};
+    QTest::newRow("too small, as X programs spell it") << QStringList{"-geometry", "10x10"};
+}
+
+void tst_ProgramOnDesktop::wrongGeometryIsRefused()
+{
+    QFETCH(QStringList, arguments);
+    const QTemporaryDir profile;
+    QProcess program;
+    program.start(QStringLiteral(FXHOST_FILE), QStringList{"--profile", profile.path()} + arguments);
+    QVERIFY(program.waitForFinished());
+    QCOMPARE(program.exitCode(), 2);
+}
 
 void tst_ProgramOnDesktop::drawingIsOpenedThroughThePopup()
 {
@@ -115,7 +154,7 @@ void tst_ProgramOnDesktop::fileMenuOpensThePopup()
     RunningProgram program(drawings);
     QVERIFY(program.start({newDrawing}));
     Hand::key(QStringLiteral("alt+f"));
-    // From the end: Exit, and in front of it the browser's entry.
+    // From the end: Exit, and before its separator the browser's entry.
     Hand::key(QStringLiteral("Up"));
     Hand::key(QStringLiteral("Up"));
     Hand::keepScreenshot(QStringLiteral("program-with-file-menu"));

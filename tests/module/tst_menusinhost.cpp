@@ -20,6 +20,7 @@ namespace {
 
 const char newEntry[] = R"({ "identifier": "MI_New", "label": "&New", "command": "ID_New" })";
 const char openEntry[] = R"({ "identifier": "MI_Open", "label": "&Open", "command": "ID_New" })";
+const char separator[] = R"({ "separator": true })";
 const char quitEntry[] = R"({ "identifier": "MI_Quit", "label": "E&xit", "command": "ID_New" })";
 const char otherKey[] =
     R"({ "identifier": "ACC_Other", "label": "Other", "key": "%1", "command": "ID_New" })";
@@ -44,7 +45,7 @@ QString group(const char *name, const QStringList &entries, const QString &accel
 QByteArray menus(const QStringList &entries, const QString &accelerators = QString())
 {
     return QStringLiteral(R"({ "groups": [ { "name": "EXTENSION" }, %1 ], "startUp": %2 })")
-        .arg(group("MAIN", entries, accelerators), group("START", {newEntry, quitEntry}))
+        .arg(group("MAIN", entries, accelerators), group("START", {newEntry, separator, quitEntry}))
         .toUtf8();
 }
 
@@ -110,7 +111,7 @@ void setShortCutKey()
 }
 
 const QString entry = QStringLiteral("PMI_RECENT_DOCUMENT_BROWSER");
-const QStringList threeEntries = {newEntry, openEntry, quitEntry};
+const QStringList fourEntries = {newEntry, openEntry, separator, quitEntry};
 
 } // namespace
 
@@ -120,7 +121,7 @@ class tst_MenusInHost : public TestCase
     Q_OBJECT
 
 private slots:
-    void theEntryStandsInFrontOfTheLastInBothFileMenus();
+    void theEntryStandsBeforeTheWayOutInBothFileMenus();
     void manyDocumentsMeanOneEntry();
     void theFirstRecentDocumentBringsTheEntry();
     void aShortFileMenuStaysAsItIs_data();
@@ -139,14 +140,14 @@ private slots:
     void everythingStandsAfterTheModule();
 };
 
-void tst_MenusInHost::theEntryStandsInFrontOfTheLastInBothFileMenus()
+void tst_MenusInHost::theEntryStandsBeforeTheWayOutInBothFileMenus()
 {
-    HostWithMenus host(menus(threeEntries));
+    HostWithMenus host(menus(fourEntries));
     host.setRecent();
     const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);
     host.showMainWindow();
-    QCOMPARE(childrenOf(host.file()), QStringList({"MI_New", "MI_Open", entry, "MI_Quit"}));
-    QCOMPARE(childrenOf(host.startUpFile()), QStringList({"MI_New", entry, "MI_Quit"}));
+    QCOMPARE(childrenOf(host.file()), QStringList({"MI_New", "MI_Open", entry, "", "MI_Quit"}));
+    QCOMPARE(childrenOf(host.startUpFile()), QStringList({"MI_New", entry, "", "MI_Quit"}));
     QCOMPARE(refreshed.size(), 1);
     const CFxUIMenuItem *made = host.file().GetChild(2);
     QCOMPARE(QString(made->GetLabel()), QStringLiteral("Preview Recent Documents..."));
@@ -163,34 +164,34 @@ void tst_MenusInHost::theEntryStandsInFrontOfTheLastInBothFileMenus()
 
 void tst_MenusInHost::manyDocumentsMeanOneEntry()
 {
-    HostWithMenus host(menus(threeEntries));
+    HostWithMenus host(menus(fourEntries));
     host.setRecent();
     host.showMainWindow();
     const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);
     for (int i = 0; i < 3; ++i)
         host.running.host.documents().newDocument();
     QCOMPARE(refreshed.size(), 3);
-    QCOMPARE(childrenOf(host.file()), QStringList({"MI_New", "MI_Open", entry, "MI_Quit"}));
-    QCOMPARE(childrenOf(host.startUpFile()), QStringList({"MI_New", entry, "MI_Quit"}));
+    QCOMPARE(childrenOf(host.file()), QStringList({"MI_New", "MI_Open", entry, "", "MI_Quit"}));
+    QCOMPARE(childrenOf(host.startUpFile()), QStringList({"MI_New", entry, "", "MI_Quit"}));
     QCOMPARE(definitionsIn(host.primary()), 1);
     QCOMPARE(definitionsIn(*host.customization().GetStartUpGroup()), 1);
 }
 
 void tst_MenusInHost::theFirstRecentDocumentBringsTheEntry()
 {
-    HostWithMenus host(menus(threeEntries));
+    HostWithMenus host(menus(fourEntries));
     host.showMainWindow();
-    QCOMPARE(childrenOf(host.file()), QStringList({"MI_New", "MI_Open", "MI_Quit"}));
+    QCOMPARE(childrenOf(host.file()), QStringList({"MI_New", "MI_Open", "", "MI_Quit"}));
     QCOMPARE(definitionsIn(host.primary()), 1);
     QCOMPARE(definitionsIn(*host.customization().GetStartUpGroup()), 1);
     host.running.host.documents().newDocument(); // has no path, so it is not among the recent ones
-    QCOMPARE(childrenOf(host.file()), QStringList({"MI_New", "MI_Open", "MI_Quit"}));
+    QCOMPARE(childrenOf(host.file()), QStringList({"MI_New", "MI_Open", "", "MI_Quit"}));
 
     const QString path = host.running.makeDrawing(QStringLiteral("first.dwg"));
     host.running.host.commands().runLine(QStringLiteral("_OPEN ") + path);
     QCOMPARE(host.running.host.recentFiles().paths(), QStringList(path));
-    QCOMPARE(childrenOf(host.file()), QStringList({"MI_New", "MI_Open", entry, "MI_Quit"}));
-    QCOMPARE(childrenOf(host.startUpFile()), QStringList({"MI_New", entry, "MI_Quit"}));
+    QCOMPARE(childrenOf(host.file()), QStringList({"MI_New", "MI_Open", entry, "", "MI_Quit"}));
+    QCOMPARE(childrenOf(host.startUpFile()), QStringList({"MI_New", entry, "", "MI_Quit"}));
     QCOMPARE(definitionsIn(host.primary()), 1);
 }
 
@@ -201,7 +202,7 @@ void tst_MenusInHost::aShortFileMenuStaysAsItIs_data()
     QTest::newRow("no entry") << QStringList() << QStringList();
     QTest::newRow("one entry") << QStringList(quitEntry) << QStringList("MI_Quit");
     QTest::newRow("two entries") << QStringList({newEntry, quitEntry})
-                                 << QStringList({"MI_New", entry, "MI_Quit"});
+                                 << QStringList({entry, "MI_New", "MI_Quit"});
 }
 
 void tst_MenusInHost::aShortFileMenuStaysAsItIs()
@@ -213,14 +214,14 @@ void tst_MenusInHost::aShortFileMenuStaysAsItIs()
     host.showMainWindow();
     QCOMPARE(childrenOf(host.file()), children);
     QCOMPARE(definitionsIn(host.primary()), 1);
-    QCOMPARE(childrenOf(host.startUpFile()), QStringList({"MI_New", entry, "MI_Quit"})); // as ever
+    QCOMPARE(childrenOf(host.startUpFile()), QStringList({"MI_New", entry, "", "MI_Quit"})); // as ever
     host.running.host.documents().newDocument();
     QCOMPARE(childrenOf(host.file()), children);
 }
 
 void tst_MenusInHost::theEntrysMacroOpensThePopup()
 {
-    HostWithMenus host(menus(threeEntries));
+    HostWithMenus host(menus(fourEntries));
     host.setRecent();
     host.showMainWindow();
     host.running.host.documents().newDocument();
@@ -231,7 +232,7 @@ void tst_MenusInHost::theEntrysMacroOpensThePopup()
 
 void tst_MenusInHost::theEntryInAMenuBarOpensThePopup()
 {
-    HostWithMenus host(menus(threeEntries, waitingKey));
+    HostWithMenus host(menus(fourEntries, waitingKey));
     fxhost::MenuBuilder builder(host.running.host, host.window.menuBar());
     builder.setGroup(&host.primary());
     QVERIFY(!host.window.findChild<QAction *>(entry));
@@ -261,7 +262,7 @@ void tst_MenusInHost::aHostWithoutMenusIsLeftAlone()
 
 void tst_MenusInHost::theKeyIsAddedOnRequest()
 {
-    HostWithMenus host(menus(threeEntries, QString::fromLatin1(otherKey).arg(QStringLiteral("Ctrl+F4"))));
+    HostWithMenus host(menus(fourEntries, QString::fromLatin1(otherKey).arg(QStringLiteral("Ctrl+F4"))));
     host.setRecent();
     host.showMainWindow();
     QCOMPARE(keysOf(host.primary()), QStringList(QStringLiteral("Ctrl+F4 ID_New"))); // not by itself
@@ -279,7 +280,7 @@ void tst_MenusInHost::theKeyIsAddedOnRequest()
 
 void tst_MenusInHost::theKeyOpensThePopup()
 {
-    HostWithMenus host(menus(threeEntries));
+    HostWithMenus host(menus(fourEntries));
     fxhost::MenuBuilder builder(host.running.host, host.window.menuBar());
     builder.setGroup(&host.primary());
     host.setRecent();
@@ -305,7 +306,7 @@ void tst_MenusInHost::aTakenKeyIsLeftAlone()
 {
     QFETCH(QString, accelerator);
     QFETCH(QString, key);
-    HostWithMenus host(menus(threeEntries, accelerator));
+    HostWithMenus host(menus(fourEntries, accelerator));
     host.setRecent();
     host.showMainWindow();
     setShortCutKey();
@@ -315,7 +316,7 @@ void tst_MenusInHost::aTakenKeyIsLeftAlone()
 
 void tst_MenusInHost::withoutTheDefinitionTheKeyIsNotAdded()
 {
-    HostWithMenus host(menus(threeEntries));
+    HostWithMenus host(menus(fourEntries));
     host.setRecent();
     setShortCutKey(); // the main window is still to come
     QCOMPARE(keysOf(host.primary()), QStringList());
@@ -326,14 +327,14 @@ void tst_MenusInHost::withoutTheDefinitionTheKeyIsNotAdded()
 
 void tst_MenusInHost::everythingStandsAfterTheMainWindow()
 {
-    HostWithMenus host(menus(threeEntries));
+    HostWithMenus host(menus(fourEntries));
     host.setRecent();
     host.showMainWindow();
     setShortCutKey();
     const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);
     host.running.host.setMainWindow(nullptr);
-    QCOMPARE(childrenOf(host.file()), QStringList({"MI_New", "MI_Open", entry, "MI_Quit"}));
-    QCOMPARE(childrenOf(host.startUpFile()), QStringList({"MI_New", entry, "MI_Quit"}));
+    QCOMPARE(childrenOf(host.file()), QStringList({"MI_New", "MI_Open", entry, "", "MI_Quit"}));
+    QCOMPARE(childrenOf(host.startUpFile()), QStringList({"MI_New", entry, "", "MI_Quit"}));
     QCOMPARE(definitionsIn(host.primary()), 1);
     QCOMPARE(keysOf(host.primary()), QStringList(QStringLiteral("F4 ID_RECENT_FILES")));
     QCOMPARE(refreshed.size(), 0);
@@ -341,14 +342,14 @@ void tst_MenusInHost::everythingStandsAfterTheMainWindow()
 
 void tst_MenusInHost::everythingStandsAfterTheModule()
 {
-    HostWithMenus host(menus(threeEntries));
+    HostWithMenus host(menus(fourEntries));
     host.setRecent();
     host.showMainWindow();
     setShortCutKey();
     host.running.host.setMainWindow(nullptr);
     QVERIFY(host.running.host.modules().unload(QStringLiteral(MODULE_FILE)));
     QVERIFY(!dlopen(MODULE_FILE, RTLD_NOW | RTLD_NOLOAD)); // nothing of it may be needed any more
-    QCOMPARE(childrenOf(host.file()), QStringList({"MI_New", "MI_Open", entry, "MI_Quit"}));
+    QCOMPARE(childrenOf(host.file()), QStringList({"MI_New", "MI_Open", entry, "", "MI_Quit"}));
     QCOMPARE(QString(host.file().GetChild(2)->GetLabel()), QStringLiteral("Preview Recent Documents..."));
     QCOMPARE(QString(host.file().GetChild(2)->GetCommand()->GetMacro()), QStringLiteral("^C^C_RECENT"));
     QCOMPARE(keysOf(host.primary()), QStringList(QStringLiteral("F4 ID_RECENT_FILES")));

@@ -87,7 +87,9 @@ bool RunningProgram::start(const QStringList &script, const QStringList &around)
     command << QStringLiteral(FXHOST_FILE) << QStringLiteral("--profile")
             << m_folder.filePath(QStringLiteral("profile")) << QStringLiteral("--script") << file.fileName()
             << QStringLiteral("--log") << m_folder.filePath(QStringLiteral("log"))
-            << QStringLiteral("--geometry") << geometry << QStringLiteral("--no-document");
+            << QStringLiteral("--no-document");
+    if (!geometry.isEmpty())
+        command << QStringLiteral("--geometry") << geometry;
     const QString program = command.takeFirst();
     m_process.setProcessChannelMode(QProcess::ForwardedChannels);
     m_process.start(program, command);

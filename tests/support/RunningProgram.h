@@ -18,7 +18,7 @@ public:
     explicit RunningProgram(int samples);
     ~RunningProgram();
 
-    //! The main window's size and place, as the program takes them.
+    //! The main window's size and place, as the program takes them; empty: as they were left.
     QString geometry = QStringLiteral("1300x900+60+60");
     //! Runs the program on a profile of its own.
     //! \param script commands, a line each, run once the drawings are listed

@@ -11,6 +11,7 @@
 #include <cstring>
 #include <ctime>
 
+#include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <pthread.h>
@@ -110,6 +111,19 @@ STUCK_CALL open64(const char *path, int flags, ...)
     MODE_OF(flags, flags, mode);
     waitWhileStuck(path);
     return next(&open64, "open64")(path, flags, mode);
+}
+
+[[gnu::visibility("default")]] DIR *opendir(const char *path)
+{
+    waitWhileStuck(path);
+    return next(&opendir, "opendir")(path);
+}
+
+STUCK_CALL openat(int folder, const char *path, int flags, ...)
+{
+    MODE_OF(flags, flags, mode);
+    waitWhileStuck(path);
+    return next(&openat, "openat")(folder, path, flags, mode);
 }
 
 STUCK_CALL pthread_create(pthread_t *thread, const pthread_attr_t *attributes, void *(*start)(void *),

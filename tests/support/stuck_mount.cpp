@@ -10,6 +10,7 @@
 #include <ctime>
 #include <string>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <fuse3/fuse.h>
 #include <fuse3/fuse_lowlevel.h>
@@ -71,6 +72,22 @@ int closeFile(const char * /*path*/, fuse_file_info *file)
     return failure(::close(static_cast<int>(file->fh)));
 }
 
+int listFolder(const char *path, void *buffer, fuse_fill_dir_t fill, off_t /*offset*/,
+               fuse_file_info * /*folder*/, fuse_readdir_flags /*flags*/)
+{
+    DIR *const folder = ::opendir(waited(path).c_str());
+    if (!folder)
+        return -errno;
+    while (const dirent *entry =
+               ::readdir(folder)) { // NOLINT(concurrency-mt-unsafe): of this thread's own folder
+        struct stat kind = {};
+        kind.st_mode = DTTOIF(entry->d_type);
+        fill(buffer, entry->d_name, &kind, 0, {});
+    }
+    ::closedir(folder);
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -88,6 +105,7 @@ int main(int argc, char *argv[])
     operations.open = openFile;
     operations.read = readFile;
     operations.release = closeFile;
+    operations.readdir = listFolder;
     std::string foreground = "-f";
     char *arguments[] = {argv[0], foreground.data(), argv[3], nullptr};
     return fuse_main(3, arguments, &operations, nullptr);

@@ -4,6 +4,7 @@
 #include "host/runtime/Strings.h"
 #include "host/runtime/commands/CommandContext.h"
 #include "host/runtime/commands/CommandStack.h"
+#include "host/runtime/commands/NearestName.h"
 #include "host/runtime/editor/Editor.h"
 #include "host/runtime/log/HostLog.h"
 
@@ -120,7 +121,9 @@ void CommandRunner::runNow(CommandRun &run)
     if (!command) {
         run.m_state = CommandRun::State::Unknown;
         m_log.unknownCommand(run.name());
-        m_report(tr("There is no command \"%1\".").arg(run.name()));
+        const QString meant = nearestName(run.name(), m_commands.names());
+        const QString report = tr("There is no command \"%1\".").arg(run.name());
+        m_report(meant.isEmpty() ? report : report + QLatin1Char(' ') + tr("Did you mean %1?").arg(meant));
         return;
     }
     const OdString globalName = command->globalName();

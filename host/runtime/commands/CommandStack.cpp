@@ -71,4 +71,19 @@ OdEdCommand *CommandStack::lookupCommand(const OdString &name, int flags, const 
     return nullptr;
 }
 
+QStringList CommandStack::names() const
+{
+    QStringList names;
+    for (const OdEdCommand *command : m_commands) {
+        try {
+            names.append(fromOdString(command->globalName()));
+        } catch (...) { // a module's, which is not to be named then
+            continue;
+        }
+    }
+    names.removeDuplicates();
+    names.sort();
+    return names;
+}
+
 } // namespace fxhost

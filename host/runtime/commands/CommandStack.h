@@ -6,6 +6,8 @@
 
 #include <OdEdCommandStack.h>
 
+#include <QStringList>
+
 #include <vector>
 
 namespace fxhost {
@@ -24,6 +26,8 @@ public:
     OdEdCommand *lookupCommand(const OdString &name, int flags, const OdString &group) const override;
 
     const std::vector<OdEdCommand *> &commands() const { return m_commands; }
+    //! The global names of the commands that can tell theirs, each once, in order of the alphabet.
+    QStringList names() const;
 
 private:
     std::vector<OdEdCommand *> m_commands;

@@ -5,6 +5,7 @@
 #include "host/runtime/Paths.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/commands/CommandSet.h"
+#include "host/runtime/commands/TypedPath.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/modules/ModuleManager.h"
 #include "host/runtime/recent/RecentFiles.h"
@@ -38,7 +39,7 @@ public:
 
     int open(const CFxCommandContext &context) const
     {
-        QString path = context.argument();
+        QString path = typedPath(context.argument(), m_host.fileProbe());
         if (path.isEmpty()) {
             if (!m_host.pathChooser())
                 return fail(tr("The command needs the path of a drawing."));
@@ -104,7 +105,7 @@ public:
     {
         if (context.argument().isEmpty())
             return fail(tr("The command needs the path of a drawing."));
-        m_host.recentFiles().add(absolutePath(context.argument()));
+        m_host.recentFiles().add(absolutePath(typedPath(context.argument(), m_host.fileProbe())));
         return CFxCommand::normalCompletion;
     }
 
@@ -112,7 +113,8 @@ public:
     {
         if (context.argument().isEmpty())
             return fail(tr("The command needs the path of a module."));
-        return m_host.modules().load(context.argument()) ? CFxCommand::normalCompletion : CFxCommand::failed;
+        const QString path = typedPath(context.argument(), m_host.fileProbe());
+        return m_host.modules().load(path) ? CFxCommand::normalCompletion : CFxCommand::failed;
     }
 
     int moduleUnload(const CFxCommandContext &context) const

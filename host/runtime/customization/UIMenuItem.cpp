@@ -33,7 +33,7 @@ bool UIMenuItem::InsertChild(int reference, CFxUIMenuItem *item)
 {
     if (!at(m_children, reference) || !item || item == this || contains(m_children, item))
         return false;
-    m_children.insert(m_children.begin() + reference + 1, std::unique_ptr<CFxUIMenuItem>(item));
+    m_children.insert(m_children.begin() + reference, std::unique_ptr<CFxUIMenuItem>(item));
     return true;
 }
 

@@ -12,6 +12,7 @@
 #include <array>
 #include <condition_variable>
 #include <cstdlib>
+#include <filesystem>
 #include <mutex>
 #include <queue>
 #include <string>
@@ -26,11 +27,18 @@
 
 namespace {
 
-//! Does what reading a drawing will do: a status alone may come from the system's memory.
+//! Does what reading a drawing or a folder will do: a status alone may come from the system's memory.
 void lookAt(const std::string &path)
 {
     struct stat status = {};
-    if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode))
+    if (::stat(path.c_str(), &status) != 0)
+        return;
+    if (S_ISDIR(status.st_mode)) {
+        std::error_code error;
+        const std::filesystem::directory_iterator first(path, error);
+        return;
+    }
+    if (!S_ISREG(status.st_mode))
         return;
     const int file = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
     if (file < 0)

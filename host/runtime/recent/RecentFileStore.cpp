@@ -211,7 +211,9 @@ QString RecentFileStore::write(const QStringList &paths) const
     for (const QString &path : paths)
         content += encoded(path) + '\n';
     QSaveFile file(m_file);
-    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
+    // flush(): what fails only as the buffer is written out, commit() would not notice.
+    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush() &&
+        file.commit())
         return {};
     return tr("The list of recent documents, %1, cannot be written: %2.").arg(m_file, file.errorString());
 }

@@ -15,6 +15,7 @@
 #include <QProcess>
 #include <QWidget>
 
+#include <csignal>
 #include <cstdio>
 
 namespace {
@@ -45,6 +46,13 @@ public:
         const QString start = QStringLiteral("start ");
         if (argument.startsWith(start))
             say(QString::number(QProcess::execute(argument.mid(start.size()), {})));
+        const QStringList words = argument.split(QLatin1Char(' '));
+        if (words.constFirst() == QLatin1String("raise")) {
+            for (const QString &signal : words.mid(1)) {
+                std::raise(signal.toInt());
+                say(QStringLiteral("raised ") + signal);
+            }
+        }
         return resultOfItsOwn;
     }
 };

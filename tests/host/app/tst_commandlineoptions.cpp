@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/CommandLineOptions.h"
+#include "host/app/StartArguments.h"
+#include "host/runtime/Paths.h"
 #include "tests/support/TestCase.h"
 
 using fxhost::CommandLineResult;
@@ -61,6 +63,64 @@ private slots:
         QCOMPARE(read({"--", "--log"}).options.drawings, QStringList("--log"));
     }
 
+    void aDrawingMayBeGivenAsAUrl_data()
+    {
+        QTest::addColumn<QString>("drawing");
+        QTest::addColumn<QString>("path");
+        QTest::newRow("a URL") << "file:///a%20b%231.dwg"
+                               << "/a b#1.dwg";
+        QTest::newRow("any byte") << "FILE:///gr%FCn.dwg" << fxhost::pathFromBytes("/gr\xfcn.dwg");
+        QTest::newRow("this computer's") << "file://localhost/a.dwg"
+                                         << "/a.dwg";
+        QTest::newRow("another computer's") << "file://server/a.dwg"
+                                            << "file://server/a.dwg";
+        QTest::newRow("a path that looks like one") << "./file:///a%20b"
+                                                    << "./file:///a%20b";
+        QTest::newRow("a name that looks like one") << "file:a%20b.dwg"
+                                                    << "file:a%20b.dwg";
+    }
+
+    void aDrawingMayBeGivenAsAUrl()
+    {
+        QFETCH(QString, drawing);
+        QFETCH(QString, path);
+        QCOMPARE(read({drawing}).options.drawings, QStringList(path));
+    }
+
+    void whatQtIsGiven_data()
+    {
+        QTest::addColumn<QByteArrayList>("environment"); // of platform, Wayland and X
+        QTest::addColumn<QByteArrayList>("arguments");
+        QTest::addColumn<QByteArrayList>("forQt");
+        const QByteArrayList x = {"", "", ":0"};
+        QTest::newRow("a geometry in one word, which Qt does not know")
+            << x << QByteArrayList{"--geometry", "big", "a.dwg"} << QByteArrayList{"--geometry=big", "a.dwg"};
+        QTest::newRow("one as X programs have it")
+            << x << QByteArrayList{"-geometry", "9x9"} << QByteArrayList{"--geometry=9x9"};
+        QTest::newRow("none") << x << QByteArrayList{"--geometry"} << QByteArrayList{"--geometry"};
+        QTest::newRow("drawings of that name")
+            << x << QByteArrayList{"--", "--geometry", "a"} << QByteArrayList{"--", "--geometry", "a"};
+        const QByteArrayList preferred = {"-platform", "xcb;wayland"};
+        QTest::newRow("Wayland and X") << QByteArrayList{"", "wayland-0", ":0"} << QByteArrayList{"a.dwg"}
+                                       << preferred + QByteArrayList{"a.dwg"};
+        QTest::newRow("Wayland and X, another choice")
+            << QByteArrayList{"wayland", "wayland-0", ":0"} << QByteArrayList() << QByteArrayList();
+        QTest::newRow("Wayland alone")
+            << QByteArrayList{"", "wayland-0", ""} << QByteArrayList() << QByteArrayList();
+    }
+
+    void whatQtIsGiven()
+    {
+        QFETCH(QByteArrayList, environment);
+        QFETCH(QByteArrayList, arguments);
+        QFETCH(QByteArrayList, forQt);
+        const QByteArrayList names = {"QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "DISPLAY"};
+        for (int i = 0; i < names.size(); ++i)
+            qputenv(names.at(i).constData(), environment.at(i));
+        QCOMPARE(fxhost::argumentsForQt(QByteArrayList{"fxhost"} + arguments),
+                 QByteArrayList{"fxhost"} + forQt);
+    }
+
     void geometryIsRead_data()
     {
         QTest::addColumn<QString>("text");
@@ -90,6 +150,7 @@ private slots:
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QString>("reason");
         QTest::newRow("an unknown option") << QStringList{"--colour"} << "colour";
+        QTest::newRow("Qt's own help") << QStringList{"--help-all"} << "help-all";
         QTest::newRow("an option without its value") << QStringList{"--log"} << "log";
         QTest::newRow("an empty profile") << QStringList{"--profile", ""} << "--profile needs a value";
         QTest::newRow("an empty module") << QStringList{"--module", ""} << "--module needs a value";
@@ -128,6 +189,7 @@ private slots:
         for (const char *option : {"--module", "--no-module", "--profile", "--script", "--log",
                                    "--no-document", "--geometry", "--help", "--version", "drawing"})
             QVERIFY2(result.text.contains(QLatin1String(option)), option);
+        QVERIFY(!result.text.contains(QLatin1String("--help-all")));
     }
 
     void versionIsTheProgramsOwn()

@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QImage>
 
+#include <csignal>
+
 //! The real program, started as a process without a display.
 class FxhostProgramTest : public TestCase
 {
@@ -217,12 +219,40 @@ private slots:
         QVERIFY2(run.output.contains(QLatin1String("Execute start fxshow\n2\n")), qPrintable(run.output));
     }
 
+    void aSignalEndsItAsQuitDoes_data()
+    {
+        QTest::addColumn<int>("signal");
+        QTest::newRow("SIGTERM") << SIGTERM;
+        QTest::newRow("SIGINT") << SIGINT;
+        QTest::newRow("SIGHUP") << SIGHUP;
+    }
+
+    void aSignalEndsItAsQuitDoes()
+    {
+        QFETCH(int, signal);
+        std::signal(signal, SIG_DFL); // what is ignored here would be ignored there
+        const ProgramHome home;
+        const QString module = QStringLiteral(PROBE_MODULE);
+        const ProgramRun run =
+            home.run({QStringLiteral("_PROBE raise %1").arg(signal), "_DELAY 3600000"}, {"--module", module});
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(run.log.constLast(), "module " + module + " unloaded");
+        QVERIFY(
+            linesOf(home.profile() + QStringLiteral("/settings.ini")).contains(QStringLiteral("[window]")));
+
+        const ProgramRun other =
+            home.run({QStringLiteral("_PROBE raise %1 %2").arg(signal).arg(SIGTERM)}, {"--module", module});
+        QCOMPARE(other.exitCode, -1); // the second one does not wait
+        QVERIFY2(other.output.endsWith(QStringLiteral("\nraised %1\n").arg(signal)),
+                 qPrintable(other.output));
+    }
+
     void aScreenshotIsAPngOfTheWholeWindow()
     {
         const ProgramHome home;
         const QString picture = home.path(QStringLiteral("picture of it"));
-        const ProgramRun run =
-            home.run({"_SCREENSHOT " + picture, "_QUIT"}, {"--no-module", "--geometry", "640x480+5+5"});
+        const ProgramRun run = home.run({"_SCREENSHOT '" + picture + "'", "_QUIT"},
+                                        {"--no-module", "--geometry", "640x480+5+5"});
         QCOMPARE(run.log, QStringList({"command _SCREENSHOT 5100", "command _QUIT 5100"}));
         const QImage image(picture, "PNG");
         QCOMPARE(image.size(), QSize(640, 480));

@@ -11,7 +11,9 @@
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QScreen>
 #include <QSignalSpy>
+#include <QStyle>
 #include <QTimer>
 
 using namespace fxhost;
@@ -128,6 +130,40 @@ private slots:
         window->setFocus();
         QTest::keyClick(window, Qt::Key_Escape);
         QCOMPARE(program.input()->text(), QString());
+    }
+
+    void tabCompletesAndTurnsToNoDrawing()
+    {
+        ShownProgram program;
+        const Document *last = program.host.documents().newDocument();
+        program.host.documents().newDocument();
+        program.host.documents().setCurrent(const_cast<Document *>(last));
+        QTest::keyClicks(program.input(), QStringLiteral("_recentl"));
+        QTest::keyClick(program.input(), Qt::Key_Tab);
+        QCOMPARE(program.input()->text(), QStringLiteral("_RECENTLIMIT "));
+        program.input()->setText(QStringLiteral("_RE 5"));
+        program.input()->setCursorPosition(3);
+        QTest::keyClick(program.input(), Qt::Key_Tab);
+        QCOMPARE(program.input()->text(), QStringLiteral("_RECENT 5")); // the rest of the line stays
+        QVERIFY(!program.history().contains(QStringLiteral("_RECENTADD")));
+        QTest::keyClick(program.input(), Qt::Key_Tab);
+        QVERIFY(program.history().endsWith(QStringLiteral("_RECENTADD  _RECENTLIMIT")));
+        QCOMPARE(program.host.documents().current(), last);
+    }
+
+    void theKeyboardLeavesTheCommandLineAndComesBack()
+    {
+        ShownProgram program;
+        program.host.documents().newDocument();
+        QMdiSubWindow *window = program.window.drawingArea().windowOf(program.host.documents().newDocument());
+        program.input()->setFocus();
+        QTest::keyClick(program.input(), Qt::Key_Backtab, Qt::ShiftModifier);
+        QVERIFY(window->isAncestorOf(QApplication::focusWidget()) || window->hasFocus());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QVERIFY(program.window.commandLine().hasInputFocus());
+        QTest::keyClick(program.input(), Qt::Key_Escape);
+        QVERIFY(!program.window.commandLine().hasInputFocus());
+        QCOMPARE(program.window.drawingArea().activeSubWindow(), window);
     }
 
     void aModifierAloneLeavesTheFocusWhereItIs()
@@ -254,21 +290,50 @@ private slots:
         QTRY_COMPARE(program.window.size(), QSize(400, 300));
     }
 
+    void thePlaceOfTheWindowIsKept_data()
+    {
+        QTest::addColumn<QRect>("left");
+        QTest::addColumn<bool>("maximized");
+        QTest::addColumn<QRect>("found");
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        const QRect room =
+            screen.adjusted(0, QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight), 0, 0);
+        const QRect place(30, 40, 555, 444);
+        const QRect larger = room.adjusted(20, 10, 80, 60);
+        QTest::newRow("as it was") << place << false << place;
+        QTest::newRow("larger than the screen") << larger << false << room;
+        QTest::newRow("maximised") << larger << true << room;
+    }
+
     void thePlaceOfTheWindowIsKept()
     {
+        QFETCH(QRect, left);
+        QFETCH(bool, maximized);
         const QTemporaryDir profile;
-        const QRect place(30, 40, 555, 444);
         {
             FxHost host(profile.path(), QString());
             MainWindow window(host);
             window.show();
-            window.setGeometry(place);
+            window.showNormal();
+            window.setGeometry(left);
+            if (maximized)
+                window.showMaximized();
             QTimer::singleShot(0, &window, &QWidget::close);
             QCOMPARE(QCoreApplication::exec(), 0);
         }
         FxHost host(profile.path(), QString());
         const MainWindow window(host);
-        QCOMPARE(window.geometry(), place);
+        QCOMPARE(window.isMaximized(), maximized);
+        QTEST(window.normalGeometry(), "found");
+    }
+
+    void theFirstStartTakesTheWholeScreen()
+    {
+        const ShownProgram program;
+        QVERIFY(program.window.isMaximized());
+        const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+        const QSize normal = program.window.normalGeometry().size();
+        QCOMPARE(normal.boundedTo(screen), normal);
     }
 
     void modulesHearOfTheEndWhileTheWindowLives()

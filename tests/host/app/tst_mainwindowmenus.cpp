@@ -59,10 +59,11 @@ private slots:
             QVERIFY(group);
             const CFxUIMenuItem *menu = fileMenu(group);
             QVERIFY(menu);
-            // Modules count from the end: the entry goes behind the last but one, in front of Exit.
-            QVERIFY(menu->GetChildCount() >= 2);
-            QCOMPARE(QString(menu->GetChild(menu->GetChildCount() - 1)->GetIdentifier()),
-                     QStringLiteral("MI_Quit"));
+            // Modules count from the end: the entry goes before the last but one, the separator of Exit.
+            QStringList last;
+            for (int fromEnd = 3; fromEnd > 0; --fromEnd)
+                last << menu->GetChild(menu->GetChildCount() - fromEnd)->GetIdentifier();
+            QCOMPARE(last, QStringList({"ID_RECENT_FILES_MENU", "", "MI_Quit"}));
         }
     }
 
@@ -108,11 +109,11 @@ private slots:
         customization.Refresh();
 
         const QList<QAction *> entries = program.window.menuBar()->actions().constFirst()->menu()->actions();
-        const QList<QAction *> last = entries.mid(entries.size() - 3);
+        const QList<QAction *> last = entries.mid(entries.size() - 4);
         QStringList lastEntries;
         for (const QAction *action : last)
             lastEntries << action->text();
-        QCOMPARE(lastEntries, QStringList({"&Recent Drawings", "Preview...\tF4", "E&xit\tCtrl+Q"}));
+        QCOMPARE(lastEntries, QStringList({"&Recent Drawings", "Preview...\tF4", "", "E&xit\tCtrl+Q"}));
 
         const QSignalSpy started(&program.host.commands(), &CommandRunner::commandStarted);
         QTest::keyClick(program.input(), Qt::Key_F4);

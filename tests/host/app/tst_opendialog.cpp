@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "host/app/EndSignals.h"
 #include "host/runtime/HostSettings.h"
 #include "tests/host/app/ShownProgram.h"
 #include "tests/support/SpecialFiles.h"
@@ -9,6 +10,7 @@
 #include <QSettings>
 #include <QTimer>
 
+#include <csignal>
 #include <functional>
 
 using namespace fxhost;
@@ -24,6 +26,7 @@ private slots:
     void itStartsWhereADrawingWasChosenLast();
     void whoChangesHisMindOpensNothing();
     void itGoesWithItsWindow();
+    void aSignalEndsTheProgramAllTheSame();
     void aFolderThatDoesNotAnswerHoldsUpNobody_data();
     void aFolderThatDoesNotAnswerHoldsUpNobody();
 
@@ -110,6 +113,16 @@ void tst_OpenDialog::itGoesWithItsWindow()
     });
     QCOMPARE(program.host.pathChooser()(), QString());
     QVERIFY(!window && !shown);
+}
+
+void tst_OpenDialog::aSignalEndsTheProgramAllTheSame()
+{
+    ShownProgram program;
+    const EndSignals ending;
+    connect(&ending, &EndSignals::endRequested, &program.window, &QWidget::close);
+    QTimer::singleShot(0, &program.window, [&] { ask(program, [](QFileDialog *) { std::raise(SIGTERM); }); });
+    QCOMPARE(QCoreApplication::exec(), 0);
+    QVERIFY(!program.window.isVisible());
 }
 
 void tst_OpenDialog::aFolderThatDoesNotAnswerHoldsUpNobody_data()

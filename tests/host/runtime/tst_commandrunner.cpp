@@ -183,6 +183,35 @@ private slots:
         QVERIFY(commands.runner.isIdle());
     }
 
+    void theNearestCommandIsNamed_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("meant");
+        QTest::newRow("a letter too few") << "_RECNTADD"
+                                          << "_RECENTADD";
+        QTest::newRow("a letter too many") << "eccho"
+                                           << "_ECHO";
+        QTest::newRow("two in the wrong order") << "OEPN"
+                                                << "_OPEN";
+        QTest::newRow("the nearest of several") << "throwit"
+                                                << "_THROW";
+        QTest::newRow("another word") << "SCRIBBLE"
+                                      << "";
+        QTest::newRow("a letter") << "X"
+                                  << "";
+    }
+
+    void theNearestCommandIsNamed()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, meant);
+        Commands commands;
+        commands.runner.runLine(typed);
+        const QString told = QStringLiteral("There is no command \"%1\".").arg(typed);
+        QCOMPARE(commands.messages,
+                 QStringList(meant.isEmpty() ? told : told + QStringLiteral(" Did you mean %1?").arg(meant)));
+    }
+
     void aNullCharacterMakesAnotherName()
     {
         Commands commands;

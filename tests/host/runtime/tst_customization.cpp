@@ -136,7 +136,7 @@ private slots:
         QCOMPARE(item->GetChildCount(), 0);
     }
 
-    void anEntryGoesBehindTheReference_data()
+    void anEntryGoesBeforeTheReference_data()
     {
         QTest::addColumn<int>("reference");
         QTest::addColumn<QStringList>("children");
@@ -146,14 +146,14 @@ private slots:
             children.insert(position, QStringLiteral("NEW"));
             return children;
         };
-        QTest::newRow("the first") << 0 << with(1);
-        QTest::newRow("the second from the end") << 1 << with(2);
-        QTest::newRow("the last") << 2 << with(3);
+        QTest::newRow("the first") << 0 << with(0);
+        QTest::newRow("the second from the end") << 1 << with(1);
+        QTest::newRow("the last") << 2 << with(2);
         QTest::newRow("one too far") << 3 << before;
         QTest::newRow("negative") << -1 << before;
     }
 
-    void anEntryGoesBehindTheReference()
+    void anEntryGoesBeforeTheReference()
     {
         QFETCH(int, reference);
         QFETCH(QStringList, children);

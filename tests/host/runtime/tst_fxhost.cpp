@@ -6,6 +6,7 @@
 #include "host/runtime/editor/Editor.h"
 #include "host/runtime/recent/RecentFileStore.h"
 #include "host/runtime/recent/RecentFiles.h"
+#include "tests/support/FullDisk.h"
 #include "tests/support/RunningHost.h"
 #include "tests/support/TestCase.h"
 
@@ -276,6 +277,31 @@ private slots:
         QCOMPARE(FxHost(profile.directory, QString()).recentFiles().maximum(), 10);
     }
 
+    void aFullDiskLeavesTheSettingsAsTheyWere()
+    {
+        const Profile profile;
+        const auto content = [&] {
+            QFile file(profile.file("settings.ini"));
+            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+        };
+        {
+            FxHost host(profile.directory, QString());
+            QStringList messages;
+            Profile::connect(host, messages);
+            host.settings().setLastDirectory(QString(1000, QLatin1Char('d')));
+            const QByteArray before = content();
+            {
+                const FullDisk disk(512); // bytes: Qt's lock file has room, so that it comes to the writing
+                host.recentFiles().setMaximum(20);
+                host.settings().setWindowGeometry("g");
+            }
+            QCOMPARE(content(), before);
+            QCOMPARE(messages.size(), 1);
+            QVERIFY2(messages.first().contains(profile.file("settings.ini")), qPrintable(messages.first()));
+        }
+        QCOMPARE(FxHost(profile.directory, QString()).recentFiles().maximum(), 20); // written in the end
+    }
+
     void aProfileThatCannotBeMadeIsTold()
     {
         const Profile profile;
@@ -301,7 +327,7 @@ private slots:
         for (int i = 0; i < 30; ++i)
             paths.append(QStringLiteral("/theirs %1.dwg").arg(i));
         {
-            fxhost::HostSettings settings(profile.directory);
+            fxhost::HostSettings settings(profile.directory, [](const QString &) {});
             settings.setRecentMaximum(50);
         }
         fxhost::RecentFileStore(profile.file("recent.txt")).update({}, [&](const QStringList &) {

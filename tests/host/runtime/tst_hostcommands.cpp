@@ -34,6 +34,47 @@ private slots:
                  QStringList({QStringLiteral("open %1 ok").arg(path), QStringLiteral("command _OPEN 5100")}));
     }
 
+    void aPathIsReadAsAUserTypesIt_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("in quotes") << "\"a b.dwg\""
+                                   << "a b.dwg";
+        QTest::newRow("in other quotes") << "'a b.dwg'"
+                                         << "a b.dwg";
+        QTest::newRow("below the home folder") << "~/a b.dwg"
+                                               << "a b.dwg";
+        QTest::newRow("both") << "\"~/a b.dwg\""
+                              << "a b.dwg";
+        QTest::newRow("quotes that are the name's") << "\"c.dwg\""
+                                                    << "\"c.dwg\"";
+        QTest::newRow("a folder of that name") << "~/c.dwg"
+                                               << "~/c.dwg";
+        QTest::newRow("quotes within") << "d\"e\".dwg"
+                                       << "d\"e\".dwg";
+    }
+
+    void aPathIsReadAsAUserTypesIt()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, name);
+        RunningHost running;
+        const QString folder = running.path(QString());
+        qputenv("HOME", QFile::encodeName(folder));
+        QVERIFY(QDir(folder).mkdir(QStringLiteral("~")));
+        for (const char *file : {"a b.dwg", "c.dwg", "\"c.dwg\"", "~/c.dwg", "d\"e\".dwg"})
+            running.makeDrawing(QString::fromLatin1(file));
+        const QString usual = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(folder));
+        running.host.commands().runLine(QStringLiteral("_OPEN ") + typed);
+        running.host.commands().runLine(QStringLiteral("_RECENTADD /other.dwg"));
+        running.host.commands().runLine(QStringLiteral("_RECENTADD ") + typed);
+        QDir::setCurrent(usual);
+        QVERIFY2(running.host.documents().current(), qPrintable(running.messages.join(QLatin1Char(' '))));
+        QCOMPARE(QDir(folder).relativeFilePath(running.host.documents().current()->path()), name);
+        QCOMPARE(QDir(folder).relativeFilePath(running.host.recentFiles().paths().constFirst()), name);
+    }
+
     void openFailsWithOneMessage()
     {
         RunningHost running;
@@ -135,7 +176,7 @@ private slots:
         const QString path = modulePath("companion");
         takeCalls();
         running.host.commands().runMacro(
-            QStringLiteral("MODULELOAD %1;COMPANION;MODULEUNLOAD companion_module;COMPANION").arg(path));
+            QStringLiteral("MODULELOAD \"%1\";COMPANION;MODULEUNLOAD companion_module;COMPANION").arg(path));
         QCOMPARE(
             running.logged(),
             QStringList(

@@ -159,7 +159,7 @@ private slots:
         const QAction *const shown = window.action("PMI_BROWSE");
         QVERIFY(shown->isEnabled());
         QCOMPARE(shown->statusTip(), QStringLiteral("Sets the limit."));
-        QCOMPARE(window.menu("ID_MnFile")->actions().indexOf(const_cast<QAction *>(shown)), 3);
+        QCOMPARE(window.menu("ID_MnFile")->actions().indexOf(const_cast<QAction *>(shown)), 2);
     }
 
     void anEntryWithoutADefinitionCannotBeChosen()

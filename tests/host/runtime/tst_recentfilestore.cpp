@@ -2,6 +2,7 @@
 #include "host/runtime/recent/RecentFileStore.h"
 
 #include "host/runtime/Paths.h"
+#include "tests/support/FullDisk.h"
 #include "tests/support/TestCase.h"
 
 #include <QDir>
@@ -275,10 +276,21 @@ private slots:
         QVERIFY2(problem.contains(nowhere), qPrintable(problem));
     }
 
+    void theFormerListSurvivesAFailedWrite_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("room"); // bytes
+        QTest::newRow("no file can be beside it") << longestName << INT_MAX;
+        QTest::newRow("the disk is full") << "recent.txt" << 30;
+    }
+
     void theFormerListSurvivesAFailedWrite()
     {
-        const ListFile list(longestName);
+        QFETCH(QString, name);
+        QFETCH(int, room);
+        const ListFile list(name);
         list.write("fxhost recent documents 1\n/former.dwg\n");
+        const FullDisk disk(static_cast<rlim_t>(room));
         const QString problem = save(RecentFileStore(list.path), {QStringLiteral("/new.dwg")});
         QVERIFY2(problem.contains(list.path), qPrintable(problem));
         QCOMPARE(RecentFileStore(list.path).load().paths, QStringList(QStringLiteral("/former.dwg")));

@@ -18,9 +18,9 @@
 #include <QMenuBar>
 #include <QPainter>
 #include <QProxyStyle>
-#include <QStyleOption>
 #include <QSet>
 #include <QShortcut>
+#include <QStyleOption>
 
 namespace fxhost {
 

@@ -76,8 +76,8 @@ void end()
     RecentDocumentBrowser::before = nullptr;
 
     const std::unique_ptr<const Kept> going(std::exchange(kept, nullptr));
+    Accessibility::end();
     if (QApplication::instance()) { // widgets die with the application at the latest
-        Accessibility::end();
         deleteWindows<RecentDocMainWindow>();
         deleteWindows<QBalloonTip>();
         for (const QPointer<QObject> &object : going ? going->objects : std::vector<QPointer<QObject>>())

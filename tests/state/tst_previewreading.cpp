@@ -30,6 +30,33 @@ void throwSomething(const QString &what)
     throw Unrelated();
 }
 
+//! Qt's shared pool of two threads, both of which wait.
+class FullPool
+{
+public:
+    FullPool()
+    {
+        for (int i = 0; i < threads; ++i) {
+            QThreadPool::globalInstance()->start([this] {
+                m_started.release();
+                m_end.acquire();
+            });
+        }
+        m_started.acquire(threads);
+    }
+    void letGo()
+    {
+        m_end.release(threads);
+        QThreadPool::globalInstance()->waitForDone();
+    }
+
+private:
+    static constexpr int threads = 2;
+    const PoolOf m_size{threads};
+    QSemaphore m_started;
+    QSemaphore m_end;
+};
+
 } // namespace
 
 //! How pictures are read: one, and many on several threads.
@@ -222,17 +249,7 @@ void tst_PreviewReading::severalAreReadAtOnce()
 
 void tst_PreviewReading::threadsJoinAsTheyGetFree()
 {
-    constexpr int threads = 2;
-    const PoolOf pool(threads);
-    QSemaphore started;
-    QSemaphore end;
-    for (int i = 0; i < threads; ++i) {
-        QThreadPool::globalInstance()->start([&] {
-            started.release();
-            end.acquire();
-        });
-    }
-    started.acquire(threads); // nobody but the caller begins
+    FullPool pool; // at first nobody but the caller reads
     Browser browser(6);
     const std::thread::id caller = std::this_thread::get_id();
     bool isFirst = true;
@@ -242,8 +259,7 @@ void tst_PreviewReading::threadsJoinAsTheyGetFree()
         if (std::this_thread::get_id() != caller) {
             company.release(6);
         } else if (std::exchange(isFirst, false)) {
-            end.release(threads);
-            QThreadPool::globalInstance()->waitForDone();
+            pool.letGo();
         } else {
             hasCompany = company.tryAcquire(1, patience);
         }
@@ -326,17 +342,7 @@ void tst_PreviewReading::theCallerWaitsForAllOfThem()
 
 void tst_PreviewReading::aFullPoolIsNotWaitedFor()
 {
-    constexpr int threads = 2;
-    const PoolOf pool(threads);
-    QSemaphore started;
-    QSemaphore end;
-    for (int i = 0; i < threads; ++i) {
-        QThreadPool::globalInstance()->start([&] {
-            started.release();
-            end.acquire();
-        });
-    }
-    started.acquire(threads);
+    FullPool pool;
     Browser browser(6);
     std::set<std::thread::id> readers;
     browser.host.onLoadPreview = [&](const QString &path, QImage &image) {
@@ -345,8 +351,7 @@ void tst_PreviewReading::aFullPoolIsNotWaitedFor()
         return true;
     };
     RecentDocumentBrowser::CreateRecentFileImageMap();
-    end.release(threads); // and not before
-    QThreadPool::globalInstance()->waitForDone();
+    pool.letGo(); // and not before
     QCOMPARE(readers, std::set<std::thread::id>{std::this_thread::get_id()});
     QCOMPARE(RecentDocumentBrowser::recentFileImageMap.size(), 6);
     const QStringList paths = browser.paths();

@@ -96,7 +96,6 @@ private slots:
     void theOlderPopupTakesOverWithItsFirstEvent_data();
     void theOlderPopupTakesOverWithItsFirstEvent();
     void aPinInTheOlderOfTwoReachesTheNewerAndTheMenu();
-    void pointingAtButtonsOfTheOlderPopupIsHarmless();
     void doubleClickInTheOlderPopupOpensThere();
     void theNextPopupStartsAfresh();
 };
@@ -362,21 +361,6 @@ void TestPopupLife::aPinInTheOlderOfTwoReachesTheNewerAndTheMenu()
         QCOMPARE(pinsOf(RecentDocumentBrowser::docPinButtonList), pinned);
         QCOMPARE(pinsOf(RecentDocumentBrowser::menuPinButtonList), pinned);
     }
-}
-
-void TestPopupLife::pointingAtButtonsOfTheOlderPopupIsHarmless()
-{
-    Survivor older(3);
-    QVERIFY(older.newerIsGone);
-    for (RecentDocDialog *tile : qAsConst(older.tiles)) {
-        for (const char *name : {"pinButton", "folderButton"}) {
-            send(Browser::button(tile, name), QEvent::Enter);
-            send(Browser::button(tile, name), QEvent::Leave);
-        }
-    }
-    drainEvents();
-    QVERIFY(older.popup);
-    QVERIFY(older.popup->isVisible());
 }
 
 void TestPopupLife::doubleClickInTheOlderPopupOpensThere()

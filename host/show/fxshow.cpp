@@ -59,10 +59,14 @@ bool askFileManager(const QByteArray &path)
     return QDBusConnection::sessionBus().call(request).type() == QDBusMessage::ReplyMessage;
 }
 
-//! Becomes the program that opens folders. \return only when that cannot be started
-int openFolderOf(const QByteArray &path)
+QByteArray folderOf(const QByteArray &path)
 {
-    const QByteArray folder = path.left(std::max(path.lastIndexOf('/'), 1));
+    return path.left(std::max(path.lastIndexOf('/'), 1));
+}
+
+//! Becomes the program that opens folders. \return only when that cannot be started
+int openFolder(const QByteArray &folder)
+{
     ::execlp("xdg-open", "xdg-open", folder.constData(), nullptr);
     complain("no file manager answers, and xdg-open cannot be started: " + errorText());
     return failure;
@@ -71,11 +75,12 @@ int openFolderOf(const QByteArray &path)
 int show(const QByteArray &path)
 {
     struct stat facts = {};
-    if (::lstat(path.constData(), &facts) != 0) {
+    const bool exists = ::lstat(path.constData(), &facts) == 0;
+    if (!exists && ::lstat(folderOf(path).constData(), &facts) != 0) {
         complain("cannot show " + path + ": " + errorText());
         return failure;
     }
-    return askFileManager(path) ? 0 : openFolderOf(path);
+    return exists && askFileManager(path) ? 0 : openFolder(folderOf(path)); // of a deleted file, where it was
 }
 
 } // namespace

@@ -29,8 +29,8 @@ bool readSettings(QIODevice &file, QSettings::SettingsMap &settings)
         if (line.startsWith('[') && line.endsWith(']'))
             section = line.mid(1, line.size() - 2) + '/';
         else if (sign > 0)
-            settings.insert(QString::fromUtf8(section + line.left(sign)),
-                            pathFromBytes(QByteArray::fromPercentEncoding(line.mid(sign + 1))));
+            settings.insert(QString::fromUtf8(section + line.left(sign).trimmed()),
+                            pathFromBytes(QByteArray::fromPercentEncoding(line.mid(sign + 1).trimmed())));
         else if (!line.isEmpty() && !line.startsWith(';')) // which begins a comment
             return false;
     }
@@ -39,13 +39,17 @@ bool readSettings(QIODevice &file, QSettings::SettingsMap &settings)
 
 bool writeSettings(QIODevice &file, const QSettings::SettingsMap &settings)
 {
-    QString section;
+    QByteArray section;
     for (auto setting = settings.begin(); setting != settings.end(); ++setting) {
-        const QString itsSection = setting.key().section(QLatin1Char('/'), 0, 0);
+        const QByteArray key = setting.key().toUtf8();
+        const int slash = key.indexOf('/');
+        if (slash < 0)
+            continue; // of no section, and none of ours
+        const QByteArray itsSection = key.left(slash);
         if (std::exchange(section, itsSection) != itsSection)
-            file.write('[' + itsSection.toUtf8() + "]\n");
-        file.write(setting.key().section(QLatin1Char('/'), 1).toUtf8() + '=' +
-                   pathBytes(setting.value().toString()).toPercentEncoding("/ ") + '\n');
+            file.write('[' + itsSection + "]\n");
+        file.write(key.mid(slash + 1) + '=' + pathBytes(setting.value().toString()).toPercentEncoding("/") +
+                   '\n');
     }
     // What fails only as the buffer is written out, QSettings would not notice, and leave an empty file.
     auto *const device = qobject_cast<QFileDevice *>(&file);

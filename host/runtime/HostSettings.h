@@ -21,7 +21,7 @@ class FXHOST_API HostSettings
     Q_DECLARE_TR_FUNCTIONS(fxhost::HostSettings)
 public:
     //! \param profileDir an existing directory
-    //! \param report is told once when settings cannot be written, which are left then as they were
+    //! \param report is called once when settings cannot be written, which are left then as they were
     HostSettings(const QString &profileDir, MessageSink report);
     ~HostSettings();
 

@@ -277,6 +277,20 @@ private slots:
         QCOMPARE(FxHost(profile.directory, QString()).recentFiles().maximum(), 10);
     }
 
+    void settingsMayBeEditedByHand()
+    {
+        const Profile profile;
+        profile.write("settings.ini", "; mine\nwhatever=1\n\n[recent]\n maximum = 16 \n");
+        {
+            FxHost host(profile.directory, QString());
+            QCOMPARE(host.recentFiles().maximum(), 16);
+            host.settings().setLastDirectory(QStringLiteral(" /a folder "));
+        }
+        FxHost host(profile.directory, QString());
+        QCOMPARE(host.recentFiles().maximum(), 16);
+        QCOMPARE(host.settings().lastDirectory(), QStringLiteral(" /a folder "));
+    }
+
     void aFullDiskLeavesTheSettingsAsTheyWere()
     {
         const Profile profile;

@@ -161,6 +161,8 @@ bool CommandLineWidget::handleKey(const QKeyEvent *event)
 {
     switch (event->key()) {
     case Qt::Key_Tab:
+        if (event->modifiers() != Qt::NoModifier)
+            return false; // Control and Tab go through the drawings
         complete();
         return true;
     case Qt::Key_Return:

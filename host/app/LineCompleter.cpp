@@ -97,7 +97,7 @@ Completion LineCompleter::completePath(const QString &before, const QString &typ
 }
 
 //! \param folder the working directory when empty
-//! \return the names with such a beginning, in order of the alphabet, those of folders with a slash behind
+//! \return the names with such a beginning, in order of the alphabet, those of folders with a slash after
 //! them. Hidden ones only where the beginning says so.
 QStringList LineCompleter::namesIn(const QString &folder, const QString &beginning) const
 {

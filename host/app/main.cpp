@@ -113,7 +113,7 @@ void findProgramsBeside()
 {
     const QByteArray folder = QFile::encodeName(QCoreApplication::applicationDirPath());
     const QByteArray others = qgetenv("PATH");
-    qputenv("PATH", others.isEmpty() ? folder : others + ':' + folder);
+    qputenv("PATH", (others.isEmpty() ? QByteArray("/usr/bin:/bin") : others) + ':' + folder);
 }
 
 //! Prints what there is to print instead of a start. \return the exit code
@@ -152,7 +152,7 @@ int main(int argc, char *argv[])
         arguments << argv[i];
     arguments = argumentsForQt(arguments);
     int count = arguments.size();
-    std::vector<char *> words; // Qt wants them writable, and a null behind them
+    std::vector<char *> words; // Qt wants them writable, and a null after them
     for (QByteArray &argument : arguments)
         words.push_back(argument.data());
     words.push_back(nullptr);

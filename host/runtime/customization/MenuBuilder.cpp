@@ -14,6 +14,7 @@
 #include <CFxUIGroup.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
@@ -52,6 +53,7 @@ QString shown(QString text)
 class OwnDirection : public QProxyStyle
 {
 public:
+    using QProxyStyle::QProxyStyle;
     void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                      const QWidget *widget) const override
     {
@@ -119,7 +121,7 @@ QMenu *MenuBuilder::makeMenu(QWidget *parent, const CFxUIMenuItem &item)
     menu->menuAction()->setObjectName(item.GetIdentifier());
     if (kindOf(item) == UIMenuItem::Kind::RecentFiles || kindOf(item) == UIMenuItem::Kind::Windows) {
         menu->setLayoutDirection(Qt::LeftToRight); // in which paths and file names keep their order
-        auto *style = new OwnDirection;
+        auto *style = new OwnDirection(QApplication::style()->objectName());
         style->setParent(menu);
         menu->setStyle(style);
     }

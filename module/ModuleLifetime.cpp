@@ -76,7 +76,8 @@ void end()
     RecentDocumentBrowser::before = nullptr;
 
     const std::unique_ptr<const Kept> going(std::exchange(kept, nullptr));
-    Accessibility::end();
+    if (!QCoreApplication::closingDown()) // with the application Qt forgets who describes widgets
+        Accessibility::end();
     if (QApplication::instance()) { // widgets die with the application at the latest
         deleteWindows<RecentDocMainWindow>();
         deleteWindows<QBalloonTip>();

@@ -7,7 +7,6 @@
 #include "module/ModuleLifetime.h"
 #include "module/velaCommandHelp.h"
 #include "state/BrowserLife.h"
-#include "ui/Accessibility.h"
 
 #include <QMenu>
 
@@ -48,7 +47,6 @@ velaCommandHelp *newHelpCommand()
 RecentDocumentBrowser::RecentDocumentBrowser()
 {
     m_command.AddFlags(browserCommandFlags);
-    Accessibility::begin();
 }
 
 RecentDocumentBrowser::~RecentDocumentBrowser()

@@ -11,8 +11,8 @@
 
 namespace {
 
-//! Draws its text alone. The panel that the Fusion style draws under the pointer, pressed and at rest would
-//! be black behind the black text of the button's style sheet.
+//! Draws its text alone. Its style sheet makes both the text and the Fusion style's panel black, which is
+//! there under the pointer, pressed and at rest.
 class MenuTextButton : public FolderPinButton
 {
 public:

@@ -104,7 +104,7 @@ private:
     QWidget *m_popup;
 };
 
-//! The popup: its header's labels, and behind them the list.
+//! The popup: its header's labels, and after them the list.
 class PopupInterface final : public QAccessibleWidget
 {
 public:
@@ -256,7 +256,8 @@ QAccessibleInterface *newInterface(const QString & /*className*/, QObject *objec
         return new PopupInterface(popup);
     if (auto *tile = qobject_cast<RecentDocDialog *>(object))
         return new TileInterface(tile);
-    if (auto *button = qobject_cast<FolderPinButton *>(object))
+    auto *button = qobject_cast<FolderPinButton *>(object);
+    if (button && button->objectName() != QLatin1String("menuTextButton")) // which Qt describes by its text
         return new ButtonInterface(button);
     if (auto *help = qobject_cast<HelpLabel *>(object))
         return new ButtonInterface(help);

@@ -4,6 +4,7 @@
 #include "module/HostAccess.h"
 #include "module/RecentDocumentBrowser.h"
 #include "state/BrowserLife.h"
+#include "ui/Accessibility.h"
 #include "ui/HelpLabel.h"
 #include "ui/HighlightEffect.h"
 #include "ui/RecentDocDialog.h"
@@ -30,9 +31,12 @@ constexpr int leastPosition = 1;
 
 void paintGround(QWidget *widget, const QPalette &palette)
 {
-    widget->ensurePolished(); // which switches the filling off where there is a style sheet
     widget->setAutoFillBackground(true);
     widget->setPalette(palette);
+    // A style sheet's polishing switches the filling off and paints instead. It keeps what it has found: set
+    // later, the palette would be lost when the application's style changes.
+    widget->ensurePolished();
+    widget->setAutoFillBackground(true);
 }
 
 //! How much of each row the layout may take away where it lacks room, in pixels. Tiles keep their size, so
@@ -47,6 +51,7 @@ QPointer<QLabel> RecentDocMainWindow::docPathLabel;
 // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): setupUi() makes the form's members
 RecentDocMainWindow::RecentDocMainWindow(QWidget *parent) : CFxDialog(parent, false, Qt::FramelessWindowHint)
 {
+    Accessibility::begin();
     setupUi(this);
     activateWindow();
     setAcceptDrops(true);

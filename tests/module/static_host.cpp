@@ -20,6 +20,12 @@ namespace {
 
 struct StaticHost
 {
+    StaticHost()
+    {
+        // As in a program that links against the module, whose static objects then go last.
+        if (qEnvironmentVariableIsSet("EARLY_MODULE"))
+            dlopen(qgetenv("EARLY_MODULE").constData(), RTLD_NOW);
+    }
     ~StaticHost()
     {
         if (!module) // it has said why
@@ -48,7 +54,7 @@ int main(int argc, char *argv[])
 
     void *library = dlopen(argv[1], RTLD_NOW);
     if (!library)
-        qFatal("%s", dlerror());
+        qFatal("%s cannot be loaded", argv[1]);
     const auto create = reinterpret_cast<OdrxCreateModuleObjectFn>(dlsym(library, "odrxCreateModuleObject"));
     theHost.module = create(library, L"browser");
     theHost.module->addRef();

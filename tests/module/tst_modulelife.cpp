@@ -195,9 +195,14 @@ void tst_ModuleLife::aHostMayBeAStaticObject_data()
 {
     QTest::addColumn<QString>("end");
     QTest::addColumn<bool>("hasDrawing");
+    QTest::addColumn<bool>("isEarly");
     for (const char *end : {"delete", "keep"}) {
-        QTest::addRow("%s", end) << QString::fromLatin1(end) << false;
-        QTest::addRow("%s, with a recent document", end) << QString::fromLatin1(end) << true;
+        for (const bool isEarly : {false, true}) {
+            const char *when = isEarly ? "loaded before main()" : "loaded in main()";
+            QTest::addRow("%s, %s", end, when) << QString::fromLatin1(end) << false << isEarly;
+            QTest::addRow("%s, %s, with a recent document", end, when)
+                << QString::fromLatin1(end) << true << isEarly;
+        }
     }
 }
 
@@ -205,6 +210,7 @@ void tst_ModuleLife::aHostMayBeAStaticObject()
 {
     QFETCH(QString, end);
     QFETCH(bool, hasDrawing);
+    QFETCH(bool, isEarly);
     const QTemporaryDir folder;
     QStringList arguments{moduleFile, folder.filePath(QStringLiteral("profile")), end};
     QFile drawing(folder.filePath(QStringLiteral("plan.dwg")));
@@ -214,6 +220,10 @@ void tst_ModuleLife::aHostMayBeAStaticObject()
         arguments.append(drawing.fileName());
     QProcess program;
     program.setProcessChannelMode(QProcess::ForwardedChannels);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    if (isEarly)
+        environment.insert(QStringLiteral("EARLY_MODULE"), moduleFile);
+    program.setProcessEnvironment(environment);
     program.start(QStringLiteral(STATIC_HOST), arguments);
     QVERIFY(program.waitForFinished(-1));
     QCOMPARE(program.exitStatus(), QProcess::NormalExit);

@@ -8,7 +8,7 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPointer>
-#include <QStyleFactory>
+#include <QStyle>
 
 namespace {
 
@@ -60,11 +60,15 @@ private slots:
     void aTriggerOpensNothing();
     void itsDeletionTouchesNoList();
     void itsWidgetsGoWithIt();
+
+private:
+    const QString m_style = QApplication::style()->objectName();
 };
 
 void tst_RecentFileAction::cleanup()
 {
     RecentDocumentBrowser::menuPinButtonList.clear();
+    QApplication::setStyle(m_style);
     TestCase::cleanup();
 }
 
@@ -158,8 +162,8 @@ void tst_RecentFileAction::theTextButtonShowsTheNumberedPath()
 void tst_RecentFileAction::theTextIsBlackOnTheMenusGround_data()
 {
     QTest::addColumn<QString>("style");
-    for (const QString &style : QStyleFactory::keys())
-        QTest::newRow(qPrintable(style)) << style;
+    for (const char *style : {"Fusion", "Windows"}) // which Qt always has
+        QTest::newRow(style) << QString::fromLatin1(style);
 }
 
 void tst_RecentFileAction::theTextIsBlackOnTheMenusGround()

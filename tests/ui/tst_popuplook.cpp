@@ -85,6 +85,8 @@ void TestPopupLook::namesAndRingStandOut_data()
     QTest::newRow("light, then dark") << light << dark << QString();
     QTest::newRow("dark, then light") << dark << light << QString();
     QTest::newRow("dark, then another style") << dark << dark << QStringLiteral("Windows");
+    QTest::newRow("light, then a style sheet of the application")
+        << light << light << QStringLiteral("QMenu { color: red; }");
     QTest::newRow("an application that styles all labels and dialogs") << light << light << QString();
 }
 
@@ -102,7 +104,9 @@ void TestPopupLook::namesAndRingStandOut()
     browser.createDocument();
     RecentDocMainWindow *popup = browser.openPopup();
     drainEvents();
-    if (!laterStyle.isEmpty())
+    if (laterStyle.contains(QLatin1Char('{')))
+        qApp->setStyleSheet(laterStyle);
+    else if (!laterStyle.isEmpty())
         QApplication::setStyle(laterStyle);
     QApplication::setPalette(later);
     drainEvents();
@@ -113,6 +117,12 @@ void TestPopupLook::namesAndRingStandOut()
         const QRect name(tile->title_label->mapTo(popup, QPoint()), tile->title_label->size());
         const double found = contrastWithin(image.copy(name), image.pixelColor(name.topRight()));
         QVERIFY2(found >= 4.5, qPrintable(QString::number(found)));
+    }
+    for (const QLabel *label : {popup->main_label_title, popup->main_label_path}) {
+        const QRect place = label->geometry();
+        const double found = contrastWithin(image.copy(place), image.pixelColor(place.topRight()));
+        QVERIFY2(found >= 4.5, qPrintable(QString::number(found)));
+        QVERIFY(luminance(image.pixelColor(place.topRight())) < 0.1); // the header's own ground
     }
     const int middle = highlighted->geometry().center().y();
     const QColor ring = image.pixelColor(highlighted->x() - 2, middle);

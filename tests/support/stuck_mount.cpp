@@ -81,7 +81,7 @@ int listFolder(const char *path, void *buffer, fuse_fill_dir_t fill, off_t /*off
     while (const dirent *entry =
                ::readdir(folder)) { // NOLINT(concurrency-mt-unsafe): of this thread's own folder
         struct stat kind = {};
-        kind.st_mode = DTTOIF(entry->d_type);
+        kind.st_mode = static_cast<mode_t>(DTTOIF(entry->d_type));
         fill(buffer, entry->d_name, &kind, 0, {});
     }
     ::closedir(folder);

@@ -199,7 +199,8 @@ void TestPopupGeometry::contentFits()
             popup->main_label_title->sizeHint().height() + popup->main_label_path->sizeHint().height());
     const QRect room = popup->rect().adjusted(0, header.bottom() + 1, 0, 0);
     QRect content = room.adjusted(0, 0, 0, -room.height()); // nothing yet
-    for (const RecentDocDialog *tile : browser.tiles()) {
+    const QList<RecentDocDialog *> tiles = browser.tiles();
+    for (const RecentDocDialog *tile : tiles) {
         const QRect withRing = tile->geometry().adjusted(-3, -3, 3, 3);
         QVERIFY(room.contains(withRing));
         content |= withRing;
@@ -211,7 +212,7 @@ void TestPopupGeometry::contentFits()
     // As a strip it takes no more than its header, and then is what it was.
     if (documents == 0)
         return;
-    popup->dragDialog = browser.tiles().first();
+    popup->dragDialog = tiles.first();
     QMimeData data;
     for (const bool outside : {true, false}) {
         QCursor::setPos(outside ? QPoint(5, 5) : popup->geometry().center());

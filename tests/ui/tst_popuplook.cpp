@@ -112,8 +112,9 @@ void TestPopupLook::namesAndRingStandOut()
     drainEvents();
 
     const QImage image = popup->grab().toImage();
-    RecentDocDialog *highlighted = browser.tiles().first();
-    for (const RecentDocDialog *tile : browser.tiles()) {
+    const QList<RecentDocDialog *> tiles = browser.tiles();
+    const RecentDocDialog *highlighted = tiles.first();
+    for (const RecentDocDialog *tile : tiles) {
         const QRect name(tile->title_label->mapTo(popup, QPoint()), tile->title_label->size());
         const double found = contrastWithin(image.copy(name), image.pixelColor(name.topRight()));
         QVERIFY2(found >= 4.5, qPrintable(QString::number(found)));

@@ -48,7 +48,8 @@ public:
             say(QString::number(QProcess::execute(argument.mid(start.size()), {})));
         const QStringList words = argument.split(QLatin1Char(' '));
         if (words.constFirst() == QLatin1String("raise")) {
-            for (const QString &signal : words.mid(1)) {
+            const QStringList signalsToRaise = words.mid(1);
+            for (const QString &signal : signalsToRaise) {
                 std::raise(signal.toInt());
                 say(QStringLiteral("raised ") + signal);
             }

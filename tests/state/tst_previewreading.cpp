@@ -30,33 +30,6 @@ void throwSomething(const QString &what)
     throw Unrelated();
 }
 
-//! Qt's shared pool of two threads, both of which wait.
-class FullPool
-{
-public:
-    FullPool()
-    {
-        for (int i = 0; i < threads; ++i) {
-            QThreadPool::globalInstance()->start([this] {
-                m_started.release();
-                m_end.acquire();
-            });
-        }
-        m_started.acquire(threads);
-    }
-    void letGo()
-    {
-        m_end.release(threads);
-        QThreadPool::globalInstance()->waitForDone();
-    }
-
-private:
-    static constexpr int threads = 2;
-    const PoolOf m_size{threads};
-    QSemaphore m_started;
-    QSemaphore m_end;
-};
-
 } // namespace
 
 //! How pictures are read: one, and many on several threads.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QSemaphore>
 #include <QThreadPool>
 
 //! Gives Qt's shared pool a size that does not depend on the machine. Its threads are idle to begin with.
@@ -17,4 +18,31 @@ public:
 
 private:
     int m_before;
+};
+
+//! Qt's shared pool of two threads, both of which wait.
+class FullPool
+{
+public:
+    FullPool()
+    {
+        for (int i = 0; i < threads; ++i) {
+            QThreadPool::globalInstance()->start([this] {
+                m_started.release();
+                m_end.acquire();
+            });
+        }
+        m_started.acquire(threads);
+    }
+    void letGo()
+    {
+        m_end.release(threads);
+        QThreadPool::globalInstance()->waitForDone();
+    }
+
+private:
+    static constexpr int threads = 2;
+    const PoolOf m_size{threads};
+    QSemaphore m_started;
+    QSemaphore m_end;
 };

@@ -66,7 +66,7 @@ QStringList tree(QAccessibleInterface *item, const QString &indent = {})
     for (int i = 0; i < item->childCount(); ++i) {
         QAccessibleInterface *child = item->child(i);
         if (child->parent() != item || item->indexOfChild(child) != i)
-            lines.append(QStringLiteral("is no proper child of its parent:"));
+            lines.append(QStringLiteral("is not a proper child of its parent:"));
         if (child->role() != QAccessible::StaticText && child->role() != QAccessible::Graphic)
             lines += tree(child, indent + QLatin1Char(' '));
     }

@@ -61,7 +61,7 @@ void tst_LineCompleter::lineIsCompleted_data()
     row("without the underscore", "  dela", "  DELAY ", {"DELAY"});
     row("several", "_RECENT", "_RECENT", {"_RECENTADD", "_RECENTLIMIT"});
     row("none", "_NOSUCH", "_NOSUCH", {});
-    row("what is no path", "_HELP ro", "_HELP ro", {});
+    row("what is not a path", "_HELP ro", "_HELP ro", {});
     row("a file", "_OPEN ro", "_OPEN roof.dwg", {"roof.dwg"});
     row("after any command that takes one", "screenshot  ro", "screenshot  roof.dwg", {"roof.dwg"});
     row("several files", "_OPEN p", "_OPEN \"plan ", plans);

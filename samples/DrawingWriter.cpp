@@ -97,25 +97,9 @@ QByteArray previewSection(quint32 address, const std::vector<Entry> &entries)
 
 QByteArray versionTag(Version version)
 {
-    switch (version) {
-    case Version::AC1012:
-        return "AC1012";
-    case Version::AC1014:
-        return "AC1014";
-    case Version::AC1015:
-        return "AC1015";
-    case Version::AC1018:
-        return "AC1018";
-    case Version::AC1021:
-        return "AC1021";
-    case Version::AC1024:
-        return "AC1024";
-    case Version::AC1027:
-        return "AC1027";
-    case Version::AC1032:
-        return "AC1032";
-    }
-    throw std::invalid_argument("unknown version");
+    constexpr std::array<const char *, allVersions.size()> tags{"AC1012", "AC1014", "AC1015", "AC1018",
+                                                                "AC1021", "AC1024", "AC1027", "AC1032"};
+    return tags.at(static_cast<std::size_t>(version));
 }
 
 bool carriesPng(Version version)

@@ -3,11 +3,7 @@
 
 #include "samples/DrawingWriter.h"
 
-#include <QByteArray>
 #include <QImage>
-#include <QPainter>
-#include <QRectF>
-#include <QSize>
 #include <QString>
 
 #include <vector>
@@ -17,10 +13,9 @@ namespace fxsamples {
 //! One drawing of the set.
 struct Sample
 {
-    QString fileName; //!< with its ending, without a directory
-    void (*sketch)(QPainter &, const QRectF &) = nullptr;
-    QSize size;       //!< of the preview, in pixels: sizes that real files have
-    DrawingForm form; //!< what it is stored as, unless every version is asked for
+    QStringView fileName; //!< with its ending, without a directory
+    QStringView picture;  //!< the name of an SVG file in samples/pictures, without its ending
+    DrawingForm form;     //!< what it is stored as, unless every version is asked for
 };
 
 //! A file to write, named relative to the directory of the set.
@@ -37,8 +32,8 @@ const std::vector<Sample> &sampleSet();
 //! PNG too (in a directory of its own, "AC1027 PNG") where the version can carry one.
 std::vector<SampleFile> sampleFiles(bool everyVersion);
 
-//! The preview of \p sample: Format_RGB32, sample.size. The same on every machine. Any thread; needs neither
-//! an application object nor a font.
+//! The preview of \p sample: opaque, of the size in pixels that its SVG file says. The same on every machine.
+//! Any thread; needs neither a screen nor a font. \return a null image without Qt's SVG plug-in
 QImage paintPreview(const Sample &sample);
 
 } // namespace fxsamples

@@ -43,7 +43,7 @@ QString pictureName(fxsamples::Picture picture)
 
 int main(int argc, char *argv[])
 {
-    // No screen and no font is needed, see lettering(); so this runs on a build machine as it is.
+    // No screen and no font is needed, see paintPreview(); so this runs on a build machine as it is.
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("make_samples"));
 
@@ -67,17 +67,17 @@ int main(int argc, char *argv[])
     const QDir directory(parser.positionalArguments().constFirst());
     QTextStream out(stdout);
     for (const fxsamples::SampleFile &file : fxsamples::sampleFiles(parser.isSet(everyVersion))) {
-        const fxsamples::Sample &sample = file.sample;
+        const fxsamples::DrawingForm &form = file.sample.form;
         const QString path = directory.filePath(file.path);
-        const QString error =
-            write(path, fxsamples::drawingFile(fxsamples::paintPreview(sample), sample.form));
+        const QImage picture = fxsamples::paintPreview(file.sample);
+        const QString error = picture.isNull() ? QStringLiteral("Qt's plug-in for SVG pictures is missing")
+                                               : write(path, fxsamples::drawingFile(picture, form));
         if (!error.isEmpty()) {
             err << "make_samples: " << error << '\n';
             return EXIT_FAILURE;
         }
-        out << path << ": " << QString::fromLatin1(fxsamples::versionTag(sample.form.version)) << ", "
-            << pictureName(sample.form.picture) << ", " << sample.size.width() << " x "
-            << sample.size.height() << '\n';
+        out << path << ": " << QString::fromLatin1(fxsamples::versionTag(form.version)) << ", "
+            << pictureName(form.picture) << ", " << picture.width() << " x " << picture.height() << '\n';
     }
     return EXIT_SUCCESS;
 }

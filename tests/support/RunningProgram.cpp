@@ -45,7 +45,7 @@ RunningProgram::RunningProgram(int samples)
 {
     for (const fxsamples::Sample &sample : fxsamples::sampleSet()) {
         if (m_paths.size() < samples)
-            makeDrawing(m_folder.filePath(sample.fileName),
+            makeDrawing(m_folder.filePath(sample.fileName.toString()),
                         fxsamples::drawingFile(fxsamples::paintPreview(sample), sample.form));
     }
 }

@@ -19,32 +19,23 @@ Q_DECLARE_METATYPE(fxsamples::DrawingForm)
 namespace {
 
 //! \return 0 past the end, which no field tested here may be
-template<class T>
-T field(const QByteArray &bytes, quint32 offset)
+int numberAt(const QByteArray &bytes, int offset)
 {
-    if (offset + sizeof(T) > static_cast<quint32>(bytes.size()))
-        return 0;
-    return qFromLittleEndian<T>(bytes.constData() + offset);
+    return qFromLittleEndian<int>(bytes.mid(offset, 4).leftJustified(4, '\0').constData());
+}
+
+QByteArray littleEndian(int value)
+{
+    QByteArray bytes(4, '\0');
+    qToLittleEndian(value, bytes.data());
+    return bytes;
 }
 
 //! The second entry of the preview's table: the first is the empty one.
 QByteArray pictureOf(const QByteArray &file)
 {
-    const quint32 entry = field<quint32>(file, 0x0D) + 21 + 9;
-    return file.mid(field<qint32>(file, entry + 1), field<qint32>(file, entry + 5));
-}
-
-//! Puts the bitmap's file header back and has Qt read it.
-QImage decodedBitmap(const QByteArray &bitmap)
-{
-    const quint32 palette = field<quint16>(bitmap, 14) == 8 ? 256 * 4 : 0;
-    QByteArray header("BM");
-    for (const quint32 value : {14 + static_cast<quint32>(bitmap.size()), 0U, 14 + 40 + palette}) {
-        char bytes[4];
-        qToLittleEndian(value, bytes);
-        header.append(bytes, 4);
-    }
-    return QImage::fromData(header + bitmap, "BMP").convertToFormat(QImage::Format_RGB32);
+    const int entry = numberAt(file, 0x0D) + 21 + 9;
+    return file.mid(numberAt(file, entry + 1), numberAt(file, entry + 5));
 }
 
 //! A picture of exactly \p colours colours, in uneven numbers.
@@ -108,35 +99,23 @@ void tst_DrawingWriter::everyFieldIsInItsPlace()
         QVERIFY_EXCEPTION_THROWN(drawingFile(image, form), std::invalid_argument);
         return;
     }
+
     const QByteArray file = drawingFile(image, form);
-
-    QCOMPARE(file.left(6), tag);
-    const auto address = field<quint32>(file, 0x0D);
-    const QByteArray before = file.mid(6, 7) + file.mid(17, static_cast<int>(address) - 17);
-    QCOMPARE(before, QByteArray(before.size(), '\0'));
-    QVERIFY(address >= 17);
-
-    const QByteArray begin = QByteArray::fromHex("1F256D07D43628289D57CA3F9D44102B");
-    const QByteArray end = QByteArray::fromHex("E0DA92F82BC9D7D762A835C062BBEFD4");
-    QCOMPARE(file.mid(static_cast<int>(address), 16), begin);
-    const auto overall = field<quint32>(file, address + 16);
-    QCOMPARE(file.mid(static_cast<int>(address + 20 + overall)), end); // and nothing after it
-
-    QCOMPARE(field<quint8>(file, address + 20), quint8(2));
-    const quint32 first = address + 21;
-    QCOMPARE(field<quint8>(file, first), quint8(1));
-    const auto empty = field<quint32>(file, first + 1);
-    QCOMPARE(empty, first + 2 * 9);
-    QCOMPARE(field<quint32>(file, first + 5), 80U);
-    QCOMPARE(file.mid(static_cast<int>(empty), 80), QByteArray(80, '\0'));
-    const quint32 second = first + 9;
-    QCOMPARE(field<quint8>(file, second), quint8(isPng ? 6 : 2));
-    QCOMPARE(field<quint32>(file, second + 1), empty + 80);
-    QCOMPARE(field<quint32>(file, second + 1) + field<quint32>(file, second + 5), address + 20 + overall);
+    const int address = numberAt(file, 0x0D);
+    const QByteArray picture = pictureOf(file);
+    QByteArray expected = tag + QByteArray(7, '\0') + littleEndian(address);
+    expected += QByteArray(address - expected.size(), '\0');
+    expected += QByteArray::fromHex("1F256D07D43628289D57CA3F9D44102B");
+    const int empty = address + 20 + 1 + 2 * 9;
+    expected += littleEndian(1 + 2 * 9 + 80 + picture.size()) + '\2';
+    expected += '\1' + littleEndian(empty) + littleEndian(80);
+    expected += (isPng ? '\6' : '\2') + littleEndian(empty + 80) + littleEndian(picture.size());
+    expected += QByteArray(80, '\0') + picture + QByteArray::fromHex("E0DA92F82BC9D7D762A835C062BBEFD4");
+    QCOMPARE(file, expected);
     if (isPng)
-        QVERIFY(pictureOf(file).startsWith("\x89PNG\r\n"));
+        QVERIFY(picture.startsWith("\x89PNG\r\n"));
     else
-        QCOMPARE(field<quint32>(pictureOf(file), 0), 40U);
+        QCOMPARE(numberAt(picture, 0), 40);
 }
 
 void tst_DrawingWriter::aBitmapIsAPlainOne()
@@ -145,17 +124,17 @@ void tst_DrawingWriter::aBitmapIsAPlainOne()
         for (const int width : {1, 2, 3, 4, 5, 180}) {
             const QImage picture = colourful({width, 112}, 200);
             const QByteArray bitmap = deviceIndependentBitmap(picture, bits);
-            const int rowLength = (width * bits + 31) / 32 * 4;
-            QCOMPARE(field<quint32>(bitmap, 0), 40U);
-            QCOMPARE(field<qint32>(bitmap, 4), width);
-            QCOMPARE(field<qint32>(bitmap, 8), 112); // positive: bottom-up
-            QCOMPARE(field<quint16>(bitmap, 12), quint16(1));
-            QCOMPARE(field<quint16>(bitmap, 14), quint16(bits));
-            QCOMPARE(field<quint32>(bitmap, 16), 0U); // uncompressed
-            QCOMPARE(field<quint32>(bitmap, 20), quint32(rowLength * 112));
-            QCOMPARE(field<quint32>(bitmap, 32), bits == 8 ? 256U : 0U);
-            QCOMPARE(bitmap.size(), 40 + (bits == 8 ? 1024 : 0) + rowLength * 112);
-            QCOMPARE(decodedBitmap(bitmap), picture);
+            const int pixels = (width * bits + 31) / 32 * 4 * 112; // bytes
+            const int palette = bits == 8 ? 256 : 0;
+            QCOMPARE(bitmap.size(), 40 + palette * 4 + pixels);
+            QCOMPARE(bitmap.left(16), littleEndian(40) + littleEndian(width) + littleEndian(112) // bottom-up
+                                          + littleEndian(bits << 16 | 1));                       // planes
+            QCOMPARE(bitmap.mid(16, 8), littleEndian(0) + littleEndian(pixels)); // uncompressed
+            QCOMPARE(numberAt(bitmap, 32), palette);
+            // Qt reads it with the file header put back.
+            const QByteArray header = "BM" + littleEndian(14 + bitmap.size()) + littleEndian(0) +
+                                      littleEndian(14 + 40 + palette * 4);
+            QCOMPARE(QImage::fromData(header + bitmap, "BMP").convertToFormat(QImage::Format_RGB32), picture);
         }
     }
 }

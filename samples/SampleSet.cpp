@@ -32,30 +32,6 @@ const std::vector<Sample> &sampleSet()
     return samples;
 }
 
-std::vector<SampleFile> sampleFiles(bool everyVersion)
-{
-    std::vector<SampleFile> files;
-    if (!everyVersion) {
-        for (const Sample &sample : sampleSet())
-            files.push_back({sample.fileName.toString(), sample});
-        return files;
-    }
-    for (const Version version : allVersions) {
-        const QString tag = QString::fromLatin1(versionTag(version));
-        for (Sample sample : sampleSet()) {
-            sample.form.version = version;
-            if (sample.form.picture == Picture::Png)
-                sample.form.picture = Picture::Bitmap8;
-            files.push_back({tag + QLatin1Char('/') + sample.fileName.toString(), sample});
-            if (!carriesPng(version))
-                continue;
-            sample.form.picture = Picture::Png;
-            files.push_back({tag + QLatin1String(" PNG/") + sample.fileName.toString(), sample});
-        }
-    }
-    return files;
-}
-
 QImage paintPreview(const Sample &sample)
 {
     registerPictures();

@@ -51,10 +51,6 @@ int main(int argc, char *argv[])
     parser.setApplicationDescription(QStringLiteral(
         "Makes a dozen sample drawings. Each holds a file header and a preview, nothing more."));
     parser.addHelpOption();
-    const QCommandLineOption everyVersion(
-        QStringLiteral("every-version"),
-        QStringLiteral("Write each drawing in each version, in one directory for each."));
-    parser.addOption(everyVersion);
     parser.addPositionalArgument(QStringLiteral("DIRECTORY"),
                                  QStringLiteral("Where to write; made if it is missing."));
     parser.process(application);
@@ -66,10 +62,10 @@ int main(int argc, char *argv[])
 
     const QDir directory(parser.positionalArguments().constFirst());
     QTextStream out(stdout);
-    for (const fxsamples::SampleFile &file : fxsamples::sampleFiles(parser.isSet(everyVersion))) {
-        const fxsamples::DrawingForm &form = file.sample.form;
-        const QString path = directory.filePath(file.path);
-        const QImage picture = fxsamples::paintPreview(file.sample);
+    for (const fxsamples::Sample &sample : fxsamples::sampleSet()) {
+        const fxsamples::DrawingForm &form = sample.form;
+        const QString path = directory.filePath(sample.fileName.toString());
+        const QImage picture = fxsamples::paintPreview(sample);
         const QString error = picture.isNull() ? QStringLiteral("Qt's plug-in for SVG pictures is missing")
                                                : write(path, fxsamples::drawingFile(picture, form));
         if (!error.isEmpty()) {

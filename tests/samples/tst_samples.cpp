@@ -53,31 +53,12 @@ class tst_Samples : public TestCase
     Q_OBJECT
 
 private slots:
-    void theDozenHasEveryVersionAndBothKinds();
     void aPictureCoversItsAreaUndistorted_data();
     void aPictureCoversItsAreaUndistorted();
-    void theHostSeesEachDrawing();
-    void theProgramWritesTheSet_data();
-    void theProgramWritesTheSet();
+    void theProgramWritesWhatTheHostShows();
     void theProgramSaysWhyItCannotWrite();
     void theProgramWantsOneDirectory();
 };
-
-void tst_Samples::theDozenHasEveryVersionAndBothKinds()
-{
-    QSet<QString> names;
-    QSet<QByteArray> versions;
-    QSet<bool> isPng;
-    for (const SampleFile &file : sampleFiles(false)) {
-        const QByteArray bytes = drawingFile(paintPreview(file.sample), file.sample.form);
-        names.insert(file.path);
-        versions.insert(bytes.left(6));
-        isPng.insert(bytes.contains("\x89PNG"));
-    }
-    QCOMPARE(names.size(), 12);
-    QCOMPARE(versions.size(), 8);
-    QCOMPARE(isPng.size(), 2);
-}
 
 void tst_Samples::aPictureCoversItsAreaUndistorted_data()
 {
@@ -99,7 +80,6 @@ void tst_Samples::aPictureCoversItsAreaUndistorted()
     }
     QVERIFY(colours.size() > 20); // lines of several colours with soft edges, not a filled rectangle
 
-    // Qt stretches what is drawn to the size, whatever its shape.
     QFile file(QStringLiteral(":/samples/%1.svg").arg(name));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QXmlStreamReader xml(&file);
@@ -108,66 +88,42 @@ void tst_Samples::aPictureCoversItsAreaUndistorted()
     QCOMPARE(picture.width(), svg.value(QStringLiteral("width")).toInt());
     QCOMPARE(picture.height(), svg.value(QStringLiteral("height")).toInt());
     QVERIFY(picture.width() >= 180); // the smallest that drawing programs store
+    // Qt stretches what is drawn to this size, whatever its shape.
     const QVector<QStringRef> viewBox = svg.value(QStringLiteral("viewBox")).split(QLatin1Char(' '));
     const double drawnHeight = viewBox.at(3).toDouble() * picture.width() / viewBox.at(2).toDouble();
     QVERIFY2(qAbs(drawnHeight - picture.height()) < 0.5, qPrintable(QString::number(drawnHeight)));
 }
 
-void tst_Samples::theHostSeesEachDrawing()
+void tst_Samples::theProgramWritesWhatTheHostShows()
 {
-    const QTemporaryDir directory;
-    const QString path = directory.filePath(QStringLiteral("drawing.dwg"));
-    QSet<QString> paths;
-    for (const bool everyVersion : {false, true}) {
-        for (const auto &[name, sample] : sampleFiles(everyVersion)) {
-            QFile file(path);
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            const QImage picture = paintPreview(sample);
-            file.write(drawingFile(picture, sample.form));
-            file.close();
-            const QImage expected = sample.form.picture == Picture::Bitmap8 ? indexed(picture) : picture;
-            QVERIFY2(fxhost::readPreview(path).convertToFormat(QImage::Format_RGB32) ==
-                         expected.convertToFormat(QImage::Format_RGB32),
-                     qPrintable(name));
-            paths.insert(name);
-            if (everyVersion)
-                QCOMPARE(name, QString::fromLatin1(versionTag(sample.form.version)) +
-                                   QLatin1String(sample.form.picture == Picture::Png ? " PNG/" : "/") +
-                                   sample.fileName.toString());
-        }
-    }
-    QCOMPARE(paths.size(), 12 + 12 * (8 + 2));
-}
-
-void tst_Samples::theProgramWritesTheSet_data()
-{
-    QTest::addColumn<bool>("everyVersion");
-    QTest::newRow("the dozen") << false;
-    QTest::newRow("each in every version") << true;
-}
-
-void tst_Samples::theProgramWritesTheSet()
-{
-    QFETCH(bool, everyVersion);
     const QTemporaryDir temporary;
     const QString directory = temporary.filePath(QStringLiteral("to be made/samples"));
-    QStringList arguments{directory};
-    if (everyVersion)
-        arguments.prepend(QStringLiteral("--every-version"));
+    QSet<QString> paths;
+    QSet<QByteArray> versions;
+    QSet<bool> isPng;
     for (int run = 0; run < 2; ++run) { // the second time over the files of the first
-        const Run result = makeSamples(arguments);
+        const Run result = makeSamples({directory});
         QCOMPARE(result.err, QByteArray());
         QCOMPARE(result.exitCode, 0);
-        const std::vector<SampleFile> files = sampleFiles(everyVersion);
-        QCOMPARE(result.out.count('\n'), static_cast<int>(files.size()));
-        for (const SampleFile &file : files) {
-            const QString path = directory + QLatin1Char('/') + file.path;
+        QCOMPARE(result.out.count('\n'), 12);
+        for (const Sample &sample : sampleSet()) {
+            const QString path = directory + QLatin1Char('/') + sample.fileName.toString();
             QVERIFY2(result.out.contains((path + QLatin1String(": ")).toUtf8()), qPrintable(path));
+            const QImage picture = paintPreview(sample);
+            const QByteArray bytes = drawingFile(picture, sample.form);
             // By its UTF-8 bytes, whatever locale this test runs in.
-            QVERIFY2(contents(path.toStdString()) == drawingFile(paintPreview(file.sample), file.sample.form),
-                     qPrintable(path));
+            QVERIFY2(contents(path.toStdString()) == bytes, qPrintable(path));
+            const QImage stored = sample.form.picture == Picture::Bitmap8 ? indexed(picture) : picture;
+            QCOMPARE(fxhost::readPreview(path).convertToFormat(QImage::Format_RGB32),
+                     stored.convertToFormat(QImage::Format_RGB32));
+            paths.insert(path);
+            versions.insert(bytes.left(6));
+            isPng.insert(bytes.contains("\x89PNG"));
         }
     }
+    QCOMPARE(paths.size(), 12);
+    QCOMPARE(versions.size(), 8);
+    QCOMPARE(isPng.size(), 2);
 }
 
 void tst_Samples::theProgramSaysWhyItCannotWrite()

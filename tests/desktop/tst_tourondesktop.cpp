@@ -23,7 +23,7 @@ namespace {
 
 //! The program's main window with its frame, the popup over it, and in the popup the middle of a tile and its
 //! pin; in global pixels.
-const QRect mainWindow(59, 60, 1002, 662);
+const QRect mainWindow(59, 40, 1002, 662);
 const QRect popupPlace(228, 145, 543, 350);
 const QPoint firstTile = popupPlace.topLeft() + QPoint(91, 120);
 const QPoint pinOfFifthTile = popupPlace.topLeft() + QPoint(330, 231);

@@ -14,13 +14,17 @@ using namespace fxhost;
 
 namespace {
 
+QStringList textsOf(const QList<QAction *> &actions)
+{
+    QStringList texts;
+    for (const QAction *action : actions)
+        texts << action->text();
+    return texts;
+}
+
 QStringList menuTitles(const MainWindow &window)
 {
-    const QList<QAction *> menus = window.menuBar()->actions();
-    QStringList titles;
-    for (const QAction *action : menus)
-        titles << action->text().remove(QLatin1Char('&'));
-    return titles;
+    return textsOf(window.menuBar()->actions()).replaceInStrings(QStringLiteral("&"), QString());
 }
 
 CFxUIMenuItem *fileMenu(const CFxUIGroup *group)
@@ -108,17 +112,14 @@ private slots:
                                   customization.CreateMenuItem(command, L"Preview...", L"", L"PMI_PREVIEW")));
         customization.Refresh();
 
-        const QList<QAction *> entries = program.window.menuBar()->actions().constFirst()->menu()->actions();
-        const QList<QAction *> last = entries.mid(entries.size() - 4);
-        QStringList lastEntries;
-        for (const QAction *action : last)
-            lastEntries << action->text();
-        QCOMPARE(lastEntries, QStringList({"&Recent Drawings", "Preview...\tF4", "", "E&xit\tCtrl+Q"}));
+        const QStringList entries =
+            textsOf(program.window.menuBar()->actions().constFirst()->menu()->actions());
+        QCOMPARE(entries.mid(entries.size() - 4),
+                 QStringList({"&Recent Drawings", "Preview...\tF4", "", "E&xit\tCtrl+Q"}));
 
         const QSignalSpy started(&program.host.commands(), &CommandRunner::commandStarted);
         QTest::keyClick(program.input(), Qt::Key_F4);
-        QTRY_COMPARE(started.count(), 1);
-        QCOMPARE(started.at(0).at(0).toString(), QStringLiteral("_NEW"));
+        QTRY_COMPARE(started, (QList<QVariantList>{{QStringLiteral("_NEW"), QString()}}));
     }
 
     void theRecentFilesMenuFollowsTheList()

@@ -170,6 +170,11 @@ bool DragHand::isDragging()
     return dragWindow() != nullptr;
 }
 
+int DragHand::keptDrags()
+{
+    return qApp->findChildren<QDrag *>(QString(), Qt::FindDirectChildrenOnly).size();
+}
+
 QPoint DragHand::pictureAt()
 {
     const QWindow *window = dragWindow();

@@ -52,6 +52,8 @@ public:
     static bool isDragging();
     //! Where that picture is, in global pixels.
     static QPoint pictureAt();
+    //! How many drags the application keeps, since whoever took them may still fetch the data.
+    static int keptDrags();
     //! The longest way that carryTo() moves at once: half of the popup's rim, in pixels.
     static constexpr int stride = 5;
 

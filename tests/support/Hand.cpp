@@ -54,6 +54,11 @@ void Hand::moveTo(const QWidget *widget)
     moveTo(widget, widget->rect().center());
 }
 
+void Hand::stepAside()
+{
+    moveTo(QPoint(1900, 1190));
+}
+
 void Hand::click(int button)
 {
     xdotool({QStringLiteral("click"), QString::number(button)});
@@ -93,6 +98,14 @@ void Hand::holdKey(const QString &key)
 void Hand::releaseKey(const QString &key)
 {
     xdotool({QStringLiteral("keyup"), key});
+}
+
+QString Hand::ask(const QStringList &arguments)
+{
+    QProcess process;
+    process.start(QStringLiteral("xdotool"), arguments);
+    process.waitForFinished();
+    return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
 }
 
 QRect Hand::realGeometry(WId window)

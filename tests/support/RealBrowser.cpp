@@ -102,6 +102,14 @@ QStringList RealBrowser::log() const
     return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
+QStringList RealBrowser::opening(const QList<int> &indices) const
+{
+    QStringList lines;
+    for (const int index : indices)
+        lines.append(QStringLiteral("open %1 ok").arg(m_paths.at(index)));
+    return lines;
+}
+
 QDialog *RealBrowser::openPopup()
 {
     const QList<QDialog *> before = popups();

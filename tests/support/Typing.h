@@ -17,7 +17,7 @@ class Typing : public QObject
 public:
     Typing(int tileCount, int columns) : browser(tileCount, frameFor(columns))
     {
-        Hand::moveTo(aside());
+        Hand::stepAside();
         popup = browser.openPopup();
         if (!popup)
             qFatal("the popup does not become active");
@@ -34,12 +34,6 @@ public:
         const bool allCame = waitUntil([this, &keys] { return m_trail.size() >= keys.size(); });
         return allCame ? m_trail : m_trail + QStringList(QStringLiteral("no more"));
     }
-
-    //! Where the pointer disturbs nothing: beside every window of these tests.
-    static QPoint aside() { return QPoint(1900, 1190); }
-
-    //! What after() tells of a key that has left one tile highlighted and shown.
-    static QString at(int tile) { return QStringLiteral("%1: %1").arg(tile); }
 
     RealBrowser browser;
     QPointer<QDialog> popup;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/recent/RecentFileStore.h"
-#include "tests/host/app/ProgramRun.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/process/ProgramHome.h"
 
 #include <QDir>
 #include <QProcess>

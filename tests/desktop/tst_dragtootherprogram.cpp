@@ -10,7 +10,7 @@
 
 #include <memory>
 
-//! Tiles dragged onto a window of another program and toolkit, and a file dragged from there.
+//! Tiles dragged onto a window of another program and toolkit.
 class tst_DragToOtherProgram : public TestCase
 {
     Q_OBJECT
@@ -18,7 +18,6 @@ class tst_DragToOtherProgram : public TestCase
 private slots:
     void otherProgramReceivesUrlAndPicture();
     void dataMayBeFetchedWhenTheModuleIsGone();
-    void fileFromTheOtherProgramIsRefused();
     void dragObjectsGoWhenTheOtherProgramHasFinished();
 };
 
@@ -45,7 +44,7 @@ void tst_DragToOtherProgram::otherProgramReceivesUrlAndPicture()
     // A per cent sign that begins nothing is one; a hash sign begins a fragment and stays.
     const QString name = QString::fromUtf8("100% Öl #3.dwg");
     DragScene scene({QStringLiteral("other.dwg"), name});
-    const OtherProgram other(beside, OtherProgram::target(OtherProgram::Fetching::AtOnce));
+    const OtherProgram other(beside, OtherProgram::Fetching::AtOnce);
     QVERIFY(other.isReady());
     const QPoint hold(30, 100);
     scene.hand.takeHold(scene.tiles.at(1), hold);
@@ -75,7 +74,7 @@ void tst_DragToOtherProgram::otherProgramReceivesUrlAndPicture()
 void tst_DragToOtherProgram::dataMayBeFetchedWhenTheModuleIsGone()
 {
     auto scene = std::make_unique<DragScene>(3);
-    OtherProgram other(beside, OtherProgram::target(OtherProgram::Fetching::Late));
+    OtherProgram other(beside, OtherProgram::Fetching::Late);
     QVERIFY(other.isReady());
     scene->dragTile(1);
     carryInto(*scene, other);
@@ -91,39 +90,10 @@ void tst_DragToOtherProgram::dataMayBeFetchedWhenTheModuleIsGone()
     QVERIFY(!other.received().value(tileFormat).isEmpty());
 }
 
-void tst_DragToOtherProgram::fileFromTheOtherProgramIsRefused()
-{
-    DragScene scene(3);
-    const OtherProgram other(beside, OtherProgram::source(scene.browser.paths().at(0)));
-    QVERIFY(other.isReady());
-    Hand::moveTo(other.place().center());
-    Hand::press();
-    for (int x = other.place().center().x(); x > other.place().left() + 60; x -= DragHand::stride)
-        Hand::moveTo(QPoint(x, other.place().center().y()));
-    QTRY_VERIFY(other.has(QStringLiteral("begin")));
-    // In over the right edge, about inside, and down over the lower rim.
-    const QPoint middle = scene.place.center();
-    for (const QPoint &place :
-         {QPoint(scene.place.right() + 20, middle.y()), QPoint(scene.place.right() - 5, middle.y()), middle,
-          QPoint(middle.x(), scene.place.bottom() - 5), middle}) {
-        Hand::moveTo(place);
-        drainEvents();
-        QVERIFY(scene.popup && scene.popup->isVisible());
-        QVERIFY(scene.isFull());
-    }
-    Hand::keepScreenshot(QStringLiteral("file-from-another-program-over-the-popup"));
-    Hand::release();
-    QTRY_COMPARE(other.lines().filter(QStringLiteral("failed")),
-                 QStringList(QStringLiteral("failed no-target")));
-    QTRY_VERIFY(other.has(QStringLiteral("end 0")));
-    drainEvents();
-    QCOMPARE(scene.whatHasChanged(), QString());
-}
-
 void tst_DragToOtherProgram::dragObjectsGoWhenTheOtherProgramHasFinished()
 {
     DragScene scene(3);
-    OtherProgram other(beside, OtherProgram::target(OtherProgram::Fetching::Late));
+    OtherProgram other(beside, OtherProgram::Fetching::Late);
     QVERIFY(other.isReady());
     for (int i = 1; i <= 2; ++i) {
         scene.dragTile(1);

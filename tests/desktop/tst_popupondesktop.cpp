@@ -87,12 +87,8 @@ private slots:
     void popupHasItsPlaceAndTheFocus();
     void pathLineFollowsThePointerAndComesBack();
     void clickByClick();
-    void releaseOnOneOfSeveralObeysItsOwnModifiers_data();
-    void releaseOnOneOfSeveralObeysItsOwnModifiers();
-    void doubleClickOpensThatTileAlone_data();
     void doubleClickOpensThatTileAlone();
     void clickOutsideClosesThePopup();
-    void focusLossWithThePointerInsideKeepsThePopup();
     void pinnedDrawingComesFirstAtTheNextOpening();
     void menuEntriesCanBeUsed();
 };
@@ -184,62 +180,19 @@ void tst_PopupOnDesktop::clickByClick()
     QCOMPARE(hand.browser.opened(), hand.browser.opening({6, 7, 8, 9}));
 }
 
-void tst_PopupOnDesktop::releaseOnOneOfSeveralObeysItsOwnModifiers_data()
-{
-    QTest::addColumn<QStringList>("held");
-    QTest::addColumn<Indices>("after");
-    QTest::newRow("none") << none << Indices{2};
-    QTest::newRow("Control") << control << Indices{0, 1, 2, 3};
-    QTest::newRow("Shift") << shift << Indices{0, 1, 2, 3};
-    QTest::newRow("Control and Shift") << both << Indices{2};
-}
-
-void tst_PopupOnDesktop::releaseOnOneOfSeveralObeysItsOwnModifiers()
-{
-    QFETCH(QStringList, held);
-    PopupByHand hand;
-    hand.click(3, shift);
-    QTRY_COMPARE(hand.highlighted(), Indices({0, 1, 2, 3}));
-    QVERIFY(hand.allHasArrived());
-    hand.goTo(2);
-    Hand::press(); // plain
-    QTRY_VERIFY(QGuiApplication::mouseButtons() == Qt::LeftButton);
-    drainEvents();
-    QCOMPARE(hand.highlighted(), Indices({0, 1, 2, 3}));
-    for (const QString &key : qAsConst(held))
-        Hand::holdKey(key);
-    Hand::release();
-    for (const QString &key : qAsConst(held))
-        Hand::releaseKey(key);
-    QVERIFY(hand.allHasArrived());
-    QTEST(hand.highlighted(), "after");
-}
-
-void tst_PopupOnDesktop::doubleClickOpensThatTileAlone_data()
-{
-    QTest::addColumn<int>("button");
-    QTest::addColumn<bool>("amongSeveral");
-    QTest::newRow("left button") << leftButton << false;
-    QTest::newRow("left button, on one of several") << leftButton << true;
-    QTest::newRow("right button, on one of several") << rightButton << true;
-    QTest::newRow("middle button") << middleButton << false;
-}
-
 void tst_PopupOnDesktop::doubleClickOpensThatTileAlone()
 {
-    QFETCH(int, button);
-    QFETCH(bool, amongSeveral);
-    PopupByHand hand;
-    if (amongSeveral) {
+    for (const int button : {leftButton, rightButton}) {
+        PopupByHand hand;
         hand.click(7, shift);
         QTRY_COMPARE(hand.highlighted().size(), 8);
         QVERIFY(hand.allHasArrived());
+        Hand::moveTo(hand.tiles.at(5)->findChild<QLabel *>(QStringLiteral("image_label")));
+        QTRY_COMPARE(hand.shown(), 5);
+        Hand::doubleClick(button);
+        QTRY_VERIFY(!hand.popup);
+        QCOMPARE(hand.browser.opened(), hand.browser.opening({5}));
     }
-    Hand::moveTo(hand.tiles.at(5)->findChild<QLabel *>(QStringLiteral("image_label")));
-    QTRY_COMPARE(hand.shown(), 5);
-    Hand::doubleClick(button);
-    QTRY_VERIFY(!hand.popup);
-    QCOMPARE(hand.browser.opened(), hand.browser.opening({5}));
 }
 
 void tst_PopupOnDesktop::clickOutsideClosesThePopup()
@@ -249,20 +202,6 @@ void tst_PopupOnDesktop::clickOutsideClosesThePopup()
     Hand::click();
     QTRY_VERIFY(!hand.popup);
     QTRY_VERIFY(hand.browser.window().isActiveWindow());
-}
-
-void tst_PopupOnDesktop::focusLossWithThePointerInsideKeepsThePopup()
-{
-    PopupByHand hand(3);
-    hand.goTo(1);
-    QTRY_COMPARE(hand.shown(), 1);
-    QWidget other;
-    other.setGeometry(1500, 900, 200, 100);
-    other.show();
-    other.activateWindow();
-    QVERIFY(waitForActive(&other));
-    drainEvents();
-    QVERIFY(hand.popup && hand.popup->isVisible());
 }
 
 void tst_PopupOnDesktop::pinnedDrawingComesFirstAtTheNextOpening()

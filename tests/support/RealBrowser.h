@@ -56,8 +56,7 @@ public:
     //! The highlighted ones of tiles.
     static QList<int> highlighted(const QList<QDialog *> &tiles);
 
-    //! The recent-files menu that the module keeps: a line an entry as the menu shows it, with " pinned"
-    //! behind a pinned one's, and "-" for a separator. Paths are given as the number of the drawing.
+    //! The recent-files menu that the module keeps: the text of each entry, "-" for a separator.
     QStringList menuLines() const;
 
     //! Fills menu as the module's entry in a host's own menu would.

@@ -9,7 +9,7 @@
 
 using namespace fxhost;
 
-//! Files dropped on the main window. Drags from real programs are in tests/desktop.
+//! Files dropped on the main window.
 class FileDropTest : public TestCase
 {
     Q_OBJECT

@@ -253,7 +253,7 @@ private slots:
 
     void helpAndVersionNeedNoDisplay()
     {
-        const ProgramHome home(ProgramHome::Display::None);
+        const ProgramHome home(QStringLiteral("none"));
         const ProgramRun help = home.runBare({"--help"});
         QCOMPARE(help.exitCode, 0);
         QVERIFY2(help.output.contains(QStringLiteral("--no-document")), qPrintable(help.output));

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/HelpWindow.h"
+#include "host/runtime/recent/RecentFiles.h"
 #include "tests/host/app/ShownProgram.h"
 
 #include <CFxCommand.h>
-#include <CFxEditorReactor.h>
-#include <OdEditor.h>
+#include <CFxUICommand.h>
+#include <CFxUIMenuItem.h>
 
 #include <QApplication>
 #include <QLabel>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
 #include <QSignalSpy>
@@ -17,7 +19,19 @@
 
 using namespace fxhost;
 
-//! The main window, in the test's own process.
+namespace {
+
+QStringList textsOf(const QList<QAction *> &actions)
+{
+    QStringList texts;
+    for (const QAction *action : actions)
+        texts << action->text();
+    return texts;
+}
+
+} // namespace
+
+//! The main window with the menus and keys that the program ships, in the test's own process.
 class MainWindowTest : public TestCase
 {
     Q_OBJECT
@@ -303,31 +317,59 @@ private slots:
         QCOMPARE(normal.boundedTo(screen), normal);
     }
 
-    void modulesHearOfTheEndWhileTheWindowLives()
+    void theStartUpMenusStandWhileNoDrawingIsOpen()
     {
-        struct Reactor : CFxEditorReactor
-        {
-            void mainFrameDestroyed(QWidget *mainFrame) override
-            {
-                hasMenuBar = mainFrame->findChild<QMenuBar *>() != nullptr;
-            }
-            bool hasMenuBar = false;
-        } reactor;
-        QTemporaryDir profile;
-        FxHost host(profile.path(), QString());
-        {
-            MainWindow window(host);
-            window.show();
-            host.setMainWindow(&window);
-            OdEditor *editor = odedEditor();
-            editor->addReactor(&reactor);
-            editor->release();
+        const ShownProgram program;
+        QCOMPARE(program.menuProblem, QString());
+        QCOMPARE(textsOf(program.window.menuBar()->actions()), QStringList({"&File", "&Help"}));
+        program.enter(QStringLiteral("_NEW"));
+        QCOMPARE(textsOf(program.window.menuBar()->actions()), QStringList({"&File", "&Window", "&Help"}));
+        program.enter(QStringLiteral("_CLOSE"));
+        QCOMPARE(textsOf(program.window.menuBar()->actions()), QStringList({"&File", "&Help"}));
+    }
+
+    void aModulesEntryAndKeyComeToLifeOnRefresh()
+    {
+        for (const bool withDrawing : {false, true}) {
+            ShownProgram program;
+            Customization &customization = program.host.customization();
+            if (withDrawing)
+                program.host.documents().newDocument();
+            const QSignalSpy started(&program.host.commands(), &CommandRunner::commandStarted);
+            QTest::keyClick(program.input(), Qt::Key_F4); // which waits for a module
+            UIGroup *group = withDrawing ? customization.primaryGroup() : customization.startUpGroup();
+            CFxUICommand *command = customization.CreateCommand(L"ID_RECENT_FILES");
+            command->SetMacro(L"^C^C_NEW");
+            group->AppendCommand(command);
+            CFxUIMenuItem *menu = group->GetMenu(0);
+            QVERIFY(menu->GetIdentifier() == CFxString(L"ID_MnFile"));
+            // Modules count from the end: the entry goes before the last but one, the separator of Exit.
+            QVERIFY(
+                menu->InsertChild(menu->GetChildCount() - 2,
+                                  customization.CreateMenuItem(command, L"Preview...", L"", L"PMI_PREVIEW")));
+            customization.Refresh();
+
+            const QMenu *file = program.window.menuBar()->actions().constFirst()->menu();
+            QCOMPARE(textsOf(file->actions().mid(file->actions().size() - 4)),
+                     QStringList({"&Recent Drawings", "Preview...\tF4", "", "E&xit\tCtrl+Q"}));
+            QCOMPARE(started.count(), 0);
+            QTest::keyClick(program.input(), Qt::Key_F4);
+            QTRY_COMPARE(started, (QList<QVariantList>{{QStringLiteral("_NEW"), QString()}}));
         }
-        QVERIFY(reactor.hasMenuBar);
-        QVERIFY(!host.mainWindow());
-        OdEditor *editor = odedEditor();
-        editor->removeReactor(&reactor);
-        editor->release();
+    }
+
+    void theRecentFilesMenuFollowsTheList()
+    {
+        ShownProgram program;
+        const QString path = program.drawing(QStringLiteral("a & b.dwg"));
+        program.host.recentFiles().add(path);
+        auto *menu = program.window.findChild<QMenu *>(QStringLiteral("ID_RECENT_FILES_MENU"));
+        QVERIFY(menu);
+        emit menu->aboutToShow();
+        QCOMPARE(menu->actions().size(), 1);
+        menu->actions().constFirst()->trigger();
+        QTRY_VERIFY(program.host.documents().current());
+        QCOMPARE(QString(program.host.documents().current()->path()), path);
     }
 };
 

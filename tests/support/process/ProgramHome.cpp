@@ -10,7 +10,7 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 
-ProgramHome::ProgramHome(Display display) : m_display(display)
+ProgramHome::ProgramHome(const QString &platform) : m_platform(platform)
 {
     const QDir dir(m_dir.path());
     for (const char *folder : {"home", "caches"})
@@ -69,9 +69,7 @@ void ProgramHome::startBare(QProcess &process, const QStringList &arguments, con
     for (const char *name : {"XDG_CACHE_HOME", "XDG_RUNTIME_DIR"})
         environment.insert(QLatin1String(name), path(QStringLiteral("caches")));
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-    if (m_display != Display::Real)
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"),
-                           m_display == Display::None ? QStringLiteral("none") : QStringLiteral("offscreen"));
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), m_platform);
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(m_dir.path());
     const QStringList command = around + QStringList(QStringLiteral(FXHOST_PROGRAM)) + arguments;
@@ -107,13 +105,6 @@ void ProgramHome::start(QProcess &process, const QString &name, const QStringLis
 {
     process.setProcessChannelMode(QProcess::ForwardedChannels);
     startBare(process, arguments(name, script) + more, around);
-}
-
-std::unique_ptr<QProcess> ProgramHome::start(const QString &name, const QStringList &script) const
-{
-    auto process = std::make_unique<QProcess>();
-    start(*process, name, script, {QStringLiteral("--no-module")});
-    return process;
 }
 
 QStringList ProgramHome::logOf(const QString &name) const

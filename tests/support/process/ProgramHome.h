@@ -5,8 +5,6 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-#include <memory>
-
 class QProcess;
 
 //! What a run of the program left behind.
@@ -23,10 +21,9 @@ struct ProgramRun
 class ProgramHome
 {
 public:
-    //! Where its windows appear: nowhere, on the display, or no platform can show any.
-    enum class Display { Offscreen, Real, None };
-
-    explicit ProgramHome(Display display = Display::Offscreen);
+    //! \param platform where its windows appear: nowhere, on the display ("xcb"), or there can be none
+    //! ("none")
+    explicit ProgramHome(const QString &platform = QStringLiteral("offscreen"));
 
     //! A path below the temporary directory, beside the profile; a full path stays as it is.
     QString path(const QString &name) const { return QDir(m_dir.path()).filePath(name); }
@@ -49,9 +46,9 @@ public:
     ProgramRun runBare(const QStringList &arguments) const;
     //! Starts the program in the same way as run() and does not wait for it. Several may run at a time.
     //! \param name what its script and its log are called
-    std::unique_ptr<QProcess> start(const QString &name, const QStringList &script) const;
-    //! The same in a process that is there. \param around a program that runs it, with its arguments; or none
-    void start(QProcess &process, const QString &name, const QStringList &script, const QStringList &more,
+    //! \param around a program that runs it, with its arguments; or none
+    void start(QProcess &process, const QString &name, const QStringList &script,
+               const QStringList &more = {QStringLiteral("--no-module")},
                const QStringList &around = {}) const;
     //! The log's lines of a program that start() has started.
     QStringList logOf(const QString &name) const;
@@ -61,7 +58,7 @@ private:
     void startBare(QProcess &process, const QStringList &arguments, const QStringList &around = {}) const;
 
     QTemporaryDir m_dir{QDir::temp().filePath(QStringLiteral("drawings-XXXXXX"))};
-    Display m_display;
+    QString m_platform;
 };
 
 //! The whole lines of a text file, without their ends.

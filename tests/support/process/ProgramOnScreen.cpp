@@ -15,11 +15,6 @@
 
 namespace {
 
-// The grid as the popup lays it out under a header of two lines, in pixels.
-constexpr int columnWidth = 181;
-constexpr int tileMiddle = 91;
-constexpr int firstRowMiddle = 130;
-
 const QString popupTitle = QStringLiteral("RecentDocMainWindow");
 
 } // namespace
@@ -55,7 +50,7 @@ void ProgramOnScreen::Group::setupChildProcess()
 bool ProgramOnScreen::start(const QStringList &script, const QStringList &around)
 {
     Hand::moveTo(QPoint(0, 0));
-    QStringList lines;
+    QStringList lines{QStringLiteral("_DELAY 1")}; // the program runs no script before it has the keyboard
     for (const QString &path : m_paths)
         lines.prepend(QStringLiteral("_RECENTADD ") + path);
     lines.append(script);
@@ -64,7 +59,11 @@ bool ProgramOnScreen::start(const QStringList &script, const QStringList &around
         more << QStringLiteral("--geometry") << geometry;
     m_home.start(m_process, {}, lines, more, around);
     const auto ranScript = [&] { return log().filter(QStringLiteral("command ")).size() >= lines.size(); };
-    return m_process.waitForStarted() && waitUntil(ranScript);
+    // For ever it does not wait, and a busy machine may let it wait for long.
+    const auto hasKeyboard = [] {
+        return activeTitle() == popupTitle || activeTitle().startsWith(QLatin1String("fxhost"));
+    };
+    return m_process.waitForStarted() && waitUntil(ranScript) && waitUntil(hasKeyboard);
 }
 
 QStringList ProgramOnScreen::freshSession(const QString &name)
@@ -125,9 +124,4 @@ bool ProgramOnScreen::popupGoes()
 QString ProgramOnScreen::activeTitle()
 {
     return Hand::ask({QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")});
-}
-
-QPoint ProgramOnScreen::tile(int column)
-{
-    return popupPlace.topLeft() + QPoint(tileMiddle + column * columnWidth, firstRowMiddle);
 }

@@ -24,7 +24,7 @@ public:
     //! Runs the program on a profile of its own.
     //! \param script commands, a line each, run once the drawings are listed
     //! \param around a program that runs the program, with its arguments; may be empty
-    //! \return whether it has come up and run the script
+    //! \return whether it has come up, run the script and got the keyboard
     bool start(const QStringList &script, const QStringList &around = {});
     //! What to run it in for a session of its own, so that neither a running service nor anybody's settings
     //! come in. Its home is a folder of that name in the working directory; it stays behind, since services
@@ -56,8 +56,6 @@ public:
     static constexpr QRect popupPlace{288, 349, 724, 201};
     //! On the folder button of the popup's first tile: right of the name, left of the pin. In global pixels.
     static constexpr QPoint folderButton{popupPlace.x() + 138, popupPlace.y() + 83};
-    //! The middle of the tile in the popup's first row, in global pixels.
-    static QPoint tile(int column);
 
 private:
     //! Leads a process group, so that what it has started ends with it.
@@ -67,7 +65,7 @@ private:
         void setupChildProcess() override;
     };
 
-    ProgramHome m_home{ProgramHome::Display::Real};
+    ProgramHome m_home{QStringLiteral("xcb")};
     QStringList m_paths;
     Group m_process;
 };

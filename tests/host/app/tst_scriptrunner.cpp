@@ -78,20 +78,22 @@ private slots:
         LoadedScript script("_DELAY 600000\n_NEW\n");
         QVERIFY(script.program.active);
         CommandRunner &commands = script.program.host.commands();
+        ScriptRunner &runner = script.runner;
+        MainWindow &window = script.program.window;
         const QSignalSpy ended(&commands, &CommandRunner::commandEnded);
         QStringList left;
         connect(
-            &commands, &CommandRunner::commandStarted, &script.program.window,
+            &commands, &CommandRunner::commandStarted, &window,
             [&](const QString &name) {
                 if (name != QLatin1String("_DELAY"))
                     return;
-                script.runner.startWhenActive(&script.program.window); // as when it becomes active once more
+                runner.startWhenActive(&window); // as when it becomes active once more
                 drainEvents();
-                left = script.runner.lines();
+                left = runner.lines();
                 commands.cancel();
             },
             Qt::QueuedConnection); // from the event loop in which the command waits
-        script.runner.startWhenActive(&script.program.window);
+        runner.startWhenActive(&window);
         QTRY_COMPARE(ended.count(), 2);
         QCOMPARE(left, QStringList("_NEW"));
         QVERIFY(script.program.host.documents().current());

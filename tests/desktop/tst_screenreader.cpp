@@ -38,6 +38,7 @@ void tst_ScreenReader::browserIsReadWhileTheModuleComesAndGoes()
     // The first time the module goes with its popup open.
     QVERIFY(program.start({"_NEW", "_RECENT", unload, load, "_NEW"},
                           ProgramOnScreen::freshSession(QStringLiteral("screen-reader-home"))
+                              << "env"
                               << "QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1" << SCREEN_READER << file.fileName()));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QVERIFY(says("attached"));

@@ -71,10 +71,10 @@ QStringList ProgramOnScreen::freshSession(const QString &name)
     const QDir home(QDir::current().filePath(name));
     QDir(home).removeRecursively();
     home.mkpath(QStringLiteral("."));
-    QStringList session{QStringLiteral("dbus-run-session"), QStringLiteral("--"), QStringLiteral("env")};
+    QStringList session{QStringLiteral("env")};
     for (const char *variable : {"HOME=", "XDG_RUNTIME_DIR=", "XDG_CACHE_HOME="})
         session.append(QLatin1String(variable) + home.path());
-    return session;
+    return session << QStringLiteral("dbus-run-session") << QStringLiteral("--");
 }
 
 void ProgramOnScreen::type(const QString &command)

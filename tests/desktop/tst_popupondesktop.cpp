@@ -1,267 +1,267 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/FileManager.h"
 #include "tests/support/Hand.h"
 #include "tests/support/RealBrowser.h"
 #include "tests/support/TestCase.h"
 
 #include <QDialog>
 #include <QLabel>
+#include <QMenu>
 #include <QPointer>
 #include <QToolButton>
 
-//! The popup under a window manager, used by hand.
+using Indices = QList<int>;
+
+namespace {
+
+const QStringList none;
+const QStringList control = {QStringLiteral("ctrl")};
+const QStringList shift = {QStringLiteral("shift")};
+const QStringList both = control + shift;
+
+constexpr int leftButton = 1;
+constexpr int middleButton = 2;
+constexpr int rightButton = 3;
+
+//! A popup, usually of ten tiles in rows of 4, 4 and 2, and a hand that clicks in it.
+struct PopupByHand
+{
+    explicit PopupByHand(int tileCount = 10) : browser(tileCount) { open(); }
+
+    void open()
+    {
+        Hand::stepAside();
+        popup = browser.openPopup();
+        if (!popup)
+            qFatal("the popup does not become active");
+        tiles = RealBrowser::tiles(popup);
+    }
+    //! Goes to a tile, to a place where it did not click before: there a second click would be the second
+    //! half of a double-click.
+    void goTo(int tile)
+    {
+        const QPoint place(20 + 30 * (m_places % 4), 40 + 20 * (m_places / 4 % 4));
+        ++m_places;
+        Hand::moveTo(tiles.at(tile), place);
+    }
+    //! \param held modifiers as X names them
+    void click(int tile, const QStringList &held = none, int button = leftButton)
+    {
+        goTo(tile);
+        for (const QString &key : held)
+            Hand::holdKey(key);
+        Hand::click(button);
+        for (const QString &key : held)
+            Hand::releaseKey(key);
+    }
+    Indices highlighted() const { return RealBrowser::highlighted(tiles); }
+    //! The tile that the path line names; -1 for none.
+    int shown() const { return browser.paths().indexOf(RealBrowser::pathLine(popup)); }
+    //! Waits until what the hand has done so far has arrived: the pointer's next places do after it.
+    bool allHasArrived()
+    {
+        return std::all_of(tiles.end() - 2, tiles.end(), [&](QDialog *tile) {
+            const int number = tiles.indexOf(tile);
+            goTo(number);
+            return waitUntil([&] { return !popup || shown() == number; });
+        });
+    }
+
+    RealBrowser browser;
+    QPointer<QDialog> popup;
+    QList<QDialog *> tiles;
+
+private:
+    int m_places = 0;
+};
+
+} // namespace
+
+//! The popup under a window manager, used with the mouse.
 class tst_PopupOnDesktop : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void popupHasExactlyTheComputedPlaceAndSize_data();
-    void popupHasExactlyTheComputedPlaceAndSize();
-    void headerAloneCanBeSeenWithoutDocuments();
-    void openingGivesThePopupTheFocusAndShowsTheFirstPath();
-    void clickOnATileHighlightsItAndKeepsThePopupOpen();
-    void controlAndShiftClicksHighlightMore();
+    void popupHasItsPlaceAndTheFocus_data();
+    void popupHasItsPlaceAndTheFocus();
     void pathLineFollowsThePointerAndComesBack();
-    void rightButtonChangesNothing();
-    void tabMovesNoFocus();
+    void clickByClick();
+    void doubleClickOpensThatTileAlone();
     void clickOutsideClosesThePopup();
-    void focusLossWithThePointerInsideKeepsThePopup();
-    void newerOfTwoPopupsMayCloseFirst();
+    void pinnedDrawingComesFirstAtTheNextOpening();
+    void menuEntriesCanBeUsed();
 };
 
-namespace {
-
-const QRect usualFrame(60, 60, 1300, 900);
-
-//! Where the pointer disturbs nothing: beside every window of these tests.
-const QPoint aside(1900, 1190);
-
-} // namespace
-
-void tst_PopupOnDesktop::popupHasExactlyTheComputedPlaceAndSize_data()
+void tst_PopupOnDesktop::popupHasItsPlaceAndTheFocus_data()
 {
     QTest::addColumn<QRect>("frame");
     QTest::addColumn<int>("documents");
     QTest::addColumn<QRect>("expected");
-
-    QTest::newRow("narrow main window, 4 columns")
-        << QRect(100, 50, 500, 400) << 1 << QRect(50, 99, 724, 201);
-    QTest::newRow("narrow main window, taller popup")
-        << QRect(100, 50, 500, 400) << 9 << QRect(100, 50, 724, 525);
-    QTest::newRow("3 columns") << QRect(40, 40, 800, 700) << 7 << QRect(128, 87, 543, 525);
-    QTest::newRow("2 columns") << QRect(40, 40, 950, 700) << 3 << QRect(294, 175, 362, 350);
-    QTest::newRow("1300 wide, one row") << QRect(60, 60, 1300, 900) << 4 << QRect(288, 349, 724, 201);
-    QTest::newRow("1920 wide, 5 columns") << QRect(0, 30, 1920, 1100) << 12 << QRect(507, 287, 905, 525);
-    QTest::newRow("3840 wide, 11 columns") << QRect(0, 30, 3840, 1100) << 12 << QRect(924, 375, 1991, 350);
+    const auto row = [](const char *name, const QRect &frame, int documents, const QRect &expected) {
+        QTest::newRow(name) << frame << documents << expected;
+    };
+    row("narrow main window", {100, 50, 500, 400}, 1, {50, 99, 724, 201});
+    row("narrow main window, taller popup", {100, 50, 500, 400}, 9, {100, 50, 724, 525});
+    row("two columns", {40, 40, 950, 700}, 3, {294, 175, 362, 350});
+    row("eleven columns", {0, 30, 3840, 1100}, 12, {924, 375, 1991, 350});
 }
 
-void tst_PopupOnDesktop::popupHasExactlyTheComputedPlaceAndSize()
+void tst_PopupOnDesktop::popupHasItsPlaceAndTheFocus()
 {
     QFETCH(QRect, frame);
     QFETCH(int, documents);
     QFETCH(QRect, expected);
-
-    Hand::moveTo(aside);
+    Hand::stepAside();
     RealBrowser browser(documents, frame);
     QCOMPARE(browser.window().geometry().size(), frame.size());
     QDialog *popup = browser.openPopup();
     QVERIFY(popup);
-    QCOMPARE(RealBrowser::tiles(popup).size(), documents);
 
     // The crossing of left and top counts from where the window manager has put the main window.
-    const QPoint shift = browser.window().geometry().topLeft() - frame.topLeft();
+    const QPoint moved = browser.window().geometry().topLeft() - frame.topLeft();
     if (expected.x() == frame.top())
-        expected.translate(shift.y(), 0);
+        expected.translate(moved.y(), 0);
     else if (expected.topLeft() == frame.topLeft())
-        expected.translate(shift);
+        expected.translate(moved);
     QTRY_COMPARE(Hand::realGeometry(popup->winId()), expected);
     QCOMPARE(popup->geometry(), expected);
-    Hand::keepScreenshot(QStringLiteral("popup-%1-wide-%2-documents").arg(frame.width()).arg(documents));
-}
-
-void tst_PopupOnDesktop::headerAloneCanBeSeenWithoutDocuments()
-{
-    Hand::moveTo(aside);
-    RealBrowser browser(0, usualFrame);
-    QDialog *popup = browser.openPopup();
-    QVERIFY(popup);
-    QVERIFY(RealBrowser::tiles(popup).isEmpty());
-    const auto *path = popup->findChild<QLabel *>(QStringLiteral("main_label_path"));
-    QVERIFY(popup->height() > path->geometry().bottom());
-    QCOMPARE(popup->geometry().topLeft(), QPoint(288, 450));
-    QCOMPARE(popup->width(), 724);
-    QTRY_COMPARE(Hand::realGeometry(popup->winId()), popup->geometry());
-}
-
-void tst_PopupOnDesktop::openingGivesThePopupTheFocusAndShowsTheFirstPath()
-{
-    Hand::moveTo(aside);
-    RealBrowser browser(9, usualFrame);
-    QDialog *popup = browser.openPopup();
-    QVERIFY(popup);
     QTRY_COMPARE(QApplication::focusWidget(), popup);
     drainEvents();
     QCOMPARE(RealBrowser::pathLine(popup), browser.paths().at(0));
-    const QList<QDialog *> tiles = RealBrowser::tiles(popup);
-    QCOMPARE(tiles.size(), 9);
-    for (const QDialog *tile : tiles)
-        QCOMPARE(RealBrowser::isHighlighted(tile), tile == tiles.first());
-}
-
-void tst_PopupOnDesktop::clickOnATileHighlightsItAndKeepsThePopupOpen()
-{
-    Hand::moveTo(aside);
-    RealBrowser browser(6, usualFrame);
-    const QPointer<QDialog> popup = browser.openPopup();
-    QVERIFY(popup);
-    const QList<QDialog *> tiles = RealBrowser::tiles(popup);
-    Hand::moveTo(tiles.at(2));
-    QTRY_COMPARE(RealBrowser::pathLine(popup), browser.paths().at(2));
-    Hand::click();
-    QTRY_VERIFY(RealBrowser::isHighlighted(tiles.at(2)));
-    drainEvents();
-    QVERIFY(popup && popup->isVisible());
-    QVERIFY(!RealBrowser::isHighlighted(tiles.at(0)));
-    QTRY_COMPARE(QApplication::focusWidget(), popup.data());
-    QVERIFY(browser.log().filter(QStringLiteral("open ")).isEmpty());
-    Hand::keepScreenshot(QStringLiteral("third-tile-clicked"));
-}
-
-void tst_PopupOnDesktop::controlAndShiftClicksHighlightMore()
-{
-    Hand::moveTo(aside);
-    RealBrowser browser(8, usualFrame);
-    const QPointer<QDialog> popup = browser.openPopup();
-    QVERIFY(popup);
-    const QList<QDialog *> tiles = RealBrowser::tiles(popup);
-    const auto highlighted = [&tiles] { return RealBrowser::highlighted(tiles); };
-    Hand::moveTo(tiles.at(1));
-    Hand::click();
-    QTRY_COMPARE(highlighted(), QList<int>({1}));
-    Hand::holdKey(QStringLiteral("ctrl"));
-    Hand::moveTo(tiles.at(6));
-    Hand::click();
-    Hand::releaseKey(QStringLiteral("ctrl"));
-    QTRY_COMPARE(highlighted(), QList<int>({1, 6}));
-    Hand::moveTo(tiles.at(6), QPoint(20, 110)); // far enough away to be no double-click
-    Hand::click();                              // one of several: the release leaves it alone
-    QTRY_COMPARE(highlighted(), QList<int>({6}));
-    Hand::holdKey(QStringLiteral("shift"));
-    Hand::moveTo(tiles.at(3));
-    Hand::click();
-    Hand::releaseKey(QStringLiteral("shift"));
-    QTRY_COMPARE(highlighted(), QList<int>({3, 4, 5, 6}));
-    QVERIFY(popup && popup->isVisible());
-    Hand::keepScreenshot(QStringLiteral("four-tiles-highlighted"));
+    QCOMPARE(RealBrowser::tiles(popup).size(), documents);
+    QCOMPARE(RealBrowser::highlighted(RealBrowser::tiles(popup)), Indices{0});
+    Hand::keepScreenshot(QStringLiteral("popup-%1-wide-%2-documents").arg(frame.width()).arg(documents));
 }
 
 void tst_PopupOnDesktop::pathLineFollowsThePointerAndComesBack()
 {
-    Hand::moveTo(aside);
-    RealBrowser browser(5, usualFrame);
-    const QPointer<QDialog> popup = browser.openPopup();
-    QVERIFY(popup);
-    Hand::moveTo(RealBrowser::tiles(popup).at(4));
-    QTRY_COMPARE(RealBrowser::pathLine(popup), browser.paths().at(4));
-    Hand::moveTo(popup, QPoint(popup->width() - 4, popup->height() - 4));
-    QTRY_COMPARE(RealBrowser::pathLine(popup), browser.paths().at(0));
+    PopupByHand hand(5);
+    hand.goTo(4);
+    QTRY_COMPARE(hand.shown(), 4);
+    Hand::moveTo(hand.popup, QPoint(hand.popup->width() - 4, hand.popup->height() - 4));
+    QTRY_COMPARE(hand.shown(), 0);
 }
 
-void tst_PopupOnDesktop::rightButtonChangesNothing()
+void tst_PopupOnDesktop::clickByClick()
 {
-    Hand::moveTo(aside);
-    RealBrowser browser(3, usualFrame);
-    const QPointer<QDialog> popup = browser.openPopup();
-    QVERIFY(popup);
-    const QList<QDialog *> tiles = RealBrowser::tiles(popup);
-    Hand::moveTo(tiles.at(1));
-    QTRY_COMPARE(RealBrowser::pathLine(popup), browser.paths().at(1));
-    Hand::click(3);
-    Hand::moveTo(tiles.at(2)); // arrives after the click
-    QTRY_COMPARE(RealBrowser::pathLine(popup), browser.paths().at(2));
-    QVERIFY(RealBrowser::isHighlighted(tiles.at(0)));
-    QVERIFY(!RealBrowser::isHighlighted(tiles.at(1)));
-    QVERIFY(popup->isVisible());
+    const struct
+    {
+        int tile;
+        QStringList held;
+        int button;
+        Indices after;
+    } clicks[] = {
+        {3, none, leftButton, {3}},
+        {9, none, rightButton, {3}},
+        {4, none, middleButton, {4}},
+        {7, control, leftButton, {4, 7}},
+        {1, control, middleButton, {1, 4, 7}},
+        {7, control, leftButton, {1, 4, 7}}, // which never takes away
+        {4, none, leftButton, {4}},          // one of several: the release leaves it alone
+        {8, shift, leftButton, {4, 5, 6, 7, 8}},
+        {2, shift, leftButton, {2, 3, 4, 5, 6, 7, 8}},
+        {6, both, leftButton, {6}}, // like none
+        {6, shift, leftButton, {6, 7, 8, 9}},
+    };
+    PopupByHand hand;
+    for (const auto &click : clicks) {
+        hand.click(click.tile, click.held, click.button);
+        QTRY_COMPARE(hand.highlighted(), click.after);
+        QVERIFY(hand.allHasArrived()); // the release, too
+        QCOMPARE(hand.highlighted(), click.after);
+    }
+    Hand::keepScreenshot(QStringLiteral("four-tiles-highlighted"));
+    QVERIFY(hand.popup && hand.popup->isVisible());
+    QTRY_COMPARE(QApplication::focusWidget(), hand.popup.data());
+    QCOMPARE(hand.browser.opened(), QStringList());
+    Hand::key(QStringLiteral("Return"));
+    QTRY_VERIFY(!hand.popup);
+    QCOMPARE(hand.browser.opened(), hand.browser.opening({6, 7, 8, 9}));
 }
 
-void tst_PopupOnDesktop::tabMovesNoFocus()
+void tst_PopupOnDesktop::doubleClickOpensThatTileAlone()
 {
-    Hand::moveTo(aside);
-    RealBrowser browser(3, usualFrame);
-    const QPointer<QDialog> popup = browser.openPopup();
-    QVERIFY(popup);
-    QTRY_COMPARE(QApplication::focusWidget(), popup.data());
-    QSignalSpy focus(qApp, &QApplication::focusChanged);
-    Hand::key(QStringLiteral("Tab"));
-    Hand::key(QStringLiteral("shift+Tab"));
-    Hand::moveTo(RealBrowser::tiles(popup).at(1)); // arrives after the keys
-    QTRY_COMPARE(RealBrowser::pathLine(popup), browser.paths().at(1));
-    QVERIFY(focus.isEmpty());
-    QCOMPARE(QApplication::focusWidget(), popup.data());
+    for (const int button : {leftButton, rightButton}) {
+        PopupByHand hand;
+        hand.click(7, shift);
+        QTRY_COMPARE(hand.highlighted().size(), 8);
+        QVERIFY(hand.allHasArrived());
+        Hand::moveTo(hand.tiles.at(5)->findChild<QLabel *>(QStringLiteral("image_label")));
+        QTRY_COMPARE(hand.shown(), 5);
+        Hand::doubleClick(button);
+        QTRY_VERIFY(!hand.popup);
+        QCOMPARE(hand.browser.opened(), hand.browser.opening({5}));
+    }
 }
 
 void tst_PopupOnDesktop::clickOutsideClosesThePopup()
 {
-    Hand::moveTo(aside);
-    RealBrowser browser(3, usualFrame);
-    const QPointer<QDialog> popup = browser.openPopup();
-    QVERIFY(popup);
-    Hand::moveTo(&browser.window(), QPoint(20, 20));
+    PopupByHand hand(3);
+    Hand::moveTo(&hand.browser.window(), QPoint(20, 20));
     Hand::click();
-    QTRY_VERIFY(!popup);
-    QTRY_VERIFY(browser.window().isActiveWindow());
+    QTRY_VERIFY(!hand.popup);
+    QTRY_VERIFY(hand.browser.window().isActiveWindow());
 }
 
-void tst_PopupOnDesktop::focusLossWithThePointerInsideKeepsThePopup()
+void tst_PopupOnDesktop::pinnedDrawingComesFirstAtTheNextOpening()
 {
-    Hand::moveTo(aside);
-    RealBrowser browser(3, usualFrame);
-    const QPointer<QDialog> popup = browser.openPopup();
-    QVERIFY(popup);
-    Hand::moveTo(RealBrowser::tiles(popup).at(1));
-    QTRY_COMPARE(RealBrowser::pathLine(popup), browser.paths().at(1));
-    QWidget other;
-    other.setGeometry(1500, 900, 200, 100);
-    other.show();
-    other.activateWindow();
-    QVERIFY(waitForActive(&other));
-    drainEvents();
-    QVERIFY(popup && popup->isVisible());
-}
-
-void tst_PopupOnDesktop::newerOfTwoPopupsMayCloseFirst()
-{
-    Hand::moveTo(aside);
-    RealBrowser browser(6, usualFrame);
-    const QPointer<QDialog> older = browser.openPopup();
-    QVERIFY(older);
-    Hand::moveTo(
-        RealBrowser::tiles(older).at(5)); // inside: the older one stays when the newer takes the focus
-    QTRY_COMPARE(RealBrowser::pathLine(older), browser.paths().at(5));
-    const QPointer<QDialog> newer = browser.openPopup();
-    QVERIFY(newer && older);
-    newer->close();
-    QTRY_VERIFY(!newer);
-    QVERIFY(older);
-    older->activateWindow();
-    QVERIFY(waitForActive(older));
-
-    const QList<QDialog *> tiles = RealBrowser::tiles(older);
-    for (QDialog *tile : tiles) {
-        Hand::moveTo(tile);
-        QTRY_VERIFY(tile->underMouse());
-        Hand::click();
-        QTRY_COMPARE(RealBrowser::highlighted(tiles), QList<int>({tiles.indexOf(tile)}));
-        QCOMPARE(RealBrowser::pathLine(older), browser.paths().at(tiles.indexOf(tile)));
-    }
-    QToolButton *pin = RealBrowser::button(tiles.at(0), "pinButton");
+    PopupByHand hand(3);
+    QToolButton *pin = RealBrowser::button(hand.tiles.at(1), "pinButton");
     Hand::moveTo(pin);
+    QTRY_VERIFY(pin->underMouse());
+    const QImage unpinned = pin->grab().toImage();
     Hand::click();
     QTRY_VERIFY(pin->isChecked());
-    Hand::key(QStringLiteral("Left"));
-    QTRY_COMPARE(RealBrowser::highlighted(tiles), QList<int>({4}));
-    Hand::key(QStringLiteral("Return"));
-    QTRY_VERIFY(!older);
-    QVERIFY(browser.log().contains(QStringLiteral("open %1 ok").arg(browser.paths().at(4))));
+    QVERIFY(pin->grab().toImage() != unpinned);
+    QVERIFY(hand.popup->isVisible());
+    Hand::keepScreenshot(QStringLiteral("second-tile-pinned"));
+    Hand::key(QStringLiteral("Escape")); // which a pin that was clicked leaves to the popup
+    QTRY_VERIFY(!hand.popup);
+
+    hand.open();
+    QStringList names;
+    for (const QDialog *tile : qAsConst(hand.tiles)) {
+        const bool isPinned = RealBrowser::button(tile, "pinButton")->isChecked();
+        names.append((isPinned ? QStringLiteral("pinned ") : QString()) +
+                     tile->findChild<QLabel *>(QStringLiteral("title_label"))->text());
+    }
+    QCOMPARE(names, QStringList({"pinned plan 2.dwg", "plan 1.dwg", "plan 3.dwg"}));
+}
+
+void tst_PopupOnDesktop::menuEntriesCanBeUsed()
+{
+    Hand::stepAside();
+    RealBrowser browser(3); // "plan 3.dwg": the path goes on after its blank
+    QMenu menu;
+    browser.addRecentFiles(&menu, nullptr);
+    menu.popup(QPoint(100, 100));
+    QVERIFY(waitForExposed(&menu));
+    const auto button = [&menu](int entry, const char *name) {
+        return menu.findChildren<QToolButton *>(QLatin1String(name)).value(entry);
+    };
+    const auto entries = [&] {
+        QString text;
+        for (int i = 0; i < 3; ++i) {
+            const QString path = button(i, "menuTextButton")->text().mid(3);
+            text += QStringLiteral("%1%2 ")
+                        .arg(browser.paths().indexOf(path))
+                        .arg(button(i, "pinButton")->isChecked() ? QStringLiteral(" pinned") : QString());
+        }
+        return text;
+    };
+    Hand::moveTo(button(1, "pinButton"));
+    Hand::click();
+    QTRY_COMPARE(entries(), QStringLiteral("1 pinned 0 2 ")); // it moves under the hand that clicks it
+    Hand::keepScreenshot(QStringLiteral("menu-entry-pinned"));
+
+    const FileManager fileManager(0, FileManager::Others::Found);
+    Hand::moveTo(button(2, "folderButton"));
+    Hand::click();
+    QTRY_COMPARE(fileManager.starts(), QVector<QStringList>{QStringList(browser.paths().at(2))});
+    Hand::moveTo(button(2, "menuTextButton"));
+    Hand::click();
+    QTRY_COMPARE(browser.opened(), browser.opening({2}));
 }
 
 QTEST_MAIN(tst_PopupOnDesktop)

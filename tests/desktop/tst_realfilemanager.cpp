@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/FreshSession.h"
 #include "tests/support/Hand.h"
-#include "tests/support/RunningProgram.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/process/ProgramOnScreen.h"
 
 #include <QGuiApplication>
 #include <QPixmap>
@@ -41,22 +40,23 @@ int coloursOfFiles(WId window)
 
 void tst_RealFileManager::itShowsTheFolder()
 {
-    RunningProgram program({QStringLiteral("ground floor.dwg")}, QStringLiteral("h\u00e4user & g\u00e4rten"));
+    ProgramOnScreen program({QStringLiteral("ground floor.dwg")},
+                            QStringLiteral("h\u00e4user & g\u00e4rten"));
     QVERIFY(program.start({QStringLiteral("_NEW"), QStringLiteral("_RECENT")},
-                          freshSession(QStringLiteral("file-manager-home"))));
-    QTRY_COMPARE(RunningProgram::activeTitle(), RunningProgram::popupTitle());
-    Hand::moveTo(RunningProgram::folderButton);
+                          ProgramOnScreen::freshSession(QStringLiteral("file-manager-home"))));
+    QVERIFY(ProgramOnScreen::popupComes());
+    Hand::moveTo(ProgramOnScreen::folderButton);
     Hand::click();
     const QString title = QStringLiteral("h\u00e4user & g\u00e4rten");
-    QTRY_COMPARE(RunningProgram::activeTitle(), title);
+    QTRY_COMPARE(ProgramOnScreen::activeTitle(), title);
     // An empty folder has one colour, an icon with a name under it has many. It is drawn more than once, with
     // nothing in between, so that whoever asks again may find nothing.
-    QVERIFY(waitUntil([&] { return coloursOfFiles(RunningProgram::findWindow(title)) > 5; }));
+    QVERIFY(waitUntil([&] { return coloursOfFiles(ProgramOnScreen::findWindow(title)) > 5; }));
     Hand::keepScreenshot(QStringLiteral("folder-in-the-file-manager"));
     // The first of its windows keeps the command running, and the program waits for the command's end.
     Hand::key(QStringLiteral("alt+F4"));
-    QTRY_COMPARE(RunningProgram::popup(), WId(0));
-    QTRY_VERIFY(RunningProgram::activeTitle().startsWith(QLatin1String("fxhost")));
+    QVERIFY(ProgramOnScreen::popupGoes());
+    QTRY_VERIFY(ProgramOnScreen::activeTitle().startsWith(QLatin1String("fxhost")));
     QVERIFY(program.quit());
 }
 

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/FreshSession.h"
 #include "tests/support/Hand.h"
-#include "tests/support/RunningProgram.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/process/ProgramOnScreen.h"
 
 //! The program with a screen reader attached, over the desktop's own accessibility bus.
 class tst_ScreenReader : public TestCase
@@ -15,8 +14,8 @@ private slots:
 
 void tst_ScreenReader::browserIsReadWhileTheModuleComesAndGoes()
 {
-    RunningProgram program({QStringLiteral("a name of many letters.dwg"), QStringLiteral("roof.dwg")});
-    QFile file(program.folder() + QStringLiteral("/said"));
+    ProgramOnScreen program({QStringLiteral("a name of many letters.dwg"), QStringLiteral("roof.dwg")});
+    QFile file(program.path(QStringLiteral("said")));
     const auto heard = [&] { return QString::fromUtf8(file.readAll()).split('\n', Qt::SkipEmptyParts); };
     QStringList said; // since the last question
     const auto says = [&](const QString &last) {
@@ -29,7 +28,7 @@ void tst_ScreenReader::browserIsReadWhileTheModuleComesAndGoes()
     };
     const auto typed = [&](const QString &command, const QString &result) {
         const int count = program.log().size();
-        RunningProgram::type(command);
+        ProgramOnScreen::type(command);
         return waitUntil([&] { return program.log().mid(count).contains(result); });
     };
     const QString unload = QStringLiteral("_MODULEUNLOAD RecentDocumentBrowser");
@@ -38,7 +37,8 @@ void tst_ScreenReader::browserIsReadWhileTheModuleComesAndGoes()
 
     // The first time the module goes with its popup open.
     QVERIFY(program.start({"_NEW", "_RECENT", unload, load, "_NEW"},
-                          freshSession(QStringLiteral("screen-reader-home"))
+                          ProgramOnScreen::freshSession(QStringLiteral("screen-reader-home"))
+                              << "env"
                               << "QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1" << SCREEN_READER << file.fileName()));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QVERIFY(says("attached"));
@@ -70,7 +70,7 @@ void tst_ScreenReader::browserIsReadWhileTheModuleComesAndGoes()
         QVERIFY(says(QStringLiteral("%1 answer").arg(things)));
         Hand::keepScreenshot(QStringLiteral("screen-reader-%1").arg(round));
         Hand::key(QStringLiteral("Escape"));
-        QTRY_VERIFY(RunningProgram::activeTitle().startsWith(QLatin1String("fxhost")));
+        QTRY_VERIFY(ProgramOnScreen::activeTitle().startsWith(QLatin1String("fxhost")));
         QVERIFY(typed(unload, module + "unloaded"));
         ask("old");
         QVERIFY(says(QStringLiteral("0 answer")));

@@ -125,58 +125,46 @@ class TestResources : public TestCase
 {
     Q_OBJECT
 private slots:
+    void initTestCase();
     void theDirectoryHoldsThirteenImages();
-    void theTreeIsOfVersionTwo();
+    void theTreeIsOfVersionTwo() { QCOMPARE(registeredVersion, 2); }
     void cleaningUpTakesTheImagesAwayAndInitialisingBringsThemBack();
     void imagesAreStoredAsTheyAre_data() { addPictures(""); }
     void imagesAreStoredAsTheyAre();
-    void imagesKnowWhenTheyWereModified_data() { addPictures(""); }
-    void imagesKnowWhenTheyWereModified();
-
-    void bitmapsHaveTheirSizeAndAnAlphaChannel_data() { addPictures(".png"); }
-    void bitmapsHaveTheirSizeAndAnAlphaChannel();
     void bitmapsAreWhatTheProgramDraws_data() { addPictures(".png"); }
     void bitmapsAreWhatTheProgramDraws();
-    void vectorPicturesRenderAtTheirViewBox_data() { addPictures(".svg"); }
-    void vectorPicturesRenderAtTheirViewBox();
-    void vectorPicturesSayNoSizeButTheViewBox_data() { addPictures(".svg"); }
-    void vectorPicturesSayNoSizeButTheViewBox();
-    void vectorPicturesHideALayer_data() { addPictures(".svg"); }
-    void vectorPicturesHideALayer();
-
+    void vectorPicturesHaveTheirViewBoxAndHideALayer_data() { addPictures(".svg"); }
+    void vectorPicturesHaveTheirViewBoxAndHideALayer();
     void iconsYieldPixels_data() { addPictures(""); }
     void iconsYieldPixels();
     void iconsAreNotEnlarged();
     void questionMarksAreOfOneColour_data() { addPictures("help_32x"); }
     void questionMarksAreOfOneColour();
-    void foldersHaveTheirColours_data() { addPictures("Open_32x"); }
-    void foldersHaveTheirColours();
     void theArrowRisesOutOfTheFolder_data() { addPictures("Open_32x"); }
     void theArrowRisesOutOfTheFolder();
-    void pinsAreGrey_data() { addPictures("pin_"); }
-    void pinsAreGrey();
+    void pinsAreGreyOnOnePlateAndThePinnedOneLooksAnother();
     void theNeedleOfTheUnpinnedPinPointsLeft();
-    void aPinnedPinShowsAnotherPictureOnTheSamePlate();
     void theDrawingFileIsALightSheetWithLettersBelow();
+
+private:
+    QTemporaryDir m_drawn;
 };
+
+void TestResources::initTestCase()
+{
+    QVERIFY2(QImageReader::supportedImageFormats().contains("svg"), "Qt's SVG plug-in is not installed");
+    QCOMPARE(QProcess::execute(QStringLiteral(DRAW_IMAGES), {m_drawn.path()}), 0);
+}
 
 void TestResources::theDirectoryHoldsThirteenImages()
 {
-    QStringList expected;
+    QSet<QString> expected;
     for (const Picture &picture : pictures)
-        expected.append(QLatin1String(picture.name));
+        expected.insert(QLatin1String(picture.name));
     QCOMPARE(expected.size(), 13);
-
-    QStringList found = QDir(pathOf(QString())).entryList();
-    expected.sort();
-    found.sort();
-    QCOMPARE(found, expected);
+    const QStringList found = QDir(pathOf(QString())).entryList();
+    QCOMPARE(QSet<QString>(found.begin(), found.end()), expected);
     QCOMPARE(QDir(QStringLiteral(":/Images")).entryList(), QStringList(QStringLiteral("Resources")));
-}
-
-void TestResources::theTreeIsOfVersionTwo()
-{
-    QCOMPARE(registeredVersion, 2);
 }
 
 void TestResources::cleaningUpTakesTheImagesAwayAndInitialisingBringsThemBack()
@@ -199,17 +187,11 @@ void TestResources::imagesAreStoredAsTheyAre()
     QVERIFY(resource.isValid());
     QCOMPARE(resource.compressionAlgorithm(), QResource::NoCompression);
     QVERIFY(resource.size() > 0);
+    QVERIFY(resource.lastModified().isValid());
+    QVERIFY(resource.lastModified() <= QDateTime::currentDateTime());
 }
 
-void TestResources::imagesKnowWhenTheyWereModified()
-{
-    QFETCH(QString, path);
-    const QDateTime modified = QResource(path).lastModified();
-    QVERIFY(modified.isValid());
-    QVERIFY(modified <= QDateTime::currentDateTime());
-}
-
-void TestResources::bitmapsHaveTheirSizeAndAnAlphaChannel()
+void TestResources::bitmapsAreWhatTheProgramDraws()
 {
     QFETCH(QString, path);
     QFETCH(int, side);
@@ -219,45 +201,22 @@ void TestResources::bitmapsHaveTheirSizeAndAnAlphaChannel()
     QCOMPARE(image.size(), QSize(side, side));
     QVERIFY(image.hasAlphaChannel());
     QVERIFY(qAlpha(image.pixel(side - 1, 0)) < 255); // no picture reaches into this corner
+    QCOMPARE(image, QImage(m_drawn.filePath(QFileInfo(path).fileName())));
 }
 
-void TestResources::bitmapsAreWhatTheProgramDraws()
-{
-    QFETCH(QString, path);
-    const QTemporaryDir directory;
-    QVERIFY(directory.isValid());
-    QCOMPARE(QProcess::execute(QStringLiteral(DRAW_IMAGES), {directory.path()}), 0);
-
-    const QImage drawn(directory.filePath(QFileInfo(path).fileName()));
-    QVERIFY(!drawn.isNull());
-    QCOMPARE(QImage(path), drawn);
-}
-
-void TestResources::vectorPicturesRenderAtTheirViewBox()
+void TestResources::vectorPicturesHaveTheirViewBoxAndHideALayer()
 {
     QFETCH(QString, path);
     QFETCH(int, side);
-    QVERIFY2(QImageReader::supportedImageFormats().contains("svg"), "Qt's SVG plug-in is not installed");
     QCOMPARE(QPixmap(path).size(), QSize(side, side));
-}
-
-void TestResources::vectorPicturesSayNoSizeButTheViewBox()
-{
-    QFETCH(QString, path);
-    QFETCH(int, side);
-    QXmlStreamReader xml(contentOf(path));
+    const QByteArray hidden = contentOf(path);
+    QXmlStreamReader xml(hidden);
     QVERIFY(xml.readNextStartElement());
     QCOMPARE(xml.name().toString(), QStringLiteral("svg"));
     QVERIFY(!xml.attributes().hasAttribute(QStringLiteral("width")));
     QVERIFY(!xml.attributes().hasAttribute(QStringLiteral("height")));
     QCOMPARE(xml.attributes().value(QStringLiteral("viewBox")).toString(),
              QStringLiteral("0 0 %1 %1").arg(side));
-}
-
-void TestResources::vectorPicturesHideALayer()
-{
-    QFETCH(QString, path);
-    const QByteArray hidden = contentOf(path);
     const QByteArray shown = QByteArray(hidden).replace(R"(display="none")", R"(display="inline")");
     QVERIFY(shown != hidden);
     // A layer that drew nothing either way would hide nothing.
@@ -300,34 +259,32 @@ void TestResources::questionMarksAreOfOneColour()
         QCOMPARE(qAlpha(image.pixel(corner)), 0);
 }
 
-void TestResources::foldersHaveTheirColours()
-{
-    QFETCH(QString, path);
-    QFETCH(int, side);
-    const QVector<QRgb> pixels = opaquePixels(rendered(path));
-    for (const QRgb colour : {outline, backPanel, frontFlap, arrow}) {
-        // A side's worth of pixels is an area one sees, and no stray one.
-        QVERIFY2(pixels.count(colour) >= side, qPrintable(QColor(colour).name()));
-    }
-}
-
 void TestResources::theArrowRisesOutOfTheFolder()
 {
     QFETCH(QString, path);
+    QFETCH(int, side);
     const QVector<QRgb> fromTheTop = opaquePixels(rendered(path));
-    QVERIFY(!fromTheTop.isEmpty());
+    for (const QRgb colour : {outline, backPanel, frontFlap, arrow}) {
+        // A side's worth of pixels is an area one sees, and no stray one.
+        QVERIFY2(fromTheTop.count(colour) >= side, qPrintable(QColor(colour).name()));
+    }
     QCOMPARE(fromTheTop.first(), arrow);
     QCOMPARE(fromTheTop.last(), outline);
     QVERIFY(fromTheTop.lastIndexOf(arrow) < fromTheTop.indexOf(frontFlap)); // which hides its foot
 }
 
-void TestResources::pinsAreGrey()
+void TestResources::pinsAreGreyOnOnePlateAndThePinnedOneLooksAnother()
 {
-    QFETCH(QString, path);
-    const QImage image = rendered(path);
-    QVERIFY(image.allGray());
-    QVERIFY(qGray(image.pixel(2, 2)) > 0xC0);             // the ground
-    QVERIFY(darkPart(image).width() > image.width() / 2); // the pin
+    const QImage up = rendered(pathOf(QStringLiteral("pin_up_hover.png")));
+    const QImage down = rendered(pathOf(QStringLiteral("pin_down_hover.png")));
+    for (const QImage &image : {up, down}) {
+        QVERIFY(image.allGray());
+        QVERIFY(qGray(image.pixel(2, 2)) > 0xC0);             // the ground
+        QVERIFY(darkPart(image).width() > image.width() / 2); // the pin
+    }
+    QVERIFY(up != down);
+    // Toggling must not make the button jump.
+    QCOMPARE(up.convertToFormat(QImage::Format_Alpha8), down.convertToFormat(QImage::Format_Alpha8));
 }
 
 void TestResources::theNeedleOfTheUnpinnedPinPointsLeft()
@@ -340,15 +297,6 @@ void TestResources::theNeedleOfTheUnpinnedPinPointsLeft()
     QCOMPARE(needle.bottom(), middle);
     const QRect cap = darkPart(image.copy(pin.right(), 0, 1, image.height()));
     QVERIFY(cap.height() > image.height() / 3);
-}
-
-void TestResources::aPinnedPinShowsAnotherPictureOnTheSamePlate()
-{
-    const QImage up = rendered(pathOf(QStringLiteral("pin_up_hover.png")));
-    const QImage down = rendered(pathOf(QStringLiteral("pin_down_hover.png")));
-    QVERIFY(up != down);
-    // Toggling must not make the button jump.
-    QCOMPARE(up.convertToFormat(QImage::Format_Alpha8), down.convertToFormat(QImage::Format_Alpha8));
 }
 
 void TestResources::theDrawingFileIsALightSheetWithLettersBelow()

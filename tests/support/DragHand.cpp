@@ -17,9 +17,15 @@ namespace {
 //! Milliseconds between two looks at whether a step's outcome has come.
 constexpr int interval = 2;
 
-QString toText(const QPoint &point)
+//! A drag's picture is a window of its own, which Qt moves whenever the drag has moved.
+QWindow *dragWindow()
 {
-    return QStringLiteral("%1, %2").arg(point.x()).arg(point.y());
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    for (QWindow *window : windows) {
+        if (window->isVisible() && qstrcmp(window->metaObject()->className(), "QShapedPixmapWindow") == 0)
+            return window;
+    }
+    return nullptr;
 }
 
 } // namespace
@@ -28,8 +34,6 @@ DragHand::DragHand()
 {
     connect(&m_timer, &QTimer::timeout, this, &DragHand::goOn);
 }
-
-DragHand::~DragHand() = default;
 
 void DragHand::step(const QString &what, std::function<void()> action, std::function<bool()> outcome)
 {
@@ -83,20 +87,19 @@ void DragHand::carryTo(const QPoint &place)
     const QPoint way = place - start;
     const int strides = qMax(1, int(std::ceil(std::hypot(way.x(), way.y()) / stride)));
     for (int i = 1; i <= strides; ++i)
-        addMove(start + way * (double(i) / strides));
+        jumpTo(start + way * (double(i) / strides));
 }
 
 void DragHand::jumpTo(const QPoint &place)
 {
-    addMove(place);
-}
-
-void DragHand::addMove(const QPoint &place)
-{
     m_place = place;
     step(
-        QStringLiteral("the drag follows to %1").arg(toText(place)), [place] { Hand::moveTo(place); },
-        [this, place] { return hasFollowedTo(place); });
+        QStringLiteral("the drag follows to %1, %2").arg(place.x()).arg(place.y()),
+        [place] { Hand::moveTo(place); },
+        [this, place] {
+            const QWindow *window = dragWindow();
+            return window ? window->position() + m_hotSpot == place : QCursor::pos() == place;
+        });
 }
 
 void DragHand::letGo()
@@ -154,30 +157,18 @@ void DragHand::giveUp()
     Hand::release();
 }
 
-//! A drag's picture is a window of its own, which Qt moves whenever the drag has moved.
-QWindow *DragHand::dragWindow()
-{
-    const QWindowList windows = QGuiApplication::topLevelWindows();
-    for (QWindow *window : windows) {
-        if (window->isVisible() && qstrcmp(window->metaObject()->className(), "QShapedPixmapWindow") == 0)
-            return window;
-    }
-    return nullptr;
-}
-
 bool DragHand::isDragging()
 {
     return dragWindow() != nullptr;
+}
+
+int DragHand::keptDrags()
+{
+    return qApp->findChildren<QDrag *>(QString(), Qt::FindDirectChildrenOnly).size();
 }
 
 QPoint DragHand::pictureAt()
 {
     const QWindow *window = dragWindow();
     return window ? window->position() : QPoint();
-}
-
-bool DragHand::hasFollowedTo(const QPoint &place) const
-{
-    const QWindow *window = dragWindow();
-    return window ? window->position() + m_hotSpot == place : QCursor::pos() == place;
 }

@@ -13,7 +13,6 @@
 #include <functional>
 
 class QWidget;
-class QWindow;
 
 //! The hand at the display, for drags. A drag runs an event loop of its own until the button is let go, so
 //! what the hand does is laid down before, step by step, and carried out by a timer that goes on inside that
@@ -24,7 +23,6 @@ class DragHand : public QObject
     Q_OBJECT
 public:
     DragHand();
-    ~DragHand() override;
 
     //! Does something and waits until outcome is true. Neither may run events: the drag would begin inside.
     void step(const QString &what, std::function<void()> action, std::function<bool()> outcome);
@@ -52,6 +50,8 @@ public:
     static bool isDragging();
     //! Where that picture is, in global pixels.
     static QPoint pictureAt();
+    //! How many drags the application keeps, since whoever took them may still fetch the data.
+    static int keptDrags();
     //! The longest way that carryTo() moves at once: half of the popup's rim, in pixels.
     static constexpr int stride = 5;
 
@@ -65,9 +65,6 @@ private:
 
     void goOn();
     void giveUp();
-    void addMove(const QPoint &place);
-    bool hasFollowedTo(const QPoint &place) const;
-    static QWindow *dragWindow();
 
     std::deque<Step> m_steps;
     bool m_hasBegun = false; //!< the first of m_steps has been done; its outcome is still to come

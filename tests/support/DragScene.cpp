@@ -7,34 +7,25 @@
 
 namespace {
 
-const QRect usualFrame(60, 60, 1300, 900);
-//! Where the pointer disturbs nothing: beside every window of these tests.
-const QPoint aside(1900, 1190);
 constexpr int stripHeight = 32;
 //! So many pixels from the edge the popup takes the pointer to be outside, but still hears of it.
 constexpr int rimMiddle = 5;
 
-//! Out of the way before the popup comes.
-const QRect &frameWithoutPointer()
-{
-    Hand::moveTo(aside);
-    return usualFrame;
-}
-
 } // namespace
 
-DragScene::DragScene(int documents) : browser(documents, frameWithoutPointer())
+DragScene::DragScene(const QStringList &names) : browser(names)
 {
     openPopup();
 }
 
-DragScene::DragScene(const QStringList &names) : browser(names, frameWithoutPointer())
+DragScene::DragScene(int documents) : browser(documents)
 {
     openPopup();
 }
 
 void DragScene::openPopup()
 {
+    Hand::stepAside(); // before the popup comes
     popup = browser.openPopup();
     if (!popup)
         qFatal("no popup came up");
@@ -75,22 +66,7 @@ QString DragScene::whatHasChanged() const
         return QStringLiteral("the popup has another size or place");
     if (shown().size() != tiles.size())
         return QStringLiteral("of %1 tiles %2 are shown").arg(tiles.size()).arg(shown().size());
-    if (!opened().isEmpty())
-        return opened().join(QLatin1String(", "));
-    return QString();
-}
-
-QStringList DragScene::opened() const
-{
-    return browser.log().filter(QStringLiteral("open "));
-}
-
-QStringList DragScene::opening(const QList<int> &indices) const
-{
-    QStringList lines;
-    for (const int index : indices)
-        lines.append(QStringLiteral("open %1 ok").arg(browser.paths().at(index)));
-    return lines;
+    return opened().join(QLatin1String(", "));
 }
 
 void DragScene::dragTile(int index)

@@ -32,9 +32,8 @@ public:
     //! when they do not.
     QString whatHasChanged() const;
 
-    //! The host's lines on opening drawings so far, and those it should write on opening these, in order.
-    QStringList opened() const;
-    QStringList opening(const QList<int> &indices) const;
+    QStringList opened() const { return browser.opened(); }
+    QStringList opening(const QList<int> &indices) const { return browser.opening(indices); }
 
     // What the hand shall do next.
     //! Takes hold of a tile's middle and begins to drag it.

@@ -23,15 +23,10 @@ QString run(const QString &program, const QStringList &arguments)
     return QString::fromLocal8Bit(process.readAllStandardOutput());
 }
 
-void xdotool(const QStringList &arguments)
+//! \param words the arguments, with blanks between them
+void xdotool(const QString &words)
 {
-    run(QStringLiteral("xdotool"), arguments);
-}
-
-int numberIn(const QString &text, const QString &label)
-{
-    const QRegularExpression pattern(QRegularExpression::escape(label) + QStringLiteral("\\s*(-?\\d+)"));
-    return pattern.match(text).captured(1).toInt();
+    run(QStringLiteral("xdotool"), words.split(QLatin1Char(' ')));
 }
 
 } // namespace
@@ -40,8 +35,7 @@ void Hand::moveTo(const QPoint &global)
 {
     const QPoint pixel = global * qGuiApp->devicePixelRatio(); // the server counts the screen's own pixels
     // A negative number must not be taken for an option.
-    xdotool({QStringLiteral("mousemove"), QStringLiteral("--"), QString::number(pixel.x()),
-             QString::number(pixel.y())});
+    xdotool(QStringLiteral("mousemove -- %1 %2").arg(pixel.x()).arg(pixel.y()));
 }
 
 void Hand::moveTo(const QWidget *widget, const QPoint &local)
@@ -54,53 +48,68 @@ void Hand::moveTo(const QWidget *widget)
     moveTo(widget, widget->rect().center());
 }
 
+void Hand::stepAside()
+{
+    moveTo(QPoint(1900, 1190));
+}
+
 void Hand::click(int button)
 {
-    xdotool({QStringLiteral("click"), QString::number(button)});
+    xdotool(QStringLiteral("click %1").arg(button));
 }
 
 void Hand::doubleClick(int button)
 {
-    xdotool({QStringLiteral("click"), QStringLiteral("--repeat"), QStringLiteral("2"),
-             QStringLiteral("--delay"), QStringLiteral("30"), QString::number(button)});
+    xdotool(QStringLiteral("click --repeat 2 --delay 30 %1").arg(button));
 }
 
 void Hand::press(int button)
 {
-    xdotool({QStringLiteral("mousedown"), QString::number(button)});
+    xdotool(QStringLiteral("mousedown %1").arg(button));
 }
 
 void Hand::release(int button)
 {
-    xdotool({QStringLiteral("mouseup"), QString::number(button)});
+    xdotool(QStringLiteral("mouseup %1").arg(button));
 }
 
 void Hand::key(const QString &key)
 {
-    keys({key});
+    xdotool(QStringLiteral("key ") + key);
 }
 
 void Hand::keys(const QStringList &keys)
 {
-    xdotool(QStringList(QStringLiteral("key")) + keys);
+    key(keys.join(QLatin1Char(' ')));
 }
 
 void Hand::holdKey(const QString &key)
 {
-    xdotool({QStringLiteral("keydown"), key});
+    xdotool(QStringLiteral("keydown ") + key);
 }
 
 void Hand::releaseKey(const QString &key)
 {
-    xdotool({QStringLiteral("keyup"), key});
+    xdotool(QStringLiteral("keyup ") + key);
+}
+
+QString Hand::ask(const QStringList &arguments)
+{
+    QProcess process;
+    process.start(QStringLiteral("xdotool"), arguments);
+    process.waitForFinished();
+    return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
 }
 
 QRect Hand::realGeometry(WId window)
 {
     const QString facts = run(QStringLiteral("xwininfo"), {QStringLiteral("-id"), QString::number(window)});
-    return QRect(numberIn(facts, QStringLiteral("Absolute upper-left X:")),
-                 numberIn(facts, QStringLiteral("Absolute upper-left Y:")),
-                 numberIn(facts, QStringLiteral("Width:")), numberIn(facts, QStringLiteral("Height:")));
+    const auto number = [&facts](const char *label) {
+        const QRegularExpression pattern(QLatin1String(label) + QStringLiteral(":\\s*(-?\\d+)"));
+        return pattern.match(facts).captured(1).toInt();
+    };
+    return QRect(number("Absolute upper-left X"), number("Absolute upper-left Y"), number("Width"),
+                 number("Height"));
 }
 
 void Hand::keepScreenshot(const QString &name)

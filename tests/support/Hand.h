@@ -16,6 +16,9 @@ void moveTo(const QPoint &global);
 void moveTo(const QWidget *widget);
 void moveTo(const QWidget *widget, const QPoint &local);
 
+//! To where it disturbs nothing: beside every window of the tests.
+void stepAside();
+
 //! Where the pointer is. \param button 1 left, 2 middle, 3 right
 void click(int button = 1);
 void doubleClick(int button = 1);
@@ -29,6 +32,8 @@ void keys(const QStringList &keys);
 void holdKey(const QString &key);
 void releaseKey(const QString &key);
 
+//! What xdotool answers to these arguments; empty when it fails.
+QString ask(const QStringList &arguments);
 //! The window's rectangle as the X server has it, in its pixels.
 QRect realGeometry(WId window);
 //! Keeps a picture of all screens as screenshots/NAME.png in the working directory.

@@ -3,25 +3,13 @@
 
 #include "tests/support/Patience.h"
 
-QStringList OtherProgram::target(Fetching fetching)
+OtherProgram::OtherProgram(const QRect &place, Fetching fetching) : m_place(place)
 {
-    QStringList role = {QStringLiteral("target")};
-    if (fetching == Fetching::Late)
-        role.append(QStringLiteral("late"));
-    return role;
-}
-
-QStringList OtherProgram::source(const QString &path)
-{
-    return {QStringLiteral("source"), path};
-}
-
-OtherProgram::OtherProgram(const QRect &place, const QStringList &role) : m_place(place)
-{
-    QStringList arguments = {role.first()};
+    QStringList arguments;
     for (const int number : {place.x(), place.y(), place.width(), place.height()})
         arguments.append(QString::number(number));
-    arguments += role.mid(1);
+    if (fetching == Fetching::Late)
+        arguments.append(QStringLiteral("late"));
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("NO_AT_BRIDGE"), QStringLiteral("1")); // there is no session to tell
     environment.insert(QStringLiteral("LD_PRELOAD"), QString());             // it is not what is tested

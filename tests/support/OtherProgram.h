@@ -11,15 +11,11 @@
 class OtherProgram
 {
 public:
-    //! Takes what is dropped on it. \param late it fetches the data only when told to
+    //! Of what is dropped on it; late: only when told to.
     enum class Fetching { AtOnce, Late };
-    static QStringList target(Fetching fetching);
-    //! Drags a file.
-    static QStringList source(const QString &path);
 
     //! \param place the window's, in global coordinates
-    //! \param role what the functions above give
-    OtherProgram(const QRect &place, const QStringList &role);
+    OtherProgram(const QRect &place, Fetching fetching);
     ~OtherProgram();
 
     //! Runs no events.

@@ -15,9 +15,7 @@
 #include <QGraphicsEffect>
 #include <QLabel>
 #include <QMenu>
-#include <QRegularExpression>
 #include <QToolButton>
-#include <QWidgetAction>
 
 #include <dlfcn.h>
 
@@ -102,6 +100,14 @@ QStringList RealBrowser::log() const
     return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
+QStringList RealBrowser::opening(const QList<int> &indices) const
+{
+    QStringList lines;
+    for (const int index : indices)
+        lines.append(QStringLiteral("open %1 ok").arg(m_paths.at(index)));
+    return lines;
+}
+
 QDialog *RealBrowser::openPopup()
 {
     const QList<QDialog *> before = popups();
@@ -164,20 +170,8 @@ QStringList RealBrowser::menuLines() const
     const auto *menu = static_cast<QMenu **>(exported("_ZN21RecentDocumentBrowser13recentDocMenuE"));
     QStringList lines;
     const QList<QAction *> actions = (*menu)->actions();
-    for (QAction *action : actions) {
-        if (action->isSeparator()) {
-            lines.append(QStringLiteral("-"));
-            continue;
-        }
-        const QWidget *entry = qobject_cast<QWidgetAction *>(action)->defaultWidget();
-        QString line = button(entry, "menuTextButton")->text();
-        for (int i = 0; i < m_paths.size(); ++i)
-            line.replace(QRegularExpression(QRegularExpression::escape(m_paths.at(i)) + QLatin1Char('$')),
-                         QString::number(i + 1));
-        if (button(entry, "pinButton")->isChecked())
-            line += QStringLiteral(" pinned");
-        lines.append(line);
-    }
+    for (const QAction *action : actions)
+        lines.append(action->isSeparator() ? QStringLiteral("-") : action->text());
     return lines;
 }
 

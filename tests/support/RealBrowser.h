@@ -19,11 +19,13 @@ class QToolButton;
 class RealBrowser
 {
 public:
+    //! The main window's geometry, in pixels: four tiles stand in a row.
+    static constexpr QRect usualFrame{60, 60, 1300, 900};
     //! Makes and lists count drawings, the first as the most recent, and creates a new drawing.
     //! \param frame the main window's geometry, in pixels
-    RealBrowser(int count, const QRect &frame);
+    explicit RealBrowser(int count, const QRect &frame = usualFrame);
     //! The same with files of these names.
-    RealBrowser(const QStringList &names, const QRect &frame);
+    explicit RealBrowser(const QStringList &names, const QRect &frame = usualFrame);
     ~RealBrowser();
 
     //! A drawing with a picture of a colour of its own.
@@ -38,6 +40,9 @@ public:
     QStringList storedPaths() const;
     //! The lines that the host has logged so far.
     QStringList log() const;
+    //! Those on opening drawings, and those that it writes on opening these, in this order.
+    QStringList opened() const { return log().filter(QStringLiteral("open ")); }
+    QStringList opening(const QList<int> &indices) const;
 
     //! Runs "_RECENT" and waits until the popup is active on screen.
     QDialog *openPopup();
@@ -51,8 +56,7 @@ public:
     //! The highlighted ones of tiles.
     static QList<int> highlighted(const QList<QDialog *> &tiles);
 
-    //! The recent-files menu that the module keeps: a line an entry as the menu shows it, with " pinned"
-    //! behind a pinned one's, and "-" for a separator. Paths are given as the number of the drawing.
+    //! The recent-files menu that the module keeps: the text of each entry, "-" for a separator.
     QStringList menuLines() const;
 
     //! Fills menu as the module's entry in a host's own menu would.

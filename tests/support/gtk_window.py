@@ -1,20 +1,14 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""A window of another toolkit, as the other end of a drag. (The distribution's own Python: only that one has
-the distribution's modules.)
-
-gtk_window.py target X Y WIDTH HEIGHT [late]  takes everything that is dropped on it
-gtk_window.py source X Y WIDTH HEIGHT FILE    drags that file
+"""A window of another toolkit that takes everything that is dropped on it: gtk_window.py X Y WIDTH HEIGHT [late]
+(The distribution's own Python: only that one has the distribution's modules.)
 
 It tells what happens in lines:
-  ready                   it is on screen, at its place
-  enter                   (target) a drag is over it
-  dropped                 (target) something was dropped; with "late" the data is fetched after a line on
-                          standard input
-  data FORMAT HEX         (target) one of the formats that the drag has
-  finished                (target) all data is there
-  begin                   (source) the drag begins
-  end ACTION, failed WHY  (source) it ends, taken or not
+  ready            it is on screen, at its place
+  enter            a drag is over it
+  dropped          something was dropped; with "late" the data is fetched after a line on standard input
+  data FORMAT HEX  one of the formats that the drag has
+  finished         all data is there
 """
 
 import sys
@@ -23,7 +17,7 @@ import gi
 
 gi.require_version("Gdk", "3.0")
 gi.require_version("Gtk", "3.0")
-from gi.repository import Gdk, Gio, GLib, Gtk  # noqa: E402
+from gi.repository import Gdk, GLib, Gtk  # noqa: E402
 
 
 def tell(*words):
@@ -52,7 +46,6 @@ class Target:
     def drop(self, window, context, _x, _y, time):
         self.is_over = False
         self.wanted = context.list_targets()
-        self.label.set_text("dropped:")
         tell("dropped")
         if self.late:
             GLib.io_add_watch(
@@ -82,33 +75,14 @@ class Target:
         self.fetch_next(window, context, time)
 
 
-class Source:
-    def __init__(self, window, path):
-        self.uri = Gio.File.new_for_path(path).get_uri()
-        window.drag_source_set(Gdk.ModifierType.BUTTON1_MASK, [], Gdk.DragAction.COPY)
-        window.drag_source_add_uri_targets()
-        window.connect("drag-begin", lambda *_: tell("begin"))
-        window.connect("drag-data-get", lambda _window, _context, data, *_: data.set_uris([self.uri]))
-        window.connect("drag-failed", self.failed)
-        window.connect("drag-end", lambda _window, context: tell("end", int(context.get_selected_action())))
-
-    def failed(self, _window, _context, result):
-        tell("failed", result.value_nick)
-        return True  # no flight back to the start, which would take its time
-
-
 def main():
-    role, x, y, width, height = sys.argv[1], *map(int, sys.argv[2:6])
+    x, y, width, height = map(int, sys.argv[1:5])
     window = Gtk.Window(title="other program")
     window.set_decorated(False)
     window.set_accept_focus(False)  # the popup would close
     window.set_default_size(width, height)
     window.move(x, y)
-    if role == "target":
-        end = Target(window, "late" in sys.argv[6:])
-    else:
-        end = Source(window, sys.argv[6])
-    window.end = end
+    window.target = Target(window, "late" in sys.argv[5:])
 
     def ready_at_place(*_):
         if window.get_mapped() and window.get_window().get_origin()[1:] == (x, y):

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a person does besides the display's input: typed commands, files that change, screens of another size.
+// What the user does besides the display's input: typed commands, files that change, screens of another size.
 #include "tests/desktop/soak/SoakPerson.h"
 
 #include "host/app/HelpWindow.h"
@@ -29,46 +29,27 @@ bool helpHasTheKeyboard()
 
 } // namespace
 
-void SoakPerson::command(int choice)
+void SoakPerson::command(const SoakStep &step)
 {
-    const QStringList paths = m_soak.paths();
-    const QString &path = paths.at(choice / 16 % paths.size());
-    QString line;
-    switch (choice % 16) {
-    case 0:
-    case 1:
-    case 2:
-    case 3:
-        line = QStringLiteral("_OPEN ") + path;
+    const int number = step.choice / 16;
+    const QString path = m_soak.paths().at(number % m_soak.paths().size());
+    const QString open = QStringLiteral("_OPEN ") + path;
+    const QStringList others{
+        QStringLiteral("_CLOSE"),
+        QStringLiteral("_CLOSE"),
+        QStringLiteral("_NEW"),
+        QStringLiteral("_CASCADE"),
+        QStringLiteral("_RECENTLIMIT %1").arg(1 + number % 24),
+        QStringLiteral("_RECENTADD %1 (not there)").arg(path),
+        QStringLiteral("_RHELP"),
+        QStringLiteral("^C^C_TILE"),
+    };
+    const int kind = step.choice % 16;
+    constexpr int opens = 4; // of 16
+    const QString line = kind < opens ? open : others.value(kind - opens, QStringLiteral("^C^C_RECENT"));
+    m_mustOpen = kind < opens;
+    if (m_mustOpen)
         m_mayOpen = QStringList(path);
-        m_mustOpen = true;
-        break;
-    case 4:
-    case 5:
-        line = QStringLiteral("_CLOSE");
-        break;
-    case 6:
-        line = QStringLiteral("_NEW");
-        break;
-    case 7:
-        line = QStringLiteral("_CASCADE");
-        break;
-    case 8:
-        line = QStringLiteral("_RECENTLIMIT %1").arg(1 + choice / 16 % 24);
-        break;
-    case 9:
-        line = QStringLiteral("_RECENTADD ") + path + QStringLiteral(" (not there)");
-        break;
-    case 10:
-        line = QStringLiteral("_RHELP");
-        break;
-    case 11:
-        line = QStringLiteral("^C^C_TILE");
-        break;
-    default:
-        line = QStringLiteral("^C^C_RECENT");
-        break;
-    }
     say(line);
     bool givesHelp = false;
     gui([&] {
@@ -80,10 +61,10 @@ void SoakPerson::command(int choice)
         problem = QStringLiteral("the help does not get the keyboard");
 }
 
-void SoakPerson::file(int choice) const
+void SoakPerson::file(const SoakStep &step)
 {
-    const QStringList paths = m_soak.paths();
-    const QString &path = paths.at(choice / 16 % paths.size());
+    const int choice = step.choice;
+    const QString path = m_soak.paths().at(choice / 16 % m_soak.paths().size());
     const QByteArray name = QFile::encodeName(path);
     const auto write = [&](const QByteArray &bytes) {
         QFile file(path);
@@ -121,9 +102,14 @@ void SoakPerson::file(int choice) const
     }
 }
 
-void SoakPerson::screen(int choice)
+void SoakPerson::module(const SoakStep & /*step*/)
 {
-    const char *mode = choice % 2 ? "soak" : "1920x1200";
+    gui([&] { problem = m_soak.toggleModule(); });
+}
+
+void SoakPerson::screen(const SoakStep &step)
+{
+    const char *mode = step.choice % 2 ? "soak" : "1920x1200";
     if (QProcess::execute(QStringLiteral("xrandr"), {QStringLiteral("--output"), QStringLiteral("screen"),
                                                      QStringLiteral("--mode"), QLatin1String(mode)}) != 0)
         problem = QStringLiteral("the screen cannot be resized");

@@ -7,6 +7,7 @@
 #include "host/runtime/recent/RecentFiles.h"
 #include "state/FolderPinButton.h"
 #include "tests/support/Patience.h"
+#include "tests/support/PreviewBytes.h"
 #include "tests/support/RealBrowser.h"
 
 #include <QApplication>
@@ -21,8 +22,8 @@
 
 namespace {
 
-constexpr int drawings = 24;
-constexpr int limit = 16; // recent documents: some always fall out
+constexpr int soakDrawings = 24;
+constexpr int soakLimit = 16; // recent documents: some always fall out
 
 //! What the module exports under that mangled name; null while it is not loaded.
 template<class Thing>
@@ -40,6 +41,15 @@ __attribute__((no_sanitize("vptr"))) QString pathOf(const FolderPinButton *butto
 __attribute__((no_sanitize("vptr"))) QString pathOf(const QDialog *tile)
 {
     return pathOf(static_cast<const FolderPinButton *>(RealBrowser::button(tile, "pinButton")));
+}
+
+QStringList tilePathsOf(const QDialog *popup)
+{
+    QStringList paths;
+    const QList<QDialog *> tiles = RealBrowser::tiles(popup);
+    for (const QDialog *tile : tiles)
+        paths.append(pathOf(tile));
+    return paths;
 }
 
 //! The recent-files menu entries that have a picture in the cache, a blank one too.
@@ -62,11 +72,9 @@ SoakHost::SoakHost()
     : m_host(std::make_unique<fxhost::FxHost>(m_folder.filePath(QStringLiteral("profile")),
                                               m_folder.filePath(QStringLiteral("log"))))
 {
-    for (int i = 0; i < drawings; ++i) {
-        m_paths.append(m_folder.filePath(QStringLiteral("drawing %1.dwg").arg(i)));
-        QFile file(m_paths.constLast());
-        if (!file.open(QIODevice::WriteOnly) || file.write(RealBrowser::drawingBytes(i)) < 0)
-            qFatal("cannot make %s", qPrintable(file.fileName()));
+    for (int i = 0; i < soakDrawings; ++i) {
+        const QString path = m_folder.filePath(QStringLiteral("drawing %1.dwg").arg(i));
+        m_paths.append(testbytes::writeFile(path, RealBrowser::drawingBytes(i)));
     }
     QFile menus(QStringLiteral(":/customization.json"));
     if (!menus.open(QIODevice::ReadOnly) || !m_host->customization().load(menus.readAll()).isEmpty())
@@ -80,7 +88,7 @@ SoakHost::SoakHost()
     if (!waitForActive(m_window.get()))
         qFatal("the main window does not become active");
     m_host->setMainWindow(m_window.get());
-    m_host->recentFiles().setMaximum(limit);
+    m_host->recentFiles().setMaximum(soakLimit);
     m_host->recentFiles().setPaths(m_paths);
     m_host->documents().newDocument();
 }
@@ -124,11 +132,8 @@ QStringList SoakHost::shown() const
 {
     QStringList paths;
     const QList<QDialog *> popups = RealBrowser::popups();
-    for (const QDialog *open : popups) {
-        const QList<QDialog *> tiles = RealBrowser::tiles(open);
-        for (const QDialog *tile : tiles)
-            paths.append(pathOf(tile));
-    }
+    for (const QDialog *open : popups)
+        paths += tilePathsOf(open);
     return paths;
 }
 
@@ -189,10 +194,7 @@ QString SoakHost::meet(QDialog *popup)
     watched.widgets.insert(watched.widgets.end(), children.begin(), children.end());
     m_watched.push_back(watched);
 
-    QStringList tilePaths;
-    const QList<QDialog *> tiles = RealBrowser::tiles(popup);
-    for (const QDialog *tile : tiles)
-        tilePaths.append(pathOf(tile));
+    const QStringList tilePaths = tilePathsOf(popup);
     m_tilePaths += QSet<QString>(tilePaths.begin(), tilePaths.end());
     const QStringList entries = entriesWithPicture();
     if (tilePaths != entries) {

@@ -8,7 +8,6 @@
 
 #include <QApplication>
 #include <QPointer>
-#include <QProcess>
 
 #include <utility>
 
@@ -85,12 +84,15 @@ void SoakPerson::run()
     day.start();
     while (problem.isEmpty() && (seconds == 0 || !day.hasExpired(qint64(seconds) * 1000)) &&
            (mostSteps == 0 || steps < mostSteps)) {
-        const SoakStep step = m_plan.next();
+        const Deed &deed = nextDeed();
+        const SoakStep step = nextStep();
         ++steps;
-        m_log.write(QStringLiteral("%1 %2\n").arg(steps).arg(step.text()).toUtf8());
+        m_log.write(QString::asprintf("%d %s %d at %.2f,%.2f to %.2f,%.2f\n", steps, deed.name, step.choice,
+                                      step.x, step.y, step.toX, step.toY)
+                        .toUtf8());
         m_mayOpen.clear();
         m_mustOpen = m_mayOpenAny = false;
-        perform(step);
+        (this->*deed.act)(step);
         settle();
         welcomePopup();
         if (problem.isEmpty())
@@ -130,44 +132,44 @@ void SoakPerson::checkOpened()
         say(QStringLiteral("opened ") + path);
 }
 
-QPoint SoakPerson::place(double x, double y) const
+const SoakPerson::Deed SoakPerson::deeds[] = {
+    {"key", 40, &SoakPerson::key},
+    {"click", 16, &SoakPerson::click},
+    {"double-click", 3, &SoakPerson::clickTwice},
+    {"hover", 14, &SoakPerson::hover},
+    {"drag", 6, &SoakPerson::drag},
+    {"command", 18, &SoakPerson::command},
+    {"file", 8, &SoakPerson::file},
+    {"module", 1, &SoakPerson::module},
+    {"screen", 1, &SoakPerson::screen},
+};
+
+const SoakPerson::Deed &SoakPerson::nextDeed()
+{
+    int sum = 0;
+    for (const Deed &deed : deeds)
+        sum += deed.weight;
+    const Deed *deed = deeds;
+    for (int left = m_random.bounded(sum); left >= deed->weight; ++deed)
+        left -= deed->weight;
+    return *deed;
+}
+
+SoakStep SoakPerson::nextStep()
+{
+    constexpr int choices = 100000;
+    SoakStep step{};
+    step.choice = m_random.bounded(choices);
+    for (double *number : {&step.x, &step.y, &step.toX, &step.toY})
+        *number = m_random.generateDouble();
+    return step;
+}
+
+QPoint SoakPerson::place(const SoakStep &step) const
 {
     QRect target;
     gui([&] { target = m_soak.target(); });
-    return target.topLeft() + QPoint(int(x * target.width()), int(y * target.height()));
-}
-
-void SoakPerson::perform(const SoakStep &step)
-{
-    switch (step.kind) {
-    case SoakStep::Kind::Key:
-        key(step.choice);
-        break;
-    case SoakStep::Kind::Click:
-        click(step);
-        break;
-    case SoakStep::Kind::ClickTwice:
-        clickTwice(step);
-        break;
-    case SoakStep::Kind::Hover:
-        moveTo(place(step.x, step.y));
-        break;
-    case SoakStep::Kind::Drag:
-        drag(step);
-        break;
-    case SoakStep::Kind::Command:
-        command(step.choice);
-        break;
-    case SoakStep::Kind::File:
-        file(step.choice);
-        break;
-    case SoakStep::Kind::Module:
-        gui([&] { problem = m_soak.toggleModule(); });
-        break;
-    case SoakStep::Kind::Screen:
-        screen(step.choice);
-        break;
-    }
+    return target.topLeft() + QPoint(int(step.x * target.width()), int(step.y * target.height()));
 }
 
 void SoakPerson::welcomePopup()
@@ -187,10 +189,7 @@ bool SoakPerson::popupHasTheKeyboard()
     bool isPopup = false;
     const bool agreed = guiUntil([&] {
         QWidget *active = QApplication::activeWindow();
-        QProcess xdotool;
-        xdotool.start(QStringLiteral("xdotool"), {QStringLiteral("getwindowfocus")});
-        xdotool.waitForFinished();
-        const WId focus = xdotool.readAllStandardOutput().trimmed().toULongLong();
+        const WId focus = Hand::ask({QStringLiteral("getwindowfocus")}).toULongLong();
         const QList<QDialog *> popups = RealBrowser::popups();
         isPopup = active && popups.contains(qobject_cast<QDialog *>(active));
         return active && active->winId() == focus;
@@ -198,13 +197,13 @@ bool SoakPerson::popupHasTheKeyboard()
     return agreed && isPopup;
 }
 
-void SoakPerson::key(int choice)
+void SoakPerson::key(const SoakStep &step)
 {
     static const char *const keys[] = {
         "Right", "Right",       "Left",       "Down",       "Up",           "Tab", "Tab",    "shift+Right",
         "space", "shift+Right", "shift+Left", "ctrl+Right", "control+Left", "F4",  "Escape", "Return",
         "F4",    "F4",          "F6",         "x",          "Home",         "F4",  "Next",   "BackSpace"};
-    const char *key = keys[std::size_t(choice) % std::size(keys)];
+    const char *key = keys[std::size_t(step.choice) % std::size(keys)];
     if (qstrcmp(key, "Return") == 0 && popupHasTheKeyboard()) {
         gui([&] { m_mayOpen = m_soak.highlighted(); });
         m_mustOpen = true;
@@ -219,7 +218,7 @@ void SoakPerson::click(const SoakStep &step)
     static const char *const modifiers[] = {"", "", "", "ctrl", "shift"};
     const QString modifier = QLatin1String(modifiers[std::size_t(step.choice) % std::size(modifiers)]);
     const int button = step.choice % 11 == 0 ? 3 : step.choice % 13 == 0 ? 2 : 1;
-    const QPoint where = place(step.x, step.y);
+    const QPoint where = place(step);
     moveTo(where);
     expectDoubleClick(where);
     say(QStringLiteral("button %1 %2").arg(button).arg(modifier));
@@ -234,7 +233,7 @@ void SoakPerson::click(const SoakStep &step)
 
 void SoakPerson::clickTwice(const SoakStep &step)
 {
-    const QPoint where = place(step.x, step.y);
+    const QPoint where = place(step);
     moveTo(where);
     expectDoubleClick(where);
     gui([&] {

@@ -1,25 +1,63 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "tests/desktop/soak/SoakArrivals.h"
 #include "tests/desktop/soak/SoakHost.h"
-#include "tests/desktop/soak/SoakPlan.h"
 #include "tests/support/Patience.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QMouseEvent>
+#include <QRandomGenerator>
 #include <QStringList>
 #include <QThread>
 
 #include <functional>
 
-//! The person at the display: does what the plan says, and looks at what must hold after each step. In a
-//! thread of its own, because a drag keeps the GUI thread in its own loop.
+//! What has come of the input to the program's windows. Nothing comes here of a drag, which keeps all of it
+//! to itself. GUI thread.
+class SoakArrivals : public QObject
+{
+public:
+    SoakArrivals() { QCoreApplication::instance()->installEventFilter(this); }
+
+    QPoint pointer() const { return m_pointer; } //!< where it was last, in global pixels
+    int releases() const { return m_releases; }  //!< of buttons and keys, which come last of a click or a key
+
+protected:
+    bool eventFilter(QObject *receiver, QEvent *event) override
+    {
+        if (!receiver->isWindowType())
+            return false; // it has come to the widget's window before
+        if (event->type() == QEvent::MouseMove)
+            m_pointer = static_cast<const QMouseEvent *>(event)->globalPos();
+        m_releases += event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::KeyRelease;
+        return false;
+    }
+
+private:
+    QPoint m_pointer;
+    int m_releases = 0;
+};
+
+//! The random numbers of one thing that happens on a long day.
+struct SoakStep
+{
+    int choice; //!< of the many that there are: which key, which command and of which drawing
+    // Places, from 0 to 1 across and down: in the popup where there is one, else in the main window.
+    double x;
+    double y;
+    double toX; //!< across and down the main window
+    double toY;
+};
+
+//! The user at the display: does what comes next by chance, and looks at what must hold after each step. The
+//! same seed gives the same steps, whatever comes of them. In a thread of its own, because a drag keeps the
+//! GUI thread in its own loop.
 class SoakPerson : public QThread
 {
 public:
-    SoakPerson(SoakHost &soak, quint32 seed) : m_soak(soak), m_plan(seed) {}
+    SoakPerson(SoakHost &soak, quint32 seed) : m_soak(soak), m_random(seed) {}
 
     int seconds = 0;   //!< after which the day ends; 0 for no such end
     int mostSteps = 0; //!< the same in steps
@@ -36,6 +74,14 @@ protected:
     void run() override;
 
 private:
+    struct Deed
+    {
+        const char *name;
+        int weight; //!< how often it happens, out of the sum
+        void (SoakPerson::*act)(const SoakStep &step);
+    };
+    static const Deed deeds[];
+
     //! Runs something on the GUI thread, between its events, and waits for it.
     template<class Work>
     static void gui(Work work)
@@ -56,15 +102,18 @@ private:
     //! Waits until a popup that has just come has the keyboard, or is gone again.
     void welcomePopup();
 
-    QPoint place(double x, double y) const;
-    void perform(const SoakStep &step);
-    void key(int choice);
+    const Deed &nextDeed();
+    SoakStep nextStep();
+    QPoint place(const SoakStep &step) const;
+    void key(const SoakStep &step);
     void click(const SoakStep &step);
     void clickTwice(const SoakStep &step);
+    void hover(const SoakStep &step) { moveTo(place(step)); }
     void drag(const SoakStep &step);
-    void command(int choice);
-    void file(int choice) const;
-    void screen(int choice);
+    void command(const SoakStep &step);
+    void file(const SoakStep &step); //!< what becomes of which drawing's file
+    void module(const SoakStep & /*step*/);
+    void screen(const SoakStep &step);
     //! Looks at what the host was asked to open in this step.
     void checkOpened();
     //! Tells the log what is about to be done.
@@ -74,7 +123,7 @@ private:
     bool popupHasTheKeyboard();
 
     SoakHost &m_soak;
-    SoakPlan m_plan;
+    QRandomGenerator m_random;
     SoakArrivals m_arrivals;
     QPoint m_hotSpot; //!< of the picture that is dragged, once it is
     bool m_isDragging = false;

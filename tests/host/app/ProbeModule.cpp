@@ -12,6 +12,7 @@
 #include <OdStaticRxObject.h>
 #include <vela_OdRxModule.h>
 
+#include <QMenuBar>
 #include <QProcess>
 #include <QWidget>
 
@@ -43,16 +44,15 @@ public:
     {
         const QString argument = context->argument();
         say(QStringLiteral("Execute ") + argument);
-        const QString start = QStringLiteral("start ");
-        if (argument.startsWith(start))
-            say(QString::number(QProcess::execute(argument.mid(start.size()), {})));
-        const QStringList words = argument.split(QLatin1Char(' '));
-        if (words.constFirst() == QLatin1String("raise")) {
-            const QStringList signalsToRaise = words.mid(1);
-            for (const QString &signal : signalsToRaise) {
-                std::raise(signal.toInt());
-                say(QStringLiteral("raised ") + signal);
-            }
+        QStringList words = argument.split(QLatin1Char(' '));
+        const QString deed = words.takeFirst();
+        for (const QString &word : qAsConst(words)) {
+            if (deed == QLatin1String("start"))
+                say(QString::number(QProcess::execute(word, {})));
+            if (deed != QLatin1String("raise"))
+                continue;
+            std::raise(word.toInt());
+            say(QStringLiteral("raised ") + word);
         }
         return resultOfItsOwn;
     }
@@ -83,7 +83,8 @@ public:
 
     void mainFrameDestroyed(QWidget *mainFrame) override
     {
-        const bool alive = mainFrame && GetFxSystemServices()->GetMainFrame()->GetMainWindow() == mainFrame;
+        const bool alive = mainFrame && mainFrame->findChild<QMenuBar *>() &&
+                           GetFxSystemServices()->GetMainFrame()->GetMainWindow() == mainFrame;
         say(alive ? QStringLiteral("mainFrameDestroyed alive") : QStringLiteral("mainFrameDestroyed gone"));
         OdEdCommandStack *stack = odedRegCmds();
         stack->removeCommand(&m_command);

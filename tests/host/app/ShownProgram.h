@@ -14,6 +14,7 @@
 
 #include <QFile>
 #include <QLineEdit>
+#include <QMdiSubWindow>
 #include <QTemporaryDir>
 
 //! The program as main() builds it, without a module and a new drawing.
@@ -45,6 +46,8 @@ struct ShownProgram
         return testbytes::writeFile(dir.filePath(name), testbytes::DrawingBytes().bytes());
     }
 
+    //! A new drawing's.
+    QMdiSubWindow *newWindow() { return window.drawingArea().windowOf(host.documents().newDocument()); }
     //! Of the open drawings.
     QStringList openPaths()
     {

@@ -20,71 +20,44 @@ private slots:
         QCoreApplication::setApplicationVersion(QStringLiteral("7.8.9"));
     }
 
-    void noArgumentsMeanAnOrdinaryStart()
+    void argumentsReachTheirPlace_data()
     {
-        const CommandLineResult result = read({});
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QStringList>("options"); // in the words of described()
+        const auto row = [](const char *name, const QStringList &arguments, const QStringList &options) {
+            QTest::newRow(name) << arguments << options;
+        };
+        row("none", {}, {"new drawing"});
+        row("all",
+            {"--module", "a.so", "--module=b.so", "--profile", "/p", "--script", "s.scr", "--log", "l.txt",
+             "--no-document", "--geometry", "800x600+10+20", "one.dwg", "two words.dwg"},
+            {"module a.so", "module b.so", "profile /p", "script s.scr", "log l.txt", "800x600", "at 10,20",
+             "one.dwg", "two words.dwg"});
+        row("no module is not the default", {"--no-module"}, {"no module", "new drawing"});
+        row("a drawing after two dashes", {"--", "--log"}, {"new drawing", "--log"});
+        const auto drawing = [&row](const char *name, const QString &given, const QString &path) {
+            row(name, {"--no-document", given}, {path});
+        };
+        drawing("a URL", "file:///a%20b%231.dwg", "/a b#1.dwg");
+        drawing("any byte", "FILE:///gr%FCn.dwg", fxhost::pathFromBytes("/gr\xfcn.dwg"));
+        drawing("this computer's", "file://localhost/a.dwg", "/a.dwg");
+        drawing("another computer's", "file://server/a.dwg", "file://server/a.dwg");
+        drawing("a path that looks like one", "./file:///a%20b", "./file:///a%20b");
+        drawing("a name that looks like one", "file:a%20b.dwg", "file:a%20b.dwg");
+        const auto geometry = [&row](const char *name, const QString &given, const QStringList &read) {
+            row(name, {"--no-document", "--geometry", given}, read);
+        };
+        geometry("the corner of the screen", "800x600+0+0", {"800x600", "at 0,0"});
+        geometry("a screen further left", "800x600+-900+5", {"800x600", "at -900,5"});
+        geometry("the smallest, without a place", "400x300", {"400x300"});
+    }
+
+    void argumentsReachTheirPlace()
+    {
+        QFETCH(QStringList, arguments);
+        const CommandLineResult result = read(arguments);
         QCOMPARE(result.wish, Wish::Start);
-        QVERIFY(!result.options.modules);
-        QVERIFY(result.options.newDocument);
-        QCOMPARE(result.options.profileDir, QString());
-        QCOMPARE(result.options.scriptFile, QString());
-        QCOMPARE(result.options.logFile, QString());
-        QVERIFY(!result.options.windowSize);
-        QVERIFY(!result.options.windowPosition);
-        QCOMPARE(result.options.drawings, QStringList());
-    }
-
-    void everyOptionReachesItsPlace()
-    {
-        const CommandLineResult result =
-            read({"--module", "a.so", "--module=b.so", "--profile", "/p", "--script", "s.scr", "--log",
-                  "l.txt", "--no-document", "--geometry", "800x600+10+20", "one.dwg", "two words.dwg"});
-        QCOMPARE(result.wish, Wish::Start);
-        QCOMPARE(result.options.modules.value(), QStringList({"a.so", "b.so"}));
-        QCOMPARE(result.options.profileDir, QStringLiteral("/p"));
-        QCOMPARE(result.options.scriptFile, QStringLiteral("s.scr"));
-        QCOMPARE(result.options.logFile, QStringLiteral("l.txt"));
-        QVERIFY(!result.options.newDocument);
-        QCOMPARE(result.options.windowSize.value(), QSize(800, 600));
-        QCOMPARE(result.options.windowPosition.value(), QPoint(10, 20));
-        QCOMPARE(result.options.drawings, QStringList({"one.dwg", "two words.dwg"}));
-    }
-
-    void noModuleIsAnEmptyListAndNotTheDefault()
-    {
-        const CommandLineResult result = read({"--no-module"});
-        QCOMPARE(result.wish, Wish::Start);
-        QVERIFY(result.options.modules);
-        QVERIFY(result.options.modules->isEmpty());
-    }
-
-    void whatFollowsTwoDashesIsADrawing()
-    {
-        QCOMPARE(read({"--", "--log"}).options.drawings, QStringList("--log"));
-    }
-
-    void aDrawingMayBeGivenAsAUrl_data()
-    {
-        QTest::addColumn<QString>("drawing");
-        QTest::addColumn<QString>("path");
-        QTest::newRow("a URL") << "file:///a%20b%231.dwg"
-                               << "/a b#1.dwg";
-        QTest::newRow("any byte") << "FILE:///gr%FCn.dwg" << fxhost::pathFromBytes("/gr\xfcn.dwg");
-        QTest::newRow("this computer's") << "file://localhost/a.dwg"
-                                         << "/a.dwg";
-        QTest::newRow("another computer's") << "file://server/a.dwg"
-                                            << "file://server/a.dwg";
-        QTest::newRow("a path that looks like one") << "./file:///a%20b"
-                                                    << "./file:///a%20b";
-        QTest::newRow("a name that looks like one") << "file:a%20b.dwg"
-                                                    << "file:a%20b.dwg";
-    }
-
-    void aDrawingMayBeGivenAsAUrl()
-    {
-        QFETCH(QString, drawing);
-        QFETCH(QString, path);
-        QCOMPARE(read({drawing}).options.drawings, QStringList(path));
+        QTEST(described(result.options), "options");
     }
 
     void whatQtIsGiven_data()
@@ -92,21 +65,19 @@ private slots:
         QTest::addColumn<QByteArrayList>("environment"); // of platform, Wayland and X
         QTest::addColumn<QByteArrayList>("arguments");
         QTest::addColumn<QByteArrayList>("forQt");
+        const auto row = [](const char *name, const QByteArrayList &environment,
+                            const QByteArrayList &arguments, const QByteArrayList &forQt) {
+            QTest::newRow(name) << environment << arguments << forQt;
+        };
         const QByteArrayList x = {"", "", ":0"};
-        QTest::newRow("a geometry in one word, which Qt does not know")
-            << x << QByteArrayList{"--geometry", "big", "a.dwg"} << QByteArrayList{"--geometry=big", "a.dwg"};
-        QTest::newRow("one as X programs have it")
-            << x << QByteArrayList{"-geometry", "9x9"} << QByteArrayList{"--geometry=9x9"};
-        QTest::newRow("none") << x << QByteArrayList{"--geometry"} << QByteArrayList{"--geometry"};
-        QTest::newRow("drawings of that name")
-            << x << QByteArrayList{"--", "--geometry", "a"} << QByteArrayList{"--", "--geometry", "a"};
-        const QByteArrayList preferred = {"-platform", "xcb;wayland"};
-        QTest::newRow("Wayland and X") << QByteArrayList{"", "wayland-0", ":0"} << QByteArrayList{"a.dwg"}
-                                       << preferred + QByteArrayList{"a.dwg"};
-        QTest::newRow("Wayland and X, another choice")
-            << QByteArrayList{"wayland", "wayland-0", ":0"} << QByteArrayList() << QByteArrayList();
-        QTest::newRow("Wayland alone")
-            << QByteArrayList{"", "wayland-0", ""} << QByteArrayList() << QByteArrayList();
+        row("a geometry in one word, which Qt does not know", x, {"--geometry", "big", "a.dwg"},
+            {"--geometry=big", "a.dwg"});
+        row("one as X programs have it", x, {"-geometry", "9x9"}, {"--geometry=9x9"});
+        row("none", x, {"--geometry"}, {"--geometry"});
+        row("drawings of that name", x, {"--", "--geometry", "a"}, {"--", "--geometry", "a"});
+        row("Wayland and X", {"", "wayland-0", ":0"}, {"a.dwg"}, {"-platform", "xcb;wayland", "a.dwg"});
+        row("Wayland and X, another choice", {"wayland", "wayland-0", ":0"}, {}, {});
+        row("Wayland alone", {"", "wayland-0", ""}, {}, {});
     }
 
     void whatQtIsGiven()
@@ -121,55 +92,29 @@ private slots:
                  QByteArrayList{"fxhost"} + forQt);
     }
 
-    void geometryIsRead_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<bool>("placed");
-        QTest::addColumn<QPoint>("position");
-        QTest::newRow("size alone") << "800x600" << QSize(800, 600) << false << QPoint();
-        QTest::newRow("the corner of the screen") << "800x600+0+0" << QSize(800, 600) << true << QPoint(0, 0);
-        QTest::newRow("a screen further left")
-            << "800x600+-900+5" << QSize(800, 600) << true << QPoint(-900, 5);
-        QTest::newRow("the smallest") << "400x300" << QSize(400, 300) << false << QPoint();
-    }
-
-    void geometryIsRead()
-    {
-        QFETCH(QString, text);
-        QFETCH(bool, placed);
-        const CommandLineResult result = read({"--geometry", text});
-        QCOMPARE(result.wish, Wish::Start);
-        QTEST(result.options.windowSize.value(), "size");
-        QCOMPARE(result.options.windowPosition.has_value(), placed);
-        QTEST(result.options.windowPosition.value_or(QPoint()), "position");
-    }
-
     void wrongUseIsRefused_data()
     {
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QString>("reason");
-        QTest::newRow("an unknown option") << QStringList{"--colour"} << "colour";
-        QTest::newRow("Qt's own help") << QStringList{"--help-all"} << "help-all";
-        QTest::newRow("an option without its value") << QStringList{"--log"} << "log";
-        QTest::newRow("an empty profile") << QStringList{"--profile", ""} << "--profile needs a value";
-        QTest::newRow("an empty module") << QStringList{"--module", ""} << "--module needs a value";
-        QTest::newRow("an empty drawing") << QStringList{""} << "a drawing needs a name";
-        QTest::newRow("two logs") << QStringList{"--log", "a", "--log", "b"}
-                                  << "--log is given more than once";
-        QTest::newRow("a module and none")
-            << QStringList{"--module", "a", "--no-module"} << "exclude each other";
-        QTest::newRow("a value where none belongs") << QStringList{"--no-module=yes"} << "no-module";
-        QTest::newRow("words for a geometry")
-            << QStringList{"--geometry", "large"} << "\"large\" is no geometry";
-        QTest::newRow("half a geometry") << QStringList{"--geometry", "800x600+10"} << "is no geometry";
-        QTest::newRow("a negative size") << QStringList{"--geometry", "-800x600"} << "is no geometry";
-        QTest::newRow("a size past any screen")
-            << QStringList{"--geometry", "999999x600"} << "is no geometry";
-        QTest::newRow("something behind a geometry")
-            << QStringList{"--geometry", "800x600+1+1\n"} << "is no geometry";
-        QTest::newRow("too narrow") << QStringList{"--geometry", "399x300"} << "smaller than 400x300";
-        QTest::newRow("too low") << QStringList{"--geometry", "400x299"} << "smaller than 400x300";
+        const auto row = [](const char *name, const QStringList &arguments, const char *reason) {
+            QTest::newRow(name) << arguments << QString::fromLatin1(reason);
+        };
+        row("an unknown option", {"--colour"}, "colour");
+        row("Qt's own help", {"--help-all"}, "help-all");
+        row("an option without its value", {"--log"}, "log");
+        row("an empty profile", {"--profile", ""}, "--profile needs a value");
+        row("an empty module", {"--module", ""}, "--module needs a value");
+        row("an empty drawing", {""}, "a drawing needs a name");
+        row("two logs", {"--log", "a", "--log", "b"}, "--log is given more than once");
+        row("a module and none", {"--module", "a", "--no-module"}, "exclude each other");
+        row("a value where none belongs", {"--no-module=yes"}, "no-module");
+        row("words for a geometry", {"--geometry", "large"}, "\"large\" is no geometry");
+        row("half a geometry", {"--geometry", "800x600+10"}, "is no geometry");
+        row("a negative size", {"--geometry", "-800x600"}, "is no geometry");
+        row("a size past any screen", {"--geometry", "999999x600"}, "is no geometry");
+        row("something behind a geometry", {"--geometry", "800x600+1+1\n"}, "is no geometry");
+        row("too narrow", {"--geometry", "399x300"}, "smaller than 400x300");
+        row("too low", {"--geometry", "400x299"}, "smaller than 400x300");
     }
 
     void wrongUseIsRefused()
@@ -203,6 +148,29 @@ private:
     static CommandLineResult read(const QStringList &arguments)
     {
         return readCommandLine(QStringList("fxhost") + arguments);
+    }
+
+    static QStringList described(const fxhost::CommandLineOptions &options)
+    {
+        QStringList words;
+        if (options.modules && options.modules->isEmpty())
+            words << "no module";
+        for (const QString &module : options.modules.value_or(QStringList()))
+            words << "module " + module;
+        words << "profile " + options.profileDir << "script " + options.scriptFile
+              << "log " + options.logFile;
+        for (const char *unset : {"profile ", "script ", "log "})
+            words.removeAll(unset);
+        if (options.newDocument)
+            words << "new drawing";
+        if (options.windowSize)
+            words
+                << QStringLiteral("%1x%2").arg(options.windowSize->width()).arg(options.windowSize->height());
+        if (options.windowPosition)
+            words << QStringLiteral("at %1,%2")
+                         .arg(options.windowPosition->x())
+                         .arg(options.windowPosition->y());
+        return words + options.drawings;
     }
 };
 

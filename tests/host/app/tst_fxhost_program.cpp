@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "tests/host/app/ProgramRun.h"
 #include "tests/support/SpecialFiles.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/process/ProgramHome.h"
 
 #include <QDir>
 #include <QFile>
@@ -28,13 +28,8 @@ private slots:
                               "command _RECENTLIMIT 5100", "help 3087", "command _HELP 5100",
                               "command _CLOSE 5100", "command _DELAY 5100", "command _NOSUCH unknown",
                               "command _NEW 5100", "command _QUIT 5100"}));
-    }
-
-    void anUnknownCommandIsNamed()
-    {
-        const ProgramHome home;
-        const ProgramRun run = home.run({"_NOSUCH thing", "_QUIT"});
         QVERIFY2(run.errors.contains(QStringLiteral("_NOSUCH")), qPrintable(run.errors));
+        QCOMPARE(home.filesInHome(), QStringList()); // all is in the profile
     }
 
     void aNewDrawingIsThereFromTheStart()
@@ -49,14 +44,14 @@ private slots:
     void drawingsAreOpenedInTheirOrderBeforeTheScript()
     {
         const ProgramHome home;
-        home.drawing(QStringLiteral("one.dwg"));
+        const QString one = home.drawing(QStringLiteral("one.dwg"));
         const QString two = home.drawing(QStringLiteral("two.dwg"));
+        const QString missing = home.path(QStringLiteral("missing.dwg"));
         const ProgramRun run = home.run({"_QUIT"}, {"--no-module", "one.dwg", "missing.dwg", two});
         QCOMPARE(run.exitCode, 0);
-        QCOMPARE(run.log, QStringList({"open " + home.path(QStringLiteral("one.dwg")) + " ok",
-                                       "open " + home.path(QStringLiteral("missing.dwg")) + " failed",
+        QCOMPARE(run.log, QStringList({"open " + one + " ok", "open " + missing + " failed",
                                        "open " + two + " ok", "command _QUIT 5100"}));
-        QVERIFY2(run.errors.contains(home.path(QStringLiteral("missing.dwg"))), qPrintable(run.errors));
+        QVERIFY2(run.errors.contains(missing), qPrintable(run.errors));
     }
 
     void whatIsNoDrawingIsRefusedWithItsReason_data()
@@ -76,55 +71,42 @@ private slots:
         QFETCH(SpecialFile, kind);
         QFETCH(QString, reason);
         const SpecialFiles files;
-        refuses(files.path(kind), reason);
+        refuses(ProgramHome(), files.path(kind), reason);
     }
 
     void aTextIsNoDrawing()
     {
         const ProgramHome home;
-        QFile text(home.path(QStringLiteral("text.dwg")));
-        QVERIFY(text.open(QIODevice::WriteOnly));
-        text.write("version https://example.org/pointer\n");
-        text.close();
-        refuses(text.fileName(), QStringLiteral("drawing"));
+        const QString text = home.write(QStringLiteral("text.dwg"), "version https://example.org/pointer\n");
+        refuses(home, text, QStringLiteral("drawing"));
     }
 
-    void theRecentListOutlivesTheProgram()
+    void listAndLimitOutliveTheProgram()
     {
         const ProgramHome home;
         const QString a = home.drawing(QStringLiteral("a.dwg"));
         const QString b = home.drawing(QStringLiteral("b%20ü.dwg"));
         QCOMPARE(home.run({"_OPEN " + a, "_OPEN " + b, "_QUIT"}).exitCode, 0);
-        const QStringList first = linesOf(home.recentFile()).mid(1);
+        const QStringList first = home.recent();
         QCOMPARE(first.size(), 2);
         QCOMPARE(first.constLast(), a);
+        QCOMPARE(home.run({"_RECENTADD " + a, "_RECENTADD /not/there;b.dwg", "_QUIT"}).exitCode, 0);
+        QCOMPARE(home.recent(), QStringList({"/not/there;b.dwg", a, first.constFirst()}));
 
-        QCOMPARE(home.run({"_RECENTADD " + a, "_RECENTADD /not/there.dwg", "_QUIT"}).exitCode, 0);
-        QCOMPARE(linesOf(home.recentFile()).mid(1), QStringList({"/not/there.dwg", a, first.constFirst()}));
-    }
-
-    void theRecentLimitOutlivesTheProgram()
-    {
-        const ProgramHome home;
         QCOMPARE(home.run({"_RECENTLIMIT 2", "_QUIT"}).exitCode, 0);
         QCOMPARE(home.run({"_RECENTADD /1", "_RECENTADD /2", "_RECENTADD /3", "_QUIT"}).exitCode, 0);
-        QCOMPARE(linesOf(home.recentFile()).mid(1), QStringList({"/3", "/2"}));
+        QCOMPARE(home.recent(), QStringList({"/3", "/2"}));
     }
 
     void aDamagedRecentListIsSetAsideAndSaidSo()
     {
         const ProgramHome home;
-        QVERIFY(QDir().mkpath(home.profile()));
         const QByteArray damage("\0\1 no list at all", 18);
-        QFile list(home.recentFile());
-        QVERIFY(list.open(QIODevice::WriteOnly));
-        list.write(damage);
-        list.close();
-
+        home.write(home.recentFile(), damage);
         const ProgramRun run = home.run({"_RECENTADD /1", "_QUIT"});
         QCOMPARE(run.exitCode, 0);
         QVERIFY2(run.errors.contains(home.recentFile()), qPrintable(run.errors));
-        QCOMPARE(linesOf(home.recentFile()).mid(1), QStringList("/1"));
+        QCOMPARE(home.recent(), QStringList("/1"));
 
         const QStringList kept = QDir(home.profile()).entryList({"recent.txt.damaged*"}, QDir::Files);
         QCOMPARE(kept.size(), 1);
@@ -136,32 +118,15 @@ private slots:
     void damagedSettingsDoNotKeepItFromStarting()
     {
         const ProgramHome home;
-        QVERIFY(QDir().mkpath(home.profile()));
-        QFile settings(home.profile() + QStringLiteral("/settings.ini"));
-        QVERIFY(settings.open(QIODevice::WriteOnly));
-        settings.write("\0\xff[[[window]\ngeometry=@ByteArray(\x01\nrecent/maximum=-7\n", 54);
-        settings.close();
+        home.write(QStringLiteral("profile/settings.ini"),
+                   QByteArray("\0\xff[[[window]\ngeometry=@ByteArray(\x01\nrecent/maximum=-7\n", 54));
         QCOMPARE(home.run({"_NEW", "_QUIT"}).log, QStringList({"command _NEW 5100", "command _QUIT 5100"}));
-    }
-
-    void nothingIsWrittenOutsideTheProfile()
-    {
-        const ProgramHome home;
-        const QString drawing = home.drawing(QStringLiteral("a.dwg"));
-        const ProgramRun run = home.run({"_OPEN " + drawing, "_RECENTLIMIT 7", "_HELP", "_QUIT"});
-        QCOMPARE(run.exitCode, 0);
-        QCOMPARE(home.filesInHome(), QStringList());
-        QVERIFY(QFile::exists(home.recentFile()));
     }
 
     void withoutAProfileTheDesktopsPlaceIsTaken()
     {
         const ProgramHome home;
-        const QString script = home.path(QStringLiteral("quit.txt"));
-        QFile file(script);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("_RECENTADD /1\n_QUIT");
-        file.close();
+        const QString script = home.write(QStringLiteral("quit.txt"), "_RECENTADD /1\n_QUIT");
         QCOMPARE(home.runBare({"--no-module", "--script", script}).exitCode, 0);
         QCOMPARE(linesOf(home.path(QStringLiteral("home/.config/fxhost/recent.txt"))).mid(1),
                  QStringList("/1"));
@@ -200,23 +165,18 @@ private slots:
     {
         const ProgramHome home;
         const QString module = QStringLiteral(PROBE_MODULE);
-        const ProgramRun run = home.run({"_PROBE  two  words ", "_QUIT"}, {"--module", module});
+        const ProgramRun run =
+            home.run({"_PROBE  two  words ", "_PROBE start fxshow", "_QUIT"}, {"--module", module});
         QCOMPARE(run.exitCode, 0);
-        QCOMPARE(run.log, QStringList({"module " + module + " loaded", "command _PROBE 4711",
-                                       "command _QUIT 5100", "module " + module + " unloaded"}));
-        // What the module itself saw, from its first call to its last.
+        QCOMPARE(run.log,
+                 QStringList({"module " + module + " loaded", "command _PROBE 4711", "command _PROBE 4711",
+                              "command _QUIT 5100", "module " + module + " unloaded"}));
+        // What the module itself saw, from its first call to its last. It finds the programs beside the host;
+        // one that cannot be found ends with -2, and this one misses its argument.
         QCOMPARE(run.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts),
                  QStringList({"initApp", "mainFrameCreated visible", "DocumentCreated", "Execute two  words",
-                              "DocumentDestroyed", "mainFrameDestroyed alive", "uninitApp", "unloaded"}));
-    }
-
-    void aModuleFindsTheProgramsThatStandBesideTheHost()
-    {
-        const ProgramHome home;
-        const ProgramRun run =
-            home.run({"_PROBE start fxshow", "_QUIT"}, {"--module", QStringLiteral(PROBE_MODULE)});
-        // It misses its argument. One that cannot be found ends with -2.
-        QVERIFY2(run.output.contains(QLatin1String("Execute start fxshow\n2\n")), qPrintable(run.output));
+                              "Execute start fxshow", "2", "DocumentDestroyed", "mainFrameDestroyed alive",
+                              "uninitApp", "unloaded"}));
     }
 
     void aSignalEndsItAsQuitDoes_data()
@@ -259,34 +219,14 @@ private slots:
         QVERIFY(image.convertToFormat(QImage::Format_Indexed8).colorCount() > 2); // it shows something
     }
 
-    void aScreenshotThatCannotBeWrittenSaysWhy_data()
-    {
-        QTest::addColumn<QString>("argument");
-        QTest::addColumn<QString>("said");
-        QTest::newRow("no name") << ""
-                                 << "needs the name";
-        QTest::newRow("no such directory") << "/no/such/dir/x.png"
-                                           << "/no/such/dir/x.png";
-        QTest::newRow("a directory") << "/"
-                                     << "The picture / ";
-    }
-
     void aScreenshotThatCannotBeWrittenSaysWhy()
     {
-        QFETCH(QString, argument);
-        QFETCH(QString, said);
-        const ProgramHome home;
-        const ProgramRun run = home.run({"_SCREENSHOT " + argument, "_QUIT"});
-        QCOMPARE(run.log, QStringList({"command _SCREENSHOT 5102", "command _QUIT 5100"}));
-        QVERIFY2(run.errors.contains(said), qPrintable(run.errors));
-    }
-
-    void aScriptWithForeignLineEndsRuns()
-    {
-        const ProgramHome home;
-        QCOMPARE(home.run({"\uFEFF_NEW\r", "\r", "\t# a comment\r", "_RECENTADD /a;b\r", "_QUIT\r"}).log,
-                 QStringList({"command _NEW 5100", "command _RECENTADD 5100", "command _QUIT 5100"}));
-        QCOMPARE(linesOf(home.recentFile()).mid(1), QStringList("/a;b"));
+        const ProgramRun run =
+            ProgramHome().run({"_SCREENSHOT ", "_SCREENSHOT /no/such/dir/x.png", "_SCREENSHOT /", "_QUIT"});
+        const QString failed = QStringLiteral("command _SCREENSHOT 5102");
+        QCOMPARE(run.log, QStringList({failed, failed, failed, "command _QUIT 5100"}));
+        for (const char *said : {"needs the name", "/no/such/dir/x.png", "The picture / "})
+            QVERIFY2(run.errors.contains(QLatin1String(said)), qPrintable(run.errors));
     }
 
     void wrongUseEndsWithCodeTwoAndAReason_data()
@@ -297,8 +237,7 @@ private slots:
         QTest::newRow("a wrong geometry") << QStringList{"--geometry", "big"} << "\"big\"";
         QTest::newRow("a script that is not there") << QStringList{"--script", "no.scr"} << "no.scr";
         QTest::newRow("a script that is a directory") << QStringList{"--script", "/"} << "the script /";
-        QTest::newRow("a log that cannot be")
-            << QStringList{"--log", "/no/such/dir/log"} << "/no/such/dir/log";
+        QTest::newRow("a log that cannot be") << QStringList{"--log", "/no/such/log"} << "/no/such/log";
         QTest::newRow("a profile that is a file") << QStringList{"--profile", "/dev/null"} << "/dev/null";
     }
 
@@ -306,8 +245,7 @@ private slots:
     {
         QFETCH(QStringList, arguments);
         QFETCH(QString, reason);
-        const ProgramHome home;
-        const ProgramRun run = home.runBare(QStringList("--no-module") + arguments);
+        const ProgramRun run = ProgramHome().runBare(QStringList("--no-module") + arguments);
         QCOMPARE(run.exitCode, 2);
         QVERIFY2(run.errors.contains(reason), qPrintable(run.errors));
         QCOMPARE(run.output, QString());
@@ -315,8 +253,7 @@ private slots:
 
     void helpAndVersionNeedNoDisplay()
     {
-        ProgramHome home;
-        home.loseDisplay();
+        const ProgramHome home(QStringLiteral("none"));
         const ProgramRun help = home.runBare({"--help"});
         QCOMPARE(help.exitCode, 0);
         QVERIFY2(help.output.contains(QStringLiteral("--no-document")), qPrintable(help.output));
@@ -328,9 +265,8 @@ private slots:
     }
 
 private:
-    static void refuses(const QString &path, const QString &reason)
+    static void refuses(const ProgramHome &home, const QString &path, const QString &reason)
     {
-        const ProgramHome home;
         const ProgramRun run =
             home.run({"_OPEN " + path, "_CLOSE", "_QUIT"}, {"--no-module", "--no-document"});
         QCOMPARE(run.exitCode, 0);

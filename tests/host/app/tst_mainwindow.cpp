@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/HelpWindow.h"
+#include "host/runtime/recent/RecentFiles.h"
 #include "tests/host/app/ShownProgram.h"
 
 #include <CFxCommand.h>
-#include <CFxEditorReactor.h>
-#include <OdEditor.h>
+#include <CFxUICommand.h>
+#include <CFxUIMenuItem.h>
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
 #include <QSignalSpy>
@@ -18,7 +19,19 @@
 
 using namespace fxhost;
 
-//! The main window, in the test's own process.
+namespace {
+
+QStringList textsOf(const QList<QAction *> &actions)
+{
+    QStringList texts;
+    for (const QAction *action : actions)
+        texts << action->text();
+    return texts;
+}
+
+} // namespace
+
+//! The main window with the menus and keys that the program ships, in the test's own process.
 class MainWindowTest : public TestCase
 {
     Q_OBJECT
@@ -30,18 +43,14 @@ private slots:
         QCoreApplication::setApplicationName(QStringLiteral("fxhost"));
         const QString a = program.drawing(QStringLiteral("a.dwg"));
         const QString b = program.drawing(QStringLiteral("b.dwg"));
-        program.enter(QStringLiteral("_OPEN ") + a);
-        QCOMPARE(program.window.windowTitle(), QStringLiteral("fxhost - [a.dwg]"));
-        program.enter(QStringLiteral("_OPEN ") + b);
-        QCOMPARE(program.window.windowTitle(), QStringLiteral("fxhost - [b.dwg]"));
-        program.enter(QStringLiteral("_TILE"));
-        QCOMPARE(program.window.windowTitle(), QStringLiteral("fxhost - [b.dwg]"));
-        program.enter(QStringLiteral("_NEXTWINDOW"));
-        QTRY_COMPARE(program.window.windowTitle(), QStringLiteral("fxhost - [a.dwg]"));
-        program.enter(QStringLiteral("_CLOSE"));
-        QCOMPARE(program.window.windowTitle(), QStringLiteral("fxhost - [b.dwg]"));
-        program.enter(QStringLiteral("_CLOSE"));
-        QCOMPARE(program.window.windowTitle(), QStringLiteral("fxhost"));
+        const QPair<QString, QString> steps[] = {
+            {"_OPEN " + a, "fxhost - [a.dwg]"}, {"_OPEN " + b, "fxhost - [b.dwg]"},
+            {"_TILE", "fxhost - [b.dwg]"},      {"_NEXTWINDOW", "fxhost - [a.dwg]"},
+            {"_CLOSE", "fxhost - [b.dwg]"},     {"_CLOSE", "fxhost"}};
+        for (const auto &step : steps) {
+            program.enter(step.first);
+            QTRY_COMPARE(program.window.windowTitle(), step.second);
+        }
     }
 
     void pathsAndFactsKeepTheirOrderOnEveryDesktop()
@@ -67,13 +76,10 @@ private slots:
     void drawingsStayMaximizedUntilTheyAreArranged()
     {
         ShownProgram program;
-        const Document *first = program.host.documents().newDocument();
-        QVERIFY(program.window.drawingArea().windowOf(first)->isMaximized());
-        const Document *second = program.host.documents().newDocument();
-        QVERIFY(program.window.drawingArea().windowOf(second)->isMaximized());
+        QVERIFY(program.newWindow()->isMaximized());
+        QVERIFY(program.newWindow()->isMaximized());
         program.enter(QStringLiteral("_CASCADE"));
-        const Document *third = program.host.documents().newDocument();
-        QVERIFY(!program.window.drawingArea().windowOf(third)->isMaximized());
+        QVERIFY(!program.newWindow()->isMaximized());
     }
 
     void aClosedWindowClosesItsDrawing()
@@ -122,8 +128,10 @@ private slots:
     void whatIsTypedAnywhereGoesToTheCommandLine()
     {
         ShownProgram program;
-        QMdiSubWindow *window = program.window.drawingArea().windowOf(program.host.documents().newDocument());
+        QMdiSubWindow *window = program.newWindow();
         window->setFocus();
+        QTest::keyClick(window, Qt::Key_Control, Qt::ControlModifier); // alone it is nothing typed
+        QVERIFY(!program.window.commandLine().hasInputFocus());
         QTest::keyClick(window, 'q');
         QCOMPARE(program.input()->text(), QStringLiteral("q"));
         QVERIFY(program.window.commandLine().hasInputFocus());
@@ -155,7 +163,7 @@ private slots:
     {
         ShownProgram program;
         program.host.documents().newDocument();
-        QMdiSubWindow *window = program.window.drawingArea().windowOf(program.host.documents().newDocument());
+        QMdiSubWindow *window = program.newWindow();
         program.input()->setFocus();
         QTest::keyClick(program.input(), Qt::Key_Backtab, Qt::ShiftModifier);
         QVERIFY(window->isAncestorOf(QApplication::focusWidget()) || window->hasFocus());
@@ -166,19 +174,10 @@ private slots:
         QCOMPARE(program.window.drawingArea().activeSubWindow(), window);
     }
 
-    void aModifierAloneLeavesTheFocusWhereItIs()
-    {
-        ShownProgram program;
-        QMdiSubWindow *window = program.window.drawingArea().windowOf(program.host.documents().newDocument());
-        window->setFocus();
-        QTest::keyClick(window, Qt::Key_Control, Qt::ControlModifier);
-        QVERIFY(!program.window.commandLine().hasInputFocus());
-    }
-
     void theFocusComesBackFromAPopup()
     {
         ShownProgram program;
-        QMdiSubWindow *window = program.window.drawingArea().windowOf(program.host.documents().newDocument());
+        QMdiSubWindow *window = program.newWindow();
         window->setFocus();
         QDialog popup(&program.window, Qt::FramelessWindowHint);
         popup.show();
@@ -189,31 +188,23 @@ private slots:
         QTRY_VERIFY(program.input()->hasFocus());
     }
 
-    void aRunningCommandEndsOnRequest_data()
-    {
-        QTest::addColumn<bool>("typed");
-        QTest::newRow("Escape") << false;
-        QTest::newRow("^C") << true;
-    }
-
     void aRunningCommandEndsOnRequest()
     {
-        QFETCH(bool, typed);
         ShownProgram program;
         const QSignalSpy ended(&program.host.commands(), &CommandRunner::commandEnded);
-        QTimer::singleShot(0, &program.window, [&program, typed] {
-            if (typed)
-                program.enter(QStringLiteral("^C"));
-            else
-                QTest::keyClick(program.input(), Qt::Key_Escape);
-        });
-        QElapsedTimer time;
-        time.start();
-        constexpr int farTooLong = 600000; // ms
-        program.enter(QStringLiteral("_DELAY %1").arg(farTooLong));
-        QVERIFY(time.elapsed() < farTooLong);
-        QCOMPARE(ended, QList<QVariantList>({{QStringLiteral("_DELAY"), CFxCommand::cancelled}}));
-        QVERIFY2(program.history().endsWith(QStringLiteral("*Cancelled*")), qPrintable(program.history()));
+        for (const bool typed : {false, true}) {
+            QTimer::singleShot(0, &program.window, [&program, typed] {
+                if (typed)
+                    program.enter(QStringLiteral("^C"));
+                else
+                    QTest::keyClick(program.input(), Qt::Key_Escape);
+            });
+            program.enter(QStringLiteral("_DELAY 600000")); // far longer than a test may take
+            QVERIFY2(program.history().endsWith(QStringLiteral("*Cancelled*")),
+                     qPrintable(program.history()));
+        }
+        const QVariantList cancelled{QStringLiteral("_DELAY"), CFxCommand::cancelled};
+        QCOMPARE(ended, QList<QVariantList>({cancelled, cancelled}));
     }
 
     void closingTheWindowEndsTheRunningCommandAndTheProgram()
@@ -241,9 +232,8 @@ private slots:
             QVERIFY(program.host.documents().documents().empty());
         });
         program.enter(QStringLiteral("_DELAY 50"));
-        QCOMPARE(ended.count(), 2);
-        QCOMPARE(ended.at(0).at(0).toString(), QStringLiteral("_DELAY"));
-        QCOMPARE(ended.at(1).at(0).toString(), QStringLiteral("_NEW"));
+        QCOMPARE(ended,
+                 QList<QVariantList>({{QStringLiteral("_DELAY"), 5100}, {QStringLiteral("_NEW"), 5100}}));
     }
 
     void theHistoryTellsWhatRanAndWhatFailed()
@@ -258,28 +248,19 @@ private slots:
         QVERIFY(!QApplication::activeModalWidget()); // nothing that would hold up a script
     }
 
-    void helpShowsThePageOfATopic_data()
-    {
-        QTest::addColumn<QString>("command");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("the front page") << "_HELP"
-                                        << "_RECENTLIMIT";
-        QTest::newRow("the recent drawings") << "_HELP 3087"
-                                             << "F4 or the command _RECENT show them with their pictures";
-        QTest::newRow("no such page") << "_HELP 12"
-                                      << "no help page for topic 12";
-    }
-
     void helpShowsThePageOfATopic()
     {
-        QFETCH(QString, command);
-        QFETCH(QString, text);
         ShownProgram program;
-        program.enter(command);
-        const auto *help = program.window.findChild<HelpWindow *>();
-        QVERIFY(help);
-        QVERIFY(help->isVisible());
-        QVERIFY2(help->text().contains(text), qPrintable(help->text()));
+        const QPair<const char *, const char *> pages[] = {
+            {"_HELP", "_RECENTLIMIT"},
+            {"_HELP 3087", "F4 or the command _RECENT show them with their pictures"},
+            {"_HELP 12", "no help page for topic 12"}};
+        for (const auto &page : pages) {
+            program.enter(page.first);
+            const auto *help = program.window.findChild<HelpWindow *>();
+            QVERIFY(help && help->isVisible());
+            QVERIFY2(help->text().contains(page.second), qPrintable(help->text()));
+        }
     }
 
     void theWindowCanBeMadeAsSmallAsItNeedsToBe()
@@ -336,31 +317,59 @@ private slots:
         QCOMPARE(normal.boundedTo(screen), normal);
     }
 
-    void modulesHearOfTheEndWhileTheWindowLives()
+    void theStartUpMenusStandWhileNoDrawingIsOpen()
     {
-        struct Reactor : CFxEditorReactor
-        {
-            void mainFrameDestroyed(QWidget *mainFrame) override
-            {
-                hasMenuBar = mainFrame->findChild<QMenuBar *>() != nullptr;
-            }
-            bool hasMenuBar = false;
-        } reactor;
-        QTemporaryDir profile;
-        FxHost host(profile.path(), QString());
-        {
-            MainWindow window(host);
-            window.show();
-            host.setMainWindow(&window);
-            OdEditor *editor = odedEditor();
-            editor->addReactor(&reactor);
-            editor->release();
+        const ShownProgram program;
+        QCOMPARE(program.menuProblem, QString());
+        QCOMPARE(textsOf(program.window.menuBar()->actions()), QStringList({"&File", "&Help"}));
+        program.enter(QStringLiteral("_NEW"));
+        QCOMPARE(textsOf(program.window.menuBar()->actions()), QStringList({"&File", "&Window", "&Help"}));
+        program.enter(QStringLiteral("_CLOSE"));
+        QCOMPARE(textsOf(program.window.menuBar()->actions()), QStringList({"&File", "&Help"}));
+    }
+
+    void aModulesEntryAndKeyComeToLifeOnRefresh()
+    {
+        for (const bool withDrawing : {false, true}) {
+            ShownProgram program;
+            Customization &customization = program.host.customization();
+            if (withDrawing)
+                program.host.documents().newDocument();
+            const QSignalSpy started(&program.host.commands(), &CommandRunner::commandStarted);
+            QTest::keyClick(program.input(), Qt::Key_F4); // which waits for a module
+            UIGroup *group = withDrawing ? customization.primaryGroup() : customization.startUpGroup();
+            CFxUICommand *command = customization.CreateCommand(L"ID_RECENT_FILES");
+            command->SetMacro(L"^C^C_NEW");
+            group->AppendCommand(command);
+            CFxUIMenuItem *menu = group->GetMenu(0);
+            QVERIFY(menu->GetIdentifier() == CFxString(L"ID_MnFile"));
+            // Modules count from the end: the entry goes before the last but one, the separator of Exit.
+            QVERIFY(
+                menu->InsertChild(menu->GetChildCount() - 2,
+                                  customization.CreateMenuItem(command, L"Preview...", L"", L"PMI_PREVIEW")));
+            customization.Refresh();
+
+            const QMenu *file = program.window.menuBar()->actions().constFirst()->menu();
+            QCOMPARE(textsOf(file->actions().mid(file->actions().size() - 4)),
+                     QStringList({"&Recent Drawings", "Preview...\tF4", "", "E&xit\tCtrl+Q"}));
+            QCOMPARE(started.count(), 0);
+            QTest::keyClick(program.input(), Qt::Key_F4);
+            QTRY_COMPARE(started, (QList<QVariantList>{{QStringLiteral("_NEW"), QString()}}));
         }
-        QVERIFY(reactor.hasMenuBar);
-        QVERIFY(!host.mainWindow());
-        OdEditor *editor = odedEditor();
-        editor->removeReactor(&reactor);
-        editor->release();
+    }
+
+    void theRecentFilesMenuFollowsTheList()
+    {
+        ShownProgram program;
+        const QString path = program.drawing(QStringLiteral("a & b.dwg"));
+        program.host.recentFiles().add(path);
+        auto *menu = program.window.findChild<QMenu *>(QStringLiteral("ID_RECENT_FILES_MENU"));
+        QVERIFY(menu);
+        emit menu->aboutToShow();
+        QCOMPARE(menu->actions().size(), 1);
+        menu->actions().constFirst()->trigger();
+        QTRY_VERIFY(program.host.documents().current());
+        QCOMPARE(QString(program.host.documents().current()->path()), path);
     }
 };
 

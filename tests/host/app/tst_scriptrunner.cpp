@@ -7,104 +7,96 @@
 
 using namespace fxhost;
 
+namespace {
+
+//! A script in the program.
+struct LoadedScript
+{
+    explicit LoadedScript(const QByteArray &content)
+        : problem(runner.load(testbytes::writeFile(program.dir.filePath(QStringLiteral("script")), content)))
+    {
+    }
+
+    ShownProgram program;
+    ScriptRunner runner{program.host.commands()};
+    QString problem;
+};
+
+} // namespace
+
 //! A script in the program, in the test's own process.
 class ScriptRunnerTest : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void linesThatSayNothingAreLeftOut()
+    void linesAreRead_data()
     {
-        ShownProgram program;
-        ScriptRunner script(program.host.commands());
-        QCOMPARE(script.load(written(program, "# a comment\n\n  \t\n  _NEW  \r\n\t#_NEW\n_CLOSE")),
-                 QString());
-        QCOMPARE(script.lines(), QStringList({"_NEW", "_CLOSE"}));
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QStringList>("lines");
+        QTest::newRow("lines that say nothing are left out")
+            << QByteArray("# a comment\n\n  \t\n\r\n  _NEW  \r\n\t#_NEW\n_CLOSE")
+            << QStringList{"_NEW", "_CLOSE"};
+        QTest::newRow("a zero byte hides nothing")
+            << QByteArray("_NEW\0W\n_CLOSE\n", 14)
+            << QStringList{QString::fromLatin1("_NEW\0W", 6), "_CLOSE"};
+        QTest::newRow("files are named by their bytes")
+            << QByteArray("\xef\xbb\xbf# a comment\n_OPEN /gr\xfcn \xc3\xa4.dwg\n")
+            << QStringList{QLatin1String("_OPEN ") + pathFromBytes("/gr\xfcn \xc3\xa4.dwg")};
     }
 
-    void aZeroByteHidesNothing()
+    void linesAreRead()
     {
-        ShownProgram program;
-        ScriptRunner script(program.host.commands());
-        QCOMPARE(script.load(written(program, QByteArray("_NEW\0W\n_CLOSE\n", 14))), QString());
-        QCOMPARE(script.lines(), QStringList({QString::fromLatin1("_NEW\0W", 6), "_CLOSE"}));
-    }
-
-    void aScriptNamesFilesByTheirBytes()
-    {
-        ShownProgram program;
-        ScriptRunner script(program.host.commands());
-        QCOMPARE(script.load(written(program, "\xef\xbb\xbf# a comment\n_OPEN /gr\xfcn \xc3\xa4.dwg\n")),
-                 QString());
-        QCOMPARE(script.lines(),
-                 QStringList(QLatin1String("_OPEN ") + pathFromBytes("/gr\xfcn \xc3\xa4.dwg")));
+        QFETCH(QByteArray, content);
+        LoadedScript script(content);
+        QCOMPARE(script.problem, QString());
+        QTEST(script.runner.lines(), "lines");
+        drainEvents();
+        QVERIFY(!script.program.host.documents().current()); // nothing runs before the start
     }
 
     void aScriptThatCannotBeReadSaysWhy()
     {
-        ShownProgram program;
-        ScriptRunner script(program.host.commands());
-        QVERIFY(!script.load(program.dir.filePath(QStringLiteral("missing"))).isEmpty());
-        QVERIFY(!script.load(program.dir.path()).isEmpty());
-        QCOMPARE(script.lines(), QStringList());
-    }
-
-    void aLineThatRunsNothingDoesNotHoldUpTheNext_data()
-    {
-        QTest::addColumn<QByteArray>("line");
-        QTest::newRow("a mere ^C") << QByteArray("^C");
-        QTest::newRow("an unknown command") << QByteArray("_NOSUCH");
+        LoadedScript script("");
+        QVERIFY(!script.runner.load(script.program.dir.filePath(QStringLiteral("missing"))).isEmpty());
+        QVERIFY(!script.runner.load(script.program.dir.path()).isEmpty());
+        QCOMPARE(script.runner.lines(), QStringList());
     }
 
     void aLineThatRunsNothingDoesNotHoldUpTheNext()
     {
-        QFETCH(QByteArray, line);
-        ShownProgram program;
-        QVERIFY(program.active);
-        ScriptRunner script(program.host.commands());
-        QCOMPARE(script.load(written(program, line + "\n" + line + "\n_NEW\n")), QString());
-        script.startWhenActive(&program.window);
-        QTRY_VERIFY(program.host.documents().current());
+        for (const char *content : {"^C\n^C\n_NEW\n", "_NOSUCH\n_NOSUCH\n_NEW\n"}) {
+            LoadedScript script(content);
+            QVERIFY(script.program.active);
+            script.runner.startWhenActive(&script.program.window);
+            QTRY_VERIFY(script.program.host.documents().current());
+        }
     }
 
     void aLineWaitsForTheOneBeforeIt()
     {
-        ShownProgram program;
-        QVERIFY(program.active);
-        const QSignalSpy ended(&program.host.commands(), &CommandRunner::commandEnded);
-        ScriptRunner script(program.host.commands());
-        QCOMPARE(script.load(written(program, "_DELAY 600000\n_NEW\n")), QString());
+        LoadedScript script("_DELAY 600000\n_NEW\n");
+        QVERIFY(script.program.active);
+        CommandRunner &commands = script.program.host.commands();
+        ScriptRunner &runner = script.runner;
+        MainWindow &window = script.program.window;
+        const QSignalSpy ended(&commands, &CommandRunner::commandEnded);
         QStringList left;
         connect(
-            &program.host.commands(), &CommandRunner::commandStarted, &program.window,
+            &commands, &CommandRunner::commandStarted, &window,
             [&](const QString &name) {
                 if (name != QLatin1String("_DELAY"))
                     return;
-                script.startWhenActive(&program.window); // as when the window becomes active once more
+                runner.startWhenActive(&window); // as when it becomes active once more
                 drainEvents();
-                left = script.lines();
-                program.host.commands().cancel();
+                left = runner.lines();
+                commands.cancel();
             },
             Qt::QueuedConnection); // from the event loop in which the command waits
-        script.startWhenActive(&program.window);
+        runner.startWhenActive(&window);
         QTRY_COMPARE(ended.count(), 2);
         QCOMPARE(left, QStringList("_NEW"));
-        QVERIFY(program.host.documents().current());
-    }
-
-    void nothingRunsBeforeTheStart()
-    {
-        ShownProgram program;
-        ScriptRunner script(program.host.commands());
-        QCOMPARE(script.load(written(program, "_NEW\n")), QString());
-        drainEvents();
-        QVERIFY(!program.host.documents().current());
-    }
-
-private:
-    static QString written(const ShownProgram &program, const QByteArray &content)
-    {
-        return testbytes::writeFile(program.dir.filePath(QStringLiteral("script")), content);
+        QVERIFY(script.program.host.documents().current());
     }
 };
 

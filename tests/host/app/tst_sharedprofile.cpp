@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/recent/RecentFileStore.h"
-#include "tests/host/app/ProgramRun.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/process/ProgramHome.h"
 
 #include <QDir>
 #include <QProcess>
@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <memory>
 #include <thread>
 #include <vector>
 
@@ -72,7 +73,8 @@ void tst_SharedProfile::twoProgramsLoseNoEntry()
         script << QStringLiteral("_QUIT");
         opened.append(paths);
         all += QSet<QString>(paths.begin(), paths.end());
-        programs.push_back(home.start(QLatin1String(name), script));
+        programs.push_back(std::make_unique<QProcess>());
+        home.start(*programs.back(), QLatin1String(name), script);
     }
     // Whoever reads the list meanwhile finds it whole, and never shorter than before.
     int reads = 0;
@@ -128,15 +130,16 @@ void tst_SharedProfile::aKilledProgramLeavesTheOldListOrTheNew()
     int written = 0;
     for (int round = 0; round < kills; ++round) {
         RecentFileStore(home.recentFile()).update({}, [](const QStringList &) { return QStringList(); });
-        const auto program = home.start(QStringLiteral("killed"), script);
+        QProcess program;
+        home.start(program, QStringLiteral("killed"), script);
         const auto done = [&] { return home.logOf(QStringLiteral("killed")).size(); };
         const int after = 1 + random.bounded(40); // commands
         QVERIFY(waitUntil([&] { return done() >= after; }));
         // A write takes a millisecond or so; somewhere in the next ones.
         std::this_thread::sleep_for(std::chrono::microseconds(random.bounded(3000)));
-        program->kill();
-        QVERIFY(program->waitForFinished());
-        QCOMPARE(program->exitStatus(), QProcess::CrashExit);
+        program.kill();
+        QVERIFY(program.waitForFinished());
+        QCOMPARE(program.exitStatus(), QProcess::CrashExit);
 
         const int logged = done(); // each after its write
         const QStringList list = listIn(home);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/Paths.h"
 #include "tests/support/FileManager.h"
+#include "tests/support/PreviewBytes.h"
 #include "tests/support/TestCase.h"
 
 #include <QDBusConnection>
@@ -54,10 +55,7 @@ public:
 private:
     QString write(const QString &name, const QString &text) const
     {
-        QFile file(m_folder.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0)
-            qFatal("cannot make %s", qPrintable(file.fileName()));
-        return file.fileName();
+        return testbytes::writeFile(m_folder.filePath(name), text.toUtf8());
     }
 
     QTemporaryDir m_folder;
@@ -143,11 +141,9 @@ private slots:
     void theFileManagerGetsTheFile_data();
     void theFileManagerGetsTheFile();
     void aFileManagerThatHasToStartGetsTheFile();
-    void withoutAFileManagerTheFolderIsOpened();
-    void aFileManagerThatRefusesIsReplaced();
+    void theFolderIsOpenedInstead_data();
+    void theFolderIsOpenedInstead();
     void nobodyWaitsForAFileManagerThatDoesNotAnswer();
-    void withoutABusTheFolderIsOpened();
-    void ofADeletedFileTheFolderIsOpened();
     void whatIsWrongIsSaid_data();
     void whatIsWrongIsSaid();
 
@@ -222,18 +218,28 @@ void tst_FxShow::aFileManagerThatHasToStartGetsTheFile()
     QTRY_COMPARE(service.shown, QVector<QStringList>{{QStringLiteral("file://") + path}});
 }
 
-void tst_FxShow::withoutAFileManagerTheFolderIsOpened()
+void tst_FxShow::theFolderIsOpenedInstead_data()
 {
-    const Bus bus;
-    QCOMPARE(fxshow({makeFile("a.dwg")}).status, 0);
-    QTRY_COMPARE(m_opener->starts(), theFolder());
+    QTest::addColumn<bool>("hasBus");
+    QTest::addColumn<bool>("hasService");
+    QTest::addColumn<Service::Answer>("answer");
+    QTest::addColumn<QByteArray>("made");
+    QTest::newRow("no bus") << false << false << Service::Answer::Done << QByteArray("a.dwg");
+    QTest::newRow("no file manager") << true << false << Service::Answer::Done << QByteArray("a.dwg");
+    QTest::newRow("one that refuses") << true << true << Service::Answer::Refused << QByteArray("a.dwg");
+    QTest::newRow("of a deleted file") << true << true << Service::Answer::Done << QByteArray("b.dwg");
 }
 
-void tst_FxShow::aFileManagerThatRefusesIsReplaced()
+void tst_FxShow::theFolderIsOpenedInstead()
 {
-    const Bus bus;
-    const Service service(bus, Service::Answer::Refused);
-    QCOMPARE(fxshow({makeFile("a.dwg")}).status, 0);
+    QFETCH(bool, hasBus);
+    QFETCH(bool, hasService);
+    QFETCH(Service::Answer, answer);
+    QFETCH(QByteArray, made);
+    const auto bus = hasBus ? std::make_unique<Bus>() : nullptr;
+    const auto service = hasService ? std::make_unique<Service>(*bus, answer) : nullptr;
+    makeFile(made);
+    QCOMPARE(fxshow({m_folder->filePath(QStringLiteral("a.dwg"))}).status, 0);
     QTRY_COMPARE(m_opener->starts(), theFolder());
 }
 
@@ -249,37 +255,23 @@ void tst_FxShow::nobodyWaitsForAFileManagerThatDoesNotAnswer()
     QTRY_COMPARE(m_opener->starts(), theFolder()); // it has gone without an answer
 }
 
-void tst_FxShow::withoutABusTheFolderIsOpened()
-{
-    QCOMPARE(fxshow({makeFile("a.dwg")}).status, 0);
-    QTRY_COMPARE(m_opener->starts(), theFolder());
-}
-
-void tst_FxShow::ofADeletedFileTheFolderIsOpened()
-{
-    const Bus bus;
-    const Service service(bus);
-    QCOMPARE(fxshow({m_folder->filePath(QStringLiteral("a.dwg"))}).status, 0);
-    QTRY_COMPARE(m_opener->starts(), theFolder());
-}
-
 void tst_FxShow::whatIsWrongIsSaid_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<int>("status");
     QTest::addColumn<QString>("said");
-    const QString usage = QStringLiteral("fxshow: usage: fxshow PATH\n");
-    QTest::newRow("no path") << QStringList() << 2 << usage;
-    QTest::newRow("an empty path") << QStringList(QString()) << 2 << usage;
-    QTest::newRow("two paths") << QStringList({QStringLiteral("/"), QStringLiteral("/")}) << 2 << usage;
+    const auto row = [](const char *name, const QStringList &arguments, int status, const char *said) {
+        QTest::newRow(name) << arguments << status << QStringLiteral("fxshow: %1\n").arg(said);
+    };
+    const char *const usage = "usage: fxshow PATH";
+    row("no path", {}, 2, usage);
+    row("an empty path", {""}, 2, usage);
+    row("two paths", {"/", "/"}, 2, usage);
     const int anyStatus = -1; // it tells what goes wrong within a second
-    QTest::newRow("no such file") << QStringList(QStringLiteral("/no such/a.dwg")) << anyStatus
-                                  << QStringLiteral(
-                                         "fxshow: cannot show /no such/a.dwg: No such file or directory\n");
-    QTest::newRow("nobody to show it")
-        << QStringList(QStringLiteral("/tmp")) << anyStatus
-        << QStringLiteral("fxshow: no file manager answers, and xdg-open cannot be started: No such file or "
-                          "directory\n");
+    row("no such file", {"/no such/a.dwg"}, anyStatus,
+        "cannot show /no such/a.dwg: No such file or directory");
+    row("nobody to show it", {"/tmp"}, anyStatus,
+        "no file manager answers, and xdg-open cannot be started: No such file or directory");
 }
 
 void tst_FxShow::whatIsWrongIsSaid()

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDir>
+#include <QStringList>
+#include <QTemporaryDir>
+
+class QProcess;
+
+//! What a run of the program left behind.
+struct ProgramRun
+{
+    int exitCode = -1; //!< -1: it crashed, or did not end in time
+    QString output;    //!< of the standard output
+    QString errors;    //!< of the standard error stream
+    QStringList log;   //!< the lines of --log
+};
+
+//! A home directory of its own for runs of the real program, each in a process of its own. Everything that it
+//! may write lies below one temporary directory.
+class ProgramHome
+{
+public:
+    //! \param platform where its windows appear: nowhere, on the display ("xcb"), or there can be none
+    //! ("none")
+    explicit ProgramHome(const QString &platform = QStringLiteral("offscreen"));
+
+    //! A path below the temporary directory, beside the profile; a full path stays as it is.
+    QString path(const QString &name) const { return QDir(m_dir.path()).filePath(name); }
+    QString profile() const { return path(QStringLiteral("profile")); }
+    QString recentFile() const { return profile() + QStringLiteral("/recent.txt"); }
+    //! The recent drawings that the file lists.
+    QStringList recent() const;
+    //! Writes the file path(name), and makes the folders above it. \return its path
+    QString write(const QString &name, const QByteArray &bytes) const;
+    //! Writes a file that counts as a drawing: it begins with a version. \return its path
+    QString drawing(const QString &name) const;
+    //! Every file below the home directory, which is not the profile.
+    QStringList filesInHome() const;
+
+    //! Runs the program with the profile, a log and a script; the script should end with _QUIT.
+    //! \param script lines; the program gets no script when there are none
+    ProgramRun run(const QStringList &script,
+                   const QStringList &more = {QStringLiteral("--no-module")}) const;
+    //! Runs the program with these arguments and no others.
+    ProgramRun runBare(const QStringList &arguments) const;
+    //! Starts the program in the same way as run() and does not wait for it. Several may run at a time.
+    //! \param name what its script and its log are called
+    //! \param around a program that runs it, with its arguments; or none
+    void start(QProcess &process, const QString &name, const QStringList &script,
+               const QStringList &more = {QStringLiteral("--no-module")},
+               const QStringList &around = {}) const;
+    //! The log's lines of a program that start() has started.
+    QStringList logOf(const QString &name) const;
+
+private:
+    QStringList arguments(const QString &name, const QStringList &script) const;
+    void startBare(QProcess &process, const QStringList &arguments, const QStringList &around = {}) const;
+
+    QTemporaryDir m_dir{QDir::temp().filePath(QStringLiteral("drawings-XXXXXX"))};
+    QString m_platform;
+};
+
+//! The whole lines of a text file, without their ends.
+QStringList linesOf(const QString &path);

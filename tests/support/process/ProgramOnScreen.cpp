@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/process/ProgramOnScreen.h"
+
+#include "samples/SampleSet.h"
+#include "tests/support/Hand.h"
+#include "tests/support/Patience.h"
+#include "tests/support/RealBrowser.h"
+
+#include <QDir>
+#include <QRegularExpression>
+
+#include <csignal>
+
+#include <unistd.h>
+
+namespace {
+
+const QString popupTitle = QStringLiteral("RecentDocMainWindow");
+
+} // namespace
+
+ProgramOnScreen::ProgramOnScreen(const QStringList &names, const QString &folder)
+{
+    const QDir place(m_home.path(folder));
+    for (const QString &name : names)
+        m_paths.append(m_home.write(place.filePath(name), RealBrowser::drawingBytes(m_paths.size())));
+}
+
+ProgramOnScreen::ProgramOnScreen(int samples)
+{
+    for (const fxsamples::Sample &sample : fxsamples::sampleSet()) {
+        if (m_paths.size() < samples)
+            m_paths.append(m_home.write(
+                sample.fileName, fxsamples::drawingFile(fxsamples::paintPreview(sample), sample.form)));
+    }
+}
+
+ProgramOnScreen::~ProgramOnScreen()
+{
+    if (m_process.processId() > 0)
+        kill(-static_cast<pid_t>(m_process.processId()), SIGKILL);
+    m_process.waitForFinished();
+}
+
+void ProgramOnScreen::Group::setupChildProcess()
+{
+    setpgid(0, 0);
+}
+
+bool ProgramOnScreen::start(const QStringList &script, const QStringList &around)
+{
+    Hand::moveTo(QPoint(0, 0));
+    QStringList lines{QStringLiteral("_DELAY 1")}; // the program runs no script before it has the keyboard
+    for (const QString &path : m_paths)
+        lines.prepend(QStringLiteral("_RECENTADD ") + path);
+    lines.append(script);
+    QStringList more{QStringLiteral("--no-document")};
+    if (!geometry.isEmpty())
+        more << QStringLiteral("--geometry") << geometry;
+    m_home.start(m_process, {}, lines, more, around);
+    const auto ranScript = [&] { return log().filter(QStringLiteral("command ")).size() >= lines.size(); };
+    // For ever it does not wait, and a busy machine may let it wait for long.
+    const auto hasKeyboard = [] {
+        return activeTitle() == popupTitle || activeTitle().startsWith(QLatin1String("fxhost"));
+    };
+    return m_process.waitForStarted() && waitUntil(ranScript) && waitUntil(hasKeyboard);
+}
+
+QStringList ProgramOnScreen::freshSession(const QString &name)
+{
+    const QDir home(QDir::current().filePath(name));
+    QDir(home).removeRecursively();
+    home.mkpath(QStringLiteral("."));
+    QStringList session{QStringLiteral("env")};
+    for (const char *variable : {"HOME=", "XDG_RUNTIME_DIR=", "XDG_CACHE_HOME="})
+        session.append(QLatin1String(variable) + home.path());
+    return session << QStringLiteral("dbus-run-session") << QStringLiteral("--");
+}
+
+void ProgramOnScreen::type(const QString &command)
+{
+    Hand::ask({QStringLiteral("type"), command});
+    Hand::key(QStringLiteral("Return"));
+}
+
+bool ProgramOnScreen::quit()
+{
+    type(QStringLiteral("_QUIT"));
+    return m_process.waitForFinished(patience) && m_process.exitStatus() == QProcess::NormalExit &&
+           m_process.exitCode() == 0;
+}
+
+QStringList ProgramOnScreen::opened() const
+{
+    QStringList paths;
+    const QStringList lines = log().filter(QRegularExpression(QStringLiteral("^open .* ok$")));
+    for (const QString &line : lines)
+        paths.append(line.mid(5, line.size() - 8));
+    return paths;
+}
+
+WId ProgramOnScreen::findWindow(const QString &pattern)
+{
+    return Hand::ask(
+               {QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"), pattern})
+        .toULongLong();
+}
+
+WId ProgramOnScreen::popup()
+{
+    return findWindow(QLatin1Char('^') + popupTitle + QLatin1Char('$'));
+}
+
+bool ProgramOnScreen::popupComes()
+{
+    return waitUntil([] { return activeTitle() == popupTitle; });
+}
+
+bool ProgramOnScreen::popupGoes()
+{
+    return waitUntil([] { return popup() == 0; });
+}
+
+QString ProgramOnScreen::activeTitle()
+{
+    return Hand::ask({QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")});
+}

@@ -46,7 +46,6 @@ private slots:
     void everyPathIsTriedWhateverTheHostDoes();
     void withoutADocumentServiceThePopupClosesAllTheSame_data();
     void withoutADocumentServiceThePopupClosesAllTheSame();
-    void everyPathIsTriedThoughAPopupIsOpenedAnew_data();
     void everyPathIsTriedThoughAPopupIsOpenedAnew();
     void displayOrderIsPinnedFirst();
     void oneDocumentListedTwiceIsOpenedTwice();
@@ -148,44 +147,35 @@ void tst_MultiOpen::withoutADocumentServiceThePopupClosesAllTheSame()
     }
 }
 
-void tst_MultiOpen::everyPathIsTriedThoughAPopupIsOpenedAnew_data()
-{
-    QTest::addColumn<bool>("menuIsRebuilt");
-    QTest::addColumn<bool>("eventsRun");
-    QTest::newRow("at once") << false << false;
-    QTest::newRow("over a rebuilt menu") << true << false;
-    QTest::newRow("with events") << false << true;
-    QTest::newRow("over a rebuilt menu, with events") << true << true;
-}
-
 void tst_MultiOpen::everyPathIsTriedThoughAPopupIsOpenedAnew()
 {
-    QFETCH(bool, menuIsRebuilt);
-    QFETCH(bool, eventsRun);
-    OpenGrid grid(5);
-    grid.highlight({1, 2, 4});
-    const QStringList expected = pathsAt(grid, {1, 2, 4});
-    QCursor::setPos(grid.popup->geometry().center()); // else losing the focus would close the new one
-    QPointer<RecentDocMainWindow> anew;
-    grid.browser.host.onOpen = [&](const QString &path) {
-        if (path != expected.first())
-            return;
-        if (menuIsRebuilt) { // as the host's word of a created drawing makes it
-            grid.browser.host.setRecent({path, grid.browser.path(0)});
-            grid.browser.createDocument();
-        }
-        anew = grid.browser.openPopup();
-        if (eventsRun)
-            drainEvents();
-    };
-    grid.press(Qt::Key_Return);
-    QCOMPARE(grid.browser.host.openedPaths(), expected);
-    drainEvents();
-    QVERIFY(!grid.popup);
-    QVERIFY(anew && anew->isVisible());
-    QCOMPARE(highlightedIn(grid.browser.tiles()), Indices({0}));
-    pressKey(anew, Qt::Key_Right);
-    QCOMPARE(highlightedIn(grid.browser.tiles()), Indices({1}));
+    for (const auto &[menuIsRebuilt, eventsRun] :
+         {std::pair(false, false), std::pair(true, false), std::pair(false, true), std::pair(true, true)}) {
+        OpenGrid grid(5);
+        grid.highlight({1, 2, 4});
+        const QStringList expected = pathsAt(grid, {1, 2, 4});
+        QCursor::setPos(grid.popup->geometry().center()); // else losing the focus would close the new one
+        QPointer<RecentDocMainWindow> anew;
+        grid.browser.host.onOpen = [&, rebuilds = menuIsRebuilt, runs = eventsRun](const QString &path) {
+            if (path != expected.first())
+                return;
+            if (rebuilds) { // as the host's word of a created drawing makes it
+                grid.browser.host.setRecent({path, grid.browser.path(0)});
+                grid.browser.createDocument();
+            }
+            anew = grid.browser.openPopup();
+            if (runs)
+                drainEvents();
+        };
+        grid.press(Qt::Key_Return);
+        QCOMPARE(grid.browser.host.openedPaths(), expected);
+        drainEvents();
+        QVERIFY(!grid.popup);
+        QVERIFY(anew && anew->isVisible());
+        QCOMPARE(highlightedIn(grid.browser.tiles()), Indices({0}));
+        pressKey(anew, Qt::Key_Right);
+        QCOMPARE(highlightedIn(grid.browser.tiles()), Indices({1}));
+    }
 }
 
 void tst_MultiOpen::displayOrderIsPinnedFirst()

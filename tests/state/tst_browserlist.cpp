@@ -5,41 +5,10 @@
 #include "tests/support/TestCase.h"
 #include "ui/HighlightEffect.h"
 #include "ui/RecentDocDialog.h"
-#include "ui/RecentDocMainWindow.h"
-
-#include <QPointer>
 
 #include <functional>
 
 namespace {
-
-QStringList pathsOf(const QList<RecentDocDialog *> &tiles)
-{
-    QStringList paths;
-    for (const RecentDocDialog *tile : tiles)
-        paths.append(tile->path());
-    return paths;
-}
-
-QStringList shownPaths()
-{
-    return pathsOf(RecentDocumentBrowser::recentDocDialogList);
-}
-
-//! Puts a picture of each path into the cache, in place of what it held.
-void cache(const QStringList &paths)
-{
-    RecentDocumentBrowser::recentFileImageMap.clear();
-    for (const QString &path : paths)
-        RecentDocumentBrowser::recentFileImageMap.insert(path, pictureOf(path));
-}
-
-void highlight(int tile, const QColor &color = QColor(0, 0, 150, 100))
-{
-    auto *effect = new HighlightEffect(2.5);
-    effect->color = color;
-    RecentDocumentBrowser::recentDocDialogList.at(tile)->setHighlightEffect(effect);
-}
 
 //! A window that calls a function for each child that it gets.
 class WatchfulParent : public QWidget
@@ -55,6 +24,60 @@ protected:
     }
 };
 
+//! Tiles in a window that is no popup: what the list is made of, and nothing of what a popup does to it.
+struct ListedTiles
+{
+    explicit ListedTiles(const QStringList &paths)
+    {
+        browser.host.setRecent(paths);
+        browser.createDocument();
+        cache(paths);
+    }
+    explicit ListedTiles(int count) : ListedTiles(QStringList({"d", "c", "b", "a"}).mid(4 - count))
+    {
+        make();
+    }
+
+    //! Puts a picture of each path into the cache, in place of what it held.
+    static void cache(const QStringList &paths)
+    {
+        RecentDocumentBrowser::recentFileImageMap.clear();
+        for (const QString &path : paths)
+            RecentDocumentBrowser::recentFileImageMap.insert(path, pictureOf(path));
+    }
+    void make() { RecentDocumentBrowser::CreateRecentDocList(&parent); }
+
+    QString paths() const
+    {
+        QStringList paths;
+        const QList<RecentDocDialog *> tiles = browser.tiles();
+        for (const RecentDocDialog *tile : tiles)
+            paths.append(tile->path());
+        return paths.join(QLatin1Char(' '));
+    }
+    void highlight(int tile, const QColor &color = HighlightEffect::highlightColor()) const
+    {
+        auto *effect = new HighlightEffect(2.5);
+        effect->color = color;
+        browser.tiles().at(tile)->setHighlightEffect(effect);
+    }
+    //! What the three queries tell, which must be the same: the paths of highlighted tiles.
+    static QString highlighted()
+    {
+        const QList<RecentDocDialog *> tiles = RecentDocumentBrowser::getHighlightedRecentDocList();
+        QStringList paths;
+        for (const RecentDocDialog *tile : tiles)
+            paths.append(tile->path());
+        if (paths != RecentDocumentBrowser::getHighlightedRecentDocPathList() ||
+            RecentDocumentBrowser::getHighlightedRecentDoc() != tiles.value(0))
+            paths.append(QStringLiteral("the queries differ"));
+        return paths.join(QLatin1Char(' '));
+    }
+
+    Browser browser;
+    WatchfulParent parent;
+};
+
 } // namespace
 
 //! How the tiles are made from the menu's pins and the cache, and which of them are highlighted.
@@ -63,202 +86,91 @@ class tst_BrowserList : public TestCase
     Q_OBJECT
 
 private slots:
-    void tilesStandInTheMenusOrder();
-    void withoutMenuEntriesThereAreNoTiles();
-    void anEntryThatIsNotCachedGetsNoTile();
-    void aCachedPathWithoutAnEntryGetsNoTile();
-    void pathsThatDifferInCaseAreDifferent();
-    void anEntryListedTwiceGetsTwoTiles();
+    void cachedEntriesHaveTiles_data();
+    void cachedEntriesHaveTiles();
     void aTileTakesOverPathPictureAndPin();
-    void tilesPinsAreListedAsTheTilesAreMade();
-    void eachPopupListsItsOwnTilesAndPins();
-    void theFormerTilesLeaveTheListAlive();
     void whatATileChangesWhileItIsMadeDoesNotDisturbTheOthers();
     void whatIsAddedIsAppendedUnseen();
-    void noFolderButtonIsEverListed();
-    void withoutAHighlightTheQueriesAreEmpty();
     void onlyTheHighlightsExactColourCounts_data();
     void onlyTheHighlightsExactColourCounts();
-    void theFirstHighlightedTileIsFirstInDisplayOrder();
     void highlightedTilesComeInDisplayOrder();
-    void afterThePopupTheQueriesAreEmpty();
 };
 
-void tst_BrowserList::tilesStandInTheMenusOrder()
+void tst_BrowserList::cachedEntriesHaveTiles_data()
 {
-    Browser browser(QStringList({QStringLiteral("c.dwg"), QStringLiteral("a.dwg"), QStringLiteral("B.dwg")}));
-    browser.createDocument();
-    cache(browser.paths());
-    QWidget parent;
-    RecentDocumentBrowser::CreateRecentDocList(&parent);
-    QCOMPARE(shownPaths(), browser.paths());
+    QTest::addColumn<QString>("entries");
+    QTest::addColumn<QString>("cached");
+    QTest::addColumn<QString>("tiles");
+    const auto row = [](const char *name, const char *entries, const char *cached, const char *tiles) {
+        QTest::newRow(name) << QString(entries) << QString(cached) << QString(tiles);
+    };
+    row("in the menu's order", "c a B", "a B c", "c a B");
+    row("no menu yet", "", "a b", "");
+    row("an entry is not cached", "a b c d", "a d c", "a c d");
+    row("a cached path has no entry", "a b", "a b stranger", "a b");
+    row("paths differ in case", "a A", "A", "A");
+    row("an entry is listed twice", "a b a", "a b", "a b a");
 }
 
-void tst_BrowserList::withoutMenuEntriesThereAreNoTiles()
+void tst_BrowserList::cachedEntriesHaveTiles()
 {
-    const Browser browser(3);
-    cache(browser.paths());
-    QWidget parent;
-    RecentDocumentBrowser::CreateRecentDocList(&parent);
-    QVERIFY(RecentDocumentBrowser::recentDocDialogList.isEmpty());
-    QVERIFY(parent.children().isEmpty());
-}
-
-void tst_BrowserList::anEntryThatIsNotCachedGetsNoTile()
-{
-    Browser browser(4);
-    browser.createDocument();
-    cache({browser.path(0), browser.path(3), browser.path(2)});
-    QWidget parent;
-    RecentDocumentBrowser::CreateRecentDocList(&parent);
-    QCOMPARE(shownPaths(), QStringList({browser.path(0), browser.path(2), browser.path(3)}));
-}
-
-void tst_BrowserList::aCachedPathWithoutAnEntryGetsNoTile()
-{
-    Browser browser(2);
-    browser.createDocument();
-    cache(browser.paths() + QStringList(QStringLiteral("/drawings/stranger.dwg")));
-    QWidget parent;
-    RecentDocumentBrowser::CreateRecentDocList(&parent);
-    QCOMPARE(shownPaths(), browser.paths());
-}
-
-void tst_BrowserList::pathsThatDifferInCaseAreDifferent()
-{
-    Browser browser(QStringList({QStringLiteral("a.dwg"), QStringLiteral("A.dwg")}));
-    browser.createDocument();
-    cache({browser.path(1)});
-    QWidget parent;
-    RecentDocumentBrowser::CreateRecentDocList(&parent);
-    QCOMPARE(shownPaths(), QStringList(browser.path(1)));
-}
-
-void tst_BrowserList::anEntryListedTwiceGetsTwoTiles()
-{
-    Browser browser(2);
-    browser.createDocument();
-    cache(browser.paths());
-    RecentDocumentBrowser::AddInToMenuPinButtonList(RecentDocumentBrowser::menuPinButtonList.first());
-    QWidget parent;
-    RecentDocumentBrowser::CreateRecentDocList(&parent);
-    QCOMPARE(shownPaths(), QStringList({browser.path(0), browser.path(1), browser.path(0)}));
+    QFETCH(QString, entries);
+    QFETCH(QString, cached);
+    QFETCH(QString, tiles);
+    ListedTiles listed(entries.split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    ListedTiles::cache(cached.split(QLatin1Char(' ')));
+    RecentDocumentBrowser::menuPinButtonList.prepend(nullptr); // which is passed over
+    listed.make();
+    QCOMPARE(listed.paths(), tiles);
 }
 
 void tst_BrowserList::aTileTakesOverPathPictureAndPin()
 {
-    Browser browser(3);
-    browser.createDocument();
-    cache(browser.paths());
+    ListedTiles listed(QStringList({"c", "b", "a"}));
     RecentDocumentBrowser::menuPinButtonList.at(1)->setChecked(true);
-    QWidget parent;
-    RecentDocumentBrowser::CreateRecentDocList(&parent);
-    for (int i = 0; i < 3; ++i) {
-        const RecentDocDialog *tile = browser.tiles().at(i);
-        QCOMPARE(tile->parent(), &parent);
-        QCOMPARE(tile->path(), browser.path(i));
+    QList<FolderPinButton *> pins = {RecentDocumentBrowser::menuPinButtonList.first()};
+    RecentDocumentBrowser::AddInToDocPinButtonList(pins.first()); // what was listed before is left alone
+    listed.make();
+    QCOMPARE(listed.paths(), QStringLiteral("c b a"));
+    const QList<RecentDocDialog *> tiles = listed.browser.tiles();
+    for (const RecentDocDialog *tile : tiles) {
+        QCOMPARE(tile->parent(), &listed.parent);
         QCOMPARE(tile->image_label->pixmap(Qt::ReturnByValue).toImage().pixel(0, 0),
-                 pictureOf(browser.path(i)).pixel(0, 0));
-        QCOMPARE(Browser::button(tile, "pinButton")->isChecked(), i == 1);
+                 pictureOf(tile->path()).pixel(0, 0));
+        pins.append(Browser::button(tile, "pinButton"));
+        QCOMPARE(pins.constLast()->isChecked(), tile->path() == QLatin1String("b"));
     }
-}
-
-void tst_BrowserList::tilesPinsAreListedAsTheTilesAreMade()
-{
-    Browser browser(3);
-    browser.createDocument();
-    cache(browser.paths());
-    FolderPinButton *listedBefore = RecentDocumentBrowser::menuPinButtonList.first();
-    RecentDocumentBrowser::AddInToDocPinButtonList(listedBefore);
-    QWidget parent;
-    RecentDocumentBrowser::CreateRecentDocList(&parent);
-    QList<FolderPinButton *> expected{listedBefore};
-    for (const RecentDocDialog *tile : qAsConst(RecentDocumentBrowser::recentDocDialogList))
-        expected.append(Browser::button(tile, "pinButton"));
-    QCOMPARE(RecentDocumentBrowser::docPinButtonList, expected);
-}
-
-void tst_BrowserList::eachPopupListsItsOwnTilesAndPins()
-{
-    Browser browser(3);
-    browser.createDocument();
-    browser.openPopup();
-    const RecentDocMainWindow *popup = browser.openPopup();
-    QCOMPARE(shownPaths(), browser.paths());
-    QCOMPARE(RecentDocumentBrowser::docPinButtonList.size(), 3);
-    for (const RecentDocDialog *tile : qAsConst(RecentDocumentBrowser::recentDocDialogList))
-        QCOMPARE(tile->parent(), popup);
-    for (const FolderPinButton *pin : qAsConst(RecentDocumentBrowser::docPinButtonList))
-        QVERIFY(popup->isAncestorOf(pin));
-}
-
-void tst_BrowserList::theFormerTilesLeaveTheListAlive()
-{
-    Browser browser(1);
-    browser.createDocument();
-    cache(browser.paths());
-    QWidget first;
-    RecentDocumentBrowser::CreateRecentDocList(&first);
-    const QPointer<RecentDocDialog> former = browser.tiles().constFirst();
-    QWidget second;
-    RecentDocumentBrowser::CreateRecentDocList(&second);
-    drainEvents();
-    QVERIFY(former);
-    QCOMPARE(browser.tiles().size(), 1);
-    QVERIFY(browser.tiles().constFirst() != former);
+    QCOMPARE(RecentDocumentBrowser::docPinButtonList, pins);
+    QVERIFY(folderButtonList.isEmpty());
 }
 
 void tst_BrowserList::whatATileChangesWhileItIsMadeDoesNotDisturbTheOthers()
 {
-    Browser browser(3);
-    browser.createDocument();
-    cache(browser.paths());
-    WatchfulParent parent;
-    parent.onChild = [] {
+    ListedTiles listed(QStringList({"c", "b", "a"}));
+    listed.parent.onChild = [] {
         RecentDocumentBrowser::recentFileImageMap.clear();
         RecentDocumentBrowser::menuPinButtonList.clear();
     };
-    RecentDocumentBrowser::CreateRecentDocList(&parent);
-    QCOMPARE(shownPaths(), browser.paths());
+    listed.make();
+    QCOMPARE(listed.paths(), QStringLiteral("c b a"));
 }
 
 void tst_BrowserList::whatIsAddedIsAppendedUnseen()
 {
-    Browser browser(0); // clears the lists in the end
+    const Browser browser; // clears the lists in the end
     QString path = QStringLiteral("/drawings/a.dwg");
     FolderPinButton first(nullptr, path);
     FolderPinButton second(nullptr, path);
     const QList<FolderPinButton *> added = {&second, &first, nullptr, &second, nullptr};
-    for (FolderPinButton *button : added) {
+    for (FolderPinButton *button : added)
         RecentDocumentBrowser::AddInToMenuPinButtonList(button);
-        QVERIFY(RecentDocumentBrowser::docPinButtonList.isEmpty());
-    }
     QCOMPARE(RecentDocumentBrowser::menuPinButtonList, added);
+    QVERIFY(RecentDocumentBrowser::docPinButtonList.isEmpty());
     RecentDocumentBrowser::menuPinButtonList.clear();
     for (FolderPinButton *button : added)
         RecentDocumentBrowser::AddInToDocPinButtonList(button);
     QCOMPARE(RecentDocumentBrowser::docPinButtonList, added);
     QVERIFY(RecentDocumentBrowser::menuPinButtonList.isEmpty());
-}
-
-void tst_BrowserList::noFolderButtonIsEverListed()
-{
-    Browser browser(3);
-    browser.createDocument();
-    browser.openPopup();
-    QVERIFY(folderButtonList.isEmpty());
-}
-
-void tst_BrowserList::withoutAHighlightTheQueriesAreEmpty()
-{
-    Browser browser(3);
-    browser.createDocument();
-    cache(browser.paths());
-    QWidget parent;
-    RecentDocumentBrowser::CreateRecentDocList(&parent);
-    QVERIFY(!RecentDocumentBrowser::getHighlightedRecentDoc());
-    QVERIFY(RecentDocumentBrowser::getHighlightedRecentDocList().isEmpty());
-    QVERIFY(RecentDocumentBrowser::getHighlightedRecentDocPathList().isEmpty());
 }
 
 void tst_BrowserList::onlyTheHighlightsExactColourCounts_data()
@@ -279,59 +191,21 @@ void tst_BrowserList::onlyTheHighlightsExactColourCounts()
 {
     QFETCH(QColor, color);
     QFETCH(bool, counts);
-    Browser browser(2);
-    browser.createDocument();
-    cache(browser.paths());
-    QWidget parent;
-    RecentDocumentBrowser::CreateRecentDocList(&parent);
-    highlight(1, color);
-    QCOMPARE(RecentDocumentBrowser::getHighlightedRecentDoc(), counts ? browser.tiles().at(1) : nullptr);
-    QCOMPARE(RecentDocumentBrowser::getHighlightedRecentDocList(), browser.tiles().mid(1, counts ? 1 : 0));
-    QCOMPARE(RecentDocumentBrowser::getHighlightedRecentDocPathList(),
-             browser.paths().mid(1, counts ? 1 : 0));
-}
-
-void tst_BrowserList::theFirstHighlightedTileIsFirstInDisplayOrder()
-{
-    Browser browser(4);
-    browser.createDocument();
-    cache(browser.paths());
-    QWidget parent;
-    RecentDocumentBrowser::CreateRecentDocList(&parent);
-    for (const int tile : {3, 1, 2}) {
-        highlight(tile);
-        QCOMPARE(RecentDocumentBrowser::getHighlightedRecentDoc(), browser.tiles().at(tile == 2 ? 1 : tile));
-    }
+    const ListedTiles listed(2);
+    listed.highlight(1, color);
+    QCOMPARE(ListedTiles::highlighted(), counts ? listed.browser.tiles().at(1)->path() : QString());
 }
 
 void tst_BrowserList::highlightedTilesComeInDisplayOrder()
 {
-    Browser browser(QStringList({QStringLiteral("d.dwg"), QStringLiteral("c.dwg"), QStringLiteral("b.dwg"),
-                                 QStringLiteral("a.dwg")}));
-    browser.createDocument();
-    cache(browser.paths());
-    QWidget parent;
-    RecentDocumentBrowser::CreateRecentDocList(&parent);
-    highlight(3);
-    highlight(0);
-    highlight(2);
-    const QList<RecentDocDialog *> tiles = browser.tiles();
-    QCOMPARE(RecentDocumentBrowser::getHighlightedRecentDocList(),
-             QList<RecentDocDialog *>({tiles.at(0), tiles.at(2), tiles.at(3)}));
-    QCOMPARE(RecentDocumentBrowser::getHighlightedRecentDocPathList(),
-             QStringList({browser.path(0), browser.path(2), browser.path(3)}));
-}
-
-void tst_BrowserList::afterThePopupTheQueriesAreEmpty()
-{
-    Browser browser(2);
-    browser.createDocument();
-    RecentDocMainWindow *popup = browser.openPopup();
-    QVERIFY(RecentDocumentBrowser::getHighlightedRecentDoc());
-    delete popup;
-    QVERIFY(!RecentDocumentBrowser::getHighlightedRecentDoc());
-    QVERIFY(RecentDocumentBrowser::getHighlightedRecentDocList().isEmpty());
-    QVERIFY(RecentDocumentBrowser::getHighlightedRecentDocPathList().isEmpty());
+    const ListedTiles listed(4);
+    QCOMPARE(ListedTiles::highlighted(), QString());
+    listed.highlight(3);
+    QCOMPARE(ListedTiles::highlighted(), QStringLiteral("a"));
+    listed.highlight(0);
+    QCOMPARE(ListedTiles::highlighted(), QStringLiteral("d a"));
+    listed.highlight(2);
+    QCOMPARE(ListedTiles::highlighted(), QStringLiteral("d b a"));
 }
 
 QTEST_MAIN(tst_BrowserList)

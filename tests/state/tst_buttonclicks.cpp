@@ -1,30 +1,29 @@
 // SPDX-License-Identifier: MIT
-#include "module/RecentDocumentBrowser.h"
-#include "module/RecentFileAction.h"
-#include "state/FolderPinButton.h"
 #include "tests/support/Browser.h"
 #include "tests/support/FocusReasons.h"
+#include "tests/support/PinMenu.h"
 #include "tests/support/TestCase.h"
 #include "ui/RecentDocDialog.h"
 #include "ui/RecentDocMainWindow.h"
 
 #include <QApplication>
-#include <QMenu>
 #include <QPointer>
+
+#include <algorithm>
+#include <functional>
+
+using ListChange = std::function<void()>;
+Q_DECLARE_METATYPE(ListChange)
 
 namespace {
 
-QList<bool> statesOf(const QList<FolderPinButton *> &buttons)
+//! Of each menu pin, as it is listed, the letter of its document, with a star when it is down.
+QString menuPins()
 {
-    QList<bool> states;
-    for (const FolderPinButton *button : buttons)
-        states.append(button->isChecked());
-    return states;
-}
-
-RecentFileAction *entry(int index)
-{
-    return qobject_cast<RecentFileAction *>(RecentDocumentBrowser::recentDocActionList.at(index));
+    QStringList pins;
+    for (const FolderPinButton *pin : qAsConst(RecentDocumentBrowser::menuPinButtonList))
+        pins.append(pin->path().section(QLatin1Char('/'), -1).at(0) + QString(pin->isChecked() ? "*" : ""));
+    return pins.join(QLatin1Char(' '));
 }
 
 //! A menu text button outside of any menu.
@@ -39,7 +38,7 @@ FolderPinButton *menuTextButton(QWidget *parent, const QString &text)
 
 } // namespace
 
-//! What a click on a menu's text or on a pin does.
+//! What a click on a menu's text or on a tile's pin does; tst_pinproperties has what comes of many.
 class tst_ButtonClicks : public TestCase
 {
     Q_OBJECT
@@ -47,37 +46,26 @@ class tst_ButtonClicks : public TestCase
 private slots:
     void aMenuTextOpensThePathBehindItsNumber_data();
     void aMenuTextOpensThePathBehindItsNumber();
-    void anEntrysTextOpensItsDocument();
     void aMenuTextMayBeDeletedByWhatItOpens();
-    void whatTheHostLacksIsNotOpened_data();
-    void whatTheHostLacksIsNotOpened();
-    void anyDocumentCanBeOpenedThroughAButton();
-    void aTilesPinSetsTheMenusPin();
-    void theMouseClicksAPin();
-    void aTilesPinGivesTheFocusToThePopup();
-    void aTilesPinDoesNothingElse();
-    void aTilesPinBringsAllMenuPinsInStep();
-    void aMenuPinWithoutATileLeavesTheList();
-    void menuPinsKeepTheirOrder();
-    void aMenuPinIsListedOnceForEachTile();
-    void emptyPlacesInTheListsAreSkipped();
-    void pathsOfDifferentCaseAreDifferentDocuments();
-    void aMenusPinTouchesNoTile();
-    void aButtonWithoutANameDoesNothing();
     void theRoleIsThatOfTheNameAtTheClick();
+    void menuPinsFollowTheListedTiles_data();
+    void menuPinsFollowTheListedTiles();
+    void aTilesPinGivesTheFocusToThePopup();
 };
 
 void tst_ButtonClicks::aMenuTextOpensThePathBehindItsNumber_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("path");
-    QTest::newRow("a plain path") << QStringLiteral("&1 /d/a.dwg") << QStringLiteral("/d/a.dwg");
-    QTest::newRow("a path with blanks")
-        << QStringLiteral("&10 /my d/a plan.dwg") << QStringLiteral("/my d/a plan.dwg");
-    QTest::newRow("no blank") << QStringLiteral("/d/a.dwg") << QStringLiteral("/d/a.dwg");
-    QTest::newRow("letters of all planes") << QStringLiteral("&1 /d/\u00e9\u6f22\U0001D538.dwg")
-                                           << QStringLiteral("/d/\u00e9\u6f22\U0001D538.dwg");
-    QTest::newRow("a number alone") << QStringLiteral("&1 ") << QString();
+    const auto row = [](const char *name, const QString &text, const QString &path) {
+        QTest::newRow(name) << text << path;
+    };
+    row("a plain path", "&1 /d/a.dwg", "/d/a.dwg");
+    row("a path with blanks", "&10 /my d/a plan.dwg", "/my d/a plan.dwg");
+    row("no blank", "/d/a.dwg", "/d/a.dwg");
+    row("letters of all planes", QStringLiteral("&1 /d/\u00e9\u6f22\U0001D538.dwg"),
+        QStringLiteral("/d/\u00e9\u6f22\U0001D538.dwg"));
+    row("a number alone", "&1 ", "");
 }
 
 void tst_ButtonClicks::aMenuTextOpensThePathBehindItsNumber()
@@ -86,22 +74,13 @@ void tst_ButtonClicks::aMenuTextOpensThePathBehindItsNumber()
     QFETCH(QString, path);
     const FakeHost host;
     QWidget parent;
-    menuTextButton(&parent, text)->click();
-    QCOMPARE(host.opened.size(), std::size_t(1));
+    FolderPinButton *button = menuTextButton(&parent, text);
+    button->click();
+    QString another = QStringLiteral("/d/another one.dwg");
+    button->OpenDocument(another);
+    QCOMPARE(host.openedPaths(), QStringList({path, another}));
     const FakeHost::OpenCall &call = host.opened.front();
-    QCOMPARE(call.path, path);
-    QCOMPARE(call.mode, 0);
-    QCOMPARE(call.flags, 0);
-    QVERIFY(call.resultWasEmpty);
-}
-
-void tst_ButtonClicks::anEntrysTextOpensItsDocument()
-{
-    Browser browser(12);
-    browser.createDocument();
-    entry(10)->textButton->click();
-    entry(0)->textButton->click();
-    QCOMPARE(browser.host.openedPaths(), QStringList({browser.path(10), browser.path(0)}));
+    QVERIFY(call.mode == 0 && call.flags == 0 && call.resultWasEmpty);
 }
 
 void tst_ButtonClicks::aMenuTextMayBeDeletedByWhatItOpens()
@@ -115,67 +94,64 @@ void tst_ButtonClicks::aMenuTextMayBeDeletedByWhatItOpens()
     QCOMPARE(host.openedPaths(), QStringList(QStringLiteral("/d/a.dwg")));
 }
 
-void tst_ButtonClicks::whatTheHostLacksIsNotOpened_data()
+void tst_ButtonClicks::theRoleIsThatOfTheNameAtTheClick()
 {
-    QTest::addColumn<bool>("services");
-    QTest::addColumn<bool>("documentManager");
-    QTest::newRow("no services") << false << true;
-    QTest::newRow("no document manager") << true << false;
+    PinMenu pins({QStringLiteral("W"), QStringLiteral("X")});
+    const QStringList before = displayed(pins.menu);
+    pins.setPinned(1); // what the next ordering would show
+    FolderPinButton *button = pins.entry(0).textButton;
+    for (const char *name : {"", "menuTextButton"}) {
+        button->setObjectName(QLatin1String(name));
+        button->click();
+        QCOMPARE(pins.host.openedPaths().join(QLatin1Char(' ')), QLatin1String(*name ? "W" : ""));
+        QCOMPARE(displayed(pins.menu), before);
+    }
+    button->setObjectName(QStringLiteral("pinButton"));
+    button->click();
+    QCOMPARE(pins.host.opened.size(), std::size_t(1));
+    QCOMPARE(pins.displayedEntries(), QStringList({"New", "&1 X", "&2 W", "Quit"}));
 }
 
-void tst_ButtonClicks::whatTheHostLacksIsNotOpened()
+void tst_ButtonClicks::menuPinsFollowTheListedTiles_data()
 {
-    QFETCH(bool, services);
-    QFETCH(bool, documentManager);
-    FakeHost host;
-    host.hasServices = services;
-    host.hasDocumentManager = documentManager;
-    QWidget parent;
-    menuTextButton(&parent, QStringLiteral("&1 /d/a.dwg"))->click();
-    QVERIFY(host.opened.empty());
+    QTest::addColumn<ListChange>("change");
+    QTest::addColumn<QString>("pins"); // after a click on the pin of b
+    QList<FolderPinButton *> &menuPins = RecentDocumentBrowser::menuPinButtonList;
+    QList<FolderPinButton *> &tilePins = RecentDocumentBrowser::docPinButtonList;
+    QTest::newRow("paths differ in case") << ListChange([] {}) << QStringLiteral("a b* B");
+    QTest::newRow("others that were changed in either") << ListChange([&] {
+        menuPins.at(0)->setChecked(true);
+        tilePins.at(2)->setChecked(true); // by itself it tells nobody
+    }) << QStringLiteral("a b* B*");
+    QTest::newRow("one without a tile leaves the list")
+        << ListChange([&] { tilePins.removeFirst(); }) << QStringLiteral("b* B");
+    QTest::newRow("one of two tiles is listed twice")
+        << ListChange([&] { tilePins.append(tilePins.at(0)); }) << QStringLiteral("a a b* B");
+    QTest::newRow("they keep their own order")
+        << ListChange([&] { std::reverse(menuPins.begin(), menuPins.end()); }) << QStringLiteral("B b* a");
+    QTest::newRow("empty places are skipped") << ListChange([&] {
+        menuPins.insert(1, nullptr);
+        tilePins.prepend(nullptr);
+    }) << QStringLiteral("a b* B");
 }
 
-void tst_ButtonClicks::anyDocumentCanBeOpenedThroughAButton()
+void tst_ButtonClicks::menuPinsFollowTheListedTiles()
 {
-    const FakeHost host;
-    QWidget parent;
-    QString path = QStringLiteral("/d/another one.dwg");
-    menuTextButton(&parent, QStringLiteral("&1 /d/a.dwg"))->OpenDocument(path);
-    QCOMPARE(host.openedPaths(), QStringList(path));
-}
-
-void tst_ButtonClicks::aTilesPinSetsTheMenusPin()
-{
-    Browser browser(3);
+    QFETCH(ListChange, change);
+    QFETCH(QString, pins);
+    Browser browser(QStringList({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("B")}));
     browser.createDocument();
     browser.openPopup();
-    FolderPinButton *pin = Browser::button(browser.tiles().at(1), "pinButton");
-    pin->click();
-    QVERIFY(pin->isChecked());
-    QCOMPARE(statesOf(RecentDocumentBrowser::menuPinButtonList), QList<bool>({false, true, false}));
-    pin->click();
-    QVERIFY(!pin->isChecked());
-    QCOMPARE(statesOf(RecentDocumentBrowser::menuPinButtonList), QList<bool>({false, false, false}));
-}
-
-void tst_ButtonClicks::theMouseClicksAPin()
-{
-    Browser browser(2);
-    browser.createDocument();
-    browser.openPopup();
-    FolderPinButton *pin = Browser::button(browser.tiles().at(0), "pinButton");
-    QTest::mouseClick(pin, Qt::LeftButton);
-    QVERIFY(pin->isChecked());
-    QCOMPARE(statesOf(RecentDocumentBrowser::menuPinButtonList), QList<bool>({true, false}));
-    QTest::mouseClick(pin, Qt::RightButton);
-    QVERIFY(pin->isChecked());
+    change();
+    Browser::button(browser.tiles().at(1), "pinButton")->click();
+    QCOMPARE(menuPins(), pins);
 }
 
 void tst_ButtonClicks::aTilesPinGivesTheFocusToThePopup()
 {
     Browser browser(2);
     browser.createDocument();
-    RecentDocMainWindow *popup = browser.openPopup();
+    const QPointer<RecentDocMainWindow> popup = browser.openPopup();
     QCursor::setPos(popup->geometry().center()); // with the pointer outside it closes when it loses the focus
     QVERIFY(waitForActive(popup));
     FolderPinButton *pin = Browser::button(browser.tiles().at(0), "pinButton");
@@ -185,145 +161,14 @@ void tst_ButtonClicks::aTilesPinGivesTheFocusToThePopup()
     connect(RecentDocumentBrowser::menuPinButtonList.at(0), &FolderPinButton::toggled, pin,
             [&] { focusInStep = QApplication::focusWidget(); });
     const FocusReasons focus(*popup);
+    browser.host.calls.clear();
     pin->click();
     QCOMPARE(focusInStep, pin); // the pins come first
-    QCOMPARE(QApplication::focusWidget(), popup);
+    QCOMPARE(QApplication::focusWidget(), popup.data());
     QCOMPARE(focus.reasons, QList<Qt::FocusReason>{Qt::OtherFocusReason});
-}
-
-void tst_ButtonClicks::aTilesPinDoesNothingElse()
-{
-    Browser browser(2);
-    browser.createDocument();
-    const QPointer<RecentDocMainWindow> popup = browser.openPopup();
-    const QList<RecentDocDialog *> tiles = browser.tiles();
-    const QList<FolderPinButton *> tilePins = RecentDocumentBrowser::docPinButtonList;
-    browser.host.calls.clear();
-    Browser::button(tiles.at(1), "pinButton")->click();
     drainEvents();
+    QVERIFY(popup && popup->isVisible());
     QCOMPARE(browser.host.calls, QStringList());
-    QVERIFY(popup && popup->isVisible());
-    QCOMPARE(browser.tiles(), tiles); // the new order is for the next popup
-    QCOMPARE(RecentDocumentBrowser::docPinButtonList, tilePins);
-}
-
-void tst_ButtonClicks::aTilesPinBringsAllMenuPinsInStep()
-{
-    Browser browser(3);
-    browser.createDocument();
-    browser.openPopup();
-    Browser::button(browser.tiles().at(2), "pinButton")->setChecked(true); // by itself it tells nobody
-    RecentDocumentBrowser::menuPinButtonList.at(0)->setChecked(true);
-    Browser::button(browser.tiles().at(1), "pinButton")->click();
-    QCOMPARE(statesOf(RecentDocumentBrowser::menuPinButtonList), QList<bool>({false, true, true}));
-}
-
-void tst_ButtonClicks::aMenuPinWithoutATileLeavesTheList()
-{
-    Browser browser(3);
-    browser.createDocument();
-    RecentDocumentBrowser::recentFileImageMap.insert(browser.path(0), QImage());
-    RecentDocumentBrowser::recentFileImageMap.insert(browser.path(2), QImage());
-    browser.openPopup(); // shows what is cached
-    const QList<FolderPinButton *> menuPins = RecentDocumentBrowser::menuPinButtonList;
-    QCOMPARE(menuPins.size(), 3);
-    Browser::button(browser.tiles().at(0), "pinButton")->click();
-    QCOMPARE(RecentDocumentBrowser::menuPinButtonList,
-             QList<FolderPinButton *>({menuPins.at(0), menuPins.at(2)}));
-    QVERIFY(!menuPins.at(1)->isChecked());
-}
-
-void tst_ButtonClicks::menuPinsKeepTheirOrder()
-{
-    Browser browser(4);
-    browser.createDocument();
-    browser.openPopup();
-    // The other way round than the tiles, as a rebuilt menu may be.
-    QList<FolderPinButton *> &menuPins = RecentDocumentBrowser::menuPinButtonList;
-    std::reverse(menuPins.begin(), menuPins.end());
-    const QList<FolderPinButton *> before = menuPins;
-    Browser::button(browser.tiles().at(0), "pinButton")->click();
-    QCOMPARE(menuPins, before);
-    QCOMPARE(statesOf(menuPins), QList<bool>({false, false, false, true}));
-}
-
-void tst_ButtonClicks::aMenuPinIsListedOnceForEachTile()
-{
-    Browser browser(2);
-    browser.createDocument();
-    browser.openPopup();
-    const QList<FolderPinButton *> menuPins = RecentDocumentBrowser::menuPinButtonList;
-    RecentDocumentBrowser::AddInToDocPinButtonList(RecentDocumentBrowser::docPinButtonList.first());
-    Browser::button(browser.tiles().at(1), "pinButton")->click();
-    QCOMPARE(RecentDocumentBrowser::menuPinButtonList,
-             QList<FolderPinButton *>({menuPins.at(0), menuPins.at(0), menuPins.at(1)}));
-}
-
-void tst_ButtonClicks::emptyPlacesInTheListsAreSkipped()
-{
-    Browser browser(2);
-    browser.createDocument();
-    browser.openPopup();
-    const QList<FolderPinButton *> menuPins = RecentDocumentBrowser::menuPinButtonList;
-    RecentDocumentBrowser::menuPinButtonList.insert(1, nullptr);
-    RecentDocumentBrowser::docPinButtonList.prepend(nullptr);
-    Browser::button(browser.tiles().at(1), "pinButton")->click();
-    QCOMPARE(RecentDocumentBrowser::menuPinButtonList, menuPins);
-    QCOMPARE(statesOf(menuPins), QList<bool>({false, true}));
-}
-
-void tst_ButtonClicks::pathsOfDifferentCaseAreDifferentDocuments()
-{
-    Browser browser(QStringList({QStringLiteral("a.dwg"), QStringLiteral("A.dwg")}));
-    browser.createDocument();
-    browser.openPopup();
-    Browser::button(browser.tiles().at(1), "pinButton")->click();
-    QCOMPARE(statesOf(RecentDocumentBrowser::menuPinButtonList), QList<bool>({false, true}));
-}
-
-void tst_ButtonClicks::aMenusPinTouchesNoTile()
-{
-    Browser browser(3);
-    browser.createDocument();
-    const QPointer<RecentDocMainWindow> popup = browser.openPopup();
-    FolderPinButton *pin = RecentDocumentBrowser::menuPinButtonList.at(1);
-    QVERIFY(pin->parent()->objectName().isEmpty());
-    const QList<FolderPinButton *> tilePins = RecentDocumentBrowser::docPinButtonList;
-    pin->click();
-    QVERIFY(pin->isChecked());
-    QCOMPARE(RecentDocumentBrowser::docPinButtonList, tilePins);
-    QCOMPARE(statesOf(tilePins), QList<bool>({false, false, false}));
-    drainEvents();
-    QVERIFY(popup && popup->isVisible());
-    QVERIFY(browser.host.opened.empty());
-}
-
-void tst_ButtonClicks::aButtonWithoutANameDoesNothing()
-{
-    Browser browser(1);
-    browser.createDocument();
-    const QPointer<RecentDocMainWindow> popup = browser.openPopup();
-    FolderPinButton *pin = Browser::button(browser.tiles().constFirst(), "pinButton");
-    pin->setObjectName(QString());
-    pin->setText(QStringLiteral("&1 /d/a.dwg"));
-    pin->click();
-    QCOMPARE(statesOf(RecentDocumentBrowser::menuPinButtonList), QList<bool>{false});
-    QVERIFY(browser.host.opened.empty());
-    drainEvents();
-    QVERIFY(popup);
-}
-
-void tst_ButtonClicks::theRoleIsThatOfTheNameAtTheClick()
-{
-    const FakeHost host;
-    QWidget parent;
-    FolderPinButton *button = menuTextButton(&parent, QStringLiteral("&1 /d/a.dwg"));
-    button->setObjectName(QStringLiteral("pinButton"));
-    button->click();
-    QVERIFY(host.opened.empty());
-    button->setObjectName(QStringLiteral("menuTextButton"));
-    button->click();
-    QCOMPARE(host.openedPaths(), QStringList(QStringLiteral("/d/a.dwg")));
 }
 
 QTEST_MAIN(tst_ButtonClicks)

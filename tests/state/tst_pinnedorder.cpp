@@ -1,338 +1,248 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/Browser.h"
 #include "tests/support/PinMenu.h"
 #include "tests/support/TestCase.h"
 
+#include <QMutex>
+
+#include <functional>
 #include <memory>
+
+//! What becomes of a menu and its lists before they are put in order.
+using PinMenuChange = std::function<void(PinMenu &)>;
+Q_DECLARE_METATYPE(PinMenuChange)
 
 namespace {
 
-const QStringList fourPaths = {QStringLiteral("W"), QStringLiteral("X"), QStringLiteral("Y"),
-                               QStringLiteral("Z")};
+const QStringList wxyz = {QStringLiteral("W"), QStringLiteral("X"), QStringLiteral("Y"), QStringLiteral("Z")};
 
-//! Takes away the separators around the recent documents: the order of the rest is clearer without them.
-void removeSeparators(QMenu &menu)
+QString joinedMenu(const PinMenu &pins)
 {
-    const QList<QAction *> actions = menu.actions();
-    for (QAction *action : actions) {
-        if (action->isSeparator())
-            menu.removeAction(action);
-    }
+    return displayed(pins.menu).join(QStringLiteral(" | "));
+}
+
+QString joinedPins()
+{
+    return pathsOf(RecentDocumentBrowser::menuPinButtonList).join(QLatin1Char(' '));
 }
 
 } // namespace
 
-//! Pinned documents come first: in the menu, and in the list that the browser's tiles follow.
+//! Pinned documents come first: in the menu, and in the list that the browser's tiles follow. Examples, and
+//! what tst_pinproperties does not try: lists and menus that were changed by hand.
 class tst_PinnedOrder : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void aPinnedEntryComesFirst();
-    void withoutPinsTheHostsOrderIsNumberedAnew();
-    void withEveryEntryPinnedNoSeparatorIsAdded();
-    void pinnedEntriesStandInTheOrderOfTheirButtons();
-    void unpinningTheOnlyOneLeavesItsButtonInFront();
-    void eachCallWithBothGroupsAddsASeparator();
-    void whereTheMenuEndsTheOthersGoToItsEnd();
-    void thePlaceIsInFrontOfTheRememberedAction();
-    void anActionThatIsGoneMeansTheMenusEnd();
-    void entriesAreMovedAndNotRepeated();
-    void onlyTextButtonsAreNumberedAnew();
-    void theArgumentIsLeftAlone();
-
-    void aButtonWithoutAnEntryMovesAlone();
-    void withoutButtonsTheEntriesAreNumberedAndMoved();
-    void nullButtonsStandAmongTheUnpinned();
-    void aPathListedTwicePinsBothEntries();
-    void aButtonListedTwiceCountsTwice();
-    void separatorsInTheListAreLeftAlone();
+    void pinnedEntriesComeFirst_data();
+    void pinnedEntriesComeFirst();
+    void whateverTheListsHold_data();
+    void whateverTheListsHold();
+    void aNumberReplacesTheFormerOne_data();
+    void aNumberReplacesTheFormerOne();
     void withoutAMenuListsAndNumbersFollow();
     void beforeAnyMenuIsBuiltNothingHappens();
-    void pathsAreComparedExactly_data();
-    void pathsAreComparedExactly();
-    void theEntrysOwnTextTellsItsPath();
+    void clicksInAnOpenMenuReorderIt();
+    void theBrowserReordersBetweenPicturesAndTiles();
 };
 
-void tst_PinnedOrder::aPinnedEntryComesFirst()
+void tst_PinnedOrder::pinnedEntriesComeFirst_data()
 {
-    PinMenu pins(fourPaths);
-    removeSeparators(pins.menu);
-    pins.setPinned(2);
-    updatePins();
-    QCOMPARE(displayed(pins.menu), QStringList({"New", "&1 Y", "---", "&2 W", "&3 X", "&4 Z", "Quit"}));
-    QCOMPARE(pathsOf(RecentDocumentBrowser::menuPinButtonList), QStringList({"Y", "W", "X", "Z"}));
-    QCOMPARE(RecentDocumentBrowser::recentDocActionList, pins.entries);
+    QTest::addColumn<QStringList>("rounds"); // which pins are toggled before each ordering
+    QTest::addColumn<QString>("menu");
+    QTest::addColumn<QString>("pins");
+    const auto row = [](const char *name, const QStringList &rounds, const char *menu, const char *pins) {
+        QTest::newRow(name) << rounds << QString::fromLatin1(menu) << QString::fromLatin1(pins);
+    };
+    row("none", {""}, "New | &1 W | &2 X | &3 Y | &4 Z | Quit", "W X Y Z");
+    row("one", {"2"}, "New | &1 Y | --- | &2 W | &3 X | &4 Z | Quit", "Y W X Z");
+    row("all", {"0123"}, "New | &1 W | &2 X | &3 Y | &4 Z | Quit", "W X Y Z");
+    row("each call adds a separator", {"2", ""}, "New | --- | &1 Y | --- | &2 W | &3 X | &4 Z | Quit",
+        "Y W X Z");
+    row("in the order in which they were pinned", {"3", "1"},
+        "New | --- | &1 Z | &2 X | --- | &3 W | &4 Y | Quit", "Z X W Y");
+    row("an unpinned one's button stays in front", {"2", "2"}, "New | --- | &1 W | &2 X | &3 Y | &4 Z | Quit",
+        "Y W X Z");
 }
 
-void tst_PinnedOrder::withoutPinsTheHostsOrderIsNumberedAnew()
+void tst_PinnedOrder::pinnedEntriesComeFirst()
 {
-    PinMenu pins(fourPaths);
-    const QList<QAction *> before = pins.menu.actions();
-    pins.entry(0).textButton->setText(QStringLiteral("&7 W"));
-    pins.entry(2).textButton->setText(QStringLiteral("&10 Y"));
-    pins.menu.insertAction(pins.entries.at(0), pins.entries.at(3));
-    updatePins();
-    QCOMPARE(displayed(pins.menu),
-             QStringList({"New", "---", "---", "&1 W", "&2 X", "&3 Y", "&4 Z", "Quit"}));
-    QCOMPARE(pins.menu.actions().size(), before.size());
-    QCOMPARE(RecentDocumentBrowser::menuPinButtonList, pins.buttons);
-}
-
-void tst_PinnedOrder::withEveryEntryPinnedNoSeparatorIsAdded()
-{
-    PinMenu pins(fourPaths);
-    for (int i = 0; i < 4; ++i)
-        pins.setPinned(i);
-    const int before = pins.menu.actions().size();
-    updatePins();
-    QCOMPARE(pins.menu.actions().size(), before);
-    QCOMPARE(displayed(pins.menu),
-             QStringList({"New", "---", "---", "&1 W", "&2 X", "&3 Y", "&4 Z", "Quit"}));
-
-    // It is the buttons' order that counts.
-    const QList<FolderPinButton *> &b = pins.buttons;
-    RecentDocumentBrowser::menuPinButtonList = {b.at(3), b.at(1), b.at(0), b.at(2)};
-    updatePins();
-    QCOMPARE(displayed(pins.menu),
-             QStringList({"New", "---", "---", "&1 Z", "&2 X", "&3 W", "&4 Y", "Quit"}));
-    QCOMPARE(pathsOf(RecentDocumentBrowser::menuPinButtonList), QStringList({"Z", "X", "W", "Y"}));
-    QCOMPARE(RecentDocumentBrowser::recentDocActionList, pins.entries);
-}
-
-void tst_PinnedOrder::pinnedEntriesStandInTheOrderOfTheirButtons()
-{
-    PinMenu pins(fourPaths);
-    removeSeparators(pins.menu);
-    pins.setPinned(3);
-    updatePins();
-    pins.setPinned(1); // behind the one that was pinned first, although the host lists it earlier
-    updatePins();
-    QCOMPARE(pins.displayedEntries(), QStringList({"New", "&1 Z", "&2 X", "&3 W", "&4 Y", "Quit"}));
-    QCOMPARE(pathsOf(RecentDocumentBrowser::menuPinButtonList), QStringList({"Z", "X", "W", "Y"}));
-
-    pins.setPinned(3, false); // becomes the first of the unpinned buttons; the entries keep the host's order
-    updatePins();
-    QCOMPARE(pins.displayedEntries(), QStringList({"New", "&1 X", "&2 W", "&3 Y", "&4 Z", "Quit"}));
-    QCOMPARE(pathsOf(RecentDocumentBrowser::menuPinButtonList), QStringList({"X", "Z", "W", "Y"}));
-    QCOMPARE(RecentDocumentBrowser::recentDocActionList, pins.entries);
-}
-
-void tst_PinnedOrder::unpinningTheOnlyOneLeavesItsButtonInFront()
-{
-    PinMenu pins(fourPaths);
-    removeSeparators(pins.menu);
-    pins.setPinned(2);
-    updatePins();
-    pins.setPinned(2, false);
-    updatePins();
-    QCOMPARE(displayed(pins.menu), QStringList({"New", "---", "&1 W", "&2 X", "&3 Y", "&4 Z", "Quit"}));
-    QCOMPARE(pathsOf(RecentDocumentBrowser::menuPinButtonList), QStringList({"Y", "W", "X", "Z"}));
-}
-
-void tst_PinnedOrder::eachCallWithBothGroupsAddsASeparator()
-{
-    PinMenu pins(fourPaths);
-    pins.setPinned(2);
-    updatePins();
-    // The new separator, and the one behind the entries: those have all been moved past it.
-    QCOMPARE(displayed(pins.menu),
-             QStringList({"New", "---", "&1 Y", "---", "---", "&2 W", "&3 X", "&4 Z", "Quit"}));
-    // From now on the pinned entry goes behind all earlier separators, and the new one behind it.
-    for (int call = 2; call <= 4; ++call) {
-        updatePins();
-        QStringList expected = {"New", "---"};
-        for (int earlier = 0; earlier < call; ++earlier)
-            expected.append(QStringLiteral("---"));
-        expected += QStringList({"&1 Y", "---", "&2 W", "&3 X", "&4 Z", "Quit"});
-        QCOMPARE(displayed(pins.menu), expected);
+    QFETCH(QStringList, rounds);
+    QFETCH(QString, menu);
+    QFETCH(QString, pins);
+    PinMenu built(wxyz);
+    const QList<QAction *> actions = built.menu.actions();
+    for (QAction *action : actions) {
+        if (action->isSeparator())
+            built.menu.removeAction(action); // without those around the entries the order is clearer
     }
-    QCOMPARE(pathsOf(RecentDocumentBrowser::menuPinButtonList), QStringList({"Y", "W", "X", "Z"}));
-}
-
-void tst_PinnedOrder::whereTheMenuEndsTheOthersGoToItsEnd()
-{
-    PinMenu pins(fourPaths, false);
-    QCOMPARE(displayed(pins.menu),
-             QStringList({"New", "Quit", "---", "&1 W", "&2 X", "&3 Y", "&4 Z", "---"}));
-    pins.setPinned(1);
-    updatePins();
-    QCOMPARE(displayed(pins.menu),
-             QStringList({"New", "Quit", "---", "&1 X", "---", "---", "&2 W", "&3 Y", "&4 Z"}));
-    pins.setPinned(0);
-    pins.setPinned(2);
-    pins.setPinned(3);
-    updatePins(); // no unpinned one: the pinned ones go to the end
-    QCOMPARE(displayed(pins.menu),
-             QStringList({"New", "Quit", "---", "---", "---", "&1 X", "&2 W", "&3 Y", "&4 Z"}));
-}
-
-void tst_PinnedOrder::thePlaceIsInFrontOfTheRememberedAction()
-{
-    PinMenu pins(fourPaths);
-    QAction *middle = pins.menu.addAction(QStringLiteral("Options"));
-    RecentDocumentBrowser::before = middle; // behind "Quit"
-    pins.setPinned(0);
-    updatePins();
-    QCOMPARE(displayed(pins.menu),
-             QStringList({"New", "---", "&1 W", "---", "---", "Quit", "&2 X", "&3 Y", "&4 Z", "Options"}));
-    for (int i = 1; i < 4; ++i)
-        pins.setPinned(i);
-    RecentDocumentBrowser::before = pins.create;
-    updatePins();
-    QCOMPARE(displayed(pins.menu),
-             QStringList({"&1 W", "&2 X", "&3 Y", "&4 Z", "New", "---", "---", "---", "Quit", "Options"}));
-}
-
-void tst_PinnedOrder::anActionThatIsGoneMeansTheMenusEnd()
-{
-    PinMenu pins(fourPaths);
-    pins.setPinned(2);
-    delete pins.quit;
-    updatePins();
-    QCOMPARE(displayed(pins.menu), QStringList({"New", "---", "&1 Y", "---", "---", "&2 W", "&3 X", "&4 Z"}));
-}
-
-void tst_PinnedOrder::entriesAreMovedAndNotRepeated()
-{
-    PinMenu pins(fourPaths);
-    for (const int pinned : {3, 0, 2, 1, 3, 0}) {
-        pins.setPinned(pinned, !pins.buttons.at(pinned)->isChecked());
-        updatePins();
-        for (QAction *entry : qAsConst(pins.entries))
-            QCOMPARE(pins.menu.actions().count(entry), 1);
-        QCOMPARE(pins.displayedEntries().size(), 6);
-        QCOMPARE(RecentDocumentBrowser::menuPinButtonList.size(), 4);
-    }
-    QCOMPARE(RecentDocumentBrowser::recentDocActionList, pins.entries);
-}
-
-void tst_PinnedOrder::onlyTextButtonsAreNumberedAnew()
-{
-    PinMenu pins(fourPaths);
-    const QStringList own = ownTexts(pins.entries);
-    QCOMPARE(own, QStringList({"&1 W", "&2 X", "&3 Y", "&4 Z"}));
-    pins.setPinned(3);
-    updatePins();
-    QCOMPARE(ownTexts(pins.entries), own);
-    updatePins();
-    QCOMPARE(ownTexts(pins.entries), own);
-    QCOMPARE(pins.entry(3).textButton->text(), QStringLiteral("&1 Z"));
-    for (int i = 0; i < 4; ++i)
-        QCOMPARE(QString(pins.entry(i).filePath), fourPaths.at(i));
-}
-
-void tst_PinnedOrder::theArgumentIsLeftAlone()
-{
-    PinMenu pins(fourPaths);
-    pins.setPinned(1);
+    const QStringList own = ownTexts(built.entries);
     QString argument = QStringLiteral("Z");
-    RecentDocumentBrowser::UpdatePin(argument);
+    for (const QString &round : qAsConst(rounds)) {
+        for (const QChar index : round)
+            built.buttons.at(index.digitValue())->toggle();
+        RecentDocumentBrowser::UpdatePin(argument);
+    }
+    QCOMPARE(joinedMenu(built), menu);
+    QCOMPARE(joinedPins(), pins);
+    QCOMPARE(RecentDocumentBrowser::recentDocActionList, built.entries);
+    QCOMPARE(ownTexts(built.entries), own);
     QCOMPARE(argument, QStringLiteral("Z"));
-    QCOMPARE(pins.displayedEntries(), QStringList({"New", "&1 X", "&2 W", "&3 Y", "&4 Z", "Quit"}));
 }
 
-void tst_PinnedOrder::aButtonWithoutAnEntryMovesAlone()
+void tst_PinnedOrder::whateverTheListsHold_data()
 {
-    PinMenu pins(fourPaths);
-    QString path = QStringLiteral("gone");
-    const std::unique_ptr<FolderPinButton> lost(RecentDocumentBrowser::CreatePinButton(nullptr, path));
-    lost->setChecked(true);
-    RecentDocumentBrowser::AddInToMenuPinButtonList(lost.get());
-    updatePins();
-    QCOMPARE(pathsOf(RecentDocumentBrowser::menuPinButtonList), QStringList({"gone", "W", "X", "Y", "Z"}));
-    QCOMPARE(displayed(pins.menu),
-             QStringList({"New", "---", "---", "&1 W", "&2 X", "&3 Y", "&4 Z", "Quit"}));
-    pins.setPinned(2);
-    updatePins();
-    QCOMPARE(pathsOf(RecentDocumentBrowser::menuPinButtonList), QStringList({"gone", "Y", "W", "X", "Z"}));
-    QCOMPARE(pins.displayedEntries(), QStringList({"New", "&1 Y", "&2 W", "&3 X", "&4 Z", "Quit"}));
+    QTest::addColumn<PinMenuChange>("change");
+    QTest::addColumn<QString>("menu");
+    QTest::addColumn<QString>("pins");
+    const auto row = [](const char *name, const PinMenuChange &change, const char *menu, const char *pins) {
+        QTest::newRow(name) << change << QString::fromLatin1(menu) << QString::fromLatin1(pins);
+    };
+    QList<FolderPinButton *> &listed = RecentDocumentBrowser::menuPinButtonList;
+    row(
+        "a button without an entry moves alone",
+        [](const PinMenu &pins) {
+            QString path = QStringLiteral("gone");
+            FolderPinButton *lost = RecentDocumentBrowser::CreatePinButton(pins.create->parentWidget(), path);
+            lost->setChecked(true);
+            RecentDocumentBrowser::AddInToMenuPinButtonList(lost);
+        },
+        "New | --- | --- | &1 W | &2 X | &3 Y | &4 Z | Quit", "gone W X Y Z");
+    row(
+        "no button, though a pin is down",
+        [&](const PinMenu &pins) {
+            pins.setPinned(3);
+            listed.clear();
+        },
+        "New | --- | --- | &1 W | &2 X | &3 Y | &4 Z | Quit", "");
+    row(
+        "null buttons stand among the unpinned",
+        [&](const PinMenu &pins) {
+            listed.insert(2, nullptr);
+            listed.prepend(nullptr);
+            pins.setPinned(1);
+        },
+        "New | --- | &1 X | --- | --- | &2 W | &3 Y | &4 Z | Quit", "X null W null Y Z");
+    row(
+        "a button listed twice counts twice",
+        [&](const PinMenu &pins) {
+            listed.append(pins.buttons.at(0));
+            pins.setPinned(0);
+        },
+        "New | --- | &2 W | --- | --- | &3 X | &4 Y | &5 Z | Quit", "W W X Y Z");
+    row(
+        "a separator among the entries is left alone",
+        [](const PinMenu &pins) {
+            RecentDocumentBrowser::recentDocActionList.insert(1, pins.menu.actions().at(1));
+            pins.setPinned(3);
+        },
+        "New | --- | &1 Z | --- | --- | &2 W | &3 X | &4 Y | Quit", "Z W X Y");
+    row(
+        "the remembered action tells the place",
+        [](PinMenu &pins) {
+            RecentDocumentBrowser::before = pins.menu.addAction(QStringLiteral("Options"));
+            pins.setPinned(0);
+        },
+        "New | --- | &1 W | --- | --- | Quit | &2 X | &3 Y | &4 Z | Options", "W X Y Z");
+    row(
+        "for pinned ones too, when there are no others",
+        [](const PinMenu &pins) {
+            RecentDocumentBrowser::before = pins.create;
+            for (int i = 0; i < 4; ++i)
+                pins.setPinned(i);
+        },
+        "&1 W | &2 X | &3 Y | &4 Z | New | --- | --- | Quit", "W X Y Z");
+    row(
+        "an action that is gone means the menu's end",
+        [](const PinMenu &pins) {
+            pins.setPinned(2);
+            delete pins.quit;
+        },
+        "New | --- | &1 Y | --- | --- | &2 W | &3 X | &4 Z", "Y W X Z");
+    row(
+        "an entry's own text tells its path",
+        [](const PinMenu &pins) {
+            pins.entry(0).textButton->setText(QStringLiteral("&1 Y"));
+            pins.entries.at(1)->setText(QStringLiteral("Y"));     // no blank: the whole text
+            pins.entries.at(3)->setText(QStringLiteral("any Y")); // whatever stands before the first blank
+            pins.setPinned(2);
+        },
+        "New | --- | &1 X | &2 Y | &3 Z | --- | --- | &4 Y | Quit", "Y W X Z");
 }
 
-void tst_PinnedOrder::withoutButtonsTheEntriesAreNumberedAndMoved()
+void tst_PinnedOrder::whateverTheListsHold()
 {
-    PinMenu pins(fourPaths);
-    pins.setPinned(3);
+    QFETCH(PinMenuChange, change);
+    QFETCH(QString, menu);
+    QFETCH(QString, pins);
+    PinMenu built(wxyz);
+    change(built);
+    const QList<QAction *> entries = RecentDocumentBrowser::recentDocActionList;
     updatePins();
-    const int actions = pins.menu.actions().size();
-    RecentDocumentBrowser::menuPinButtonList.clear(); // the button is still checked, but nobody lists it
-    updatePins();
-    QCOMPARE(displayed(pins.menu),
-             QStringList({"New", "---", "---", "---", "&1 W", "&2 X", "&3 Y", "&4 Z", "Quit"}));
-    QCOMPARE(pins.menu.actions().size(), actions);
-    QVERIFY(RecentDocumentBrowser::menuPinButtonList.isEmpty());
+    QCOMPARE(joinedMenu(built), menu);
+    QCOMPARE(joinedPins(), pins);
+    QCOMPARE(RecentDocumentBrowser::recentDocActionList, entries);
 }
 
-void tst_PinnedOrder::nullButtonsStandAmongTheUnpinned()
+void tst_PinnedOrder::aNumberReplacesTheFormerOne_data()
 {
-    PinMenu pins(fourPaths);
-    const QList<FolderPinButton *> &b = pins.buttons;
-    RecentDocumentBrowser::menuPinButtonList = {nullptr, b.at(0), b.at(1), nullptr, b.at(2), b.at(3)};
-    pins.setPinned(1);
-    updatePins();
-    QCOMPARE(pathsOf(RecentDocumentBrowser::menuPinButtonList),
-             QStringList({"X", "null", "W", "null", "Y", "Z"}));
-    QCOMPARE(pins.displayedEntries(), QStringList({"New", "&1 X", "&2 W", "&3 Y", "&4 Z", "Quit"}));
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char *text, int number, const char *expected) {
+        QTest::addRow("%s becomes %d", text, number)
+            << QString::fromLatin1(text) << number << QString::fromLatin1(expected);
+    };
+    row("&3 a", 1, "&1 a");
+    row("&1 a", 10, "&10 a");
+    row("&10 a", 1, "&1 a");
+    row("&10 a", 12, "&12 a");
+    row("&11 a", 5, "&51 a"); // of two-digit numbers only 10 is known
+    row("&20 a", 3, "&30 a");
+    row("&100 a", 7, "&70 a"); // begins with &10
+    row("&110 a", 2, "&210 a");
+    row("&2 &10 a", 4, "&4 &10 a"); // what looks so in a path
+    row("&1 0 a", 4, "&4 0 a");
+    row("x10 a", 4, "x40 a"); // another sign in front: one character
 }
 
-void tst_PinnedOrder::aPathListedTwicePinsBothEntries()
+void tst_PinnedOrder::aNumberReplacesTheFormerOne()
 {
-    PinMenu pins({QStringLiteral("W"), QStringLiteral("X"), QStringLiteral("Y"), QStringLiteral("X")});
-    pins.setPinned(3); // one button of two
-    updatePins();
-    QCOMPARE(pins.displayedEntries(), QStringList({"New", "&1 X", "&2 X", "&3 W", "&4 Y", "Quit"}));
-    QCOMPARE(RecentDocumentBrowser::menuPinButtonList,
-             QList<FolderPinButton *>(
-                 {pins.buttons.at(3), pins.buttons.at(0), pins.buttons.at(1), pins.buttons.at(2)}));
-    pins.setPinned(1);
-    updatePins(); // each button numbers both entries: 1 and 2, then 3 and 4
-    QCOMPARE(pins.displayedEntries(), QStringList({"New", "&3 X", "&4 X", "&5 W", "&6 Y", "Quit"}));
-    QCOMPARE(pins.entry(1).textButton->text(), QStringLiteral("&3 X"));
-    QCOMPARE(RecentDocumentBrowser::menuPinButtonList.mid(0, 2),
-             QList<FolderPinButton *>({pins.buttons.at(3), pins.buttons.at(1)}));
-}
-
-void tst_PinnedOrder::aButtonListedTwiceCountsTwice()
-{
-    PinMenu pins(fourPaths);
-    RecentDocumentBrowser::AddInToMenuPinButtonList(pins.buttons.at(0));
-    pins.setPinned(0);
-    updatePins();
-    QCOMPARE(pathsOf(RecentDocumentBrowser::menuPinButtonList), QStringList({"W", "W", "X", "Y", "Z"}));
-    QCOMPARE(pins.displayedEntries(), QStringList({"New", "&2 W", "&3 X", "&4 Y", "&5 Z", "Quit"}));
-}
-
-void tst_PinnedOrder::separatorsInTheListAreLeftAlone()
-{
-    PinMenu pins(fourPaths);
-    QAction *separator = pins.menu.actions().at(1);
-    QVERIFY(separator->isSeparator());
-    RecentDocumentBrowser::recentDocActionList.insert(1, separator);
-    pins.setPinned(3);
-    updatePins();
-    QCOMPARE(pins.menu.actions().indexOf(separator), 1);
-    QCOMPARE(displayed(pins.menu),
-             QStringList({"New", "---", "&1 Z", "---", "---", "&2 W", "&3 X", "&4 Y", "Quit"}));
-    QCOMPARE(RecentDocumentBrowser::recentDocActionList.at(1), separator);
-    QCOMPARE(separator->text(), QString());
+    QFETCH(QString, text);
+    QFETCH(int, number);
+    QFETCH(QString, expected);
+    QStringList paths;
+    for (int i = 0; i < number; ++i)
+        paths.append(QString::number(i));
+    PinMenu pins(paths);
+    FolderPinButton *button = pins.entry(number - 1).textButton;
+    for (const bool pinned : {false, true}) { // the last one gets the number either way
+        for (int i = 0; i < number; ++i)
+            pins.setPinned(i, pinned);
+        button->setText(text);
+        updatePins();
+        QCOMPARE(button->text(), expected);
+    }
 }
 
 void tst_PinnedOrder::withoutAMenuListsAndNumbersFollow()
 {
-    PinMenu pins(fourPaths);
+    PinMenu earlier(wxyz);
+    const QString before = joinedMenu(earlier);
     auto owned = std::make_unique<QMenu>();
     QAction *end = owned->addAction(QStringLiteral("Quit"));
     RecentDocumentBrowser::menuPinButtonList.clear();
     RecentDocumentBrowser::AddRecentFiles(owned.get(), end);
-    RecentDocumentBrowser::menuPinButtonList.at(2)->setChecked(true);
-    owned.reset(); // with the action in front of which the entries stood
-    updatePins();
-    QCOMPARE(pathsOf(RecentDocumentBrowser::menuPinButtonList), QStringList({"Y", "W", "X", "Z"}));
+    FolderPinButton *pin = RecentDocumentBrowser::menuPinButtonList.at(2);
+    owned.reset(); // with the action before which the entries stood
+    pin->click();  // a button outlives its menu
+    QCOMPARE(joinedPins(), QStringLiteral("Y W X Z"));
     QStringList texts;
     for (QAction *action : qAsConst(RecentDocumentBrowser::recentDocActionList))
         texts.append(qobject_cast<RecentFileAction *>(action)->textButton->text());
     QCOMPARE(texts, QStringList({"&2 W", "&3 X", "&1 Y", "&4 Z"}));
-    QCOMPARE(displayed(pins.menu), // an earlier menu is no substitute
-             QStringList({"New", "---", "&1 W", "&2 X", "&3 Y", "&4 Z", "---", "Quit"}));
+    QCOMPARE(joinedMenu(earlier), before); // an earlier menu is no substitute
 }
 
 void tst_PinnedOrder::beforeAnyMenuIsBuiltNothingHappens()
@@ -345,51 +255,56 @@ void tst_PinnedOrder::beforeAnyMenuIsBuiltNothingHappens()
     QVERIFY(!RecentDocumentBrowser::recentDocMenu);
 }
 
-void tst_PinnedOrder::pathsAreComparedExactly_data()
+void tst_PinnedOrder::clicksInAnOpenMenuReorderIt()
 {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("pinned");
-    QTest::addColumn<bool>("isPinned");
-    QTest::newRow("the same") << QStringLiteral("/d/a.dwg") << QStringLiteral("/d/a.dwg") << true;
-    QTest::newRow("blanks inside") << QStringLiteral("/my d/a  b .dwg") << QStringLiteral("/my d/a  b .dwg")
-                                   << true;
-    QTest::newRow("only its last word")
-        << QStringLiteral("/my d/a.dwg") << QStringLiteral("d/a.dwg") << false;
-    QTest::newRow("other letters") << QStringLiteral("/d/a.dwg") << QStringLiteral("/d/A.dwg") << false;
-    QTest::newRow("another spelling") << QStringLiteral("/d/a.dwg") << QStringLiteral("/d/./a.dwg") << false;
-    QTest::newRow("a blank more") << QStringLiteral("/d/a.dwg") << QStringLiteral("/d/a.dwg ") << false;
-    QTest::newRow("an ampersand and digits") << QStringLiteral("&10 a") << QStringLiteral("&10 a") << true;
-    QTest::newRow("a dot that matches nothing else")
-        << QStringLiteral("/d/aXdwg") << QStringLiteral("/d/a.dwg") << false;
+    PinMenu pins(wxyz);
+    pins.menu.popup(QPoint(20, 20));
+    QVERIFY(waitForExposed(&pins.menu));
+    const auto heightOf = [&](int entry) {
+        return pins.entry(entry).defaultWidget()->mapTo(&pins.menu, QPoint()).y();
+    };
+    QVERIFY(heightOf(2) > heightOf(0));
+    QTest::mouseClick(pins.buttons.at(2), Qt::LeftButton);
+    QCOMPARE(pins.displayedEntries(), QStringList({"New", "&1 Y", "&2 W", "&3 X", "&4 Z", "Quit"}));
+    QTRY_VERIFY(heightOf(2) < heightOf(0)); // on screen too
+    for (int click = 0; click < 60; ++click) {
+        FolderPinButton *pin = pins.buttons.at((click * 7 + click / 3) % 4);
+        const bool wasChecked = pin->isChecked();
+        QTest::mouseClick(pin, Qt::LeftButton);
+        QCOMPARE(pin->isChecked(), !wasChecked);
+        if (click % 5 == 0)
+            drainEvents(); // at other times the menu has not even been laid out again
+    }
+    for (int i = 0; i < 4; ++i)
+        QVERIFY(pins.entry(i).defaultWidget()->isVisible());
+    QVERIFY(pins.menu.isVisible());
+    pins.menu.close();
+    drainEvents();
 }
 
-void tst_PinnedOrder::pathsAreComparedExactly()
+void tst_PinnedOrder::theBrowserReordersBetweenPicturesAndTiles()
 {
-    QFETCH(QString, path);
-    QFETCH(QString, pinned);
-    QFETCH(bool, isPinned);
-    PinMenu pins({QStringLiteral("W"), path});
-    const std::unique_ptr<FolderPinButton> pin(RecentDocumentBrowser::CreatePinButton(nullptr, pinned));
-    pin->setChecked(true);
-    RecentDocumentBrowser::menuPinButtonList = {pin.get()};
-    updatePins();
-    const QString first = QStringLiteral("&1 ");
-    const QString second = QStringLiteral("&2 ");
-    QCOMPARE(pins.displayedEntries(), isPinned ? QStringList({"New", first + path, second + "W", "Quit"})
-                                               : QStringList({"New", first + "W", second + path, "Quit"}));
-}
+    Browser browser(3);
+    browser.createDocument();
+    RecentDocumentBrowser::menuPinButtonList.at(2)->setChecked(true);
+    QStringList orderAtReading;
+    QMutex mutex; // worker threads read, while the GUI thread waits for them
+    browser.host.onPreviewStep = [&](const QString & /*step*/) {
+        const QMutexLocker lock(&mutex);
+        if (orderAtReading.isEmpty())
+            orderAtReading = pathsOf(RecentDocumentBrowser::menuPinButtonList);
+    };
+    browser.openPopup();
+    QCOMPARE(orderAtReading, browser.paths());
+    const QStringList ordered = {browser.path(2), browser.path(0), browser.path(1)};
+    QCOMPARE(pathsOf(RecentDocumentBrowser::docPinButtonList), ordered);
 
-void tst_PinnedOrder::theEntrysOwnTextTellsItsPath()
-{
-    PinMenu pins(fourPaths);
-    // What is displayed does not count, and neither does the path that was handed in apart.
-    pins.entry(0).textButton->setText(QStringLiteral("&1 Y"));
-    pins.entries.at(1)->setText(QStringLiteral("Y"));     // no blank: the whole text
-    pins.entries.at(3)->setText(QStringLiteral("any Y")); // whatever stands in front of the first blank
-    pins.setPinned(2);
-    updatePins();
-    QCOMPARE(pins.displayedEntries(), QStringList({"New", "&1 X", "&2 Y", "&3 Z", "&4 Y", "Quit"}));
-    QCOMPARE(RecentDocumentBrowser::recentDocActionList, pins.entries);
+    // Without a list there are no tiles, but an order all the same.
+    browser.createDocument();
+    RecentDocumentBrowser::menuPinButtonList.at(2)->setChecked(true);
+    browser.host.hasRecentFileList = false;
+    browser.openPopup();
+    QCOMPARE(pathsOf(RecentDocumentBrowser::menuPinButtonList), ordered);
 }
 
 QTEST_MAIN(tst_PinnedOrder)

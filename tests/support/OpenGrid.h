@@ -36,6 +36,29 @@ inline bool pressKey(QWidget *widget, int key, Qt::KeyboardModifiers modifiers =
     return event.isAccepted();
 }
 
+//! Sends an event that has a type and nothing else.
+inline void sendPlain(QWidget *widget, QEvent::Type type)
+{
+    QEvent event(type);
+    QCoreApplication::sendEvent(widget, &event);
+}
+
+//! A popup as its constructor leaves it.
+struct UnshownPopup
+{
+    explicit UnshownPopup(int documents = 0, const QRect &frame = QRect(0, 0, 1300, 800)) : browser(documents)
+    {
+        browser.host.mainWindow().setGeometry(frame);
+        browser.createDocument();
+        popup = new RecentDocMainWindow(&browser.host.mainWindow());
+        tiles = browser.tiles();
+    }
+
+    Browser browser;
+    QPointer<RecentDocMainWindow> popup;
+    QList<RecentDocDialog *> tiles;
+};
+
 //! An open popup over a fake host, whose highlight is put where a test wants it.
 struct OpenGrid
 {

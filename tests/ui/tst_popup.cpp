@@ -1,15 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "module/RecentDocumentBrowser.h"
 #include "state/FolderPinButton.h"
-#include "tests/support/Browser.h"
+#include "tests/support/FormText.h"
 #include "tests/support/MarkingTranslator.h"
-#include "tests/support/TestCase.h"
+#include "tests/support/OpenGrid.h"
 #include "ui/HelpLabel.h"
-#include "ui/RecentDocDialog.h"
-#include "ui/RecentDocMainWindow.h"
 
-#include <QGraphicsEffect>
-#include <QGridLayout>
 #include <QLabel>
 
 using WhatAHostHas = bool FakeHost::*;
@@ -41,51 +36,42 @@ void compareBrushOfAllGroups(const QPalette &palette, QPalette::ColorRole role, 
 
 } // namespace
 
+//! What the popup is made of.
 class TestPopup : public TestCase
 {
     Q_OBJECT
 
 private slots:
     void isAFramelessDialogOfTheMainWindow();
-    void offersTheHelpSlotAlone();
     void formHasItsNamesAndMeasures();
     void titleIsStyledToTheLetter();
-    void pathLineKeepsToTheLeft();
     void textsAreTranslated();
-    void headerPalettesAreBlue();
     void headerIsPaintedInItsColours();
     void helpIconFollowsTheTitle();
-    void takesDropsAndFollowsTheMouse();
-    void nothingIsDraggedOrPressedAtFirst();
-    void pathLineOfTheNewestPopupIsPublished();
-    void picturesAreReadOnceForAllPopups();
-    void pinButtonsOfTheFormerPopupAreForgotten();
+    void theNewestPopupIsListedAndPublished();
     void firstTileIsHighlightedAndItsPathShown();
     void aPopupWithoutTilesShowsNoPath();
     void withoutARecentListOnlyTheHeaderStands_data();
     void withoutARecentListOnlyTheHeaderStands();
-    void withoutARecentListTheFormerTilesStayListed();
-    void withoutDocumentsTheGridIsEmpty();
 };
 
 void TestPopup::isAFramelessDialogOfTheMainWindow()
 {
-    Browser browser(1);
-    browser.createDocument();
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-
-    QCOMPARE(popup.parentWidget(), &browser.host.mainWindow());
+    UnshownPopup made(3);
+    const RecentDocMainWindow &popup = *made.popup;
+    QCOMPARE(popup.parentWidget(), &made.browser.host.mainWindow());
     QCOMPARE(popup.windowFlags(), Qt::Dialog | Qt::FramelessWindowHint);
     QVERIFY(popup.inherits("CFxDialog"));
-    QVERIFY(!popup.isModal());
     QCOMPARE(popup.windowModality(), Qt::NonModal);
     QCOMPARE(popup.focusPolicy(), Qt::StrongFocus);
-    QCOMPARE(popup.objectName(), QStringLiteral("RecentDocMainWindow"));
     QVERIFY(!popup.isVisible()); // whoever makes it shows it
-}
+    QVERIFY(popup.acceptDrops());
+    QVERIFY(popup.testAttribute(Qt::WA_MouseTracking));
+    QVERIFY(popup.testAttribute(Qt::WA_DeleteOnClose));
+    QVERIFY(!popup.dragDialog && !popup.isCollapsed);
+    QCOMPARE(popup.pressPoint, QPoint(0, 0));
+    QVERIFY(!popup.forwardSelectionActive && !popup.backwardSelectionActive);
 
-void TestPopup::offersTheHelpSlotAlone()
-{
     const QMetaObject &meta = RecentDocMainWindow::staticMetaObject;
     QCOMPARE(meta.className(), "RecentDocMainWindow");
     QCOMPARE(meta.methodCount() - meta.methodOffset(), 1);
@@ -97,38 +83,30 @@ void TestPopup::offersTheHelpSlotAlone()
 
 void TestPopup::formHasItsNamesAndMeasures()
 {
-    Browser browser; // nothing listed: the form's own measures, but for the margins
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-
-    QCOMPARE(popup.layout(), popup.verticalLayout);
-    QCOMPARE(popup.verticalLayout->objectName(), QStringLiteral("verticalLayout"));
-    QCOMPARE(popup.verticalLayout->spacing(), 6);
-    QCOMPARE(popup.verticalLayout->count(), 2);
-    QCOMPARE(popup.verticalLayout->itemAt(0)->layout(), popup.verticalLayout_2);
-    QCOMPARE(popup.verticalLayout->itemAt(1)->layout(), popup.gridLayout);
-
-    QCOMPARE(popup.verticalLayout_2->objectName(), QStringLiteral("verticalLayout_2"));
-    QCOMPARE(popup.verticalLayout_2->spacing(), 0);
+    const UnshownPopup made; // nothing listed: no tiles
+    const RecentDocMainWindow &popup = *made.popup;
+    QCOMPARE(popup.objectName(), QStringLiteral("RecentDocMainWindow"));
+    QCOMPARE(formText(popup.layout()),
+             QStringLiteral("verticalLayout 6 (verticalLayout_2 0 (horizontalLayout 0 (main_label_title, "
+                            "help_label), main_label_path), gridLayout 20 (0:5 spacer, 0:0 spacer))"));
+    QCOMPARE(popup.verticalLayout->contentsMargins(), QMargins(0, 0, 0, 0));
     QCOMPARE(popup.verticalLayout_2->sizeConstraint(), QLayout::SetNoConstraint);
-    QCOMPARE(popup.verticalLayout_2->count(), 2);
-    QCOMPARE(popup.verticalLayout_2->itemAt(0)->layout(), popup.horizontalLayout);
-    QCOMPARE(popup.verticalLayout_2->itemAt(1)->widget(), popup.main_label_path);
-
-    QCOMPARE(popup.horizontalLayout->objectName(), QStringLiteral("horizontalLayout"));
-    QCOMPARE(popup.horizontalLayout->spacing(), 0);
-    QCOMPARE(popup.horizontalLayout->itemAt(0)->widget(), popup.main_label_title);
+    QCOMPARE(popup.gridLayout->contentsMargins(), QMargins(11, 11, 11, 11));
+    const QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    QCOMPARE(popup.main_label_title->sizePolicy(), policy);
+    QCOMPARE(popup.main_label_path->sizePolicy(), policy);
+    QCOMPARE(popup.main_label_path->alignment(), Qt::AlignLeft | Qt::AlignVCenter);
+    QCOMPARE(popup.tileRows, 0);
+    QCOMPARE(popup.tileColumns, 4);
+    QCOMPARE(popup.popupHeight, 0);
+    QCOMPARE(popup.getColumnPosition(), -1);
 }
 
 void TestPopup::titleIsStyledToTheLetter()
 {
-    Browser browser;
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-    const QLabel &title = *popup.main_label_title;
-
-    QCOMPARE(title.objectName(), QStringLiteral("main_label_title"));
-    QCOMPARE(title.parentWidget(), &popup);
+    const UnshownPopup made;
+    const QLabel &title = *made.popup->main_label_title;
     QCOMPARE(title.text(), QStringLiteral("Recent Documents"));
-    QCOMPARE(title.sizePolicy(), QSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed));
     QCOMPARE(title.styleSheet(),
              QStringLiteral("\n white-space: pre-wrap; "
                             "\n font-family:'MS Shell Dlg 2'; font-size:8.25pt; font-weight:400; "
@@ -136,165 +114,82 @@ void TestPopup::titleIsStyledToTheLetter()
                             "\n margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; "
                             "-qt-block-indent:0; text-indent:0px;"
                             "\n font-size:18pt; color:#ffffff;"));
-    popup.ensurePolished();
     title.ensurePolished();
     QCOMPARE(title.font().pointSizeF(), 18.0); // the later of the two sizes
 }
 
-void TestPopup::pathLineKeepsToTheLeft()
-{
-    Browser browser;
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-    const QLabel &path = *popup.main_label_path;
-
-    QCOMPARE(path.objectName(), QStringLiteral("main_label_path"));
-    QCOMPARE(path.parentWidget(), &popup);
-    QCOMPARE(path.alignment(), Qt::AlignLeft | Qt::AlignVCenter);
-    QCOMPARE(path.sizePolicy(), QSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed));
-}
-
 void TestPopup::textsAreTranslated()
 {
-    Browser browser;
     MarkingTranslator translator;
     QVERIFY(QCoreApplication::installTranslator(&translator));
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-    QCOMPARE(popup.windowTitle(), QStringLiteral("RecentDocMainWindow/RecentDocMainWindow"));
-    QCOMPARE(popup.main_label_title->text(), QStringLiteral("RecentDocMainWindow/Recent Documents"));
-}
-
-void TestPopup::headerPalettesAreBlue()
-{
-    Browser browser;
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-
-    QVERIFY(popup.main_label_title->autoFillBackground());
-    compareBrushOfAllGroups(popup.main_label_title->palette(), QPalette::Window, titleGround);
-    const auto *help = popup.findChild<HelpLabel *>();
-    QVERIFY(help);
-    QVERIFY(help->autoFillBackground());
-    compareBrushOfAllGroups(help->palette(), QPalette::Window, titleGround);
-    QVERIFY(popup.main_label_path->autoFillBackground());
-    compareBrushOfAllGroups(popup.main_label_path->palette(), QPalette::Window, pathGround);
-    compareBrushOfAllGroups(popup.main_label_path->palette(), QPalette::WindowText, pathText);
+    const UnshownPopup made;
+    QCOMPARE(made.popup->windowTitle(), QStringLiteral("RecentDocMainWindow/RecentDocMainWindow"));
+    QCOMPARE(made.popup->main_label_title->text(), QStringLiteral("RecentDocMainWindow/Recent Documents"));
 }
 
 void TestPopup::headerIsPaintedInItsColours()
 {
-    Browser browser(2);
-    browser.createDocument();
-    RecentDocMainWindow *popup = browser.openPopup();
-    const QImage picture = popup->grab().toImage();
+    const OpenGrid grid(2);
+    const RecentDocMainWindow &popup = *grid.popup;
+    QLabel *help = popup.findChild<HelpLabel *>();
+    for (const QLabel *label : {popup.main_label_title, popup.main_label_path, help})
+        QVERIFY(label->autoFillBackground());
+    compareBrushOfAllGroups(popup.main_label_title->palette(), QPalette::Window, titleGround);
+    compareBrushOfAllGroups(help->palette(), QPalette::Window, titleGround);
+    compareBrushOfAllGroups(popup.main_label_path->palette(), QPalette::Window, pathGround);
+    compareBrushOfAllGroups(popup.main_label_path->palette(), QPalette::WindowText, pathText);
 
-    const QRect title = popup->main_label_title->geometry();
+    const QImage picture = grid.popup->grab().toImage();
+    const QRect title = popup.main_label_title->geometry();
+    const QRect path = popup.main_label_path->geometry();
     QCOMPARE(title.topLeft(), QPoint(0, 0)); // the header runs to the window's edges
-    QCOMPARE(picture.pixelColor(title.topLeft()), titleGround);
-    QCOMPARE(picture.pixelColor(title.bottomRight()), titleGround);
+    QCOMPARE(help->geometry().right(), popup.rect().right());
+    QCOMPARE(path.width(), popup.width());
+    for (const QPoint &corner :
+         {title.topLeft(), title.bottomRight(), help->geometry().topRight(), help->geometry().bottomRight()})
+        QCOMPARE(picture.pixelColor(corner), titleGround);
+    for (const QPoint &corner : {path.topLeft(), path.bottomRight()})
+        QCOMPARE(picture.pixelColor(corner), pathGround);
     QVERIFY(shows(picture, title, Qt::white));
-    const QRect help = popup->findChild<HelpLabel *>()->geometry();
-    QCOMPARE(help.right(), popup->rect().right());
-    QCOMPARE(picture.pixelColor(help.topRight()), titleGround);
-    QCOMPARE(picture.pixelColor(help.bottomRight()), titleGround);
-    const QRect path = popup->main_label_path->geometry();
-    QCOMPARE(path.width(), popup->width());
-    QCOMPARE(picture.pixelColor(path.topLeft()), pathGround);
-    QCOMPARE(picture.pixelColor(path.bottomRight()), pathGround);
     QVERIFY(shows(picture, path, pathText));
 }
 
 void TestPopup::helpIconFollowsTheTitle()
 {
-    Browser browser;
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-    const QList<HelpLabel *> icons = popup.findChildren<HelpLabel *>();
-    QCOMPARE(icons.size(), 1);
-    const HelpLabel &help = *icons.first();
-
-    QCOMPARE(help.parentWidget(), &popup);
-    QCOMPARE(popup.horizontalLayout->count(), 2);
-    QCOMPARE(popup.horizontalLayout->itemAt(1)->widget(), &help);
-    QCOMPARE(help.cursor().shape(), Qt::PointingHandCursor);
+    const UnshownPopup made;
+    QCOMPARE(made.popup->findChildren<HelpLabel *>().size(), 1);
+    const auto *help = made.popup->findChild<HelpLabel *>();
+    QCOMPARE(help->cursor().shape(), Qt::PointingHandCursor);
     const QPixmap icon(QStringLiteral(":/Images/Resources/help_32x-20.svg"));
     QCOMPARE(icon.size(), QSize(20, 20));
-    QCOMPARE(help.pixmap(Qt::ReturnByValue).toImage(), icon.toImage());
+    QCOMPARE(help->pixmap(Qt::ReturnByValue).toImage(), icon.toImage());
 }
 
-void TestPopup::takesDropsAndFollowsTheMouse()
+void TestPopup::theNewestPopupIsListedAndPublished()
 {
-    Browser browser;
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-    QVERIFY(popup.acceptDrops());
-    QVERIFY(popup.testAttribute(Qt::WA_MouseTracking));
-    QVERIFY(popup.testAttribute(Qt::WA_DeleteOnClose));
-}
-
-void TestPopup::nothingIsDraggedOrPressedAtFirst()
-{
-    Browser browser(3);
-    browser.createDocument();
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-    QVERIFY(!popup.dragDialog);
-    QCOMPARE(popup.pressPoint, QPoint(0, 0));
-    QVERIFY(!popup.isCollapsed);
-    QVERIFY(!popup.forwardSelectionActive);
-    QVERIFY(!popup.backwardSelectionActive);
-}
-
-void TestPopup::pathLineOfTheNewestPopupIsPublished()
-{
-    Browser browser(1);
-    browser.createDocument();
-    RecentDocMainWindow older(&browser.host.mainWindow());
-    QCOMPARE(RecentDocMainWindow::docPathLabel.data(), older.main_label_path);
-    RecentDocMainWindow newer(&browser.host.mainWindow());
+    UnshownPopup older(2);
+    QCOMPARE(RecentDocMainWindow::docPathLabel.data(), older.popup->main_label_path);
+    RecentDocMainWindow newer(&older.browser.host.mainWindow());
     QCOMPARE(RecentDocMainWindow::docPathLabel.data(), newer.main_label_path);
-}
-
-void TestPopup::picturesAreReadOnceForAllPopups()
-{
-    Browser browser(3);
-    browser.createDocument();
-    QCOMPARE(browser.host.previewsCreated(), 0);
-    RecentDocMainWindow first(&browser.host.mainWindow());
-    QCOMPARE(browser.host.previewsCreated(), 3);
-    QCOMPARE(RecentDocumentBrowser::recentFileImageMap.size(), 3);
-    RecentDocMainWindow second(&browser.host.mainWindow());
-    QCOMPARE(browser.host.previewsCreated(), 3);
-    QCOMPARE(browser.tiles().size(), 3);
-}
-
-void TestPopup::pinButtonsOfTheFormerPopupAreForgotten()
-{
-    Browser browser(2);
-    browser.createDocument();
-    RecentDocMainWindow older(&browser.host.mainWindow());
-    RecentDocMainWindow newer(&browser.host.mainWindow());
-    const QList<RecentDocDialog *> tiles = browser.tiles();
-    QCOMPARE(tiles.size(), 2);
-    QCOMPARE(RecentDocumentBrowser::docPinButtonList.size(), 2);
-    for (int i = 0; i < tiles.size(); ++i) {
-        QCOMPARE(tiles.at(i)->parentWidget(), &newer);
-        QCOMPARE(RecentDocumentBrowser::docPinButtonList.at(i), Browser::button(tiles.at(i), "pinButton"));
-    }
-    QCOMPARE(older.findChildren<RecentDocDialog *>().size(), 2); // forgotten, not deleted
+    const QList<RecentDocDialog *> tiles = older.browser.tiles();
+    QCOMPARE(tiles, newer.findChildren<RecentDocDialog *>());
+    QList<FolderPinButton *> pins;
+    for (const RecentDocDialog *tile : tiles)
+        pins.append(Browser::button(tile, "pinButton"));
+    QCOMPARE(pins.size(), 2);
+    QCOMPARE(RecentDocumentBrowser::docPinButtonList, pins);
+    QCOMPARE(older.popup->findChildren<RecentDocDialog *>(), older.tiles); // forgotten, not deleted
 }
 
 void TestPopup::firstTileIsHighlightedAndItsPathShown()
 {
-    Browser browser(3);
-    browser.createDocument();
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-    popup.show();
-    drainEvents();
-    const QList<RecentDocDialog *> tiles = browser.tiles();
-    const QGraphicsEffect *effect = tiles.at(0)->graphicsEffect();
-    QVERIFY(effect);
+    const OpenGrid grid(3);
+    QCOMPARE(grid.highlighted(), Indices{0});
+    const QGraphicsEffect *effect = grid.tiles.at(0)->graphicsEffect();
     QCOMPARE(effect->metaObject()->className(), "HighlightEffect");
-    QCOMPARE(effect->property("color").value<QColor>(), QColor(0, 0, 150, 100));
     QCOMPARE(effect->property("offset").toPointF(), QPointF(2.5, 2.5));
-    QVERIFY(!tiles.at(1)->graphicsEffect());
-    QVERIFY(!tiles.at(2)->graphicsEffect());
-    QCOMPARE(popup.main_label_path->text(), browser.path(0));
+    QVERIFY(!grid.tiles.at(1)->graphicsEffect());
+    QCOMPARE(grid.line(), grid.lineOf(0));
 }
 
 void TestPopup::aPopupWithoutTilesShowsNoPath()
@@ -303,7 +198,6 @@ void TestPopup::aPopupWithoutTilesShowsNoPath()
     RecentDocMainWindow popup(&browser.host.mainWindow());
     QVERIFY(browser.tiles().isEmpty());
     QCOMPARE(popup.main_label_path->text(), QString());
-    QCOMPARE(popup.tileRows, 1);
     QCOMPARE(popup.popupHeight, 201); // sized for the documents nevertheless
 }
 
@@ -319,50 +213,24 @@ void TestPopup::withoutARecentListOnlyTheHeaderStands_data()
 void TestPopup::withoutARecentListOnlyTheHeaderStands()
 {
     QFETCH(WhatAHostHas, what);
-    Browser browser(3);
-    browser.createDocument();
-    browser.host.*what = false;
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-
+    UnshownPopup older(3);
+    older.browser.host.*what = false;
+    RecentDocMainWindow popup(&older.browser.host.mainWindow());
     QCOMPARE(popup.size(), QSize(228, 64));
     QVERIFY(!popup.gridLayout);
     QVERIFY(popup.findChildren<RecentDocDialog *>().isEmpty());
-    QCOMPARE(popup.popupWidth, 0);
-    QCOMPARE(popup.popupHeight, 0);
+    QCOMPARE(QSize(popup.popupWidth, popup.popupHeight), QSize(0, 0));
     QCOMPARE(popup.tileColumns, 0);
     QCOMPARE(popup.verticalLayout->contentsMargins(), QMargins(11, 11, 11, 11));
     QCOMPARE(RecentDocMainWindow::docPathLabel.data(), popup.main_label_path);
     QVERIFY(popup.findChild<HelpLabel *>());
     compareBrushOfAllGroups(popup.main_label_title->palette(), QPalette::Window, titleGround);
     QCOMPARE(popup.getColumnPosition(), -1);
+    QCOMPARE(older.browser.tiles(), older.tiles); // the former ones stay listed
+    QCOMPARE(RecentDocumentBrowser::docPinButtonList.size(), 3);
     popup.show();
     drainEvents();
     QCOMPARE(popup.size(), QSize(228, 64).expandedTo(popup.minimumSizeHint())); // large fonts need more
-}
-
-void TestPopup::withoutARecentListTheFormerTilesStayListed()
-{
-    Browser browser(2);
-    browser.createDocument();
-    RecentDocMainWindow older(&browser.host.mainWindow());
-    const QList<RecentDocDialog *> tiles = browser.tiles();
-    browser.host.hasRecentFileList = false;
-    RecentDocMainWindow newer(&browser.host.mainWindow());
-    QCOMPARE(browser.tiles(), tiles);
-    QCOMPARE(RecentDocumentBrowser::docPinButtonList.size(), 2);
-}
-
-void TestPopup::withoutDocumentsTheGridIsEmpty()
-{
-    Browser browser;
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-    QVERIFY(popup.gridLayout);
-    QCOMPARE(popup.tileRows, 0);
-    QCOMPARE(popup.tileColumns, 4);
-    QCOMPARE(popup.popupHeight, 0);
-    QCOMPARE(popup.verticalLayout->contentsMargins(), QMargins(0, 0, 0, 0));
-    QVERIFY(popup.findChildren<RecentDocDialog *>().isEmpty());
-    QCOMPARE(popup.getColumnPosition(), -1);
 }
 
 QTEST_MAIN(TestPopup)

@@ -1,134 +1,82 @@
 // SPDX-License-Identifier: MIT
-#include "module/RecentDocumentBrowser.h"
-#include "tests/support/Browser.h"
-#include "tests/support/TestCase.h"
-#include "ui/HighlightEffect.h"
-#include "ui/RecentDocDialog.h"
-#include "ui/RecentDocMainWindow.h"
+#include "tests/support/FormText.h"
+#include "tests/support/OpenGrid.h"
 
-#include <QCursor>
 #include <QDragMoveEvent>
-#include <QGridLayout>
-#include <QLabel>
 #include <QMimeData>
 #include <QSpacerItem>
 
 namespace {
 
-//! Row and column of an item in a grid, with the number of rows and columns that it takes.
-struct Cell
+QWidget *inCell(const RecentDocMainWindow &popup, int row, int column)
 {
-    int row = -1;
-    int column = -1;
-    int rowSpan = 0;
-    int columnSpan = 0;
-};
-
-Cell cellOf(const QGridLayout &grid, QLayoutItem *item)
-{
-    Cell cell;
-    const int index = grid.indexOf(item);
-    if (index >= 0)
-        grid.getItemPosition(index, &cell.row, &cell.column, &cell.rowSpan, &cell.columnSpan);
-    return cell;
-}
-
-QWidget *widgetAt(const QGridLayout &grid, int row, int column)
-{
-    const QLayoutItem *item = grid.itemAtPosition(row, column);
-    return item ? const_cast<QLayoutItem *>(item)->widget() : nullptr;
+    QLayoutItem *item = popup.gridLayout->itemAtPosition(row, column);
+    return item ? item->widget() : nullptr;
 }
 
 } // namespace
 
+//! How large the popup is, where it stands, and where its tiles do.
 class TestPopupGeometry : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void columnsFollowTheMainWindowsWidth_data();
-    void columnsFollowTheMainWindowsWidth();
-    void rowsFollowTheNumberOfDocuments_data();
-    void rowsFollowTheNumberOfDocuments();
+    void sizeFollowsTheMainWindowsWidthAndTheDocuments_data();
+    void sizeFollowsTheMainWindowsWidthAndTheDocuments();
     void placeFollowsTheMainWindow_data();
     void placeFollowsTheMainWindow();
     void contentFits_data();
     void contentFits();
     void opensWithoutAMainWindow();
-    void gridHasItsMeasures();
     void spacersStandBehindTheTiles();
-    void tilesFillTheGridRowByRow_data();
     void tilesFillTheGridRowByRow();
     void documentsWithoutACacheEntryLeaveEmptyCells();
     void tilesBeyondTheLastCellStayOutOfTheGrid();
-    void columnPositionIsTheHighlightedTilesColumn_data();
-    void columnPositionIsTheHighlightedTilesColumn();
-    void columnPositionGoesDownTheColumnsAndComparesPaths();
-    void columnPositionOfTheFirstOfSeveralHighlighted();
-    void withoutAHighlightThereIsNoColumnPosition();
+    void columnPositionIsThatOfTheHighlightedTilesPath_data();
+    void columnPositionIsThatOfTheHighlightedTilesPath();
 };
 
-void TestPopupGeometry::columnsFollowTheMainWindowsWidth_data()
-{
-    QTest::addColumn<int>("frameWidth");
-    QTest::addColumn<int>("columns");
-    QTest::addColumn<int>("popupWidth");
-    QTest::newRow("no width at all") << 0 << 4 << 724;
-    QTest::newRow("a very narrow window") << 100 << 4 << 724;
-    QTest::newRow("the last narrow width") << 585 << 4 << 724;
-    QTest::newRow("the first medium width") << 586 << 3 << 543;
-    QTest::newRow("the last medium width") << 900 << 3 << 543;
-    QTest::newRow("only two columns behind the medium widths") << 901 << 2 << 362;
-    QTest::newRow("the last width of two columns") << 965 << 2 << 362;
-    QTest::newRow("the first width of three columns again") << 966 << 3 << 543;
-    QTest::newRow("the last width of three columns") << 1287 << 3 << 543;
-    QTest::newRow("the first width of four columns") << 1288 << 4 << 724;
-    QTest::newRow("a full screen") << 1920 << 5 << 905;
-    QTest::newRow("a wide screen") << 3840 << 11 << 1991;
-}
-
-void TestPopupGeometry::columnsFollowTheMainWindowsWidth()
-{
-    QFETCH(int, frameWidth);
-    QFETCH(int, columns);
-    QFETCH(int, popupWidth);
-    Browser browser(1);
-    browser.host.mainWindow().setGeometry(0, 0, frameWidth, 800);
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-    QCOMPARE(popup.tileColumns, columns);
-    QCOMPARE(popup.popupWidth, popupWidth);
-    QCOMPARE(popup.width(), popupWidth);
-}
-
-void TestPopupGeometry::rowsFollowTheNumberOfDocuments_data()
+void TestPopupGeometry::sizeFollowsTheMainWindowsWidthAndTheDocuments_data()
 {
     QTest::addColumn<int>("frameWidth");
     QTest::addColumn<int>("documents");
-    QTest::addColumn<int>("rows");
-    QTest::addColumn<int>("popupHeight");
-    QTest::newRow("one document") << 1300 << 1 << 1 << 201;
-    QTest::newRow("four documents fill the single row") << 1300 << 4 << 1 << 201;
-    QTest::newRow("the fifth begins a second row") << 1300 << 5 << 2 << 350;
-    QTest::newRow("eight documents fill two rows") << 1300 << 8 << 2 << 350;
-    QTest::newRow("nine documents begin a third row") << 1300 << 9 << 3 << 525;
-    QTest::newRow("two columns, two documents") << 901 << 2 << 1 << 201;
-    QTest::newRow("two columns, three documents") << 901 << 3 << 2 << 350;
-    QTest::newRow("three columns, nine documents") << 900 << 9 << 3 << 525;
-    QTest::newRow("eleven columns, nine documents") << 3840 << 9 << 1 << 201;
+    QTest::addColumn<QSize>("tiles"); // columns and rows
+    QTest::addColumn<QSize>("size");
+    const auto row = [](const char *name, int frameWidth, int documents, const QSize &tiles,
+                        const QSize &size) {
+        QTest::newRow(name) << frameWidth << documents << tiles << size;
+    };
+    row("no width at all", 0, 1, {4, 1}, {724, 201});
+    row("the last narrow width", 585, 1, {4, 1}, {724, 201});
+    row("the first medium width", 586, 1, {3, 1}, {543, 201});
+    row("the last medium width", 900, 1, {3, 1}, {543, 201});
+    row("only two columns behind the medium widths", 901, 1, {2, 1}, {362, 201});
+    row("the last width of two columns", 965, 1, {2, 1}, {362, 201});
+    row("the first width of three columns again", 966, 1, {3, 1}, {543, 201});
+    row("the last width of three columns", 1287, 1, {3, 1}, {543, 201});
+    row("the first width of four columns", 1288, 1, {4, 1}, {724, 201});
+    row("a full screen", 1920, 1, {5, 1}, {905, 201});
+    row("a wide screen", 3840, 9, {11, 1}, {1991, 201});
+    row("four documents fill the single row", 1300, 4, {4, 1}, {724, 201});
+    row("the fifth begins a second row", 1300, 5, {4, 2}, {724, 350});
+    row("eight documents fill two rows", 1300, 8, {4, 2}, {724, 350});
+    row("nine documents begin a third row", 1300, 9, {4, 3}, {724, 525});
+    row("two columns, two documents", 901, 2, {2, 1}, {362, 201});
+    row("two columns, three documents", 901, 3, {2, 2}, {362, 350});
+    row("three columns, nine documents", 900, 9, {3, 3}, {543, 525});
 }
 
-void TestPopupGeometry::rowsFollowTheNumberOfDocuments()
+void TestPopupGeometry::sizeFollowsTheMainWindowsWidthAndTheDocuments()
 {
     QFETCH(int, frameWidth);
     QFETCH(int, documents);
-    QFETCH(int, rows);
-    QFETCH(int, popupHeight);
-    Browser browser(documents);
-    browser.host.mainWindow().setGeometry(0, 0, frameWidth, 800);
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-    QCOMPARE(popup.tileRows, rows);
-    QCOMPARE(popup.popupHeight, popupHeight);
-    QCOMPARE(popup.height(), popupHeight);
+    QFETCH(QSize, tiles);
+    QFETCH(QSize, size);
+    const UnshownPopup made(documents, QRect(0, 0, frameWidth, 800));
+    QCOMPARE(QSize(made.popup->tileColumns, made.popup->tileRows), tiles);
+    QCOMPARE(QSize(made.popup->popupWidth, made.popup->popupHeight), size);
+    QCOMPARE(made.popup->size(), size);
 }
 
 void TestPopupGeometry::placeFollowsTheMainWindow_data()
@@ -159,11 +107,9 @@ void TestPopupGeometry::placeFollowsTheMainWindow()
 {
     QFETCH(QRect, frame);
     QFETCH(QPoint, place);
-    Browser browser(1);
-    browser.host.mainWindow().setGeometry(frame);
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-    QCOMPARE(QPoint(popup.popupX, popup.popupY), place);
-    QCOMPARE(popup.geometry(), QRect(place, QSize(popup.popupWidth, 201)));
+    const UnshownPopup made(1, frame);
+    QCOMPARE(QPoint(made.popup->popupX, made.popup->popupY), place);
+    QCOMPARE(made.popup->geometry(), QRect(place, QSize(made.popup->popupWidth, 201)));
 }
 
 void TestPopupGeometry::contentFits_data()
@@ -234,165 +180,88 @@ void TestPopupGeometry::opensWithoutAMainWindow()
     QCOMPARE(browser.tiles().size(), 2);
 }
 
-void TestPopupGeometry::gridHasItsMeasures()
-{
-    Browser browser(1);
-    browser.createDocument();
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-    QCOMPARE(popup.gridLayout->objectName(), QStringLiteral("gridLayout"));
-    QCOMPARE(popup.gridLayout->horizontalSpacing(), 20);
-    QCOMPARE(popup.gridLayout->verticalSpacing(), 20);
-    QCOMPARE(popup.gridLayout->contentsMargins(), QMargins(11, 11, 11, 11));
-    QCOMPARE(popup.gridLayout->parent(), popup.verticalLayout);
-    QCOMPARE(popup.verticalLayout->contentsMargins(), QMargins(0, 0, 0, 0));
-}
-
 void TestPopupGeometry::spacersStandBehindTheTiles()
 {
-    Browser browser(6);
-    browser.createDocument();
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-
-    QCOMPARE(popup.horizontalSpacer->sizeHint(), QSize(40, 20));
-    QCOMPARE(popup.horizontalSpacer->sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum));
-    const Cell right = cellOf(*popup.gridLayout, popup.horizontalSpacer);
-    QCOMPARE(right.row, 0);
-    QCOMPARE(right.column, 5); // one column stays empty behind the four
-    QCOMPARE(right.rowSpan, 1);
-    QCOMPARE(right.columnSpan, 1);
-
-    QCOMPARE(popup.verticalSpacer->sizeHint(), QSize(20, 40));
-    QCOMPARE(popup.verticalSpacer->sizePolicy(), QSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding));
-    const Cell below = cellOf(*popup.gridLayout, popup.verticalSpacer);
-    QCOMPARE(below.row, 2);
-    QCOMPARE(below.column, 0);
-    QCOMPARE(below.rowSpan, 1);
-    QCOMPARE(below.columnSpan, 1);
-}
-
-void TestPopupGeometry::tilesFillTheGridRowByRow_data()
-{
-    QTest::addColumn<int>("documents");
-    QTest::newRow("one tile") << 1;
-    QTest::newRow("a full row") << 4;
-    QTest::newRow("one tile in the second row") << 5;
-    QTest::newRow("one tile in the third row") << 9;
+    const UnshownPopup made(5);
+    const QString tile = QStringLiteral(", %1 RecentDocDialog");
+    QCOMPARE(formText(made.popup->gridLayout), // one column stays empty behind the four
+             QStringLiteral("gridLayout 20 (0:5 spacer, 2:0 spacer") + tile.arg("0:0") + tile.arg("0:1") +
+                 tile.arg("0:2") + tile.arg("0:3") + tile.arg("1:0") + QLatin1Char(')'));
+    const QSpacerItem &right = *made.popup->horizontalSpacer;
+    QCOMPARE(right.sizeHint(), QSize(40, 20));
+    QCOMPARE(right.sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum));
+    QCOMPARE(made.popup->gridLayout->itemAt(0), &right);
+    const QSpacerItem &below = *made.popup->verticalSpacer;
+    QCOMPARE(below.sizeHint(), QSize(20, 40));
+    QCOMPARE(below.sizePolicy(), QSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding));
+    QCOMPARE(made.popup->gridLayout->itemAt(1), &below);
 }
 
 void TestPopupGeometry::tilesFillTheGridRowByRow()
 {
-    QFETCH(int, documents);
-    constexpr int columns = 4;
-    Browser browser(documents);
-    browser.createDocument();
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-    const QList<RecentDocDialog *> tiles = browser.tiles();
-    QCOMPARE(tiles.size(), documents);
-    for (int row = 0; row < popup.tileRows; ++row) {
-        for (int column = 0; column < columns; ++column) {
-            const int index = row * columns + column;
-            QCOMPARE(widgetAt(*popup.gridLayout, row, column), index < documents ? tiles.at(index) : nullptr);
-        }
+    for (const int documents : {1, 4, 5, 9}) {
+        const UnshownPopup made(documents);
+        QCOMPARE(made.tiles.size(), documents);
+        for (int cell = 0; cell < 4 * made.popup->tileRows; ++cell)
+            QCOMPARE(inCell(*made.popup, cell / 4, cell % 4), made.tiles.value(cell));
+        for (int i = 0; i < documents; ++i)
+            QCOMPARE(made.tiles.at(i)->path(), made.browser.path(i));
     }
-    constexpr int spacers = 2;
-    QCOMPARE(popup.gridLayout->count(), documents + spacers);
-    for (int i = 0; i < documents; ++i)
-        QCOMPARE(tiles.at(i)->path(), browser.path(i));
 }
 
 void TestPopupGeometry::documentsWithoutACacheEntryLeaveEmptyCells()
 {
-    Browser browser(6);
-    browser.createDocument();
-    RecentDocumentBrowser::CreateRecentFileImageMap();
-    for (const int gone : {0, 3, 5})
-        RecentDocumentBrowser::recentFileImageMap.remove(browser.path(gone));
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-
-    QCOMPARE(popup.tileRows, 2); // sized for the six
-    QCOMPARE(popup.popupHeight, 350);
-    const QList<RecentDocDialog *> tiles = browser.tiles();
-    QCOMPARE(tiles.size(), 3);
-    const QStringList paths = {browser.path(1), browser.path(2), browser.path(4)};
-    for (int i = 0; i < tiles.size(); ++i) {
-        QCOMPARE(tiles.at(i)->path(), paths.at(i));
-        QCOMPARE(widgetAt(*popup.gridLayout, 0, i), tiles.at(i));
+    const OpenGrid grid(6, 4, {0, 3, 5});
+    QCOMPARE(grid.popup->tileRows, 2); // sized for the six
+    QCOMPARE(grid.popup->popupHeight, 350);
+    const QStringList paths = {grid.browser.path(1), grid.browser.path(2), grid.browser.path(4)};
+    QCOMPARE(grid.tiles.size(), paths.size());
+    for (int i = 0; i < paths.size(); ++i) {
+        QCOMPARE(grid.tiles.at(i)->path(), paths.at(i));
+        QCOMPARE(inCell(*grid.popup, 0, i), grid.tiles.at(i));
     }
-    QVERIFY(!popup.gridLayout->itemAtPosition(0, 3));
-    QVERIFY(!popup.gridLayout->itemAtPosition(1, 0));
-    QCOMPARE(popup.main_label_path->text(), browser.path(1));
-    QVERIFY(tiles.first()->isHighlighted());
+    QVERIFY(!inCell(*grid.popup, 0, 3) && !inCell(*grid.popup, 1, 0));
+    QCOMPARE(grid.line(), grid.lineOf(0));
+    QCOMPARE(grid.highlighted(), Indices{0});
 }
 
 void TestPopupGeometry::tilesBeyondTheLastCellStayOutOfTheGrid()
 {
-    Browser browser(6);
-    browser.createDocument();
-    RecentDocumentBrowser::CreateRecentFileImageMap();
-    browser.host.setRecent(browser.paths().mid(0, 2)); // the menu has not heard of it yet
-    RecentDocMainWindow popup(&browser.host.mainWindow());
+    UnshownPopup made(6);
+    made.browser.host.setRecent(made.browser.paths().mid(0, 2)); // the menu has not heard of it yet
+    const RecentDocMainWindow popup(&made.browser.host.mainWindow());
     QCOMPARE(popup.tileRows, 1);
-    QCOMPARE(browser.tiles().size(), 6);
-    QCOMPARE(widgetAt(*popup.gridLayout, 0, 3), browser.tiles().at(3));
-    QCOMPARE(popup.gridLayout->indexOf(browser.tiles().at(4)), -1);
-    QCOMPARE(popup.gridLayout->indexOf(browser.tiles().at(5)), -1);
+    const QList<RecentDocDialog *> tiles = made.browser.tiles();
+    QCOMPARE(tiles.size(), 6);
+    for (int i = 0; i < 6; ++i)
+        QCOMPARE(popup.gridLayout->indexOf(tiles.at(i)) >= 0, i < 4);
 }
 
-void TestPopupGeometry::columnPositionIsTheHighlightedTilesColumn_data()
+void TestPopupGeometry::columnPositionIsThatOfTheHighlightedTilesPath_data()
 {
-    QTest::addColumn<int>("tile");
+    QTest::addColumn<Indices>("listed");
+    QTest::addColumn<Indices>("highlighted");
     QTest::addColumn<int>("column");
-    QTest::newRow("the first tile") << 0 << 0;
-    QTest::newRow("the first row's end") << 3 << 3;
-    QTest::newRow("the second row") << 5 << 1;
-    QTest::newRow("behind the last row's empty cells") << 7 << 3;
-    QTest::newRow("the tile of the last row") << 8 << 0;
+    const Indices nine = {0, 1, 2, 3, 4, 5, 6, 7, 8};
+    QTest::newRow("the first tile") << nine << Indices{0} << 0;
+    QTest::newRow("the first row's end") << nine << Indices{3} << 3;
+    QTest::newRow("the second row") << nine << Indices{5} << 1;
+    QTest::newRow("behind the last row's empty cells") << nine << Indices{7} << 3;
+    QTest::newRow("the tile of the last row") << nine << Indices{8} << 0;
+    QTest::newRow("the first of several") << nine << Indices{3, 2} << 2;
+    QTest::newRow("none") << nine << Indices{} << -1;
+    // The tile in column 1 is highlighted; its twin below the first tile is found first.
+    QTest::newRow("the same drawing twice") << Indices{0, 1, 2, 3, 1} << Indices{1} << 0;
 }
 
-void TestPopupGeometry::columnPositionIsTheHighlightedTilesColumn()
+void TestPopupGeometry::columnPositionIsThatOfTheHighlightedTilesPath()
 {
-    QFETCH(int, tile);
+    QFETCH(Indices, listed);
+    QFETCH(Indices, highlighted);
     QFETCH(int, column);
-    Browser browser(9);
-    browser.createDocument();
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-    browser.tiles().at(0)->clearHighlight();
-    browser.tiles().at(tile)->highlight();
-    QCOMPARE(popup.getColumnPosition(), column);
-}
-
-void TestPopupGeometry::columnPositionGoesDownTheColumnsAndComparesPaths()
-{
-    Browser browser(5);
-    QStringList listed = browser.paths();
-    listed[4] = listed.at(1); // the same drawing again, below the first tile
-    browser.host.setRecent(listed);
-    browser.createDocument();
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-    QCOMPARE(browser.tiles().size(), 5);
-    browser.tiles().at(0)->clearHighlight();
-    browser.tiles().at(1)->highlight();
-    QCOMPARE(popup.getColumnPosition(), 0); // the tile in column 1 is highlighted, its twin found first
-}
-
-void TestPopupGeometry::columnPositionOfTheFirstOfSeveralHighlighted()
-{
-    Browser browser(4);
-    browser.createDocument();
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-    browser.tiles().at(0)->clearHighlight();
-    browser.tiles().at(3)->highlight();
-    browser.tiles().at(2)->highlight();
-    QCOMPARE(popup.getColumnPosition(), 2);
-}
-
-void TestPopupGeometry::withoutAHighlightThereIsNoColumnPosition()
-{
-    Browser browser(2);
-    browser.createDocument();
-    RecentDocMainWindow popup(&browser.host.mainWindow());
-    browser.tiles().at(0)->clearHighlight();
-    QCOMPARE(popup.getColumnPosition(), -1);
+    OpenGrid grid(9, listed);
+    grid.highlight(highlighted);
+    QCOMPARE(grid.popup->getColumnPosition(), column);
 }
 
 QTEST_MAIN(TestPopupGeometry)

@@ -31,7 +31,7 @@ ProgramOnScreen::ProgramOnScreen(int samples)
     for (const fxsamples::Sample &sample : fxsamples::sampleSet()) {
         if (m_paths.size() < samples)
             m_paths.append(m_home.write(
-                sample.fileName, fxsamples::drawingFile(fxsamples::paintPreview(sample), sample.form)));
+                sample.fileName.toString(), fxsamples::drawingFile(fxsamples::paintPreview(sample), sample.form)));
     }
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/GridMoves.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/Typing.h"
+#include "tests/ui/HighlightModel.h"
 
 //! The popup's keys under a window manager, typed by hand.
 class tst_KeysOnDesktop : public TestCase
@@ -34,27 +34,27 @@ void tst_KeysOnDesktop::movesThroughTheWholeGrid()
     QCOMPARE(typing.popup->width(), columns * 181);
     QStringList keys;
     QStringList expected;
-    int at = 0;
-    const auto go = [&](const char *key, Move move) {
-        keys.append(QLatin1String(key));
-        at = target(move, at, tiles, columns);
-        expected.append(Typing::at(at));
+    HighlightModel model(tiles, columns);
+    const auto go = [&](const char *name, int key) {
+        keys.append(QLatin1String(name));
+        model.key(key);
+        expected.append(Typing::at(model.pathLine()));
     };
     for (int i = 0; i < tiles; ++i)
-        go("Right", Move::Next);
+        go("Right", Qt::Key_Right);
     for (int i = 0; i < tiles; ++i)
-        go("Left", Move::Previous);
+        go("Left", Qt::Key_Left);
     for (int i = 0; i < tiles; ++i)
-        go("Tab", Move::Next);
-    QCOMPARE(at, 0);
+        go("Tab", Qt::Key_Right);
+    QCOMPARE(model.pathLine(), 0);
     for (int column = 0; column < qMin(columns, tiles); ++column) {
-        QCOMPARE(at, column);
+        QCOMPARE(model.pathLine(), column);
         const int rows = (tiles - column + columns - 1) / columns;
         for (int row = 0; row < rows; ++row)
-            go("Down", Move::Down);
+            go("Down", Qt::Key_Down);
         for (int row = 0; row < rows; ++row)
-            go("Up", Move::Up);
-        go(column % 2 ? "KP_Right" : "Right", Move::Next);
+            go("Up", Qt::Key_Up);
+        go(column % 2 ? "KP_Right" : "Right", Qt::Key_Right);
     }
     QCOMPARE(typing.after(keys), expected);
     Hand::keepScreenshot(QStringLiteral("keys-%1-tiles-%2-columns").arg(tiles).arg(columns));

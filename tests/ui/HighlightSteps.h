@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <Qt>
+#include <QList>
+#include <QVector>
 
 #include <rapidcheck.h>
 
@@ -20,6 +21,7 @@ struct HighlightStep
         Press,
         Release,
         Click,
+        Toggle, //!< of a tile's highlight, by others
     };
 
     Kind kind = KeyOnPopup;
@@ -29,7 +31,6 @@ struct HighlightStep
     int tile = 0;
 
     bool isKey() const { return kind == KeyOnPopup || kind == KeyOnTile; }
-    //! "Shift+Right", "Control+click on tile 3"; tiles are counted from 1.
     std::string inWords(int tileCount) const;
 };
 
@@ -39,22 +40,19 @@ struct HighlightCase
 {
     int documents = 0;
     std::vector<int> withoutTile; //!< documents that the thumbnail cache lacks, modulo documents
-    int frame = 0;                //!< which of frames
+    int columns = 0;              //!< of the popup's grid
     std::vector<std::vector<HighlightStep>> sequences;
 
-    struct Frame
-    {
-        int width;   //!< of the host's main window, in pixels
-        int columns; //!< that the popup's grid has then
-    };
     static constexpr int sequenceCount = 12;
-    static constexpr int frameCount = 4;
-    static const Frame frames[frameCount];
 
     //! For each document whether it has a tile.
-    std::vector<bool> hasTile() const;
-    int tileCount() const;
-    int columns() const { return frames[frame].columns; }
+    QVector<bool> hasTile() const;
+    int tileCount() const { return hasTile().count(true); }
+    //! A width of the host's main window that gives the popup its columns, in pixels.
+    int frameWidth() const { return QList<int>{950, 800, 500, 1920}.at(columns - fewestColumns); }
+
+    static constexpr int fewestColumns = 2;
+    static constexpr int mostColumns = 5;
 };
 
 void showValue(const HighlightCase &tried, std::ostream &out);

@@ -48,12 +48,9 @@ private slots:
     void changedTilesAloneArePaintedAndHighlightedAnew_data();
     void changedTilesAloneArePaintedAndHighlightedAnew();
     void askingForARunDirectlyKeepsTheOtherDirection();
-    void rowMovesGoByThePath_data();
-    void rowMovesGoByThePath();
     void aColourThatDiffersInItsAlphaIsNoHighlight();
     void enterAndEscapeCloseOnce_data();
     void enterAndEscapeCloseOnce();
-    void typedKeysReachThePopup();
     void withoutAHighlightNothingHappens();
     void withoutARecentListNothingHappens();
     void baseDialogGetsKeysOnlyWhileATileIsHeld_data();
@@ -67,8 +64,10 @@ void TestKeys::movesAndRuns_data()
 {
     QTest::addColumn<Indices>("before");
     QTest::addColumn<KeySteps>("steps");
-    const auto row = [](const char *name, const Indices &before, const KeySteps &steps) {
-        QTest::newRow(name) << before << steps;
+    QTest::addColumn<Indices>("listed");
+    const auto row = [](const char *name, const Indices &before, const KeySteps &steps,
+                        const Indices &listed = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}) {
+        QTest::newRow(name) << before << steps << listed;
     };
     // Ten tiles in rows of 4, 4 and 2. After each key: the highlighted tiles, and the one that the path line
     // shows anew.
@@ -91,13 +90,21 @@ void TestKeys::movesAndRuns_data()
         {{"Shift+Right", "1 2: 2"}, {"Down", "2 5: 5"}, {"Up", "5 6: 6"}, {"Ctrl+Right", "5 6 7: 7"}});
     row("what selects nothing", {5},
         {{"Shift+Up", "5: "}, {"Ctrl+Down", "5: "}, {"Shift+Backtab", "5: "}, {"Shift+Num+Right", "6: 6"}});
+    // Tiles 0 and 8 have one path, and so have 1 and 6. A row move goes by the path, so it starts from
+    // whichever of the two comes first, and leaves the other as it is.
+    const Indices twins = {0, 1, 2, 3, 4, 5, 1, 7, 0, 9};
+    row("Down from the second of one path", {8}, {{"Down", "4 8: 4"}}, twins);
+    row("Up from the second, onto it", {8}, {{"Up", "8: "}}, twins);
+    row("Up from the second in another column", {6}, {{"Up", "6 9: 9"}}, twins);
+    row("Right goes by the tile", {6}, {{"Right", "7: 7"}}, twins);
 }
 
 void TestKeys::movesAndRuns()
 {
     QFETCH(Indices, before);
     QFETCH(KeySteps, steps);
-    OpenGrid grid(10);
+    QFETCH(Indices, listed);
+    OpenGrid grid(10, listed);
     grid.highlight(before);
     for (const auto &step : qAsConst(steps)) {
         QVERIFY(pressNamed(grid, step.first)); // taken, whether anything came of it or not
@@ -188,32 +195,6 @@ void TestKeys::askingForARunDirectlyKeepsTheOtherDirection()
     QCOMPARE(grid.highlighted(), Indices({0, 1, 2}));
 }
 
-void TestKeys::rowMovesGoByThePath_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<Indices>("before");
-    QTest::addColumn<Indices>("after");
-    // Nine tiles in rows of 4, 4 and 1. Tiles 0 and 8 have one path, and so have 1 and 6. A row move goes by
-    // the path, so it starts from whichever of the two comes first, and leaves the other as it is.
-    QTest::newRow("Down from the second") << "Down" << Indices({8}) << Indices({4, 8});
-    QTest::newRow("Up from the second, onto it") << "Up" << Indices({8}) << Indices({8});
-    QTest::newRow("in another column") << "Up" << Indices({6}) << Indices({5, 6});
-    QTest::newRow("Down from the first") << "Down" << Indices({1}) << Indices({5});
-    QTest::newRow("Right goes by the tile") << "Right" << Indices({6}) << Indices({7});
-}
-
-void TestKeys::rowMovesGoByThePath()
-{
-    QFETCH(QString, key);
-    QFETCH(Indices, before);
-    QFETCH(Indices, after);
-    OpenGrid grid(9, {0, 1, 2, 3, 4, 5, 1, 7, 0});
-    QCOMPARE(grid.tiles.size(), 9);
-    grid.highlight(before);
-    pressNamed(grid, key);
-    QCOMPARE(grid.highlighted(), after);
-}
-
 void TestKeys::aColourThatDiffersInItsAlphaIsNoHighlight()
 {
     OpenGrid grid(10);
@@ -249,20 +230,6 @@ void TestKeys::enterAndEscapeCloseOnce()
     QCOMPARE(grid.browser.host.openedPaths(), paths);
     drainEvents();
     QVERIFY(!grid.popup);
-}
-
-void TestKeys::typedKeysReachThePopup()
-{
-    OpenGrid grid(10);
-    QVERIFY(waitForActive(grid.popup));
-    grid.popup->setFocus(); // as the command that opens it does
-    QWindow *window = grid.popup->windowHandle();
-    QTest::keyClick(window, Qt::Key_Tab);
-    QCOMPARE(grid.highlighted(), Indices({1}));
-    QTest::keyClick(window, Qt::Key_Backtab, Qt::ShiftModifier);
-    QCOMPARE(grid.highlighted(), Indices({1}));
-    QTest::keyClick(window, Qt::Key_Tab, Qt::ControlModifier);
-    QCOMPARE(grid.highlighted(), Indices({2}));
 }
 
 void TestKeys::withoutAHighlightNothingHappens()

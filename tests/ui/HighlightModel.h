@@ -38,9 +38,9 @@ public:
         else if (key == Qt::Key_Left)
             goToPrevious();
         else if (key == Qt::Key_Up && !selects)
-            goUp();
+            moveInColumn(-1);
         else if (key == Qt::Key_Down && !selects)
-            goDown();
+            moveInColumn(1);
     }
 
     void press(int tile, Qt::MouseButton button, Qt::KeyboardModifiers modifiers)
@@ -138,30 +138,17 @@ private:
             replaceByOne(lastRun(), (lastRun().first + m_tiles.size() - 1) % m_tiles.size());
     }
 
-    void goDown()
+    //! Round the ends of the first highlighted tile's column. Other highlighted tiles stay so, and the
+    //! target, when it is one of them, is not shown anew.
+    void moveInColumn(int step)
     {
         if (highlighted().isEmpty())
             return;
         const int from = firstRun().first;
-        const int below = from + m_columns;
-        moveInColumn(from, below < m_tiles.size() ? below : from % m_columns);
-    }
-    void goUp()
-    {
-        if (highlighted().isEmpty())
-            return;
-        const int from = firstRun().first;
-        int to = from - m_columns;
-        if (to < 0) { // from the top row to the column's lowest tile, however many cells are empty below it
-            to = from;
-            while (to + m_columns < m_tiles.size())
-                to += m_columns;
-        }
-        moveInColumn(from, to);
-    }
-    //! Other highlighted tiles stay so, and to, when it is one of them, is not shown anew.
-    void moveInColumn(int from, int to)
-    {
+        QList<int> column;
+        for (int tile = from % m_columns; tile < m_tiles.size(); tile += m_columns)
+            column.append(tile);
+        const int to = column.at((column.indexOf(from) + step + column.size()) % column.size());
         m_tiles[from] = false;
         if (!m_tiles.at(to))
             highlightAndShow(to);

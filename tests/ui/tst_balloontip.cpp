@@ -132,10 +132,8 @@ private slots:
     void nothingElseHidesIt();
     void messageStandsInTheLayoutOnlyWithAPicture();
     void labelsAreOfTheirKind();
-    void tipStandsAtThePosition_data();
     void tipStandsAtThePosition();
     void marginsFlipNearTheBottom();
-    void outlineHasAPointerAlways_data();
     void outlineHasAPointerAlways();
 };
 
@@ -282,20 +280,12 @@ void TestBalloonTip::labelsAreOfTheirKind()
              "background-color: rgb(255, 255, 255) }");
 }
 
-void TestBalloonTip::tipStandsAtThePosition_data()
-{
-    QTest::addColumn<QPoint>("position");
-    QTest::newRow("amid the screen") << QPoint(300, 200);
-    QTest::newRow("at the left of the screen") << QPoint(0, 200);
-    QTest::newRow("at the top of the screen") << QPoint(300, 30);
-    QTest::newRow("at the right: it reaches out") << QPoint(790, 200);
-    QTest::newRow("at the bottom: it reaches out") << QPoint(300, 790);
-}
-
 void TestBalloonTip::tipStandsAtThePosition()
 {
-    QFETCH(QPoint, position);
-    QCOMPARE(shownAt(position)->pos() + QPoint(0, 25), position);
+    // Amid the screen and at its edges: it may reach out at the right and at the bottom.
+    for (const QPoint position :
+         {somewhere, QPoint(0, 200), QPoint(300, 30), QPoint(790, 200), QPoint(300, 790)})
+        QCOMPARE(shownAt(position)->pos() + QPoint(0, 25), position);
 }
 
 void TestBalloonTip::marginsFlipNearTheBottom()
@@ -320,33 +310,26 @@ void TestBalloonTip::marginsFlipNearTheBottom()
     }
 }
 
-void TestBalloonTip::outlineHasAPointerAlways_data()
-{
-    QTest::addColumn<QPoint>("position");
-    QTest::addColumn<bool>("showArrow");
-    QTest::newRow("with an arrow") << somewhere << true;
-    QTest::newRow("without") << somewhere << false;
-    QTest::newRow("where the margins are flipped") << QPoint(300, 790) << true;
-}
-
 void TestBalloonTip::outlineHasAPointerAlways()
 {
-    QFETCH(QPoint, position);
-    QFETCH(bool, showArrow);
-    QBalloonTip *balloon = shownAt(position, greenPicture(), 1000, showArrow);
-    QBitmap mask(balloon->size());
-    mask.fill(Qt::color0);
-    drawOutline(&mask, mask.rect(), Qt::color1, Qt::color1);
-    QCOMPARE(balloon->mask(), QRegion(mask));
+    QBalloonTip *balloon = nullptr;
+    for (const bool showArrow : {false, true}) {
+        const QPoint position(300, showArrow ? 200 : 790); // there the margins are flipped
+        balloon = shownAt(position, greenPicture(), 1000, showArrow);
+        QBitmap mask(balloon->size());
+        mask.fill(Qt::color0);
+        drawOutline(&mask, mask.rect(), Qt::color1, Qt::color1);
+        QCOMPARE(balloon->mask(), QRegion(mask));
 
-    QImage image(balloon->size(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QImage expected = image;
-    balloon->render(&image, balloon->mask().boundingRect().topLeft(), balloon->mask(),
-                    {}); // without what stands in it
-    // The border is the ground, darker by 1.6.
-    drawOutline(&expected, balloon->mask(), QColor(155, 155, 155), QColor(248, 248, 248));
-    QCOMPARE(image, expected);
+        QImage image(balloon->size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        QImage expected = image;
+        balloon->render(&image, balloon->mask().boundingRect().topLeft(), balloon->mask(),
+                        {}); // without what stands in it
+        // The border is the ground, darker by 1.6.
+        drawOutline(&expected, balloon->mask(), QColor(155, 155, 155), QColor(248, 248, 248));
+        QCOMPARE(image, expected);
+    }
 
     // It is drawn for this size; in another one it is stretched.
     balloon->layout()->setSizeConstraint(QLayout::SetNoConstraint);

@@ -79,7 +79,6 @@ private slots:
     void typedPressReachesThePopupThroughTheTile();
     void dragStartsAtTheDistance_data();
     void dragStartsAtTheDistance();
-    void distanceCountsFromTheLastLeftPress();
     void dragCarriesThePictureAndTheGrabOffset();
     void dragCarriesExactlyOneUrl();
     void aTileWithoutPathCarriesTheBareScheme();
@@ -207,20 +206,6 @@ void TestDragStart::dragStartsAtTheDistance()
     // The base class, which leaves the event, comes last.
     QCOMPARE(mouse.move(mouse.popup->pressPoint + moved, buttons), !starts);
     QCOMPARE(started.drags().size(), starts ? 1 : 0);
-}
-
-void TestDragStart::distanceCountsFromTheLastLeftPress()
-{
-    MousedPopup mouse(4);
-    const StartedDrags started(mouse.tiles);
-    const QPoint first = mouse.middleOf(mouse.tiles.at(0));
-    const QPoint last = mouse.middleOf(mouse.tiles.at(3));
-    mouse.press(first);
-    mouse.press(last, Qt::RightButton); // takes hold, but leaves the place
-    mouse.move(first + QPoint(2, 2));
-    QVERIFY(started.drags().isEmpty());
-    mouse.move(last);
-    QCOMPARE(started.latestParent(), mouse.tiles.at(3));
 }
 
 void TestDragStart::dragCarriesThePictureAndTheGrabOffset()

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/HighlightEffect.h"
 
-#include "tests/support/Browser.h"
-#include "tests/support/TestCase.h"
-#include "ui/RecentDocDialog.h"
-#include "ui/RecentDocMainWindow.h"
+#include "tests/support/OpenGrid.h"
 
 #include <QGraphicsRectItem>
 #include <QGraphicsScene>
@@ -100,31 +97,14 @@ QString faultOfSides(const QImage &picture, const QImage &plain, const QRect &ti
     return fault;
 }
 
-//! An open popup of two rows of tiles, one of which is highlighted.
-struct PopupWithPlate
+QImage photoWithoutEffect(const OpenGrid &grid, int index, int ratio)
 {
-    explicit PopupWithPlate(int highlighted) : browser(8)
-    {
-        browser.createDocument();
-        popup = browser.openPopup();
-        tile = browser.tiles().at(highlighted);
-        browser.tiles().at(0)->setHighlightEffect(nullptr);
-        tile->highlight();
-        isExposed = waitForExposed(popup);
-    }
-    QImage withoutEffect(int ratio) const
-    {
-        tile->graphicsEffect()->setEnabled(false);
-        const QImage picture = photo(popup, ratio);
-        tile->graphicsEffect()->setEnabled(true);
-        return picture;
-    }
-
-    Browser browser;
-    RecentDocMainWindow *popup;
-    RecentDocDialog *tile;
-    bool isExposed;
-};
+    QGraphicsEffect *effect = grid.tiles.at(index)->graphicsEffect();
+    effect->setEnabled(false);
+    const QImage picture = photo(grid.popup, ratio);
+    effect->setEnabled(true);
+    return picture;
+}
 
 } // namespace
 
@@ -222,28 +202,27 @@ void TestHighlightEffect::plateSurroundsTheTile_data()
 {
     QTest::addColumn<int>("index");
     QTest::addColumn<int>("ratio");
-    QTest::addColumn<QList<int>>("others");
+    QTest::addColumn<Indices>("others");
     for (const int index : {0, 3, 4, 6}) { // the ends of the first row, and two of the second
-        QTest::addRow("tile %d, at ratio 1", index) << index << 1 << QList<int>();
-        QTest::addRow("tile %d, at ratio 2", index) << index << 2 << QList<int>();
-        QTest::addRow("tile %d, on screen", index) << index << 0 << QList<int>();
+        QTest::addRow("tile %d, at ratio 1", index) << index << 1 << Indices();
+        QTest::addRow("tile %d, at ratio 2", index) << index << 2 << Indices();
+        QTest::addRow("tile %d, on screen", index) << index << 0 << Indices();
     }
-    QTest::addRow("beside other plates") << 1 << 1 << QList<int>({0, 5});
+    QTest::addRow("beside other plates") << 1 << 1 << Indices({0, 5});
 }
 
 void TestHighlightEffect::plateSurroundsTheTile()
 {
     QFETCH(int, index);
     QFETCH(int, ratio);
-    QFETCH(QList<int>, others);
-    const PopupWithPlate open(index);
-    QVERIFY(open.isExposed);
-    for (const int other : qAsConst(others))
-        open.browser.tiles().at(other)->highlight();
-    const QRect tile = open.tile->geometry();
-    QCOMPARE(open.tile->graphicsEffect()->boundingRect(), QRectF(-2.5, -2.5, 161 + 5, 131 + 5));
-    const QImage plain = open.withoutEffect(ratio);
-    const QImage picture = photo(open.popup, ratio);
+    QFETCH(Indices, others);
+    OpenGrid grid(8); // two rows
+    QVERIFY(waitForExposed(grid.popup));
+    grid.highlight(Indices({index}) + others);
+    const QRect tile = grid.tiles.at(index)->geometry();
+    QCOMPARE(grid.tiles.at(index)->graphicsEffect()->boundingRect(), QRectF(-2.5, -2.5, 161 + 5, 131 + 5));
+    const QImage plain = photoWithoutEffect(grid, index, ratio);
+    const QImage picture = photo(grid.popup, ratio);
     const auto asPlain = [&plain](const QPoint &pixel) { return plain.pixelColor(pixel); };
     QCOMPARE(firstStrangePixel(picture, tile, asPlain), QString());
     QCOMPARE(faultOfSides(picture, plain, tile, 1, colorOfPlate), QString());
@@ -251,7 +230,7 @@ void TestHighlightEffect::plateSurroundsTheTile()
 
     constexpr int reach = 4; // the plate's two and a half and their neighbour
     const QRect around = tile.adjusted(-reach, -reach, reach, reach);
-    const QString outside = firstStrangePixel(picture, open.popup->rect(), [&](const QPoint &pixel) {
+    const QString outside = firstStrangePixel(picture, grid.popup->rect(), [&](const QPoint &pixel) {
         return (around.contains(pixel / picture.devicePixelRatio()) ? picture : plain).pixelColor(pixel);
     });
     QCOMPARE(outside, QString());
@@ -273,14 +252,16 @@ void TestHighlightEffect::writtenPropertiesShowAtTheNextRepaint()
     QFETCH(QVariant, value);
     QFETCH(int, distance);
     QFETCH(QColor, color);
-    const PopupWithPlate open(1);
-    QVERIFY(open.isExposed);
-    const QImage plain = open.withoutEffect(0);
-    const QImage before = photo(open.popup, 0);
-    QVERIFY(open.tile->graphicsEffect()->setProperty(name, value));
-    QCOMPARE(photo(open.popup, 0), before);
-    open.popup->update();
-    QCOMPARE(faultOfSides(photo(open.popup, 0), plain, open.tile->geometry(), distance, color), QString());
+    OpenGrid grid(8);
+    QVERIFY(waitForExposed(grid.popup));
+    grid.highlight({1});
+    const QImage plain = photoWithoutEffect(grid, 1, 0);
+    const QImage before = photo(grid.popup, 0);
+    QVERIFY(grid.tiles.at(1)->graphicsEffect()->setProperty(name, value));
+    QCOMPARE(photo(grid.popup, 0), before);
+    grid.popup->update();
+    QCOMPARE(faultOfSides(photo(grid.popup, 0), plain, grid.tiles.at(1)->geometry(), distance, color),
+             QString());
 }
 
 void TestHighlightEffect::smallOffsetsMakeTheTileVanish_data()
@@ -298,13 +279,14 @@ void TestHighlightEffect::smallOffsetsMakeTheTileVanish()
 {
     QFETCH(QPointF, offset);
     QFETCH(bool, vanishes);
-    const PopupWithPlate open(1);
-    const QImage plain = open.withoutEffect(1);
-    open.tile->graphicsEffect()->setProperty("offset", offset);
-    const QRect tile = open.tile->geometry();
+    OpenGrid grid(8);
+    grid.highlight({1});
+    const QImage plain = photoWithoutEffect(grid, 1, 1);
+    grid.tiles.at(1)->graphicsEffect()->setProperty("offset", offset);
+    const QRect tile = grid.tiles.at(1)->geometry();
     const QColor ground = plain.pixelColor(tile.topLeft() - QPoint(10, 0)); // between two tiles
     QCOMPARE(
-        firstStrangePixel(photo(open.popup, 1), tile,
+        firstStrangePixel(photo(grid.popup, 1), tile,
                           [&](const QPoint &pixel) { return vanishes ? ground : plain.pixelColor(pixel); }),
         QString());
 }

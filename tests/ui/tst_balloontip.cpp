@@ -56,24 +56,21 @@ QBalloonTip *shownAt(const QPoint &position, const QImage &icon = greenPicture()
     return balloons().constFirst();
 }
 
-//! Where the labels stand in the balloon's layout: row, column, extent and alignment; empty for one that does
-//! not.
-QStringList placesOfLabels(const QWidget *balloon)
+//! What stands in the balloon's layout, each with its row, column, extent and alignment.
+QStringList contentOf(const QWidget *balloon)
 {
-    QStringList places;
+    QStringList content;
     const auto *layout = qobject_cast<QGridLayout *>(balloon->layout());
-    const QList<QLabel *> labels = balloon->findChildren<QLabel *>();
-    for (QLabel *label : labels) {
-        const int index = layout->indexOf(label);
-        int place[4] = {};
-        if (index >= 0)
-            layout->getItemPosition(index, &place[0], &place[1], &place[2], &place[3]);
-        places.append(index < 0
-                          ? QString()
-                          : QString::asprintf("%d %d %dx%d %x", place[0], place[1], place[2], place[3],
-                                              static_cast<unsigned>(layout->itemAt(index)->alignment())));
+    for (int i = 0; i < layout->count(); ++i) {
+        int place[4];
+        layout->getItemPosition(i, &place[0], &place[1], &place[2], &place[3]);
+        QLayoutItem *item = layout->itemAt(i);
+        const auto *label = qobject_cast<QLabel *>(item->widget());
+        content.append((label ? label->text() : QStringLiteral("spacer")) +
+                       QString::asprintf(" %d %d %dx%d %x", place[0], place[1], place[2], place[3],
+                                         static_cast<unsigned>(item->alignment())));
     }
-    return places;
+    return content;
 }
 
 //! The lowest tip at which the balloon's content still stands low: it and 18 pixels end on the screen. Before
@@ -238,15 +235,17 @@ void TestBalloonTip::nothingElseHidesIt()
 
 void TestBalloonTip::messageStandsInTheLayoutOnlyWithAPicture()
 {
-    // Title, message, picture, and an empty one in the pointer's room.
+    // The labels without text: the picture, and an empty one in the pointer's room, as the spacer.
     const QBalloonTip *balloon = shownAt(somewhere);
-    QCOMPARE(placesOfLabels(balloon), QStringList({"0 1 1x1 1", "2 1 1x1 1", "1 1 1x1 1", "0 0 1x1 0"}));
-    const QLayoutItem *spacer = qobject_cast<QGridLayout *>(balloon->layout())->itemAt(3);
+    QCOMPARE(contentOf(balloon), QStringList({balloonTitle + " 0 1 1x1 1", " 1 1 1x1 1", " 0 0 1x1 0",
+                                              "spacer 0 0 1x1 0", balloonMessage + " 2 1 1x1 1"}));
+    const QLayoutItem *spacer = balloon->layout()->itemAt(3);
     QCOMPARE(spacer->sizeHint(), QSize(40, 20));
     QCOMPARE(spacer->expandingDirections(), Qt::Horizontal);
 
     balloon = shownAt(somewhere, QImage());
-    QCOMPARE(placesOfLabels(balloon), QStringList({"0 1 1x2 1", "", "0 0 1x1 0"}));
+    QCOMPARE(contentOf(balloon),
+             QStringList({balloonTitle + " 0 1 1x2 1", " 0 0 1x1 0", "spacer 0 0 1x1 0"}));
     QCOMPARE(balloon->findChildren<QLabel *>().at(1)->pos(), QPoint(0, 0));
 }
 

@@ -239,11 +239,11 @@ void TestDragStart::dragCarriesThePictureAndTheGrabOffset()
 void TestDragStart::dragCarriesExactlyOneUrl()
 {
     const QString longName = QStringLiteral("%1/").arg(QString(200, 'n')).repeated(19) + "gear.dwg";
+    const QString rightToLeft = QStringLiteral("\u05d0\u202e.dwg");
     const QString noUtf8 = QStringLiteral("gear ") + QChar(0xdcff) + QChar(0xdc80);
     MousedPopup mouse(QStringList{"the new gear.dwg", "Ölpumpe.dwg", "100% done.dwg", "a%20b.dwg",
                                   "gear #3.dwg", "gear?.dwg", "gear\n3.dwg", "%n %s %1.dwg",
-                                  "\"gear\" 'b'.dwg", "-gear.dwg", "...", "\u05d0\u202e.dwg", longName,
-                                  noUtf8});
+                                  "\"gear\" 'b'.dwg", "-gear.dwg", "...", rightToLeft, longName, noUtf8});
     const StartedDrags started(mouse.tiles);
     for (const RecentDocDialog *tile : qAsConst(mouse.tiles)) {
         mouse.press(mouse.middleOf(tile));
@@ -299,7 +299,7 @@ void TestDragStart::dragThatEndsOutsideOpensWhatIsHighlighted()
     dragOutside(mouse, 2);
     QCOMPARE(mouse.browser.host.openedPaths(),
              QStringList({mouse.browser.path(0), mouse.browser.path(2), mouse.browser.path(4)}));
-    QCOMPARE(QList<QVariantList>(finished), QList<QVariantList>({{int(QDialog::Rejected)}}));
+    QCOMPARE(finished.mid(0), QList<QVariantList>({{int(QDialog::Rejected)}}));
     drainEvents();
     QVERIFY(!mouse.popup);
 }

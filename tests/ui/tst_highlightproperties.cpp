@@ -56,7 +56,7 @@ struct HighlightCase
 
     int documents = 0;
     std::vector<int> withoutTile; //!< documents that the thumbnail cache lacks, modulo documents
-    Frame frame;
+    Frame frame{};
     std::vector<std::vector<HighlightStep>> sequences;
     HighlightStep last;
 

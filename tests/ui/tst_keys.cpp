@@ -311,7 +311,7 @@ void TestKeys::escapeEndsTwiceWhileATileIsHeld()
     const QSignalSpy finished(grid.popup, &QDialog::finished);
     grid.press(Qt::Key_Escape);
     // Once from the popup, once from the base dialog, which is asked to reject.
-    QCOMPARE(QList<QVariantList>(finished), QList<QVariantList>({{0}, {0}}));
+    QCOMPARE(finished.mid(0), QList<QVariantList>({{0}, {0}}));
     drainEvents();
     QVERIFY(!grid.popup);
 }

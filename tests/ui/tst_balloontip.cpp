@@ -5,18 +5,26 @@
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QBitmap>
 #include <QGridLayout>
 #include <QLabel>
-#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
 #include <QPointer>
-#include <QTranslator>
+#include <QScreen>
+
+#include <functional>
+
+#include <qpa/qplatformscreen.h>
+#include <qpa/qwindowsysteminterface.h>
 
 namespace {
 
-const QString title = QStringLiteral("Gear");
-const QString message = QStringLiteral("Pin this document to the Recent Documents list");
+const QString balloonTitle = QStringLiteral("<b>Gear</b>"); // no markup
+const QString balloonMessage = QStringLiteral("<i>Show in Folder</i>");
+const QPoint somewhere(300, 200);
 
-QImage picture()
+QImage greenPicture()
 {
     QImage image(64, 48, QImage::Format_RGB32);
     image.fill(Qt::darkGreen);
@@ -35,59 +43,75 @@ QList<QBalloonTip *> balloons()
     return found;
 }
 
-//! Leaves no balloon behind.
-void clear()
+//! Shows a balloon in place of all before and returns it.
+QBalloonTip *shownAt(const QPoint &position, const QImage &icon = greenPicture(), int timeout = 1000,
+                     bool showArrow = true)
 {
     QBalloonTip::hideBalloon();
     drainEvents();
+    QBalloonTip::showBalloon(icon, balloonTitle, balloonMessage, position, timeout, showArrow);
+    drainEvents();
+    if (balloons().size() != 1)
+        qFatal("there are %d balloons", balloons().size());
+    return balloons().constFirst();
 }
 
-//! Shows a balloon in place of all before and returns it; null when there is not exactly one.
-QBalloonTip *show(const QImage &icon = picture())
-{
-    clear();
-    QBalloonTip::showBalloon(icon, title, message, QPoint(100, 100), 1000, true);
-    return balloons().size() == 1 ? balloons().at(0) : nullptr;
-}
-
-QLabel *labelWithText(const QWidget *balloon, const QString &text)
-{
-    const QList<QLabel *> labels = balloon->findChildren<QLabel *>();
-    for (QLabel *label : labels) {
-        if (label->text() == text)
-            return label;
-    }
-    return nullptr;
-}
-
-//! What stands in a cell of the balloon's layout: "label", "spacer", each with its extent and alignment.
-QStringList contentOf(const QWidget *balloon, int atRow, int atColumn)
+//! What stands in the balloon's layout, each with its row, column, extent and alignment.
+QStringList contentOf(const QWidget *balloon)
 {
     QStringList content;
-    auto *layout = qobject_cast<QGridLayout *>(balloon->layout());
-    for (int i = 0; layout && i < layout->count(); ++i) {
-        int row = 0;
-        int column = 0;
-        int rows = 0;
-        int columns = 0;
-        layout->getItemPosition(i, &row, &column, &rows, &columns);
-        if (row == atRow && column == atColumn) {
-            QLayoutItem *item = layout->itemAt(i);
-            content.append(QStringLiteral("%1 %2x%3 0x%4")
-                               .arg(item->spacerItem() ? QLatin1String("spacer") : QLatin1String("label"))
-                               .arg(rows)
-                               .arg(columns)
-                               .arg(static_cast<int>(item->alignment()), 0, 16));
-        }
+    const auto *layout = qobject_cast<QGridLayout *>(balloon->layout());
+    for (int i = 0; i < layout->count(); ++i) {
+        int place[4];
+        layout->getItemPosition(i, &place[0], &place[1], &place[2], &place[3]);
+        QLayoutItem *item = layout->itemAt(i);
+        const auto *label = qobject_cast<QLabel *>(item->widget());
+        content.append((label ? label->text() : QStringLiteral("spacer")) +
+                       QString::asprintf(" %d %d %dx%d %x", place[0], place[1], place[2], place[3],
+                                         static_cast<unsigned>(item->alignment())));
     }
     return content;
 }
 
-QWidget *widgetAt(const QWidget *balloon, int row, int column)
+//! The lowest tip at which the balloon's content still stands low: it and 18 pixels end on the screen. Before
+//! its margins are set the balloon is 24 pixels less high.
+int lowestUnflipped(const QWidget *balloon)
 {
-    const auto *layout = qobject_cast<QGridLayout *>(balloon->layout());
-    QLayoutItem *item = layout ? layout->itemAtPosition(row, column) : nullptr;
-    return item ? item->widget() : nullptr;
+    constexpr int margins = 21 + 3;
+    return QGuiApplication::primaryScreen()->geometry().height() - 1 - 18 -
+           (balloon->sizeHint().height() - margins);
+}
+
+//! A primary screen that does not begin at the corner.
+class ScreenElsewhere : public QPlatformScreen
+{
+public:
+    QRect geometry() const override { return {1000, 500, 800, 800}; }
+    int depth() const override { return 32; }
+    QImage::Format format() const override { return QImage::Format_RGB32; }
+};
+
+//! The body, with round corners, and the pointer at its left.
+void drawOutline(QPaintDevice *device, const QRegion &clip, const QColor &line, const QColor &fill)
+{
+    const int width = device->width();
+    const int height = device->height();
+    QPainterPath path(QPointF(45, 18));
+    path.lineTo(width - 8, 18);
+    path.arcTo(width - 15, 18, 14, 14, 90, -90);
+    path.lineTo(width - 1, height - 8);
+    path.arcTo(width - 15, height - 15, 14, 14, 0, -90);
+    path.lineTo(45, height - 1);
+    path.arcTo(38, height - 15, 14, 14, -90, -90);
+    path.lineTo(38, 45);
+    path.lineTo(0, 25);
+    path.lineTo(38, 25);
+    path.arcTo(38, 18, 14, 14, 180, -90);
+    QPainter painter(device);
+    painter.setClipRegion(clip);
+    painter.setPen(QPen(line, 1, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+    painter.setBrush(fill);
+    painter.drawPath(path);
 }
 
 } // namespace
@@ -98,53 +122,39 @@ class TestBalloonTip : public TestCase
 
 private slots:
     void cleanupTestCase();
-    void noBalloonAtFirst();
-    void isATooltipWindowOfItsOwn();
-    void offersNothingThroughItsMetaObject();
-    void showsWithTitleOrMessage_data();
-    void showsWithTitleOrMessage();
-    void withoutTextItOnlyHidesTheFormer();
-    void hidingDeletesIt();
-    void hidingNothingIsHarmless();
-    void thereIsOneAtATime();
-    void closingItOtherwiseIsNoticed();
-    void hidingItsWindowIsNoticed();
-    void noTimeoutHidesIt_data();
-    void noTimeoutHidesIt();
-    void clicksEndInIt();
-    void titleIsBold();
-    void messageHasAFixedWidth();
-    void textsAreNoMarkup();
-    void pictureHasAFixedSize();
-    void cellsWithAPicture();
-    void cellsWithoutAPicture();
-    void layoutHasItsMeasures();
-    void paletteIsPale();
+    void isAPaleTooltipWindowOfItsOwn();
+    void takesThePlaceOfTheFormer_data();
+    void takesThePlaceOfTheFormer();
+    void mayGoInAnyWay();
+    void nothingElseHidesIt();
+    void messageStandsInTheLayoutOnlyWithAPicture();
+    void labelsAreOfTheirKind();
+    void tipStandsAtThePosition();
+    void marginsFlipNearTheBottom();
+    void outlineHasAPointerAlways();
 };
 
 void TestBalloonTip::cleanupTestCase()
 {
-    clear();
+    QBalloonTip::hideBalloon();
+    drainEvents();
 }
 
-void TestBalloonTip::noBalloonAtFirst()
+void TestBalloonTip::isAPaleTooltipWindowOfItsOwn()
 {
     QVERIFY(!QBalloonTip::isBalloonVisible());
-}
-
-void TestBalloonTip::isATooltipWindowOfItsOwn()
-{
-    const QBalloonTip *balloon = show();
-    QVERIFY(balloon);
+    const QBalloonTip *balloon = shownAt(somewhere);
     QVERIFY(QBalloonTip::isBalloonVisible());
     QVERIFY(balloon->isVisible());
     QVERIFY(!balloon->parentWidget());
     QCOMPARE(balloon->windowFlags() & Qt::WindowType_Mask, Qt::WindowFlags(Qt::ToolTip));
-    QVERIFY(balloon->testAttribute(Qt::WA_DeleteOnClose));
-}
-
-void TestBalloonTip::offersNothingThroughItsMetaObject()
-{
+    QCOMPARE(balloon->size(), balloon->sizeHint());
+    QCOMPARE(balloon->layout()->sizeConstraint(), QLayout::SetFixedSize);
+    QCOMPARE(balloon->layout()->contentsMargins(), QMargins(3, 3, 3, 3));
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        QCOMPARE(balloon->palette().brush(group, QPalette::Window), QBrush(QColor(248, 248, 248, 255)));
+        QCOMPARE(balloon->palette().brush(group, QPalette::WindowText), QBrush(QColor(0, 0, 0, 255)));
+    }
     const QMetaObject &meta = QBalloonTip::staticMetaObject;
     QCOMPARE(meta.className(), "QBalloonTip");
     QCOMPARE(meta.superClass(), &QWidget::staticMetaObject);
@@ -152,126 +162,66 @@ void TestBalloonTip::offersNothingThroughItsMetaObject()
     QCOMPARE(meta.propertyCount(), meta.propertyOffset());
 }
 
-void TestBalloonTip::showsWithTitleOrMessage_data()
+void TestBalloonTip::takesThePlaceOfTheFormer_data()
 {
-    QTest::addColumn<QString>("titleText");
-    QTest::addColumn<QString>("messageText");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("message");
     QTest::addColumn<bool>("shows");
-    QTest::newRow("both") << title << message << true;
-    QTest::newRow("title alone") << title << QString() << true;
-    QTest::newRow("message alone") << QString() << message << true;
-    QTest::newRow("a blank") << QString() << QStringLiteral(" ") << true;
-    QTest::newRow("neither") << QString() << QString() << false;
-    QTest::newRow("empty texts") << QString(QLatin1String("")) << QString(QLatin1String("")) << false;
+    QTest::newRow("title and message") << balloonTitle << balloonMessage << true;
+    QTest::newRow("title alone") << balloonTitle << QString() << true;
+    QTest::newRow("message alone") << QString() << balloonMessage << true;
+    QTest::newRow("a blank") << QString() << " " << true;
+    QTest::newRow("neither: it only hides the former") << QString() << QString("") << false;
 }
 
-void TestBalloonTip::showsWithTitleOrMessage()
+void TestBalloonTip::takesThePlaceOfTheFormer()
 {
-    QFETCH(QString, titleText);
-    QFETCH(QString, messageText);
+    QFETCH(QString, title);
+    QFETCH(QString, message);
     QFETCH(bool, shows);
-    clear();
-    QBalloonTip::showBalloon(picture(), titleText, messageText, QPoint(100, 100), 1000, true);
+    const QPointer<QBalloonTip> former = shownAt(somewhere);
+    QBalloonTip::showBalloon(greenPicture(), title, message, somewhere, 1000, true);
+    QVERIFY(!former->isVisible());
+    QCOMPARE(QBalloonTip::isBalloonVisible(), shows);
+    drainEvents(); // the former is deleted now, when the next one is up
+    QVERIFY(!former);
     QCOMPARE(QBalloonTip::isBalloonVisible(), shows);
     QCOMPARE(balloons().size(), shows ? 1 : 0);
 }
 
-void TestBalloonTip::withoutTextItOnlyHidesTheFormer()
+void TestBalloonTip::mayGoInAnyWay()
 {
-    const QPointer<QBalloonTip> former = show();
-    QBalloonTip::showBalloon(picture(), QString(), QString(), QPoint(100, 100), 1000, true);
-    QVERIFY(!QBalloonTip::isBalloonVisible());
-    drainEvents();
-    QVERIFY(!former);
-    QVERIFY(balloons().isEmpty());
-}
-
-void TestBalloonTip::hidingDeletesIt()
-{
-    const QPointer<QBalloonTip> balloon = show();
-    QBalloonTip::hideBalloon();
-    QVERIFY(!QBalloonTip::isBalloonVisible());
-    QVERIFY(!balloon->isVisible());
-    drainEvents();
-    QVERIFY(!balloon);
-    QVERIFY(!QBalloonTip::isBalloonVisible());
-}
-
-void TestBalloonTip::hidingNothingIsHarmless()
-{
-    clear();
-    QBalloonTip::hideBalloon();
-    QVERIFY(!QBalloonTip::isBalloonVisible());
-    show();
-    QBalloonTip::hideBalloon();
-    QBalloonTip::hideBalloon();
-    QVERIFY(!QBalloonTip::isBalloonVisible());
-}
-
-void TestBalloonTip::thereIsOneAtATime()
-{
-    const QPointer<QBalloonTip> former = show();
-    QBalloonTip::showBalloon(picture(), title, message, QPoint(300, 200), 1000, true);
-    QVERIFY(!former->isVisible());
-    QVERIFY(QBalloonTip::isBalloonVisible());
-    drainEvents(); // the former is deleted now, when the next one is up
-    QVERIFY(!former);
-    QVERIFY(QBalloonTip::isBalloonVisible());
-    QCOMPARE(balloons().size(), 1);
-    QBalloonTip::hideBalloon();
-    drainEvents();
-    QVERIFY(balloons().isEmpty());
-}
-
-void TestBalloonTip::closingItOtherwiseIsNoticed()
-{
-    const QPointer<QBalloonTip> balloon = show();
-    balloon->close();
-    QVERIFY(!QBalloonTip::isBalloonVisible());
-    drainEvents();
-    QVERIFY(!balloon);
-    QVERIFY(!QBalloonTip::isBalloonVisible());
-    QBalloonTip::hideBalloon(); // nothing is left to hide
-
-    delete show();
-    QVERIFY(!QBalloonTip::isBalloonVisible());
-    QBalloonTip::hideBalloon();
-    QVERIFY(show());
-}
-
-void TestBalloonTip::hidingItsWindowIsNoticed()
-{
-    QBalloonTip *balloon = show();
+    const QList<std::function<void(QBalloonTip *)>> ways = {
+        [](QBalloonTip * /*balloon*/) { QBalloonTip::hideBalloon(); },
+        [](QBalloonTip *balloon) { balloon->close(); },
+        [](QBalloonTip *balloon) { delete balloon; },
+    };
+    for (const auto &letGo : ways) {
+        const QPointer<QBalloonTip> balloon = shownAt(somewhere);
+        letGo(balloon);
+        QVERIFY(!QBalloonTip::isBalloonVisible());
+        drainEvents();
+        QVERIFY(!balloon);
+        QVERIFY(!QBalloonTip::isBalloonVisible());
+        QBalloonTip::hideBalloon(); // nothing is left to hide
+    }
+    QBalloonTip *balloon = shownAt(somewhere);
     balloon->hide();
     QVERIFY(!QBalloonTip::isBalloonVisible());
     balloon->show();
     QVERIFY(QBalloonTip::isBalloonVisible());
 }
 
-void TestBalloonTip::noTimeoutHidesIt_data()
+void TestBalloonTip::nothingElseHidesIt()
 {
-    QTest::addColumn<int>("timeout");
-    QTest::newRow("at once") << 0;
-    QTest::newRow("soon") << 1;
-    QTest::newRow("negative") << -1;
-}
-
-void TestBalloonTip::noTimeoutHidesIt()
-{
-    QFETCH(int, timeout);
-    clear();
-    QBalloonTip::showBalloon(picture(), title, message, QPoint(100, 100), timeout, true);
-    QVERIFY(QAbstractEventDispatcher::instance()->registeredTimers(balloons().at(0)).isEmpty());
-    QVERIFY(balloons().at(0)->findChildren<QTimer *>().isEmpty());
-    QTimerEvent event(1);
-    QCoreApplication::sendEvent(balloons().at(0), &event); // not even a timer of somebody's
-    drainEvents();
-    QVERIFY(QBalloonTip::isBalloonVisible());
-}
-
-void TestBalloonTip::clicksEndInIt()
-{
-    QBalloonTip *balloon = show();
+    for (const int timeout : {0, 1, -1}) {
+        const QBalloonTip *balloon = shownAt(somewhere, greenPicture(), timeout);
+        QVERIFY(QAbstractEventDispatcher::instance()->registeredTimers(balloons().constFirst()).isEmpty());
+        QVERIFY(balloon->findChildren<QTimer *>().isEmpty());
+    }
+    QBalloonTip *balloon = balloons().constFirst();
+    QTimerEvent timer(1); // not even a timer of somebody's
+    QCoreApplication::sendEvent(balloon, &timer);
     for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
         QMouseEvent press(QEvent::MouseButtonPress, QPointF(60, 40), button, button, Qt::NoModifier);
         QCoreApplication::sendEvent(balloon, &press);
@@ -283,111 +233,112 @@ void TestBalloonTip::clicksEndInIt()
     QCOMPARE(balloons(), QList<QBalloonTip *>({balloon}));
 }
 
-void TestBalloonTip::titleIsBold()
+void TestBalloonTip::messageStandsInTheLayoutOnlyWithAPicture()
 {
-    const QBalloonTip *balloon = show();
-    const QLabel *label = labelWithText(balloon, title);
-    QVERIFY(label);
-    QCOMPARE(label->parentWidget(), balloon);
-    QVERIFY(label->wordWrap());
+    // The labels without text: the picture, and an empty one in the pointer's room, as the spacer.
+    const QBalloonTip *balloon = shownAt(somewhere);
+    QCOMPARE(contentOf(balloon), QStringList({balloonTitle + " 0 1 1x1 1", " 1 1 1x1 1", " 0 0 1x1 0",
+                                              "spacer 0 0 1x1 0", balloonMessage + " 2 1 1x1 1"}));
+    const QLayoutItem *spacer = balloon->layout()->itemAt(3);
+    QCOMPARE(spacer->sizeHint(), QSize(40, 20));
+    QCOMPARE(spacer->expandingDirections(), Qt::Horizontal);
+
+    balloon = shownAt(somewhere, QImage());
+    QCOMPARE(contentOf(balloon),
+             QStringList({balloonTitle + " 0 1 1x2 1", " 0 0 1x1 0", "spacer 0 0 1x1 0"}));
+    QCOMPARE(balloon->findChildren<QLabel *>().at(1)->pos(), QPoint(0, 0));
+}
+
+void TestBalloonTip::labelsAreOfTheirKind()
+{
+    const QList<QLabel *> labels = shownAt(somewhere)->findChildren<QLabel *>();
+    const QLabel *title = labels.at(0);
+    QCOMPARE(title->text(), balloonTitle);
+    QCOMPARE(title->textFormat(), Qt::PlainText);
+    QVERIFY(title->wordWrap());
     QFont bold = QLabel().font();
     bold.setWeight(75);
-    QCOMPARE(label->font(), bold);
+    QCOMPARE(title->font(), bold);
+
+    const QLabel *message = labels.at(1);
+    QCOMPARE(message->text(), balloonMessage);
+    QCOMPARE(message->textFormat(), Qt::PlainText);
+    QVERIFY(message->wordWrap());
+    QCOMPARE(message->minimumWidth(), 166);
+    QCOMPARE(message->maximumWidth(), 166);
+    QCOMPARE(message->alignment(), Qt::AlignLeft | Qt::AlignTop);
+    QCOMPARE(message->indent(), 1);
+
+    const QLabel *picture = labels.at(2);
+    QCOMPARE(picture->minimumSize(), QSize(161, 91));
+    QCOMPARE(picture->maximumSize(), QSize(161, 91));
+    QVERIFY(picture->hasScaledContents());
+    QCOMPARE(picture->pixmap(Qt::ReturnByValue).toImage(), QPixmap::fromImage(greenPicture()).toImage());
+    QCOMPARE(picture->styleSheet().simplified(),
+             "QLabel { border-width: 0.1px; border: 1px solid; border-color: #C0C0C0; "
+             "background-color: rgb(255, 255, 255) }");
 }
 
-void TestBalloonTip::messageHasAFixedWidth()
+void TestBalloonTip::tipStandsAtThePosition()
 {
-    const QBalloonTip *balloon = show();
-    const QLabel *label = labelWithText(balloon, message);
-    QVERIFY(label);
-    QCOMPARE(label->parentWidget(), balloon);
-    QCOMPARE(label->minimumWidth(), 166);
-    QCOMPARE(label->maximumWidth(), 166);
-    QCOMPARE(label->alignment(), Qt::AlignLeft | Qt::AlignTop);
-    QVERIFY(label->wordWrap());
-    QCOMPARE(label->indent(), 1);
+    // Amid the screen and at its edges: it may reach out at the right and at the bottom.
+    for (const QPoint position :
+         {somewhere, QPoint(0, 200), QPoint(300, 30), QPoint(790, 200), QPoint(300, 790)})
+        QCOMPARE(shownAt(position)->pos() + QPoint(0, 25), position);
 }
 
-void TestBalloonTip::textsAreNoMarkup()
+void TestBalloonTip::marginsFlipNearTheBottom()
 {
-    const QString markup = QStringLiteral("<b>x</b>");
-    clear();
-    QBalloonTip::showBalloon(picture(), markup, markup + markup, QPoint(100, 100), 1000, true);
-    for (const QString &text : {markup, markup + markup}) {
-        const QLabel *label = labelWithText(balloons().at(0), text);
-        QVERIFY(label);
-        QCOMPARE(label->textFormat(), Qt::PlainText);
+    for (const bool elsewhere : {false, true}) {
+        auto *screen = elsewhere ? new ScreenElsewhere : nullptr;
+        if (screen)
+            QWindowSystemInterface::handleScreenAdded(screen, true);
+        const QPoint corner = QGuiApplication::primaryScreen()->geometry().topLeft();
+        const int x = corner.x() + 100;
+        const int lowest = lowestUnflipped(shownAt(corner + QPoint(100, 100)));
+        const QMargins margins = shownAt(QPoint(x, lowest))->contentsMargins();
+        const QMargins flipped = shownAt(QPoint(x, lowest + 1))->contentsMargins();
+        const QPoint movedIn = shownAt(QPoint(-1, 200))->pos(); // on no screen
+        QBalloonTip::hideBalloon();
+        drainEvents();
+        if (screen)
+            QWindowSystemInterface::handleScreenRemoved(screen);
+        QCOMPARE(margins, QMargins(4, 21, 4, 3));
+        QCOMPARE(flipped, QMargins(4, 3, 4, 21)); // the height counts, and not where the screen ends
+        QCOMPARE(movedIn, QPoint(corner.x(), 175));
     }
 }
 
-void TestBalloonTip::pictureHasAFixedSize()
+void TestBalloonTip::outlineHasAPointerAlways()
 {
-    const QBalloonTip *balloon = show();
-    const auto *label = qobject_cast<QLabel *>(widgetAt(balloon, 1, 1));
-    QVERIFY(label);
-    QCOMPARE(label->minimumSize(), QSize(161, 91));
-    QCOMPARE(label->maximumSize(), QSize(161, 91));
-    QVERIFY(label->hasScaledContents());
-    QCOMPARE(label->pixmap(Qt::ReturnByValue).toImage(), QPixmap::fromImage(picture()).toImage());
-    QCOMPARE(label->styleSheet(), QStringLiteral("QLabel {"
-                                                 "                    border-width: 0.1px;"
-                                                 "                    border: 1px solid;"
-                                                 "                    border-color: #C0C0C0;"
-                                                 "                    background-color: rgb(255, 255, 255)"
-                                                 "                        }"));
-}
+    QBalloonTip *balloon = nullptr;
+    for (const bool showArrow : {false, true}) {
+        const QPoint position(300, showArrow ? 200 : 790); // there the margins are flipped
+        balloon = shownAt(position, greenPicture(), 1000, showArrow);
+        QBitmap mask(balloon->size());
+        mask.fill(Qt::color0);
+        drawOutline(&mask, mask.rect(), Qt::color1, Qt::color1);
+        QCOMPARE(balloon->mask(), QRegion(mask));
 
-void TestBalloonTip::cellsWithAPicture()
-{
-    const QBalloonTip *balloon = show();
-    QVERIFY(balloon->layout());
-    QCOMPARE(balloon->layout()->count(), 5);
-    QCOMPARE(contentOf(balloon, 0, 0), QStringList({"label 1x1 0x0", "spacer 1x1 0x0"}));
-    QCOMPARE(contentOf(balloon, 0, 1), QStringList("label 1x1 0x1")); // Qt::AlignLeft is 1
-    QCOMPARE(contentOf(balloon, 1, 1), QStringList("label 1x1 0x1"));
-    QCOMPARE(contentOf(balloon, 2, 1), QStringList("label 1x1 0x1"));
-    QCOMPARE(widgetAt(balloon, 0, 1), labelWithText(balloon, title));
-    QCOMPARE(widgetAt(balloon, 2, 1), labelWithText(balloon, message));
-    for (int i = 0; i < balloon->layout()->count(); ++i) {
-        if (const QSpacerItem *spacer = balloon->layout()->itemAt(i)->spacerItem()) {
-            QCOMPARE(spacer->sizeHint(), QSize(40, 20));
-            QCOMPARE(spacer->sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum));
-        }
+        QImage image(balloon->size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        QImage expected = image;
+        balloon->render(&image, balloon->mask().boundingRect().topLeft(), balloon->mask(),
+                        {}); // without what stands in it
+        // The border is the ground, darker by 1.6.
+        drawOutline(&expected, balloon->mask(), QColor(155, 155, 155), QColor(248, 248, 248));
+        QCOMPARE(image, expected);
     }
-}
 
-void TestBalloonTip::cellsWithoutAPicture()
-{
-    const QBalloonTip *balloon = show(QImage());
-    QVERIFY(balloon->layout());
-    QCOMPARE(balloon->layout()->count(), 3);
-    QCOMPARE(contentOf(balloon, 0, 0), QStringList({"label 1x1 0x0", "spacer 1x1 0x0"}));
-    QCOMPARE(contentOf(balloon, 0, 1), QStringList("label 1x2 0x1"));
-    QCOMPARE(widgetAt(balloon, 0, 1), labelWithText(balloon, title));
-    const QLabel *text = labelWithText(balloon, message); // on the balloon, but not in its layout
-    QVERIFY(text);
-    QCOMPARE(text->parentWidget(), balloon);
-    QCOMPARE(balloon->layout()->indexOf(const_cast<QLabel *>(text)), -1);
-    drainEvents();
-    QCOMPARE(text->pos(), QPoint(0, 0));
-}
-
-void TestBalloonTip::layoutHasItsMeasures()
-{
-    const QBalloonTip *balloon = show();
-    QCOMPARE(balloon->layout()->sizeConstraint(), QLayout::SetFixedSize);
-    QCOMPARE(balloon->layout()->contentsMargins(), QMargins(3, 3, 3, 3));
-    drainEvents();
-    QCOMPARE(balloon->size(), balloon->sizeHint());
-}
-
-void TestBalloonTip::paletteIsPale()
-{
-    const QBalloonTip *balloon = show();
-    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        QCOMPARE(balloon->palette().brush(group, QPalette::Window), QBrush(QColor(248, 248, 248, 255)));
-        QCOMPARE(balloon->palette().brush(group, QPalette::WindowText), QBrush(QColor(0, 0, 0, 255)));
-    }
+    // It is drawn for this size; in another one it is stretched.
+    balloon->layout()->setSizeConstraint(QLayout::SetNoConstraint);
+    balloon->setMinimumSize(0, 0);
+    balloon->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    balloon->resize(balloon->width() * 2, balloon->height());
+    const QImage wide = balloon->grab().toImage();
+    QCOMPARE(wide.pixelColor(2 * 38, 80), QColor(155, 155, 155));
+    QCOMPARE(wide.pixelColor(2 * 38 + 1, 80), QColor(155, 155, 155));
+    QCOMPARE(wide.pixelColor(2 * 39 + 2, 80), QColor(248, 248, 248));
 }
 
 QTEST_MAIN(TestBalloonTip)

@@ -3,10 +3,26 @@
 
 #include <QDropEvent>
 
-using Formats = QStringList;
-Q_DECLARE_METATYPE(Formats)
+namespace {
 
-//! Which drags the popup tracks, where it takes the pointer to be outside, and that it takes no drop.
+//! Counts how often a widget is shown.
+class ShowCount : public QObject
+{
+public:
+    explicit ShowCount(QWidget *widget) { widget->installEventFilter(this); }
+    int shows = 0;
+
+protected:
+    bool eventFilter(QObject * /*widget*/, QEvent *event) override
+    {
+        shows += event->type() == QEvent::Show ? 1 : 0;
+        return false;
+    }
+};
+
+} // namespace
+
+//! Which drags the popup tracks, the strip that it becomes while a tile is outside, and the way back.
 class TestDragEvents : public TestCase
 {
     Q_OBJECT
@@ -14,35 +30,35 @@ class TestDragEvents : public TestCase
 private slots:
     void onlyTheBrowsersOwnDragsAreTracked_data();
     void onlyTheBrowsersOwnDragsAreTracked();
+    void movesAreNeitherTakenNorRefused();
+    void dropDoesNothing();
     void edgeOfElevenPixelsCountsAsOutside_data();
     void edgeOfElevenPixelsCountsAsOutside();
-    void insideOfTheStripIsTheStripsOwn_data();
-    void insideOfTheStripIsTheStripsOwn();
     void nothingHappensWithoutAHeldTile();
-    void heldTileMayGoMeanwhile();
-    void movesAreNeitherTakenNorRefused_data();
-    void movesAreNeitherTakenNorRefused();
-    void dropDoesNothing_data();
-    void dropDoesNothing();
+    void everyMoveOutsideLeavesTheHeaderAlone();
+    void moveBackInsideRestoresAllButTheDraggedTile();
+    void moveInsideAtFullSizeOnlyHidesTheDraggedTile();
+    void onlyTheCellsOfTilesAreHiddenAndShown();
+    void leavingTheStripFormsItAgain();
+    void leavingAtFullSizeChangesNothing();
 };
 
 void TestDragEvents::onlyTheBrowsersOwnDragsAreTracked_data()
 {
-    QTest::addColumn<Formats>("formats");
+    QTest::addColumn<QStringList>("formats");
     QTest::addColumn<bool>("accepted");
     const QString urls = QStringLiteral("text/uri-list");
-    QTest::newRow("a tile") << Formats{DraggedTile::format(), urls} << true;
-    QTest::newRow("the tile's format alone") << Formats{DraggedTile::format()} << true;
-    QTest::newRow("a file") << Formats{urls} << false;
-    QTest::newRow("text") << Formats{QStringLiteral("text/plain")} << false;
+    QTest::newRow("a tile") << QStringList{DraggedTile::format(), urls} << true;
+    QTest::newRow("the tile's format alone") << QStringList{DraggedTile::format()} << true;
+    QTest::newRow("a file") << QStringList{urls} << false;
     QTest::newRow("another format of the kind")
-        << Formats{urls, QStringLiteral("application/corvel.DR.Layout2")} << false;
-    QTest::newRow("nothing") << Formats{} << false;
+        << QStringList{urls, "application/corvel.DR.Layout2"} << false;
+    QTest::newRow("nothing") << QStringList{} << false;
 }
 
 void TestDragEvents::onlyTheBrowsersOwnDragsAreTracked()
 {
-    QFETCH(Formats, formats);
+    QFETCH(QStringList, formats);
     QFETCH(bool, accepted);
     DraggedTile drag(3, -1); // it is not asked whether a tile is held
     QMimeData data;
@@ -62,55 +78,72 @@ void TestDragEvents::onlyTheBrowsersOwnDragsAreTracked()
     QVERIFY(!drag.popup->isCollapsed);
 }
 
+void TestDragEvents::movesAreNeitherTakenNorRefused()
+{
+    DraggedTile drag;
+    for (const QPoint pointer : {DraggedTile::fullSize.center(), DraggedTile::outside}) {
+        QCursor::setPos(pointer);
+        for (const bool before : {false, true}) { // as the answer to the entering was
+            QDragMoveEvent event(QPoint(40, 40), Qt::CopyAction, &drag.data, Qt::LeftButton, Qt::NoModifier);
+            event.setAccepted(before);
+            deliver(drag.popup, &event);
+            QCOMPARE(event.isAccepted(), before);
+        }
+    }
+}
+
+void TestDragEvents::dropDoesNothing()
+{
+    for (const bool collapsed : {false, true}) {
+        DraggedTile drag;
+        drag.dragTo(collapsed ? DraggedTile::outside : DraggedTile::fullSize.center());
+        QDropEvent event(QPointF(20, 20), Qt::CopyAction, &drag.data, Qt::LeftButton, Qt::NoModifier);
+        deliver(drag.popup, &event);
+        drainEvents();
+        QVERIFY(!event.isAccepted());
+        QCOMPARE(drag.popup->isCollapsed, collapsed);
+        QCOMPARE(drag.popup->geometry(), collapsed ? DraggedTile::strip : DraggedTile::fullSize);
+        QVERIFY(!drag.tiles.at(1)->isVisible()); // only the end of the drag shows it again
+        QCOMPARE(drag.browser.host.openedPaths(), QStringList());
+    }
+}
+
 void TestDragEvents::edgeOfElevenPixelsCountsAsOutside_data()
 {
+    QTest::addColumn<bool>("wasCollapsed");
     QTest::addColumn<QPoint>("pointer");
-    QTest::addColumn<bool>("collapses");
+    QTest::addColumn<bool>("isInside");
+    const auto row = [](const char *name, bool wasCollapsed, const QPoint &pointer, bool isInside) {
+        QTest::newRow(name) << wasCollapsed << pointer << isInside;
+    };
     const QRect inner(QPoint(299, 310), QPoint(1000, 488)); // 11 pixels inside of the first and last pixel
-    QTest::newRow("in the middle") << inner.center() << false;
-    QTest::newRow("upper left corner") << inner.topLeft() << false;
-    QTest::newRow("lower right corner") << inner.bottomRight() << false;
-    QTest::newRow("one pixel left") << inner.topLeft() - QPoint(1, 0) << true;
-    QTest::newRow("one pixel up") << inner.topLeft() - QPoint(0, 1) << true;
-    QTest::newRow("one pixel right") << inner.bottomRight() + QPoint(1, 0) << true;
-    QTest::newRow("one pixel down") << inner.bottomRight() + QPoint(0, 1) << true;
-    QTest::newRow("on the popup's first pixel") << DraggedTile::fullSize.topLeft() << true;
-    QTest::newRow("far away") << DraggedTile::outside << true;
+    row("upper left corner", false, inner.topLeft(), true);
+    row("lower right corner", false, inner.bottomRight(), true);
+    row("one pixel left", false, inner.topLeft() - QPoint(1, 0), false);
+    row("one pixel up", false, inner.topLeft() - QPoint(0, 1), false);
+    row("one pixel right", false, inner.bottomRight() + QPoint(1, 0), false);
+    row("one pixel down", false, inner.bottomRight() + QPoint(0, 1), false);
+    const QRect innerOfStrip(QPoint(299, 310), QPoint(1000, 319));
+    row("the strip's upper left corner", true, innerOfStrip.topLeft(), true);
+    row("its lower right corner", true, innerOfStrip.bottomRight(), true);
+    row("one pixel too high for the strip", true, innerOfStrip.topLeft() - QPoint(0, 1), false);
+    row("one pixel too low", true, innerOfStrip.bottomRight() + QPoint(0, 1), false);
+    row("the middle of the full size", true, DraggedTile::fullSize.center(), false);
 }
 
 void TestDragEvents::edgeOfElevenPixelsCountsAsOutside()
 {
+    QFETCH(bool, wasCollapsed);
     QFETCH(QPoint, pointer);
-    QFETCH(bool, collapses);
+    QFETCH(bool, isInside);
     DraggedTile drag;
     QCOMPARE(drag.popup->geometry(), DraggedTile::fullSize);
+    if (wasCollapsed)
+        drag.dragTo(DraggedTile::outside);
     drag.dragTo(pointer);
-    QCOMPARE(drag.popup->isCollapsed, collapses);
-    QCOMPARE(drag.popup->geometry(), collapses ? DraggedTile::strip : DraggedTile::fullSize);
+    QCOMPARE(drag.popup->isCollapsed, !isInside);
+    QCOMPARE(drag.popup->geometry(), isInside ? DraggedTile::fullSize : DraggedTile::strip);
     QVERIFY(!drag.tiles.at(1)->isVisible()); // in both cases
-}
-
-void TestDragEvents::insideOfTheStripIsTheStripsOwn_data()
-{
-    QTest::addColumn<QPoint>("pointer");
-    QTest::addColumn<bool>("restores");
-    const QRect inner(QPoint(299, 310), QPoint(1000, 319));
-    QTest::newRow("its upper left corner") << inner.topLeft() << true;
-    QTest::newRow("its lower right corner") << inner.bottomRight() << true;
-    QTest::newRow("one pixel too high") << inner.topLeft() - QPoint(0, 1) << false;
-    QTest::newRow("one pixel too low") << inner.bottomRight() + QPoint(0, 1) << false;
-    QTest::newRow("the middle of the full size") << DraggedTile::fullSize.center() << false;
-}
-
-void TestDragEvents::insideOfTheStripIsTheStripsOwn()
-{
-    QFETCH(QPoint, pointer);
-    QFETCH(bool, restores);
-    DraggedTile drag;
-    drag.dragTo(DraggedTile::outside);
-    drag.dragTo(pointer);
-    QCOMPARE(drag.popup->isCollapsed, !restores);
-    QCOMPARE(drag.popup->geometry(), restores ? DraggedTile::fullSize : DraggedTile::strip);
 }
 
 void TestDragEvents::nothingHappensWithoutAHeldTile()
@@ -124,64 +157,116 @@ void TestDragEvents::nothingHappensWithoutAHeldTile()
 
     drag.popup->dragDialog = drag.tiles.first();
     drag.dragTo(DraggedTile::outside);
-    drag.popup->dragDialog = nullptr; // the focus has gone
+    delete drag.tiles.takeFirst(); // it may go meanwhile
     drag.dragTo(DraggedTile::strip.center());
     QVERIFY(drag.popup->isCollapsed);
     QCOMPARE(drag.popup->geometry(), DraggedTile::strip);
     QCOMPARE(drag.shown(), QList<int>());
 }
 
-void TestDragEvents::heldTileMayGoMeanwhile()
+void TestDragEvents::everyMoveOutsideLeavesTheHeaderAlone()
 {
-    DraggedTile drag;
-    drag.dragTo(DraggedTile::outside);
-    delete drag.tiles.takeAt(1);
-    drag.dragTo(DraggedTile::strip.center());
-    QVERIFY(drag.popup->isCollapsed); // as without a held tile
-    drag.dragAway();
-    QCOMPARE(drag.popup->geometry(), DraggedTile::strip);
-}
-
-void TestDragEvents::movesAreNeitherTakenNorRefused_data()
-{
-    QTest::addColumn<QPoint>("pointer");
-    QTest::newRow("inside") << DraggedTile::fullSize.center();
-    QTest::newRow("outside") << DraggedTile::outside;
-}
-
-void TestDragEvents::movesAreNeitherTakenNorRefused()
-{
-    QFETCH(QPoint, pointer);
-    DraggedTile drag;
-    QCursor::setPos(pointer);
-    for (const bool before : {false, true}) { // as the answer to the entering was
-        QDragMoveEvent event(QPoint(40, 40), Qt::CopyAction, &drag.data, Qt::LeftButton, Qt::NoModifier);
-        event.setAccepted(before);
-        deliver(drag.popup, &event);
-        QCOMPARE(event.isAccepted(), before);
+    DraggedTile drag(6); // two rows, the second of two tiles
+    const QRect strip(drag.popup->popupX, drag.popup->popupY, 724, 32);
+    for (int i = 0; i < 3; ++i) {
+        drag.dragTo(DraggedTile::outside + QPoint(i, 0));
+        QVERIFY(drag.popup->isCollapsed);
+        QCOMPARE(drag.popup->geometry(), strip);
+        QVERIFY(drag.hasStripForm());
+        QCOMPARE(drag.shown(), QList<int>());
+        drainEvents(); // layouts have run
+        QCOMPARE(drag.popup->geometry(), strip);
+        QVERIFY(drag.popup->main_label_title->isVisible());
+        drag.disturb();
+        for (RecentDocDialog *tile : qAsConst(drag.tiles))
+            tile->show();
     }
 }
 
-void TestDragEvents::dropDoesNothing_data()
+void TestDragEvents::moveBackInsideRestoresAllButTheDraggedTile()
 {
-    QTest::addColumn<bool>("collapsed");
-    QTest::newRow("at full size") << false;
-    QTest::newRow("collapsed") << true;
+    DraggedTile drag(6);
+    const QRect before = drag.popup->geometry();
+    drag.dragTo(DraggedTile::outside);
+    drainEvents();
+    drag.popup->move(100, 600); // it comes back to its own place
+    const ShowCount restored(drag.tiles.at(0));
+    const ShowCount flickered(drag.tiles.at(1));
+    drag.dragTo(drag.popup->geometry().center());
+    QVERIFY(!drag.popup->isCollapsed);
+    QCOMPARE(drag.popup->geometry(), before);
+    QVERIFY(drag.hasFullForm());
+    QCOMPARE(drag.shown(), QList<int>({0, 2, 3, 4, 5}));
+    QCOMPARE(restored.shows, 1);
+    QCOMPARE(flickered.shows, 0);
+    drainEvents();
+    QCOMPARE(drag.popup->geometry(), before);
+    QCOMPARE(drag.tiles.at(2)->pos().y(), drag.tiles.at(0)->pos().y());
+    QVERIFY(drag.tiles.at(2)->x() > drag.tiles.at(0)->x() + 2 * 161); // the cell between them is kept
 }
 
-void TestDragEvents::dropDoesNothing()
+void TestDragEvents::moveInsideAtFullSizeOnlyHidesTheDraggedTile()
 {
-    QFETCH(bool, collapsed);
     DraggedTile drag;
-    drag.dragTo(collapsed ? DraggedTile::outside : DraggedTile::fullSize.center());
-    QDropEvent event(QPointF(20, 20), Qt::CopyAction, &drag.data, Qt::LeftButton, Qt::NoModifier);
-    deliver(drag.popup, &event);
+    drag.tiles.at(2)->hide();
+    drag.disturb();
+    drag.dragTo(drag.popup->geometry().center());
+    QVERIFY(drag.isStillDisturbed());
+    QVERIFY(!drag.popup->isCollapsed);
+    QCOMPARE(drag.shown(), QList<int>({0}));
+    QCOMPARE(drag.popup->dragDialog.data(), drag.tiles.at(1));
+}
+
+void TestDragEvents::onlyTheCellsOfTilesAreHiddenAndShown()
+{
+    DraggedTile drag(6); // two rows of four columns: the spacers are in row 2 and in column 5
+    QGridLayout *grid = drag.popup->gridLayout;
+    auto *lastVisited = new QWidget(drag.popup);
+    auto *underTheTiles = new QWidget(drag.popup);
+    auto *besideTheTiles = new QWidget(drag.popup);
+    auto *outsideTheGrid = new QWidget(drag.popup);
+    grid->addWidget(lastVisited, 1, 4);
+    grid->addWidget(underTheTiles, 2, 1);
+    grid->addWidget(besideTheTiles, 1, 5);
+    for (QWidget *widget : {lastVisited, underTheTiles, besideTheTiles, outsideTheGrid})
+        widget->show();
+    drag.dragTo(DraggedTile::outside);
+    QVERIFY(!lastVisited->isVisible());
+    for (QWidget *widget : {underTheTiles, besideTheTiles, outsideTheGrid}) {
+        QVERIFY(widget->isVisible());
+        widget->hide();
+    }
+    drag.dragTo(drag.popup->geometry().center());
+    QVERIFY(lastVisited->isVisible());
+    for (const QWidget *widget : {underTheTiles, besideTheTiles, outsideTheGrid})
+        QVERIFY(!widget->isVisible());
+}
+
+void TestDragEvents::leavingTheStripFormsItAgain()
+{
+    DraggedTile drag;
+    drag.dragTo(DraggedTile::outside);
+    drag.popup->dragDialog = nullptr; // is not asked for
+    drag.tiles.first()->show();
+    drag.disturb();
+    drag.dragAway();
+    QVERIFY(drag.popup->isCollapsed);
+    QCOMPARE(drag.popup->geometry(), DraggedTile::strip);
+    QVERIFY(drag.hasStripForm());
+    QCOMPARE(drag.shown(), QList<int>({0})); // no tile is hidden
     drainEvents();
-    QVERIFY(!event.isAccepted());
-    QCOMPARE(drag.popup->isCollapsed, collapsed);
-    QCOMPARE(drag.popup->geometry(), collapsed ? DraggedTile::strip : DraggedTile::fullSize);
-    QVERIFY(!drag.tiles.at(1)->isVisible()); // only the end of the drag shows it again
-    QCOMPARE(drag.browser.host.openedPaths(), QStringList());
+    QCOMPARE(drag.popup->geometry(), DraggedTile::strip);
+}
+
+void TestDragEvents::leavingAtFullSizeChangesNothing()
+{
+    DraggedTile drag;
+    drag.disturb();
+    QCursor::setPos(DraggedTile::outside); // quickly, without a move there
+    drag.dragAway();
+    QVERIFY(drag.isStillDisturbed());
+    QVERIFY(!drag.popup->isCollapsed);
+    QCOMPARE(drag.shown(), QList<int>({0, 1, 2}));
 }
 
 QTEST_MAIN(TestDragEvents)

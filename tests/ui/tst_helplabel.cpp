@@ -4,30 +4,25 @@
 #include "ui/HelpLabel.h"
 #include "ui/RecentDocMainWindow.h"
 
-#include <QDialog>
 #include <QMouseEvent>
 #include <QPointer>
 
-Q_DECLARE_METATYPE(Qt::MouseButton)
-Q_DECLARE_METATYPE(Qt::KeyboardModifiers)
-
 namespace {
 
-//! A press alone: what it calls may delete the label, and there would be nobody to take the release.
-void press(QWidget *widget, Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers modifiers = {})
-{
-    QMouseEvent event(QEvent::MouseButtonPress, QPointF(5, 5), button, button, modifiers);
-    QCoreApplication::sendEvent(widget, &event);
-}
-
 //! An open popup with its help icon, or what is left of it.
-struct OpenPopup
+struct PopupWithHelp
 {
-    OpenPopup() : browser(2)
+    PopupWithHelp() : browser(2)
     {
         browser.createDocument();
         popup = browser.openPopup();
         label = popup->findChild<HelpLabel *>();
+    }
+    //! A press alone: what it calls may delete the label, and there would be nobody to take the release.
+    void press(Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        QMouseEvent event(QEvent::MouseButtonPress, QPointF(5, 5), button, button, modifiers);
+        QCoreApplication::sendEvent(label, &event);
     }
     Browser browser;
     QPointer<RecentDocMainWindow> popup;
@@ -42,17 +37,10 @@ class TestHelpLabel : public TestCase
 
 private slots:
     void isAPlainLabel();
-    void offersNothingThroughItsMetaObject();
     void anyButtonRunsTheHelpAndClosesThePopup_data();
     void anyButtonRunsTheHelpAndClosesThePopup();
-    void popupIsOpenWhileTheCommandRuns();
-    void runsTheCommandWithoutArgument();
-    void givesBackTheHandleBeforeClosing();
-    void aCommandWithoutHandleWillDo();
+    void closesWhateverTheHostLacks();
     void theCommandMayDeleteThePopup();
-    void theCommandMayRunEvents();
-    void withoutServicesThePopupClosesAllTheSame();
-    void moreThanThePressIsNotNeeded();
     void closesWhateverItsParentIs();
 };
 
@@ -66,10 +54,7 @@ void TestHelpLabel::isAPlainLabel()
     QCOMPARE(label.frameShadow(), QFrame::Plain);
     QCOMPARE(label.lineWidth(), 0);
     QVERIFY(label.autoFillBackground());
-}
 
-void TestHelpLabel::offersNothingThroughItsMetaObject()
-{
     const QMetaObject &meta = HelpLabel::staticMetaObject;
     QCOMPARE(meta.className(), "HelpLabel");
     QCOMPARE(meta.superClass(), &QLabel::staticMetaObject);
@@ -79,103 +64,62 @@ void TestHelpLabel::offersNothingThroughItsMetaObject()
 
 void TestHelpLabel::anyButtonRunsTheHelpAndClosesThePopup_data()
 {
-    QTest::addColumn<Qt::MouseButton>("button");
+    QTest::addColumn<Qt::MouseButtons>("button");
     QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-    QTest::newRow("left") << Qt::LeftButton << Qt::KeyboardModifiers();
-    QTest::newRow("right") << Qt::RightButton << Qt::KeyboardModifiers();
-    QTest::newRow("middle") << Qt::MiddleButton << Qt::KeyboardModifiers();
-    QTest::newRow("back") << Qt::BackButton << Qt::KeyboardModifiers();
-    QTest::newRow("left with Control") << Qt::LeftButton << Qt::KeyboardModifiers(Qt::ControlModifier);
+    const auto row = [](const char *name, Qt::MouseButton button, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::newRow(name) << Qt::MouseButtons(button) << modifiers;
+    };
+    row("left", Qt::LeftButton);
+    row("right", Qt::RightButton);
+    row("middle", Qt::MiddleButton);
+    row("left with Control", Qt::LeftButton, Qt::ControlModifier);
 }
 
 void TestHelpLabel::anyButtonRunsTheHelpAndClosesThePopup()
 {
-    QFETCH(Qt::MouseButton, button);
+    QFETCH(Qt::MouseButtons, button);
     QFETCH(Qt::KeyboardModifiers, modifiers);
-    const OpenPopup open;
-    press(open.label, button, modifiers);
+    PopupWithHelp open;
+    QMouseEvent release(QEvent::MouseButtonRelease, QPointF(5, 5), Qt::LeftButton, Qt::NoButton,
+                        Qt::NoModifier);
+    QCoreApplication::sendEvent(open.label, &release); // which means nothing
+    QCOMPARE(open.browser.host.commandsRun, QStringList());
+
+    bool wasVisible = false;
+    open.browser.host.onRunCommand = [&](const QString & /*name*/) { wasVisible = open.popup->isVisible(); };
+    int heldAtTheEnd = -1;
+    connect(open.popup, &QDialog::finished, this, [&] { heldAtTheEnd = open.browser.host.openReferences; });
+    open.press(Qt::MouseButton(int(button)), modifiers);
+    QVERIFY(wasVisible); // while the command ran
+    QCOMPARE(heldAtTheEnd, 0);
     QCOMPARE(open.browser.host.commandsRun, QStringList(QStringLiteral("_RHELP")));
+    QCOMPARE(open.browser.host.calls.filter(QStringLiteral("run ")), // nothing follows the name
+             QStringList({"run _RHELP", "run taken", "run released"}));
     QVERIFY(!open.popup->isVisible());
     drainEvents();
     QVERIFY(!open.popup); // deletes itself
     QCOMPARE(open.browser.host.openedPaths(), QStringList());
 }
 
-void TestHelpLabel::popupIsOpenWhileTheCommandRuns()
+void TestHelpLabel::closesWhateverTheHostLacks()
 {
-    OpenPopup open;
-    bool wasVisible = false;
-    open.browser.host.onRunCommand = [&](const QString & /*name*/) { wasVisible = open.popup->isVisible(); };
-    press(open.label);
-    QVERIFY(wasVisible);
-}
-
-void TestHelpLabel::runsTheCommandWithoutArgument()
-{
-    const OpenPopup open;
-    press(open.label);
-    QVERIFY(open.browser.host.calls.contains(QStringLiteral("run _RHELP"))); // nothing behind the name
-}
-
-void TestHelpLabel::givesBackTheHandleBeforeClosing()
-{
-    const OpenPopup open;
-    int heldAtTheEnd = -1;
-    connect(open.popup, &QDialog::finished, this, [&] { heldAtTheEnd = open.browser.host.openReferences; });
-    press(open.label);
-    QCOMPARE(heldAtTheEnd, 0);
-    QCOMPARE(open.browser.host.calls.count(QStringLiteral("run taken")), 1);
-    QCOMPARE(open.browser.host.calls.count(QStringLiteral("run released")), 1);
-}
-
-void TestHelpLabel::aCommandWithoutHandleWillDo()
-{
-    OpenPopup open;
-    open.browser.host.runCommandGivesHandle = false;
-    press(open.label);
-    QCOMPARE(open.browser.host.commandsRun.size(), 1);
-    QVERIFY(!open.popup->isVisible());
+    for (const bool hasServices : {false, true}) {
+        PopupWithHelp open;
+        open.browser.host.hasServices = hasServices;
+        open.browser.host.runCommandGivesHandle = false;
+        open.press();
+        QCOMPARE(open.browser.host.commandsRun.size(), hasServices ? 1 : 0);
+        QVERIFY(!open.popup->isVisible());
+    }
 }
 
 void TestHelpLabel::theCommandMayDeleteThePopup()
 {
-    OpenPopup open;
+    PopupWithHelp open;
     open.browser.host.onRunCommand = [&](const QString & /*name*/) { delete open.popup; };
-    press(open.label);
+    open.press();
     QVERIFY(!open.label);
     QCOMPARE(open.browser.host.openReferences, 0);
-}
-
-void TestHelpLabel::theCommandMayRunEvents()
-{
-    OpenPopup open;
-    open.browser.host.onRunCommand = [&](const QString & /*name*/) {
-        open.popup->done(0); // the help takes the focus, say
-        drainEvents();
-    };
-    press(open.label);
-    QVERIFY(!open.popup);
-    QCOMPARE(open.browser.host.openReferences, 0);
-}
-
-void TestHelpLabel::withoutServicesThePopupClosesAllTheSame()
-{
-    OpenPopup open;
-    open.browser.host.hasServices = false;
-    press(open.label);
-    drainEvents();
-    QVERIFY(!open.popup);
-    QCOMPARE(open.browser.host.commandsRun, QStringList());
-}
-
-void TestHelpLabel::moreThanThePressIsNotNeeded()
-{
-    const OpenPopup open;
-    QMouseEvent release(QEvent::MouseButtonRelease, QPointF(5, 5), Qt::LeftButton, Qt::NoButton,
-                        Qt::NoModifier);
-    QCoreApplication::sendEvent(open.label, &release);
-    QVERIFY(open.popup->isVisible());
-    QCOMPARE(open.browser.host.commandsRun, QStringList());
 }
 
 void TestHelpLabel::closesWhateverItsParentIs()
@@ -184,7 +128,7 @@ void TestHelpLabel::closesWhateverItsParentIs()
     QWidget window;
     HelpLabel label(&window);
     window.show();
-    press(&label);
+    QTest::mousePress(&label, Qt::LeftButton);
     QVERIFY(!window.isVisible());
     QCOMPARE(browser.host.commandsRun.size(), 1);
 }

@@ -21,7 +21,7 @@ class RealBrowser
 public:
     //! Makes and lists count drawings, the first as the most recent, and creates a new drawing.
     //! \param frame the main window's geometry, in pixels
-    RealBrowser(int count, const QRect &frame);
+    explicit RealBrowser(int count, const QRect &frame = QRect(0, 0, 1300, 800));
     //! The same with files of these names.
     RealBrowser(const QStringList &names, const QRect &frame);
     ~RealBrowser();

@@ -64,7 +64,7 @@ void tst_Exports::theListedNamesAreExportedAndNothingElse()
     nm.start(NM_PROGRAM, {"--dynamic", "--defined-only", "--demangle", MODULE_FILE});
     QVERIFY2(nm.waitForFinished() && nm.exitStatus() == QProcess::NormalExit && nm.exitCode() == 0,
              NM_PROGRAM " shows no symbols of " MODULE_FILE);
-    const QRegularExpression line("^[0-9a-f]+ (\\S) (.+)$", QRegularExpression::MultilineOption);
+    static const QRegularExpression line("^[0-9a-f]+ (\\S) (.+)$", QRegularExpression::MultilineOption);
     QStringList names;
     QStringList unique; // once in the whole process, which is why the loader never lets go of its library
     auto matches = line.globalMatch(QString::fromUtf8(nm.readAllStandardOutput()));

@@ -138,8 +138,10 @@ void tst_Lifecycle::nothingThatTheModuleMadeOutlivesIt()
 
 void tst_Lifecycle::aModuleCreatedAnewStartsFromNothing()
 {
+    QMenu menu;
     {
         const ModuleWithDocuments former;
+        RecentDocumentBrowser::AddRecentFiles(&menu, menu.addAction("Quit"));
         (new RecentDocMainWindow(nullptr))->show();
     }
     const ModuleInHost inHost;

@@ -70,11 +70,11 @@ void tst_MenuIntegration::bothFileMenusAreFilledInOrder()
     const Translation translation(mark);
     MenusInHost inHost;
     RecentDocumentBrowser::LoadMenu();
-    const QString append = "append definition ID_RECENT_FILES \"Recent Document Browser\" ^C^C_RECENT \"" +
-                           mark + "Browse through recent documents.\" to ";
-    const QString insert = "insert PMI_RECENT_DOCUMENT_BROWSER \"" + mark +
-                           "Preview Recent Documents...\" for ID_RECENT_FILES at ";
-    const QString make = "make entry nothing \"\" \"\" PMI_RECENT_DOCUMENT_BROWSER";
+    const QString append = R"(append definition ID_RECENT_FILES "Recent Document Browser" ^C^C_RECENT ")" +
+                           mark + R"(Browse through recent documents." to )";
+    const QString insert = R"(insert PMI_RECENT_DOCUMENT_BROWSER ")" + mark +
+                           R"(Preview Recent Documents..." for ID_RECENT_FILES at )";
+    const QString make = R"(make entry nothing "" "" PMI_RECENT_DOCUMENT_BROWSER)";
     const QStringList expected =
         primaryGroupSearch +
         QStringList({"enumerate", "next EXTENSION", "next MAIN", "next none", "enumerator released",
@@ -255,9 +255,9 @@ void tst_MenuIntegration::theKeyIsBoundToTheDefinition()
         RecentDocumentBrowser::SetShortCutKey();
     const QStringList once =
         primaryGroupSearch +
-        QStringList({"find ID_RECENT_FILES in MAIN", "make accelerator \"\" for ID_RECENT_FILES",
-                     "append accelerator \"\" \"" + mark +
-                         "Preview Recent Documents...\" F4 for ID_RECENT_FILES to MAIN"});
+        QStringList({"find ID_RECENT_FILES in MAIN", R"(make accelerator "" for ID_RECENT_FILES)",
+                     R"(append accelerator "" ")" + mark +
+                         R"(Preview Recent Documents..." F4 for ID_RECENT_FILES to MAIN)"});
     QCOMPARE(inHost.menuCalls(), once + primaryGroupSearch + QStringList("find ID_RECENT_FILES in MAIN"));
     QCOMPARE(inHost.keys(), QList<int>({1, 1, 1}));
     QCOMPARE(inHost.primary.accelerators.front()->command, &definition);

@@ -84,7 +84,8 @@ void tst_MenuLookup::theFirstMenuOfTheIdentifierIsFound()
 
 void tst_MenuLookup::identifiersAreComparedExactly()
 {
-    for (const QString identifier : {"ID_MNFILE", "ID_MnFil", "ID_MnFile2", " ID_MnFile ", ""}) {
+    const QStringList identifiers = {"ID_MNFILE", "ID_MnFil", "ID_MnFile2", " ID_MnFile ", ""};
+    for (const QString &identifier : identifiers) {
         MenusInHost inHost;
         inHost.file.identifier = identifier;
         inHost.startUpFile.identifier = identifier;

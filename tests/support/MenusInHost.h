@@ -9,7 +9,6 @@
 
 inline const QString browserEntry = QStringLiteral("PMI_RECENT_DOCUMENT_BROWSER");
 inline const QString browserDefinition = QStringLiteral("ID_RECENT_FILES");
-inline const QString browserLabel = QStringLiteral("Preview Recent Documents...");
 
 //! What finding the primary group asks of FileMenus.
 inline const QStringList primaryGroupSearch = {"enumerate", "next EXTENSION", "primary? EXTENSION",

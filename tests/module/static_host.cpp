@@ -50,7 +50,7 @@ int main(int argc, char *argv[])
     const QStringList arguments = QApplication::arguments();
     theHost.host = std::make_unique<fxhost::FxHost>(arguments.at(2), QString());
     theHost.host->recentFiles().setPaths(arguments.mid(4));
-    theHost.deletesModule = arguments.at(3) == QLatin1String("delete");
+    theHost.deletesModule = arguments.at(3) == "delete";
 
     void *library = dlopen(argv[1], RTLD_NOW);
     if (!library)
@@ -62,6 +62,6 @@ int main(int argc, char *argv[])
     QMainWindow window;
     theHost.host->setMainWindow(&window);
     theHost.host->documents().newDocument();
-    theHost.host->commands().runLine(QStringLiteral("_RECENT"));
+    theHost.host->commands().runLine("_RECENT");
     return 0;
 }

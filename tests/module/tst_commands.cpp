@@ -22,26 +22,14 @@ QString text(const OdString &string)
     return QString::fromWCharArray(string.c_str());
 }
 
-//! A command that leaves to the host all that it can.
-class HostDefaults : public CFxCommand
+//! Someone else's command, which leaves to the host all that it can; its references are counted.
+class ForeignCommand : public CFxCommand
 {
 public:
-    OdString globalName() const override { return L"_DEFAULTS"; }
-    OdString localName() const override { return L"_DEFAULTS"; }
-    int Execute(CFxCommandContext * /*context*/) override { return normalCompletion; }
-};
-
-//! Someone else's command, whose references are counted.
-class ForeignCommand : public HostDefaults
-{
-public:
-    ForeignCommand(const OdChar *globalName, const OdChar *localName, const OdChar *group)
-        : m_globalName(globalName), m_localName(localName), m_group(group)
-    {
-    }
-    OdString groupName() const override { return m_group; }
-    OdString globalName() const override { return m_globalName; }
+    explicit ForeignCommand(const OdChar *localName) : m_localName(localName) {}
+    OdString globalName() const override { return L"_FOREIGN"; }
     OdString localName() const override { return m_localName; }
+    int Execute(CFxCommandContext * /*context*/) override { return normalCompletion; }
     void addRef() override
     {
         ++m_references;
@@ -52,9 +40,7 @@ public:
     int referencesTaken() const { return m_referencesTaken; }
 
 private:
-    OdString m_globalName;
     OdString m_localName;
-    OdString m_group;
     int m_references = 1;
     int m_referencesTaken = 0;
 };
@@ -66,17 +52,6 @@ public:
     void Help() override { topics.append(GetHelpId()); }
     QList<int> topics;
 };
-
-QList<RecentDocMainWindow *> popups()
-{
-    QList<RecentDocMainWindow *> found;
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (QWidget *window : windows) {
-        if (auto *popup = qobject_cast<RecentDocMainWindow *>(window))
-            found.append(popup);
-    }
-    return found;
-}
 
 //! Makes the popup the active window while it is shown, with the focus in a tile: else nobody learns the
 //! reason for which it takes the focus then.
@@ -108,83 +83,47 @@ class tst_Commands : public TestCase
     Q_OBJECT
 
 private slots:
-    void theCommandsHaveTheirNames();
-    void theRestIsTheHosts();
-    void theCommandsAreNotCounted();
-    void recentShowsAPopupOverTheMainWindow();
-    void thePopupTakesTheFocus();
+    void theCommandsHaveTheirNamesAndNothingElseOfTheirOwn();
+    void recentShowsAPopupThatTakesTheFocus();
     void thePopupTakesTheFocusForAnotherReason();
-    void anEmptyListStillOpensThePopup();
-    void withoutAListNothingOpens_data();
-    void withoutAListNothingOpens();
-    void withoutAMainWindowThePopupHasNoParent_data();
-    void withoutAMainWindowThePopupHasNoParent();
     void aSecondCallOpensASecondPopup();
-    void theCommandOnTheStackOpensThePopup();
     void helpIsOpenedAtTheBrowsersTopic();
-    void addingTheHelpCommandTwiceRegistersTheFirst();
-    void anothersHelpCommandIsLeftAlone_data();
+    void oneHelpCommandIsRegisteredAndAnyEqualOneRemovesIt();
     void anothersHelpCommandIsLeftAlone();
-    void anyEqualHelpCommandTellsWhichOneToRemove();
     void removingNothingAsksForNothing();
-    void withoutAStackTheHelpCommandGoesNowhere();
 };
 
-void tst_Commands::theCommandsHaveTheirNames()
+void tst_Commands::theCommandsHaveTheirNamesAndNothingElseOfTheirOwn()
 {
+    const ForeignCommand defaults(L"");
     const BrowserCommand browser;
-    QCOMPARE(text(browser.globalName()), QStringLiteral("_RECENT"));
-    QCOMPARE(text(browser.localName()), QStringLiteral("_RECENT"));
-    const HelpCommand help;
-    QCOMPARE(text(help.globalName()), QStringLiteral("_RHELP"));
-    QCOMPARE(text(help.localName()), QStringLiteral("_RHELP"));
-    QCOMPARE(help.GetHelpId(), 3087);
-}
-
-void tst_Commands::theRestIsTheHosts()
-{
-    const OdStaticRxObject<HostDefaults> defaults;
-    const BrowserCommand browser;
+    QCOMPARE(text(browser.globalName()), "_RECENT");
+    QCOMPARE(text(browser.localName()), "_RECENT");
     QCOMPARE(text(browser.groupName()), text(defaults.groupName()));
     QCOMPARE(browser.GetHelpId(), defaults.GetHelpId());
     QCOMPARE(browser.flags(), defaults.flags()); // the module sets its one flag
-    const HelpCommand help;
+    HelpCommand help;
+    QCOMPARE(text(help.globalName()), "_RHELP");
+    QCOMPARE(text(help.localName()), "_RHELP");
     QCOMPARE(text(help.groupName()), text(defaults.groupName()));
     QCOMPARE(help.flags(), defaults.flags());
-}
-
-void tst_Commands::theCommandsAreNotCounted()
-{
-    HelpCommand help;
-    help.addRef();
+    help.addRef(); // which is not counted
     QCOMPARE(help.numRefs(), 1);
     help.release();
     help.release();
     QCOMPARE(help.numRefs(), 1);
 }
 
-void tst_Commands::recentShowsAPopupOverTheMainWindow()
+void tst_Commands::recentShowsAPopupThatTakesTheFocus()
 {
     Browser browser(2);
-    browser.createDocument();
-    BrowserCommand command;
-    QCOMPARE(command.Execute(nullptr), 5100);
-    QCOMPARE(popups().size(), 1);
-    const RecentDocMainWindow *popup = popups().constFirst();
-    QCOMPARE(popup->parentWidget(), &browser.host.mainWindow());
-    QVERIFY(popup->isVisible());
-    QVERIFY(!popup->isModal());
-    QCOMPARE(browser.tiles().size(), 2);
-}
-
-void tst_Commands::thePopupTakesTheFocus()
-{
-    Browser browser(2);
+    browser.module().initApp();
     browser.createDocument();
     browser.host.mainWindow().show();
-    BrowserCommand command;
-    command.Execute(nullptr);
-    const RecentDocMainWindow *popup = popups().constFirst();
+    browser.host.commands.front()->execute(nullptr);
+    QCOMPARE(Browser::popups().size(), 1);
+    const RecentDocMainWindow *popup = Browser::popups().constFirst();
+    QVERIFY(!popup->isModal());
     QCOMPARE(popup->focusWidget(), popup);
     QTRY_COMPARE(QApplication::focusWidget(), popup);
 }
@@ -198,66 +137,6 @@ void tst_Commands::thePopupTakesTheFocusForAnotherReason()
     QCOMPARE(popup.lastReason, Qt::OtherFocusReason);
 }
 
-void tst_Commands::anEmptyListStillOpensThePopup()
-{
-    const Browser browser(0);
-    BrowserCommand command;
-    QCOMPARE(command.Execute(nullptr), 5100);
-    QCOMPARE(popups().size(), 1);
-    QVERIFY(popups().constFirst()->isVisible());
-}
-
-void tst_Commands::withoutAListNothingOpens_data()
-{
-    QTest::addColumn<bool>("services");
-    QTest::addColumn<bool>("application");
-    QTest::addColumn<bool>("profile");
-    QTest::addColumn<bool>("list");
-    QTest::newRow("no services") << false << true << true << true;
-    QTest::newRow("no application") << true << false << true << true;
-    QTest::newRow("no profile") << true << true << false << true;
-    QTest::newRow("no list") << true << true << true << false;
-}
-
-void tst_Commands::withoutAListNothingOpens()
-{
-    QFETCH(bool, services);
-    QFETCH(bool, application);
-    QFETCH(bool, profile);
-    QFETCH(bool, list);
-    Browser browser(2);
-    browser.createDocument();
-    browser.host.hasServices = services;
-    browser.host.hasApplication = application;
-    browser.host.hasUserProfile = profile;
-    browser.host.hasRecentFileList = list;
-    BrowserCommand command;
-    QCOMPARE(command.Execute(nullptr), 5100);
-    drainEvents();
-    QVERIFY(popups().isEmpty());
-}
-
-void tst_Commands::withoutAMainWindowThePopupHasNoParent_data()
-{
-    QTest::addColumn<bool>("mainFrame");
-    QTest::newRow("no main frame") << false;
-    QTest::newRow("a main frame without a window") << true;
-}
-
-void tst_Commands::withoutAMainWindowThePopupHasNoParent()
-{
-    QFETCH(bool, mainFrame);
-    Browser browser(2);
-    browser.createDocument();
-    browser.host.hasMainFrame = mainFrame;
-    browser.host.hasMainWindow = false;
-    BrowserCommand command;
-    QCOMPARE(command.Execute(nullptr), 5100);
-    QCOMPARE(popups().size(), 1);
-    QVERIFY(!popups().constFirst()->parent());
-    QVERIFY(popups().constFirst()->isVisible());
-}
-
 void tst_Commands::aSecondCallOpensASecondPopup()
 {
     Browser browser(2);
@@ -265,19 +144,7 @@ void tst_Commands::aSecondCallOpensASecondPopup()
     BrowserCommand command;
     QCOMPARE(command.Execute(nullptr), 5100);
     QCOMPARE(command.Execute(nullptr), 5100);
-    const QList<RecentDocMainWindow *> opened = popups();
-    QCOMPARE(opened.size(), 2);
-    for (const RecentDocMainWindow *popup : opened)
-        QVERIFY(popup->isVisible());
-}
-
-void tst_Commands::theCommandOnTheStackOpensThePopup()
-{
-    Browser browser(1);
-    browser.module().initApp();
-    browser.createDocument();
-    browser.host.commands.front()->execute(nullptr);
-    QCOMPARE(popups().size(), 1);
+    QCOMPARE(Browser::popups().size(), 2);
 }
 
 void tst_Commands::helpIsOpenedAtTheBrowsersTopic()
@@ -287,7 +154,7 @@ void tst_Commands::helpIsOpenedAtTheBrowsersTopic()
     QCOMPARE(help.topics, QList<int>{3087});
 }
 
-void tst_Commands::addingTheHelpCommandTwiceRegistersTheFirst()
+void tst_Commands::oneHelpCommandIsRegisteredAndAnyEqualOneRemovesIt()
 {
     FakeHost host;
     HelpCommand first;
@@ -295,34 +162,17 @@ void tst_Commands::addingTheHelpCommandTwiceRegistersTheFirst()
     HelpCommandReg::AddHelpcommand(&first);
     HelpCommandReg::AddHelpcommand(&second);
     QVERIFY(host.commands == std::vector<OdEdCommand *>{&first});
+    HelpCommandReg::RemoveHelpcommand(&second);
+    QVERIFY(host.commands.empty());
     QCOMPARE(host.openReferences, 0);
-}
-
-void tst_Commands::anothersHelpCommandIsLeftAlone_data()
-{
-    QTest::addColumn<QString>("globalName");
-    QTest::addColumn<QString>("localName");
-    QTest::addColumn<QString>("group");
-    QTest::newRow("of the same names")
-        << QStringLiteral("_RHELP") << QStringLiteral("_RHELP") << QStringLiteral("OTHERS");
-    QTest::newRow("of the same global name alone")
-        << QStringLiteral("_RHELP") << QStringLiteral("HILFE") << QStringLiteral("OTHERS");
-    QTest::newRow("of the same local name alone")
-        << QStringLiteral("_HELP2") << QStringLiteral("_RHELP") << QStringLiteral("OTHERS");
-    QTest::newRow("without a group") << QStringLiteral("_RHELP") << QStringLiteral("_RHELP") << QString();
 }
 
 void tst_Commands::anothersHelpCommandIsLeftAlone()
 {
-    QFETCH(QString, globalName);
-    QFETCH(QString, localName);
-    QFETCH(QString, group);
-    ForeignCommand foreign(CFxString(globalName).c_str(), CFxString(localName).c_str(),
-                           CFxString(group).c_str());
+    ForeignCommand foreign(L"_RHELP");
     FakeHost host;
     host.commands.push_back(&foreign);
     const std::vector<OdEdCommand *> foreignAlone{&foreign};
-
     HelpCommand help;
     HelpCommandReg::AddHelpcommand(&help);
     QVERIFY(host.commands == foreignAlone);
@@ -334,22 +184,6 @@ void tst_Commands::anothersHelpCommandIsLeftAlone()
     QVERIFY(host.commands == foreignAlone);
     QCOMPARE(foreign.referencesTaken(), 2);
     QCOMPARE(foreign.numRefs(), 1);
-    QCOMPARE(host.openReferences, 0);
-}
-
-void tst_Commands::anyEqualHelpCommandTellsWhichOneToRemove()
-{
-    FakeHost host;
-    HelpCommand added;
-    HelpCommandReg::AddHelpcommand(&added);
-    host.calls.clear();
-    HelpCommand fresh;
-    HelpCommandReg::RemoveHelpcommand(&fresh);
-    QVERIFY(host.commands.empty());
-    QCOMPARE(host.calls,
-             QStringList({QStringLiteral("stack taken"), QStringLiteral("stack lookup _RHELP 3 \"\""),
-                          QStringLiteral("stack released"), QStringLiteral("stack taken"),
-                          QStringLiteral("stack remove _RHELP"), QStringLiteral("stack released")}));
 }
 
 void tst_Commands::removingNothingAsksForNothing()
@@ -357,20 +191,7 @@ void tst_Commands::removingNothingAsksForNothing()
     FakeHost host;
     HelpCommand help;
     HelpCommandReg::RemoveHelpcommand(&help);
-    QCOMPARE(host.calls,
-             QStringList({QStringLiteral("stack taken"), QStringLiteral("stack lookup _RHELP 3 \"\""),
-                          QStringLiteral("stack released")}));
-}
-
-void tst_Commands::withoutAStackTheHelpCommandGoesNowhere()
-{
-    FakeHost host;
-    host.hasCommandStack = false;
-    HelpCommand help;
-    HelpCommandReg::AddHelpcommand(&help);
-    HelpCommandReg::RemoveHelpcommand(&help);
-    QCOMPARE(host.calls, QStringList());
-    QVERIFY(host.commands.empty());
+    QCOMPARE(host.calls, QStringList({"stack taken", "stack lookup _RHELP 3 \"\"", "stack released"}));
 }
 
 QTEST_MAIN(tst_Commands)

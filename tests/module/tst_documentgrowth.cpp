@@ -23,35 +23,31 @@ constexpr qint64 mostOfAnEntry = 40000;
 
 struct Growth
 {
-    qint64 before = 0;
-    qint64 firstHalf = 0;
-    qint64 secondHalf = 0;
-    qint64 after = 0; //!< what the module does not give back
+    qint64 ofFirstHalf = 0;
+    qint64 ofSecondHalf = 0;
+    qint64 left = 0; //!< what the module does not give back
 };
 
 Growth growthOf(int recent, int documents)
 {
-    Growth growth;
     QStringList paths;
     for (int i = 1; i <= recent; ++i)
         paths.append(QStringLiteral("/home/somebody/drawings/of a project/plan %1.dwg").arg(i));
     ModuleInHost inHost;
     inHost.host.setRecent(paths);
-    const auto create = [&](int count) {
+    const auto costOf = [&inHost](int count) {
+        const qint64 before = memory::allocated();
         for (int i = 0; i < count; ++i)
             inHost.documentReactor().DocumentCreated(nullptr);
         drainEvents();
+        return memory::allocated() - before;
     };
-    create(1); // style sheets and icons are kept once
-    inHost.host.calls.clear();
-    growth.before = memory::allocated();
-    create(documents / 2);
-    growth.firstHalf = memory::allocated() - growth.before;
-    create(documents - documents / 2);
-    growth.secondHalf = memory::allocated() - growth.before - growth.firstHalf;
+    costOf(1); // style sheets and icons are kept once
+    const qint64 before = memory::allocated();
+    Growth growth{costOf(documents / 2), costOf(documents / 2)};
     inHost.end();
     drainEvents();
-    growth.after = memory::allocated() - growth.before;
+    growth.left = memory::allocated() - before;
     return growth;
 }
 
@@ -74,16 +70,16 @@ void tst_DocumentGrowth::eachDocumentCostsTheSame()
     QFETCH(int, recent);
     const int documents = memory::rounds(1000);
     const Growth growth = growthOf(recent, documents);
-    const qint64 all = growth.firstHalf + growth.secondHalf;
+    const qint64 all = growth.ofFirstHalf + growth.ofSecondHalf;
     memory::tell("a document", all / documents);
-    memory::tell("a document of the first half", growth.firstHalf / (documents / 2));
-    memory::tell("a document of the second half", growth.secondHalf / (documents / 2));
-    memory::tell("left of all when the module is gone", growth.after);
+    memory::tell("a document of the first half", growth.ofFirstHalf / (documents / 2));
+    memory::tell("a document of the second half", growth.ofSecondHalf / (documents / 2));
+    memory::tell("left of all when the module is gone", growth.left);
     if (!memory::isMeasurable)
         return;
     QVERIFY(all / documents < recent * mostOfAnEntry);
-    QVERIFY(growth.secondHalf < growth.firstHalf * 11 / 10);
-    QVERIFY(growth.after < all / 100);
+    QVERIFY(growth.ofSecondHalf < growth.ofFirstHalf * 11 / 10);
+    QVERIFY(growth.left < all / 100);
 }
 
 QTEST_MAIN(tst_DocumentGrowth)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "state/FolderPinButton.h"
-#include "tests/support/ModuleInHost.h"
+#include "tests/support/MenusInHost.h"
 #include "tests/support/TestCase.h"
 #include "ui/QBalloonTip.h"
 #include "ui/RecentDocMainWindow.h"
@@ -11,115 +11,94 @@
 #include <QPointer>
 #include <QWidgetAction>
 
-#include <stdexcept>
-
 namespace {
 
-const QStringList recentPaths = {QStringLiteral("/drawings/c.dwg"), QStringLiteral("/drawings/a.dwg"),
-                                 QStringLiteral("/drawings/b.dwg")};
+const QStringList lifecyclePaths = {"/drawings/c.dwg", "/drawings/a.dwg", "/drawings/b.dwg"};
 
-//! What was asked of the command stack and of the two lists of reactors, in order.
-QStringList registrations(const FakeHost &host)
+//! What the registry has of the recent documents.
+struct Registry
 {
-    static const QRegularExpression registration(QStringLiteral("^(stack|documents|editor) "));
-    return host.calls.filter(registration);
-}
+    QList<FolderPinButton *> pins = RecentDocumentBrowser::menuPinButtonList;
+    QList<QAction *> entries = RecentDocumentBrowser::recentDocActionList;
+    QMenu *menu = RecentDocumentBrowser::recentDocMenu;
+    QStringList pictures = RecentDocumentBrowser::recentFileImageMap.keys();
 
-QStringList namesOf(const std::vector<OdEdCommand *> &commands)
+    bool operator==(const Registry &other) const
+    {
+        return pins == other.pins && entries == other.entries && menu == other.menu &&
+               pictures == other.pictures;
+    }
+    QStringList pinnedPaths() const
+    {
+        QStringList paths;
+        for (const FolderPinButton *pin : pins)
+            paths.append(pin->path());
+        return paths;
+    }
+};
+
+//! The module in a host with three recent documents, which has notified it of one; a picture is in the cache.
+struct ModuleWithDocuments : ModuleInHost
 {
-    QStringList names;
-    for (const OdEdCommand *command : commands)
-        names.append(QString::fromWCharArray(command->globalName().c_str()));
-    return names;
-}
+    ModuleWithDocuments()
+    {
+        host.setRecent(lifecyclePaths);
+        documentReactor().DocumentCreated(nullptr);
+        RecentDocumentBrowser::recentFileImageMap.insert(lifecyclePaths.first(), QImage());
+        host.calls.clear();
+    }
+};
 
 } // namespace
 
-//! What the module asks of the host, from its start to its end.
+//! What the module asks of the host, from its start to its end, and what it makes of the host's events.
 class tst_Lifecycle : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void startingRegistersTheCommandAndThenBothReactors();
-    void theBrowserCommandCarriesOneFlagOfTheHosts();
-    void whatTheHostLacksIsLeftOut_data();
-    void whatTheHostLacksIsLeftOut();
+    void registrationsComeAndGoInOrder();
     void endingTheApplicationUndoesNothing();
-    void theMainFrameBringsTheHelpCommand();
-    void theMainFramesEndUndoesEverythingInOrder();
-    void theMainFramesEndWithoutABeginningIsHarmless();
-    void theHostsExceptionsPassAndLeaveNoReference_data();
-    void theHostsExceptionsPassAndLeaveNoReference();
     void nothingThatTheModuleMadeOutlivesIt();
     void aModuleCreatedAnewStartsFromNothing();
+
+    void aDocumentChangesNothingWhileNoneIsRecent_data();
+    void aDocumentChangesNothingWhileNoneIsRecent();
+    void aDocumentEmptiesTheCacheAndRebuildsTheEntries();
+    void theOtherEventsChangeNothing();
 };
 
-void tst_Lifecycle::startingRegistersTheCommandAndThenBothReactors()
+void tst_Lifecycle::registrationsComeAndGoInOrder()
 {
-    ModuleInHost inHost;
-    inHost.module->initApp();
-    QCOMPARE(inHost.host.calls, QStringList({
-                                    QStringLiteral("stack taken"),
-                                    QStringLiteral("stack add _RECENT"),
-                                    QStringLiteral("stack released"),
-                                    QStringLiteral("documents add reactor"),
-                                    QStringLiteral("editor taken"),
-                                    QStringLiteral("editor add reactor"),
-                                    QStringLiteral("editor released"),
-                                }));
-    QVERIFY(inHost.host.documentReactors ==
-            std::vector<CFxDocumentManagerReactor *>{&inHost.documentReactor()});
-    QVERIFY(inHost.host.editorReactors == std::vector<OdEditorReactor *>{&inHost.editorReactor()});
-}
-
-void tst_Lifecycle::theBrowserCommandCarriesOneFlagOfTheHosts()
-{
-    ModuleInHost inHost;
-    inHost.module->initApp();
-    QCOMPARE(inHost.host.commands.front()->flags(), std::uint32_t(0x40000000));
-}
-
-void tst_Lifecycle::whatTheHostLacksIsLeftOut_data()
-{
-    QTest::addColumn<bool>("services");
-    QTest::addColumn<bool>("documentManager");
-    QTest::addColumn<bool>("stack");
-    QTest::addColumn<bool>("editor");
-    QTest::newRow("no services") << false << true << true << true;
-    QTest::newRow("no document manager") << true << false << true << true;
-    QTest::newRow("no command stack") << true << true << false << true;
-    QTest::newRow("no editor") << true << true << true << false;
-    QTest::newRow("nothing at all") << false << false << false << false;
-}
-
-void tst_Lifecycle::whatTheHostLacksIsLeftOut()
-{
-    QFETCH(bool, services);
-    QFETCH(bool, documentManager);
-    QFETCH(bool, stack);
-    QFETCH(bool, editor);
-    ModuleInHost inHost;
+    MenusInHost inHost;
     FakeHost &host = inHost.host;
-    host.hasServices = services;
-    host.hasDocumentManager = documentManager;
-    host.hasCommandStack = stack;
-    host.hasEditor = editor;
-    const std::size_t documentReactors = services && documentManager ? 1 : 0;
-
     inHost.module->initApp();
-    inHost.editorReactor().mainFrameCreated(nullptr);
-    QCOMPARE(namesOf(host.commands),
-             stack ? QStringList({QStringLiteral("_RECENT"), QStringLiteral("_RHELP")}) : QStringList());
-    QCOMPARE(host.documentReactors.size(), documentReactors);
-    QCOMPARE(host.editorReactors.size(), std::size_t(editor ? 1 : 0));
+    QCOMPARE(host.calls,
+             QStringList({"stack taken", "stack add _RECENT", "stack released", "documents add reactor",
+                          "editor taken", "editor add reactor", "editor released"}));
+    QVERIFY(host.documentReactors == std::vector<CFxDocumentManagerReactor *>{&inHost.documentReactor()});
+    QVERIFY(host.editorReactors == std::vector<OdEditorReactor *>{&inHost.editorReactor()});
+    QCOMPARE(host.commands.front()->flags(), std::uint32_t(0x40000000)); // the host knows what it means
 
+    const QStringList lookUpHelp = {"stack taken", "stack lookup _RHELP 3 \"\"", "stack released"};
+    host.calls.clear();
+    inHost.editorReactor().mainFrameCreated(nullptr);
+    QCOMPARE(inHost.entries(), QList<int>({1, 1}));
+    QCOMPARE(QStringList(host.calls.mid(host.calls.indexOf("menus refresh") + 1)),
+             lookUpHelp + QStringList({"stack taken", "stack add _RHELP", "stack released"}));
+
+    host.calls.clear();
     inHost.editorReactor().mainFrameDestroyed(nullptr);
-    QVERIFY(host.commands.empty());
-    QVERIFY(host.documentReactors.empty());
-    QVERIFY(host.editorReactors.empty());
-    QCOMPARE(host.calls.contains(QStringLiteral("documents remove reactor")), documentReactors == 1);
-    QCOMPARE(host.openReferences, 0);
+    const auto isOfMenus = [](const QString &call) { return call.startsWith("menus "); };
+    const auto menus = std::find_if(host.calls.begin(), host.calls.end(), isOfMenus);
+    QVERIFY(menus != host.calls.end());
+    host.calls.erase(std::remove_if(menus + 1, host.calls.end(), isOfMenus), host.calls.end());
+    QCOMPARE(
+        host.calls,
+        QStringList({"stack taken", "stack remove _RECENT", "stack released", "documents remove reactor",
+                     "editor taken", "editor remove reactor", "editor released", "menus start-up group"}) +
+            lookUpHelp + QStringList({"stack taken", "stack remove _RHELP", "stack released"}));
+    QVERIFY(host.commands.empty() && host.documentReactors.empty() && host.editorReactors.empty());
 }
 
 void tst_Lifecycle::endingTheApplicationUndoesNothing()
@@ -129,114 +108,14 @@ void tst_Lifecycle::endingTheApplicationUndoesNothing()
     inHost.host.calls.clear();
     inHost.module->uninitApp();
     QCOMPARE(inHost.host.calls, QStringList());
-    QCOMPARE(namesOf(inHost.host.commands), QStringList(QStringLiteral("_RECENT")));
-    QCOMPARE(inHost.host.documentReactors.size(), std::size_t(1));
-    QCOMPARE(inHost.host.editorReactors.size(), std::size_t(1));
-}
-
-void tst_Lifecycle::theMainFrameBringsTheHelpCommand()
-{
-    ModuleInHost inHost;
-    inHost.editorReactor().mainFrameCreated(nullptr);
-    QCOMPARE(registrations(inHost.host), QStringList({
-                                             QStringLiteral("stack taken"),
-                                             QStringLiteral("stack lookup _RHELP 3 \"\""),
-                                             QStringLiteral("stack released"),
-                                             QStringLiteral("stack taken"),
-                                             QStringLiteral("stack add _RHELP"),
-                                             QStringLiteral("stack released"),
-                                         }));
-    QCOMPARE(namesOf(inHost.host.commands), QStringList(QStringLiteral("_RHELP")));
-}
-
-void tst_Lifecycle::theMainFramesEndUndoesEverythingInOrder()
-{
-    ModuleInHost inHost;
-    inHost.module->initApp();
-    inHost.editorReactor().mainFrameCreated(nullptr);
-    inHost.host.calls.clear();
-    inHost.editorReactor().mainFrameDestroyed(nullptr);
-    QCOMPARE(registrations(inHost.host), QStringList({
-                                             QStringLiteral("stack taken"),
-                                             QStringLiteral("stack remove _RECENT"),
-                                             QStringLiteral("stack released"),
-                                             QStringLiteral("documents remove reactor"),
-                                             QStringLiteral("editor taken"),
-                                             QStringLiteral("editor remove reactor"),
-                                             QStringLiteral("editor released"),
-                                             QStringLiteral("stack taken"),
-                                             QStringLiteral("stack lookup _RHELP 3 \"\""),
-                                             QStringLiteral("stack released"),
-                                             QStringLiteral("stack taken"),
-                                             QStringLiteral("stack remove _RHELP"),
-                                             QStringLiteral("stack released"),
-                                         }));
-    QVERIFY(inHost.host.commands.empty());
-    QVERIFY(inHost.host.documentReactors.empty());
-    QVERIFY(inHost.host.editorReactors.empty());
-}
-
-void tst_Lifecycle::theMainFramesEndWithoutABeginningIsHarmless()
-{
-    ModuleInHost inHost;
-    inHost.editorReactor().mainFrameDestroyed(nullptr);
-    QVERIFY(!inHost.host.calls.contains(QStringLiteral("stack remove _RHELP")));
-    QCOMPARE(inHost.host.openReferences, 0);
-}
-
-void tst_Lifecycle::theHostsExceptionsPassAndLeaveNoReference_data()
-{
-    QTest::addColumn<bool>("atStart");
-    QTest::addColumn<QString>("where");
-    QTest::addColumn<QStringList>("lastCalls");
-    const QString stack = QStringLiteral("stack");
-    const QString editor = QStringLiteral("editor");
-    QTest::newRow("the stack, when the module starts")
-        << true << stack
-        << QStringList({QStringLiteral("stack taken"), QStringLiteral("stack add _RECENT"),
-                        QStringLiteral("stack released")});
-    QTest::newRow("the editor, when the module starts")
-        << true << editor
-        << QStringList({QStringLiteral("editor taken"), QStringLiteral("editor add reactor"),
-                        QStringLiteral("editor released")});
-    QTest::newRow("the stack, when the main frame goes")
-        << false << stack
-        << QStringList({QStringLiteral("stack taken"), QStringLiteral("stack remove _RECENT"),
-                        QStringLiteral("stack released")});
-    QTest::newRow("the editor, when the main frame goes")
-        << false << editor
-        << QStringList({QStringLiteral("editor taken"), QStringLiteral("editor remove reactor"),
-                        QStringLiteral("editor released")});
-}
-
-void tst_Lifecycle::theHostsExceptionsPassAndLeaveNoReference()
-{
-    QFETCH(bool, atStart);
-    QFETCH(QString, where);
-    QFETCH(QStringList, lastCalls);
-    ModuleInHost inHost;
-    FakeHost &host = inHost.host;
-    if (!atStart)
-        inHost.module->initApp();
-    (where == QLatin1String("stack") ? host.onCommandStack : host.onEditor) = [] {
-        throw std::runtime_error("the host refuses");
-    };
-    if (atStart)
-        QVERIFY_EXCEPTION_THROWN(inHost.module->initApp(), std::runtime_error);
-    else
-        QVERIFY_EXCEPTION_THROWN(inHost.editorReactor().mainFrameDestroyed(nullptr), std::runtime_error);
-    QCOMPARE(host.openReferences, 0);
-    QCOMPARE(host.calls.mid(host.calls.size() - lastCalls.size()), lastCalls);
 }
 
 void tst_Lifecycle::nothingThatTheModuleMadeOutlivesIt()
 {
     const int menusBefore = parentlessMenus();
-    ModuleInHost inHost;
-    inHost.host.setRecent(recentPaths);
+    ModuleWithDocuments inHost;
     inHost.module->initApp();
     inHost.editorReactor().mainFrameCreated(nullptr);
-    inHost.documentReactor().DocumentCreated(nullptr);
     inHost.documentReactor().DocumentCreated(nullptr);
 
     QVector<QPointer<QObject>> made;
@@ -246,9 +125,8 @@ void tst_Lifecycle::nothingThatTheModuleMadeOutlivesIt()
         made << pin;
     auto *popup = new RecentDocMainWindow(&inHost.host.mainWindow());
     popup->show();
-    auto *parentless = new RecentDocMainWindow(nullptr);
-    made << RecentDocumentBrowser::recentDocMenu << popup << parentless;
-    QBalloonTip::showBalloon(QImage(), QStringLiteral("title"), QStringLiteral("text"), QPoint(), 0, true);
+    made << RecentDocumentBrowser::recentDocMenu << popup << new RecentDocMainWindow(nullptr);
+    QBalloonTip::showBalloon(QImage(), "title", "text", QPoint(), 0, true);
 
     inHost.editorReactor().mainFrameDestroyed(nullptr);
     inHost.module->uninitApp();
@@ -260,26 +138,85 @@ void tst_Lifecycle::nothingThatTheModuleMadeOutlivesIt()
 
 void tst_Lifecycle::aModuleCreatedAnewStartsFromNothing()
 {
+    QMenu menu;
     {
-        ModuleInHost former;
-        former.host.setRecent(recentPaths);
-        former.documentReactor().DocumentCreated(nullptr);
-        auto *popup = new RecentDocMainWindow(nullptr);
-        popup->show();
+        const ModuleWithDocuments former;
+        RecentDocumentBrowser::AddRecentFiles(&menu, menu.addAction("Quit"));
+        (new RecentDocMainWindow(nullptr))->show();
     }
-    ModuleInHost inHost;
+    const ModuleInHost inHost;
+    QVERIFY(Registry() == (Registry{{}, {}, nullptr, {}}));
     QVERIFY(RecentDocumentBrowser::recentDocDialogList.isEmpty());
-    QVERIFY(RecentDocumentBrowser::recentDocActionList.isEmpty());
-    QVERIFY(RecentDocumentBrowser::menuPinButtonList.isEmpty());
     QVERIFY(RecentDocumentBrowser::docPinButtonList.isEmpty());
     QVERIFY(folderButtonList.isEmpty());
-    QVERIFY(!RecentDocumentBrowser::recentDocMenu);
     QVERIFY(!RecentDocumentBrowser::before);
+}
 
-    inHost.host.setRecent(recentPaths.mid(1));
+void tst_Lifecycle::aDocumentChangesNothingWhileNoneIsRecent_data()
+{
+    QTest::addColumn<bool>("services");
+    QTest::addColumn<bool>("list");
+    QTest::newRow("the list is empty") << true << true;
+    QTest::newRow("there is no list") << true << false;
+    QTest::newRow("there are no services") << false << true;
+}
+
+void tst_Lifecycle::aDocumentChangesNothingWhileNoneIsRecent()
+{
+    QFETCH(bool, services);
+    QFETCH(bool, list);
+    ModuleWithDocuments inHost;
+    const Registry before;
+    const int menus = parentlessMenus();
+    inHost.host.hasCustomization = true;
+    inHost.host.setRecent({});
+    inHost.host.hasServices = services;
+    inHost.host.hasRecentFileList = list;
     inHost.documentReactor().DocumentCreated(nullptr);
-    new RecentDocMainWindow(nullptr);
-    QCOMPARE(RecentDocumentBrowser::recentDocDialogList.size(), 2);
+    QVERIFY(Registry() == before);
+    QCOMPARE(parentlessMenus(), menus);
+    QCOMPARE(inHost.host.calls, QStringList()); // nor is a menu looked at
+}
+
+void tst_Lifecycle::aDocumentEmptiesTheCacheAndRebuildsTheEntries()
+{
+    ModuleWithDocuments inHost;
+    const QPointer<QMenu> first = RecentDocumentBrowser::recentDocMenu;
+    inHost.host.setRecent(lifecyclePaths.mid(1));
+    inHost.documentReactor().DocumentCreated(nullptr);
+    const Registry now;
+    QCOMPARE(now.pictures, QStringList());
+    QCOMPARE(now.pinnedPaths(), lifecyclePaths.mid(1));
+    QVERIFY(!RecentDocumentBrowser::before);
+    const QList<QAction *> inMenu = now.menu->actions();
+    QCOMPARE(inMenu.mid(1, inMenu.size() - 2), now.entries);
+    drainEvents();
+    QVERIFY(first && first != now.menu); // what was built from it may still be on the screen
+    QVERIFY(!first->parent() && !now.menu->parent());
+    QVERIFY(!first->isVisible() && !now.menu->isVisible());
+}
+
+void tst_Lifecycle::theOtherEventsChangeNothing()
+{
+    ModuleWithDocuments inHost;
+    const Registry before;
+    const CFxString path(lifecyclePaths.first());
+    CFxDocumentManagerReactor &documents = inHost.documentReactor();
+    documents.DocumentCreateStarted(nullptr);
+    documents.DocumentToBeDestroyed(nullptr);
+    documents.DocumentDestroyed(path);
+    documents.DocumentActivated(nullptr);
+    documents.DocumentBecameCurrent(nullptr);
+    documents.DocumentPreOpen(path);
+    CFxEditorReactor &editor = inHost.editorReactor();
+    editor.appActivated();
+    editor.appDeactivated();
+    editor.windowStateChanged(nullptr);
+    editor.cancelDwgOpen(path);
+    editor.commandWillStart(L"_RECENT");
+    editor.commandEnded(L"_RECENT", 5100);
+    QCOMPARE(inHost.host.calls, QStringList());
+    QVERIFY(Registry() == before);
 }
 
 QTEST_MAIN(tst_Lifecycle)

@@ -4,158 +4,119 @@
 #include "tests/support/MenusInHost.h"
 #include "tests/support/TestCase.h"
 
-//! The browser's command definition and its entry in the host's File menus.
+#include <stdexcept>
+
+//! The browser's command definition, its entry in the host's File menus and its key. What becomes of them in
+//! a host that lacks something is a matter of tst_missingservices.
 class tst_MenuIntegration : public TestCase
 {
     Q_OBJECT
 
 private slots:
+    void bothFileMenusAreFilledInOrder_data() { addTranslationRows(); }
     void bothFileMenusAreFilledInOrder();
-    void theEntryStandsWhereTheHostPutsIt_data();
-    void theEntryStandsWhereTheHostPutsIt();
-    void theDefinitionIsMadeOfFixedTexts();
-    void shownTextsAreTranslatedAndNothingElse();
     void anExistingDefinitionIsUsedAsItIs();
-    void definitionsAreFoundByTheirExactIdentifier();
     void twiceIsOnce();
     void anEntryInTheMenuIsEnough_data();
     void anEntryInTheMenuIsEnough();
     void anEntryElsewhereIsNotTheMenus();
     void theReferenceIsTheSecondEntryFromTheEnd_data();
     void theReferenceIsTheSecondEntryFromTheEnd();
+    void theFirstRecentDocumentBringsTheEntry();
+    void aDocumentFillsTheMenusBeforeTheCacheIsEmptied();
     void nothingOfTheHostsIsKeptBetweenCalls();
+    void theHostsExceptionLeavesNothingBehind();
+
+    void theKeyIsBoundToTheDefinition_data() { addTranslationRows(); }
+    void theKeyIsBoundToTheDefinition();
+    void withoutADefinitionNoKeyIsBound();
+    void aTakenKeyStaysWithItsOwner_data();
+    void aTakenKeyStaysWithItsOwner();
+    void aKeyThatTheHostCannotMakeIsLeftOut();
+
+private:
+    //! What is shown is translated, and nothing else.
+    static void addTranslationRows();
 };
+
+void tst_MenuIntegration::addTranslationRows()
+{
+    QTest::addColumn<QString>("mark");
+    QTest::newRow("as it is") << "";
+    QTest::newRow("translated") << "QObject/";
+}
+
+namespace {
+
+//! Translates while it lives, if there is a mark to see that by.
+class Translation
+{
+public:
+    explicit Translation(const QString &mark)
+    {
+        if (!mark.isEmpty())
+            QCoreApplication::installTranslator(&m_translator);
+    }
+
+private:
+    MarkingTranslator m_translator; // which takes itself out
+};
+
+} // namespace
 
 void tst_MenuIntegration::bothFileMenusAreFilledInOrder()
 {
+    QFETCH(QString, mark);
+    const Translation translation(mark);
     MenusInHost inHost;
     RecentDocumentBrowser::LoadMenu();
-    const QString append = QStringLiteral("append definition ID_RECENT_FILES \"Recent Document Browser\" "
-                                          "^C^C_RECENT \"Browse through recent documents.\" to ");
-    const QString insert = QStringLiteral("insert PMI_RECENT_DOCUMENT_BROWSER "
-                                          "\"Preview Recent Documents...\" for ID_RECENT_FILES at ");
-    const QString make = QStringLiteral("make entry nothing \"\" \"\" PMI_RECENT_DOCUMENT_BROWSER");
-    const QStringList afterTheGroup = {
-        QStringLiteral("find ID_RECENT_FILES in MAIN"),
-        QStringLiteral("make definition ID_RECENT_FILES"),
-        append + QStringLiteral("MAIN"),
-        make,
-        insert + QStringLiteral("3 of ID_MnFile"),
-        QStringLiteral("start-up group"),
-        QStringLiteral("start-up group"), // once for itself and once for its menus
-        QStringLiteral("find ID_RECENT_FILES in START"),
-        QStringLiteral("make definition ID_RECENT_FILES"),
-        append + QStringLiteral("START"),
-        make,
-        insert + QStringLiteral("1 of ID_MnFile"),
-        QStringLiteral("refresh"),
-    };
-    QStringList calls = inHost.menuCalls();
-    QCOMPARE(calls.mid(0, primaryGroupSearch.size()), primaryGroupSearch);
-    QCOMPARE(calls.mid(calls.size() - afterTheGroup.size()), afterTheGroup);
+    const QString append = R"(append definition ID_RECENT_FILES "Recent Document Browser" ^C^C_RECENT ")" +
+                           mark + R"(Browse through recent documents." to )";
+    const QString insert = R"(insert PMI_RECENT_DOCUMENT_BROWSER ")" + mark +
+                           R"(Preview Recent Documents..." for ID_RECENT_FILES at )";
+    const QString make = R"(make entry nothing "" "" PMI_RECENT_DOCUMENT_BROWSER)";
+    const QStringList expected =
+        primaryGroupSearch +
+        QStringList({"enumerate", "next EXTENSION", "next MAIN", "next none", "enumerator released",
+                     "find ID_RECENT_FILES in MAIN", "make definition ID_RECENT_FILES", append + "MAIN", make,
+                     insert + "3 of ID_MnFile", "start-up group",
+                     "start-up group", // once for itself and once for its menus
+                     "find ID_RECENT_FILES in START", "make definition ID_RECENT_FILES", append + "START",
+                     make, insert + "1 of ID_MnFile", "refresh"});
+    QCOMPARE(inHost.menuCalls(), expected);
     QCOMPARE(childrenOf(inHost.file),
              QStringList({"MI_New", "MI_Open", "", "MI_Recent", browserEntry, "MI_Quit"}));
     QCOMPARE(childrenOf(inHost.startUpFile), QStringList({"MI_New", "MI_Recent", browserEntry, "MI_Quit"}));
-    QCOMPARE(inHost.menus.enumeratorsAlive, 0);
-}
-
-void tst_MenuIntegration::theEntryStandsWhereTheHostPutsIt_data()
-{
-    QTest::addColumn<bool>("behind");
-    QTest::addColumn<int>("position");
-    QTest::newRow("behind the reference") << true << 4;
-    QTest::newRow("in front of the reference") << false << 3;
-}
-
-void tst_MenuIntegration::theEntryStandsWhereTheHostPutsIt()
-{
-    QFETCH(bool, behind);
-    QFETCH(int, position);
-    MenusInHost inHost;
-    inHost.menus.insertsBehind = behind;
-    RecentDocumentBrowser::LoadMenu();
-    QCOMPARE(childrenOf(inHost.file).indexOf(browserEntry), position);
-}
-
-void tst_MenuIntegration::theDefinitionIsMadeOfFixedTexts()
-{
-    MenusInHost inHost;
-    RecentDocumentBrowser::LoadMenu();
-    for (const FakeGroup *group : {&inHost.primary, &inHost.startUp}) {
-        QCOMPARE(group->commands.size(), std::size_t(1));
-        const FakeCommand &definition = *group->commands.front();
-        QCOMPARE(definition.identifier, QStringLiteral("ID_RECENT_FILES"));
-        QCOMPARE(definition.name, QStringLiteral("Recent Document Browser"));
-        QCOMPARE(definition.macro, QStringLiteral("^C^C_RECENT"));
-        QCOMPARE(definition.helpString, QStringLiteral("Browse through recent documents."));
-    }
     // Each entry runs the definition of its own group.
     QCOMPARE(inHost.file.child(4).command, inHost.primary.commands.front().get());
     QCOMPARE(inHost.startUpFile.child(2).command, inHost.startUp.commands.front().get());
-    QVERIFY(inHost.extension.commands.empty());
-}
-
-void tst_MenuIntegration::shownTextsAreTranslatedAndNothingElse()
-{
-    MarkingTranslator translator;
-    QCoreApplication::installTranslator(&translator);
-    MenusInHost inHost;
-    RecentDocumentBrowser::LoadMenu();
-    QCoreApplication::removeTranslator(&translator);
-    const FakeCommand &definition = *inHost.primary.commands.front();
-    QCOMPARE(definition.helpString, QStringLiteral("QObject/Browse through recent documents."));
-    QCOMPARE(definition.identifier, QStringLiteral("ID_RECENT_FILES"));
-    QCOMPARE(definition.name, QStringLiteral("Recent Document Browser"));
-    QCOMPARE(definition.macro, QStringLiteral("^C^C_RECENT"));
-    const FakeMenuItem &entry = inHost.file.child(4);
-    QCOMPARE(entry.label, QStringLiteral("QObject/Preview Recent Documents..."));
-    QCOMPARE(entry.identifier, QStringLiteral("PMI_RECENT_DOCUMENT_BROWSER"));
 }
 
 void tst_MenuIntegration::anExistingDefinitionIsUsedAsItIs()
 {
     MenusInHost inHost;
+    inHost.extension.addCommand(browserDefinition); // which is of no use to the other groups
     FakeCommand &existing = inHost.primary.addCommand(browserDefinition);
-    existing.name = QStringLiteral("of somebody else");
-    existing.macro = QStringLiteral("^C_OTHER");
-    existing.helpString = QStringLiteral("Does something else.");
+    existing.macro = "^C_OTHER";
     RecentDocumentBrowser::LoadMenu();
-    QCOMPARE(inHost.primary.commands.size(), std::size_t(1));
-    QCOMPARE(existing.name, QStringLiteral("of somebody else"));
-    QCOMPARE(existing.macro, QStringLiteral("^C_OTHER"));
-    QCOMPARE(existing.helpString, QStringLiteral("Does something else."));
+    QCOMPARE(inHost.definitions(), QList<int>({1, 1}));
+    QCOMPARE(existing.name + existing.macro + existing.helpString, "^C_OTHER");
     QCOMPARE(inHost.file.child(4).command, &existing);
-    // What one group has is of no use to the other.
-    QCOMPARE(inHost.startUp.commands.size(), std::size_t(1));
-    QCOMPARE(inHost.startUp.commands.front()->macro, QStringLiteral("^C^C_RECENT"));
-}
-
-void tst_MenuIntegration::definitionsAreFoundByTheirExactIdentifier()
-{
-    MenusInHost inHost;
-    inHost.primary.addCommand(QStringLiteral("id_recent_files"));
-    inHost.extension.addCommand(browserDefinition);
-    RecentDocumentBrowser::LoadMenu();
-    QCOMPARE(inHost.primary.commands.size(), std::size_t(2));
-    QCOMPARE(inHost.primary.commands.back()->identifier, browserDefinition);
-    QCOMPARE(inHost.file.child(4).command, inHost.primary.commands.back().get());
+    QCOMPARE(inHost.startUp.commands.front()->macro, "^C^C_RECENT");
 }
 
 void tst_MenuIntegration::twiceIsOnce()
 {
     MenusInHost inHost;
     RecentDocumentBrowser::LoadMenu();
-    const QStringList inFile = childrenOf(inHost.file);
-    const QStringList inStartUpFile = childrenOf(inHost.startUpFile);
     const int objects = inHost.menus.objectsAlive;
     inHost.host.calls.clear();
     RecentDocumentBrowser::LoadMenu();
-    QCOMPARE(childrenOf(inHost.file), inFile);
-    QCOMPARE(childrenOf(inHost.startUpFile), inStartUpFile);
+    QCOMPARE(inHost.entries(), QList<int>({1, 1}));
     QCOMPARE(inHost.menus.objectsAlive, objects);
     const QStringList calls = inHost.menuCalls();
-    QCOMPARE(calls.filter(QRegularExpression(QStringLiteral("^(find|make|append|insert)"))), QStringList());
-    QCOMPARE(calls.constLast(), QStringLiteral("refresh")); // all the same
+    QCOMPARE(calls.filter(QRegularExpression("^(find|make|append|insert)")), QStringList());
+    QCOMPARE(calls.constLast(), "refresh"); // all the same
 }
 
 void tst_MenuIntegration::anEntryInTheMenuIsEnough_data()
@@ -166,9 +127,8 @@ void tst_MenuIntegration::anEntryInTheMenuIsEnough_data()
     QTest::newRow("at the front") << browserEntry << 0 << true;
     QTest::newRow("at the end") << browserEntry << 5 << true;
     QTest::newRow("in small letters") << browserEntry.toLower() << 2 << true;
-    QTest::newRow("in mixed letters") << QStringLiteral("Pmi_Recent_Document_Browser") << 5 << true;
-    QTest::newRow("a longer identifier") << browserEntry + QLatin1Char('2') << 2 << false;
-    QTest::newRow("its beginning") << QStringLiteral("PMI_RECENT_DOCUMENT") << 2 << false;
+    QTest::newRow("a longer identifier") << browserEntry + '2' << 2 << false;
+    QTest::newRow("its beginning") << "PMI_RECENT_DOCUMENT" << 2 << false;
 }
 
 void tst_MenuIntegration::anEntryInTheMenuIsEnough()
@@ -181,18 +141,16 @@ void tst_MenuIntegration::anEntryInTheMenuIsEnough()
                                 std::make_unique<FakeMenuItem>(inHost.menus, identifier));
     addRecentDocMenu(&inHost.file, &inHost.primary);
     QCOMPARE(inHost.file.GetChildCount(), isEnough ? 6 : 7);
-    QCOMPARE(inHost.primary.GetCommandCount(), isEnough ? 0 : 1); // not even the definition is looked for
-    QCOMPARE(inHost.menuCalls().isEmpty(), isEnough);
+    QCOMPARE(inHost.menuCalls().isEmpty(), isEnough); // not even the definition is looked for
 }
 
 void tst_MenuIntegration::anEntryElsewhereIsNotTheMenus()
 {
     MenusInHost inHost;
     inHost.file.child(1).add(browserEntry);
-    inHost.primary.addMenu(QStringLiteral("ID_MnOther")).add(browserEntry);
+    inHost.primary.addMenu("ID_MnOther").add(browserEntry);
     RecentDocumentBrowser::LoadMenu();
-    QCOMPARE(childrenOf(inHost.file).count(browserEntry), 1);
-    QCOMPARE(childrenOf(inHost.startUpFile).count(browserEntry), 1);
+    QCOMPARE(inHost.entries(), QList<int>({1, 1}));
 }
 
 void tst_MenuIntegration::theReferenceIsTheSecondEntryFromTheEnd_data()
@@ -200,11 +158,10 @@ void tst_MenuIntegration::theReferenceIsTheSecondEntryFromTheEnd_data()
     QTest::addColumn<int>("count");
     QTest::addColumn<QString>("reference");
     QTest::addColumn<int>("countAfterwards");
-    QTest::newRow("no entry") << 0 << QStringLiteral(" at -2 ") << 0;
-    QTest::newRow("one entry") << 1 << QStringLiteral(" at -1 ") << 1;
-    QTest::newRow("two entries") << 2 << QStringLiteral(" at 0 ") << 3;
-    QTest::newRow("three entries") << 3 << QStringLiteral(" at 1 ") << 4;
-    QTest::newRow("many entries") << 40 << QStringLiteral(" at 38 ") << 41;
+    QTest::newRow("no entry") << 0 << " at -2 " << 0; // and the host refuses
+    QTest::newRow("one entry") << 1 << " at -1 " << 1;
+    QTest::newRow("two entries") << 2 << " at 0 " << 3;
+    QTest::newRow("many entries") << 40 << " at 38 " << 41;
 }
 
 void tst_MenuIntegration::theReferenceIsTheSecondEntryFromTheEnd()
@@ -218,11 +175,43 @@ void tst_MenuIntegration::theReferenceIsTheSecondEntryFromTheEnd()
         inHost.file.add(QStringLiteral("MI_%1").arg(i));
     const int objects = inHost.menus.objectsAlive;
     addRecentDocMenu(&inHost.file, &inHost.primary);
-    QCOMPARE(inHost.menuCalls().filter(QStringLiteral("insert")).size(), 1);
-    QVERIFY2(inHost.menuCalls().constLast().contains(reference), qPrintable(inHost.menuCalls().constLast()));
+    const QStringList inserts = inHost.menuCalls().filter("insert");
+    QCOMPARE(inserts.size(), 1);
+    QVERIFY2(inserts.first().contains(reference), qPrintable(inserts.first()));
     QCOMPARE(inHost.file.GetChildCount(), countAfterwards);
     // The definition, and the entry only if it has found its place.
     QCOMPARE(inHost.menus.objectsAlive, objects + 1 + (countAfterwards - count));
+}
+
+void tst_MenuIntegration::theFirstRecentDocumentBringsTheEntry()
+{
+    MenusInHost inHost;
+    inHost.host.setRecent({});
+    inHost.editorReactor().mainFrameCreated(nullptr);
+    QCOMPARE(inHost.definitions(), QList<int>({1, 1}));
+    QCOMPARE(inHost.entries(), QList<int>({0, 0}));
+    QCOMPARE(inHost.menuCalls().filter("make entry"), QStringList());
+    QCOMPARE(inHost.menuCalls().constLast(), "refresh");
+
+    inHost.host.setRecent({"/drawings/a.dwg"});
+    inHost.documentReactor().DocumentCreated(nullptr);
+    QCOMPARE(inHost.definitions(), QList<int>({1, 1}));
+    QCOMPARE(inHost.entries(), QList<int>({1, 1}));
+    QCOMPARE(inHost.file.child(4).command, inHost.primary.commands.front().get());
+}
+
+void tst_MenuIntegration::aDocumentFillsTheMenusBeforeTheCacheIsEmptied()
+{
+    MenusInHost inHost;
+    RecentDocumentBrowser::recentFileImageMap.insert("/drawings/a.dwg", QImage());
+    int cachedAtRefresh = -1;
+    inHost.menus.onCall = [&cachedAtRefresh](const QString &call) {
+        if (call == "refresh")
+            cachedAtRefresh = RecentDocumentBrowser::recentFileImageMap.size();
+    };
+    inHost.documentReactor().DocumentCreated(nullptr);
+    QCOMPARE(cachedAtRefresh, 1);
+    QVERIFY(RecentDocumentBrowser::recentFileImageMap.isEmpty());
 }
 
 void tst_MenuIntegration::nothingOfTheHostsIsKeptBetweenCalls()
@@ -232,14 +221,95 @@ void tst_MenuIntegration::nothingOfTheHostsIsKeptBetweenCalls()
     // A host that builds its menus anew; what was there is gone.
     inHost.menus.groups.clear();
     inHost.menus.startUp.reset();
-    FakeMenuItem &file =
-        inHost.menus.addGroup(QStringLiteral("NEW"), true).addMenu(QStringLiteral("ID_MnFile"));
-    file.add(QStringLiteral("MI_New"));
-    file.add(QStringLiteral("MI_Quit"));
+    FakeMenuItem &file = inHost.menus.addGroup("NEW", true).addMenu("ID_MnFile");
+    file.add("MI_New");
+    file.add("MI_Quit");
     RecentDocumentBrowser::LoadMenu();
     QCOMPARE(childrenOf(file), QStringList({"MI_New", browserEntry, "MI_Quit"}));
     RecentDocumentBrowser::UnLoadMenu(&file);
     RecentDocumentBrowser::SetShortCutKey();
+}
+
+void tst_MenuIntegration::theHostsExceptionLeavesNothingBehind()
+{
+    MenusInHost inHost;
+    inHost.menus.onCall = [](const QString &call) {
+        if (call.startsWith("insert"))
+            throw std::runtime_error("the host refuses");
+    };
+    const int objects = inHost.menus.objectsAlive;
+    QVERIFY_EXCEPTION_THROWN(RecentDocumentBrowser::LoadMenu(), std::runtime_error);
+    QCOMPARE(inHost.menus.objectsAlive, objects + 1); // the definition
+    QCOMPARE(inHost.menus.enumeratorsAlive, 0);
+}
+
+void tst_MenuIntegration::theKeyIsBoundToTheDefinition()
+{
+    QFETCH(QString, mark);
+    const Translation translation(mark);
+    MenusInHost inHost;
+    FakeCommand &definition = inHost.primary.addCommand(browserDefinition);
+    for (FakeGroup *other : {&inHost.startUp, &inHost.extension}) // whose keys do not count
+        other->addAccelerator("ACC_Other", QKeySequence(Qt::Key_F4));
+    for (int i = 0; i < 2; ++i)
+        RecentDocumentBrowser::SetShortCutKey();
+    const QStringList once =
+        primaryGroupSearch +
+        QStringList({"find ID_RECENT_FILES in MAIN", R"(make accelerator "" for ID_RECENT_FILES)",
+                     R"(append accelerator "" ")" + mark +
+                         R"(Preview Recent Documents..." F4 for ID_RECENT_FILES to MAIN)"});
+    QCOMPARE(inHost.menuCalls(), once + primaryGroupSearch + QStringList("find ID_RECENT_FILES in MAIN"));
+    QCOMPARE(inHost.keys(), QList<int>({1, 1, 1}));
+    QCOMPARE(inHost.primary.accelerators.front()->command, &definition);
+}
+
+void tst_MenuIntegration::withoutADefinitionNoKeyIsBound()
+{
+    MenusInHost inHost;
+    for (FakeGroup *other : {&inHost.startUp, &inHost.extension})
+        other->addCommand(browserDefinition);
+    RecentDocumentBrowser::SetShortCutKey();
+    inHost.primary.isPrimary = false;
+    RecentDocumentBrowser::SetShortCutKey();
+    QCOMPARE(inHost.keys(), QList<int>({0, 0, 0}));
+    QCOMPARE(inHost.menuCalls().filter("make"), QStringList());
+}
+
+void tst_MenuIntegration::aTakenKeyStaysWithItsOwner_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<bool>("isTaken");
+    QTest::newRow("F4") << "F4" << true;
+    QTest::newRow("no key") << "" << false;
+    QTest::newRow("F4 with a modifier") << "Ctrl+F4" << false;
+    QTest::newRow("F4 as the first of two strokes") << "F4, A" << false;
+    QTest::newRow("another key") << "F5" << false;
+    QTest::newRow("a key whose name begins so") << "F" << false;
+}
+
+void tst_MenuIntegration::aTakenKeyStaysWithItsOwner()
+{
+    QFETCH(QString, key);
+    QFETCH(bool, isTaken);
+    MenusInHost inHost;
+    inHost.primary.addCommand(browserDefinition);
+    inHost.primary.addAccelerator("ACC_New", QKeySequence("Ctrl+N"));
+    const FakeAccelerator &owner = inHost.primary.addAccelerator("ACC_Other", QKeySequence(key));
+    RecentDocumentBrowser::SetShortCutKey();
+    QCOMPARE(inHost.primary.GetAcceleratorCount(), isTaken ? 2 : 3);
+    QCOMPARE(inHost.menuCalls().filter("make").size(), isTaken ? 0 : 1);
+    QCOMPARE(owner.key.toString(QKeySequence::PortableText), key);
+    QVERIFY(!owner.command);
+}
+
+void tst_MenuIntegration::aKeyThatTheHostCannotMakeIsLeftOut()
+{
+    MenusInHost inHost;
+    inHost.primary.addCommand(browserDefinition);
+    inHost.menus.makesAccelerators = false;
+    RecentDocumentBrowser::SetShortCutKey();
+    QCOMPARE(inHost.menuCalls().filter("make accelerator").size(), 1);
+    QCOMPARE(inHost.keys(), QList<int>({0, 0, 0}));
 }
 
 QTEST_MAIN(tst_MenuIntegration)

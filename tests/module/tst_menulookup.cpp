@@ -7,213 +7,210 @@
 
 namespace {
 
-CFxUIMenuItem *inGroups(const char *id)
+const QString acceleratorIdentifier = "MA_RECENT_DOCUMENT_BROWSER_ACC";
+
+CFxUIMenuItem *inGroups(const QString &id)
 {
-    return RecentDocumentBrowser::GetMenuItem(QString::fromLatin1(id));
+    return RecentDocumentBrowser::GetMenuItem(id);
 }
 
-CFxUIMenuItem *inStartUpMenus(const char *id)
+CFxUIMenuItem *inStartUpMenus(const QString &id)
 {
-    return GetStartUpMenuItem(QString::fromLatin1(id));
+    return GetStartUpMenuItem(id);
 }
 
 } // namespace
 
-//! How the module finds its way in the host's menus.
+//! How the module finds its way in the host's menus, and that in the end it looks and takes nothing away.
 class tst_MenuLookup : public TestCase
 {
     Q_OBJECT
 
 private slots:
     void theFirstPrimaryGroupIsTakenInTheHostsOrder();
-    void withoutAPrimaryGroupThereIsNone_data();
-    void withoutAPrimaryGroupThereIsNone();
-    void theWalkEndsOnEveryWay_data();
-    void theWalkEndsOnEveryWay();
-    void theHostsExceptionsEndTheWalkToo_data();
     void theHostsExceptionsEndTheWalkToo();
     void theFirstMenuOfTheIdentifierIsFound();
-    void groupsWithoutMenusArePassedBy();
-    void identifiersAreComparedExactly_data();
     void identifiersAreComparedExactly();
-    void onlyTopLevelMenusAreFound();
-    void eachSetOfMenusIsSearchedAlone();
-    void whereTheHostLacksThemNoMenuIsFound_data();
-    void whereTheHostLacksThemNoMenuIsFound();
+    void eachSetOfMenusIsSearchedAloneAndOnlyAtItsTop();
+
+    void eachChildUpToTheEntryMeansASearch_data();
+    void eachChildUpToTheEntryMeansASearch();
+    void theFirstAcceleratorOfTheIdentifierIsFetched_data();
+    void theFirstAcceleratorOfTheIdentifierIsFetched();
+    void withoutAGroupNoAcceleratorIsSought();
+    void withoutAMenuOrServicesNothingIsLookedAt();
+    void theMainFramesEndLooksAtTheStartUpMenusFirst();
+    void afterTheMainFramesEndEverythingStands();
 };
 
 void tst_MenuLookup::theFirstPrimaryGroupIsTakenInTheHostsOrder()
 {
     MenusInHost inHost;
-    FakeGroup &second = inHost.menus.addGroup(QStringLiteral("SECOND"), true);
+    FakeGroup &second = inHost.menus.addGroup("SECOND", true);
     QCOMPARE(GetCommandGroup(), &inHost.primary);
     QCOMPARE(inHost.menuCalls(), primaryGroupSearch); // the groups behind it are not asked for
     inHost.primary.isPrimary = false;
     QCOMPARE(GetCommandGroup(), &second);
 }
 
-void tst_MenuLookup::withoutAPrimaryGroupThereIsNone_data()
-{
-    QTest::addColumn<QString>("lack");
-    QTest::newRow("no services") << QStringLiteral("services");
-    QTest::newRow("no customisation") << QStringLiteral("customisation");
-    QTest::newRow("no groups") << QStringLiteral("groups");
-    QTest::newRow("none of them primary") << QStringLiteral("primary");
-}
-
-void tst_MenuLookup::withoutAPrimaryGroupThereIsNone()
-{
-    QFETCH(QString, lack);
-    MenusInHost inHost;
-    inHost.host.hasServices = lack != QLatin1String("services");
-    inHost.host.hasCustomization = lack != QLatin1String("customisation");
-    if (lack == QLatin1String("groups"))
-        inHost.menus.groups.clear();
-    else if (lack == QLatin1String("primary"))
-        inHost.primary.isPrimary = false;
-    QVERIFY(!GetCommandGroup());
-}
-
-void tst_MenuLookup::theWalkEndsOnEveryWay_data()
-{
-    QTest::addColumn<bool>("found");
-    QTest::newRow("when there is a primary group") << true;
-    QTest::newRow("when there is none") << false;
-}
-
-void tst_MenuLookup::theWalkEndsOnEveryWay()
-{
-    QFETCH(bool, found);
-    MenusInHost inHost;
-    inHost.primary.isPrimary = found;
-    QCOMPARE(GetCommandGroup() != nullptr, found);
-    QCOMPARE(inHost.menus.enumeratorsMade, 1);
-    QCOMPARE(inHost.menus.enumeratorsAlive, 0);
-    QVERIFY(inGroups("ID_MnFile"));
-    QVERIFY(!inGroups("ID_MnNone"));
-    QCOMPARE(inHost.menus.enumeratorsMade, 3);
-    QCOMPARE(inHost.menus.enumeratorsAlive, 0);
-}
-
-void tst_MenuLookup::theHostsExceptionsEndTheWalkToo_data()
-{
-    QTest::addColumn<QString>("where");
-    QTest::addColumn<bool>("byPrimary");
-    QTest::newRow("asked whether a group is primary") << QStringLiteral("primary? MAIN") << true;
-    QTest::newRow("asked for the next group, when it seeks the primary one")
-        << QStringLiteral("next MAIN") << true;
-    QTest::newRow("asked for the next group, when it seeks a menu") << QStringLiteral("next MAIN") << false;
-}
-
 void tst_MenuLookup::theHostsExceptionsEndTheWalkToo()
 {
-    QFETCH(QString, where);
-    QFETCH(bool, byPrimary);
     MenusInHost inHost;
-    inHost.menus.onCall = [where](const QString &call) {
-        if (call == where)
-            throw std::runtime_error("the host refuses");
-    };
-    if (byPrimary)
+    for (const char *where : {"primary? MAIN", "next MAIN"}) {
+        inHost.menus.onCall = [where](const QString &call) {
+            if (call == where)
+                throw std::runtime_error("the host refuses");
+        };
         QVERIFY_EXCEPTION_THROWN(GetCommandGroup(), std::runtime_error);
-    else
-        QVERIFY_EXCEPTION_THROWN(inGroups("ID_MnFile"), std::runtime_error);
-    QCOMPARE(inHost.menus.enumeratorsMade, 1);
+        QCOMPARE(inHost.menus.enumeratorsAlive, 0);
+    }
+    QVERIFY_EXCEPTION_THROWN(inGroups("ID_MnFile"), std::runtime_error);
     QCOMPARE(inHost.menus.enumeratorsAlive, 0);
 }
 
 void tst_MenuLookup::theFirstMenuOfTheIdentifierIsFound()
 {
     MenusInHost inHost;
-    inHost.primary.addMenu(QStringLiteral("ID_MnFile")); // behind the one in its own group
-    inHost.menus.addGroup(QStringLiteral("LAST"), true).addMenu(QStringLiteral("ID_MnFile"));
+    inHost.primary.addMenu("ID_MnFile"); // behind the one in its own group
+    inHost.menus.addGroup("LAST", true).addMenu("ID_MnFile");
     QCOMPARE(inGroups("ID_MnFile"), &inHost.file);
     // The host's order of groups counts, and not which is primary.
-    inHost.extension.addMenu(QStringLiteral("ID_MnOther"));
-    FakeMenuItem &earlier = inHost.extension.addMenu(QStringLiteral("ID_MnFile"));
+    inHost.extension.addMenu("ID_MnOther");
+    FakeMenuItem &earlier = inHost.extension.addMenu("ID_MnFile");
     QCOMPARE(inGroups("ID_MnFile"), &earlier);
-
-    inHost.startUp.addMenu(QStringLiteral("ID_MnFile"));
+    inHost.startUp.addMenu("ID_MnFile");
     QCOMPARE(inStartUpMenus("ID_MnFile"), &inHost.startUpFile);
-}
-
-void tst_MenuLookup::groupsWithoutMenusArePassedBy()
-{
-    MenusInHost inHost;
-    QCOMPARE(inHost.extension.GetMenuCount(), 0);
-    QCOMPARE(inGroups("ID_MnFile"), &inHost.file);
-    inHost.startUp.menus.clear();
-    QVERIFY(!inStartUpMenus("ID_MnFile"));
-    inHost.primary.menus.clear();
-    QVERIFY(!inGroups("ID_MnFile"));
-}
-
-void tst_MenuLookup::identifiersAreComparedExactly_data()
-{
-    QTest::addColumn<QString>("identifier");
-    QTest::newRow("other case") << QStringLiteral("ID_MNFILE");
-    QTest::newRow("only its beginning") << QStringLiteral("ID_MnFil");
-    QTest::newRow("more than it") << QStringLiteral("ID_MnFile2");
-    QTest::newRow("blanks around it") << QStringLiteral(" ID_MnFile ");
-    QTest::newRow("the empty identifier") << QString();
 }
 
 void tst_MenuLookup::identifiersAreComparedExactly()
 {
-    QFETCH(QString, identifier);
-    MenusInHost inHost;
-    inHost.file.identifier = identifier;
-    inHost.startUpFile.identifier = identifier;
-    QVERIFY(!inGroups("ID_MnFile"));
-    QVERIFY(!inStartUpMenus("ID_MnFile"));
-    QCOMPARE(inGroups(qPrintable(identifier)), &inHost.file);
-    QCOMPARE(inStartUpMenus(qPrintable(identifier)), &inHost.startUpFile);
+    const QStringList identifiers = {"ID_MNFILE", "ID_MnFil", "ID_MnFile2", " ID_MnFile ", ""};
+    for (const QString &identifier : identifiers) {
+        MenusInHost inHost;
+        inHost.file.identifier = identifier;
+        inHost.startUpFile.identifier = identifier;
+        QVERIFY2(!inGroups("ID_MnFile") && !inStartUpMenus("ID_MnFile"), qPrintable(identifier));
+        QCOMPARE(inGroups(identifier), &inHost.file);
+        QCOMPARE(inStartUpMenus(identifier), &inHost.startUpFile);
+    }
 }
 
-void tst_MenuLookup::onlyTopLevelMenusAreFound()
+void tst_MenuLookup::eachSetOfMenusIsSearchedAloneAndOnlyAtItsTop()
 {
     MenusInHost inHost;
-    inHost.file.add(QStringLiteral("ID_MnInside"));
-    inHost.startUpFile.add(QStringLiteral("ID_MnInside"));
-    QVERIFY(!inGroups("ID_MnInside"));
-    QVERIFY(!inStartUpMenus("ID_MnInside"));
-}
-
-void tst_MenuLookup::eachSetOfMenusIsSearchedAlone()
-{
-    MenusInHost inHost;
-    FakeMenuItem &ofGroups = inHost.primary.addMenu(QStringLiteral("ID_MnWindow"));
-    FakeMenuItem &ofStartUp = inHost.startUp.addMenu(QStringLiteral("ID_MnWelcome"));
+    FakeMenuItem &ofGroups = inHost.primary.addMenu("ID_MnWindow");
+    FakeMenuItem &ofStartUp = inHost.startUp.addMenu("ID_MnWelcome");
     QCOMPARE(inGroups("ID_MnWindow"), &ofGroups);
     QVERIFY(!inGroups("ID_MnWelcome"));
     QCOMPARE(inStartUpMenus("ID_MnWelcome"), &ofStartUp);
     QVERIFY(!inStartUpMenus("ID_MnWindow"));
+    QVERIFY(!inGroups("MI_Open") && !inStartUpMenus("MI_Recent"));
 }
 
-void tst_MenuLookup::whereTheHostLacksThemNoMenuIsFound_data()
+void tst_MenuLookup::eachChildUpToTheEntryMeansASearch_data()
 {
-    QTest::addColumn<bool>("services");
-    QTest::addColumn<bool>("customization");
-    QTest::addColumn<bool>("anyGroup");
-    QTest::newRow("no services") << false << true << true;
-    QTest::newRow("no customisation") << true << false << true;
-    QTest::newRow("no group at all") << true << true << false;
+    QTest::addColumn<QStringList>("children");
+    QTest::addColumn<int>("visited");
+    const QString other = "MI_New";
+    QTest::newRow("no children") << QStringList() << 0;
+    QTest::newRow("the entry first") << QStringList({browserEntry, other, other}) << 1;
+    QTest::newRow("the entry third") << QStringList({other, other, browserEntry, other}) << 3;
+    QTest::newRow("the entry in other letters") << QStringList({other, browserEntry.toLower(), other}) << 2;
+    QTest::newRow("no entry") << QStringList({other, other, other, other}) << 4;
 }
 
-void tst_MenuLookup::whereTheHostLacksThemNoMenuIsFound()
+void tst_MenuLookup::eachChildUpToTheEntryMeansASearch()
 {
-    QFETCH(bool, services);
-    QFETCH(bool, customization);
-    QFETCH(bool, anyGroup);
+    QFETCH(QStringList, children);
+    QFETCH(int, visited);
     MenusInHost inHost;
-    inHost.host.hasServices = services;
-    inHost.host.hasCustomization = customization;
-    if (!anyGroup) {
-        inHost.menus.groups.clear();
-        inHost.menus.startUp.reset();
-    }
-    QVERIFY(!inGroups("ID_MnFile"));
-    QVERIFY(!inStartUpMenus("ID_MnFile"));
+    inHost.file.children.clear();
+    for (const QString &child : qAsConst(children))
+        inHost.file.add(child);
+    RecentDocumentBrowser::UnLoadMenu(&inHost.file);
+    QCOMPARE(inHost.menuCalls().count("enumerate"), visited);
+    QCOMPARE(childrenOf(inHost.file), children);
+}
+
+void tst_MenuLookup::theFirstAcceleratorOfTheIdentifierIsFetched_data()
+{
+    QTest::addColumn<QStringList>("identifiers");
+    QTest::addColumn<int>("last");
+    const QString it = acceleratorIdentifier;
+    QTest::newRow("the first") << QStringList({it, "ACC_Other", "ACC_Other"}) << 0;
+    QTest::newRow("the second") << QStringList({"ACC_Other", it, "ACC_Other"}) << 1;
+    QTest::newRow("in other letters") << QStringList({"ACC_Other", it.toLower(), "ACC_Other"}) << 1;
+    QTest::newRow("two of them") << QStringList({it, it, "ACC_Other"}) << 0;
+    QTest::newRow("none") << QStringList({"ACC_Other", it + '2'}) << 1;
+}
+
+void tst_MenuLookup::theFirstAcceleratorOfTheIdentifierIsFetched()
+{
+    QFETCH(QStringList, identifiers);
+    QFETCH(int, last);
+    MenusInHost inHost;
+    for (const QString &identifier : qAsConst(identifiers))
+        inHost.primary.addAccelerator(identifier, QKeySequence(Qt::Key_F9));
+    RecentDocumentBrowser::UnLoadMenu(&inHost.file);
+    const QList<int> &fetched = inHost.primary.acceleratorsFetched;
+    QVERIFY(!fetched.isEmpty());
+    QCOMPARE(*std::max_element(fetched.begin(), fetched.end()), last);
+    QVERIFY(inHost.startUp.acceleratorsFetched.isEmpty());
+    QVERIFY(inHost.extension.acceleratorsFetched.isEmpty());
+}
+
+void tst_MenuLookup::withoutAGroupNoAcceleratorIsSought()
+{
+    MenusInHost inHost;
+    inHost.primary.addAccelerator(acceleratorIdentifier, QKeySequence(Qt::Key_F4));
+    inHost.primary.isPrimary = false;
+    RecentDocumentBrowser::UnLoadMenu(&inHost.file);
+    QCOMPARE(inHost.menuCalls().count("enumerate"), 5);
+    inHost.primary.isPrimary = true;
+    inHost.file.children.clear();
+    RecentDocumentBrowser::UnLoadMenu(&inHost.file);
+    QCOMPARE(inHost.menuCalls().count("enumerate"), 5);
+    QCOMPARE(inHost.primary.acceleratorsFetched, QList<int>());
+}
+
+void tst_MenuLookup::withoutAMenuOrServicesNothingIsLookedAt()
+{
+    MenusInHost inHost;
+    RecentDocumentBrowser::UnLoadMenu(nullptr);
+    inHost.host.hasServices = false;
+    RecentDocumentBrowser::UnLoadMenu(&inHost.file);
+    QCOMPARE(inHost.host.calls, QStringList());
+}
+
+void tst_MenuLookup::theMainFramesEndLooksAtTheStartUpMenusFirst()
+{
+    MenusInHost inHost;
+    inHost.editorReactor().mainFrameCreated(nullptr);
+    inHost.host.calls.clear();
+    inHost.editorReactor().mainFrameDestroyed(nullptr);
+    QString calls = inHost.menuCalls().join(", ");
+    calls.replace(primaryGroupSearch.join(", "), "group");
+    // In the start-up menus the entry is the third child, in the others the fifth.
+    QCOMPARE(calls, "start-up group, group, group, group, "
+                    "enumerate, next EXTENSION, next MAIN, next none, enumerator released, "
+                    "group, group, group, group, group");
+}
+
+void tst_MenuLookup::afterTheMainFramesEndEverythingStands()
+{
+    MenusInHost inHost;
+    inHost.module->initApp();
+    inHost.editorReactor().mainFrameCreated(nullptr);
+    QCOMPARE(inHost.keys(), QList<int>({0, 0, 0})); // the key is only bound on request
+    RecentDocumentBrowser::SetShortCutKey();
+    const int objects = inHost.menus.objectsAlive;
+    inHost.editorReactor().mainFrameDestroyed(nullptr);
+    inHost.end();
+    QCOMPARE(inHost.menus.objectsAlive, objects);
+    QCOMPARE(inHost.entries(), QList<int>({1, 1}));
+    QCOMPARE(inHost.definitions(), QList<int>({1, 1}));
+    QCOMPARE(inHost.keys(), QList<int>({1, 0, 0}));
+    QCOMPARE(inHost.menuCalls().count("refresh"), 1); // at the beginning
 }
 
 QTEST_MAIN(tst_MenuLookup)

@@ -2,31 +2,12 @@
 #include "tests/support/TestCase.h"
 #include "tests/support/WholeLife.h"
 
-#include <OdRxAlloc.h>
-
-#include <cstdlib>
 #include <stdexcept>
 #include <utility>
 
 using Switch = WholeLife::Switch;
 Q_DECLARE_METATYPE(Switch)
 Q_DECLARE_METATYPE(LifeReport)
-
-namespace {
-bool hasMemory = true;
-}
-
-// In place of the runtime library's own, in this program alone.
-
-void *odrxAlloc(std::size_t size)
-{
-    return hasMemory ? std::malloc(size) : nullptr;
-}
-
-void odrxFree(void *memory)
-{
-    std::free(memory);
-}
 
 //! What the module does, from its creation to its deletion, in a host that lacks one thing.
 class tst_MissingServices : public TestCase
@@ -83,7 +64,7 @@ LifeReport operator+(LifeReport report, const LifeReport &other)
 //! Without popups there is no line of what is done with them.
 LifeReport withoutPopup(LifeReport report)
 {
-    report.insert("popup", "none");
+    report["popup"] = "none";
     for (const char *line : {"tiles", "pictures", "Right leads to", "Control+click leads to", "pinned",
                              "Enter opens", "popup after Enter", "help runs", "popup after help",
                              "popup after the folder", "double-click opens", "popup after the double-click"})
@@ -91,7 +72,8 @@ LifeReport withoutPopup(LifeReport report)
     return report;
 }
 
-const LifeReport noEntries = {{"menu entries", "file: no, start-up: no"}, {"menus refreshed", "no"}};
+const LifeReport noEntries = {{"menu entries", "file: no, start-up: no"}};
+const LifeReport noMenus = noEntries + LifeReport{{"menus refreshed", "no"}};
 //! A popup with a header alone. Only its help icon is of use.
 const LifeReport noTiles = {{"pins", "0"},
                             {"tiles", "0"},
@@ -103,11 +85,12 @@ const LifeReport noTiles = {{"pins", "0"},
                             {"popup after the folder", "open"},
                             {"double-click opens", ""},
                             {"popup after the double-click", "open"}};
-const LifeReport nothingOpens = {{"Enter opens", ""}, {"double-click opens", ""}};
-//! Who never hears of a main window.
-const LifeReport noWindow = noEntries + LifeReport{{"registered with a window", "_RECENT documents"},
-                                                   {"registered", "_RECENT documents"},
-                                                   {"registered at the end", "_RECENT documents"}};
+//! For a module that is never notified of a main window.
+const LifeReport noWindow = noMenus + LifeReport{{"registered with a window", "_RECENT documents"},
+                                                 {"registered", "_RECENT documents"},
+                                                 {"registered at the end", "_RECENT documents"}};
+const LifeReport noDocuments = {{"registered", "_RECENT editor"},
+                                {"registered with a window", "_RECENT _RHELP editor"}};
 
 //! The host loses one of what it says it has.
 Switch without(bool FakeHost::*what)
@@ -133,140 +116,127 @@ Switch throwing(std::function<void()> FakeHost::*hook, const char *line, Excepti
 
 const std::runtime_error refusal("the host refuses");
 
-void row(const char *name, const Switch &missing, const LifeReport &report, const Switch &withPopup = {})
+void row(const char *name, const Switch &missing, const LifeReport &changes)
 {
-    QTest::newRow(name) << missing << withPopup << report;
+    QTest::newRow(name) << missing << Switch() << wholeLife + changes;
 }
 
 void rowsOfServices()
 {
-    row("nothing", {}, wholeLife);
-    const LifeReport noList =
-        withoutPopup(wholeLife + LifeReport{{"menu entries", "file: no, start-up: no"}, {"pins", "0"}});
-    row("services", without(&FakeHost::hasServices),
-        withoutPopup(wholeLife + noEntries +
-                     LifeReport{{"registered", "_RECENT editor"},
-                                {"registered with a window", "_RECENT _RHELP editor"},
-                                {"pins", "0"}}));
-    row("application", without(&FakeHost::hasApplication), noList);
-    row("user profile", without(&FakeHost::hasUserProfile), noList);
-    row("recent-file list", without(&FakeHost::hasRecentFileList), noList);
-    row(
-        "recent documents", [](WholeLife &life, bool) { life.host.setRecent({}); },
-        wholeLife + noTiles + LifeReport{{"menu entries", "file: no, start-up: no"}, {"pictures", "0"}});
-    row("main frame object", without(&FakeHost::hasMainFrame), wholeLife + LifeReport{{"popup", "alone"}});
-    row("main window", without(&FakeHost::hasMainWindow), wholeLife + LifeReport{{"popup", "alone"}});
-    row("document manager", without(&FakeHost::hasDocumentManager),
-        wholeLife + noTiles +
-            LifeReport{{"registered", "_RECENT editor"},
-                       {"registered with a window", "_RECENT _RHELP editor"}});
-    row("drawings that can be opened", without(&FakeHost::opensDocuments), wholeLife);
-    row("handle to a command's run", without(&FakeHost::runCommandGivesHandle), wholeLife);
-    row("memory", [](WholeLife &, bool has) { hasMemory = has; },
-        {{"created", "threw"}, {"left behind", "nothing"}, {"references kept", "0"}});
+    row("nothing", {}, {});
+    const auto withoutList = [](const char *name, const Switch &missing, const LifeReport &changes) {
+        const LifeReport noPins = {{"pins", "0"}};
+        QTest::newRow(name) << missing << Switch() << withoutPopup(wholeLife + noPins + changes);
+    };
+    withoutList("services", without(&FakeHost::hasServices), noMenus + noDocuments);
+    withoutList("application", without(&FakeHost::hasApplication), noEntries);
+    withoutList("user profile", without(&FakeHost::hasUserProfile), noEntries);
+    withoutList("recent-file list", without(&FakeHost::hasRecentFileList), noEntries);
+    const Switch forgets = [](WholeLife &life, bool) { life.host.setRecent({}); };
+    row("recent documents", forgets, noEntries + noTiles + LifeReport{{"pictures", "0"}});
+    row("main frame object", without(&FakeHost::hasMainFrame), {{"popup", "alone"}});
+    row("main window", without(&FakeHost::hasMainWindow), {{"popup", "alone"}});
+    row("document manager", without(&FakeHost::hasDocumentManager), noTiles + noDocuments);
+    row("drawings that can be opened", without(&FakeHost::opensDocuments), {});
+    row("handle to a command's run", without(&FakeHost::runCommandGivesHandle), {});
+    const Switch isFull = [](WholeLife &, bool has) { FakeMemory::isOut = !has; };
+    QTest::newRow("memory") << isFull << Switch()
+                            << LifeReport{{"created", "threw"},
+                                          {"left behind", "nothing"},
+                                          {"references kept", "0"}};
 }
 
 void rowsOfMenus()
 {
-    row("customisation", without(&FakeHost::hasCustomization), wholeLife + noEntries);
-    row(
-        "customisation groups", [](WholeLife &life, bool) { life.takenOut = std::move(life.menus.groups); },
-        wholeLife + noEntries);
-    row(
-        "primary group", [](WholeLife &life, bool) { life.menus.groups.front()->isPrimary = false; },
-        wholeLife + noEntries);
-    row(
-        "start-up group",
-        [](WholeLife &life, bool) { life.takenOut.push_back(std::move(life.menus.startUp)); },
-        wholeLife + LifeReport{{"menu entries", "file: yes, start-up: no"}, {"menus refreshed", "no"}});
-    row(
-        "File menu", [](WholeLife &life, bool) { life.file.identifier = QStringLiteral("ID_MnEdit"); },
-        wholeLife + LifeReport{{"menu entries", "file: no, start-up: yes"}});
-    row(
-        "entries of the File menu", [](WholeLife &life, bool) { life.file.children.clear(); },
-        wholeLife + LifeReport{{"menu entries", "file: no, start-up: yes"}});
-    row(
-        "start-up File menu",
-        [](WholeLife &life, bool) { life.startUpFile.identifier = QStringLiteral("ID_MnEdit"); },
-        wholeLife + LifeReport{{"menu entries", "file: yes, start-up: no"}});
-    row(
-        "definitions", [](WholeLife &life, bool) { life.menus.makesCommands = false; },
-        wholeLife + LifeReport{{"menu entries", "file: no, start-up: no"}});
-    row(
-        "menu entries", [](WholeLife &life, bool) { life.menus.makesMenuItems = false; },
-        wholeLife + LifeReport{{"menu entries", "file: no, start-up: no"}});
+    using Loss = void (*)(WholeLife &);
+    const auto loses = [](const char *name, Loss loss, const LifeReport &changes) {
+        row(
+            name, [loss](WholeLife &life, bool) { loss(life); }, changes);
+    };
+    const LifeReport onlyFile = {{"menu entries", "file: yes, start-up: no"}};
+    const LifeReport onlyStartUp = {{"menu entries", "file: no, start-up: yes"}};
+    row("customisation", without(&FakeHost::hasCustomization), noMenus);
+    loses(
+        "groups", [](WholeLife &life) { life.takenOut = std::move(life.menus.groups); }, noMenus);
+    loses(
+        "primary group", [](WholeLife &life) { life.primary.isPrimary = false; }, noMenus);
+    loses(
+        "start-up group", [](WholeLife &life) { life.takenOut.push_back(std::move(life.menus.startUp)); },
+        onlyFile + LifeReport{{"menus refreshed", "no"}});
+    loses(
+        "File menu", [](WholeLife &life) { life.file.identifier = "ID_MnEdit"; }, onlyStartUp);
+    loses(
+        "entries of the File menu", [](WholeLife &life) { life.file.children.clear(); }, onlyStartUp);
+    loses(
+        "start-up File menu", [](WholeLife &life) { life.startUpFile.identifier = "ID_Mn"; }, onlyFile);
+    loses(
+        "definitions", [](WholeLife &life) { life.menus.makesCommands = false; }, noEntries);
+    loses(
+        "menu entries", [](WholeLife &life) { life.menus.makesMenuItems = false; }, noEntries);
 }
 
 void rowsOfTheEngine()
 {
-    const LifeReport noCommands = {{"registered", "documents editor"},
-                                   {"registered with a window", "documents editor"}};
-    row("command stack", without(&FakeHost::hasCommandStack), wholeLife + noCommands);
-    row("editor", without(&FakeHost::hasEditor), wholeLife + noWindow);
+    row("command stack", without(&FakeHost::hasCommandStack),
+        {{"registered", "documents editor"}, {"registered with a window", "documents editor"}});
+    row("editor", without(&FakeHost::hasEditor), noWindow);
     row("place on the stack", throwing(&FakeHost::onCommandStack, "stack add _RECENT", refusal),
-        wholeLife + noEntries + noTiles +
+        noMenus + noTiles +
             LifeReport{{"started", "threw"}, {"registered", ""}, {"registered with a window", ""}});
-    row("place on the stack for help", throwing(&FakeHost::onCommandStack, "stack add _RHELP", 7),
-        wholeLife +
-            LifeReport{{"window told", "threw"}, {"registered with a window", "_RECENT documents editor"}});
-    row("look at the stack", throwing(&FakeHost::onCommandStack, "stack lookup", refusal),
-        wholeLife + LifeReport{{"window told", "threw"},
-                               {"registered with a window", "_RECENT documents editor"},
-                               {"window's end told", "threw"}});
+    const LifeReport noHelp = {{"window told", "threw"},
+                               {"registered with a window", "_RECENT documents editor"}};
+    const LifeReport noEnd = {{"window's end told", "threw"}};
+    row("place on the stack for help", throwing(&FakeHost::onCommandStack, "stack add _RHELP", 7), noHelp);
+    row("look at the stack", throwing(&FakeHost::onCommandStack, "stack lookup", refusal), noHelp + noEnd);
     row("way off the stack", throwing(&FakeHost::onCommandStack, "stack remove _RECENT", refusal),
-        wholeLife + LifeReport{{"window's end told", "threw"},
-                               {"registered at the end", "_RECENT _RHELP documents editor"}});
+        noEnd + LifeReport{{"registered at the end", "_RECENT _RHELP documents editor"}});
     row("way off the stack for help", throwing(&FakeHost::onCommandStack, "stack remove _RHELP", 7),
-        wholeLife + LifeReport{{"window's end told", "threw"}, {"registered at the end", "_RHELP"}});
+        noEnd + LifeReport{{"registered at the end", "_RHELP"}});
     row("place at the editor", throwing(&FakeHost::onEditor, "editor add", refusal),
-        wholeLife + noWindow + LifeReport{{"started", "threw"}});
+        noWindow + LifeReport{{"started", "threw"}});
     row("way off the editor", throwing(&FakeHost::onEditor, "editor remove", 7),
-        wholeLife + LifeReport{{"window's end told", "threw"}, {"registered at the end", "_RHELP editor"}});
+        noEnd + LifeReport{{"registered at the end", "_RHELP editor"}});
+}
+
+template<class Exception>
+void rowsOfReaders(const char *kind, Exception exception)
+{
+    for (const char *step : {"create", "load", "validate", "convert"}) {
+        const Switch gives = [=](WholeLife &life, bool) {
+            life.host.onPreviewStep = [=](const QString &now) {
+                if (now == step)
+                    throw exception;
+            };
+        };
+        row(qPrintable(QStringLiteral("previews: %1 at %2").arg(kind, step)), gives, {{"pictures", "0"}});
+    }
 }
 
 void rowsOfPreviews()
 {
-    const LifeReport noPictures = wholeLife + LifeReport{{"pictures", "0"}};
-    row("preview objects", without(&FakeHost::previewFactoryGivesObjects), noPictures);
-    row("valid previews", without(&FakeHost::previewsAreValid), noPictures);
-    for (const char *step : {"create", "load", "validate", "convert"}) {
-        row(
-            qPrintable(QStringLiteral("previews: a std::exception at ") + QLatin1String(step)),
-            [step](WholeLife &life, bool) {
-                life.host.onPreviewStep = [step](const QString &now) {
-                    if (now == QLatin1String(step))
-                        throw std::runtime_error("the reader gives up");
-                };
-            },
-            noPictures);
-        row(
-            qPrintable(QStringLiteral("previews: a number thrown at ") + QLatin1String(step)),
-            [step](WholeLife &life, bool) {
-                life.host.onPreviewStep = [step](const QString &now) {
-                    if (now == QLatin1String(step))
-                        throw 7;
-                };
-            },
-            noPictures);
-    }
+    row("preview objects", without(&FakeHost::previewFactoryGivesObjects), {{"pictures", "0"}});
+    row("valid previews", without(&FakeHost::previewsAreValid), {{"pictures", "0"}});
+    rowsOfReaders("a std::exception", refusal);
+    rowsOfReaders("a number", 7);
 }
 
 //! What goes while a popup is up, and comes back.
 void rowsWithAPopup()
 {
     const auto goes = [](const char *name, bool FakeHost::*what, const LifeReport &changes = {}) {
-        row(name, {}, wholeLife + changes, without(what));
+        QTest::addRow("with a popup: %s", name) << Switch() << without(what) << wholeLife + changes;
     };
-    goes("with a popup: services", &FakeHost::hasServices, nothingOpens + LifeReport{{"help runs", ""}});
-    goes("with a popup: application", &FakeHost::hasApplication);
-    goes("with a popup: user profile", &FakeHost::hasUserProfile);
-    goes("with a popup: recent-file list", &FakeHost::hasRecentFileList);
-    goes("with a popup: main frame object", &FakeHost::hasMainFrame);
-    goes("with a popup: main window", &FakeHost::hasMainWindow);
-    goes("with a popup: document manager", &FakeHost::hasDocumentManager, nothingOpens);
-    goes("with a popup: customisation", &FakeHost::hasCustomization);
-    goes("with a popup: command stack", &FakeHost::hasCommandStack);
-    goes("with a popup: editor", &FakeHost::hasEditor);
+    const LifeReport nothingOpens = {{"Enter opens", ""}, {"double-click opens", ""}};
+    goes("services", &FakeHost::hasServices, nothingOpens + LifeReport{{"help runs", ""}});
+    goes("application", &FakeHost::hasApplication);
+    goes("user profile", &FakeHost::hasUserProfile);
+    goes("recent-file list", &FakeHost::hasRecentFileList);
+    goes("main frame object", &FakeHost::hasMainFrame);
+    goes("main window", &FakeHost::hasMainWindow);
+    goes("document manager", &FakeHost::hasDocumentManager, nothingOpens);
+    goes("customisation", &FakeHost::hasCustomization);
+    goes("command stack", &FakeHost::hasCommandStack);
+    goes("editor", &FakeHost::hasEditor);
 }
 
 //! A line for each line of the report, so that a difference is seen in words.
@@ -274,7 +244,7 @@ QStringList linesOf(const LifeReport &report)
 {
     QStringList lines;
     for (auto line = report.begin(); line != report.end(); ++line)
-        lines.append(line.key() + QStringLiteral(": ") + line.value());
+        lines.append(line.key() + ": " + line.value());
     return lines;
 }
 
@@ -302,7 +272,7 @@ void tst_MissingServices::theRestWorks()
     QFETCH(Switch, missing);
     QFETCH(Switch, missingWithPopup);
     QFETCH(LifeReport, report);
-    hasMemory = true;
+    FakeMemory::isOut = false;
     WholeLife life;
     QCOMPARE(linesOf(life.live(missing, missingWithPopup)), linesOf(report));
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/FxHost.h"
+#include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/modules/ModuleManager.h"
 #include "tests/support/LoadedBalloon.h"
@@ -17,7 +18,11 @@
 
 #include <dlfcn.h>
 
-//! The built library comes, is used and goes while the program runs, over and over.
+#include <algorithm>
+#include <random>
+
+//! The built library comes, is used and goes while the program runs, over and over; and more popups than
+//! anybody opens, closed in any order and in every way.
 class tst_ModuleLife : public TestCase
 {
     Q_OBJECT
@@ -26,21 +31,26 @@ private slots:
     void twoHundredLivesLeaveNothingBehind();
     void aHostMayBeAStaticObject_data();
     void aHostMayBeAStaticObject();
+    void eachOfManyPopupsGoesWithAllThatIsItsOwn_data();
+    void eachOfManyPopupsGoesWithAllThatIsItsOwn();
 };
 
 namespace {
 
-const QRect usualFrame(0, 0, 1300, 800);
 //! Where the pointer may be without the popups' closing when they lose the focus.
 const QPoint overPopups(320, 320);
-const QString moduleFile = QStringLiteral(MODULE_FILE);
 
-bool libraryIsLoaded()
+bool libraryIsLoaded(const char *name = MODULE_FILE)
 {
-    void *library = dlopen(MODULE_FILE, RTLD_NOW | RTLD_NOLOAD);
+    void *library = dlopen(name, RTLD_NOW | RTLD_NOLOAD);
     if (library)
         dlclose(library);
     return library != nullptr;
+}
+
+bool imagesAreThere()
+{
+    return QFile::exists(":/Images/Resources/VELA_DWG.png");
 }
 
 //! What is up when the module goes. Rounds go through all combinations.
@@ -60,6 +70,7 @@ struct Scene
     State menu;
     bool eventsAreDelivered; //!< else the module goes amid what the closing has left to do
 };
+using State = Scene::State;
 
 void hover(QWidget *widget)
 {
@@ -68,22 +79,22 @@ void hover(QWidget *widget)
 }
 
 //! Fills a menu as a host's own and pins a drawing in it.
-void useMenu(RealBrowser &browser, QMenu &menu, Scene::State state)
+void useMenu(RealBrowser &browser, QMenu &menu, State state)
 {
     browser.addRecentFiles(&menu, nullptr);
     menu.popup(overPopups);
     const QList<QToolButton *> buttons = menu.findChildren<QToolButton *>();
     for (QToolButton *button : buttons) {
-        if (button->objectName() != QLatin1String("menuTextButton"))
+        if (button->objectName() != "menuTextButton")
             hover(button);
-        if (button->objectName() == QLatin1String("pinButton"))
+        if (button->objectName() == "pinButton")
             button->click();
     }
-    if (state == Scene::State::Closed)
+    if (state == State::Closed)
         menu.close();
 }
 
-void usePopups(RealBrowser &browser, Scene::State state)
+void usePopups(RealBrowser &browser, State state)
 {
     QDialog *older = browser.openPopup();
     QVERIFY(older && older->geometry().contains(overPopups));
@@ -99,7 +110,7 @@ void usePopups(RealBrowser &browser, Scene::State state)
     }
     QTest::keyClick(popup, Qt::Key_Right, Qt::ShiftModifier);
     QCOMPARE(RealBrowser::highlighted(tiles), QList<int>({0, 1}));
-    if (state == Scene::State::Closed) {
+    if (state == State::Closed) {
         older->close();
         QTest::keyClick(popup, Qt::Key_Escape);
     }
@@ -108,28 +119,29 @@ void usePopups(RealBrowser &browser, Scene::State state)
 //! One life, from the loading to just before the end.
 void live(RealBrowser &browser, QMenu &menu, const Scene &scene)
 {
-    QVERIFY(browser.host().modules().loaded().contains(moduleFile) ||
-            browser.host().modules().load(moduleFile));
+    fxhost::ModuleManager &modules = browser.host().modules();
+    QVERIFY(modules.loaded().contains(MODULE_FILE) || modules.load(MODULE_FILE));
+    QVERIFY(imagesAreThere());
     browser.host().documents().newDocument();
-    if (scene.popup != Scene::State::Never)
+    if (scene.popup != State::Never)
         usePopups(browser, scene.popup);
-    if (scene.balloon != Scene::State::Never) {
-        LoadedBalloon::show(QStringLiteral("title"));
+    if (scene.balloon != State::Never) {
+        LoadedBalloon::show("title");
         QVERIFY(LoadedBalloon::isVisible());
     }
-    if (scene.balloon == Scene::State::Closed)
+    if (scene.balloon == State::Closed)
         LoadedBalloon::close();
-    if (scene.menu != Scene::State::Never)
+    if (scene.menu != State::Never)
         useMenu(browser, menu, scene.menu); // last: it closes when another window comes up
-    if (scene.balloon == Scene::State::Open && !LoadedBalloon::isVisible())
-        LoadedBalloon::show(QStringLiteral("again")); // leaving a button has hidden it
+    if (scene.balloon == State::Open && !LoadedBalloon::isVisible())
+        LoadedBalloon::show("again"); // leaving a button has hidden it
     if (scene.eventsAreDelivered) {
         drainEvents();
         browser.host().documents().newDocument(); // what is up has entries and tiles that count no longer
     }
-    QCOMPARE(RealBrowser::popups().size(), scene.popup == Scene::State::Open ? 2 : 0);
-    QCOMPARE(LoadedBalloon::isVisible(), scene.balloon == Scene::State::Open);
-    QCOMPARE(menu.isVisible(), scene.menu == Scene::State::Open);
+    QCOMPARE(RealBrowser::popups().size(), scene.popup == State::Open ? 2 : 0);
+    QCOMPARE(LoadedBalloon::isVisible(), scene.balloon == State::Open);
+    QCOMPARE(menu.isVisible(), scene.menu == State::Open);
 }
 
 QSet<QWidget *> allWidgets()
@@ -138,14 +150,14 @@ QSet<QWidget *> allWidgets()
     return QSet<QWidget *>(widgets.begin(), widgets.end());
 }
 
-//! Whatever of the module were left would hear of these, in code that is gone.
+//! Notifies all that is there, in code that is gone if something of the module were left.
 void restyle(int round)
 {
     QFont font = QApplication::font();
     font.setPointSize(10 + round % 3);
     QApplication::setFont(font);
     QApplication::setPalette(QPalette(round % 2 ? Qt::lightGray : Qt::darkGray));
-    qApp->setStyleSheet(QStringLiteral("QWidget { color: black; }"));
+    qApp->setStyleSheet("QWidget { color: black; }");
     drainEvents();
     qApp->setStyleSheet(QString());
     drainEvents();
@@ -160,12 +172,12 @@ void tst_ModuleLife::twoHundredLivesLeaveNothingBehind()
     const QFont font = QApplication::font();
     const QPalette palette = QApplication::palette();
     {
-        RealBrowser browser(2, usualFrame);
+        RealBrowser browser(2);
         {
             QMenu menu;
             live(browser, menu, everythingOpen); // in which Qt makes what it makes once
         }
-        QVERIFY(browser.host().modules().unload(moduleFile));
+        QVERIFY(browser.host().modules().unload(MODULE_FILE));
         restyle(0);
         const QSet<QWidget *> hostsOwn = allWidgets();
         for (int round = 0; round < lives; ++round) {
@@ -173,19 +185,21 @@ void tst_ModuleLife::twoHundredLivesLeaveNothingBehind()
                 QMenu menu;
                 live(browser, menu, Scene(round));
                 QVERIFY2(!QTest::currentTestFailed(), qPrintable(QString::number(round)));
-                QVERIFY(browser.host().modules().unload(moduleFile));
-                QVERIFY(!libraryIsLoaded());
+                QVERIFY(browser.host().modules().unload(MODULE_FILE));
+                QVERIFY(!libraryIsLoaded() && !imagesAreThere());
                 restyle(round);
             }
             QCOMPARE(allWidgets(), hostsOwn);
             browser.host().documents().closeAll();
         }
-        QCOMPARE(browser.log().filter(QStringLiteral("unloaded")).size(), lives + 1);
+        QCOMPARE(browser.log().filter("unloaded").size(), lives + 1);
         // The last one goes with the host.
         QMenu menu;
         live(browser, menu, everythingOpen);
     }
     QVERIFY(!libraryIsLoaded());
+    // Only the module uses this here, and a worker thread may still be on its way out of it.
+    QVERIFY(libraryIsLoaded("libQt5Concurrent.so.5"));
     restyle(lives);
     QApplication::setFont(font);
     QApplication::setPalette(palette);
@@ -199,9 +213,8 @@ void tst_ModuleLife::aHostMayBeAStaticObject_data()
     for (const char *end : {"delete", "keep"}) {
         for (const bool isEarly : {false, true}) {
             const char *when = isEarly ? "loaded before main()" : "loaded in main()";
-            QTest::addRow("%s, %s", end, when) << QString::fromLatin1(end) << false << isEarly;
-            QTest::addRow("%s, %s, with a recent document", end, when)
-                << QString::fromLatin1(end) << true << isEarly;
+            QTest::addRow("%s, %s", end, when) << end << false << isEarly;
+            QTest::addRow("%s, %s, with a recent document", end, when) << end << true << isEarly;
         }
     }
 }
@@ -212,8 +225,8 @@ void tst_ModuleLife::aHostMayBeAStaticObject()
     QFETCH(bool, hasDrawing);
     QFETCH(bool, isEarly);
     const QTemporaryDir folder;
-    QStringList arguments{moduleFile, folder.filePath(QStringLiteral("profile")), end};
-    QFile drawing(folder.filePath(QStringLiteral("plan.dwg")));
+    QStringList arguments{MODULE_FILE, folder.filePath("profile"), end};
+    QFile drawing(folder.filePath("plan.dwg"));
     QVERIFY(drawing.open(QIODevice::WriteOnly) && drawing.write(RealBrowser::drawingBytes(1)) > 0);
     drawing.close();
     if (hasDrawing)
@@ -222,12 +235,97 @@ void tst_ModuleLife::aHostMayBeAStaticObject()
     program.setProcessChannelMode(QProcess::ForwardedChannels);
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     if (isEarly)
-        environment.insert(QStringLiteral("EARLY_MODULE"), moduleFile);
+        environment.insert("EARLY_MODULE", MODULE_FILE);
     program.setProcessEnvironment(environment);
-    program.start(QStringLiteral(STATIC_HOST), arguments);
+    program.start(STATIC_HOST, arguments);
     QVERIFY(program.waitForFinished(-1));
     QCOMPARE(program.exitStatus(), QProcess::NormalExit);
     QCOMPARE(program.exitCode(), 0);
+}
+
+namespace {
+
+constexpr int tilesOfEach = 3;
+
+using PopupEnd = void (*)(QDialog *popup);
+const PopupEnd popupEnds[] = {
+    [](QDialog *popup) { popup->close(); },
+    [](QDialog *popup) { QTest::keyClick(popup, Qt::Key_Escape); },
+    [](QDialog *popup) { popup->deleteLater(); },
+    [](QDialog *popup) { delete popup; },
+    [](QDialog *popup) {
+        popup->close();
+        popup->deleteLater();
+    },
+};
+
+//! Everything that a popup is made of; itself first.
+QVector<QPointer<QWidget>> partsOf(QDialog *popup)
+{
+    QVector<QPointer<QWidget>> parts{popup};
+    const QList<QWidget *> children = popup->findChildren<QWidget *>();
+    std::copy(children.begin(), children.end(), std::back_inserter(parts));
+    return parts;
+}
+
+//! What the user does with one of the others meanwhile.
+void useTile(QWidget *popup, unsigned choice)
+{
+    QDialog *tile = RealBrowser::tiles(popup).at(static_cast<int>(choice % tilesOfEach));
+    QTest::mouseMove(tile);
+    QTest::mouseClick(tile, Qt::LeftButton, choice % 2 ? Qt::ControlModifier : Qt::NoModifier, QPoint(5, 5));
+    QTest::keyClick(popup, Qt::Key_Right);
+    RealBrowser::button(tile, "pinButton")->click();
+}
+
+} // namespace
+
+void tst_ModuleLife::eachOfManyPopupsGoesWithAllThatIsItsOwn_data()
+{
+    QTest::addColumn<unsigned>("seed");
+    for (unsigned seed = 1; seed <= 3; ++seed)
+        QTest::addRow("seed %u", seed) << seed;
+}
+
+void tst_ModuleLife::eachOfManyPopupsGoesWithAllThatIsItsOwn()
+{
+    QFETCH(unsigned, seed);
+    constexpr int popupCount = 50;
+    std::mt19937 random(seed); // the same numbers everywhere
+    const auto below = [&random](int end) { return static_cast<int>(random() % unsigned(end)); };
+    RealBrowser browser(tilesOfEach);
+    QVERIFY(browser.openPopup());
+    QCursor::setPos(overPopups);
+    for (int i = 1; i < popupCount; ++i)
+        browser.host().commands().runLine("_RECENT");
+    drainEvents();
+
+    QVector<QVector<QPointer<QWidget>>> popups;
+    const QList<QDialog *> opened = RealBrowser::popups();
+    for (QDialog *popup : opened)
+        popups.append(partsOf(popup));
+    QCOMPARE(popups.size(), popupCount);
+    const auto partCount = popups.first().size();
+
+    for (int i = popupCount - 1; i > 0; --i)
+        std::swap(popups[i], popups[below(i + 1)]);
+    while (!popups.isEmpty()) {
+        const QVector<QPointer<QWidget>> ended = popups.takeLast();
+        QVERIFY(ended.first());
+        if (popups.size() % 7 == 0)
+            browser.host().documents().newDocument();
+        popupEnds[below(std::size(popupEnds))](qobject_cast<QDialog *>(ended.first()));
+        drainEvents();
+        QCOMPARE(ended.count(nullptr), partCount);
+        for (const QVector<QPointer<QWidget>> &other : qAsConst(popups))
+            QCOMPARE(other.count(nullptr), 0);
+        if (!popups.isEmpty())
+            useTile(popups.at(below(popups.size())).first(), static_cast<unsigned>(random()));
+    }
+    QVERIFY(RealBrowser::popups().isEmpty());
+    QCOMPARE(browser.log().filter("open "), QStringList());
+    QVERIFY(browser.openPopup()); // and the next one is as any other
+    QCOMPARE(RealBrowser::tiles(RealBrowser::popups().constFirst()).size(), tilesOfEach);
 }
 
 QTEST_MAIN(tst_ModuleLife)

@@ -35,7 +35,6 @@ private slots:
 
 namespace {
 
-const QRect usualFrame(0, 0, 1300, 800);
 constexpr int longestPath = 4095; // bytes, with the zero byte 4096
 
 //! Opens the file through the host, finds it as the first tile, has it shown in its folder, and opens it
@@ -47,9 +46,9 @@ void goesThroughEverything(RealBrowser &browser, const QString &path)
     QPointer<QDialog> popup = browser.openPopup();
     QVERIFY(popup);
     QDialog *tile = RealBrowser::tiles(popup).constFirst();
-    QVERIFY(!tile->findChild<QLabel *>(QStringLiteral("image_label"))->pixmap(Qt::ReturnByValue).isNull());
+    QVERIFY(!tile->findChild<QLabel *>("image_label")->pixmap(Qt::ReturnByValue).isNull());
     QString line = RealBrowser::pathLine(popup);
-    if (line != path && line.endsWith(QLatin1String("..."))) // it is shortened
+    if (line != path && line.endsWith("...")) // it is shortened
         line.chop(3);
     QVERIFY2(!line.isEmpty() && path.startsWith(line), qPrintable(line));
     RealBrowser::button(tile, "folderButton")->click();
@@ -95,9 +94,8 @@ void tst_OddPaths::everyNameIsKeptToTheByte_data()
 void tst_OddPaths::everyNameIsKeptToTheByte()
 {
     QFETCH(QByteArray, name);
-    RealBrowser browser(1, usualFrame);
-    const QString path =
-        QFileInfo(browser.paths().constFirst()).path() + QLatin1Char('/') + pathFromBytes(name);
+    RealBrowser browser(1);
+    const QString path = QFileInfo(browser.paths().constFirst()).path() + '/' + pathFromBytes(name);
     QVERIFY(QFile::copy(browser.paths().constFirst(), path));
     const QStringList before = QDir(QFileInfo(path).path()).entryList(QDir::AllEntries | QDir::Hidden);
     goesThroughEverything(browser, path);
@@ -108,20 +106,18 @@ void tst_OddPaths::everyNameIsKeptToTheByte()
 
 void tst_OddPaths::aPathMayBeAsLongAsTheSystemAllows()
 {
-    RealBrowser browser(1, usualFrame);
+    RealBrowser browser(1);
     QString folder = QFileInfo(browser.paths().constFirst()).path();
     while (folder.size() + 2 < longestPath - NAME_MAX)
-        folder += QLatin1Char('/') +
-                  QString(qMin(NAME_MAX, longestPath - NAME_MAX - folder.size() - 1), QLatin1Char('d'));
+        folder += '/' + QString(qMin(NAME_MAX, longestPath - NAME_MAX - folder.size() - 1), 'd');
     QVERIFY(QDir().mkpath(folder));
-    const QString path =
-        folder + QLatin1Char('/') + QString(longestPath - folder.size() - 1, QLatin1Char('n'));
+    const QString path = folder + '/' + QString(longestPath - folder.size() - 1, 'n');
     QCOMPARE(path.size(), longestPath);
     QVERIFY(QFile::copy(browser.paths().constFirst(), path));
     goesThroughEverything(browser, path);
 
     // One more is no file any more, but may be listed.
-    browser.host().recentFiles().add(path + QLatin1Char('n'));
+    browser.host().recentFiles().add(path + 'n');
     QCOMPARE(browser.storedPaths().constFirst().size(), longestPath + 1);
     browser.host().documents().newDocument();
     QVERIFY(browser.openPopup());
@@ -130,11 +126,11 @@ void tst_OddPaths::aPathMayBeAsLongAsTheSystemAllows()
 void tst_OddPaths::nothingKeepsThePopupFromOpening()
 {
     QFETCH(SpecialFile, kind);
-    allowWarning(QStringLiteral("Broken filename passed to function")); // Qt's word on null characters
+    allowWarning("Broken filename passed to function"); // Qt's word on null characters
     const SpecialFiles files;
-    RealBrowser browser(2, usualFrame);
-    const QStringList paths = {files.path(kind), browser.paths().at(0), QStringLiteral("/proc/self/mem"),
-                               QStringLiteral("/dev/tty"), browser.paths().at(1)};
+    RealBrowser browser(2);
+    const QStringList paths = {files.path(kind), browser.paths().at(0), "/proc/self/mem", "/dev/tty",
+                               browser.paths().at(1)};
     browser.host().recentFiles().setPaths(paths);
     const Alarm alarm;
     browser.host().documents().newDocument();

@@ -8,37 +8,66 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPointer>
+#include <QStyle>
 
 namespace {
 
-const QStringList threePaths = {QStringLiteral("/drawings/c.dwg"), QStringLiteral("/drawings/a plan.dwg"),
-                                QStringLiteral("/drawings/b.dwg")};
+const QStringList submenuPaths = {"/drawings/c.dwg", "/drawings/a plan.dwg", "/drawings/b.dwg"};
 
-//! A menu of the host's with an entry of its own, in front of which the recent documents go.
-struct HostMenu
+//! A menu of the host's with entries of its own, before the last of which the recent documents go.
+struct HostMenu : QMenu
 {
-    QMenu menu;
-    QAction *first = menu.addAction(QStringLiteral("New"));
-    QAction *last = menu.addAction(QStringLiteral("Quit"));
+    QAction *first = addAction("New");
+    QAction *last = addAction("Quit");
 };
 
-QStringList textsOf(const QList<QAction *> &actions)
+//! The module in a host with those recent documents, which it has put into a menu of the host's.
+struct FilledMenu : ModuleInHost
+{
+    FilledMenu()
+    {
+        host.setRecent(submenuPaths);
+        RecentDocumentBrowser::AddRecentFiles(&menu, menu.last);
+    }
+    HostMenu menu;
+};
+
+QStringList textsOf(const QMenu &menu)
 {
     QStringList texts;
+    const QList<QAction *> actions = menu.actions();
     for (const QAction *action : actions)
-        texts.append(action->isSeparator() ? QStringLiteral("---") : action->text());
+        texts.append(action->isSeparator() ? "---" : action->text());
     return texts;
 }
 
-//! The recent documents' entries in a menu that holds nothing else.
-QList<QAction *> entriesOf(const QMenu &menu)
+//! An entry that no menu has.
+struct LoneEntry : RecentFileAction
 {
-    return menu.actions().mid(1, menu.actions().size() - 2);
-}
+    explicit LoneEntry(const QString &text = "&1 /drawings/a plan.dwg")
+        : RecentFileAction(text, L"/drawings/a plan.dwg")
+    {
+    }
+    FolderPinButton *button(int index) const
+    {
+        return qobject_cast<FolderPinButton *>(defaultWidget()->layout()->itemAt(index)->widget());
+    }
+};
 
-RecentFileAction *entry(int index)
+//! How many pixels a button draws dark, and how many it leaves white.
+QPair<int, int> darkAndWhite(QWidget &button)
 {
-    return qobject_cast<RecentFileAction *>(RecentDocumentBrowser::recentDocActionList.value(index));
+    QImage image(button.size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    button.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+    QPair<int, int> counts;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            counts.first += qGray(image.pixel(x, y)) < 64 ? 1 : 0;
+            counts.second += image.pixelColor(x, y) == Qt::white ? 1 : 0;
+        }
+    }
+    return counts;
 }
 
 //! Calls a function for each action that a menu gets.
@@ -68,41 +97,47 @@ class tst_RecentFilesMenu : public TestCase
     Q_OBJECT
 
 private slots:
-    void entriesStandBetweenTwoSeparatorsInFrontOfAnAction();
-    void entriesStandAtTheEndWithoutAnAction();
+    void cleanup();
+
+    void entriesStandBetweenTwoSeparators();
     void everyDocumentOfTheListGetsANumberedEntry();
-    void separatorsOfOtherSystemsStayInTheText();
     void withoutDocumentsTheSeparatorsStandAlone_data();
     void withoutDocumentsTheSeparatorsStandAlone();
-    void theRegistryFollowsTheLatestMenu();
+    void theRegistryFollowsTheLatestMenuAndTheFormerKeepsItsEntries();
     void whileEntriesAreMadeTheRegistryShowsAnotherMenu();
-    void theFormerMenuKeepsItsEntries();
-    void pinsAddUpUntilSomeoneClearsThem();
-    void theListIsReadAnewEachTime();
     void entriesEndWithTheModuleInTheHostsMenuToo();
+
+    void anEntryIsAWidgetActionWithoutParentAndWithoutHandlers();
+    void anEntryHasButtonsCloseInARow();
+    void buttonsStandForThePathBehindTheNumber_data();
+    void buttonsStandForThePathBehindTheNumber();
+    void theTextIsBlackOnTheMenusGround_data();
+    void theTextIsBlackOnTheMenusGround();
+    void thePathKeepsItsOrderOnEveryDesktop();
+    void anEntryTakesItsWidgetsWithItAndTouchesNoList();
+
+private:
+    const QString m_style = QApplication::style()->objectName();
 };
 
-void tst_RecentFilesMenu::entriesStandBetweenTwoSeparatorsInFrontOfAnAction()
+void tst_RecentFilesMenu::cleanup()
 {
-    ModuleInHost inHost;
-    inHost.host.setRecent(threePaths);
-    HostMenu menu;
-    RecentDocumentBrowser::AddRecentFiles(&menu.menu, menu.last);
-    QCOMPARE(textsOf(menu.menu.actions()),
-             QStringList({QStringLiteral("New"), QStringLiteral("---"), QStringLiteral("&1 /drawings/c.dwg"),
-                          QStringLiteral("&2 /drawings/a plan.dwg"), QStringLiteral("&3 /drawings/b.dwg"),
-                          QStringLiteral("---"), QStringLiteral("Quit")}));
+    RecentDocumentBrowser::menuPinButtonList.clear();
+    QApplication::setStyle(m_style);
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+    TestCase::cleanup();
 }
 
-void tst_RecentFilesMenu::entriesStandAtTheEndWithoutAnAction()
+void tst_RecentFilesMenu::entriesStandBetweenTwoSeparators()
 {
-    ModuleInHost inHost;
-    inHost.host.setRecent(threePaths.mid(0, 1));
-    HostMenu menu;
-    RecentDocumentBrowser::AddRecentFiles(&menu.menu, nullptr);
-    QCOMPARE(textsOf(menu.menu.actions()),
-             QStringList({QStringLiteral("New"), QStringLiteral("Quit"), QStringLiteral("---"),
-                          QStringLiteral("&1 /drawings/c.dwg"), QStringLiteral("---")}));
+    FilledMenu inHost;
+    QCOMPARE(textsOf(inHost.menu), QStringList({"New", "---", "&1 /drawings/c.dwg", "&2 /drawings/a plan.dwg",
+                                                "&3 /drawings/b.dwg", "---", "Quit"}));
+    const QString path = "//server\\share/a\\b.dwg"; // separators of other systems stay as they are
+    inHost.host.setRecent({path});
+    HostMenu atTheEnd;
+    RecentDocumentBrowser::AddRecentFiles(&atTheEnd, nullptr);
+    QCOMPARE(textsOf(atTheEnd), QStringList({"New", "Quit", "---", "&1 " + path, "---"}));
 }
 
 void tst_RecentFilesMenu::everyDocumentOfTheListGetsANumberedEntry()
@@ -112,26 +147,15 @@ void tst_RecentFilesMenu::everyDocumentOfTheListGetsANumberedEntry()
     QStringList texts;
     for (int i = 1; i <= count; ++i) {
         paths.append(QStringLiteral("/drawings/%1.dwg").arg(i));
-        texts.append(QLatin1Char('&') + QString::number(i) + QLatin1Char(' ') + paths.last());
+        texts.append('&' + QString::number(i) + ' ' + paths.last());
     }
     ModuleInHost inHost;
     inHost.host.setRecent(paths);
     QMenu menu;
     RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);
-    QCOMPARE(textsOf(entriesOf(menu)), texts);
+    QCOMPARE(textsOf(menu).mid(1, count), texts);
     for (int i = 0; i < count; ++i)
-        QCOMPARE(QString(entry(i)->filePath), paths.at(i));
-}
-
-void tst_RecentFilesMenu::separatorsOfOtherSystemsStayInTheText()
-{
-    const QString path = QStringLiteral("//server\\share/a\\b.dwg");
-    ModuleInHost inHost;
-    inHost.host.setRecent({path});
-    QMenu menu;
-    RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);
-    QCOMPARE(textsOf(entriesOf(menu)), QStringList(QStringLiteral("&1 //server\\share/a\\b.dwg")));
-    QCOMPARE(QString(entry(0)->filePath), path);
+        QCOMPARE(QString(qobject_cast<RecentFileAction *>(menu.actions().at(i + 1))->filePath), paths.at(i));
 }
 
 void tst_RecentFilesMenu::withoutDocumentsTheSeparatorsStandAlone_data()
@@ -147,111 +171,193 @@ void tst_RecentFilesMenu::withoutDocumentsTheSeparatorsStandAlone()
 {
     QFETCH(bool, services);
     QFETCH(bool, list);
-    ModuleInHost inHost;
-    inHost.host.setRecent(threePaths);
-    QMenu former;
-    RecentDocumentBrowser::AddRecentFiles(&former, nullptr);
-
+    FilledMenu inHost;
     inHost.host.setRecent({});
     inHost.host.hasServices = services;
     inHost.host.hasRecentFileList = list;
     HostMenu menu;
-    RecentDocumentBrowser::AddRecentFiles(&menu.menu, menu.last);
-    QCOMPARE(textsOf(menu.menu.actions()), QStringList({QStringLiteral("New"), QStringLiteral("---"),
-                                                        QStringLiteral("---"), QStringLiteral("Quit")}));
+    RecentDocumentBrowser::AddRecentFiles(&menu, menu.last);
+    QCOMPARE(textsOf(menu), QStringList({"New", "---", "---", "Quit"}));
     QVERIFY(RecentDocumentBrowser::recentDocActionList.isEmpty());
-    QCOMPARE(RecentDocumentBrowser::recentDocMenu, &menu.menu);
+    QCOMPARE(RecentDocumentBrowser::recentDocMenu, &menu);
 }
 
-void tst_RecentFilesMenu::theRegistryFollowsTheLatestMenu()
+void tst_RecentFilesMenu::theRegistryFollowsTheLatestMenuAndTheFormerKeepsItsEntries()
 {
-    ModuleInHost inHost;
-    inHost.host.setRecent(threePaths);
-    HostMenu first;
-    RecentDocumentBrowser::AddRecentFiles(&first.menu, first.last);
-    QCOMPARE(RecentDocumentBrowser::recentDocMenu, &first.menu);
+    const FilledMenu inHost;
+    const HostMenu &first = inHost.menu;
+    const QList<QAction *> entries = first.actions();
+    QCOMPARE(RecentDocumentBrowser::recentDocMenu, &first);
     QCOMPARE(RecentDocumentBrowser::before, first.last);
-    QCOMPARE(RecentDocumentBrowser::recentDocActionList, first.menu.actions().mid(2, 3));
+    QCOMPARE(RecentDocumentBrowser::recentDocActionList, entries.mid(2, 3));
+    const QList<FolderPinButton *> pins = RecentDocumentBrowser::menuPinButtonList;
+    QCOMPARE(pins.size(), 3);
 
     QMenu second;
     RecentDocumentBrowser::AddRecentFiles(&second, nullptr);
     QCOMPARE(RecentDocumentBrowser::recentDocMenu, &second);
     QVERIFY(!RecentDocumentBrowser::before);
-    QCOMPARE(RecentDocumentBrowser::recentDocActionList, entriesOf(second));
+    QCOMPARE(RecentDocumentBrowser::recentDocActionList, second.actions().mid(1, 3));
+    QCOMPARE(first.actions(), entries);
+    // Pins add up until somebody clears them.
+    QCOMPARE(RecentDocumentBrowser::menuPinButtonList.size(), 6);
+    QCOMPARE(RecentDocumentBrowser::menuPinButtonList.mid(0, 3), pins);
 }
 
 void tst_RecentFilesMenu::whileEntriesAreMadeTheRegistryShowsAnotherMenu()
 {
-    ModuleInHost inHost;
-    inHost.host.setRecent(threePaths);
-    QMenu former;
-    QAction *formerBefore = former.addAction(QStringLiteral("Quit"));
-    RecentDocumentBrowser::AddRecentFiles(&former, formerBefore);
-
+    const FilledMenu inHost;
     QMenu menu;
-    QVector<QPointer<QMenu>> menusMeanwhile;
-    QList<QAction *> beforeMeanwhile;
     QList<int> entriesMeanwhile;
+    bool isAnother = true;
     const ActionWatcher watcher(menu, [&] {
-        menusMeanwhile.append(RecentDocumentBrowser::recentDocMenu);
-        beforeMeanwhile.append(RecentDocumentBrowser::before);
+        const QMenu *meanwhile = RecentDocumentBrowser::recentDocMenu;
+        isAnother = isAnother && meanwhile && meanwhile != &inHost.menu && meanwhile != &menu &&
+                    !meanwhile->parent() && RecentDocumentBrowser::before == inHost.menu.last;
         entriesMeanwhile.append(RecentDocumentBrowser::recentDocActionList.size());
     });
     RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);
     QCOMPARE(entriesMeanwhile, QList<int>({0, 0, 1, 2, 3})); // each is listed once it stands in the menu
-    for (const QPointer<QMenu> &meanwhile : qAsConst(menusMeanwhile)) {
-        QVERIFY(meanwhile);
-        QVERIFY(meanwhile != &former && meanwhile != &menu);
-        QVERIFY(!meanwhile->parent());
-    }
-    QCOMPARE(beforeMeanwhile.count(formerBefore), beforeMeanwhile.size());
-}
-
-void tst_RecentFilesMenu::theFormerMenuKeepsItsEntries()
-{
-    ModuleInHost inHost;
-    inHost.host.setRecent(threePaths);
-    QMenu former;
-    RecentDocumentBrowser::AddRecentFiles(&former, nullptr);
-    const QList<QAction *> actions = former.actions();
-    QMenu menu;
-    RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);
-    QCOMPARE(former.actions(), actions);
-    QCOMPARE(textsOf(former.actions()), textsOf(menu.actions()));
-}
-
-void tst_RecentFilesMenu::pinsAddUpUntilSomeoneClearsThem()
-{
-    ModuleInHost inHost;
-    inHost.host.setRecent(threePaths);
-    QMenu menu;
-    RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);
-    QCOMPARE(RecentDocumentBrowser::menuPinButtonList.size(), 3);
-    RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);
-    QCOMPARE(RecentDocumentBrowser::menuPinButtonList.size(), 6);
-}
-
-void tst_RecentFilesMenu::theListIsReadAnewEachTime()
-{
-    ModuleInHost inHost;
-    inHost.host.setRecent(threePaths);
-    QMenu menu;
-    RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);
-    inHost.host.setRecent({QStringLiteral("/drawings/new.dwg")});
-    QMenu later;
-    RecentDocumentBrowser::AddRecentFiles(&later, nullptr);
-    QCOMPARE(textsOf(entriesOf(later)), QStringList(QStringLiteral("&1 /drawings/new.dwg")));
+    QVERIFY(isAnother);
 }
 
 void tst_RecentFilesMenu::entriesEndWithTheModuleInTheHostsMenuToo()
 {
-    HostMenu menu;
-    ModuleInHost inHost;
-    inHost.host.setRecent(threePaths);
-    RecentDocumentBrowser::AddRecentFiles(&menu.menu, menu.last);
+    FilledMenu inHost;
     inHost.end();
-    QCOMPARE(textsOf(menu.menu.actions()), QStringList({QStringLiteral("New"), QStringLiteral("---"),
-                                                        QStringLiteral("---"), QStringLiteral("Quit")}));
+    QCOMPARE(textsOf(inHost.menu), QStringList({"New", "---", "---", "Quit"}));
+}
+
+void tst_RecentFilesMenu::anEntryIsAWidgetActionWithoutParentAndWithoutHandlers()
+{
+    const FakeHost host;
+    RecentFileAction action(L"&1 C:\\a\\b.dwg", L"C:/a/b.dwg");
+    QCOMPARE(action.text(), "&1 C:\\a\\b.dwg"); // both as they are
+    QCOMPARE(QString(action.filePath), "C:/a/b.dwg");
+    QVERIFY(!action.parent());
+    QVERIFY(!action.menu());
+    const QMetaObject *meta = action.metaObject();
+    QCOMPARE(meta->className(), "RecentFileAction");
+    QCOMPARE(meta->superClass()->className(), "QWidgetAction");
+    QCOMPARE(meta->methodCount(), meta->methodOffset());
+    QCOMPARE(meta->propertyCount(), meta->propertyOffset());
+    action.trigger();
+    drainEvents();
+    QCOMPARE(host.calls, QStringList());
+}
+
+void tst_RecentFilesMenu::anEntryHasButtonsCloseInARow()
+{
+    const LoneEntry action;
+    const QWidget *widget = action.defaultWidget();
+    QVERIFY(widget->objectName().isEmpty()); // by which its buttons know that they are in no tile
+    QCOMPARE(widget->styleSheet(), ":hover{color:blue ; background-color:palette(highlight);}");
+    const auto *layout = qobject_cast<QHBoxLayout *>(widget->layout());
+    QVERIFY(layout);
+    QCOMPARE(layout->alignment(), Qt::AlignTop);
+    QCOMPARE(layout->contentsMargins(), QMargins(0, 0, 0, 0));
+    QCOMPARE(layout->spacing(), 0);
+
+    QCOMPARE(layout->count(), 4);
+    QCOMPARE(action.button(0), action.textButton);
+    QCOMPARE(action.textButton->objectName(), "menuTextButton");
+    QCOMPARE(action.textButton->text(), action.text());
+    const QString sheet =
+        "QToolButton {%1color: rgba(0, 0, 0, 100%);%1background-color: rgba(0, 0, 0, 0%);%2}";
+    QCOMPARE(action.textButton->styleSheet(), sheet.arg(QString(24, ' '), QString(20, ' ')));
+    const QSpacerItem *spacer = layout->itemAt(1)->spacerItem();
+    QVERIFY(spacer);
+    QCOMPARE(spacer->sizeHint(), QSize(40, 20));
+    QCOMPARE(spacer->sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum));
+    QCOMPARE(action.button(2)->objectName(), "folderButton");
+    QCOMPARE(action.button(3)->objectName(), "pinButton");
+    QVERIFY(!action.button(3)->isChecked());
+    const LoneEntry second;
+    QCOMPARE(RecentDocumentBrowser::menuPinButtonList,
+             QList<FolderPinButton *>({action.button(3), second.button(3)}));
+}
+
+void tst_RecentFilesMenu::buttonsStandForThePathBehindTheNumber_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("path");
+    QTest::newRow("two digits") << "&12 /drawings/a.dwg"
+                                << "/drawings/a.dwg";
+    QTest::newRow("blanks") << "&1 /my drawings/a plan.dwg"
+                            << "/my drawings/a plan.dwg";
+    QTest::newRow("a blank at the front") << "&1  a.dwg"
+                                          << " a.dwg";
+    QTest::newRow("an ampersand") << "&1 /a&b/c & d.dwg"
+                                  << "/a&b/c & d.dwg";
+    QTest::newRow("no blank at all") << "/drawings/a.dwg"
+                                     << "/drawings/a.dwg";
+    QTest::newRow("a tab is no blank") << "&1\ta.dwg"
+                                       << "&1\ta.dwg";
+}
+
+void tst_RecentFilesMenu::buttonsStandForThePathBehindTheNumber()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, path);
+    const LoneEntry action(text);
+    for (const int index : {0, 2, 3})
+        QCOMPARE(action.button(index)->path(), path);
+}
+
+void tst_RecentFilesMenu::theTextIsBlackOnTheMenusGround_data()
+{
+    QTest::addColumn<QString>("style");
+    QTest::newRow("Fusion") << "Fusion"; // which Qt always has, as the other
+    QTest::newRow("Windows") << "Windows";
+}
+
+void tst_RecentFilesMenu::theTextIsBlackOnTheMenusGround()
+{
+    QFETCH(QString, style);
+    QApplication::setStyle(style);
+    LoneEntry action;
+    QMenu menu;
+    menu.addAction(&action);
+    menu.popup(QPoint(20, 20));
+    QVERIFY(waitForExposed(&menu));
+    QToolButton &button = *action.textButton;
+    const auto atRest = darkAndWhite(button);
+    QVERIFY(atRest.first > 0);
+    QVERIFY2(atRest.first < atRest.second, "the text stands on a dark panel");
+    button.setAttribute(Qt::WA_UnderMouse); // as the application sets it with the pointer's coming
+    QCOMPARE(darkAndWhite(button), atRest);
+    button.setDown(true);
+    QCOMPARE(darkAndWhite(button), atRest);
+    button.setDown(false);
+    button.setFocus();
+    QVERIFY(button.hasFocus());
+    QCOMPARE(darkAndWhite(button), atRest);
+}
+
+void tst_RecentFilesMenu::thePathKeepsItsOrderOnEveryDesktop()
+{
+    const auto picture = [](Qt::LayoutDirection direction) {
+        QApplication::setLayoutDirection(direction);
+        const LoneEntry action("&1 /plans/1. (2).dwg");
+        action.textButton->adjustSize();
+        return action.textButton->grab().toImage();
+    };
+    const QImage fromTheRight = picture(Qt::RightToLeft);
+    QCOMPARE(fromTheRight, picture(Qt::LeftToRight));
+}
+
+void tst_RecentFilesMenu::anEntryTakesItsWidgetsWithItAndTouchesNoList()
+{
+    auto *action = new LoneEntry;
+    RecentDocumentBrowser::recentDocActionList = {action};
+    const QPointer<QWidget> widget = action->defaultWidget();
+    const QPointer<QWidget> textButton = action->textButton;
+    const QPointer<QWidget> pin = action->button(3);
+    delete action;
+    QVERIFY(!widget && !textButton && !pin);
+    QCOMPARE(RecentDocumentBrowser::recentDocActionList.size(), 1);
+    QCOMPARE(RecentDocumentBrowser::menuPinButtonList.size(), 1);
+    RecentDocumentBrowser::recentDocActionList.clear();
 }
 
 QTEST_MAIN(tst_RecentFilesMenu)

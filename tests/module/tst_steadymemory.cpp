@@ -29,11 +29,18 @@ private slots:
 
 namespace {
 
-const QRect frame(0, 0, 1300, 1000);
+const QRect tallFrame(0, 0, 1300, 1000);
 
 double percentOf(qint64 last, qint64 first)
 {
     return 100.0 * static_cast<double>(last - first) / static_cast<double>(first);
+}
+
+void openAndClose(RealBrowser &browser)
+{
+    if (QDialog *popup = browser.openPopup())
+        popup->close();
+    drainEvents();
 }
 
 //! By then whatever is made at first use and kept has been made.
@@ -78,8 +85,8 @@ void tst_SteadyMemory::reopeningThePopupTakesNoMore_data()
     QTest::addColumn<int>("documents");
     QTest::addColumn<int>("numbers");
     QTest::newRow("10 documents") << 10 << 0;
-    QTest::newRow("50 documents") << 50
-                                  << 40; // from the eleventh on an entry's number gains a digit each time
+    // From the eleventh on an entry's number gains a digit each time.
+    QTest::newRow("50 documents") << 50 << 40;
 }
 
 void tst_SteadyMemory::reopeningThePopupTakesNoMore()
@@ -88,7 +95,7 @@ void tst_SteadyMemory::reopeningThePopupTakesNoMore()
     QFETCH(int, numbers);
     // A string grows by as much again as it holds.
     const qint64 digits = qint64(2) * numbers * qint64(sizeof(QChar));
-    RealBrowser browser(documents, frame);
+    RealBrowser browser(documents, tallFrame);
     const int openings = memory::rounds(1000);
     int shown = 0;
     const double percent = growthOf(openings, digits, [&] {
@@ -104,24 +111,19 @@ void tst_SteadyMemory::reopeningThePopupTakesNoMore()
 
 void tst_SteadyMemory::ofAnOpeningWithAPinOneSeparatorStays()
 {
-    RealBrowser browser(3, frame);
-    const auto open = [&browser] {
-        if (QDialog *popup = browser.openPopup())
-            popup->close();
-        drainEvents();
-    };
+    RealBrowser browser(3, tallFrame);
     QDialog *popup = browser.openPopup();
     QVERIFY(popup);
     RealBrowser::button(RealBrowser::tiles(popup).constFirst(), "pinButton")->click();
     popup->close();
-    open();
-    const int separators = browser.menuLines().count(QStringLiteral("-"));
+    openAndClose(browser);
+    const int separators = browser.menuLines().count("-");
     const int openings = memory::rounds(1000);
     const qint64 before = memory::allocated();
     for (int i = 0; i < openings; ++i)
-        open();
+        openAndClose(browser);
     const qint64 eachOne = (memory::allocated() - before) / openings;
-    QCOMPARE(browser.menuLines().count(QStringLiteral("-")), separators + openings);
+    QCOMPARE(browser.menuLines().count("-"), separators + openings);
     memory::tell("an opening", eachOne);
     QVERIFY(!memory::isMeasurable || eachOne < 2000);
 }
@@ -136,7 +138,7 @@ void tst_SteadyMemory::movingTheHighlightTakesNoMore_data()
 void tst_SteadyMemory::movingTheHighlightTakesNoMore()
 {
     QFETCH(int, key);
-    RealBrowser browser(50, frame);
+    RealBrowser browser(50, tallFrame);
     QDialog *popup = browser.openPopup();
     QVERIFY(popup);
     const QList<QDialog *> tiles = RealBrowser::tiles(popup);
@@ -154,11 +156,11 @@ void tst_SteadyMemory::ofAHoverOneStoppedTimerStays_data()
 {
     QTest::addColumn<bool>("inMenu");
     QTest::addColumn<QString>("name");
-    QTest::newRow("a tile's pin") << false << QStringLiteral("pinButton");
-    QTest::newRow("a tile's folder") << false << QStringLiteral("folderButton");
-    QTest::newRow("a menu entry's pin") << true << QStringLiteral("pinButton");
-    QTest::newRow("a menu entry's folder") << true << QStringLiteral("folderButton");
-    QTest::newRow("a menu entry's text") << true << QStringLiteral("menuTextButton");
+    QTest::newRow("a tile's pin") << false << "pinButton";
+    QTest::newRow("a tile's folder") << false << "folderButton";
+    QTest::newRow("a menu entry's pin") << true << "pinButton";
+    QTest::newRow("a menu entry's folder") << true << "folderButton";
+    QTest::newRow("a menu entry's text") << true << "menuTextButton";
 }
 
 void tst_SteadyMemory::ofAHoverOneStoppedTimerStays()
@@ -166,7 +168,7 @@ void tst_SteadyMemory::ofAHoverOneStoppedTimerStays()
     QFETCH(bool, inMenu);
     QFETCH(QString, name);
     const int hovers = memory::rounds(10000);
-    RealBrowser browser(3, frame);
+    RealBrowser browser(3, tallFrame);
     QMenu menu;
     browser.addRecentFiles(&menu, nullptr);
     QDialog *popup = browser.openPopup();

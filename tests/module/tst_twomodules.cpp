@@ -33,8 +33,7 @@ public:
     {
         window.setGeometry(0, 0, 1300, 800);
         window.show();
-        host.recentFiles().setPaths(
-            {makeDrawing(QStringLiteral("a.dwg")), makeDrawing(QStringLiteral("b.dwg"))});
+        host.recentFiles().setPaths({makeDrawing("a.dwg"), makeDrawing("b.dwg")});
         takeCalls();
     }
     ~TwoModulesHost() { host.setMainWindow(nullptr); }
@@ -45,16 +44,16 @@ public:
     {
         QStringList works;
         host.documents().newDocument();
-        if (runs(QStringLiteral("_RECENT")))
-            works << QStringLiteral("command");
+        if (runs("_RECENT"))
+            works << "command";
         const QList<QDialog *> popups = RealBrowser::popups();
         for (QDialog *popup : popups) {
             // Its tiles are those of the menu that is built when a drawing is made.
             works << QStringLiteral("popup of %1").arg(RealBrowser::tiles(popup).size());
             QTest::keyClick(popup, Qt::Key_Escape);
         }
-        if (runs(QStringLiteral("_RHELP")))
-            works << QStringLiteral("help");
+        if (runs("_RHELP"))
+            works << "help";
         drainEvents();
         return works;
     }
@@ -63,14 +62,14 @@ public:
     QStringList ofCompanion()
     {
         takeCalls();
-        runs(QStringLiteral("_COMPANION"));
+        runs("_COMPANION");
         host.documents().newDocument();
         window.setWindowState(window.windowState() ^ Qt::WindowMaximized);
         drainEvents();
         QStringList works = takeCalls();
-        const auto *panel = window.findChild<QWidget *>(QStringLiteral("companionPanel"));
+        const auto *panel = window.findChild<QWidget *>("companionPanel");
         if (panel && panel->isVisible())
-            works << QStringLiteral("panel");
+            works << "panel";
         return works;
     }
 
@@ -84,29 +83,21 @@ private:
     }
 };
 
-const QStringList allOfBrowser = {QStringLiteral("command"), QStringLiteral("popup of 2"),
-                                  QStringLiteral("help")};
-const QStringList allOfCompanion = {QStringLiteral("companion Execute"),
-                                    QStringLiteral("companion DocumentCreated"),
-                                    QStringLiteral("companion windowStateChanged"), QStringLiteral("panel")};
-
-//! b: the browser comes or goes, c: the companion does, w: the main window does.
-QStringList stories()
-{
-    return {"wbcbc",     "wbccb",     "wcbbc",  "wcbcb",                   // the window is there all the time
-            "bcwbc",     "bcwcb",     "bwccb",  "bwcbc", "cwbcb", "cwbbc", // it comes in between
-            "bcwwbc",    "bcwwcb",    "cbwwbc",                            // and goes before they do
-            "wbcbbbccb", "wcbcccbbc", "wbcb",   "wbcc",  "bcw"}; // some come again, some go with the host
-}
+const QStringList allOfBrowser = {"command", "popup of 2", "help"};
+const QStringList allOfCompanion = {"companion Execute", "companion DocumentCreated",
+                                    "companion windowStateChanged", "panel"};
 
 } // namespace
 
 void tst_TwoModules::eachWorksWhileItIsLoaded_data()
 {
     QTest::addColumn<QString>("story");
-    const QStringList all = stories();
-    for (const QString &story : all)
-        QTest::newRow(qPrintable(story)) << story;
+    // b: the browser comes or goes, c: the companion does, w: the main window does, which may be there all
+    // the time, come in between and go before they do. Some come again, some go with the host.
+    for (const char *story :
+         {"wbcbc", "wbccb", "wcbbc", "wcbcb", "bcwbc", "bcwcb", "bwccb", "bwcbc", "cwbcb", "cwbbc", "bcwwbc",
+          "bcwwcb", "cbwwbc", "wbcbbbccb", "wcbcccbbc", "wbcb", "wbcc", "bcw"})
+        QTest::newRow(story) << story;
 }
 
 void tst_TwoModules::eachWorksWhileItIsLoaded()
@@ -139,7 +130,7 @@ void tst_TwoModules::eachWorksWhileItIsLoaded()
     }
     QCOMPARE(isMapped(browserModule), loaded.contains(browserModule));
     QCOMPARE(isMapped(companionModule), loaded.contains(companionModule));
-    QCOMPARE(running.messages.filter(QRegularExpression(QStringLiteral("module"))), QStringList());
+    QCOMPARE(running.messages.filter(QRegularExpression("module")), QStringList());
 }
 
 QTEST_MAIN(tst_TwoModules)

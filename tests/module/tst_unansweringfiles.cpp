@@ -36,11 +36,9 @@ private slots:
 
 namespace {
 
-const QRect usualFrame(0, 0, 1300, 800);
-
 QString titleOf(const QDialog *tile)
 {
-    return tile->findChild<QLabel *>(QStringLiteral("title_label"))->text();
+    return tile->findChild<QLabel *>("title_label")->text();
 }
 
 QByteArray drawingWithPicture()
@@ -72,13 +70,11 @@ QStringList titles(const QDialog *popup)
 void tst_UnansweringFiles::popupShowsWhatAnswers()
 {
     STUCK_FOLDER_OR_SKIP(server);
-    RealBrowser browser(2, usualFrame);
-    const QStringList listed = {browser.paths().at(0),
-                                server.makeFile(QStringLiteral("away.dwg"), drawingWithPicture()),
+    RealBrowser browser(2);
+    const QStringList listed = {browser.paths().at(0), server.makeFile("away.dwg", drawingWithPicture()),
                                 browser.paths().at(1)};
     browser.host().recentFiles().setPaths(listed);
-    const QStringList all = {QStringLiteral("plan 1.dwg"), QStringLiteral("away.dwg"),
-                             QStringLiteral("plan 2.dwg")};
+    const QStringList all = {"plan 1.dwg", "away.dwg", "plan 2.dwg"};
     const QStringList local = {all.at(0), all.at(2)};
 
     const Alarm alarm;
@@ -107,9 +103,9 @@ void tst_UnansweringFiles::popupShowsWhatAnswers()
 void tst_UnansweringFiles::nothingIsOpenedThatDoesNotAnswer()
 {
     STUCK_FOLDER_OR_SKIP(server);
-    RealBrowser browser(1, usualFrame);
-    const QString away = server.makeFile(QStringLiteral("away.dwg"), drawingWithPicture());
-    const QString open = server.makeFile(QStringLiteral("open.dwg"), drawingWithPicture());
+    RealBrowser browser(1);
+    const QString away = server.makeFile("away.dwg", drawingWithPicture());
+    const QString open = server.makeFile("open.dwg", drawingWithPicture());
     QCOMPARE(browser.host().documents().open(open), QString());
     browser.host().recentFiles().add(away);
     browser.host().documents().newDocument();
@@ -130,8 +126,8 @@ void tst_UnansweringFiles::nothingIsOpenedThatDoesNotAnswer()
 void tst_UnansweringFiles::aDiskThatWakesUpIsWaitedFor()
 {
     STUCK_FOLDER_OR_SKIP(disk);
-    RealBrowser browser(1, usualFrame);
-    const QString path = disk.makeFile(QStringLiteral("asleep.dwg"), drawingWithPicture());
+    RealBrowser browser(1);
+    const QString path = disk.makeFile("asleep.dwg", drawingWithPicture());
     disk.stopAnswering();
     // Longer than a file of the list may take.
     std::thread spinningUp([&disk] {
@@ -146,7 +142,7 @@ void tst_UnansweringFiles::aDiskThatWakesUpIsWaitedFor()
 void tst_UnansweringFiles::severalAreWaitedForTogether()
 {
     STUCK_FOLDER_OR_SKIP(server);
-    RealBrowser browser(1, usualFrame);
+    RealBrowser browser(1);
     QStringList paths;
     for (int i = 0; i < 40; ++i) // which would take two minutes
         paths.append(server.makeFile(QStringLiteral("away %1.dwg").arg(i), drawingWithPicture()));

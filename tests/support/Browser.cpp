@@ -7,6 +7,7 @@
 #include "ui/RecentDocDialog.h"
 #include "ui/RecentDocMainWindow.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -30,27 +31,7 @@ QImage pictureOf(const QString &path)
     return image;
 }
 
-Browser::Browser(int count) : Browser(numberedNames(count)) {}
-
-Browser::Browser(const QStringList &names)
-    : m_module(std::make_unique<OdRxUnixModuleRecentDocumentBrowser>(nullptr, L"browser"))
-{
-    makeFiles(names);
-    host.onLoadPreview = [](const QString &path, QImage &image) {
-        image = pictureOf(path);
-        return true;
-    };
-    host.mainWindow().setGeometry(0, 0, 1300, 800);
-}
-
-Browser::~Browser()
-{
-    m_module.reset(); // takes popups and menus with it
-    drainEvents();
-    RecentDocumentBrowser::recentFileImageMap.clear();
-}
-
-void Browser::makeFiles(const QStringList &names)
+DrawingsInHost::DrawingsInHost(const QStringList &names)
 {
     for (const QString &name : names) {
         QFile file(m_folder.filePath(name));
@@ -59,6 +40,26 @@ void Browser::makeFiles(const QStringList &names)
         m_paths.append(file.fileName());
     }
     host.setRecent(m_paths);
+    host.onLoadPreview = [](const QString &path, QImage &image) {
+        image = pictureOf(path);
+        return true;
+    };
+    host.mainWindow().setGeometry(0, 0, 1300, 800);
+}
+
+Browser::Browser(int count) : Browser(numberedNames(count)) {}
+
+Browser::Browser(const QStringList &names)
+    : DrawingsInHost(names),
+      m_module(std::make_unique<OdRxUnixModuleRecentDocumentBrowser>(nullptr, L"browser"))
+{
+}
+
+Browser::~Browser()
+{
+    m_module.reset(); // takes popups and menus with it
+    drainEvents();
+    RecentDocumentBrowser::recentFileImageMap.clear();
 }
 
 void Browser::createDocument()
@@ -71,6 +72,18 @@ RecentDocMainWindow *Browser::openPopup()
     auto *popup = new RecentDocMainWindow(&host.mainWindow());
     popup->show();
     return popup;
+}
+
+QList<RecentDocMainWindow *> Browser::popups()
+{
+    QList<RecentDocMainWindow *> shown;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        auto *popup = qobject_cast<RecentDocMainWindow *>(window);
+        if (popup && popup->isVisible())
+            shown.append(popup);
+    }
+    return shown;
 }
 
 QList<RecentDocDialog *> Browser::tiles() const

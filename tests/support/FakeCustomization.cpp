@@ -18,31 +18,27 @@ QString quoted(const QString &text)
 
 QString nameOf(const CFxUICommand *command)
 {
-    return command ? QString(command->GetIdentifier()) : QStringLiteral("nothing");
+    return command ? QString(command->GetIdentifier()) : "nothing";
 }
 
 //! Walks the groups; says when it steps and when it ends.
 class FakeEnumerator : public CFxUIGroupEnumerator
 {
 public:
-    explicit FakeEnumerator(FakeCustomization &menus) : m_menus(menus)
-    {
-        ++menus.enumeratorsMade;
-        ++menus.enumeratorsAlive;
-    }
+    explicit FakeEnumerator(FakeCustomization &menus) : m_menus(menus) { ++menus.enumeratorsAlive; }
     ~FakeEnumerator() override { --m_menus.enumeratorsAlive; }
 
     CFxUIGroup *Next() override
     {
         CFxUIGroup *group = at(m_menus.groups, m_next++);
-        m_menus.note(QStringLiteral("next ") + (group ? QString(group->GetName()) : QStringLiteral("none")));
+        m_menus.note("next " + (group ? QString(group->GetName()) : "none"));
         return group;
     }
     void Release() override
     {
         FakeCustomization &menus = m_menus;
         delete this;
-        menus.note(QStringLiteral("enumerator released"));
+        menus.note("enumerator released");
     }
 
 private:
@@ -52,22 +48,12 @@ private:
 
 } // namespace
 
-FakeCommand::FakeCommand(FakeCustomization &menus, const QString &id) : identifier(id), m_menus(menus)
+FakeMenuObject::FakeMenuObject(FakeCustomization &menus, const QString &id) : identifier(id), m_menus(menus)
 {
     ++m_menus.objectsAlive;
 }
 
-FakeCommand::~FakeCommand()
-{
-    --m_menus.objectsAlive;
-}
-
-FakeMenuItem::FakeMenuItem(FakeCustomization &menus, const QString &id) : identifier(id), m_menus(menus)
-{
-    ++m_menus.objectsAlive;
-}
-
-FakeMenuItem::~FakeMenuItem()
+FakeMenuObject::~FakeMenuObject()
 {
     --m_menus.objectsAlive;
 }
@@ -88,22 +74,11 @@ bool FakeMenuItem::InsertChild(int reference, CFxUIMenuItem *item)
     m_menus.note(QStringLiteral("insert %1 %2 for %3 at %4 of %5")
                      .arg(QString(item->GetIdentifier()), quoted(item->GetLabel()),
                           nameOf(item->GetCommand()), QString::number(reference), identifier));
-    if (!m_menus.insertsChildren || !at(children, reference))
+    if (!at(children, reference))
         return false;
-    children.insert(children.begin() + reference + (m_menus.insertsBehind ? 1 : 0),
+    children.insert(children.begin() + reference + 1,
                     std::unique_ptr<FakeMenuItem>(static_cast<FakeMenuItem *>(item)));
     return true;
-}
-
-FakeAccelerator::FakeAccelerator(FakeCustomization &menus, const QString &id, CFxUICommand *definition)
-    : identifier(id), command(definition), m_menus(menus)
-{
-    ++m_menus.objectsAlive;
-}
-
-FakeAccelerator::~FakeAccelerator()
-{
-    --m_menus.objectsAlive;
 }
 
 FakeMenuItem &FakeGroup::addMenu(const QString &id)
@@ -120,7 +95,7 @@ FakeCommand &FakeGroup::addCommand(const QString &id)
 
 FakeAccelerator &FakeGroup::addAccelerator(const QString &id, const QKeySequence &key)
 {
-    accelerators.push_back(std::make_unique<FakeAccelerator>(m_menus, id, nullptr));
+    accelerators.push_back(std::make_unique<FakeAccelerator>(m_menus, id));
     accelerators.back()->key = key;
     return *accelerators.back();
 }
@@ -173,32 +148,30 @@ FakeGroup &FakeCustomization::setStartUpGroup(const QString &name)
 
 CFxUIGroupEnumerator *FakeCustomization::EnumerateGroups()
 {
-    note(QStringLiteral("enumerate"));
+    note("enumerate");
     return new FakeEnumerator(*this);
 }
 
 bool FakeCustomization::IsPrimary(const CFxUIGroup *group) const
 {
-    note(QStringLiteral("primary? ") + QString(group->GetName()));
+    note("primary? " + QString(group->GetName()));
     return static_cast<const FakeGroup *>(group)->isPrimary;
 }
 
 CFxUIGroup *FakeCustomization::GetStartUpGroup()
 {
-    note(QStringLiteral("start-up group"));
+    note("start-up group");
     return startUp.get();
 }
 
 CFxUICommand *FakeCustomization::FindCommand(const CFxString &groupName, const CFxString &identifier) const
 {
     note(QStringLiteral("find %1 in %2").arg(QString(identifier), QString(groupName)));
-    std::vector<const FakeGroup *> all;
+    std::vector<const FakeGroup *> all{startUp.get()};
     for (const auto &group : groups)
         all.push_back(group.get());
-    if (startUp)
-        all.push_back(startUp.get());
     for (const FakeGroup *group : all) {
-        for (int i = 0; group->GetName() == groupName && i < group->GetCommandCount(); ++i) {
+        for (int i = 0; group && group->GetName() == groupName && i < group->GetCommandCount(); ++i) {
             if (group->GetCommand(i)->GetIdentifier() == identifier)
                 return group->GetCommand(i);
         }
@@ -208,7 +181,7 @@ CFxUICommand *FakeCustomization::FindCommand(const CFxString &groupName, const C
 
 CFxUICommand *FakeCustomization::CreateCommand(const CFxString &identifier)
 {
-    note(QStringLiteral("make definition ") + QString(identifier));
+    note("make definition " + QString(identifier));
     return makesCommands ? new FakeCommand(*this, identifier) : nullptr;
 }
 
@@ -228,12 +201,16 @@ CFxUIMenuItem *FakeCustomization::CreateMenuItem(CFxUICommand *command, const CF
 CFxUIAccelerator *FakeCustomization::CreateAccelerator(CFxUICommand *command, const CFxString &identifier)
 {
     note(QStringLiteral("make accelerator %1 for %2").arg(quoted(identifier), nameOf(command)));
-    return makesAccelerators ? new FakeAccelerator(*this, identifier, command) : nullptr;
+    if (!makesAccelerators)
+        return nullptr;
+    auto accelerator = std::make_unique<FakeAccelerator>(*this, identifier);
+    accelerator->command = command;
+    return accelerator.release();
 }
 
 void FakeCustomization::note(const QString &what) const
 {
-    m_calls.append(QStringLiteral("menus ") + what);
+    m_calls.append("menus " + what);
     if (onCall)
         onCall(what);
 }

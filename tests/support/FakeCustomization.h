@@ -15,12 +15,26 @@
 
 class FakeCustomization;
 
-//! A command definition of the fake host. Its fields may be read and set by tests.
-class FakeCommand : public CFxUICommand
+//! What a definition, an entry and a key of the fake host have in common. Fields may be read and set by
+//! tests.
+class FakeMenuObject
 {
 public:
-    FakeCommand(FakeCustomization &menus, const QString &id);
-    ~FakeCommand() override;
+    FakeMenuObject(FakeCustomization &menus, const QString &id);
+    ~FakeMenuObject();
+    Q_DISABLE_COPY(FakeMenuObject)
+
+    QString identifier;
+
+protected:
+    FakeCustomization &m_menus;
+};
+
+//! A command definition of the fake host.
+class FakeCommand : public CFxUICommand, public FakeMenuObject
+{
+public:
+    using FakeMenuObject::FakeMenuObject;
 
     CFxString GetIdentifier() const override { return identifier; }
     CFxString GetName() const override { return name; }
@@ -30,21 +44,16 @@ public:
     CFxString GetHelpString() const override { return helpString; }
     void SetHelpString(const CFxString &text) override { helpString = text; }
 
-    QString identifier;
     QString name;
     QString macro;
     QString helpString;
-
-private:
-    FakeCustomization &m_menus;
 };
 
 //! A menu or an entry of the fake host.
-class FakeMenuItem : public CFxUIMenuItem
+class FakeMenuItem : public CFxUIMenuItem, public FakeMenuObject
 {
 public:
-    FakeMenuItem(FakeCustomization &menus, const QString &id);
-    ~FakeMenuItem() override;
+    using FakeMenuObject::FakeMenuObject;
 
     //! Puts a child behind the others.
     FakeMenuItem &add(const QString &id);
@@ -59,21 +68,16 @@ public:
     CFxUIMenuItem *GetChild(int index) const override;
     bool InsertChild(int reference, CFxUIMenuItem *item) override;
 
-    QString identifier;
     QString label;
     CFxUICommand *command = nullptr;
     std::vector<std::unique_ptr<FakeMenuItem>> children;
-
-private:
-    FakeCustomization &m_menus;
 };
 
 //! A key of the fake host.
-class FakeAccelerator : public CFxUIAccelerator
+class FakeAccelerator : public CFxUIAccelerator, public FakeMenuObject
 {
 public:
-    FakeAccelerator(FakeCustomization &menus, const QString &id, CFxUICommand *definition);
-    ~FakeAccelerator() override;
+    using FakeMenuObject::FakeMenuObject;
 
     CFxString GetIdentifier() const override { return identifier; }
     CFxString GetLabel() const override { return label; }
@@ -82,13 +86,9 @@ public:
     void SetKey(const QKeySequence &sequence) override { key = sequence; }
     CFxUICommand *GetCommand() const override { return command; }
 
-    QString identifier;
     QString label;
     QKeySequence key;
-    CFxUICommand *command;
-
-private:
-    FakeCustomization &m_menus;
+    CFxUICommand *command = nullptr;
 };
 
 //! A group of the fake host; empty at first.
@@ -138,11 +138,7 @@ public:
     bool makesCommands = true;
     bool makesMenuItems = true;
     bool makesAccelerators = true;
-    bool insertsChildren = true;
-    //! Where a new child goes: behind the one at the reference position, or in front of it.
-    bool insertsBehind = true;
 
-    int enumeratorsMade = 0;
     int enumeratorsAlive = 0;
     int objectsAlive = 0; //!< definitions, menus with their entries, and accelerators, whoever owns them
     std::vector<std::unique_ptr<FakeGroup>> groups; //!< in the order in which they are enumerated

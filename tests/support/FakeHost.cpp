@@ -4,9 +4,11 @@
 #include "tests/support/FakeCustomization.h"
 
 #include <OdEdCommand.h>
+#include <OdRxAlloc.h>
 
 #include <algorithm>
 #include <atomic>
+#include <cstdlib>
 
 namespace {
 
@@ -22,6 +24,12 @@ QString text(const OdString &string)
 bool sameName(const OdString &a, const OdString &b)
 {
     return text(a).compare(text(b), Qt::CaseInsensitive) == 0;
+}
+
+template<class Reactor>
+void take(std::vector<Reactor *> &list, const Reactor *reactor)
+{
+    list.erase(std::remove(list.begin(), list.end(), reactor), list.end());
 }
 
 class FakePreview : public CFxPreviewBitmap
@@ -89,18 +97,17 @@ public:
 
     void AddReactor(CFxDocumentManagerReactor *reactor) override
     {
-        m_host.calls.append(QStringLiteral("documents add reactor"));
+        m_host.calls.append("documents add reactor");
         m_host.documentReactors.push_back(reactor);
     }
     void RemoveReactor(CFxDocumentManagerReactor *reactor) override
     {
-        m_host.calls.append(QStringLiteral("documents remove reactor"));
-        auto &list = m_host.documentReactors;
-        list.erase(std::remove(list.begin(), list.end(), reactor), list.end());
+        m_host.calls.append("documents remove reactor");
+        take(m_host.documentReactors, reactor);
     }
     bool OpenDocument(const CFxString &path, int mode, int flags, OdString &result) override
     {
-        m_host.calls.append(QStringLiteral("open ") + QString(path));
+        m_host.calls.append("open " + QString(path));
         m_host.opened.push_back({path, mode, flags, result.isEmpty()});
         if (m_host.onOpen)
             m_host.onOpen(path);
@@ -121,13 +128,13 @@ public:
     {
         ++m_references;
         ++m_host.openReferences;
-        m_host.calls.append(m_name + QStringLiteral(" taken"));
+        m_host.calls.append(m_name + " taken");
     }
     void release() override
     {
         --m_references;
         --m_host.openReferences;
-        m_host.calls.append(m_name + QStringLiteral(" released"));
+        m_host.calls.append(m_name + " released");
     }
     int numRefs() const override { return m_references; }
 
@@ -142,31 +149,28 @@ private:
 class FakeHost::Stack : public Counted<OdEdCommandStack>
 {
 public:
-    explicit Stack(FakeHost &host) : Counted(host, QStringLiteral("stack")) {}
+    explicit Stack(FakeHost &host) : Counted(host, "stack") {}
 
     void addCommand(OdEdCommand *command) override
     {
-        note(QStringLiteral("stack add "), command);
+        m_host.note("stack add " + text(command->globalName()), m_host.onCommandStack);
         m_host.commands.push_back(command);
     }
     void removeCommand(OdEdCommand *command) override
     {
-        note(QStringLiteral("stack remove "), command);
+        m_host.note("stack remove " + text(command->globalName()), m_host.onCommandStack);
+        const auto isIt = [command](const OdEdCommand *listed) {
+            return sameName(listed->globalName(), command->globalName()) &&
+                   sameName(listed->localName(), command->localName()) &&
+                   listed->groupName() == command->groupName();
+        };
         auto &list = m_host.commands;
-        list.erase(std::remove_if(list.begin(), list.end(),
-                                  [command](const OdEdCommand *listed) {
-                                      return sameName(listed->globalName(), command->globalName()) &&
-                                             sameName(listed->localName(), command->localName()) &&
-                                             listed->groupName() == command->groupName();
-                                  }),
-                   list.end());
+        list.erase(std::remove_if(list.begin(), list.end(), isIt), list.end());
     }
     OdEdCommand *lookupCommand(const OdString &name, int flags, const OdString &group) const override
     {
-        m_host.calls.append(
-            QStringLiteral("stack lookup %1 %2 \"%3\"").arg(text(name)).arg(flags).arg(text(group)));
-        if (m_host.onCommandStack)
-            m_host.onCommandStack();
+        m_host.note(QStringLiteral("stack lookup %1 %2 \"%3\"").arg(text(name)).arg(flags).arg(text(group)),
+                    m_host.onCommandStack);
         for (OdEdCommand *command : m_host.commands) {
             const bool byGlobal = (flags & GlobalNames) && sameName(command->globalName(), name);
             const bool byLocal = (flags & LocalNames) && sameName(command->localName(), name);
@@ -177,52 +181,34 @@ public:
         }
         return nullptr;
     }
-
-private:
-    void note(const QString &what, const OdEdCommand *command)
-    {
-        m_host.calls.append(what + text(command->globalName()));
-        if (m_host.onCommandStack)
-            m_host.onCommandStack();
-    }
 };
 
 class FakeHost::EditorObject : public Counted<OdEditor>
 {
 public:
-    explicit EditorObject(FakeHost &host) : Counted(host, QStringLiteral("editor")) {}
+    explicit EditorObject(FakeHost &host) : Counted(host, "editor") {}
 
     void addReactor(OdEditorReactor *reactor) override
     {
-        note(QStringLiteral("editor add reactor"));
+        m_host.note("editor add reactor", m_host.onEditor);
         m_host.editorReactors.push_back(reactor);
     }
     void removeReactor(OdEditorReactor *reactor) override
     {
-        note(QStringLiteral("editor remove reactor"));
-        auto &list = m_host.editorReactors;
-        list.erase(std::remove(list.begin(), list.end(), reactor), list.end());
-    }
-
-private:
-    void note(const QString &what)
-    {
-        m_host.calls.append(what);
-        if (m_host.onEditor)
-            m_host.onEditor();
+        m_host.note("editor remove reactor", m_host.onEditor);
+        take(m_host.editorReactors, reactor);
     }
 };
 
 class FakeHost::Run : public Counted<OdRxObject>
 {
 public:
-    explicit Run(FakeHost &host) : Counted(host, QStringLiteral("run")) {}
+    explicit Run(FakeHost &host) : Counted(host, "run") {}
 };
 
 OdRxObject *FakeHost::Services::RunCommand(const CFxString &name, const CFxString *argument)
 {
-    m_host.calls.append(QStringLiteral("run ") + QString(name) +
-                        (argument ? QStringLiteral(" with ") + QString(*argument) : QString()));
+    m_host.calls.append("run " + QString(name) + (argument ? " with " + QString(*argument) : QString()));
     m_host.commandsRun.append(name);
     if (m_host.onRunCommand)
         m_host.onRunCommand(name);
@@ -248,9 +234,11 @@ FakeHost::~FakeHost()
     fakeHost = nullptr;
 }
 
-FakeHost *FakeHost::instance()
+void FakeHost::note(const QString &call, const std::function<void()> &hook)
 {
-    return fakeHost;
+    calls.append(call);
+    if (hook)
+        hook();
 }
 
 void FakeHost::deleteMainWindow()
@@ -283,6 +271,21 @@ QStringList FakeHost::openedPaths() const
 }
 
 // In place of the runtime library's own, in this program alone.
+
+void *odrxAlloc(std::size_t size)
+{
+    if (FakeMemory::isOut)
+        return nullptr;
+    void *memory = std::malloc(size);
+    FakeMemory::inUse.insert(memory);
+    return memory;
+}
+
+void odrxFree(void *memory)
+{
+    FakeMemory::inUse.erase(memory);
+    std::free(memory);
+}
 
 CFxSystemServices *GetFxSystemServices()
 {

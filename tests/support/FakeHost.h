@@ -14,9 +14,17 @@
 
 #include <functional>
 #include <memory>
+#include <set>
 #include <vector>
 
 class FakeCustomization;
+
+//! What odrxAlloc() gives in a program with fake hosts.
+struct FakeMemory
+{
+    static inline bool isOut = false;
+    static inline std::set<void *> inUse;
+};
 
 //! A host that does nothing but remember what it was asked for, and that may lack anything: for what the real
 //! host cannot be made to do. While one exists, GetFxSystemServices(), odedRegCmds(), odedEditor() and
@@ -34,7 +42,6 @@ public:
 
     FakeHost();
     ~FakeHost();
-    static FakeHost *instance();
 
     //! The recent documents, most recent first.
     void setRecent(const QStringList &paths);
@@ -97,6 +104,7 @@ private:
     class Stack;
     class EditorObject;
     class Run;
+    void note(const QString &call, const std::function<void()> &hook);
 
     std::unique_ptr<FakeCustomization> m_customization;
     std::unique_ptr<Services> m_services;

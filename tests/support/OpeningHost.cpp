@@ -10,7 +10,6 @@
 
 #include <OdStaticRxObject.h>
 
-#include <QApplication>
 #include <QCursor>
 #include <QMouseEvent>
 
@@ -59,25 +58,13 @@ void OpeningHost::hold(const RecentDocDialog *tile) const
 
 RecentDocMainWindow *OpeningHost::runRecent()
 {
-    const QList<RecentDocMainWindow *> before = popups();
+    const QList<RecentDocMainWindow *> before = Browser::popups();
     OdStaticRxObject<CFxRecentDocCommand> command;
     command.Execute(nullptr);
-    const QList<RecentDocMainWindow *> after = popups();
+    const QList<RecentDocMainWindow *> after = Browser::popups();
     for (RecentDocMainWindow *popup : after) {
         if (!before.contains(popup))
             return popup;
     }
     return nullptr;
-}
-
-QList<RecentDocMainWindow *> OpeningHost::popups()
-{
-    QList<RecentDocMainWindow *> shown;
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (QWidget *window : windows) {
-        auto *popup = qobject_cast<RecentDocMainWindow *>(window);
-        if (popup && popup->isVisible())
-            shown.append(popup);
-    }
-    return shown;
 }

@@ -11,7 +11,7 @@ class RecentDocDialog;
 class RecentDocMainWindow;
 
 //! A host with four drawings, a menu of the module's entries that is open, and a popup; and the ways in which
-//! a person opens drawings there. What the host does meanwhile is FakeHost's onOpen.
+//! the user opens drawings there. What the host does meanwhile is FakeHost's onOpen.
 class OpeningHost
 {
 public:
@@ -28,8 +28,6 @@ public:
     RecentDocDialog *tile(int index) const { return browser.tiles().at(index); }
     //! Runs "_RECENT". \return the popup that it opens
     static RecentDocMainWindow *runRecent();
-    //! All that are shown.
-    static QList<RecentDocMainWindow *> popups();
 
     Browser browser{4};
     FakeHost &host = browser.host;

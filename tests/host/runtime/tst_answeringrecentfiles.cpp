@@ -20,9 +20,9 @@ private slots:
 
 void tst_AnsweringRecentFiles::withoutAHelperItIsSaidOnce()
 {
-    const QString nowhere = QStringLiteral("/no such folder/fxprobe");
+    const QString nowhere = "/no such folder/fxprobe";
     fxhost::RecentFiles listed;
-    listed.setPaths({QStringLiteral("/a.dwg")});
+    listed.setPaths({"/a.dwg"});
     FileProbe probe(nowhere);
     QStringList said;
     const fxhost::AnsweringRecentFiles list(listed, probe, [&](const QString &text) { said.append(text); });
@@ -38,10 +38,10 @@ void tst_AnsweringRecentFiles::withoutAHelperItIsSaidOnce()
 void tst_AnsweringRecentFiles::modulesGetWhatAnswers()
 {
     STUCK_FOLDER_OR_SKIP(folder);
-    const QString away = folder.makeFile(QStringLiteral("away.dwg"), "AC1032");
-    const QString astral = QStringLiteral("/\u6771\u4eac \U0001F4D0.dwg");
+    const QString away = folder.makeFile("away.dwg", "AC1032");
+    const QString astral = "/\u6771\u4eac \U0001F4D0.dwg";
     fxhost::RecentFiles listed;
-    listed.setPaths({astral, away, QStringLiteral("/b.dwg")});
+    listed.setPaths({astral, away, "/b.dwg"});
     FileProbe probe;
     QStringList said;
     const fxhost::AnsweringRecentFiles list(listed, probe, [&](const QString &text) { said.append(text); });
@@ -56,7 +56,7 @@ void tst_AnsweringRecentFiles::modulesGetWhatAnswers()
     const QStringList all = listed.paths();
     for (int round = 1; round <= 2; ++round) {
         folder.stopAnswering();
-        QTRY_COMPARE(given(), QStringList({astral, QStringLiteral("/b.dwg")}));
+        QTRY_COMPARE(given(), QStringList({astral, "/b.dwg"}));
         QCOMPARE(given().size(), 2);
         QCOMPARE(listed.paths(), all); // kept all the same
         QCOMPARE(said.size(), round);  // once each time

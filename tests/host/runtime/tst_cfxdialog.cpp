@@ -20,8 +20,8 @@ public:
     explicit ModalListener(fxhost::FxHost &host) : m_host(host) { host.editor().addReactor(this); }
     ~ModalListener() override { m_host.editor().removeReactor(this); }
 
-    void beginModalState() override { events << QStringLiteral("begin"); }
-    void endModalState() override { events << QStringLiteral("end"); }
+    void beginModalState() override { events << "begin"; }
+    void endModalState() override { events << "end"; }
 
     QStringList events;
 
@@ -29,7 +29,7 @@ private:
     fxhost::FxHost &m_host;
 };
 
-const QStringList once = {QStringLiteral("begin"), QStringLiteral("end")};
+const QStringList once = {"begin", "end"};
 
 class HookedDialog : public CFxDialog
 {
@@ -133,7 +133,7 @@ private slots:
         ModalListener listener(running.host);
         CFxDialog dialog;
         dialog.show();
-        QCOMPARE(listener.events, QStringList(QStringLiteral("begin")));
+        QCOMPARE(listener.events, QStringList("begin"));
         dialog.accept();
         QCOMPARE(listener.events, once);
     }
@@ -189,7 +189,7 @@ private slots:
         dialog.throwsOnKeys = true;
         QTest::keyClick(&dialog, Qt::Key_A);
         QVERIFY(!running.messages.isEmpty());
-        QVERIFY(running.messages.first().contains(QLatin1String("stuck key")));
+        QVERIFY(running.messages.first().contains("stuck key"));
     }
 
     void withoutAHostADialogWorksAllTheSame()

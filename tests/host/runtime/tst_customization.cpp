@@ -47,8 +47,8 @@ private slots:
         QCOMPARE(groups->Next(), nullptr);
         QCOMPARE(groups->Next(), nullptr);
         groups->Release();
-        QCOMPARE(QString(extra->GetName()), QStringLiteral("EXTRA"));
-        QCOMPARE(QString(main->GetName()), QStringLiteral("MAIN"));
+        QCOMPARE(QString(extra->GetName()), QString("EXTRA"));
+        QCOMPARE(QString(main->GetName()), QString("MAIN"));
         QVERIFY(!customization.IsPrimary(extra));
         QVERIFY(customization.IsPrimary(main));
         QVERIFY(!customization.IsPrimary(customization.GetStartUpGroup()));
@@ -78,13 +78,12 @@ private slots:
     {
         Customization customization;
         customization.load(data);
-        const QString open = QStringLiteral("ID_Open");
-        QCOMPARE(QString(customization.FindCommand(QStringLiteral("MAIN"), open)->GetMacro()),
-                 QStringLiteral("^C^C_OPEN"));
-        QVERIFY(customization.FindCommand(QStringLiteral("START"), QStringLiteral("ID_StartOpen")));
-        QCOMPARE(customization.FindCommand(QStringLiteral("EXTRA"), open), nullptr);
-        QCOMPARE(customization.FindCommand(QStringLiteral("NONE"), open), nullptr);
-        QCOMPARE(customization.FindCommand(QStringLiteral("MAIN"), QStringLiteral("id_open")), nullptr);
+        const QString open = "ID_Open";
+        QCOMPARE(QString(customization.FindCommand("MAIN", open)->GetMacro()), QString("^C^C_OPEN"));
+        QVERIFY(customization.FindCommand("START", "ID_StartOpen"));
+        QCOMPARE(customization.FindCommand("EXTRA", open), nullptr);
+        QCOMPARE(customization.FindCommand("NONE", open), nullptr);
+        QCOMPARE(customization.FindCommand("MAIN", "id_open"), nullptr);
     }
 
     void whatIsOutOfRangeIsNull()
@@ -105,18 +104,18 @@ private slots:
         Customization customization;
         customization.load(data);
         CFxUIGroup *const main = customization.primaryGroup();
-        CFxUICommand *const command = customization.CreateCommand(QStringLiteral("ID_New"));
-        command->SetName(QStringLiteral("New"));
-        command->SetMacro(QStringLiteral("_NEW"));
-        command->SetHelpString(QStringLiteral("Starts a drawing."));
+        CFxUICommand *const command = customization.CreateCommand("ID_New");
+        command->SetName("New");
+        command->SetMacro("_NEW");
+        command->SetHelpString("Starts a drawing.");
         main->AppendCommand(command);
         main->AppendCommand(command); // a second time would delete it twice
         main->AppendCommand(nullptr);
         QCOMPARE(main->GetCommandCount(), 2);
-        QCOMPARE(customization.FindCommand(QStringLiteral("MAIN"), QStringLiteral("ID_New")), command);
-        QCOMPARE(QString(command->GetName()), QStringLiteral("New"));
-        QCOMPARE(QString(command->GetMacro()), QStringLiteral("_NEW"));
-        QCOMPARE(QString(command->GetHelpString()), QStringLiteral("Starts a drawing."));
+        QCOMPARE(customization.FindCommand("MAIN", "ID_New"), command);
+        QCOMPARE(QString(command->GetName()), QString("New"));
+        QCOMPARE(QString(command->GetMacro()), QString("_NEW"));
+        QCOMPARE(QString(command->GetHelpString()), QString("Starts a drawing."));
     }
 
     void aMadeEntryIsWhatItWasMadeOf()
@@ -124,15 +123,15 @@ private slots:
         Customization customization;
         customization.load(data);
         CFxUICommand *const open = customization.primaryGroup()->GetCommand(0);
-        const std::unique_ptr<CFxUIMenuItem> item(customization.CreateMenuItem(
-            open, QStringLiteral("label"), QStringLiteral("help"), QStringLiteral("PMI_ITEM")));
+        const std::unique_ptr<CFxUIMenuItem> item(
+            customization.CreateMenuItem(open, "label", "help", "PMI_ITEM"));
         QCOMPARE(item->GetCommand(), open);
-        QCOMPARE(QString(item->GetLabel()), QStringLiteral("label"));
-        QCOMPARE(QString(item->GetIdentifier()), QStringLiteral("PMI_ITEM"));
+        QCOMPARE(QString(item->GetLabel()), QString("label"));
+        QCOMPARE(QString(item->GetIdentifier()), QString("PMI_ITEM"));
         item->SetCommand(nullptr);
-        item->SetLabel(QStringLiteral("other"));
+        item->SetLabel("other");
         QCOMPARE(item->GetCommand(), nullptr);
-        QCOMPARE(QString(item->GetLabel()), QStringLiteral("other"));
+        QCOMPARE(QString(item->GetLabel()), QString("other"));
         QCOMPARE(item->GetChildCount(), 0);
     }
 
@@ -140,10 +139,10 @@ private slots:
     {
         QTest::addColumn<int>("reference");
         QTest::addColumn<QStringList>("children");
-        const QStringList before = {QStringLiteral("MI_Open"), QString(), QStringLiteral("MI_Again")};
+        const QStringList before = {"MI_Open", QString(), "MI_Again"};
         const auto with = [&before](int position) {
             QStringList children = before;
-            children.insert(position, QStringLiteral("NEW"));
+            children.insert(position, "NEW");
             return children;
         };
         QTest::newRow("the first") << 0 << with(0);
@@ -161,7 +160,7 @@ private slots:
         customization.load(data);
         CFxUIMenuItem *const file = customization.primaryGroup()->GetMenu(0);
         std::unique_ptr<CFxUIMenuItem> item(
-            customization.CreateMenuItem(nullptr, QString(), QString(), QStringLiteral("NEW")));
+            customization.CreateMenuItem(nullptr, QString(), QString(), "NEW"));
         const bool isInserted = file->InsertChild(reference, item.get());
         if (isInserted)
             static_cast<void>(item.release()); // it is the menu's now
@@ -171,8 +170,8 @@ private slots:
 
     void anEmptyMenuTakesNoReference()
     {
-        UIMenuItem menu(UIMenuItem::Kind::Menu, QStringLiteral("ID_MnEmpty"), QStringLiteral("Empty"));
-        UIMenuItem item(UIMenuItem::Kind::Entry, QStringLiteral("NEW"), QString());
+        UIMenuItem menu(UIMenuItem::Kind::Menu, "ID_MnEmpty", "Empty");
+        UIMenuItem item(UIMenuItem::Kind::Entry, "NEW", QString());
         for (const int reference : {-2, -1, 0})
             QVERIFY(!menu.InsertChild(reference, &item));
         QCOMPARE(menu.GetChildCount(), 0);
@@ -197,7 +196,7 @@ private slots:
         const CFxUIAccelerator *const recent = main->GetAccelerator(1);
         QCOMPARE(recent->GetKey(), QKeySequence(Qt::Key_F4));
         QCOMPARE(recent->GetCommand(), nullptr);
-        CFxUICommand *const command = customization.CreateCommand(QStringLiteral("ID_RECENT_FILES"));
+        CFxUICommand *const command = customization.CreateCommand("ID_RECENT_FILES");
         main->AppendCommand(command);
         QCOMPARE(recent->GetCommand(), command);
     }
@@ -210,13 +209,13 @@ private slots:
         CFxUIAccelerator *const accelerator = customization.CreateAccelerator(main->GetCommand(0), QString());
         QVERIFY(accelerator->GetKey().isEmpty());
         accelerator->SetKey(QKeySequence(Qt::Key_F5));
-        accelerator->SetLabel(QStringLiteral("Again"));
+        accelerator->SetLabel("Again");
         main->AppendAccelerator(accelerator);
         main->AppendAccelerator(accelerator);
         main->AppendAccelerator(nullptr);
         QCOMPARE(main->GetAcceleratorCount(), 3);
         QCOMPARE(main->GetAccelerator(2)->GetCommand(), main->GetCommand(0));
-        QCOMPARE(QString(main->GetAccelerator(2)->GetLabel()), QStringLiteral("Again"));
+        QCOMPARE(QString(main->GetAccelerator(2)->GetLabel()), QString("Again"));
     }
 
     void refreshIsPassedOn()

@@ -48,15 +48,15 @@ private slots:
         const CFxUIMenuItem *const menu = data.groups.front()->GetMenu(0);
         QCOMPARE(menu->GetChildCount(), 5);
         QCOMPARE(kindOf(menu->GetChild(0)), UIMenuItem::Kind::Entry);
-        QCOMPARE(QString(menu->GetChild(0)->GetLabel()), QStringLiteral("&Open\u2026"));
+        QCOMPARE(QString(menu->GetChild(0)->GetLabel()), QString("&Open\u2026"));
         QCOMPARE(menu->GetChild(0)->GetCommand(), data.groups.front()->GetCommand(0));
         QCOMPARE(QString(dynamic_cast<const UIMenuItem *>(menu->GetChild(0))->helpString()),
-                 QStringLiteral("Opens."));
+                 QString("Opens."));
         QCOMPARE(kindOf(menu->GetChild(1)), UIMenuItem::Kind::Separator);
         QCOMPARE(kindOf(menu->GetChild(2)), UIMenuItem::Kind::RecentFiles);
         QCOMPARE(kindOf(menu->GetChild(3)), UIMenuItem::Kind::Windows);
         QCOMPARE(kindOf(menu->GetChild(4)), UIMenuItem::Kind::Menu);
-        QCOMPARE(QString(menu->GetChild(4)->GetChild(0)->GetIdentifier()), QStringLiteral("I5"));
+        QCOMPARE(QString(menu->GetChild(4)->GetChild(0)->GetIdentifier()), QString("I5"));
     }
 
     void theSmallestDataAreOneGroup()
@@ -70,7 +70,7 @@ private slots:
     void aSyntaxErrorNamesItsLine()
     {
         const CustomizationData data = readCustomization("{\n  \"groups\": [\n    { oops }\n  ]\n}\n");
-        QVERIFY2(data.error.startsWith(QLatin1String("Line 3: ")), qPrintable(data.error));
+        QVERIFY2(data.error.startsWith("Line 3: "), qPrintable(data.error));
         QVERIFY(data.groups.empty());
     }
 
@@ -78,15 +78,15 @@ private slots:
     {
         QTest::addColumn<QByteArray>("json");
         QTest::addColumn<QString>("place");
-        const QString top = QStringLiteral("The data ");
-        const QString group = QStringLiteral("groups[0] ");
-        const QString item = QStringLiteral("groups[0].menus[0].items[0] ");
-        const QString command = QStringLiteral("groups[0].commands[0] ");
-        const QString accelerator = QStringLiteral("groups[0].accelerators[0] ");
+        const QString top = "The data ";
+        const QString group = "groups[0] ";
+        const QString item = "groups[0].menus[0].items[0] ";
+        const QString command = "groups[0].commands[0] ";
+        const QString accelerator = "groups[0].accelerators[0] ";
 
-        QTest::newRow("empty") << QByteArray() << QStringLiteral("Line 1: ");
-        QTest::newRow("cut off") << withGroupMembers(QByteArray()).chopped(2) << QStringLiteral("Line 1: ");
-        QTest::newRow("binary rubbish") << QByteArray("\x00\xff\x1b", 3) << QStringLiteral("Line 1: ");
+        QTest::newRow("empty") << QByteArray() << "Line 1: ";
+        QTest::newRow("cut off") << withGroupMembers(QByteArray()).chopped(2) << "Line 1: ";
+        QTest::newRow("binary rubbish") << QByteArray("\x00\xff\x1b", 3) << "Line 1: ";
         QTest::newRow("a list") << QByteArray("[]") << top;
         QTest::newRow("an empty object") << QByteArray("{}") << top;
         QTest::newRow("groups that are no list") << QByteArray(R"({"groups": {}})") << top;
@@ -101,18 +101,16 @@ private slots:
         QTest::newRow("a primary that is a text")
             << QByteArray(R"({"groups": [ {"name": "A", "primary": "yes"} ]})") << group;
         QTest::newRow("two groups of one name")
-            << QByteArray(R"({"groups": [ {"name": "A", "primary": true}, {"name": "A"} ]})")
-            << QStringLiteral("groups[1] ");
+            << QByteArray(R"({"groups": [ {"name": "A", "primary": true}, {"name": "A"} ]})") << "groups[1] ";
         QTest::newRow("a start-up group that is a list")
-            << QByteArray(R"({"groups": [ {"name": "A", "primary": true} ], "startUp": []})")
-            << QStringLiteral("startUp ");
+            << QByteArray(R"({"groups": [ {"name": "A", "primary": true} ], "startUp": []})") << "startUp ";
         QTest::newRow("a start-up group with a group's name")
             << QByteArray(R"({"groups": [ {"name": "A", "primary": true} ], "startUp": {"name": "A"}})")
-            << QStringLiteral("startUp ");
+            << "startUp ";
         QTest::newRow("a primary start-up group")
             << QByteArray(R"({"groups": [ {"name": "A", "primary": true} ],
                               "startUp": {"name": "S", "primary": true}})")
-            << QStringLiteral("startUp ");
+            << "startUp ";
         QTest::newRow("menus that are a text") << withGroupMembers(R"("menus": "File")") << group;
         QTest::newRow("a command without a macro")
             << withGroupMembers(R"("commands": [ {"identifier": "I", "name": "N"} ])") << command;
@@ -121,10 +119,9 @@ private slots:
         QTest::newRow("a command twice")
             << withGroupMembers(R"("commands": [ {"identifier": "I", "name": "N", "macro": "M"},
                                                  {"identifier": "I", "name": "N", "macro": "M"} ])")
-            << QStringLiteral("groups[0].commands[1] ");
+            << "groups[0].commands[1] ";
         QTest::newRow("a menu without a label")
-            << withGroupMembers(R"("menus": [ {"identifier": "M", "items": []} ])")
-            << QStringLiteral("groups[0].menus[0] ");
+            << withGroupMembers(R"("menus": [ {"identifier": "M", "items": []} ])") << "groups[0].menus[0] ";
         QTest::newRow("an item that is null") << withItem("null") << item;
         QTest::newRow("an entry without a command")
             << withItem(R"({"identifier": "I", "label": "L"})") << item;
@@ -137,7 +134,7 @@ private slots:
             << withItem(R"({"identifier": "I", "label": "L", "kind": "printers"})") << item;
         QTest::newRow("a fault deep down")
             << withItem(R"({"identifier": "I", "label": "L", "items": [ {"separator": true}, {} ]})")
-            << QStringLiteral("groups[0].menus[0].items[0].items[1] ");
+            << "groups[0].menus[0].items[0].items[1] ";
         QTest::newRow("an accelerator without a key")
             << withGroupMembers(R"("accelerators": [ {"identifier": "A", "command": "C"} ])") << accelerator;
         QTest::newRow("an accelerator with an unknown key")

@@ -23,19 +23,16 @@ private slots:
         DocumentManager &documents = running.host.documents();
         const QObject scope; // the host closes its drawings when the listener is gone
         connect(&documents, &DocumentManager::documentAdded, &scope,
-                [&](Document *d) { listener.events << QLatin1String("documentAdded ") + d->title(); });
+                [&](Document *d) { listener.events << "documentAdded " + d->title(); });
         connect(&documents, &DocumentManager::currentChanged, &scope,
-                [&](Document *d) { listener.events << QLatin1String("currentChanged ") + d->title(); });
+                [&](Document *d) { listener.events << "currentChanged " + d->title(); });
 
         const Document *document = documents.newDocument();
 
         QCOMPARE(listener.events,
-                 QStringList(
-                     {QStringLiteral("CreateStarted Drawing1"), QStringLiteral("DatabaseAttached Drawing1"),
-                      QStringLiteral("documentAdded Drawing1"), QStringLiteral("Created Drawing1"),
-                      QStringLiteral("ToBeActivated Drawing1"), QStringLiteral("Activated Drawing1"),
-                      QStringLiteral("BecameCurrent Drawing1"), QStringLiteral("ActivationModified 1"),
-                      QStringLiteral("currentChanged Drawing1")}));
+                 QStringList({"CreateStarted Drawing1", "DatabaseAttached Drawing1", "documentAdded Drawing1",
+                              "Created Drawing1", "ToBeActivated Drawing1", "Activated Drawing1",
+                              "BecameCurrent Drawing1", "ActivationModified 1", "currentChanged Drawing1"}));
         QCOMPARE(documents.current(), document);
         QVERIFY(document->isNew());
         QVERIFY(running.host.recentFiles().paths().isEmpty());
@@ -45,16 +42,15 @@ private slots:
     {
         RunningHost running;
         DocumentListener listener(running.host);
-        const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
+        const QString path = running.makeDrawing("plan.dwg");
         QStringList listed;
-        listener.on(QStringLiteral("Created"),
-                    [&](CFxDocument *) { listed = running.host.recentFiles().paths(); });
+        listener.on("Created", [&](CFxDocument *) { listed = running.host.recentFiles().paths(); });
 
         QCOMPARE(running.host.documents().open(path), QString());
 
         QCOMPARE(listed, QStringList(path));
-        QCOMPARE(listener.events.first(), QLatin1String("PreOpen ") + path);
-        QCOMPARE(running.logged(), QStringList(QStringLiteral("open %1 ok").arg(path)));
+        QCOMPARE(listener.events.first(), "PreOpen " + path);
+        QCOMPARE(running.logged(), QStringList(QString("open %1 ok").arg(path)));
         QVERIFY(running.messages.isEmpty());
     }
 
@@ -68,19 +64,17 @@ private slots:
 
         documents.close(second);
 
-        QCOMPARE(
-            listener.events,
-            QStringList({QStringLiteral("ToBeDeactivated Drawing2"), QStringLiteral("ToBeDestroyed Drawing2"),
-                         QStringLiteral("DatabaseDetached Drawing2"), QStringLiteral("Destroyed "),
-                         QStringLiteral("ToBeActivated Drawing1"), QStringLiteral("Activated Drawing1"),
-                         QStringLiteral("BecameCurrent Drawing1"), QStringLiteral("ActivationModified 1")}));
+        QCOMPARE(listener.events,
+                 QStringList({"ToBeDeactivated Drawing2", "ToBeDestroyed Drawing2",
+                              "DatabaseDetached Drawing2", "Destroyed ", "ToBeActivated Drawing1",
+                              "Activated Drawing1", "BecameCurrent Drawing1", "ActivationModified 1"}));
     }
 
     void aReactorMayCloseTheDrawingItHearsOf_data()
     {
         QTest::addColumn<QString>("event");
         for (const char *event : {"Created", "ToBeActivated", "Activated", "BecameCurrent"})
-            QTest::newRow(event) << QString::fromLatin1(event);
+            QTest::newRow(event) << QString(event);
     }
 
     void aReactorMayCloseTheDrawingItHearsOf()
@@ -96,7 +90,7 @@ private slots:
 
         QVERIFY(documents.documents().empty());
         QCOMPARE(documents.current(), nullptr);
-        QVERIFY(late.events.contains(event + QLatin1String(" Drawing1")));
+        QVERIFY(late.events.contains(event + " Drawing1"));
     }
 
     void closingTwiceAtOnceClosesOnce()
@@ -105,9 +99,9 @@ private slots:
         DocumentManager &documents = running.host.documents();
         Document *const document = documents.newDocument();
         DocumentListener closer(running.host);
-        closer.on(QStringLiteral("ToBeDestroyed"), [&](CFxDocument *) { documents.close(document); });
+        closer.on("ToBeDestroyed", [&](CFxDocument *) { documents.close(document); });
         documents.close(document);
-        QCOMPARE(closer.events.count(QStringLiteral("ToBeDestroyed Drawing1")), 1);
+        QCOMPARE(closer.events.count("ToBeDestroyed Drawing1"), 1);
         QVERIFY(documents.documents().empty());
     }
 
@@ -117,10 +111,10 @@ private slots:
         DocumentManager &documents = running.host.documents();
         documents.newDocument();
         DocumentListener opener(running.host);
-        opener.on(QStringLiteral("ToBeDestroyed"), [&](CFxDocument *) { documents.newDocument(); });
+        opener.on("ToBeDestroyed", [&](CFxDocument *) { documents.newDocument(); });
         documents.closeAll();
         QCOMPARE(documents.documents().size(), std::size_t(1));
-        QCOMPARE(QString(documents.current()->title()), QStringLiteral("Drawing2"));
+        QCOMPARE(QString(documents.current()->title()), QString("Drawing2"));
     }
 
     void reactorsMayComeAndGoWhileTheyAreTold()
@@ -129,12 +123,12 @@ private slots:
         DocumentListener first(running.host);
         auto second = std::make_unique<DocumentListener>(running.host);
         std::unique_ptr<DocumentListener> third;
-        first.on(QStringLiteral("CreateStarted"), [&](CFxDocument *) {
+        first.on("CreateStarted", [&](CFxDocument *) {
             third = std::make_unique<DocumentListener>(running.host);
             second.reset();
         });
         running.host.documents().newDocument();
-        QCOMPARE(third->events.first(), QStringLiteral("DatabaseAttached Drawing1"));
+        QCOMPARE(third->events.first(), QString("DatabaseAttached Drawing1"));
     }
 
     void aReactorIsListedOnce()
@@ -143,7 +137,7 @@ private slots:
         DocumentListener listener(running.host);
         running.host.documents().AddReactor(&listener);
         running.host.documents().newDocument();
-        QCOMPARE(listener.events.count(QStringLiteral("Created Drawing1")), 1);
+        QCOMPARE(listener.events.count("Created Drawing1"), 1);
     }
 
     void aReactorThatThrowsKeepsTheOthersFromNothing()
@@ -151,13 +145,12 @@ private slots:
         RunningHost running;
         DocumentListener thrower(running.host);
         DocumentListener other(running.host);
-        thrower.on(QStringLiteral("Created"), [](CFxDocument *) { throw std::runtime_error("out of ink"); });
+        thrower.on("Created", [](CFxDocument *) { throw std::runtime_error("out of ink"); });
         running.host.documents().newDocument();
-        QVERIFY(other.events.contains(QStringLiteral("Created Drawing1")));
+        QVERIFY(other.events.contains("Created Drawing1"));
         QCOMPARE(running.messages.size(), 1);
-        QVERIFY2(running.messages.first().contains(QLatin1String("out of ink")),
-                 qPrintable(running.messages.first()));
-        thrower.on(QStringLiteral("Created"), [](CFxDocument *) { throw 1; });
+        QVERIFY2(running.messages.first().contains("out of ink"), qPrintable(running.messages.first()));
+        thrower.on("Created", [](CFxDocument *) { throw 1; });
         running.host.documents().newDocument();
         QCOMPARE(running.messages.size(), 2);
     }

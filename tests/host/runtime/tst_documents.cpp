@@ -26,17 +26,17 @@ private slots:
         RunningHost running;
         running.host.documents().newDocument();
         running.host.documents().close(running.host.documents().current());
-        QCOMPARE(QString(running.host.documents().newDocument()->title()), QStringLiteral("Drawing2"));
+        QCOMPARE(QString(running.host.documents().newDocument()->title()), QString("Drawing2"));
     }
 
     void theFactsAreTheFiles()
     {
         RunningHost running;
-        const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
+        const QString path = running.makeDrawing("plan.dwg");
         running.host.documents().open(path);
         const fxhost::DrawingFacts &facts = running.host.documents().current()->facts();
         QCOMPARE(facts.path, path);
-        QCOMPARE(facts.version, QStringLiteral("AC1015"));
+        QCOMPARE(facts.version, QString("AC1015"));
         QCOMPARE(facts.size, QFileInfo(path).size());
         QCOMPARE(facts.modified, QFileInfo(path).lastModified());
         QVERIFY(facts.preview.isNull());
@@ -66,11 +66,9 @@ private slots:
         QVERIFY(!result.isEmpty());
         QVERIFY(!isException || result == OdString(L"out of paper"));
         // Whoever can be told hears of it.
-        QVERIFY2(
-            told.contains(isException ? QStringLiteral("out of paper") : QStringLiteral("The host failed")),
-            qPrintable(told));
+        QVERIFY2(told.contains(isException ? "out of paper" : "The host failed"), qPrintable(told));
 
-        const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
+        const QString path = running.makeDrawing("plan.dwg");
         QVERIFY(documents.OpenDocument(path, 0, 0, result));
         QVERIFY(result.isEmpty());
     }
@@ -78,19 +76,19 @@ private slots:
     void whatCannotBeOpenedOpensNothing_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::newRow("missing") << QStringLiteral("missing.dwg");
-        QTest::newRow("a directory") << QStringLiteral(".");
-        QTest::newRow("no drawing") << QStringLiteral("text.dwg");
-        QTest::newRow("an empty file") << QStringLiteral("empty.dwg");
-        QTest::newRow("a name with argument markers") << QStringLiteral("missing %1 %2.dwg");
+        QTest::newRow("missing") << "missing.dwg";
+        QTest::newRow("a directory") << ".";
+        QTest::newRow("no drawing") << "text.dwg";
+        QTest::newRow("an empty file") << "empty.dwg";
+        QTest::newRow("a name with argument markers") << "missing %1 %2.dwg";
     }
 
     void whatCannotBeOpenedOpensNothing()
     {
         QFETCH(QString, name);
         RunningHost running;
-        running.makeFile(QStringLiteral("text.dwg"), "this is a letter");
-        running.makeFile(QStringLiteral("empty.dwg"), QByteArray());
+        running.makeFile("text.dwg", "this is a letter");
+        running.makeFile("empty.dwg", QByteArray());
         const QString path = running.path(name);
         DocumentListener listener(running.host);
 
@@ -103,9 +101,8 @@ private slots:
         QVERIFY(running.messages.first().endsWith(QString::fromWCharArray(result.c_str())));
         QVERIFY(running.host.documents().documents().empty());
         QVERIFY(running.host.recentFiles().paths().isEmpty());
-        QCOMPARE(running.logged(), QStringList(QStringLiteral("open %1 failed").arg(path)));
-        QCOMPARE(listener.events,
-                 QStringList({QLatin1String("PreOpen ") + path, QLatin1String("cancelDwgOpen ") + path}));
+        QCOMPARE(running.logged(), QStringList(QString("open %1 failed").arg(path)));
+        QCOMPARE(listener.events, QStringList({"PreOpen " + path, "cancelDwgOpen " + path}));
     }
 
     void anEmptyPathAndReservedModesAreRefused()
@@ -114,7 +111,7 @@ private slots:
         OdString result;
         QVERIFY(!running.host.documents().OpenDocument(QString(), 0, 0, result));
         QVERIFY(!result.isEmpty());
-        const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
+        const QString path = running.makeDrawing("plan.dwg");
         QVERIFY(!running.host.documents().OpenDocument(path, 1, 0, result));
         QVERIFY(!running.host.documents().OpenDocument(path, 0, 1, result));
         QVERIFY(!result.isEmpty());
@@ -127,8 +124,8 @@ private slots:
     {
         RunningHost running;
         DocumentManager &documents = running.host.documents();
-        const QString first = running.makeDrawing(QStringLiteral("first.dwg"));
-        const QString second = running.makeDrawing(QStringLiteral("second.dwg"));
+        const QString first = running.makeDrawing("first.dwg");
+        const QString second = running.makeDrawing("second.dwg");
         documents.open(first);
         Document *const document = documents.current();
         documents.open(second);
@@ -145,8 +142,8 @@ private slots:
     void anotherWayToAnOpenDrawingIsTheSameDrawing()
     {
         RunningHost running;
-        const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
-        const QString link = running.path(QStringLiteral("link.dwg"));
+        const QString path = running.makeDrawing("plan.dwg");
+        const QString link = running.path("link.dwg");
         QVERIFY(QFile::link(path, link));
         running.host.documents().open(path);
         QCOMPARE(running.host.documents().open(link), QString());
@@ -157,7 +154,7 @@ private slots:
     void aDrawingThatIsOpenAndWasDeletedComesToTheFrontAllTheSame()
     {
         RunningHost running;
-        const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
+        const QString path = running.makeDrawing("plan.dwg");
         running.host.documents().open(path);
         QVERIFY(QFile::remove(path));
         QCOMPARE(running.host.documents().open(path), QString());
@@ -167,21 +164,21 @@ private slots:
     void pathsAreKeptAsTheyWereGiven()
     {
         RunningHost running;
-        running.makeDrawing(QStringLiteral("plan.dwg"));
-        const QString odd = running.path(QString()) + QStringLiteral("//./plan.dwg");
+        running.makeDrawing("plan.dwg");
+        const QString odd = running.path(QString()) + "//./plan.dwg";
         running.host.documents().open(odd);
         QCOMPARE(running.host.recentFiles().paths(), QStringList(odd));
         QCOMPARE(QString(running.host.documents().current()->path()), odd);
-        QCOMPARE(QString(running.host.documents().current()->title()), QStringLiteral("plan.dwg"));
+        QCOMPARE(QString(running.host.documents().current()->title()), QString("plan.dwg"));
     }
 
     void aRelativePathIsMadeAbsolute()
     {
         RunningHost running;
-        const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
+        const QString path = running.makeDrawing("plan.dwg");
         const QString former = QDir::currentPath();
         QVERIFY(QDir::setCurrent(QFileInfo(path).path()));
-        running.host.documents().open(QStringLiteral("plan.dwg"));
+        running.host.documents().open("plan.dwg");
         QDir::setCurrent(former);
         QCOMPARE(running.host.recentFiles().paths(), QStringList(path));
     }
@@ -196,13 +193,13 @@ private slots:
         documents.closeAll();
         QCOMPARE(documents.current(), nullptr);
         QCOMPARE(currentChanged.size(), 1);
-        QCOMPARE(listener.events.last(), QStringLiteral("ActivationModified 0"));
+        QCOMPARE(listener.events.last(), QString("ActivationModified 0"));
     }
 
     void closingWhatIsNotOpenDoesNothing()
     {
         RunningHost running;
-        Document stranger(QStringLiteral("stranger"), {});
+        Document stranger("stranger", {});
         DocumentListener listener(running.host);
         running.host.documents().close(nullptr);
         running.host.documents().close(&stranger);

@@ -53,21 +53,17 @@ namespace {
 QString helperId()
 {
     QProcess pgrep;
-    pgrep.start(QStringLiteral("pgrep"),
-                {QStringLiteral("-P"), QString::number(QCoreApplication::applicationPid()),
-                 QStringLiteral("fxprobe")});
+    pgrep.start("pgrep", {"-P", QString::number(QCoreApplication::applicationPid()), "fxprobe"});
     pgrep.waitForFinished();
     const QString found = QString::fromLatin1(pgrep.readAllStandardOutput()).trimmed();
-    return found.contains(QLatin1Char('\n')) ? QString() : found;
+    return found.contains('\n') ? QString() : found;
 }
 
 //! Ends helpers of this process. \return whether there was one
 bool killHelper()
 {
     QProcess pkill;
-    pkill.start(QStringLiteral("pkill"),
-                {QStringLiteral("-KILL"), QStringLiteral("-P"),
-                 QString::number(QCoreApplication::applicationPid()), QStringLiteral("fxprobe")});
+    pkill.start("pkill", {"-KILL", "-P", QString::number(QCoreApplication::applicationPid()), "fxprobe"});
     return pkill.waitForFinished() && pkill.exitCode() == 0;
 }
 
@@ -89,7 +85,7 @@ public:
 
 private:
     const QTemporaryDir m_folder;
-    const QString m_lever = m_folder.filePath(QStringLiteral("no threads"));
+    const QString m_lever = m_folder.filePath("no threads");
 };
 
 } // namespace
@@ -106,12 +102,12 @@ void tst_FileProbe::whateverIsThereAnswers()
 void tst_FileProbe::oddNamesAnswer_data()
 {
     QTest::addColumn<QString>("path");
-    QTest::newRow("too long a name") << QStringLiteral("/tmp/") + QString(300, QLatin1Char('n'));
-    QTest::newRow("too long a path") << QString(2100, QLatin1Char('/')) + QString(2100, QLatin1Char('a'));
-    QTest::newRow("a line break") << QStringLiteral("/tmp/a\n1\n.dwg");
-    QTest::newRow("blanks") << QStringLiteral("/tmp/ a b ");
+    QTest::newRow("too long a name") << "/tmp/" + QString(300, 'n');
+    QTest::newRow("too long a path") << QString(2100, '/') + QString(2100, 'a');
+    QTest::newRow("a line break") << "/tmp/a\n1\n.dwg";
+    QTest::newRow("blanks") << "/tmp/ a b ";
     QTest::newRow("no UTF-8") << fxhost::pathFromBytes("/tmp/\xff\xc3");
-    QTest::newRow("below /proc") << QStringLiteral("/proc/self/mem");
+    QTest::newRow("below /proc") << "/proc/self/mem";
 }
 
 void tst_FileProbe::oddNamesAnswer()
@@ -125,7 +121,7 @@ void tst_FileProbe::aThousandFilesAnswer()
 {
     QStringList paths;
     for (int i = 0; i < 1000; ++i)
-        paths.append(QStringLiteral("/tmp/there is no drawing %1.dwg").arg(i));
+        paths.append(QString("/tmp/there is no drawing %1.dwg").arg(i));
     FileProbe probe;
     QCOMPARE(probe.silent(paths), QStringList());
 }
@@ -134,11 +130,11 @@ void tst_FileProbe::silentFilesAreToldFromTheOthers()
 {
     STUCK_FOLDER_OR_SKIP(folder);
     const QTemporaryDir usual;
-    const QString first = folder.makeFile(QStringLiteral("first.dwg"), "AC1032");
-    const QString missing = folder.path(QStringLiteral("missing.dwg"));
-    const QString link = usual.filePath(QStringLiteral("link.dwg"));
+    const QString first = folder.makeFile("first.dwg", "AC1032");
+    const QString missing = folder.path("missing.dwg");
+    const QString link = usual.filePath("link.dwg");
     QVERIFY(QFile::link(first, link));
-    const QStringList answering = {usual.filePath(QStringLiteral("a.dwg")), usual.path(), QString()};
+    const QStringList answering = {usual.filePath("a.dwg"), usual.path(), QString()};
     const QStringList paths = {answering.at(0), first, missing, answering.at(1), link, answering.at(2)};
 
     FileProbe probe;
@@ -154,7 +150,7 @@ void tst_FileProbe::silentFilesAreToldFromTheOthers()
 void tst_FileProbe::silentFilesAreWaitedForOnce()
 {
     STUCK_FOLDER_OR_SKIP(folder);
-    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
+    const QString file = folder.makeFile("a.dwg", "AC1032");
     folder.stopAnswering();
     FileProbe probe;
     QElapsedTimer clock;
@@ -172,7 +168,7 @@ void tst_FileProbe::silentFilesAreWaitedForOnce()
 void tst_FileProbe::whoIsPatientWaitsLonger()
 {
     STUCK_FOLDER_OR_SKIP(folder);
-    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
+    const QString file = folder.makeFile("a.dwg", "AC1032");
     folder.stopAnswering();
     FileProbe probe;
     QElapsedTimer clock;
@@ -191,7 +187,7 @@ void tst_FileProbe::filesOfAServerThatWasReplacedAnswer()
     StuckFolder folder(StuckFolder::Kind::Mount);
     if (!folder.problem().isEmpty())
         QSKIP(qPrintable(folder.problem()));
-    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
+    const QString file = folder.makeFile("a.dwg", "AC1032");
     folder.stopAnswering();
     FileProbe probe;
     QCOMPARE(probe.silent({file}), QStringList(file));
@@ -202,7 +198,7 @@ void tst_FileProbe::filesOfAServerThatWasReplacedAnswer()
 void tst_FileProbe::whatAnsweredLongAgoIsAskedAnew()
 {
     STUCK_FOLDER_OR_SKIP(folder);
-    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
+    const QString file = folder.makeFile("a.dwg", "AC1032");
     FileProbe witness; // which keeps looking, so that we know when the answer has come
     FileProbe probe;
     folder.stopAnswering();
@@ -219,7 +215,7 @@ void tst_FileProbe::whatAnsweredLongAgoIsAskedAnew()
 void tst_FileProbe::theEndDoesNotWaitForSilentFiles()
 {
     STUCK_FOLDER_OR_SKIP(folder);
-    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
+    const QString file = folder.makeFile("a.dwg", "AC1032");
     folder.stopAnswering();
     const Alarm alarm;
     {
@@ -233,18 +229,18 @@ void tst_FileProbe::theEndDoesNotWaitForSilentFiles()
 void tst_FileProbe::aHelperLeftBehindHoldsNothingOfTheHost()
 {
     FileProbe probe;
-    QCOMPARE(probe.silent({QStringLiteral("/tmp/a.dwg")}), QStringList());
+    QCOMPARE(probe.silent({"/tmp/a.dwg"}), QStringList());
     QTRY_VERIFY(!helperId().isEmpty()); // those of former tests may take a moment to end
-    const QString helper = QStringLiteral("/proc/%1/").arg(helperId());
-    QCOMPARE(QFile::symLinkTarget(helper + QStringLiteral("cwd")), QStringLiteral("/"));
-    QCOMPARE(QFile::symLinkTarget(helper + QStringLiteral("fd/2")), QStringLiteral("/dev/null"));
+    const QString helper = QString("/proc/%1/").arg(helperId());
+    QCOMPARE(QFile::symLinkTarget(helper + "cwd"), QString("/"));
+    QCOMPARE(QFile::symLinkTarget(helper + "fd/2"), QString("/dev/null"));
 }
 
 void tst_FileProbe::aHelperThatDiesIsReplaced()
 {
     StuckFolder folder(StuckFolder::Kind::Calls);
     QVERIFY2(folder.problem().isEmpty(), qPrintable(folder.problem()));
-    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
+    const QString file = folder.makeFile("a.dwg", "AC1032");
     folder.stopAnswering();
     FileProbe probe;
     QCOMPARE(probe.silent({file}), QStringList(file));
@@ -260,7 +256,7 @@ void tst_FileProbe::aHelperThatDiesIsNoSilentFile()
 {
     FileProbe probe;
     for (int i = 0; i < 10; ++i) {
-        const QString file = QStringLiteral("/tmp/there is no drawing %1.dwg").arg(i);
+        const QString file = QString("/tmp/there is no drawing %1.dwg").arg(i);
         QCOMPARE(probe.silent({file}), QStringList());
         QVERIFY(killHelper());
     }
@@ -270,16 +266,15 @@ void tst_FileProbe::aHelperThatDiesIsNoSilentFile()
 void tst_FileProbe::aBusyMachineIsNoSilentFile()
 {
     FileProbe probe;
-    QCOMPARE(probe.silent({QStringLiteral("/")}), QStringList());
+    QCOMPARE(probe.silent({"/"}), QStringList());
     // The helper does not come to look for longer than a file has.
     QTRY_VERIFY(!helperId().isEmpty()); // those of former tests may take a moment to end
     const QString id = helperId();
     QElapsedTimer clock;
     clock.start(); // before the second below begins
     QVERIFY(id.toInt() > 0 && ::kill(id.toInt(), SIGSTOP) == 0);
-    QVERIFY(QProcess::startDetached(QStringLiteral("sh"),
-                                    {QStringLiteral("-c"), QStringLiteral("sleep 1; kill -CONT ") + id}));
-    QCOMPARE(probe.silent({QStringLiteral("/tmp")}), QStringList());
+    QVERIFY(QProcess::startDetached("sh", {"-c", "sleep 1; kill -CONT " + id}));
+    QCOMPARE(probe.silent({"/tmp"}), QStringList());
     QVERIFY2(clock.elapsed() > FileProbe::deadline, "the helper was not kept from looking");
 }
 
@@ -288,18 +283,18 @@ void tst_FileProbe::manySilentFilesHoldUpNoOther()
     STUCK_FOLDER_OR_SKIP(folder);
     QStringList silent;
     for (int i = 0; i < 200; ++i)
-        silent.append(folder.makeFile(QStringLiteral("%1.dwg").arg(i), "AC1032"));
+        silent.append(folder.makeFile(QString("%1.dwg").arg(i), "AC1032"));
     folder.stopAnswering();
     FileProbe probe;
-    QCOMPARE(probe.silent(silent + QStringList(QStringLiteral("/tmp"))), silent);
+    QCOMPARE(probe.silent(silent + QStringList("/tmp")), silent);
 }
 
 void tst_FileProbe::whatNoThreadLooksAtIsSilentUntilOneDoes()
 {
     StuckFolder folder(StuckFolder::Kind::Calls);
     QVERIFY2(folder.problem().isEmpty(), qPrintable(folder.problem()));
-    const QString stuck = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
-    const QString other = QStringLiteral("/tmp");
+    const QString stuck = folder.makeFile("a.dwg", "AC1032");
+    const QString other = "/tmp";
     const Threads threads(1); // as many as a machine with nothing else to do would need
     threads.runOut();
     FileProbe probe;
@@ -320,7 +315,7 @@ void tst_FileProbe::aHelperWithoutAThreadIsNone()
     FileProbe probe;
     QElapsedTimer clock;
     clock.start();
-    QCOMPARE(probe.silent({QStringLiteral("/tmp")}), QStringList());
+    QCOMPARE(probe.silent({"/tmp"}), QStringList());
     QVERIFY(!probe.problem().isEmpty());
     QVERIFY2(clock.elapsed() < 5000, "it was waited for as if it were busy");
 }
@@ -329,13 +324,13 @@ void tst_FileProbe::withoutAHelperNothingIsSilent()
 {
     StuckFolder folder(StuckFolder::Kind::Calls);
     QVERIFY2(folder.problem().isEmpty(), qPrintable(folder.problem()));
-    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
+    const QString file = folder.makeFile("a.dwg", "AC1032");
     folder.stopAnswering();
-    const QString nowhere = QStringLiteral("/no such folder/fxprobe");
+    const QString nowhere = "/no such folder/fxprobe";
     FileProbe probe(nowhere);
     QCOMPARE(probe.silent({file}), QStringList());
     QVERIFY2(probe.problem().contains(nowhere), qPrintable(probe.problem()));
-    FileProbe silentOne(QStringLiteral("/bin/true")); // starts, and says nothing
+    FileProbe silentOne("/bin/true"); // starts, and says nothing
     QCOMPARE(silentOne.silent({file}), QStringList());
     QVERIFY(!silentOne.problem().isEmpty());
 }

@@ -33,8 +33,8 @@ public:
     void mainFrameCreated(QWidget *frame) override { note("created", frame); }
     void mainFrameDestroyed(QWidget *frame) override { note("destroyed", frame); }
     void windowStateChanged(QWidget *frame) override { note("changed", frame); }
-    void appActivated() override { events << QStringLiteral("app activated"); }
-    void appDeactivated() override { events << QStringLiteral("app deactivated"); }
+    void appActivated() override { events << "app activated"; }
+    void appDeactivated() override { events << "app deactivated"; }
 
     QStringList events;
 
@@ -42,8 +42,8 @@ private:
     void note(const char *event, QWidget *frame)
     {
         const bool isCurrent = GetFxSystemServices()->GetMainFrame()->GetMainWindow() == frame;
-        events << QStringLiteral("%1 %2%3").arg(QLatin1String(event), frame->objectName(),
-                                                isCurrent ? QString() : QStringLiteral(" too late"));
+        events << QString("%1 %2%3").arg(QLatin1String(event), frame->objectName(),
+                                         isCurrent ? QString() : " too late");
     }
 
     FxHost &m_host;
@@ -55,9 +55,9 @@ class Profile
     QTemporaryDir m_folder;
 
 public:
-    const QString directory = m_folder.filePath(QStringLiteral("made/on demand"));
+    const QString directory = m_folder.filePath("made/on demand");
 
-    QString file(const char *name) const { return directory + QLatin1Char('/') + QLatin1String(name); }
+    QString file(const char *name) const { return directory + '/' + QLatin1String(name); }
 
     void write(const char *name, const QByteArray &content) const
     {
@@ -108,7 +108,7 @@ private slots:
         QVERIFY(services->GetCustomization());
         QCOMPARE(services->GetMainFrame()->GetMainWindow(), nullptr);
 
-        running.host.recentFiles().add(QStringLiteral("/a.dwg"));
+        running.host.recentFiles().add("/a.dwg");
         std::vector<CFxString> paths;
         services->GetApplication()->GetUserProfile()->GetRecentFileList()->GetPaths(paths);
         QCOMPARE(paths, std::vector<CFxString>{CFxString(L"/a.dwg")});
@@ -133,9 +133,9 @@ private slots:
         RunningHost running;
         WindowListener listener(running.host);
         QWidget first;
-        first.setObjectName(QStringLiteral("first"));
+        first.setObjectName("first");
         QWidget second;
-        second.setObjectName(QStringLiteral("second"));
+        second.setObjectName("second");
 
         running.host.setMainWindow(&first);
         running.host.setMainWindow(&second);
@@ -143,8 +143,7 @@ private slots:
         running.host.setMainWindow(nullptr);
 
         QCOMPARE(listener.events,
-                 QStringList({QStringLiteral("created first"), QStringLiteral("destroyed first"),
-                              QStringLiteral("created second"), QStringLiteral("destroyed second")}));
+                 QStringList({"created first", "destroyed first", "created second", "destroyed second"}));
         QCOMPARE(GetFxSystemServices()->GetMainFrame()->GetMainWindow(), nullptr);
     }
 
@@ -167,7 +166,7 @@ private slots:
         QWidget window;
         running.host.setMainWindow(&window);
         window.setWindowState(Qt::WindowMaximized);
-        QTRY_VERIFY(listener.events.contains(QStringLiteral("changed ")));
+        QTRY_VERIFY(listener.events.contains("changed "));
         running.host.setMainWindow(nullptr);
     }
 
@@ -177,8 +176,7 @@ private slots:
         WindowListener listener(running.host);
         emit qGuiApp->applicationStateChanged(Qt::ApplicationActive);
         emit qGuiApp->applicationStateChanged(Qt::ApplicationInactive);
-        QCOMPARE(listener.events,
-                 QStringList({QStringLiteral("app activated"), QStringLiteral("app deactivated")}));
+        QCOMPARE(listener.events, QStringList({"app activated", "app deactivated"}));
     }
 
     void theEndClosesDrawingsBeforeTheWindowGoes()
@@ -189,7 +187,7 @@ private slots:
         {
         public:
             explicit Order(QStringList &list) : m_list(list) {}
-            void mainFrameDestroyed(QWidget *) override { m_list << QStringLiteral("window"); }
+            void mainFrameDestroyed(QWidget *) override { m_list << "window"; }
 
         private:
             QStringList &m_list;
@@ -200,9 +198,9 @@ private slots:
             running.host.editor().addReactor(&listener);
             running.host.documents().newDocument();
             connect(&running.host.documents(), &fxhost::DocumentManager::documentAboutToClose, this,
-                    [&] { order << QStringLiteral("drawing"); });
+                    [&] { order << "drawing"; });
         }
-        QCOMPARE(order, QStringList({QStringLiteral("drawing"), QStringLiteral("window")}));
+        QCOMPARE(order, QStringList({"drawing", "window"}));
     }
 
     void recentDocumentsAndTheirNumberAreKeptAcrossRuns()
@@ -212,12 +210,12 @@ private slots:
             FxHost host(profile.directory, QString());
             host.recentFiles().setMaximum(12);
             for (int i = 1; i <= 13; ++i)
-                host.recentFiles().add(QStringLiteral("/%1.dwg").arg(i));
+                host.recentFiles().add(QString("/%1.dwg").arg(i));
         }
         FxHost host(profile.directory, QString());
         QCOMPARE(host.recentFiles().maximum(), 12);
         QCOMPARE(host.recentFiles().paths().size(), 12);
-        QCOMPARE(host.recentFiles().paths().first(), QStringLiteral("/13.dwg"));
+        QCOMPARE(host.recentFiles().paths().first(), QString("/13.dwg"));
     }
 
     void aFreshProfileIsNothingToTalkOf()
@@ -284,11 +282,11 @@ private slots:
         {
             FxHost host(profile.directory, QString());
             QCOMPARE(host.recentFiles().maximum(), 16);
-            host.settings().setLastDirectory(QStringLiteral(" /a folder "));
+            host.settings().setLastDirectory(" /a folder ");
         }
         FxHost host(profile.directory, QString());
         QCOMPARE(host.recentFiles().maximum(), 16);
-        QCOMPARE(host.settings().lastDirectory(), QStringLiteral(" /a folder "));
+        QCOMPARE(host.settings().lastDirectory(), QString(" /a folder "));
     }
 
     void aFullDiskLeavesTheSettingsAsTheyWere()
@@ -302,7 +300,7 @@ private slots:
             FxHost host(profile.directory, QString());
             QStringList messages;
             Profile::connect(host, messages);
-            host.settings().setLastDirectory(QString(1000, QLatin1Char('d')));
+            host.settings().setLastDirectory(QString(1000, 'd'));
             const QByteArray before = content();
             {
                 const FullDisk disk(512); // bytes: Qt's lock file has room, so that it comes to the writing
@@ -326,10 +324,10 @@ private slots:
         drainEvents();
         QCOMPARE(messages.size(), 1);
         QVERIFY2(messages.first().contains(profile.file("file/profile")), qPrintable(messages.first()));
-        host.recentFiles().add(QStringLiteral("/a.dwg")); // cannot be kept, which is told as well
+        host.recentFiles().add("/a.dwg"); // cannot be kept, which is told as well
         QCOMPARE(messages.size(), 2);
-        QCOMPARE(host.recentFiles().paths(), QStringList(QStringLiteral("/a.dwg")));
-        host.recentFiles().add(QStringLiteral("/b.dwg")); // nor can this; it is as was told
+        QCOMPARE(host.recentFiles().paths(), QStringList("/a.dwg"));
+        host.recentFiles().add("/b.dwg"); // nor can this; it is as was told
         QCOMPARE(messages.size(), 2);
     }
 
@@ -339,7 +337,7 @@ private slots:
         FxHost host(profile.directory, QString());
         QStringList paths;
         for (int i = 0; i < 30; ++i)
-            paths.append(QStringLiteral("/theirs %1.dwg").arg(i));
+            paths.append(QString("/theirs %1.dwg").arg(i));
         {
             fxhost::HostSettings settings(profile.directory, [](const QString &) {});
             settings.setRecentMaximum(50);
@@ -351,8 +349,8 @@ private slots:
         QCOMPARE(host.recentFiles().paths(), QStringList());
         emit qGuiApp->applicationStateChanged(Qt::ApplicationActive);
         QCOMPARE(host.recentFiles().paths(), paths);
-        host.recentFiles().add(QStringLiteral("/ours.dwg"));
-        QCOMPARE(host.recentFiles().paths(), QStringList(QStringLiteral("/ours.dwg")) + paths);
+        host.recentFiles().add("/ours.dwg");
+        QCOMPARE(host.recentFiles().paths(), QStringList("/ours.dwg") + paths);
         QCOMPARE(host.recentFiles().maximum(), 50);
         QVERIFY(host.recentFiles().remove(paths.constLast()));
         QVERIFY(!host.recentFiles().remove(paths.constLast()));
@@ -366,12 +364,12 @@ private slots:
             FxHost host(profile.directory, QString());
             QStringList messages;
             Profile::connect(host, messages);
-            const auto theirs = std::make_unique<fxhost::FileLock>(file + QStringLiteral(".lock"), 0);
+            const auto theirs = std::make_unique<fxhost::FileLock>(file + ".lock", 0);
             QVERIFY(theirs->isHeld());
-            host.recentFiles().add(QStringLiteral("/a.dwg"));
+            host.recentFiles().add("/a.dwg");
             QCOMPARE(messages.size(), 1);
         }
-        QCOMPARE(fxhost::RecentFileStore(file).load().paths, QStringList(QStringLiteral("/a.dwg")));
+        QCOMPARE(fxhost::RecentFileStore(file).load().paths, QStringList("/a.dwg"));
     }
 
     void settingsComeBack()
@@ -382,11 +380,11 @@ private slots:
             QVERIFY(host.settings().windowGeometry().isEmpty());
             QVERIFY(host.settings().lastDirectory().isEmpty());
             host.settings().setWindowGeometry(QByteArray("\x01\x00\xff geometry", 12));
-            host.settings().setLastDirectory(QStringLiteral("/pl\u00e4ne, \U0001F4D0"));
+            host.settings().setLastDirectory("/pl\u00e4ne, \U0001F4D0");
         }
         FxHost host(profile.directory, QString());
         QCOMPARE(host.settings().windowGeometry(), QByteArray("\x01\x00\xff geometry", 12));
-        QCOMPARE(host.settings().lastDirectory(), QStringLiteral("/pl\u00e4ne, \U0001F4D0"));
+        QCOMPARE(host.settings().lastDirectory(), QString("/pl\u00e4ne, \U0001F4D0"));
     }
 };
 

@@ -14,7 +14,7 @@ class LogFile
     QTemporaryDir m_folder;
 
 public:
-    const QString path = m_folder.filePath(QStringLiteral("host.log"));
+    const QString path = m_folder.filePath("host.log");
 
     QByteArray content() const
     {
@@ -34,14 +34,14 @@ private slots:
     {
         const LogFile file;
         HostLog log(file.path);
-        log.command(QStringLiteral("_RECENT"), 5100);
-        log.unknownCommand(QStringLiteral("nonsense"));
-        log.open(QStringLiteral("/a b.dwg"), true);
-        log.open(QStringLiteral("/missing.dwg"), false);
+        log.command("_RECENT", 5100);
+        log.unknownCommand("nonsense");
+        log.open("/a b.dwg", true);
+        log.open("/missing.dwg", false);
         log.help(3087);
-        log.module(QStringLiteral("/m.so"), HostLog::ModuleEvent::Loaded);
-        log.module(QStringLiteral("/m.so"), HostLog::ModuleEvent::Unloaded);
-        log.module(QStringLiteral("/m.so"), HostLog::ModuleEvent::Failed);
+        log.module("/m.so", HostLog::ModuleEvent::Loaded);
+        log.module("/m.so", HostLog::ModuleEvent::Unloaded);
+        log.module("/m.so", HostLog::ModuleEvent::Failed);
         QCOMPARE(file.content(), QByteArray("command _RECENT 5100\n"
                                             "command nonsense unknown\n"
                                             "open /a b.dwg ok\n"
@@ -64,7 +64,7 @@ private slots:
     {
         const LogFile file;
         HostLog log(file.path);
-        log.open(QStringLiteral("/two\nlines\tand \u00e4 100%1.dwg"), true);
+        log.open("/two\nlines\tand \u00e4 100%1.dwg", true);
         QCOMPARE(file.content(), QByteArray("open /two%0Alines%09and \xc3\xa4 100%1.dwg ok\n"));
     }
 
@@ -85,7 +85,7 @@ private slots:
 
     void aFileThatCannotBeOpenedIsTold()
     {
-        HostLog log(QStringLiteral("/no such directory/host.log"));
+        HostLog log("/no such directory/host.log");
         QVERIFY(!log.errorString().isEmpty());
         log.help(1);
     }

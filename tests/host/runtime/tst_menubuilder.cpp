@@ -65,13 +65,13 @@ public:
 
     QMenu *menu(const char *identifier) const
     {
-        const QList<QMenu *> menus = bar->findChildren<QMenu *>(QString::fromLatin1(identifier));
+        const QList<QMenu *> menus = bar->findChildren<QMenu *>(QString(identifier));
         return menus.isEmpty() ? nullptr : menus.last(); // former ones are still to be deleted
     }
 
     QAction *action(const char *identifier) const
     {
-        const QList<QAction *> actions = bar->findChildren<QAction *>(QString::fromLatin1(identifier));
+        const QList<QAction *> actions = bar->findChildren<QAction *>(QString(identifier));
         return actions.isEmpty() ? nullptr : actions.last();
     }
 
@@ -110,17 +110,16 @@ private slots:
     void menusAreBuiltFromTheGroup()
     {
         Window window;
-        QCOMPARE(window.topLevel(),
-                 QStringList({QStringLiteral("ID_MnFile"), QStringLiteral("ID_MnWindow")}));
-        QCOMPARE(window.menu("ID_MnFile")->title(), QStringLiteral("&File"));
+        QCOMPARE(window.topLevel(), QStringList({"ID_MnFile", "ID_MnWindow"}));
+        QCOMPARE(window.menu("ID_MnFile")->title(), QString("&File"));
         const QList<QAction *> entries = window.menu("ID_MnFile")->actions();
         QCOMPARE(entries.size(), 4);
-        const QString key = QKeySequence(QStringLiteral("Ctrl+N")).toString(QKeySequence::NativeText);
-        QCOMPARE(entries.at(0)->text(), QStringLiteral("&New\t") + key);
-        QCOMPARE(entries.at(0)->statusTip(), QStringLiteral("Of its own."));
+        const QString key = QKeySequence("Ctrl+N").toString(QKeySequence::NativeText);
+        QCOMPARE(entries.at(0)->text(), "&New\t" + key);
+        QCOMPARE(entries.at(0)->statusTip(), QString("Of its own."));
         QCOMPARE(entries.at(1)->menu(), window.menu("ID_RECENT_FILES_MENU"));
         QVERIFY(entries.at(2)->isSeparator());
-        QCOMPARE(entries.at(3)->statusTip(), QStringLiteral("Sets the limit."));
+        QCOMPARE(entries.at(3)->statusTip(), QString("Sets the limit."));
     }
 
     void anEntryRunsItsMacro()
@@ -147,8 +146,7 @@ private slots:
         Window window;
         fxhost::Customization &customization = window.host.customization();
         CFxUIGroup *const group = customization.primaryGroup();
-        CFxUIMenuItem *const item = customization.CreateMenuItem(nullptr, QStringLiteral("Browse"), QString(),
-                                                                 QStringLiteral("PMI_BROWSE"));
+        CFxUIMenuItem *const item = customization.CreateMenuItem(nullptr, "Browse", QString(), "PMI_BROWSE");
         item->SetCommand(group->GetCommand(0));
         CFxUIMenuItem *const file = group->GetMenu(0);
         QVERIFY(file->InsertChild(file->GetChildCount() - 2, item));
@@ -158,7 +156,7 @@ private slots:
 
         const QAction *const shown = window.action("PMI_BROWSE");
         QVERIFY(shown->isEnabled());
-        QCOMPARE(shown->statusTip(), QStringLiteral("Sets the limit."));
+        QCOMPARE(shown->statusTip(), QString("Sets the limit."));
         QCOMPARE(window.menu("ID_MnFile")->actions().indexOf(const_cast<QAction *>(shown)), 2);
     }
 
@@ -166,8 +164,7 @@ private slots:
     {
         Window window;
         fxhost::Customization &customization = window.host.customization();
-        CFxUIMenuItem *const item = customization.CreateMenuItem(nullptr, QStringLiteral("Browse"), QString(),
-                                                                 QStringLiteral("PMI_BROWSE"));
+        CFxUIMenuItem *const item = customization.CreateMenuItem(nullptr, "Browse", QString(), "PMI_BROWSE");
         QVERIFY(customization.primaryGroup()->GetMenu(0)->InsertChild(0, item));
         customization.Refresh();
         QVERIFY(!window.action("PMI_BROWSE")->isEnabled());
@@ -181,7 +178,7 @@ private slots:
         QTRY_COMPARE(window.host.documents().documents().size(), std::size_t(1));
         drainEvents();
         QCOMPARE(window.logged(),
-                 QStringList(QStringLiteral("command _NEW 5100"))); // the second Ctrl+N is idle
+                 QStringList("command _NEW 5100")); // the second Ctrl+N is idle
     }
 
     void aKeyBecomesLiveWhenItsDefinitionAppears()
@@ -193,8 +190,8 @@ private slots:
         QVERIFY(window.logged().isEmpty());
 
         fxhost::Customization &customization = window.host.customization();
-        CFxUICommand *const command = customization.CreateCommand(QStringLiteral("ID_RECENT_FILES"));
-        command->SetMacro(QStringLiteral("^C^C_RECENTLIMIT 40"));
+        CFxUICommand *const command = customization.CreateCommand("ID_RECENT_FILES");
+        command->SetMacro("^C^C_RECENTLIMIT 40");
         customization.primaryGroup()->AppendCommand(command);
         customization.Refresh();
         QTest::keyClick(&window.frame, Qt::Key_F4);
@@ -206,7 +203,7 @@ private slots:
         Window window;
         window.activate();
         window.builder.setGroup(window.host.customization().startUpGroup());
-        QCOMPARE(window.topLevel(), QStringList(QStringLiteral("ID_MnStart")));
+        QCOMPARE(window.topLevel(), QStringList("ID_MnStart"));
         QTest::keyClick(&window.frame, Qt::Key_N, Qt::ControlModifier);
         QTest::keyClick(&window.frame, Qt::Key_L, Qt::ControlModifier);
         QTRY_COMPARE(window.host.recentFiles().maximum(), 30);
@@ -219,16 +216,16 @@ private slots:
     void recentDocumentsAreListedWhenTheMenuOpens()
     {
         Window window;
-        const QString path = window.makeDrawing(QStringLiteral("R&D\tplan.dwg"));
+        const QString path = window.makeDrawing("R&D\tplan.dwg");
         QMenu *const menu = window.menu("ID_RECENT_FILES_MENU");
         emit menu->aboutToShow();
         QCOMPARE(menu->actions().size(), 1);
         QVERIFY(!menu->actions().constFirst()->isEnabled());
 
-        window.host.recentFiles().setPaths({path, QStringLiteral("/b.dwg")});
+        window.host.recentFiles().setPaths({path, "/b.dwg"});
         emit menu->aboutToShow();
-        const QString escaped = QString(path).replace(QLatin1String("R&D\t"), QLatin1String("R&&D "));
-        QCOMPARE(textsOf(menu), QStringList({QStringLiteral("&1 ") + escaped, QStringLiteral("&2 /b.dwg")}));
+        const QString escaped = QString(path).replace("R&D\t", "R&&D ");
+        QCOMPARE(textsOf(menu), QStringList({"&1 " + escaped, "&2 /b.dwg"}));
 
         menu->actions().constFirst()->trigger();
         QTRY_COMPARE(window.host.documents().documents().size(), std::size_t(1));
@@ -240,7 +237,7 @@ private slots:
         const auto picture = [](Qt::LayoutDirection direction) {
             QApplication::setLayoutDirection(direction);
             Window window;
-            window.host.recentFiles().setPaths({QStringLiteral("/plans/1. (2).dwg")});
+            window.host.recentFiles().setPaths({"/plans/1. (2).dwg"});
             QMenu *const menu = window.menu("ID_RECENT_FILES_MENU");
             emit menu->aboutToShow();
             return menu->grab().toImage();
@@ -260,7 +257,7 @@ private slots:
         fxhost::Document *const first = documents.newDocument();
         documents.newDocument();
         emit menu->aboutToShow();
-        QCOMPARE(textsOf(menu), QStringList({QStringLiteral("&1 Drawing1"), QStringLiteral("&2 Drawing2")}));
+        QCOMPARE(textsOf(menu), QStringList({"&1 Drawing1", "&2 Drawing2"}));
         QVERIFY(!menu->actions().constFirst()->isChecked());
         QVERIFY(menu->actions().constLast()->isChecked());
 

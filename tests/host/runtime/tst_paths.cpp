@@ -60,17 +60,17 @@ void tst_Paths::everyNameComesBack()
     QFETCH(QByteArray, bytes);
     const QString path = pathFromBytes(bytes);
     QCOMPARE(pathBytes(path), bytes);
-    QCOMPARE(pathFromBytes("/folder/" + bytes), QStringLiteral("/folder/") + path); // told alone, or with it
-    QCOMPARE(QString(CFxString(path)), path); // and through the modules' string
+    QCOMPARE(pathFromBytes("/folder/" + bytes), "/folder/" + path); // told alone, or with it
+    QCOMPARE(QString(CFxString(path)), path);                       // and through the modules' string
     QCOMPARE(pathBytes(CFxString(path)), bytes);
 }
 
 void tst_Paths::namesThatAreUtf8AreThatText()
 {
-    const QString text = QStringLiteral("/pl\u00e4ne/\u6771\u4eac \U0001F4D0\n.dwg");
+    const QString text = "/pl\u00e4ne/\u6771\u4eac \U0001F4D0\n.dwg";
     QCOMPARE(pathFromBytes(text.toUtf8()), text);
     QCOMPARE(pathBytes(text), text.toUtf8());
-    QCOMPARE(pathFromBytes("/\xe4\xc3\xa4"), QString(QStringLiteral("/") + QChar(0xdce4) + QChar(0xe4)));
+    QCOMPARE(pathFromBytes("/\xe4\xc3\xa4"), QString("/" + QChar(0xdce4) + QChar(0xe4)));
 }
 
 void tst_Paths::anyBytesComeBack()
@@ -114,7 +114,7 @@ void tst_Paths::qtFindsFilesByTheirBytes()
 void tst_Paths::otherProgramsAreToldTheBytes()
 {
     QProcess printf;
-    printf.start(QStringLiteral("printf"), {QStringLiteral("%s"), pathFromBytes("/gr\xfcn \xc3\xa4")});
+    printf.start("printf", {"%s", pathFromBytes("/gr\xfcn \xc3\xa4")});
     QVERIFY(printf.waitForFinished());
     QCOMPARE(printf.readAllStandardOutput(), QByteArray("/gr\xfcn \xc3\xa4"));
 }
@@ -124,11 +124,11 @@ void tst_Paths::streamsOfTextStayUtf8()
     QByteArray bytes;
     {
         QTextStream stream(&bytes);
-        stream << QStringLiteral("\u00e4") << QChar(0xd83d) << QChar(0xdcd0);
+        stream << "\u00e4" << QChar(0xd83d) << QChar(0xdcd0);
     }
     QCOMPARE(bytes, QByteArray("\xc3\xa4\xf0\x9f\x93\x90"));
     QTextStream stream(bytes);
-    QCOMPARE(stream.readAll(), QStringLiteral("\u00e4\U0001F4D0"));
+    QCOMPARE(stream.readAll(), QString("\u00e4\U0001F4D0"));
 }
 
 void tst_Paths::textInPiecesStaysUtf8()
@@ -137,13 +137,13 @@ void tst_Paths::textInPiecesStaysUtf8()
     QString text;
     for (const char *piece : {"x", "\xc3\xa4", "y\xc3", "\xa4z\xf0\x9f", "\x93", "\x90"})
         text += decoder->toUnicode(piece);
-    QCOMPARE(text, QStringLiteral("x\u00e4y\u00e4z\U0001F4D0"));
+    QCOMPARE(text, QString("x\u00e4y\u00e4z\U0001F4D0"));
 }
 
 void tst_Paths::onlyASlashMakesAPathFull()
 {
-    const QString folder = QDir::currentPath() + QLatin1Char('/');
-    QCOMPARE(fxhost::absolutePath(QStringLiteral("/a//b.dwg")), QStringLiteral("/a//b.dwg"));
+    const QString folder = QDir::currentPath() + '/';
+    QCOMPARE(fxhost::absolutePath("/a//b.dwg"), QString("/a//b.dwg"));
     QCOMPARE(fxhost::absolutePath(QString()), QString());
     for (const char *name : {"a.dwg", ":a.dwg", ":/a.dwg", "-a.dwg", "..dwg"})
         QCOMPARE(fxhost::absolutePath(QLatin1String(name)), folder + QLatin1String(name));

@@ -55,8 +55,7 @@ private slots:
     void aStoredPictureIsRead()
     {
         RunningHost running;
-        const QImage image =
-            readAsAModuleDoes(running.makeFile(QStringLiteral("green.dwg"), drawingWithAGreenPixel()));
+        const QImage image = readAsAModuleDoes(running.makeFile("green.dwg", drawingWithAGreenPixel()));
         QCOMPARE(image.size(), QSize(1, 1));
         QCOMPARE(image.pixelColor(0, 0), QColor(Qt::green));
     }
@@ -66,10 +65,10 @@ private slots:
         RunningHost running;
         const std::unique_ptr<CFxPreviewBitmap> preview(CFxPreviewBitmap::Create());
         QVERIFY(!preview->IsValid());
-        QVERIFY(preview->Load(running.makeFile(QStringLiteral("green.dwg"), drawingWithAGreenPixel())));
-        QVERIFY(!preview->Load(running.makeDrawing(QStringLiteral("bare.dwg"))));
+        QVERIFY(preview->Load(running.makeFile("green.dwg", drawingWithAGreenPixel())));
+        QVERIFY(!preview->Load(running.makeDrawing("bare.dwg")));
         QVERIFY(!preview->IsValid()); // the former picture is not left
-        QVERIFY(!preview->Load(running.path(QStringLiteral("missing.dwg"))));
+        QVERIFY(!preview->Load(running.path("missing.dwg")));
         QImage image(1, 1, QImage::Format_RGB32);
         preview->ToImage(image);
         QVERIFY(image.isNull());
@@ -80,7 +79,7 @@ private slots:
         RunningHost running;
         std::vector<std::future<QImage>> images;
         for (int i = 0; i < 16; ++i) {
-            const QString path = running.makeFile(QStringLiteral("%1.dwg").arg(i), drawingWithAGreenPixel());
+            const QString path = running.makeFile(QString("%1.dwg").arg(i), drawingWithAGreenPixel());
             images.push_back(std::async(std::launch::async, readAsAModuleDoes, path));
         }
         for (std::future<QImage> &image : images)
@@ -90,8 +89,7 @@ private slots:
     void anOpenedDrawingHasItsPicture()
     {
         RunningHost running;
-        running.host.documents().open(
-            running.makeFile(QStringLiteral("green.dwg"), drawingWithAGreenPixel()));
+        running.host.documents().open(running.makeFile("green.dwg", drawingWithAGreenPixel()));
         QCOMPARE(running.host.documents().current()->facts().preview.pixelColor(0, 0), QColor(Qt::green));
     }
 };

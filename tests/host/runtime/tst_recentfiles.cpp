@@ -13,7 +13,7 @@ QStringList numbered(int first, int last)
     QStringList paths;
     const int step = first <= last ? 1 : -1;
     for (int i = first; i != last + step; i += step)
-        paths.append(QStringLiteral("/drawings/%1.dwg").arg(i));
+        paths.append(QString("/drawings/%1.dwg").arg(i));
     return paths;
 }
 
@@ -27,25 +27,23 @@ private slots:
     void theLastAddedComesFirst()
     {
         RecentFiles list;
-        list.add(QStringLiteral("/a.dwg"));
-        list.add(QStringLiteral("/b.dwg"));
-        QCOMPARE(list.paths(), QStringList({QStringLiteral("/b.dwg"), QStringLiteral("/a.dwg")}));
+        list.add("/a.dwg");
+        list.add("/b.dwg");
+        QCOMPARE(list.paths(), QStringList({"/b.dwg", "/a.dwg"}));
     }
 
     void whatIsListedMovesToTheTop()
     {
         RecentFiles list;
         list.setPaths(numbered(1, 3));
-        list.add(QStringLiteral("/drawings/3.dwg"));
-        QCOMPARE(list.paths(),
-                 QStringList({QStringLiteral("/drawings/3.dwg"), QStringLiteral("/drawings/1.dwg"),
-                              QStringLiteral("/drawings/2.dwg")}));
+        list.add("/drawings/3.dwg");
+        QCOMPARE(list.paths(), QStringList({"/drawings/3.dwg", "/drawings/1.dwg", "/drawings/2.dwg"}));
     }
 
     void pathsThatDifferInCaseOrSeparatorsAreDifferent()
     {
         RecentFiles list;
-        list.setPaths({QStringLiteral("/A.dwg"), QStringLiteral("/a.dwg"), QStringLiteral("//a.dwg")});
+        list.setPaths({"/A.dwg", "/a.dwg", "//a.dwg"});
         QCOMPARE(list.paths().size(), 3);
     }
 
@@ -103,8 +101,8 @@ private slots:
     {
         RecentFiles list;
         list.setPaths(numbered(1, 2));
-        QVERIFY(list.remove(QStringLiteral("/drawings/1.dwg")));
-        QVERIFY(!list.remove(QStringLiteral("/drawings/1.dwg")));
+        QVERIFY(list.remove("/drawings/1.dwg"));
+        QVERIFY(!list.remove("/drawings/1.dwg"));
         QCOMPARE(list.paths(), numbered(2, 2));
         list.clear();
         QVERIFY(list.paths().isEmpty());
@@ -114,11 +112,11 @@ private slots:
     {
         RecentFiles list;
         QSignalSpy changed(&list, &RecentFiles::changed);
-        list.add(QStringLiteral("/a.dwg"));
+        list.add("/a.dwg");
         QCOMPARE(changed.size(), 1);
-        list.add(QStringLiteral("/a.dwg"));
+        list.add("/a.dwg");
         list.setMaximum(5);
-        list.remove(QStringLiteral("/never there.dwg"));
+        list.remove("/never there.dwg");
         QCOMPARE(changed.size(), 1);
     }
 
@@ -132,17 +130,17 @@ private slots:
             return kept;
         });
         QSignalSpy changed(&list, &RecentFiles::changed);
-        list.add(QStringLiteral("/a.dwg"));
+        list.add("/a.dwg");
         QCOMPARE(knownToTheList, QStringList());
-        QCOMPARE(list.paths(), QStringList(QStringLiteral("/a.dwg")) + numbered(7, 8));
+        QCOMPARE(list.paths(), QStringList("/a.dwg") + numbered(7, 8));
         QCOMPARE(changed.size(), 1);
 
-        kept.prepend(QStringLiteral("/theirs.dwg"));
-        QVERIFY(list.remove(QStringLiteral("/theirs.dwg")));
-        QCOMPARE(list.paths(), QStringList(QStringLiteral("/a.dwg")) + numbered(7, 8));
+        kept.prepend("/theirs.dwg");
+        QVERIFY(list.remove("/theirs.dwg"));
+        QCOMPARE(list.paths(), QStringList("/a.dwg") + numbered(7, 8));
         QCOMPARE(kept, list.paths());
 
-        kept.prepend(QStringLiteral("/theirs.dwg"));
+        kept.prepend("/theirs.dwg");
         changed.clear();
         list.refresh();
         QCOMPARE(list.paths(), kept);

@@ -20,7 +20,7 @@ namespace {
 
 //! As long as a file's name can be: no other file beside it can have this name and a suffix, neither the one
 //! that a list is written to first nor the one that a damaged list is renamed to.
-const QString longestName = QString(NAME_MAX, QLatin1Char('n'));
+const QString longestName = QString(NAME_MAX, 'n');
 
 //! The path of a list in a folder of its own.
 class ListFile
@@ -28,15 +28,12 @@ class ListFile
     QTemporaryDir m_folder;
 
 public:
-    explicit ListFile(const QString &name = QStringLiteral("recent.txt")) : path(m_folder.filePath(name)) {}
+    explicit ListFile(const QString &name = "recent.txt") : path(m_folder.filePath(name)) {}
 
     const QString path;
 
     QString folder() const { return m_folder.path(); }
-    QString aside(const QString &suffix = QString()) const
-    {
-        return path + QLatin1String(".damaged") + suffix;
-    }
+    QString aside(const QString &suffix = QString()) const { return path + ".damaged" + suffix; }
 
     void write(const QByteArray &bytes) const
     {
@@ -97,16 +94,16 @@ private slots:
     {
         const ListFile list;
         const QStringList paths = {
-            QStringLiteral("/home/me/plan.dwg"),
-            QStringLiteral("/with blanks /and % percent%41.dwg "),
-            QStringLiteral("/line\nend\rand\ttab\x7f.dwg"),
-            QStringLiteral("/\u00fcml\u00e4ut/\u6771\u4eac/\U0001F4D0.dwg"),
-            QStringLiteral("//twice//slashed/../dotted.dwg"),
-            QStringLiteral("/\u2028line separator.dwg"),
-            QStringLiteral("/null ") + QChar::Null, // which no file has, but a script may have said
+            "/home/me/plan.dwg",
+            "/with blanks /and % percent%41.dwg ",
+            "/line\nend\rand\ttab\x7f.dwg",
+            "/\u00fcml\u00e4ut/\u6771\u4eac/\U0001F4D0.dwg",
+            "//twice//slashed/../dotted.dwg",
+            "/\u2028line separator.dwg",
+            "/null " + QChar::Null, // which no file has, but a script may have said
             fxhost::pathFromBytes("/no\xff UTF-8 \xc3.dwg"),
             fxhost::pathFromBytes("/\xc3\xa4 and \xe4.dwg"),
-            QLatin1Char('/') + fxhost::pathFromBytes("\xef\xbb\xbf mark.dwg"),
+            '/' + fxhost::pathFromBytes("\xef\xbb\xbf mark.dwg"),
         };
         QCOMPARE(save(RecentFileStore(list.path), paths), QString());
         const RecentFileStore::Kept loaded = RecentFileStore(list.path).load();
@@ -119,7 +116,7 @@ private slots:
         const ListFile list;
         QStringList paths;
         for (int i = 0; i < 1000; ++i)
-            paths.append(QLatin1Char('/') + QString(4090, QLatin1Char('\n')) + QString::number(i));
+            paths.append('/' + QString(4090, '\n') + QString::number(i));
         QCOMPARE(save(RecentFileStore(list.path), paths), QString());
         QCOMPARE(RecentFileStore(list.path).load().paths, paths);
     }
@@ -127,8 +124,7 @@ private slots:
     void aPersonCanReadTheFile()
     {
         const ListFile list;
-        save(RecentFileStore(list.path),
-             {QStringLiteral("/pl\u00e4ne/100% neu.dwg"), QStringLiteral("/b.dwg")});
+        save(RecentFileStore(list.path), {"/pl\u00e4ne/100% neu.dwg", "/b.dwg"});
         QCOMPARE(ListFile::contentOf(list.path),
                  QByteArray("fxhost recent documents 1\n/pl\xc3\xa4ne/100%25 neu.dwg\n/b.dwg\n"));
     }
@@ -145,11 +141,11 @@ private slots:
     {
         const ListFile list;
         // Two bytes, each carried as if it were none of UTF-8; together they are.
-        const QString odd = QLatin1Char('/') + fxhost::pathFromBytes("\xc3") + fxhost::pathFromBytes("\xa4");
-        save(RecentFileStore(list.path), {odd, QStringLiteral("/b.dwg")});
+        const QString odd = '/' + fxhost::pathFromBytes("\xc3") + fxhost::pathFromBytes("\xa4");
+        save(RecentFileStore(list.path), {odd, "/b.dwg"});
         const RecentFileStore::Kept loaded = RecentFileStore(list.path).load();
         QCOMPARE(loaded.problem, QString());
-        QCOMPARE(loaded.paths, QStringList({QStringLiteral("/\u00e4"), QStringLiteral("/b.dwg")}));
+        QCOMPARE(loaded.paths, QStringList({"/\u00e4", "/b.dwg"}));
     }
 
     void anEmptyListIsAFileToo()
@@ -205,21 +201,20 @@ private slots:
                  qPrintable(loaded.problem));
         QCOMPARE(ListFile::contentOf(aside), damaged);
         QVERIFY(!QFile::exists(list.path));
-        QCOMPARE(save(store, {QStringLiteral("/new.dwg")}), QString());
-        QCOMPARE(RecentFileStore(list.path).load().paths, QStringList(QStringLiteral("/new.dwg")));
+        QCOMPARE(save(store, {"/new.dwg"}), QString());
+        QCOMPARE(RecentFileStore(list.path).load().paths, QStringList("/new.dwg"));
     }
 
     void whatWasSetAsideBeforeIsKept()
     {
         const ListFile list;
-        const QStringList generations = {QStringLiteral("first"), QStringLiteral("second"),
-                                         QStringLiteral("third")};
+        const QStringList generations = {"first", "second", "third"};
         for (const QString &generation : generations) {
             list.write(generation.toUtf8());
             RecentFileStore(list.path).load();
         }
         QStringList kept;
-        for (const QString &suffix : {QString(), QStringLiteral("-2"), QStringLiteral("-3")})
+        for (const QString &suffix : {QString(), "-2", "-3"})
             kept.append(QString::fromUtf8(ListFile::contentOf(list.aside(suffix))));
         QCOMPARE(kept, generations);
     }
@@ -250,29 +245,28 @@ private slots:
         RecentFileStore::Kept loaded;
         {
             const NoMoreFiles shortage;
-            kept = store.update({QStringLiteral("/known.dwg")}, adding(QStringLiteral("/new.dwg")));
+            kept = store.update({"/known.dwg"}, adding("/new.dwg"));
             loaded = RecentFileStore(list.path).load();
         }
         QVERIFY2(kept.problem.contains(list.path), qPrintable(kept.problem));
-        QCOMPARE(kept.paths, QStringList({QStringLiteral("/new.dwg"), QStringLiteral("/known.dwg")}));
+        QCOMPARE(kept.paths, QStringList({"/new.dwg", "/known.dwg"}));
         QVERIFY2(loaded.problem.contains(list.path), qPrintable(loaded.problem));
         QCOMPARE(loaded.paths, QStringList());
-        QCOMPARE(QDir(list.folder()).entryList(QDir::Files), QStringList(QStringLiteral("recent.txt")));
+        QCOMPARE(QDir(list.folder()).entryList(QDir::Files), QStringList("recent.txt"));
         QVERIFY(!store.isAllWritten());
         // What was new then is new still.
-        kept = store.update(kept.paths, adding(QStringLiteral("/newer.dwg")));
+        kept = store.update(kept.paths, adding("/newer.dwg"));
         QCOMPARE(kept.problem, QString());
         QCOMPARE(RecentFileStore(list.path).load().paths,
-                 QStringList({QStringLiteral("/newer.dwg"), QStringLiteral("/new.dwg"),
-                              QStringLiteral("/former.dwg")}));
+                 QStringList({"/newer.dwg", "/new.dwg", "/former.dwg"}));
         QVERIFY(store.isAllWritten());
     }
 
     void aListThatCannotBeWrittenIsTold()
     {
         const ListFile list;
-        const QString nowhere = list.folder() + QStringLiteral("/no such directory/recent.txt");
-        const QString problem = save(RecentFileStore(nowhere), {QStringLiteral("/a.dwg")});
+        const QString nowhere = list.folder() + "/no such directory/recent.txt";
+        const QString problem = save(RecentFileStore(nowhere), {"/a.dwg"});
         QVERIFY2(problem.contains(nowhere), qPrintable(problem));
     }
 
@@ -291,20 +285,20 @@ private slots:
         const ListFile list(name);
         list.write("fxhost recent documents 1\n/former.dwg\n");
         const FullDisk disk(static_cast<rlim_t>(room));
-        const QString problem = save(RecentFileStore(list.path), {QStringLiteral("/new.dwg")});
+        const QString problem = save(RecentFileStore(list.path), {"/new.dwg"});
         QVERIFY2(problem.contains(list.path), qPrintable(problem));
-        QCOMPARE(RecentFileStore(list.path).load().paths, QStringList(QStringLiteral("/former.dwg")));
+        QCOMPARE(RecentFileStore(list.path).load().paths, QStringList("/former.dwg"));
     }
 
     void aDamagedFileThatCannotBeRenamedIsLeftAlone()
     {
-        allowWarning(QStringLiteral("File name too long")); // Qt says why it cannot look for such a name
+        allowWarning("File name too long"); // Qt says why it cannot look for such a name
         const ListFile list(longestName);
         list.write("damaged");
         RecentFileStore store(list.path);
         const QString problem = store.load().problem;
         QVERIFY2(problem.contains(list.path), qPrintable(problem));
-        QCOMPARE(save(store, {QStringLiteral("/new.dwg")}), QString()); // it has been said already
+        QCOMPARE(save(store, {"/new.dwg"}), QString()); // it has been said already
         QCOMPARE(ListFile::contentOf(list.path), QByteArray("damaged"));
     }
 };

@@ -241,9 +241,9 @@ private slots:
     {
         QTest::addColumn<QString>("text");
         QTest::newRow("empty") << QString();
-        QTest::newRow("ASCII") << QStringLiteral("/home/me/plan.dwg");
-        QTest::newRow("umlauts") << QStringLiteral("/pl\u00e4ne/\u00df.dwg");
-        QTest::newRow("outside the basic plane") << QStringLiteral("/\U0001F4D0\U0010FFFD.dwg");
+        QTest::newRow("ASCII") << "/home/me/plan.dwg";
+        QTest::newRow("umlauts") << "/pl\u00e4ne/\u00df.dwg";
+        QTest::newRow("outside the basic plane") << "/\U0001F4D0\U0010FFFD.dwg";
     }
 
     void aFrameworkStringConvertsBothWays()
@@ -283,9 +283,9 @@ private slots:
 
     void aMenuPrefixIsFormatted()
     {
-        QCOMPARE(QString(CFxString::format("&%i ", 3)), QStringLiteral("&3 "));
-        QCOMPARE(QString(CFxString::format("&%i ", 1000)), QStringLiteral("&1000 "));
-        QCOMPARE(QString(CFxString::format("%s-%02d%%", "x", 7)), QStringLiteral("x-07%"));
+        QCOMPARE(QString(CFxString::format("&%i ", 3)), QString("&3 "));
+        QCOMPARE(QString(CFxString::format("&%i ", 1000)), QString("&1000 "));
+        QCOMPARE(QString(CFxString::format("%s-%02d%%", "x", 7)), QString("x-07%"));
     }
 };
 

@@ -14,9 +14,9 @@ using fxhost::RecentFileStore;
 
 namespace {
 
-const QString a = QStringLiteral("/a.dwg");
-const QString b = QStringLiteral("/b.dwg");
-const QString c = QStringLiteral("/c.dwg");
+const QString a = "/a.dwg";
+const QString b = "/b.dwg";
+const QString c = "/c.dwg";
 
 //! The change that puts path in front, and leaves out where it was before.
 RecentFileStore::Change adding(const QString &path)
@@ -89,7 +89,7 @@ private slots:
         write(file(), "damaged");
         const RecentFileStore::Kept kept = store.update({a}, adding(b));
         QCOMPARE(kept.paths, QStringList({b, a}));
-        QVERIFY2(kept.problem.contains(file() + QLatin1String(".damaged")), qPrintable(kept.problem));
+        QVERIFY2(kept.problem.contains(file() + ".damaged"), qPrintable(kept.problem));
         QCOMPARE(RecentFileStore(file()).load().paths, QStringList({b, a}));
     }
 
@@ -120,14 +120,14 @@ private slots:
         store.update({}, adding(c));
         store.update({c}, adding(b));
         store.update({b, c}, adding(a));
-        const QString mine = QStringLiteral("/mine.dwg");
+        const QString mine = "/mine.dwg";
         {
             const FileLock theirs(lockFile(), 0);
             QCOMPARE(store.update({a, b, c}, addingToThree(mine)).paths, QStringList({mine, a, b}));
         }
-        const QString theirs = QStringLiteral("/theirs.dwg");
+        const QString theirs = "/theirs.dwg";
         RecentFileStore(file()).update({}, addingToThree(theirs));
-        const QString next = QStringLiteral("/next.dwg");
+        const QString next = "/next.dwg";
         QCOMPARE(store.update({mine, a, b}, addingToThree(next)).paths, QStringList({next, mine, theirs}));
     }
 
@@ -153,8 +153,8 @@ private slots:
 
     void whatCouldNotBeWrittenIsWrittenWithTheNextChange()
     {
-        const QString folder = m_folder->filePath(QStringLiteral("away"));
-        const QString inFolder = folder + QStringLiteral("/recent.txt");
+        const QString folder = m_folder->filePath("away");
+        const QString inFolder = folder + "/recent.txt";
         RecentFileStore store(inFolder);
         QVERIFY(!store.update({}, adding(a)).problem.isEmpty());
         QVERIFY(QDir().mkpath(folder));
@@ -184,22 +184,22 @@ private slots:
 
     void whatKilledWritersHaveLeftIsRemoved()
     {
-        const QStringList kept = {QStringLiteral("recent.txt.damaged"), QStringLiteral("recent.txt.abc"),
-                                  QStringLiteral("recentxtxt.abcdef"), QStringLiteral("recent.txt.ab12cd")};
+        const QStringList kept = {"recent.txt.damaged", "recent.txt.abc", "recentxtxt.abcdef",
+                                  "recent.txt.ab12cd"};
         for (const QString &name : kept)
             write(m_folder->filePath(name), "somebody's");
         for (const char *name : {"recent.txt.AbCdEf", "recent.txt.zzzzzz"})
             write(m_folder->filePath(QLatin1String(name)), "half a li");
         RecentFileStore(file()).load();
         QStringList left = QDir(m_folder->path()).entryList(QDir::Files);
-        left.removeOne(QStringLiteral("recent.txt.lock"));
+        left.removeOne("recent.txt.lock");
         QCOMPARE(QSet<QString>(left.begin(), left.end()), QSet<QString>(kept.begin(), kept.end()));
     }
 
     void whoeverHoldsTheLockKeepsHisFiles()
     {
         const FileLock theirs(lockFile(), 0);
-        const QString unfinished = m_folder->filePath(QStringLiteral("recent.txt.AbCdEf"));
+        const QString unfinished = m_folder->filePath("recent.txt.AbCdEf");
         write(unfinished, "he is just writing");
         RecentFileStore(file()).load();
         QVERIFY(QFile::exists(unfinished));
@@ -218,7 +218,7 @@ private slots:
 
     void whereNoLockCanBeHadNobodyIsBusy()
     {
-        const FileLock nowhere(m_folder->filePath(QStringLiteral("no such folder/lock")), 10);
+        const FileLock nowhere(m_folder->filePath("no such folder/lock"), 10);
         QVERIFY(!nowhere.isHeld() && !nowhere.isBusy());
         RecentFileStore store(file());
         QVERIFY(QDir().mkpath(lockFile())); // a folder, which cannot be opened for writing
@@ -227,8 +227,8 @@ private slots:
     }
 
 private:
-    QString file() const { return m_folder->filePath(QStringLiteral("recent.txt")); }
-    QString lockFile() const { return file() + QStringLiteral(".lock"); }
+    QString file() const { return m_folder->filePath("recent.txt"); }
+    QString lockFile() const { return file() + ".lock"; }
     static void write(const QString &path, const QByteArray &bytes)
     {
         QFile target(path);

@@ -262,16 +262,22 @@ private slots:
         QTest::addColumn<int>("maximum");
         for (const char *value : {"0", "-3", "1001", "many", "", "99999999999999999999", "1.5", "@Invalid()"})
             QTest::newRow(value) << 10;
-        QTest::newRow(" 16 \n; mine\n\nwhatever=1") << 16; // edited by hand
+        QTest::newRow(" 16 ") << 16;
     }
 
     void aStoredNumberIsReadOrTheDefault()
     {
         QFETCH(int, maximum);
         const Profile profile;
-        profile.write("settings.ini",
-                      "; mine\n\n[recent]\n maximum =" + QByteArray(QTest::currentDataTag()) + '\n');
-        QCOMPARE(ProfileHost(profile).recent.maximum(), maximum);
+        // As a user may have edited it.
+        profile.write("settings.ini", "; mine\nwhatever=1\n\n[recent]\n maximum =" +
+                                          QByteArray(QTest::currentDataTag()) + '\n');
+        for (const char *directory : {"", "/a folder"}) {
+            ProfileHost running(profile);
+            QCOMPARE(running.recent.maximum(), maximum);
+            QCOMPARE(running.settings.lastDirectory(), QString(directory));
+            running.settings.setLastDirectory("/a folder"); // which writes the file anew
+        }
     }
 
     void aFullDiskLeavesTheSettingsAsTheyWere()

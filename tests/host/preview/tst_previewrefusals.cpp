@@ -12,17 +12,17 @@ using namespace testbytes;
 
 namespace {
 
-constexpr int width = 13; // an odd width leaves padding at the rows' ends
-constexpr int height = 7;
+constexpr int soundWidth = 13; // an odd width leaves padding at the rows' ends
+constexpr int soundHeight = 7;
 
 BitmapBytes soundBitmap(int bits = 8)
 {
-    return patternBitmap(bits, width, height);
+    return patternBitmap(bits, soundWidth, soundHeight);
 }
 
 QByteArray soundPng()
 {
-    return pngOf(patternPicture(24, width, height));
+    return pngOf(patternPicture(24, soundWidth, soundHeight));
 }
 
 DrawingBytes soundDrawing()
@@ -63,7 +63,7 @@ void addDrawing(const char *name, const DrawingBytes &drawing)
 }
 
 //! At the file's end: what a reader takes too much must come from behind it.
-void addBitmap(const char *name, const BitmapBytes &bitmap)
+void addBadBitmap(const char *name, const BitmapBytes &bitmap)
 {
     DrawingBytes drawing = drawingWith(bitmapEntry(bitmap.bytes()));
     drawing.endSentinel = QByteArray();
@@ -136,30 +136,32 @@ void addWrongBitmapHeaders()
     constexpr qint32 most = std::numeric_limits<qint32>::max();
     constexpr qint32 least = std::numeric_limits<qint32>::min();
     const BitmapBytes good = soundBitmap();
-    addWrong("a width of %d", addBitmap, good, &BitmapBytes::width,
-             {0, -1, -width, most, least, 0x10000, 32768});
-    addWrong("a height of %d", addBitmap, good, &BitmapBytes::height,
-             {0, height + 1, -height - 1, most, least, -most, 0x10000, 32768});
+    addWrong("a width of %d", addBadBitmap, good, &BitmapBytes::width,
+             {0, -1, -soundWidth, most, least, 0x10000, 32768});
+    addWrong("a height of %d", addBadBitmap, good, &BitmapBytes::height,
+             {0, soundHeight + 1, -soundHeight - 1, most, least, -most, 0x10000, 32768});
     for (const auto &[w, h] : std::initializer_list<std::pair<qint32, qint32>>{
              {0x10000, 0x10000}, {0x8000, 0x20000}, {most, most}, {2561, 2560}, {32767, 32767}})
-        addWrong("a large width, and a height of %d", addBitmap, with(good, &BitmapBytes::width, w),
+        addWrong("a large width, and a height of %d", addBadBitmap, with(good, &BitmapBytes::width, w),
                  &BitmapBytes::height, {h});
-    addWrong("a header of %u bytes", addBitmap, good, &BitmapBytes::headerSize,
+    addWrong("a header of %u bytes", addBadBitmap, good, &BitmapBytes::headerSize,
              {0U, 1U, 12U, 16U, 39U, 41U, 44U, 60U, 112U, 123U, 125U, 65536U, 0x80000000U, 0xFFFFFFFFU});
-    addWrong("%u planes", addBitmap, good, &BitmapBytes::planes, {0U, 2U, 65535U});
-    addWrong("%u bits", addBitmap, good, &BitmapBytes::bits, {0U, 2U, 3U, 5U, 7U, 9U, 12U, 48U, 64U, 65535U});
-    addWrong("8 bits in compression %u", addBitmap, good, &BitmapBytes::compression,
+    addWrong("%u planes", addBadBitmap, good, &BitmapBytes::planes, {0U, 2U, 65535U});
+    addWrong("%u bits", addBadBitmap, good, &BitmapBytes::bits,
+             {0U, 2U, 3U, 5U, 7U, 9U, 12U, 48U, 64U, 65535U});
+    addWrong("8 bits in compression %u", addBadBitmap, good, &BitmapBytes::compression,
              {2U, 3U, 4U, 5U, 6U, 11U, 0xFFFFFFFFU});
     for (const int bits : {1, 4, 16, 24, 32})
-        addWrong("other bits in compression %u", addBitmap, soundBitmap(bits), &BitmapBytes::compression,
+        addWrong("other bits in compression %u", addBadBitmap, soundBitmap(bits), &BitmapBytes::compression,
                  {1U});
-    addWrong("%u colours for 8 bits", addBitmap, good, &BitmapBytes::colorsUsed,
+    addWrong("%u colours for 8 bits", addBadBitmap, good, &BitmapBytes::colorsUsed,
              {257U, 65536U, 0x40000000U, 0x80000000U, 0xFFFFFFFFU});
     BitmapBytes manyColors = soundBitmap(4);
     manyColors.palette += QByteArray(4, '\0');
-    addWrong("%u colours for 4 bits", addBitmap, manyColors, &BitmapBytes::colorsUsed, {17U});
-    addWrong("%u colours for 24 bits", addBitmap, soundBitmap(24), &BitmapBytes::colorsUsed, {257U});
-    addWrong("%u colours for 32 bits", addBitmap, soundBitmap(32), &BitmapBytes::colorsUsed, {0xFFFFFFFFU});
+    addWrong("%u colours for 4 bits", addBadBitmap, manyColors, &BitmapBytes::colorsUsed, {17U});
+    addWrong("%u colours for 24 bits", addBadBitmap, soundBitmap(24), &BitmapBytes::colorsUsed, {257U});
+    addWrong("%u colours for 32 bits", addBadBitmap, soundBitmap(32), &BitmapBytes::colorsUsed,
+             {0xFFFFFFFFU});
 }
 
 void addWrongBitmapData()
@@ -167,18 +169,18 @@ void addWrongBitmapData()
     for (const int bits : {1, 4, 8, 16, 24, 32}) {
         BitmapBytes shortened = soundBitmap(bits);
         shortened.pixels.chop(1);
-        addBitmap("a byte short", shortened);
-        addBitmap("top row first, a byte short",
-                  with(topDown(soundBitmap(bits)), &BitmapBytes::pixels, shortened.pixels));
+        addBadBitmap("a byte short", shortened);
+        addBadBitmap("top row first, a byte short",
+                     with(topDown(soundBitmap(bits)), &BitmapBytes::pixels, shortened.pixels));
         shortened.pixels.clear();
-        addBitmap("without pixels", shortened);
+        addBadBitmap("without pixels", shortened);
         shortened.palette.clear();
-        addBitmap("a header alone", shortened);
+        addBadBitmap("a header alone", shortened);
     }
 
     BitmapBytes masked = soundBitmap(32);
     masked.compression = 3;
-    addBitmap("masks missing", with(masked, &BitmapBytes::pixels, QByteArray()));
+    addBadBitmap("masks missing", with(masked, &BitmapBytes::pixels, QByteArray()));
     for (const auto &[name, masks] : std::initializer_list<std::pair<const char *, std::array<quint32, 3>>>{
              {"no red", {0, 0xFF00, 0xFF}},
              {"no green", {0xFF0000, 0, 0xFF}},
@@ -187,25 +189,25 @@ void addWrongBitmapData()
              {"a mask with a gap", {0xF10000, 0xFF00, 0xFF}}}) {
         masked.masks = masks;
         for (const quint32 headerSize : {40U, 108U})
-            addBitmap(name, with(masked, &BitmapBytes::headerSize, headerSize));
+            addBadBitmap(name, with(masked, &BitmapBytes::headerSize, headerSize));
     }
     masked.masks = {0xFF0000, 0xFF00, 0xFF};
-    addBitmap("masks in a header that knows none", with(masked, &BitmapBytes::headerSize, 64U));
+    addBadBitmap("masks in a header that knows none", with(masked, &BitmapBytes::headerSize, 64U));
     masked = with(soundBitmap(16), &BitmapBytes::compression, 3U);
     masked.masks = {0xF80000, 0x7E0, 0x1F};
-    addBitmap("a mask above the pixel", masked);
+    addBadBitmap("a mask above the pixel", masked);
 
     const BitmapBytes runs = inRuns(soundBitmap());
     BitmapBytes smallRuns = with(soundBitmap(4), &BitmapBytes::compression, 2U);
     smallRuns.pixels = QByteArray("\0\1", 2);
     for (const BitmapBytes &bitmap : {runs, smallRuns}) {
-        addBitmap("runs, top row first", with(bitmap, &BitmapBytes::height, -height));
-        addBitmap("a literal run that ends early",
-                  with(bitmap, &BitmapBytes::pixels, QByteArray("\0\xFF\x12\x34", 4)));
-        addBitmap("runs without an end", with(bitmap, &BitmapBytes::pixels, QByteArray("\x05\x12", 2)));
+        addBadBitmap("runs, top row first", with(bitmap, &BitmapBytes::height, -soundHeight));
+        addBadBitmap("a literal run that ends early",
+                     with(bitmap, &BitmapBytes::pixels, QByteArray("\0\xFF\x12\x34", 4)));
+        addBadBitmap("runs without an end", with(bitmap, &BitmapBytes::pixels, QByteArray("\x05\x12", 2)));
     }
-    addBitmap("a jump that ends early", with(runs, &BitmapBytes::pixels, QByteArray("\0\2\1", 3)));
-    addBitmap("runs, none there", with(runs, &BitmapBytes::pixels, QByteArray()));
+    addBadBitmap("a jump that ends early", with(runs, &BitmapBytes::pixels, QByteArray("\0\2\1", 3)));
+    addBadBitmap("runs, none there", with(runs, &BitmapBytes::pixels, QByteArray()));
 }
 
 void addWrongPngs()
@@ -223,17 +225,18 @@ void addWrongPngs()
                drawingWith({6, good, std::nullopt, static_cast<quint32>(good.size() - 1)}));
     addPng("half of it", good.left(good.size() / 2));
 
-    for (const PngHeader &header : std::initializer_list<PngHeader>{{0, height, 8, 2},
-                                                                    {width, 0, 8, 2},
-                                                                    {width, height + 1, 8, 2},
-                                                                    {0x80000000U, 1, 8, 2},
-                                                                    {0xFFFFFFFFU, 0xFFFFFFFFU, 8, 2},
-                                                                    {16000, 16000, 8, 2},
-                                                                    {2561, 2560, 8, 2},
-                                                                    {1, 32768, 8, 2},
-                                                                    {width, height, 7, 2},    // unknown
-                                                                    {width, height, 16, 3},   // cannot be
-                                                                    {width, height, 8, 3}}) { // no palette
+    for (const PngHeader &header :
+         std::initializer_list<PngHeader>{{0, soundHeight, 8, 2},
+                                          {soundWidth, 0, 8, 2},
+                                          {soundWidth, soundHeight + 1, 8, 2},
+                                          {0x80000000U, 1, 8, 2},
+                                          {0xFFFFFFFFU, 0xFFFFFFFFU, 8, 2},
+                                          {16000, 16000, 8, 2},
+                                          {2561, 2560, 8, 2},
+                                          {1, 32768, 8, 2},
+                                          {soundWidth, soundHeight, 7, 2},    // unknown
+                                          {soundWidth, soundHeight, 16, 3},   // cannot be
+                                          {soundWidth, soundHeight, 8, 3}}) { // no palette
         addPng(qPrintable(QString::asprintf("a claim of %u by %u pixels, depth %d, colours %d", header.width,
                                             header.height, header.bitDepth, header.colorType)),
                withHeader(good, header));

@@ -34,14 +34,15 @@ struct ListenedHost : RunningHost
     DocumentListener listener{host};
 };
 
-QImage picture()
+QImage storedPicture()
 {
     return patternPicture(32, 160, 100);
 }
 
 QByteArray drawingWithAPicture(bool isPng = false)
 {
-    return drawingWith(isPng ? pngEntry(pngOf(picture())) : bitmapEntry(patternBitmap(32, 160, 100).bytes()))
+    return drawingWith(isPng ? pngEntry(pngOf(storedPicture()))
+                             : bitmapEntry(patternBitmap(32, 160, 100).bytes()))
         .bytes();
 }
 
@@ -102,7 +103,7 @@ private slots:
         QCOMPARE(facts.version, QString("AC1032"));
         QCOMPARE(facts.size, QFileInfo(path).size());
         QCOMPARE(facts.modified, QFileInfo(path).lastModified());
-        QCOMPARE(facts.preview, picture());
+        QCOMPARE(facts.preview, storedPicture());
     }
 
     void closingIsToldStepByStepAndTheLastOneOpenedTakesOver()
@@ -358,7 +359,7 @@ private slots:
         for (int i = 0; i < 64; ++i)
             images.push_back(std::async(std::launch::async, readAsAModuleDoes, i % 2 ? bitmap : png));
         for (std::future<QImage> &image : images)
-            QCOMPARE(image.get(), picture());
+            QCOMPARE(image.get(), storedPicture());
     }
 
     void whereThereIsNoPictureNoneIsRead()

@@ -8,7 +8,7 @@ cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
 # What reads pictures on Qt's shared threads or on some of its own, and what counts references from several. Without
 # tst_loadedmodule: of a library that has been unloaded and loaded again the sanitizer knows no names, and so cannot
 # leave out what tsan.supp says.
-tests=(tst_crowdedpool tst_thumbnailcache tst_previewreader tst_previewbitmap tst_moduleobject tst_sdk)
+tests=(tst_crowdedpool tst_previewreading tst_thumbnailcache tst_documents tst_moduleobject tst_sdk)
 
 # Qt is not built for the sanitizer. What its libraries do to memory is ignored, since what orders it is unseen as well;
 # tests/support/QtSynchronization.cpp tells what they order for us. Some tests ask for more memory than there can be.

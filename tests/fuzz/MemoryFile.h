@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QByteArray>
+#include "tests/fuzz/Target.h"
+
 #include <QString>
+
+#include <sys/mman.h>
+#include <unistd.h>
 
 namespace fuzz {
 
@@ -10,21 +14,34 @@ namespace fuzz {
 class MemoryFile
 {
 public:
-    MemoryFile();
-    ~MemoryFile();
+    MemoryFile() { require(m_descriptor >= 0, "the system has files in memory"); }
+    ~MemoryFile() { ::close(m_descriptor); }
+    Q_DISABLE_COPY(MemoryFile)
 
     //! Under which it can be opened while this lives.
-    QString path() const { return m_path; }
-    //! Has the file hold these bytes and nothing else.
-    void write(const QByteArray &bytes) const;
-    QByteArray read() const;
+    QString path() const { return QStringLiteral("/proc/self/fd/%1").arg(m_descriptor); }
 
-    MemoryFile(const MemoryFile &) = delete;
-    MemoryFile &operator=(const MemoryFile &) = delete;
+    //! Has the file hold these bytes and nothing else.
+    void write(const QByteArray &bytes) const
+    {
+        // The length is set, not first to nothing: the pages that are there are used again.
+        const auto size = static_cast<std::size_t>(bytes.size());
+        require(::ftruncate(m_descriptor, bytes.size()) == 0 &&
+                    ::pwrite(m_descriptor, bytes.constData(), size, 0) == bytes.size(),
+                "a file in memory can be written");
+    }
+
+    QByteArray read() const
+    {
+        const off_t size = ::lseek(m_descriptor, 0, SEEK_END);
+        QByteArray bytes(static_cast<int>(size), Qt::Uninitialized);
+        require(::pread(m_descriptor, bytes.data(), static_cast<std::size_t>(size), 0) == size,
+                "a file in memory can be read");
+        return bytes;
+    }
 
 private:
-    int m_descriptor;
-    QString m_path;
+    const int m_descriptor = ::memfd_create("fuzz", MFD_CLOEXEC);
 };
 
 } // namespace fuzz

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/fuzz/Repair.h"
 
+#include "tests/support/PngBytes.h"
+
 #include <QtEndian>
 
 #include <algorithm>
@@ -29,27 +31,6 @@ void moveNumber(std::uint8_t *place, quint32 distance)
     qToLittleEndian(qFromLittleEndian<quint32>(place) + distance, place);
 }
 
-constexpr std::array<quint32, 256> checksumTable()
-{
-    std::array<quint32, 256> table = {};
-    for (quint32 byte = 0; byte < table.size(); ++byte) {
-        quint32 sum = byte;
-        for (int bit = 0; bit < 8; ++bit)
-            sum = (sum & 1) != 0 ? sum >> 1 ^ 0xEDB88320 : sum >> 1;
-        table[byte] = sum;
-    }
-    return table;
-}
-
-quint32 checksum(const std::uint8_t *begin, const std::uint8_t *end)
-{
-    static constexpr std::array<quint32, 256> table = checksumTable();
-    quint32 sum = 0xFFFFFFFF;
-    for (; begin != end; ++begin)
-        sum = table[(sum ^ *begin) & 0xFF] ^ sum >> 8;
-    return ~sum;
-}
-
 //! \return behind the last chunk that could be followed
 std::uint8_t *repairChunks(std::uint8_t *chunk, const std::uint8_t *end)
 {
@@ -59,7 +40,7 @@ std::uint8_t *repairChunks(std::uint8_t *chunk, const std::uint8_t *end)
         if (static_cast<std::size_t>(end - chunk) - frameSize < length)
             break;
         std::uint8_t *const dataEnd = chunk + lengthSize + typeSize + length;
-        qToBigEndian(checksum(chunk + lengthSize, dataEnd), dataEnd);
+        qToBigEndian(testbytes::pngChecksum(chunk + lengthSize, dataEnd), dataEnd);
         chunk = dataEnd + checksumSize;
     }
     return chunk;

@@ -4,6 +4,7 @@
 #include "tests/fuzz/Target.h"
 
 #include <QFile>
+#include <QHash>
 
 namespace fuzz {
 
@@ -96,17 +97,13 @@ std::vector<Seed> recentListSeeds()
 
 std::vector<Seed> seedsOf(const QString &target)
 {
-    if (target == QLatin1String("preview"))
-        return previewSeeds();
-    if (target == QLatin1String("customization"))
-        return customizationSeeds();
-    if (target == QLatin1String("script"))
-        return scriptSeeds();
-    if (target == QLatin1String("macro"))
-        return macroSeeds();
-    if (target == QLatin1String("recentlist"))
-        return recentListSeeds();
-    return {};
+    const QHash<QString, std::vector<Seed> (*)()> makers = {{"preview", previewSeeds},
+                                                            {"customization", customizationSeeds},
+                                                            {"script", scriptSeeds},
+                                                            {"macro", macroSeeds},
+                                                            {"recentlist", recentListSeeds}};
+    const auto make = makers.value(target);
+    return make ? make() : std::vector<Seed>();
 }
 
 } // namespace fuzz

@@ -35,13 +35,14 @@ void requireEveryPixelWritten(const QString &path, const QImage &picture)
     }
 }
 
-void checkPicture(const QImage &picture)
+void checkPicture(const QImage &picture, const QByteArray &file)
 {
     if (picture.isNull())
         return;
     require(picture.width() <= fxhost::maxSide && picture.height() <= fxhost::maxSide,
             "no side of a picture is longer than the limit");
     require(picture.sizeInBytes() <= fxhost::maxDecodedBytes, "no picture takes more than the limit");
+    require(!picture.hasAlphaChannel() || file.contains("\x89PNG"), "a bitmap is opaque");
 }
 
 } // namespace
@@ -58,9 +59,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     }();
     static_cast<void>(isPrepared);
 
-    file.write(fuzz::bytesOf(data, size));
+    const QByteArray bytes = fuzz::bytesOf(data, size);
+    file.write(bytes);
     const QImage picture = pictureIn(file.path());
-    checkPicture(picture);
+    checkPicture(picture, bytes);
     if (!picture.isNull() && !fuzz::isSanitized()) // which has an allocator of its own
         requireEveryPixelWritten(file.path(), picture);
 

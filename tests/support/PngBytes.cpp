@@ -20,16 +20,16 @@ QByteArray bigEndian(quint32 value)
     return bytes;
 }
 
-//! CRC-32 as PNG defines it, a bit at a time.
-quint32 checksum(const QByteArray &bytes)
+constexpr std::array<quint32, 256> checksumTable()
 {
-    quint32 sum = 0xFFFFFFFF;
-    for (const char byte : bytes) {
-        sum ^= static_cast<uchar>(byte);
+    std::array<quint32, 256> table = {};
+    for (quint32 byte = 0; byte < table.size(); ++byte) {
+        quint32 sum = byte;
         for (int bit = 0; bit < 8; ++bit)
             sum = (sum & 1) != 0 ? sum >> 1 ^ 0xEDB88320 : sum >> 1;
+        table[byte] = sum;
     }
-    return ~sum;
+    return table;
 }
 
 int rawSizeOfPass(quint32 width, quint32 height, int bitsPerPixel)
@@ -60,9 +60,21 @@ QByteArray signature()
 
 } // namespace
 
+quint32 pngChecksum(const uchar *begin, const uchar *end)
+{
+    static constexpr std::array<quint32, 256> table = checksumTable();
+    quint32 sum = 0xFFFFFFFF;
+    for (; begin != end; ++begin)
+        sum = table[(sum ^ *begin) & 0xFF] ^ sum >> 8;
+    return ~sum;
+}
+
 QByteArray pngChunk(const QByteArray &type, const QByteArray &data)
 {
-    return bigEndian(static_cast<quint32>(data.size())) + type + data + bigEndian(checksum(type + data));
+    const QByteArray sound = type + data;
+    const auto *const begin = reinterpret_cast<const uchar *>(sound.constData());
+    return bigEndian(static_cast<quint32>(data.size())) + sound +
+           bigEndian(pngChecksum(begin, begin + sound.size()));
 }
 
 QByteArray PngHeader::bytes() const

@@ -7,6 +7,9 @@
 //! Builds PNG files chunk by chunk, sound ones and broken ones.
 namespace testbytes {
 
+//! CRC-32 as PNG defines it.
+quint32 pngChecksum(const uchar *begin, const uchar *end);
+
 //! A chunk with its length and a right checksum. \param type four letters
 QByteArray pngChunk(const QByteArray &type, const QByteArray &data);
 

@@ -7,7 +7,9 @@
 #include <QDir>
 #include <QFile>
 
+#include <algorithm>
 #include <csignal>
+#include <iterator>
 
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -17,6 +19,27 @@
 using namespace testbytes;
 
 namespace {
+
+struct Named
+{
+    SpecialFile kind;
+    const char *row;
+    const char *file;
+};
+
+constexpr Named specialFiles[] = {
+    {SpecialFile::Nothing, "nothing", "nothing.dwg"},
+    {SpecialFile::EmptyPath, "an empty path", ""},
+    {SpecialFile::PathWithNull, "a path with a null character", "sound.dwg"},
+    {SpecialFile::BelowAFile, "a path that leads through a file", "sound.dwg/drawing.dwg"},
+    {SpecialFile::Directory, "a directory", "directory.dwg"},
+    {SpecialFile::LinkToItself, "a link to itself", "itself.dwg"},
+    {SpecialFile::LinkToNothing, "a link to nothing", "dangling.dwg"},
+    {SpecialFile::Fifo, "a FIFO", "fifo.dwg"},
+    {SpecialFile::Socket, "a socket", "socket.dwg"},
+    {SpecialFile::EndlessDevice, "an endless device", "/dev/zero"},
+    {SpecialFile::SilentDevice, "a silent device", "/dev/null"},
+};
 
 void require(bool isDone, const char *what)
 {
@@ -42,17 +65,8 @@ void makeSocket(const QByteArray &path)
 void addSpecialFileRows()
 {
     QTest::addColumn<SpecialFile>("kind");
-    QTest::newRow("nothing") << SpecialFile::Nothing;
-    QTest::newRow("an empty path") << SpecialFile::EmptyPath;
-    QTest::newRow("a path with a null character") << SpecialFile::PathWithNull;
-    QTest::newRow("a path that leads through a file") << SpecialFile::BelowAFile;
-    QTest::newRow("a directory") << SpecialFile::Directory;
-    QTest::newRow("a link to itself") << SpecialFile::LinkToItself;
-    QTest::newRow("a link to nothing") << SpecialFile::LinkToNothing;
-    QTest::newRow("a FIFO") << SpecialFile::Fifo;
-    QTest::newRow("a socket") << SpecialFile::Socket;
-    QTest::newRow("an endless device") << SpecialFile::EndlessDevice;
-    QTest::newRow("a silent device") << SpecialFile::SilentDevice;
+    for (const Named &special : specialFiles)
+        QTest::newRow(special.row) << special.kind;
 }
 
 SpecialFiles::SpecialFiles()
@@ -70,31 +84,12 @@ SpecialFiles::SpecialFiles()
 
 QString SpecialFiles::path(SpecialFile kind) const
 {
-    switch (kind) {
-    case SpecialFile::Nothing:
-        return m_dir.filePath(QStringLiteral("nothing.dwg"));
-    case SpecialFile::EmptyPath:
+    if (kind == SpecialFile::EmptyPath)
         return {};
-    case SpecialFile::PathWithNull:
-        return m_dir.filePath(QStringLiteral("sound.dwg")) + QChar::Null + QStringLiteral(".dwg");
-    case SpecialFile::BelowAFile:
-        return m_dir.filePath(QStringLiteral("sound.dwg/drawing.dwg"));
-    case SpecialFile::Directory:
-        return m_dir.filePath(QStringLiteral("directory.dwg"));
-    case SpecialFile::LinkToItself:
-        return m_dir.filePath(QStringLiteral("itself.dwg"));
-    case SpecialFile::LinkToNothing:
-        return m_dir.filePath(QStringLiteral("dangling.dwg"));
-    case SpecialFile::Fifo:
-        return m_dir.filePath(QStringLiteral("fifo.dwg"));
-    case SpecialFile::Socket:
-        return m_dir.filePath(QStringLiteral("socket.dwg"));
-    case SpecialFile::EndlessDevice:
-        return QStringLiteral("/dev/zero");
-    case SpecialFile::SilentDevice:
-        return QStringLiteral("/dev/null");
-    }
-    Q_UNREACHABLE();
+    const auto *const special = std::find_if(std::begin(specialFiles), std::end(specialFiles),
+                                             [kind](const Named &named) { return named.kind == kind; });
+    const QString path = QDir(m_dir.path()).filePath(special->file);
+    return kind == SpecialFile::PathWithNull ? path + QChar::Null + ".dwg" : path;
 }
 
 Alarm::Alarm()

@@ -3,7 +3,6 @@
 
 #include "tests/support/PngBytes.h"
 #include "tests/support/PreviewBytes.h"
-#include "tests/support/SpecialFiles.h"
 #include "tests/support/TestCase.h"
 
 #include <QTemporaryDir>
@@ -12,7 +11,6 @@
 #include <cstdio>
 #include <functional>
 #include <limits>
-#include <utility>
 
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -43,121 +41,102 @@ extern "C" __attribute__((visibility("default"))) ssize_t pread(int fd, void *bu
     return static_cast<ssize_t>(::syscall(SYS_pread64, fd, buf, nbytes, offset));
 }
 
-//! What a path can lead to other than a file that keeps still.
+//! Files that do not keep still while they are read.
 class tst_PreviewFiles : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void noSpecialFileIsWaitedFor_data();
-    void noSpecialFileIsWaitedFor();
-    void aFileThatShrinksWhileItIsReadGivesThePictureOrNone_data();
-    void aFileThatShrinksWhileItIsReadGivesThePictureOrNone();
-    void aFileThatIsReplacedWhileItIsReadGivesTheFormerPicture();
-    void aFileThatIsWrittenOverWhileItIsReadGivesSomePictureOrNone();
-};
+    void aFileThatShrinksGivesThePictureOrNone_data()
+    {
+        // Larger than the 16 KiB that Qt reads ahead, so that decoding takes more than one read.
+        constexpr int width = 120;
+        constexpr int height = 90;
+        QTest::addColumn<StoredEntry>("entry");
+        QTest::newRow("8 bit") << bitmapEntry(patternBitmap(8, width, height).bytes());
+        QTest::newRow("32 bit") << bitmapEntry(patternBitmap(32, width, height).bytes());
+        QTest::newRow("in runs") << bitmapEntry(inRuns(patternBitmap(8, width, height)).bytes());
+        QTest::newRow("PNG") << pngEntry(pngOf(patternPicture(32, width, height)));
+    }
 
-void tst_PreviewFiles::noSpecialFileIsWaitedFor_data()
-{
-    addSpecialFileRows();
-}
-
-void tst_PreviewFiles::noSpecialFileIsWaitedFor()
-{
-    QFETCH(SpecialFile, kind);
-    const SpecialFiles files;
-    const Alarm alarm;
-    QVERIFY(fxhost::readPreview(files.path(kind)).isNull());
-}
-
-void tst_PreviewFiles::aFileThatShrinksWhileItIsReadGivesThePictureOrNone_data()
-{
-    // Larger than the 16 KiB that Qt reads ahead, so that decoding takes more than one read.
-    constexpr int width = 120;
-    constexpr int height = 90;
-    QTest::addColumn<StoredEntry>("entry");
-    QTest::newRow("8 bit") << bitmapEntry(patternBitmap(8, width, height).bytes());
-    QTest::newRow("32 bit") << bitmapEntry(patternBitmap(32, width, height).bytes());
-    QTest::newRow("in runs") << bitmapEntry(inRuns(patternBitmap(8, width, height)).bytes());
-    QTest::newRow("PNG") << pngEntry(pngOf(patternPicture(32, width, height)));
-}
-
-void tst_PreviewFiles::aFileThatShrinksWhileItIsReadGivesThePictureOrNone()
-{
-    allowWarning(QStringLiteral("libpng warning"));
-    QFETCH(StoredEntry, entry);
-    const DrawingBytes drawing = drawingWith(entry);
-    const QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("drawing.dwg"));
-    changing = {};
-    const QImage picture = fxhost::readPreview(writeFile(path, drawing.bytes()));
-    const int readsInAll = changing.reads;
-    QVERIFY(!picture.isNull());
-    QVERIFY2(readsInAll > 4, "the reader does not read through pread()");
-
-    const int dataAt = drawing.dataAt() + 80;
-    const int dataEnd = dataAt + entry.data.size();
-    for (const int size : {0, 16, drawing.sectionAt + 20, drawing.tableAt() + 1, dataAt + 20, dataAt + 60,
-                           dataAt + entry.data.size() / 2, dataEnd - 1}) {
-        for (int reads = 0; reads < readsInAll; ++reads) {
-            writeFile(path, drawing.bytes());
-            changing = {reads, [&] {
-                            if (!QFile::resize(path, size))
-                                qFatal("cannot shrink the file");
-                        }};
-            const QImage read = fxhost::readPreview(path);
-            QVERIFY(read.isNull() || read == picture);
-            if (reads == 0 && size < dataEnd - 1) // the last byte of all may be one that no pixel needs
-                QVERIFY(read.isNull());
+    void aFileThatShrinksGivesThePictureOrNone()
+    {
+        QFETCH(StoredEntry, entry);
+        const DrawingBytes drawing = drawingWith(entry);
+        const int dataAt = drawing.dataAt() + 80;
+        const int dataEnd = dataAt + entry.data.size();
+        for (const int size : {0, 16, drawing.sectionAt + 20, drawing.tableAt() + 1, dataAt + 20, dataAt + 60,
+                               dataAt + entry.data.size() / 2, dataEnd - 1}) {
+            const auto shrink = [&] {
+                if (!QFile::resize(m_path, size))
+                    qFatal("cannot shrink the file");
+            };
+            readWithChanges(drawing.bytes(), shrink,
+                            [&](int reads, const QImage &picture, const QImage &read) {
+                                QVERIFY(read.isNull() || read == picture);
+                                if (reads == 0 &&
+                                    size < dataEnd - 1) // the last byte of all may be one that no pixel needs
+                                    QVERIFY(read.isNull());
+                            });
         }
     }
-    changing = {};
-}
 
-void tst_PreviewFiles::aFileThatIsReplacedWhileItIsReadGivesTheFormerPicture()
-{
-    const QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("drawing.dwg"));
-    const QString newer = dir.filePath(QStringLiteral("newer.dwg"));
-    const QByteArray former = drawingWith(bitmapEntry(patternBitmap(8, 120, 90).bytes())).bytes();
-    const QByteArray other = drawingWith(pngEntry(pngOf(patternPicture(32, 50, 70)))).bytes();
-    changing = {};
-    const QImage picture = fxhost::readPreview(writeFile(path, former));
-    const int readsInAll = changing.reads;
-    QVERIFY(!picture.isNull());
-    for (int reads = 0; reads < readsInAll; ++reads) {
-        writeFile(path, former);
-        writeFile(newer, other);
-        changing = {reads, [&] {
-                        if (::rename(newer.toLocal8Bit().constData(), path.toLocal8Bit().constData()) != 0)
-                            qFatal("cannot replace the file");
-                    }};
-        QCOMPARE(fxhost::readPreview(path), picture);
-        changing = {};
-        QCOMPARE(fxhost::readPreview(path).size(), QSize(50, 70));
+    void aFileThatIsReplacedGivesTheFormerPicture()
+    {
+        const auto replace = [&] {
+            const QString newer = writeFile(m_folder.filePath("newer.dwg"), m_png);
+            if (::rename(QFile::encodeName(newer).constData(), QFile::encodeName(m_path).constData()) != 0)
+                qFatal("cannot replace the file");
+        };
+        readWithChanges(m_bitmap, replace, [&](int, const QImage &picture, const QImage &read) {
+            QCOMPARE(read, picture);
+            QCOMPARE(fxhost::readPreview(m_path).size(), QSize(50, 70));
+        });
     }
-}
 
-void tst_PreviewFiles::aFileThatIsWrittenOverWhileItIsReadGivesSomePictureOrNone()
-{
-    allowWarning(QStringLiteral("libpng"));
-    const QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("drawing.dwg"));
-    const QByteArray bitmap = drawingWith(bitmapEntry(patternBitmap(8, 120, 90).bytes())).bytes();
-    const QByteArray png = drawingWith(pngEntry(pngOf(patternPicture(32, 120, 90)))).bytes();
-    for (const auto &[former, other] : {std::pair(bitmap, png), std::pair(png, bitmap)}) {
+    void aFileThatIsWrittenOverGivesSomePictureOrNone()
+    {
+        const auto check = [](int, const QImage & /*picture*/, const QImage &read) {
+            QVERIFY(read.isNull() || read.size() == QSize(120, 90) || read.size() == QSize(50, 70));
+        };
+        readWithChanges(
+            m_bitmap, [&] { overwrite(m_png); }, check);
+        readWithChanges(
+            m_png, [&] { overwrite(m_bitmap); }, check);
+    }
+
+private:
+    //! Reads a file once as it is, and then with a change before each of its reads.
+    template<class Check>
+    void readWithChanges(const QByteArray &file, const std::function<void()> &change, const Check &check)
+    {
+        allowWarning("libpng"); // the decoder tells what is wrong
         changing = {};
-        fxhost::readPreview(writeFile(path, former));
+        const QImage picture = fxhost::readPreview(writeFile(m_path, file));
         const int readsInAll = changing.reads;
+        QVERIFY(!picture.isNull());
+        QVERIFY2(readsInAll > 4, "the reader does not read through pread()");
         for (int reads = 0; reads < readsInAll; ++reads) {
-            writeFile(path, former);
-            changing = {reads, [path = path, bytes = other] { writeFile(path, bytes); }};
-            const QImage read = fxhost::readPreview(path);
-            QVERIFY(read.isNull() || read.size() == QSize(120, 90));
+            writeFile(m_path, file);
+            changing = {reads, change};
+            const QImage read = fxhost::readPreview(m_path);
+            changing = {};
+            check(reads, picture, read);
         }
     }
-    changing = {};
-}
+
+    void overwrite(const QByteArray &bytes) const
+    {
+        QFile file(m_path); // the same one, other than writeFile() would
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            qFatal("cannot write over the file");
+    }
+
+    const QByteArray m_bitmap = drawingWith(bitmapEntry(patternBitmap(8, 120, 90).bytes())).bytes();
+    const QByteArray m_png = drawingWith(pngEntry(pngOf(patternPicture(32, 50, 70)))).bytes();
+    const QTemporaryDir m_folder;
+    const QString m_path = m_folder.filePath("drawing.dwg");
+};
 
 QTEST_GUILESS_MAIN(tst_PreviewFiles)
 #include "tst_previewfiles.moc"

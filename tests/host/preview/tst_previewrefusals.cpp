@@ -10,59 +10,24 @@
 
 using namespace testbytes;
 
-//! Files that hold no picture, or claim one that must not be believed.
-class tst_PreviewRefusals : public TestCase
-{
-    Q_OBJECT
-
-private slots:
-    void aFileWithoutAPictureGivesNone_data();
-    void aFileWithoutAPictureGivesNone();
-    void aWrongSectionGivesNone_data();
-    void aWrongSectionGivesNone();
-    void aWrongBitmapGivesNone_data();
-    void aWrongBitmapGivesNone();
-    void aWrongPngGivesNone_data();
-    void aWrongPngGivesNone();
-    void aFileCutAnywhereGivesThePictureOrNone_data();
-    void aFileCutAnywhereGivesThePictureOrNone();
-    void anyByteMayBeWrong_data();
-    void anyByteMayBeWrong();
-
-private:
-    QImage read(const QByteArray &drawing) const
-    {
-        return fxhost::readPreview(writeFile(m_dir.filePath(QStringLiteral("drawing.dwg")), drawing));
-    }
-
-    QTemporaryDir m_dir;
-};
-
 namespace {
 
-constexpr int width = 13; // an odd width leaves padding at the rows' ends
-constexpr int height = 7;
+constexpr int soundWidth = 13; // an odd width leaves padding at the rows' ends
+constexpr int soundHeight = 7;
 
-BitmapBytes goodBitmap(int bits = 8)
+BitmapBytes soundBitmap(int bits = 8)
 {
-    return patternBitmap(bits, width, height);
+    return patternBitmap(bits, soundWidth, soundHeight);
 }
 
-QByteArray goodPng()
+QByteArray soundPng()
 {
-    return pngOf(patternPicture(24, width, height));
+    return pngOf(patternPicture(24, soundWidth, soundHeight));
 }
 
-DrawingBytes goodDrawing()
+DrawingBytes soundDrawing()
 {
-    return drawingWith(bitmapEntry(goodBitmap().bytes()));
-}
-
-DrawingBytes drawingOf(const QVector<StoredEntry> &entries)
-{
-    DrawingBytes drawing;
-    drawing.entries = entries;
-    return drawing;
+    return drawingWith(bitmapEntry(soundBitmap().bytes()));
 }
 
 //! One wrong thing in an else good value: rows are made of these.
@@ -73,135 +38,149 @@ T with(T whole, Field T::*field, const Value &value)
     return whole;
 }
 
-} // namespace
-
-void tst_PreviewRefusals::aFileWithoutAPictureGivesNone_data()
+DrawingBytes drawingOf(const QVector<StoredEntry> &entries)
 {
-    QTest::addColumn<QByteArray>("file");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("a version and no more") << QByteArray("AC1018");
-    QTest::newRow("XML") << QByteArray("<?xml version=\"1.0\"?><drawing><preview/></drawing>");
-    QTest::newRow("a pointer to a file kept elsewhere")
-        << QByteArray("version 1\noid 8c1bdf4c1d75\nsize 174558\n");
-    QTest::newRow("a PNG named as a drawing") << goodPng();
+    return with(DrawingBytes(), &DrawingBytes::entries, entries);
+}
+
+void addFile(const char *name, const QByteArray &file)
+{
+    QTest::newRow(name) << file;
+}
+
+//! Rows with one wrong value each of a field. \param name with a place for the value
+template<typename T, typename Field, typename Value>
+void addWrong(const char *name, void (*add)(const char *, const T &), const T &whole, Field T::*field,
+              std::initializer_list<Value> values)
+{
+    for (const Value value : values)
+        add(qPrintable(QString::asprintf(name, value)), with(whole, field, value));
+}
+
+void addDrawing(const char *name, const DrawingBytes &drawing)
+{
+    addFile(name, drawing.bytes());
+}
+
+//! At the file's end: what a reader takes too much must come from behind it.
+void addBadBitmap(const char *name, const BitmapBytes &bitmap)
+{
+    DrawingBytes drawing = drawingWith(bitmapEntry(bitmap.bytes()));
+    drawing.endSentinel = QByteArray();
+    drawing.bytesBehind = 0;
+    addDrawing(name, drawing);
+}
+
+void addPng(const char *name, const QByteArray &png)
+{
+    addDrawing(name, drawingWith(pngEntry(png)));
+}
+
+void addFilesWithoutAPicture()
+{
+    addFile("an empty file", {});
+    addFile("a version and no more", "AC1018");
+    addFile("XML", "<?xml version=\"1.0\"?><drawing><preview/></drawing>");
+    addFile("a PNG named as a drawing", soundPng());
     for (const char *version : {"AC1.2", "AC2.10", "AC1009", "AC1016", "AC1033", "ac1032", "AD1032"})
-        QTest::newRow(version) << with(goodDrawing(), &DrawingBytes::version, version).bytes();
-    QTest::newRow("an address of 0") << with(goodDrawing(), &DrawingBytes::address, 0U).bytes();
-    QTest::newRow("no entries") << drawingOf({}).bytes();
-    QTest::newRow("zeros alone") << drawingOf({zerosEntry()}).bytes();
-    QTest::newRow("a metafile alone") << drawingOf({zerosEntry(), metafileEntry()}).bytes();
-    QTest::newRow("an unknown code") << drawingOf({{4, goodBitmap().bytes()}}).bytes();
+        addDrawing(version, with(soundDrawing(), &DrawingBytes::version, version));
+    addDrawing("no entries", drawingOf({}));
+    addDrawing("zeros alone", drawingOf({zerosEntry()}));
+    addDrawing("a metafile alone", drawingOf({zerosEntry(), metafileEntry()}));
+    addDrawing("an unknown code", drawingOf({{4, soundBitmap().bytes()}}));
 }
 
-void tst_PreviewRefusals::aFileWithoutAPictureGivesNone()
+void addWrongSections()
 {
-    QFETCH(QByteArray, file);
-    QVERIFY(read(file).isNull());
-}
-
-void tst_PreviewRefusals::aWrongSectionGivesNone_data()
-{
-    QTest::addColumn<DrawingBytes>("drawing");
-    const DrawingBytes good = goodDrawing();
+    const DrawingBytes good = soundDrawing();
     const auto fileSize = static_cast<quint32>(good.bytes().size());
-    for (const quint32 address : {1U, 6U, 13U, 16U, 447U, 449U, fileSize - 1, fileSize, fileSize + 1,
-                                  0x7FFFFFFFU, 0x80000000U, 0xFFFFFFF0U, 0xFFFFFFFFU})
-        QTest::addRow("an address of %u", address) << with(good, &DrawingBytes::address, address);
-    QTest::newRow("no begin sentinel") << with(good, &DrawingBytes::beginSentinel, QByteArray(16, '\0'));
+    addWrong("an address of %u", addDrawing, good, &DrawingBytes::address,
+             {0U, 1U, 6U, 13U, 16U, 447U, 449U, fileSize - 1, fileSize, fileSize + 1, 0x7FFFFFFFU,
+              0x80000000U, 0xFFFFFFF0U, 0xFFFFFFFFU});
+    addDrawing("no begin sentinel", with(good, &DrawingBytes::beginSentinel, QByteArray(16, '\0')));
     QByteArray almost = good.bytes().mid(good.sectionAt, 16);
     almost[15] = '\0';
-    QTest::newRow("a begin sentinel with a wrong last byte")
-        << with(good, &DrawingBytes::beginSentinel, almost);
+    addDrawing("a begin sentinel with a wrong last byte", with(good, &DrawingBytes::beginSentinel, almost));
 
-    for (const quint32 size : {0U, 1U, 18U, fileSize, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFF0U, 0xFFFFFFFFU})
-        QTest::addRow("an overall size of %u", size) << with(good, &DrawingBytes::overallSize, size);
-    QTest::newRow("more entries than the overall size has room for")
-        << with(good, &DrawingBytes::count, quint8(255));
-    DrawingBytes atEnd = with(good, &DrawingBytes::count, quint8(255));
-    atEnd.overallSize = 1 + 255 * 9;
-    QTest::newRow("more entries than the file has room for") << atEnd;
-    QTest::newRow("an entry less than there are") << with(good, &DrawingBytes::count, quint8(1));
+    addWrong("an overall size of %u", addDrawing, good, &DrawingBytes::overallSize,
+             {0U, 1U, 18U, fileSize, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFF0U, 0xFFFFFFFFU});
+    DrawingBytes manyEntries = with(good, &DrawingBytes::count, quint8(255));
+    addDrawing("more entries than the overall size has room for", manyEntries);
+    manyEntries.overallSize = 1 + 255 * 9;
+    addDrawing("more entries than the file has room for", manyEntries);
+    addDrawing("an entry less than there are", with(good, &DrawingBytes::count, quint8(1)));
+    // A sound picture whose first bytes double as the table's end.
+    addDrawing("a picture that the table runs into",
+               with(drawingOf({bitmapEntry(soundBitmap().bytes())}), &DrawingBytes::count, quint8(2)));
 
-    const auto withEntry = [](quint32 address, std::optional<quint32> size) {
-        return drawingWith({2, goodBitmap().bytes(), address, size});
+    const auto add = [](const char *name, quint32 number, quint32 address, std::optional<quint32> size) {
+        addDrawing(qPrintable(QString::asprintf(name, number)),
+                   drawingWith({2, soundBitmap().bytes(), address, size}));
     };
-    const auto dataSize = static_cast<quint32>(goodBitmap().bytes().size());
+    const auto dataSize = static_cast<quint32>(soundBitmap().bytes().size());
     const auto dataAt = static_cast<quint32>(good.dataAt() + 80);
-    for (const quint32 address : {0U, 13U, dataAt - 1, dataAt + 1, fileSize - dataSize + 1, fileSize - 1,
-                                  fileSize, 0x80000000U, 0xFFFFFFFFU})
-        QTest::addRow("a picture at %u", address) << withEntry(address, std::nullopt);
-    QTest::newRow("a picture at the section's begin") << withEntry(448, std::nullopt);
-    QTest::newRow("a picture in the table") << withEntry(static_cast<quint32>(good.tableAt()), std::nullopt);
+    const auto tableAt = static_cast<quint32>(good.tableAt());
+    for (const quint32 address : {0U, 13U, 448U, tableAt, dataAt - 1, dataAt + 1, fileSize - dataSize + 1,
+                                  fileSize - 1, fileSize, 0x80000000U, 0xFFFFFFFFU})
+        add("a picture at %u", address, address, std::nullopt);
     for (const quint32 size :
          {0U, 1U, 39U, 40U, 51U, dataSize - 1, fileSize - dataAt + 1, 0x80000000U, 0xFFFFFFFFU})
-        QTest::addRow("a picture of %u bytes", size) << withEntry(dataAt, size);
-    QTest::newRow("a picture whose end wraps to its begin")
-        << withEntry(dataAt, 0xFFFFFFFFU - dataAt + 1 + dataAt);
-    QTest::newRow("a picture whose end wraps into the file")
-        << withEntry(0xFFFFFF00U, 0x100U + dataAt + dataSize);
-
-    // A sound picture whose first bytes double as the table's end.
-    DrawingBytes entwined = drawingOf({bitmapEntry(goodBitmap().bytes())});
-    entwined.count = 2;
-    QTest::newRow("a picture that the table runs into") << entwined;
+        add("a picture of %u bytes", size, dataAt, size);
+    add("a picture at %u whose end wraps to its begin", dataAt, dataAt, 0xFFFFFFFFU - dataAt + 1 + dataAt);
+    add("a picture at %u whose end wraps into the file", 0xFFFFFF00U, 0xFFFFFF00U,
+        0x100U + dataAt + dataSize);
 }
 
-void tst_PreviewRefusals::aWrongSectionGivesNone()
+void addWrongBitmapHeaders()
 {
-    QFETCH(DrawingBytes, drawing);
-    QVERIFY(read(drawing.bytes()).isNull());
-}
-
-void tst_PreviewRefusals::aWrongBitmapGivesNone_data()
-{
-    QTest::addColumn<BitmapBytes>("bitmap");
     constexpr qint32 most = std::numeric_limits<qint32>::max();
     constexpr qint32 least = std::numeric_limits<qint32>::min();
-    const BitmapBytes good = goodBitmap();
-    for (const qint32 side : {0, -1, -width, most, least, 0x10000, 32768})
-        QTest::addRow("a width of %d", side) << with(good, &BitmapBytes::width, side);
-    for (const qint32 side : {0, height + 1, -height - 1, most, least, -most, 0x10000, 32768})
-        QTest::addRow("a height of %d", side) << with(good, &BitmapBytes::height, side);
+    const BitmapBytes good = soundBitmap();
+    addWrong("a width of %d", addBadBitmap, good, &BitmapBytes::width,
+             {0, -1, -soundWidth, most, least, 0x10000, 32768});
+    addWrong("a height of %d", addBadBitmap, good, &BitmapBytes::height,
+             {0, soundHeight + 1, -soundHeight - 1, most, least, -most, 0x10000, 32768});
     for (const auto &[w, h] : std::initializer_list<std::pair<qint32, qint32>>{
              {0x10000, 0x10000}, {0x8000, 0x20000}, {most, most}, {2561, 2560}, {32767, 32767}})
-        QTest::addRow("%d by %d pixels", w, h)
-            << with(with(good, &BitmapBytes::width, w), &BitmapBytes::height, h);
-    for (const quint32 size :
-         {0U, 1U, 12U, 16U, 39U, 41U, 44U, 60U, 112U, 123U, 125U, 65536U, 0x80000000U, 0xFFFFFFFFU})
-        QTest::addRow("a header of %u bytes", size) << with(good, &BitmapBytes::headerSize, size);
-    for (const quint32 planes : {0U, 2U, 65535U})
-        QTest::addRow("%u planes", planes) << with(good, &BitmapBytes::planes, planes);
-    for (const quint32 bits : {0U, 2U, 3U, 5U, 7U, 9U, 12U, 48U, 64U, 65535U})
-        QTest::addRow("%u bits", bits) << with(good, &BitmapBytes::bits, bits);
-    for (const quint32 compression : {2U, 3U, 4U, 5U, 6U, 11U, 0xFFFFFFFFU})
-        QTest::addRow("8 bits in compression %u", compression)
-            << with(good, &BitmapBytes::compression, compression);
+        addWrong("a large width, and a height of %d", addBadBitmap, with(good, &BitmapBytes::width, w),
+                 &BitmapBytes::height, {h});
+    addWrong("a header of %u bytes", addBadBitmap, good, &BitmapBytes::headerSize,
+             {0U, 1U, 12U, 16U, 39U, 41U, 44U, 60U, 112U, 123U, 125U, 65536U, 0x80000000U, 0xFFFFFFFFU});
+    addWrong("%u planes", addBadBitmap, good, &BitmapBytes::planes, {0U, 2U, 65535U});
+    addWrong("%u bits", addBadBitmap, good, &BitmapBytes::bits,
+             {0U, 2U, 3U, 5U, 7U, 9U, 12U, 48U, 64U, 65535U});
+    addWrong("8 bits in compression %u", addBadBitmap, good, &BitmapBytes::compression,
+             {2U, 3U, 4U, 5U, 6U, 11U, 0xFFFFFFFFU});
     for (const int bits : {1, 4, 16, 24, 32})
-        QTest::addRow("%d bits in runs of 8", bits) << with(goodBitmap(bits), &BitmapBytes::compression, 1U);
-    for (const quint32 colors : {257U, 65536U, 0x40000000U, 0x80000000U, 0xFFFFFFFFU})
-        QTest::addRow("%u colours", colors) << with(good, &BitmapBytes::colorsUsed, colors);
-    BitmapBytes manyColors = with(goodBitmap(4), &BitmapBytes::colorsUsed, 17U);
+        addWrong("other bits in compression %u", addBadBitmap, soundBitmap(bits), &BitmapBytes::compression,
+                 {1U});
+    addWrong("%u colours for 8 bits", addBadBitmap, good, &BitmapBytes::colorsUsed,
+             {257U, 65536U, 0x40000000U, 0x80000000U, 0xFFFFFFFFU});
+    BitmapBytes manyColors = soundBitmap(4);
     manyColors.palette += QByteArray(4, '\0');
-    QTest::newRow("17 colours for 4 bits") << manyColors;
-    QTest::newRow("257 colours for 24 bits") << with(goodBitmap(24), &BitmapBytes::colorsUsed, 257U);
-    QTest::newRow("2^32-1 colours for 32 bits")
-        << with(goodBitmap(32), &BitmapBytes::colorsUsed, 0xFFFFFFFFU);
+    addWrong("%u colours for 4 bits", addBadBitmap, manyColors, &BitmapBytes::colorsUsed, {17U});
+    addWrong("%u colours for 24 bits", addBadBitmap, soundBitmap(24), &BitmapBytes::colorsUsed, {257U});
+    addWrong("%u colours for 32 bits", addBadBitmap, soundBitmap(32), &BitmapBytes::colorsUsed,
+             {0xFFFFFFFFU});
+}
 
+void addWrongBitmapData()
+{
     for (const int bits : {1, 4, 8, 16, 24, 32}) {
-        BitmapBytes shortened = goodBitmap(bits);
+        BitmapBytes shortened = soundBitmap(bits);
         shortened.pixels.chop(1);
-        QTest::addRow("%d bits, a byte short", bits) << shortened;
-        QTest::addRow("%d bits, top row first, a byte short", bits)
-            << with(topDown(goodBitmap(bits)), &BitmapBytes::pixels, shortened.pixels);
+        addBadBitmap("a byte short", shortened);
+        addBadBitmap("top row first, a byte short",
+                     with(topDown(soundBitmap(bits)), &BitmapBytes::pixels, shortened.pixels));
         shortened.pixels.clear();
-        QTest::addRow("%d bits, without pixels", bits) << shortened;
+        addBadBitmap("without pixels", shortened);
         shortened.palette.clear();
-        QTest::addRow("%d bits, a header alone", bits) << shortened;
+        addBadBitmap("a header alone", shortened);
     }
 
-    BitmapBytes masked = goodBitmap(32);
+    BitmapBytes masked = soundBitmap(32);
     masked.compression = 3;
-    QTest::newRow("masks missing") << with(masked, &BitmapBytes::pixels, QByteArray());
+    addBadBitmap("masks missing", with(masked, &BitmapBytes::pixels, QByteArray()));
     for (const auto &[name, masks] : std::initializer_list<std::pair<const char *, std::array<quint32, 3>>>{
              {"no red", {0, 0xFF00, 0xFF}},
              {"no green", {0xFF0000, 0, 0xFF}},
@@ -209,77 +188,60 @@ void tst_PreviewRefusals::aWrongBitmapGivesNone_data()
              {"no masks", {0, 0, 0}},
              {"a mask with a gap", {0xF10000, 0xFF00, 0xFF}}}) {
         masked.masks = masks;
-        masked.headerSize = 40;
-        QTest::addRow("%s behind the header", name) << masked;
-        masked.headerSize = 108;
-        QTest::addRow("%s in the header", name) << masked;
+        for (const quint32 headerSize : {40U, 108U})
+            addBadBitmap(name, with(masked, &BitmapBytes::headerSize, headerSize));
     }
     masked.masks = {0xFF0000, 0xFF00, 0xFF};
-    masked.headerSize = 64;
-    QTest::newRow("masks in a header that knows none") << masked;
-    masked = goodBitmap(16);
-    masked.compression = 3;
+    addBadBitmap("masks in a header that knows none", with(masked, &BitmapBytes::headerSize, 64U));
+    masked = with(soundBitmap(16), &BitmapBytes::compression, 3U);
     masked.masks = {0xF80000, 0x7E0, 0x1F};
-    QTest::newRow("a mask above the pixel") << masked;
+    addBadBitmap("a mask above the pixel", masked);
 
-    BitmapBytes runs = inRuns(good);
-    QTest::newRow("runs, top row first") << with(runs, &BitmapBytes::height, -height);
-    BitmapBytes smallRuns = goodBitmap(4);
-    smallRuns.compression = 2;
+    const BitmapBytes runs = inRuns(soundBitmap());
+    BitmapBytes smallRuns = with(soundBitmap(4), &BitmapBytes::compression, 2U);
     smallRuns.pixels = QByteArray("\0\1", 2);
-    QTest::newRow("runs of 4 bits, top row first") << with(smallRuns, &BitmapBytes::height, -height);
-    smallRuns.pixels = QByteArray("\0\xFF\x12\x34", 4);
-    QTest::newRow("a literal run of 4 bits that ends early") << smallRuns;
-    smallRuns.pixels = QByteArray("\x05\x12", 2);
-    QTest::newRow("runs of 4 bits without an end") << smallRuns;
-    QTest::newRow("a literal run of 8 bits that ends early")
-        << with(runs, &BitmapBytes::pixels, QByteArray("\0\xFF\x12\x34", 4));
-    QTest::newRow("runs of 8 bits without an end")
-        << with(runs, &BitmapBytes::pixels, QByteArray("\x05\x12", 2));
-    QTest::newRow("a jump that ends early") << with(runs, &BitmapBytes::pixels, QByteArray("\0\2\1", 3));
-    QTest::newRow("runs, none there") << with(runs, &BitmapBytes::pixels, QByteArray());
+    for (const BitmapBytes &bitmap : {runs, smallRuns}) {
+        addBadBitmap("runs, top row first", with(bitmap, &BitmapBytes::height, -soundHeight));
+        addBadBitmap("a literal run that ends early",
+                     with(bitmap, &BitmapBytes::pixels, QByteArray("\0\xFF\x12\x34", 4)));
+        addBadBitmap("runs without an end", with(bitmap, &BitmapBytes::pixels, QByteArray("\x05\x12", 2)));
+    }
+    addBadBitmap("a jump that ends early", with(runs, &BitmapBytes::pixels, QByteArray("\0\2\1", 3)));
+    addBadBitmap("runs, none there", with(runs, &BitmapBytes::pixels, QByteArray()));
 }
 
-void tst_PreviewRefusals::aWrongBitmapGivesNone()
+void addWrongPngs()
 {
-    QFETCH(BitmapBytes, bitmap);
-    // At the file's end: what a reader takes too much must come from behind it.
-    DrawingBytes drawing = drawingWith(bitmapEntry(bitmap.bytes()));
-    drawing.endSentinel = QByteArray();
-    drawing.bytesBehind = 0;
-    QVERIFY(read(drawing.bytes()).isNull());
-}
+    const QByteArray good = soundPng();
+    addDrawing("a PNG stored as a bitmap", drawingWith(bitmapEntry(good)));
+    addPng("a bitmap stored as a PNG", soundBitmap().bytes());
+    addPng("a BMP file stored as a PNG", "BM" + soundBitmap().bytes());
+    addPng("a signature alone", good.left(8));
+    addPng("a signature and zeros", good.left(8) + QByteArray(100, '\0'));
+    addPng("a wrong signature", QByteArray(good).replace(1, 3, "MNG"));
+    addPng("no end", good.chopped(12));
+    addPng("a byte short", good.chopped(1));
+    addDrawing("a byte less than there are",
+               drawingWith({6, good, std::nullopt, static_cast<quint32>(good.size() - 1)}));
+    addPng("half of it", good.left(good.size() / 2));
 
-void tst_PreviewRefusals::aWrongPngGivesNone_data()
-{
-    QTest::addColumn<StoredEntry>("entry");
-    const QByteArray good = goodPng();
-    const auto add = [](const char *name, const QByteArray &png) { QTest::newRow(name) << pngEntry(png); };
-    QTest::newRow("a PNG stored as a bitmap") << bitmapEntry(good);
-    add("a bitmap stored as a PNG", goodBitmap().bytes());
-    add("a BMP file stored as a PNG", "BM" + goodBitmap().bytes());
-    add("a signature alone", good.left(8));
-    add("a signature and zeros", good.left(8) + QByteArray(100, '\0'));
-    add("a wrong signature", QByteArray(good).replace(1, 3, "MNG"));
-    add("no end", good.chopped(12));
-    add("a byte short", good.chopped(1));
-    QTest::newRow("a byte less than there are")
-        << StoredEntry{6, good, std::nullopt, static_cast<quint32>(good.size() - 1)};
-    add("half of it", good.left(good.size() / 2));
-
-    for (const auto &[w, h] : std::initializer_list<std::pair<quint32, quint32>>{{0, height},
-                                                                                 {width, 0},
-                                                                                 {width, height + 1},
-                                                                                 {0x80000000U, 1},
-                                                                                 {0xFFFFFFFFU, 0xFFFFFFFFU},
-                                                                                 {16000, 16000},
-                                                                                 {2561, 2560},
-                                                                                 {1, 32768}})
-        QTest::addRow("a claim of %u by %u pixels", w, h) << pngEntry(withHeader(good, {w, h, 8, 2}));
-    add("an unknown depth", withHeader(good, {width, height, 7, 2}));
-    add("a depth that the colours cannot have", withHeader(good, {width, height, 16, 3}));
-    add("a palette missing", withHeader(good, {width, height, 8, 3}));
-    add("deep and larger than its share of memory", blankPng({2560, 1281, 16, 0}));
+    for (const PngHeader &header :
+         std::initializer_list<PngHeader>{{0, soundHeight, 8, 2},
+                                          {soundWidth, 0, 8, 2},
+                                          {soundWidth, soundHeight + 1, 8, 2},
+                                          {0x80000000U, 1, 8, 2},
+                                          {0xFFFFFFFFU, 0xFFFFFFFFU, 8, 2},
+                                          {16000, 16000, 8, 2},
+                                          {2561, 2560, 8, 2},
+                                          {1, 32768, 8, 2},
+                                          {soundWidth, soundHeight, 7, 2},    // unknown
+                                          {soundWidth, soundHeight, 16, 3},   // cannot be
+                                          {soundWidth, soundHeight, 8, 3}}) { // no palette
+        addPng(qPrintable(QString::asprintf("a claim of %u by %u pixels, depth %d, colours %d", header.width,
+                                            header.height, header.bitDepth, header.colorType)),
+               withHeader(good, header));
+    }
+    addPng("deep and larger than its share of memory", blankPng({2560, 1281, 16, 0}));
 
     const auto damaged = [&good](const char *chunk, int behind) {
         QByteArray png = good;
@@ -287,72 +249,72 @@ void tst_PreviewRefusals::aWrongPngGivesNone_data()
         png[at] = static_cast<char>(png.at(at) ^ 1);
         return png;
     };
-    add("a wrong checksum of the header", damaged("IHDR", 4 + 13));
-    add("a wrong byte in the data", damaged("IDAT", 4 + 10));
-    add("a wrong byte in the last checksum of the data", damaged("IEND", -5));
-    add("a chunk longer than the file", damaged("IDAT", -4));
-    add("a chunk longer than a chunk can be",
-        QByteArray(good).replace(good.indexOf("IDAT") - 4, 4, QByteArray(4, '\xFF')));
-    add("no data", QByteArray(good).replace("IDAT", "itXt"));
-    add("an unknown chunk that matters", QByteArray(good).insert(33, pngChunk("ABCD", "?")));
+    addPng("a wrong checksum of the header", damaged("IHDR", 4 + 13));
+    addPng("a wrong byte in the data", damaged("IDAT", 4 + 10));
+    addPng("a wrong byte in the last checksum of the data", damaged("IEND", -5));
+    addPng("a chunk longer than the file", damaged("IDAT", -4));
+    addPng("a chunk longer than a chunk can be",
+           QByteArray(good).replace(good.indexOf("IDAT") - 4, 4, QByteArray(4, '\xFF')));
+    addPng("no data", QByteArray(good).replace("IDAT", "itXt"));
+    addPng("an unknown chunk that matters", QByteArray(good).insert(33, pngChunk("ABCD", "?")));
 }
 
-void tst_PreviewRefusals::aWrongPngGivesNone()
-{
-    allowWarning(QStringLiteral("libpng warning")); // the decoder tells what is wrong
-    QFETCH(StoredEntry, entry);
-    QVERIFY(read(drawingWith(entry).bytes()).isNull());
-}
+} // namespace
 
-void tst_PreviewRefusals::aFileCutAnywhereGivesThePictureOrNone_data()
+//! Files that hold no picture, or claim one that must not be believed.
+class tst_PreviewRefusals : public TestCase
 {
-    QTest::addColumn<StoredEntry>("entry");
-    QTest::newRow("4 bit") << bitmapEntry(goodBitmap(4).bytes());
-    QTest::newRow("24 bit") << bitmapEntry(goodBitmap(24).bytes());
-    QTest::newRow("PNG") << pngEntry(goodPng());
-}
+    Q_OBJECT
 
-void tst_PreviewRefusals::aFileCutAnywhereGivesThePictureOrNone()
-{
-    QFETCH(StoredEntry, entry);
-    DrawingBytes drawing = drawingOf({entry});
-    drawing.sectionAt = 17;
-    drawing.bytesBehind = 0;
-    const QByteArray whole = drawing.bytes();
-    const QImage picture = read(whole);
-    QVERIFY(!picture.isNull());
-
-    const int dataEnd = drawing.dataAt() + entry.data.size();
-    for (int size = 0; size < whole.size(); ++size)
-        QCOMPARE(read(whole.left(size)), size < dataEnd ? QImage() : picture);
-}
-
-void tst_PreviewRefusals::anyByteMayBeWrong_data()
-{
-    QTest::addColumn<DrawingBytes>("drawing");
-    for (const int bits : {4, 16, 32})
-        QTest::addRow("%d bit", bits) << drawingOf({bitmapEntry(goodBitmap(bits).bytes())});
-    QTest::newRow("in runs") << drawingOf({bitmapEntry(inRuns(goodBitmap()).bytes())});
-    QTest::newRow("PNG") << drawingOf({pngEntry(goodPng())});
-}
-
-void tst_PreviewRefusals::anyByteMayBeWrong()
-{
-    allowWarning(QStringLiteral("libpng warning")); // the decoder tells what is wrong
-    QFETCH(DrawingBytes, drawing);
-    drawing.sectionAt = 17;
-    drawing.bytesBehind = 0;
-    const QByteArray whole = drawing.bytes();
-    for (int at = 0; at < whole.size(); ++at) {
-        for (const char value : {'\0', '\1', '\x7F', '\x80', '\xFF'}) {
-            QByteArray file = whole;
-            file[at] = value;
-            const QImage picture = read(file);
-            QVERIFY(qint64(picture.width()) * picture.height() <= qint64(2560) * 2560);
-            QVERIFY(!picture.hasAlphaChannel());
-        }
+private slots:
+    void noPictureIsRead_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        addFilesWithoutAPicture();
+        addWrongSections();
+        addWrongBitmapHeaders();
+        addWrongBitmapData();
+        addWrongPngs();
     }
-}
+
+    void noPictureIsRead()
+    {
+        allowWarning("libpng warning"); // the decoder tells what is wrong
+        QFETCH(QByteArray, file);
+        QVERIFY(read(file).isNull());
+    }
+
+    void aFileCutAnywhereGivesThePictureOrNone_data()
+    {
+        QTest::addColumn<StoredEntry>("entry");
+        QTest::newRow("4 bit") << bitmapEntry(soundBitmap(4).bytes());
+        QTest::newRow("24 bit") << bitmapEntry(soundBitmap(24).bytes());
+        QTest::newRow("PNG") << pngEntry(soundPng());
+    }
+
+    void aFileCutAnywhereGivesThePictureOrNone()
+    {
+        QFETCH(StoredEntry, entry);
+        DrawingBytes drawing = drawingOf({entry});
+        drawing.sectionAt = 17;
+        drawing.bytesBehind = 0;
+        const QByteArray whole = drawing.bytes();
+        const QImage picture = read(whole);
+        QVERIFY(!picture.isNull());
+
+        const int dataEnd = drawing.dataAt() + entry.data.size();
+        for (int size = 0; size < whole.size(); ++size)
+            QCOMPARE(read(whole.left(size)), size < dataEnd ? QImage() : picture);
+    }
+
+private:
+    QImage read(const QByteArray &drawing) const
+    {
+        return fxhost::readPreview(writeFile(m_dir.filePath("drawing.dwg"), drawing));
+    }
+
+    QTemporaryDir m_dir;
+};
 
 QTEST_GUILESS_MAIN(tst_PreviewRefusals)
 #include "tst_previewrefusals.moc"

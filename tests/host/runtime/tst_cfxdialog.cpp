@@ -11,6 +11,7 @@
 
 #include <memory>
 #include <stdexcept>
+#include <utility>
 
 namespace {
 
@@ -20,8 +21,10 @@ public:
     explicit ModalListener(fxhost::FxHost &host) : m_host(host) { host.editor().addReactor(this); }
     ~ModalListener() override { m_host.editor().removeReactor(this); }
 
-    void beginModalState() override { events << QStringLiteral("begin"); }
-    void endModalState() override { events << QStringLiteral("end"); }
+    void beginModalState() override { events << "begin"; }
+    void endModalState() override { events << "end"; }
+
+    QStringList takeEvents() { return std::exchange(events, {}); }
 
     QStringList events;
 
@@ -29,7 +32,7 @@ private:
     fxhost::FxHost &m_host;
 };
 
-const QStringList once = {QStringLiteral("begin"), QStringLiteral("end")};
+const QStringList once = {"begin", "end"};
 
 class HookedDialog : public CFxDialog
 {
@@ -131,73 +134,45 @@ private slots:
     {
         RunningHost running;
         ModalListener listener(running.host);
-        CFxDialog dialog;
-        dialog.show();
-        QCOMPARE(listener.events, QStringList(QStringLiteral("begin")));
-        dialog.accept();
+        CFxDialog shown(nullptr, false);
+        shown.show();
+        shown.accept();
+        QCOMPARE(listener.events, QStringList()); // it is not modal
+
+        // exec() is modal whatever the dialog is.
+        QMetaObject::invokeMethod(&shown, &CFxDialog::accept, Qt::QueuedConnection);
+        shown.exec();
+        QCOMPARE(listener.takeEvents(), once);
+
+        auto modal = std::make_unique<CFxDialog>();
+        modal->show();
+        QCOMPARE(listener.events, QStringList("begin"));
+        modal->accept();
+        QCOMPARE(listener.takeEvents(), once);
+        modal->show();
+        modal.reset();
+        QCOMPARE(listener.takeEvents(), once);
+
+        const QPointer<CFxDialog> passing = new CFxDialog;
+        passing->setAttribute(Qt::WA_DeleteOnClose);
+        passing->show();
+        passing->done(0);
+        QTRY_VERIFY(!passing);
         QCOMPARE(listener.events, once);
     }
 
-    void execIsModalWhateverTheDialogIs()
+    void anExceptionOfAHandlerEndsInAMessageWhereThereIsAHost()
     {
-        RunningHost running;
-        ModalListener listener(running.host);
-        CFxDialog dialog(nullptr, false);
-        QMetaObject::invokeMethod(&dialog, &CFxDialog::accept, Qt::QueuedConnection);
-        dialog.exec();
-        QCOMPARE(listener.events, once);
-    }
-
-    void aDialogThatIsNotModalIsNotToldOf()
-    {
-        RunningHost running;
-        ModalListener listener(running.host);
-        CFxDialog dialog(nullptr, false);
-        dialog.show();
-        dialog.accept();
-        QVERIFY(listener.events.isEmpty());
-    }
-
-    void deletingAModalDialogEndsTheState()
-    {
-        RunningHost running;
-        ModalListener listener(running.host);
-        {
-            CFxDialog dialog;
-            dialog.show();
-        }
-        QCOMPARE(listener.events, once);
-    }
-
-    void aDialogThatDeletesItselfDoesSoOnce()
-    {
-        RunningHost running;
-        ModalListener listener(running.host);
-        const QPointer<CFxDialog> dialog = new CFxDialog;
-        dialog->setAttribute(Qt::WA_DeleteOnClose);
-        dialog->show();
-        dialog->done(0);
-        QTRY_VERIFY(!dialog);
-        QCOMPARE(listener.events, once);
-    }
-
-    void anExceptionOfAHandlerEndsInAMessage()
-    {
-        RunningHost running;
         HookedDialog dialog(nullptr, false);
         dialog.show();
         dialog.throwsOnKeys = true;
-        QTest::keyClick(&dialog, Qt::Key_A);
-        QVERIFY(!running.messages.isEmpty());
-        QVERIFY(running.messages.first().contains(QLatin1String("stuck key")));
-    }
-
-    void withoutAHostADialogWorksAllTheSame()
-    {
-        HookedDialog dialog;
-        dialog.show();
-        dialog.throwsOnKeys = true;
-        QTest::keyClick(&dialog, Qt::Key_A);
+        QTest::keyClick(&dialog, Qt::Key_A); // nobody to tell
+        {
+            RunningHost running;
+            QTest::keyClick(&dialog, Qt::Key_A);
+            QVERIFY(!running.messages.isEmpty());
+            QVERIFY(running.messages.first().contains("stuck key"));
+        }
         dialog.accept();
         QVERIFY(!dialog.isVisible());
     }

@@ -19,32 +19,33 @@
 using fxhost::CommandRun;
 using fxhost::CommandRunner;
 using fxhost::CommandSet;
+using fxhost::CommandStack;
 
 namespace {
 
-struct Release
+struct ReleaseRun
 {
     void operator()(CommandRun *run) const { run->release(); }
 };
-using RunHandle = std::unique_ptr<CommandRun, Release>;
+using RunHandle = std::unique_ptr<CommandRun, ReleaseRun>;
 
 class CommandListener : public CFxEditorReactor
 {
 public:
     void commandWillStart(const OdString &name) override
     {
-        events << QLatin1String("start ") + QString::fromWCharArray(name.c_str());
+        events << "start " + QString::fromWCharArray(name.c_str());
     }
     void commandEnded(const OdString &name, int result) override
     {
-        events << QStringLiteral("end %1 %2").arg(QString::fromWCharArray(name.c_str())).arg(result);
+        events << QString("end %1 %2").arg(QString::fromWCharArray(name.c_str())).arg(result);
     }
 
     QStringList events;
 };
 
 //! A host with commands that write down their runs: ECHO; WAIT, which waits until it is cancelled; FAIL;
-//! THROW.
+//! THROW and THROWNUMBER.
 class Commands : public RunningHost
 {
 public:
@@ -53,23 +54,22 @@ public:
 
     Commands()
     {
-        m_set.add(QStringLiteral("ECHO"), [this](const CFxCommandContext &context) {
-            runs << QStringLiteral("ECHO ") + context.argument();
+        m_set.add("ECHO", [this](const CFxCommandContext &context) {
+            runs << "ECHO " + context.argument();
             return CFxCommand::normalCompletion;
         });
-        m_set.add(QStringLiteral("WAIT"), [this](const CFxCommandContext &context) {
-            runs << QStringLiteral("WAIT begins");
+        m_set.add("WAIT", [this](const CFxCommandContext &context) {
+            runs << "WAIT begins";
             QEventLoop loop;
             QObject::connect(&runner, &CommandRunner::cancelRequested, &loop, &QEventLoop::quit);
             if (!context.isCancelled())
                 loop.exec();
-            runs << QStringLiteral("WAIT ends");
+            runs << "WAIT ends";
             return context.isCancelled() ? CFxCommand::cancelled : CFxCommand::normalCompletion;
         });
-        m_set.add(QStringLiteral("FAIL"), [](const CFxCommandContext &) { return CFxCommand::failed; });
-        m_set.add(QStringLiteral("THROW"),
-                  [](const CFxCommandContext &) -> int { throw std::runtime_error("paper jam"); });
-        m_set.add(QStringLiteral("THROWNUMBER"), [](const CFxCommandContext &) -> int { throw 42; });
+        m_set.add("FAIL", [](const CFxCommandContext &) { return CFxCommand::failed; });
+        m_set.add("THROW", [](const CFxCommandContext &) -> int { throw std::runtime_error("paper jam"); });
+        m_set.add("THROWNUMBER", [](const CFxCommandContext &) -> int { throw 42; });
     }
 
     //! Does something as soon as the next command waits in its event loop.
@@ -83,6 +83,32 @@ private:
     CommandSet m_set{host.commandStack()};
 };
 
+class CountedCommand : public CFxCommand
+{
+public:
+    CountedCommand(const OdChar *globalName, const OdChar *localName, const OdChar *group = L"FX_COMMANDS")
+        : m_globalName(globalName), m_localName(localName), m_group(group)
+    {
+    }
+
+    OdString groupName() const override { return m_group; }
+    OdString globalName() const override { return m_globalName; }
+    OdString localName() const override { return m_localName; }
+    int Execute(CFxCommandContext *) override { return normalCompletion; }
+    void undefine() override { ++undefined; }
+    void addRef() override { ++references; }
+    void release() override { --references; }
+    int numRefs() const override { return references; }
+
+    int references = 1;
+    int undefined = 0;
+
+private:
+    OdString m_globalName;
+    OdString m_localName;
+    OdString m_group;
+};
+
 } // namespace
 
 class TestCommandRunner : public TestCase
@@ -90,151 +116,100 @@ class TestCommandRunner : public TestCase
     Q_OBJECT
 
 private slots:
-    void aNameMeansTheCommand_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("global name") << QStringLiteral("_ECHO");
-        QTest::newRow("local name") << QStringLiteral("ECHO");
-        QTest::newRow("lower case") << QStringLiteral("_echo");
-        QTest::newRow("mixed case without the underscore") << QStringLiteral("Echo");
-    }
-
-    void aNameMeansTheCommand()
-    {
-        QFETCH(QString, name);
-        Commands commands;
-        const RunHandle run(commands.runner.run(name, QStringLiteral("hello")));
-        QCOMPARE(commands.runs, QStringList(QStringLiteral("ECHO hello")));
-        QCOMPARE(run->state(), CommandRun::State::Ended);
-        QCOMPARE(run->result(), CFxCommand::normalCompletion);
-        QCOMPARE(run->numRefs(), 1);
-        QCOMPARE(commands.logged(), QStringList(QStringLiteral("command _ECHO 5100")));
-    }
-
-    void aGlobalNameCanBeTypedWithoutItsUnderscore()
-    {
-        // The local name of this one is another, so that only the underscore can lead to it.
-        Commands commands;
-        class Circle : public CFxCommand
-        {
-        public:
-            OdString globalName() const override { return L"_CIRCLE"; }
-            OdString localName() const override { return L"KREIS"; }
-            int Execute(CFxCommandContext *) override { return 7; }
-            void addRef() override {}
-            void release() override {}
-            int numRefs() const override { return 1; }
-        } circle;
-        commands.host.commandStack().addCommand(&circle);
-        commands.runner.runLine(QStringLiteral("circle"));
-        commands.host.commandStack().removeCommand(&circle);
-        QCOMPARE(commands.logged(), QStringList(QStringLiteral("command _CIRCLE 7")));
-    }
-
-    void aLineIsANameAndAnArgument_data()
+    void aLineRunsItsCommand_data()
     {
         QTest::addColumn<QString>("line");
-        QTest::addColumn<QString>("argument");
-        QTest::newRow("no argument") << QStringLiteral("ECHO") << QString();
-        QTest::newRow("blanks around") << QStringLiteral("  ECHO \t a b  ") << QStringLiteral("a b");
-        QTest::newRow("blanks within stay") << QStringLiteral("ECHO a   b") << QStringLiteral("a   b");
-        QTest::newRow("quotes and semicolons stay")
-            << QStringLiteral("ECHO \"/a;b.dwg\"") << QStringLiteral("\"/a;b.dwg\"");
-        QTest::newRow("a caret within stays") << QStringLiteral("ECHO ^C") << QStringLiteral("^C");
-        QTest::newRow("leading cancels") << QStringLiteral("^C^cECHO x") << QStringLiteral("x");
-        QTest::newRow("astral characters")
-            << QStringLiteral("ECHO \U0001F4D0") << QStringLiteral("\U0001F4D0");
+        QTest::addColumn<QStringList>("runs");
+        QTest::addColumn<QStringList>("logged");
+        const auto echo = [](const char *name, const char *line, const char *argument) {
+            QTest::newRow(name) << QString(line) << QStringList(QString("ECHO ") + argument)
+                                << QStringList("command _ECHO 5100");
+        };
+        echo("global name", "_ECHO hello", "hello");
+        echo("local name", "ECHO hello", "hello");
+        echo("lower case", "_echo hello", "hello");
+        echo("mixed case without the underscore", "Echo hello", "hello");
+        echo("no argument", "ECHO", "");
+        echo("blanks around", "  ECHO \t a b  ", "a b");
+        echo("blanks within stay", "ECHO a   b", "a   b");
+        echo("quotes and semicolons stay", "ECHO \"/a;b.dwg\"", "\"/a;b.dwg\"");
+        echo("a caret within stays", "ECHO ^C", "^C");
+        echo("leading cancels", "^C^cECHO x", "x");
+        echo("astral characters", "ECHO \U0001F4D0", "\U0001F4D0");
+        QTest::newRow("nothing") << "   " << QStringList() << QStringList();
+        QTest::newRow("a cancel alone") << "^C" << QStringList() << QStringList();
+        // Its local name is another, so that only the underscore can lead to it.
+        QTest::newRow("the global name without its underscore")
+            << "circle" << QStringList() << QStringList("command _CIRCLE 5100");
     }
 
-    void aLineIsANameAndAnArgument()
+    void aLineRunsItsCommand()
     {
         QFETCH(QString, line);
-        QFETCH(QString, argument);
+        QFETCH(QStringList, runs);
+        QFETCH(QStringList, logged);
         Commands commands;
+        CountedCommand circle(L"_CIRCLE", L"KREIS");
+        commands.host.commandStack().addCommand(&circle);
         commands.runner.runLine(line);
-        QCOMPARE(commands.runs, QStringList(QStringLiteral("ECHO ") + argument));
-    }
-
-    void anEmptyLineDoesNothing()
-    {
-        Commands commands;
-        commands.runner.runLine(QStringLiteral("   "));
-        commands.runner.runLine(QStringLiteral("^C"));
-        QVERIFY(commands.logged().isEmpty());
-        QVERIFY(commands.messages.isEmpty());
+        commands.host.commandStack().removeCommand(&circle);
+        QCOMPARE(commands.runs, runs);
+        QCOMPARE(commands.logged(), logged);
+        QCOMPARE(commands.messages, QStringList());
+        QCOMPARE(circle.references, 1);
     }
 
     void aMacroRunsItsCommandsInOrder()
     {
         Commands commands;
-        commands.runner.runMacro(QStringLiteral("^C^C_ECHO one;_ECHO two\n_ECHO three;"));
-        QCOMPARE(commands.runs, QStringList({QStringLiteral("ECHO one"), QStringLiteral("ECHO two"),
-                                             QStringLiteral("ECHO three")}));
+        commands.runner.runMacro("^C^C_ECHO one;_ECHO two\n_ECHO three;");
+        QCOMPARE(commands.runs, QStringList({"ECHO one", "ECHO two", "ECHO three"}));
     }
 
-    void anUnknownCommandIsToldAndLogged()
-    {
-        Commands commands;
-        const RunHandle run(commands.runner.run(QStringLiteral("Nonsense%1")));
-        QCOMPARE(run->state(), CommandRun::State::Unknown);
-        QCOMPARE(commands.messages.size(), 1);
-        QVERIFY(commands.messages.first().contains(QLatin1String("Nonsense%1")));
-        QCOMPARE(commands.logged(), QStringList(QStringLiteral("command Nonsense%1 unknown")));
-        QVERIFY(commands.runner.isIdle());
-    }
-
-    void theNearestCommandIsNamed_data()
+    void anUnknownCommandIsToldWithTheNearest_data()
     {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("meant");
-        QTest::newRow("a letter too few") << "_RECNTADD"
-                                          << "_RECENTADD";
-        QTest::newRow("a letter too many") << "eccho"
-                                           << "_ECHO";
-        QTest::newRow("two in the wrong order") << "OEPN"
-                                                << "_OPEN";
-        QTest::newRow("the nearest of several") << "throwit"
-                                                << "_THROW";
-        QTest::newRow("another word") << "SCRIBBLE"
-                                      << "";
-        QTest::newRow("a letter") << "X"
-                                  << "";
+        const auto row = [](const char *name, const QString &typed, const char *meant) {
+            QTest::newRow(name) << typed << QString(meant);
+        };
+        row("a letter too few", "_RECNTADD", "_RECENTADD");
+        row("a letter too many", "eccho", "_ECHO");
+        row("two in the wrong order", "OEPN", "_OPEN");
+        row("the nearest of several", "throwit", "_THROW");
+        row("another word", "SCRIBBLE", "");
+        row("a letter", "X", "");
+        row("a place for a word", "Nonsense%1", "");
+        row("a null character and more", QString("ECHO") + QChar::Null + "ES", "_ECHO");
     }
 
-    void theNearestCommandIsNamed()
+    void anUnknownCommandIsToldWithTheNearest()
     {
         QFETCH(QString, typed);
         QFETCH(QString, meant);
         Commands commands;
-        commands.runner.runLine(typed);
-        const QString told = QStringLiteral("There is no command \"%1\".").arg(typed);
-        QCOMPARE(commands.messages,
-                 QStringList(meant.isEmpty() ? told : told + QStringLiteral(" Did you mean %1?").arg(meant)));
-    }
-
-    void aNullCharacterMakesAnotherName()
-    {
-        Commands commands;
-        const QString name = QStringLiteral("ECHO") + QChar::Null + QStringLiteral("ES");
-        const RunHandle run(commands.runner.run(name));
+        const RunHandle run(commands.runner.run(typed));
         QCOMPARE(run->state(), CommandRun::State::Unknown);
+        const QString told = "There is no command \"" + typed + "\".";
+        QCOMPARE(commands.messages,
+                 QStringList(meant.isEmpty() ? told : told + " Did you mean " + meant + '?'));
+        QCOMPARE(commands.logged(),
+                 QStringList("command " + QString(typed).replace(QChar::Null, "%00") + " unknown"));
         QCOMPARE(commands.runs, QStringList());
-        QCOMPARE(commands.logged(), QStringList(QStringLiteral("command ECHO%00ES unknown")));
+        QVERIFY(commands.runner.isIdle());
     }
 
     void aCommandThatThrowsHasFailed()
     {
         Commands commands;
-        const RunHandle run(commands.runner.run(QStringLiteral("THROW")));
+        const RunHandle run(commands.runner.run("THROW"));
         QCOMPARE(run->result(), CFxCommand::failed);
-        QCOMPARE(commands.messages.size(), 1);
-        QVERIFY(commands.messages.first().contains(QLatin1String("_THROW")));
-        QVERIFY(commands.messages.first().contains(QLatin1String("paper jam")));
-        commands.runner.runLine(QStringLiteral("THROWNUMBER"));
-        commands.runner.runLine(QStringLiteral("ECHO still here"));
-        QCOMPARE(commands.logged(), QStringList({QStringLiteral("command _THROW 5102"),
-                                                 QStringLiteral("command _THROWNUMBER 5102"),
-                                                 QStringLiteral("command _ECHO 5100")}));
+        commands.runner.runLine("THROWNUMBER");
+        commands.runner.runLine("ECHO still here");
+        QCOMPARE(commands.messages,
+                 QStringList({"The command _THROW failed: paper jam", "The command _THROWNUMBER failed."}));
+        QCOMPARE(commands.logged(),
+                 QStringList({"command _THROW 5102", "command _THROWNUMBER 5102", "command _ECHO 5100"}));
     }
 
     void aCommandThatCannotTellItsNameHoldsUpNothing()
@@ -254,13 +229,12 @@ private slots:
         Commands commands;
         commands.host.commandStack().addCommand(&nameless);
         nameless.isNameless = true;
-        const RunHandle run(commands.runner.run(QStringLiteral("NAMELESS")));
+        const RunHandle run(commands.runner.run("NAMELESS"));
         nameless.isNameless = false;
         QCOMPARE(run->result(), CFxCommand::failed);
         QVERIFY(commands.runner.isIdle());
-        commands.runner.runLine(QStringLiteral("NAMELESS"));
-        QCOMPARE(commands.logged(), QStringList({QStringLiteral("command NAMELESS 5102"),
-                                                 QStringLiteral("command _NAMELESS 5100")}));
+        commands.runner.runLine("NAMELESS");
+        QCOMPARE(commands.logged(), QStringList({"command NAMELESS 5102", "command _NAMELESS 5100"}));
         QCOMPARE(commands.messages.size(), 1);
         commands.host.commandStack().removeCommand(&nameless);
     }
@@ -273,15 +247,11 @@ private slots:
         QSignalSpy started(&commands.runner, &CommandRunner::commandStarted);
         QSignalSpy ended(&commands.runner, &CommandRunner::commandEnded);
         QSignalSpy idle(&commands.runner, &CommandRunner::idle);
-
-        commands.runner.runLine(QStringLiteral("fail now"));
-
+        commands.runner.runLine("fail now");
         commands.host.editor().removeReactor(&listener);
-        QCOMPARE(listener.events,
-                 QStringList({QStringLiteral("start _FAIL"), QStringLiteral("end _FAIL 5102")}));
-        QCOMPARE(started,
-                 QList<QVariantList>({QVariantList({QStringLiteral("_FAIL"), QStringLiteral("now")})}));
-        QCOMPARE(ended, QList<QVariantList>({QVariantList({QStringLiteral("_FAIL"), 5102})}));
+        QCOMPARE(listener.events, QStringList({"start _FAIL", "end _FAIL 5102"}));
+        QCOMPARE(started, QList<QVariantList>({QVariantList({"_FAIL", "now"})}));
+        QCOMPARE(ended, QList<QVariantList>({QVariantList({"_FAIL", 5102})}));
         QCOMPARE(idle.size(), 1);
     }
 
@@ -292,53 +262,45 @@ private slots:
         RunHandle third;
         commands.whileItWaits([&] {
             QVERIFY(commands.runner.isRunning());
-            second.reset(commands.runner.run(QStringLiteral("ECHO"), QStringLiteral("second")));
-            third.reset(commands.runner.run(QStringLiteral("ECHO"), QStringLiteral("third")));
+            second.reset(commands.runner.run("ECHO", "second"));
+            third.reset(commands.runner.run("ECHO", "third"));
             QCOMPARE(second->state(), CommandRun::State::Waiting);
             QVERIFY(!commands.runner.isIdle());
             commands.runner.cancel();
         });
 
-        const RunHandle first(commands.runner.run(QStringLiteral("WAIT")));
+        const RunHandle first(commands.runner.run("WAIT"));
 
-        QCOMPARE(commands.runs, QStringList({QStringLiteral("WAIT begins"), QStringLiteral("WAIT ends"),
-                                             QStringLiteral("ECHO second"), QStringLiteral("ECHO third")}));
+        QCOMPARE(commands.runs, QStringList({"WAIT begins", "WAIT ends", "ECHO second", "ECHO third"}));
         QCOMPARE(first->result(), CFxCommand::cancelled);
         QCOMPARE(third->result(), CFxCommand::normalCompletion);
+        QCOMPARE(third->state(), CommandRun::State::Ended);
+        QCOMPARE(third->numRefs(), 1);
         QVERIFY(commands.runner.isIdle());
     }
 
     void aMacroCancelsWhatRuns()
     {
         Commands commands;
-        commands.whileItWaits([&] { commands.runner.runMacro(QStringLiteral("^C^C_ECHO after")); });
-        commands.runner.runLine(QStringLiteral("WAIT"));
-        QCOMPARE(commands.runs, QStringList({QStringLiteral("WAIT begins"), QStringLiteral("WAIT ends"),
-                                             QStringLiteral("ECHO after")}));
-        QCOMPARE(commands.logged(),
-                 QStringList({QStringLiteral("command _WAIT 5101"), QStringLiteral("command _ECHO 5100")}));
+        commands.whileItWaits([&] { commands.runner.runMacro("^C^C_ECHO after"); });
+        commands.runner.runLine("WAIT");
+        QCOMPARE(commands.runs, QStringList({"WAIT begins", "WAIT ends", "ECHO after"}));
+        QCOMPARE(commands.logged(), QStringList({"command _WAIT 5101", "command _ECHO 5100"}));
     }
 
     void aCommandMayAskForAnother()
     {
         Commands commands;
         CommandSet more(commands.host.commandStack());
-        more.add(QStringLiteral("OUTER"), [&](const CFxCommandContext &) {
-            const CFxString argument(QStringLiteral("inner"));
-            OdRxObject *const run = GetFxSystemServices()->RunCommand(QStringLiteral("_ECHO"), &argument);
-            commands.runs << QStringLiteral("OUTER goes on");
-            run->release();
+        more.add("OUTER", [&](const CFxCommandContext &) {
+            const CFxString argument(L"inner");
+            GetFxSystemServices()->RunCommand(L"_ECHO", &argument)->release();
+            GetFxSystemServices()->RunCommand(L"_ECHO", nullptr)->release(); // gets an empty argument
+            commands.runs << "OUTER goes on";
             return CFxCommand::normalCompletion;
         });
-        commands.runner.runLine(QStringLiteral("OUTER"));
-        QCOMPARE(commands.runs, QStringList({QStringLiteral("OUTER goes on"), QStringLiteral("ECHO inner")}));
-    }
-
-    void aCommandWithoutAnArgumentGetsAnEmptyOne()
-    {
-        Commands commands;
-        GetFxSystemServices()->RunCommand(QStringLiteral("ECHO"), nullptr)->release();
-        QCOMPARE(commands.runs, QStringList(QStringLiteral("ECHO ")));
+        commands.runner.runLine("OUTER");
+        QCOMPARE(commands.runs, QStringList({"OUTER goes on", "ECHO inner", "ECHO "}));
     }
 
     void afterTheStopNothingRunsAnyMore()
@@ -346,15 +308,81 @@ private slots:
         Commands commands;
         RunHandle waiting;
         commands.whileItWaits([&] {
-            waiting.reset(commands.runner.run(QStringLiteral("ECHO")));
+            waiting.reset(commands.runner.run("ECHO"));
             commands.runner.stop();
         });
-        commands.runner.runLine(QStringLiteral("WAIT"));
+        commands.runner.runLine("WAIT");
         QCOMPARE(waiting->state(), CommandRun::State::Dropped);
         QCOMPARE(waiting->numRefs(), 1);
-        QCOMPARE(commands.runner.run(QStringLiteral("ECHO")), nullptr);
-        commands.runner.runLine(QStringLiteral("ECHO"));
-        QCOMPARE(commands.runs, QStringList({QStringLiteral("WAIT begins"), QStringLiteral("WAIT ends")}));
+        QCOMPARE(commands.runner.run("ECHO"), nullptr);
+        commands.runner.runLine("ECHO");
+        QCOMPARE(commands.runs, QStringList({"WAIT begins", "WAIT ends"}));
+    }
+
+    // The stack in which the runner finds them.
+
+    void aCommandIsFoundByItsNames_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("flags");
+        QTest::addColumn<QString>("group");
+        QTest::addColumn<bool>("found");
+        QTest::newRow("global name") << "_CIRCLE" << 1 << "" << true;
+        QTest::newRow("local name") << "KREIS" << 2 << "" << true;
+        QTest::newRow("either name") << "KREIS" << 3 << "" << true;
+        QTest::newRow("any case") << "_Circle" << 3 << "" << true;
+        QTest::newRow("global name among local ones") << "_CIRCLE" << 2 << "" << false;
+        QTest::newRow("local name among global ones") << "KREIS" << 1 << "" << false;
+        QTest::newRow("no kind of name") << "_CIRCLE" << 0 << "" << false;
+        QTest::newRow("the right group") << "_CIRCLE" << 3 << "fx_commands" << true;
+        QTest::newRow("another group") << "_CIRCLE" << 3 << "OTHER" << false;
+        QTest::newRow("another name") << "_LINE" << 3 << "" << false;
+        QTest::newRow("an empty name") << "" << 3 << "" << false;
+    }
+
+    void aCommandIsFoundByItsNames()
+    {
+        QFETCH(QString, name);
+        QFETCH(int, flags);
+        QFETCH(QString, group);
+        QFETCH(bool, found);
+        CountedCommand circle(L"_CIRCLE", L"KREIS");
+        CommandStack stack;
+        stack.addCommand(&circle);
+        OdEdCommand *const command =
+            stack.lookupCommand(OdString(name.toStdWString()), flags, OdString(group.toStdWString()));
+        QCOMPARE(command != nullptr, found);
+        QCOMPARE(circle.references, found ? 3 : 2); // the test's, the stack's, and what lookup gave
+    }
+
+    void namesAndGroupTellCommandsApart()
+    {
+        CountedCommand circle(L"_CIRCLE", L"KREIS");
+        CountedCommand sameGlobalName(L"_CIRCLE", L"CERCLE");
+        CountedCommand otherGroup(L"_CIRCLE", L"KREIS", L"OTHER");
+        CountedCommand key(L"_circle", L"kreis");
+        using List = std::vector<OdEdCommand *>;
+        CommandStack stack;
+        stack.addCommand(&circle);
+        stack.removeCommand(&sameGlobalName);
+        stack.removeCommand(&otherGroup);
+        QCOMPARE(stack.commands(), List({&circle}));
+        stack.removeCommand(&key);
+        QCOMPARE(stack.commands(), List());
+        QCOMPARE(circle.references, 1);
+        QCOMPARE(circle.undefined, 1);
+        QCOMPARE(key.undefined, 0);
+
+        // The same global name replaces, and is another command in another group.
+        stack.addCommand(&key);
+        stack.addCommand(&otherGroup);
+        stack.addCommand(&sameGlobalName);
+        QCOMPARE(stack.commands(), List({&sameGlobalName, &otherGroup}));
+        QCOMPARE(key.references, 1);
+        QCOMPARE(key.undefined, 1);
+        QCOMPARE(sameGlobalName.references, 2);
+        QCOMPARE(stack.lookupCommand(L"_CIRCLE", OdEdCommandStack::GlobalNames, L"OTHER"), &otherGroup);
+        QCOMPARE(stack.lookupCommand(L"_CIRCLE", OdEdCommandStack::GlobalNames, L""), &sameGlobalName);
     }
 };
 

@@ -2,17 +2,60 @@
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "tests/support/DocumentListener.h"
+#include "tests/support/PngBytes.h"
+#include "tests/support/PreviewBytes.h"
 #include "tests/support/RunningHost.h"
 #include "tests/support/TestCase.h"
+
+#include <CFxPreviewBitmap.h>
 
 #include <QDir>
 #include <QFileInfo>
 #include <QSignalSpy>
 
+#include <future>
+#include <memory>
 #include <stdexcept>
+#include <vector>
 
 using fxhost::Document;
 using fxhost::DocumentManager;
+using namespace testbytes;
+
+namespace {
+
+//! A host, and what it tells of its drawings.
+struct ListenedHost : RunningHost
+{
+    std::size_t openCount() const { return documents.documents().size(); }
+    QStringList recent() { return host.recentFiles().paths(); }
+
+    DocumentManager &documents = host.documents();
+    DocumentListener listener{host};
+};
+
+QImage storedPicture()
+{
+    return patternPicture(32, 160, 100);
+}
+
+QByteArray drawingWithAPicture(bool isPng = false)
+{
+    return drawingWith(isPng ? pngEntry(pngOf(storedPicture()))
+                             : bitmapEntry(patternBitmap(32, 160, 100).bytes()))
+        .bytes();
+}
+
+QImage readAsAModuleDoes(const QString &path)
+{
+    const std::unique_ptr<CFxPreviewBitmap> preview(CFxPreviewBitmap::Create());
+    QImage image;
+    if (preview->Load(path) && preview->IsValid())
+        preview->ToImage(image);
+    return image;
+}
+
+} // namespace
 
 class TestDocuments : public TestCase
 {
@@ -21,25 +64,137 @@ class TestDocuments : public TestCase
 private slots:
     void initTestCase() { qRegisterMetaType<Document *>("fxhost::Document*"); }
 
-    void newDrawingsAreNumbered()
+    void aNewDrawingIsToldStepByStep()
     {
-        RunningHost running;
-        running.host.documents().newDocument();
-        running.host.documents().close(running.host.documents().current());
-        QCOMPARE(QString(running.host.documents().newDocument()->title()), QStringLiteral("Drawing2"));
+        ListenedHost running;
+        running.documents.AddReactor(&running.listener); // which is listed once all the same
+        const QObject scope; // the host closes its drawings when the listener is gone
+        connect(&running.documents, &DocumentManager::documentAdded, &scope,
+                [&](Document *d) { running.listener.events << "documentAdded " + d->title(); });
+        connect(&running.documents, &DocumentManager::currentChanged, &scope,
+                [&](Document *d) { running.listener.events << "currentChanged " + d->title(); });
+
+        const Document *document = running.documents.newDocument();
+
+        QCOMPARE(running.listener.events,
+                 QStringList({"CreateStarted Drawing1", "DatabaseAttached Drawing1", "documentAdded Drawing1",
+                              "Created Drawing1", "ToBeActivated Drawing1", "Activated Drawing1",
+                              "BecameCurrent Drawing1", "ActivationModified 1", "currentChanged Drawing1"}));
+        QCOMPARE(running.documents.current(), document);
+        QVERIFY(document->isNew());
+        QCOMPARE(running.recent(), QStringList());
     }
 
-    void theFactsAreTheFiles()
+    void anOpenedDrawingIsListedBeforeItIsToldOf()
     {
-        RunningHost running;
-        const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
-        running.host.documents().open(path);
-        const fxhost::DrawingFacts &facts = running.host.documents().current()->facts();
+        ListenedHost running;
+        const QString path = running.makeFile("plan.dwg", drawingWithAPicture());
+        QStringList listed;
+        running.listener.on("Created", [&](CFxDocument *) { listed = running.recent(); });
+
+        QCOMPARE(running.documents.open(path), QString());
+
+        QCOMPARE(listed, QStringList(path));
+        QCOMPARE(running.listener.events.first(), "PreOpen " + path);
+        QCOMPARE(running.logged(), QStringList("open " + path + " ok"));
+        QCOMPARE(running.messages, QStringList());
+        const fxhost::DrawingFacts &facts = running.documents.current()->facts();
         QCOMPARE(facts.path, path);
-        QCOMPARE(facts.version, QStringLiteral("AC1015"));
+        QCOMPARE(facts.version, QString("AC1032"));
         QCOMPARE(facts.size, QFileInfo(path).size());
         QCOMPARE(facts.modified, QFileInfo(path).lastModified());
-        QVERIFY(facts.preview.isNull());
+        QCOMPARE(facts.preview, storedPicture());
+    }
+
+    void closingIsToldStepByStepAndTheLastOneOpenedTakesOver()
+    {
+        ListenedHost running;
+        running.documents.newDocument();
+        Document *const second = running.documents.newDocument();
+        running.listener.events.clear();
+        running.documents.close(second);
+        QCOMPARE(running.listener.events,
+                 QStringList({"ToBeDeactivated Drawing2", "ToBeDestroyed Drawing2",
+                              "DatabaseDetached Drawing2", "Destroyed ", "ToBeActivated Drawing1",
+                              "Activated Drawing1", "BecameCurrent Drawing1", "ActivationModified 1"}));
+        running.listener.events.clear();
+        QSignalSpy currentChanged(&running.documents, &DocumentManager::currentChanged);
+        running.documents.closeAll();
+        QCOMPARE(running.listener.events,
+                 QStringList({"ToBeDeactivated Drawing1", "ToBeDestroyed Drawing1",
+                              "DatabaseDetached Drawing1", "Destroyed ", "ActivationModified 0"}));
+        QCOMPARE(running.documents.current(), nullptr);
+        QCOMPARE(currentChanged.size(), 1);
+        QCOMPARE(QString(running.documents.newDocument()->title()), QString("Drawing3"));
+    }
+
+    void aReactorMayCloseTheDrawingItHearsOf_data()
+    {
+        QTest::addColumn<QString>("event");
+        for (const char *event : {"Created", "ToBeActivated", "Activated", "BecameCurrent"})
+            QTest::newRow(event) << QString(event);
+    }
+
+    void aReactorMayCloseTheDrawingItHearsOf()
+    {
+        QFETCH(QString, event);
+        ListenedHost running;
+        running.listener.on(event,
+                            [&](CFxDocument *d) { running.documents.close(static_cast<Document *>(d)); });
+        DocumentListener late(running.host); // hears of the event when the drawing is closed already
+
+        QCOMPARE(running.documents.newDocument(), nullptr);
+
+        QCOMPARE(running.openCount(), std::size_t(0));
+        QCOMPARE(running.documents.current(), nullptr);
+        QVERIFY(late.events.contains(event + " Drawing1"));
+    }
+
+    void closingTwiceAtOnceClosesOnce()
+    {
+        ListenedHost running;
+        Document *const document = running.documents.newDocument();
+        running.listener.on("ToBeDestroyed", [&](CFxDocument *) { running.documents.close(document); });
+        running.documents.close(document);
+        QCOMPARE(running.listener.events.count("ToBeDestroyed Drawing1"), 1);
+        QCOMPARE(running.openCount(), std::size_t(0));
+    }
+
+    void aReactorMayOpenADrawingWhileOneIsClosed()
+    {
+        ListenedHost running;
+        running.documents.newDocument();
+        running.listener.on("ToBeDestroyed", [&](CFxDocument *) { running.documents.newDocument(); });
+        running.documents.closeAll();
+        QCOMPARE(running.openCount(), std::size_t(1));
+        QCOMPARE(QString(running.documents.current()->title()), QString("Drawing2"));
+    }
+
+    void reactorsMayComeAndGoWhileTheyAreTold()
+    {
+        ListenedHost running;
+        auto second = std::make_unique<DocumentListener>(running.host);
+        std::unique_ptr<DocumentListener> third;
+        running.listener.on("CreateStarted", [&](CFxDocument *) {
+            third = std::make_unique<DocumentListener>(running.host);
+            second.reset();
+        });
+        running.documents.newDocument();
+        QCOMPARE(third->events.first(), QString("DatabaseAttached Drawing1"));
+    }
+
+    void aReactorThatThrowsKeepsTheOthersFromNothing()
+    {
+        ListenedHost running;
+        DocumentListener other(running.host);
+        running.listener.on("Created", [](CFxDocument *) { throw std::runtime_error("out of ink"); });
+        running.documents.newDocument();
+        QVERIFY(other.events.contains("Created Drawing1"));
+        QCOMPARE(running.messages.size(), 1);
+        QVERIFY2(running.messages.first().contains("out of ink"), qPrintable(running.messages.first()));
+        running.listener.on("Created", [](CFxDocument *) { throw 1; });
+        running.documents.newDocument();
+        QCOMPARE(running.messages.size(), 2);
     }
 
     void noExceptionLeavesTheOpeningForAModule_data()
@@ -54,161 +209,127 @@ private slots:
         QFETCH(bool, isException);
         RunningHost running;
         QString told;
+        const auto fail = [&](const QString &text) {
+            told = text;
+            if (isException)
+                throw std::runtime_error("out of paper");
+            throw 7;
+        };
         DocumentManager documents(running.host.recentFiles(), running.host.fileProbe(), running.host.editor(),
-                                  running.host.log(), [&](const QString &text) {
-                                      told = text;
-                                      if (isException)
-                                          throw std::runtime_error("out of paper");
-                                      throw 7;
-                                  });
+                                  running.host.log(), fail);
         OdString result;
         QVERIFY(!documents.OpenDocument(L"/missing.dwg", 0, 0, result));
         QVERIFY(!result.isEmpty());
         QVERIFY(!isException || result == OdString(L"out of paper"));
         // Whoever can be told hears of it.
-        QVERIFY2(
-            told.contains(isException ? QStringLiteral("out of paper") : QStringLiteral("The host failed")),
-            qPrintable(told));
+        QVERIFY2(told.contains(isException ? "out of paper" : "The host failed"), qPrintable(told));
 
-        const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
-        QVERIFY(documents.OpenDocument(path, 0, 0, result));
+        QVERIFY(documents.OpenDocument(running.makeDrawing("plan.dwg"), 0, 0, result));
         QVERIFY(result.isEmpty());
     }
 
     void whatCannotBeOpenedOpensNothing_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::newRow("missing") << QStringLiteral("missing.dwg");
-        QTest::newRow("a directory") << QStringLiteral(".");
-        QTest::newRow("no drawing") << QStringLiteral("text.dwg");
-        QTest::newRow("an empty file") << QStringLiteral("empty.dwg");
-        QTest::newRow("a name with argument markers") << QStringLiteral("missing %1 %2.dwg");
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<int>("flags");
+        QTest::newRow("missing") << "missing.dwg" << 0 << 0;
+        QTest::newRow("a directory") << "." << 0 << 0;
+        QTest::newRow("no drawing") << "text.dwg" << 0 << 0;
+        QTest::newRow("an empty file") << "empty.dwg" << 0 << 0;
+        QTest::newRow("a name with argument markers") << "missing %1 %2.dwg" << 0 << 0;
+        QTest::newRow("an empty path") << QString() << 0 << 0;
+        QTest::newRow("a reserved mode") << "plan.dwg" << 1 << 0;
+        QTest::newRow("a reserved flag") << "plan.dwg" << 0 << 1;
     }
 
     void whatCannotBeOpenedOpensNothing()
     {
         QFETCH(QString, name);
-        RunningHost running;
-        running.makeFile(QStringLiteral("text.dwg"), "this is a letter");
-        running.makeFile(QStringLiteral("empty.dwg"), QByteArray());
-        const QString path = running.path(name);
-        DocumentListener listener(running.host);
+        QFETCH(int, mode);
+        QFETCH(int, flags);
+        ListenedHost running;
+        running.makeDrawing("plan.dwg");
+        running.makeFile("text.dwg", "this is a letter");
+        running.makeFile("empty.dwg", QByteArray());
+        const QString path = name.isEmpty() ? name : running.path(name);
 
         OdString result;
-        QVERIFY(!running.host.documents().OpenDocument(path, 0, 0, result));
+        QVERIFY(!running.documents.OpenDocument(path, mode, flags, result));
 
         QVERIFY(!result.isEmpty());
         QCOMPARE(running.messages.size(), 1);
         QVERIFY2(running.messages.first().contains(path), qPrintable(running.messages.first()));
         QVERIFY(running.messages.first().endsWith(QString::fromWCharArray(result.c_str())));
-        QVERIFY(running.host.documents().documents().empty());
-        QVERIFY(running.host.recentFiles().paths().isEmpty());
-        QCOMPARE(running.logged(), QStringList(QStringLiteral("open %1 failed").arg(path)));
-        QCOMPARE(listener.events,
-                 QStringList({QLatin1String("PreOpen ") + path, QLatin1String("cancelDwgOpen ") + path}));
+        QCOMPARE(running.openCount(), std::size_t(0));
+        QCOMPARE(running.recent(), QStringList());
+        QCOMPARE(running.logged(), QStringList("open " + path + " failed"));
+        const bool isTried = mode == 0 && flags == 0 && !name.isEmpty();
+        QCOMPARE(running.listener.events, (isTried ? QStringList("PreOpen " + path) : QStringList()) +
+                                              QStringList("cancelDwgOpen " + path));
+        QVERIFY(running.documents.OpenDocument(running.path("plan.dwg"), 0, 0, result));
+        QVERIFY(result.isEmpty());
     }
 
-    void anEmptyPathAndReservedModesAreRefused()
+    void aDrawingThatIsOpenComesToTheFront_data()
     {
-        RunningHost running;
-        OdString result;
-        QVERIFY(!running.host.documents().OpenDocument(QString(), 0, 0, result));
-        QVERIFY(!result.isEmpty());
-        const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
-        QVERIFY(!running.host.documents().OpenDocument(path, 1, 0, result));
-        QVERIFY(!running.host.documents().OpenDocument(path, 0, 1, result));
-        QVERIFY(!result.isEmpty());
-        QCOMPARE(running.messages.size(), 3);
-        QVERIFY(running.host.documents().OpenDocument(path, 0, 0, result));
-        QVERIFY(result.isEmpty());
+        QTest::addColumn<bool>("isLink");
+        QTest::addColumn<bool>("isDeleted");
+        QTest::newRow("by its path") << false << false;
+        QTest::newRow("by a link") << true << false;
+        QTest::newRow("when it was deleted") << false << true;
     }
 
     void aDrawingThatIsOpenComesToTheFront()
     {
-        RunningHost running;
-        DocumentManager &documents = running.host.documents();
-        const QString first = running.makeDrawing(QStringLiteral("first.dwg"));
-        const QString second = running.makeDrawing(QStringLiteral("second.dwg"));
-        documents.open(first);
-        Document *const document = documents.current();
-        documents.open(second);
-        QSignalSpy activateRequested(&documents, &DocumentManager::activateRequested);
+        QFETCH(bool, isLink);
+        QFETCH(bool, isDeleted);
+        ListenedHost running;
+        const QString first = running.makeDrawing("first.dwg");
+        const QString second = running.makeDrawing("second.dwg");
+        const QString link = running.path("link.dwg");
+        QVERIFY(QFile::link(first, link));
+        running.documents.open(first);
+        Document *const document = running.documents.current();
+        running.documents.open(second);
+        QVERIFY(!isDeleted || QFile::remove(first));
+        QSignalSpy activateRequested(&running.documents, &DocumentManager::activateRequested);
 
-        QCOMPARE(documents.open(first), QString());
+        QCOMPARE(running.documents.open(isLink ? link : first), QString());
 
-        QCOMPARE(documents.documents().size(), std::size_t(2));
-        QCOMPARE(documents.current(), document);
+        QCOMPARE(running.openCount(), std::size_t(2));
+        QCOMPARE(running.documents.current(), document);
         QCOMPARE(activateRequested.size(), 1);
-        QCOMPARE(running.host.recentFiles().paths(), QStringList({first, second}));
+        QCOMPARE(running.recent(), QStringList({first, second}));
     }
 
-    void anotherWayToAnOpenDrawingIsTheSameDrawing()
+    void fullPathsAreKeptAsTheyWereGiven()
     {
-        RunningHost running;
-        const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
-        const QString link = running.path(QStringLiteral("link.dwg"));
-        QVERIFY(QFile::link(path, link));
-        running.host.documents().open(path);
-        QCOMPARE(running.host.documents().open(link), QString());
-        QCOMPARE(running.host.documents().documents().size(), std::size_t(1));
-        QCOMPARE(running.host.recentFiles().paths(), QStringList(path));
-    }
+        ListenedHost running;
+        const QString path = running.makeDrawing("plan.dwg");
+        const QString odd = running.path("") + "//./plan.dwg";
+        running.documents.open(odd);
+        QCOMPARE(running.recent(), QStringList(odd));
+        QCOMPARE(QString(running.documents.current()->path()), odd);
+        QCOMPARE(QString(running.documents.current()->title()), QString("plan.dwg"));
+        running.documents.closeAll();
 
-    void aDrawingThatIsOpenAndWasDeletedComesToTheFrontAllTheSame()
-    {
-        RunningHost running;
-        const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
-        running.host.documents().open(path);
-        QVERIFY(QFile::remove(path));
-        QCOMPARE(running.host.documents().open(path), QString());
-        QCOMPARE(running.host.documents().documents().size(), std::size_t(1));
-    }
-
-    void pathsAreKeptAsTheyWereGiven()
-    {
-        RunningHost running;
-        running.makeDrawing(QStringLiteral("plan.dwg"));
-        const QString odd = running.path(QString()) + QStringLiteral("//./plan.dwg");
-        running.host.documents().open(odd);
-        QCOMPARE(running.host.recentFiles().paths(), QStringList(odd));
-        QCOMPARE(QString(running.host.documents().current()->path()), odd);
-        QCOMPARE(QString(running.host.documents().current()->title()), QStringLiteral("plan.dwg"));
-    }
-
-    void aRelativePathIsMadeAbsolute()
-    {
-        RunningHost running;
-        const QString path = running.makeDrawing(QStringLiteral("plan.dwg"));
         const QString former = QDir::currentPath();
-        QVERIFY(QDir::setCurrent(QFileInfo(path).path()));
-        running.host.documents().open(QStringLiteral("plan.dwg"));
+        QVERIFY(QDir::setCurrent(running.path("")));
+        running.documents.open("plan.dwg");
         QDir::setCurrent(former);
-        QCOMPARE(running.host.recentFiles().paths(), QStringList(path));
-    }
-
-    void afterTheLastDrawingNoneIsCurrent()
-    {
-        RunningHost running;
-        DocumentManager &documents = running.host.documents();
-        documents.newDocument();
-        QSignalSpy currentChanged(&documents, &DocumentManager::currentChanged);
-        DocumentListener listener(running.host);
-        documents.closeAll();
-        QCOMPARE(documents.current(), nullptr);
-        QCOMPARE(currentChanged.size(), 1);
-        QCOMPARE(listener.events.last(), QStringLiteral("ActivationModified 0"));
+        QCOMPARE(running.recent(), QStringList({path, odd}));
     }
 
     void closingWhatIsNotOpenDoesNothing()
     {
-        RunningHost running;
-        Document stranger(QStringLiteral("stranger"), {});
-        DocumentListener listener(running.host);
-        running.host.documents().close(nullptr);
-        running.host.documents().close(&stranger);
-        running.host.documents().setCurrent(&stranger);
-        running.host.documents().bringToFront(&stranger);
-        QVERIFY(listener.events.isEmpty());
+        ListenedHost running;
+        Document stranger("stranger", {});
+        running.documents.close(nullptr);
+        running.documents.close(&stranger);
+        running.documents.setCurrent(&stranger);
+        running.documents.bringToFront(&stranger);
+        QCOMPARE(running.listener.events, QStringList());
     }
 
     void aWindowThatGoesMayHandTheCurrentPlaceOn()
@@ -225,6 +346,34 @@ private slots:
         documents.close(third);
         QCOMPARE(documents.current(), first);
         QCOMPARE(currentChanged.size(), 1);
+    }
+
+    // Their pictures, as modules read them.
+
+    void threadsReadTheSamePictures()
+    {
+        RunningHost running;
+        const QString bitmap = running.makeFile("bitmap.dwg", drawingWithAPicture());
+        const QString png = running.makeFile("png.dwg", drawingWithAPicture(true));
+        std::vector<std::future<QImage>> images;
+        for (int i = 0; i < 64; ++i)
+            images.push_back(std::async(std::launch::async, readAsAModuleDoes, i % 2 ? bitmap : png));
+        for (std::future<QImage> &image : images)
+            QCOMPARE(image.get(), storedPicture());
+    }
+
+    void whereThereIsNoPictureNoneIsRead()
+    {
+        RunningHost running;
+        const std::unique_ptr<CFxPreviewBitmap> preview(CFxPreviewBitmap::Create());
+        QVERIFY(!preview->IsValid());
+        QVERIFY(preview->Load(running.makeFile("plan.dwg", drawingWithAPicture())));
+        QVERIFY(!preview->Load(running.makeDrawing("bare.dwg")));
+        QVERIFY(!preview->IsValid()); // the former picture is not left
+        QVERIFY(!preview->Load(running.path("missing.dwg")));
+        QImage image(1, 1, QImage::Format_RGB32);
+        preview->ToImage(image);
+        QVERIFY(image.isNull());
     }
 };
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/Paths.h"
 #include "host/runtime/probe/FileProbe.h"
+#include "host/runtime/recent/AnsweringRecentFiles.h"
+#include "host/runtime/recent/RecentFiles.h"
 #include "tests/support/SpecialFiles.h"
 #include "tests/support/StuckFolder.h"
 #include "tests/support/TestCase.h"
@@ -12,40 +14,8 @@
 
 #include <csignal>
 
+using fxhost::AnsweringRecentFiles;
 using fxhost::FileProbe;
-
-//! Which files answer, told without waiting for those that do not.
-class tst_FileProbe : public TestCase
-{
-    Q_OBJECT
-
-private slots:
-    void whateverIsThereAnswers_data() { addSpecialFileRows(); }
-    void whateverIsThereAnswers();
-    void oddNamesAnswer_data();
-    void oddNamesAnswer();
-    void aThousandFilesAnswer();
-    void aBusyMachineIsNoSilentFile();
-    void aHelperLeftBehindHoldsNothingOfTheHost();
-    void silentFilesAreToldFromTheOthers_data() { addStuckFolderRows(); }
-    void silentFilesAreToldFromTheOthers();
-    void silentFilesAreWaitedForOnce_data() { addStuckFolderRows(); }
-    void silentFilesAreWaitedForOnce();
-    void whoIsPatientWaitsLonger_data() { addStuckFolderRows(); }
-    void whoIsPatientWaitsLonger();
-    void filesOfAServerThatWasReplacedAnswer();
-    void whatAnsweredLongAgoIsAskedAnew_data() { addStuckFolderRows(); }
-    void whatAnsweredLongAgoIsAskedAnew();
-    void theEndDoesNotWaitForSilentFiles_data() { addStuckFolderRows(); }
-    void theEndDoesNotWaitForSilentFiles();
-    void aHelperThatDiesIsReplaced();
-    void aHelperThatDiesIsNoSilentFile();
-    void manySilentFilesHoldUpNoOther_data() { addStuckFolderRows(); }
-    void manySilentFilesHoldUpNoOther();
-    void whatNoThreadLooksAtIsSilentUntilOneDoes();
-    void aHelperWithoutAThreadIsNone();
-    void withoutAHelperNothingIsSilent();
-};
 
 namespace {
 
@@ -53,21 +23,17 @@ namespace {
 QString helperId()
 {
     QProcess pgrep;
-    pgrep.start(QStringLiteral("pgrep"),
-                {QStringLiteral("-P"), QString::number(QCoreApplication::applicationPid()),
-                 QStringLiteral("fxprobe")});
+    pgrep.start("pgrep", {"-P", QString::number(QCoreApplication::applicationPid()), "fxprobe"});
     pgrep.waitForFinished();
     const QString found = QString::fromLatin1(pgrep.readAllStandardOutput()).trimmed();
-    return found.contains(QLatin1Char('\n')) ? QString() : found;
+    return found.contains('\n') ? QString() : found;
 }
 
 //! Ends helpers of this process. \return whether there was one
 bool killHelper()
 {
     QProcess pkill;
-    pkill.start(QStringLiteral("pkill"),
-                {QStringLiteral("-KILL"), QStringLiteral("-P"),
-                 QString::number(QCoreApplication::applicationPid()), QStringLiteral("fxprobe")});
+    pkill.start("pkill", {"-KILL", "-P", QString::number(QCoreApplication::applicationPid()), "fxprobe"});
     return pkill.waitForFinished() && pkill.exitCode() == 0;
 }
 
@@ -89,256 +55,287 @@ public:
 
 private:
     const QTemporaryDir m_folder;
-    const QString m_lever = m_folder.filePath(QStringLiteral("no threads"));
+    const QString m_lever = m_folder.filePath("no threads");
 };
 
 } // namespace
 
-void tst_FileProbe::whateverIsThereAnswers()
+//! Which files answer, told without waiting for those that do not.
+class tst_FileProbe : public TestCase
 {
-    QFETCH(SpecialFile, kind);
-    const SpecialFiles files;
-    FileProbe probe;
-    QCOMPARE(probe.silent({files.path(kind)}), QStringList());
-    QCOMPARE(probe.problem(), QString());
-}
+    Q_OBJECT
 
-void tst_FileProbe::oddNamesAnswer_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::newRow("too long a name") << QStringLiteral("/tmp/") + QString(300, QLatin1Char('n'));
-    QTest::newRow("too long a path") << QString(2100, QLatin1Char('/')) + QString(2100, QLatin1Char('a'));
-    QTest::newRow("a line break") << QStringLiteral("/tmp/a\n1\n.dwg");
-    QTest::newRow("blanks") << QStringLiteral("/tmp/ a b ");
-    QTest::newRow("no UTF-8") << fxhost::pathFromBytes("/tmp/\xff\xc3");
-    QTest::newRow("below /proc") << QStringLiteral("/proc/self/mem");
-}
+private slots:
+    void whateverIsThereAnswers()
+    {
+        const SpecialFiles files;
+        QStringList paths = {"/tmp/" + QString(300, 'n'), // too long a name, and too long a path
+                             QString(2100, '/') + QString(2100, 'a'),
+                             "/tmp/a\n1\n.dwg",
+                             "/tmp/ a b ",
+                             fxhost::pathFromBytes("/tmp/\xff\xc3"),
+                             "/proc/self/mem"};
+        for (int kind = 0; kind <= static_cast<int>(SpecialFile::SilentDevice); ++kind)
+            paths.append(files.path(static_cast<SpecialFile>(kind)));
+        FileProbe probe;
+        for (const QString &path : qAsConst(paths))
+            QCOMPARE(probe.silent({path}), QStringList());
+        for (int i = 0; i < 1000; ++i)
+            paths.append(QString("/tmp/there is no drawing %1.dwg").arg(i));
+        QCOMPARE(probe.silent(paths), QStringList());
+        QCOMPARE(probe.problem(), QString());
+    }
 
-void tst_FileProbe::oddNamesAnswer()
-{
-    QFETCH(QString, path);
-    FileProbe probe;
-    QCOMPARE(probe.silent({path}), QStringList());
-}
-
-void tst_FileProbe::aThousandFilesAnswer()
-{
-    QStringList paths;
-    for (int i = 0; i < 1000; ++i)
-        paths.append(QStringLiteral("/tmp/there is no drawing %1.dwg").arg(i));
-    FileProbe probe;
-    QCOMPARE(probe.silent(paths), QStringList());
-}
-
-void tst_FileProbe::silentFilesAreToldFromTheOthers()
-{
-    STUCK_FOLDER_OR_SKIP(folder);
-    const QTemporaryDir usual;
-    const QString first = folder.makeFile(QStringLiteral("first.dwg"), "AC1032");
-    const QString missing = folder.path(QStringLiteral("missing.dwg"));
-    const QString link = usual.filePath(QStringLiteral("link.dwg"));
-    QVERIFY(QFile::link(first, link));
-    const QStringList answering = {usual.filePath(QStringLiteral("a.dwg")), usual.path(), QString()};
-    const QStringList paths = {answering.at(0), first, missing, answering.at(1), link, answering.at(2)};
-
-    FileProbe probe;
-    QCOMPARE(probe.silent(paths), QStringList());
-    folder.stopAnswering();
-    // Answers are good for a moment, and then asked for again.
-    QTRY_COMPARE(probe.silent(paths), (kind == StuckFolder::Kind::Mount ? QStringList({first, missing, link})
-                                                                        : QStringList({first, missing})));
-    folder.answerAgain();
-    QTRY_COMPARE(probe.silent(paths), QStringList());
-}
-
-void tst_FileProbe::silentFilesAreWaitedForOnce()
-{
-    STUCK_FOLDER_OR_SKIP(folder);
-    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
-    folder.stopAnswering();
-    FileProbe probe;
-    QElapsedTimer clock;
-    clock.start();
-    QCOMPARE(probe.silent({file}), QStringList(file));
-    QCOMPARE(FileProbe::deadline, 300);
-    QVERIFY2(clock.elapsed() >= FileProbe::deadline, "it was not given its time");
-    clock.restart();
-    constexpr int times = 100; // which would take half a minute
-    for (int i = 0; i < times; ++i)
-        QCOMPARE(probe.silent({file}), QStringList(file));
-    QVERIFY2(clock.elapsed() < times * FileProbe::deadline / 2, "it was waited for again");
-}
-
-void tst_FileProbe::whoIsPatientWaitsLonger()
-{
-    STUCK_FOLDER_OR_SKIP(folder);
-    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
-    folder.stopAnswering();
-    FileProbe probe;
-    QElapsedTimer clock;
-    clock.start();
-    QCOMPARE(probe.silent({file}), QStringList(file));
-    constexpr int longer = 4 * FileProbe::deadline;
-    constexpr int times = 50; // which would take a minute
-    for (int i = 0; i < times; ++i)
-        QCOMPARE(probe.silent({file}, 0, longer), QStringList(file));
-    QVERIFY2(clock.elapsed() >= longer, "it was not given its time");
-    QVERIFY2(clock.elapsed() < times * longer / 2, "its time did not count from the first question");
-}
-
-void tst_FileProbe::filesOfAServerThatWasReplacedAnswer()
-{
-    StuckFolder folder(StuckFolder::Kind::Mount);
-    if (!folder.problem().isEmpty())
-        QSKIP(qPrintable(folder.problem()));
-    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
-    folder.stopAnswering();
-    FileProbe probe;
-    QCOMPARE(probe.silent({file}), QStringList(file));
-    folder.replaceServer(); // the former one keeps the question
-    QTRY_COMPARE(probe.silent({file}), QStringList());
-}
-
-void tst_FileProbe::whatAnsweredLongAgoIsAskedAnew()
-{
-    STUCK_FOLDER_OR_SKIP(folder);
-    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
-    FileProbe witness; // which keeps looking, so that we know when the answer has come
-    FileProbe probe;
-    folder.stopAnswering();
-    QCOMPARE(probe.silent({file}), QStringList(file));
-    QCOMPARE(witness.silent({file}), QStringList(file));
-    folder.answerAgain();
-    QTRY_COMPARE(witness.silent({file}), QStringList());
-    folder.stopAnswering();
-    // It did answer, while nobody listened.
-    constexpr int minute = 60000;
-    QCOMPARE(probe.silent({file}, minute), QStringList(file));
-}
-
-void tst_FileProbe::theEndDoesNotWaitForSilentFiles()
-{
-    STUCK_FOLDER_OR_SKIP(folder);
-    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
-    folder.stopAnswering();
-    const Alarm alarm;
+    void aBusyMachineIsNoSilentFile()
     {
         FileProbe probe;
+        QCOMPARE(probe.silent({"/"}), QStringList());
+        // The helper does not come to look for longer than a file has.
+        QTRY_VERIFY(!helperId().isEmpty()); // those of former tests may take a moment to end
+        const QString id = helperId();
+        QElapsedTimer clock;
+        clock.start(); // before the second below begins
+        QVERIFY(id.toInt() > 0 && ::kill(id.toInt(), SIGSTOP) == 0);
+        QVERIFY(QProcess::startDetached("sh", {"-c", "sleep 1; kill -CONT " + id}));
+        QCOMPARE(probe.silent({"/tmp"}), QStringList());
+        QVERIFY2(clock.elapsed() > FileProbe::deadline, "the helper was not kept from looking");
+    }
+
+    void aHelperLeftBehindHoldsNothingOfTheHost()
+    {
+        FileProbe probe;
+        QCOMPARE(probe.silent({"/tmp/a.dwg"}), QStringList());
+        QTRY_VERIFY(!helperId().isEmpty()); // those of former tests may take a moment to end
+        const QString helper = QString("/proc/%1/").arg(helperId());
+        QCOMPARE(QFile::symLinkTarget(helper + "cwd"), QString("/"));
+        QCOMPARE(QFile::symLinkTarget(helper + "fd/2"), QString("/dev/null"));
+    }
+
+    void silentFilesAreToldFromTheOthers_data() { addStuckFolderRows(); }
+    void silentFilesAreToldFromTheOthers()
+    {
+        STUCK_FOLDER_OR_SKIP(folder);
+        const QTemporaryDir usual;
+        const QString first = folder.makeFile("first.dwg", "AC1032");
+        const QString missing = folder.path("missing.dwg");
+        const QString link = usual.filePath("link.dwg");
+        QVERIFY(QFile::link(first, link));
+        const QStringList answering = {usual.filePath("a.dwg"), usual.path(), QString()};
+        const QStringList paths = {answering.at(0), first, missing, answering.at(1), link, answering.at(2)};
+
+        FileProbe probe;
+        QCOMPARE(probe.silent(paths), QStringList());
+        folder.stopAnswering();
+        // Answers are good for a moment, and then asked for again.
+        QTRY_COMPARE(probe.silent(paths),
+                     (kind == StuckFolder::Kind::Mount ? QStringList({first, missing, link})
+                                                       : QStringList({first, missing})));
+        folder.answerAgain();
+        QTRY_COMPARE(probe.silent(paths), QStringList());
+    }
+
+    void silentFilesAreWaitedForOnce_data() { addStuckFolderRows(); }
+    void silentFilesAreWaitedForOnce()
+    {
+        STUCK_FOLDER_OR_SKIP(folder);
+        const QString file = folder.makeFile("a.dwg", "AC1032");
+        folder.stopAnswering();
+        FileProbe probe;
+        QElapsedTimer clock;
+        clock.start();
+        QCOMPARE(FileProbe::deadline, 300);
+        constexpr int times = 100; // which would take half a minute
+        for (int i = 0; i < times; ++i)
+            QCOMPARE(probe.silent({file}), QStringList(file));
+        QVERIFY2(clock.elapsed() >= FileProbe::deadline, "it was not given its time");
+        QVERIFY2(clock.elapsed() < times * FileProbe::deadline / 2, "it was waited for again");
+        // Whoever is patient waits longer, and that counts from the first question too.
+        FileProbe other;
+        clock.restart();
+        constexpr int longer = 4 * FileProbe::deadline;
+        QCOMPARE(other.silent({file}), QStringList(file));
+        for (int i = 0; i < times; ++i)
+            QCOMPARE(other.silent({file}, 0, longer), QStringList(file));
+        QVERIFY2(clock.elapsed() >= longer, "it was not given its longer time");
+        QVERIFY2(clock.elapsed() < times * longer / 2, "it was waited for as long again");
+    }
+
+    void filesOfAServerThatWasReplacedAnswer()
+    {
+        StuckFolder folder(StuckFolder::Kind::Mount);
+        if (!folder.problem().isEmpty())
+            QSKIP(qPrintable(folder.problem()));
+        const QString file = folder.makeFile("a.dwg", "AC1032");
+        folder.stopAnswering();
+        FileProbe probe;
         QCOMPARE(probe.silent({file}), QStringList(file));
+        folder.replaceServer(); // the former one keeps the question
+        QTRY_COMPARE(probe.silent({file}), QStringList());
     }
-    FileProbe another;
-    QCOMPARE(another.silent({file}), QStringList(file));
-}
 
-void tst_FileProbe::aHelperLeftBehindHoldsNothingOfTheHost()
-{
-    FileProbe probe;
-    QCOMPARE(probe.silent({QStringLiteral("/tmp/a.dwg")}), QStringList());
-    QTRY_VERIFY(!helperId().isEmpty()); // those of former tests may take a moment to end
-    const QString helper = QStringLiteral("/proc/%1/").arg(helperId());
-    QCOMPARE(QFile::symLinkTarget(helper + QStringLiteral("cwd")), QStringLiteral("/"));
-    QCOMPARE(QFile::symLinkTarget(helper + QStringLiteral("fd/2")), QStringLiteral("/dev/null"));
-}
+    void whatAnsweredLongAgoIsAskedAnew_data() { addStuckFolderRows(); }
+    void whatAnsweredLongAgoIsAskedAnew()
+    {
+        STUCK_FOLDER_OR_SKIP(folder);
+        const QString file = folder.makeFile("a.dwg", "AC1032");
+        FileProbe witness; // which keeps looking, so that we know when the answer has come
+        FileProbe probe;
+        folder.stopAnswering();
+        QCOMPARE(probe.silent({file}), QStringList(file));
+        QCOMPARE(witness.silent({file}), QStringList(file));
+        folder.answerAgain();
+        QTRY_COMPARE(witness.silent({file}), QStringList());
+        folder.stopAnswering();
+        // It did answer, while nobody listened.
+        constexpr int minute = 60000;
+        QCOMPARE(probe.silent({file}, minute), QStringList(file));
+    }
 
-void tst_FileProbe::aHelperThatDiesIsReplaced()
-{
-    StuckFolder folder(StuckFolder::Kind::Calls);
-    QVERIFY2(folder.problem().isEmpty(), qPrintable(folder.problem()));
-    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
-    folder.stopAnswering();
-    FileProbe probe;
-    QCOMPARE(probe.silent({file}), QStringList(file));
-    QVERIFY(killHelper());
-    folder.answerAgain();
-    // What the old one was asked, the new one must be asked again.
-    QTRY_COMPARE(probe.silent({file}), QStringList());
-    QCOMPARE(probe.problem(), QString());
-    QVERIFY(killHelper()); // there was a new one
-}
+    void theEndDoesNotWaitForSilentFiles_data() { addStuckFolderRows(); }
+    void theEndDoesNotWaitForSilentFiles()
+    {
+        STUCK_FOLDER_OR_SKIP(folder);
+        const QString file = folder.makeFile("a.dwg", "AC1032");
+        folder.stopAnswering();
+        const Alarm alarm;
+        {
+            FileProbe probe;
+            QCOMPARE(probe.silent({file}), QStringList(file));
+        }
+        FileProbe another;
+        QCOMPARE(another.silent({file}), QStringList(file));
+    }
 
-void tst_FileProbe::aHelperThatDiesIsNoSilentFile()
-{
-    FileProbe probe;
-    for (int i = 0; i < 10; ++i) {
-        const QString file = QStringLiteral("/tmp/there is no drawing %1.dwg").arg(i);
-        QCOMPARE(probe.silent({file}), QStringList());
+    void aHelperThatDiesIsReplaced()
+    {
+        StuckFolder folder(StuckFolder::Kind::Calls);
+        QVERIFY2(folder.problem().isEmpty(), qPrintable(folder.problem()));
+        const QString file = folder.makeFile("a.dwg", "AC1032");
+        folder.stopAnswering();
+        FileProbe probe;
+        QCOMPARE(probe.silent({file}), QStringList(file));
         QVERIFY(killHelper());
+        folder.answerAgain();
+        // What the old one was asked, the new one must be asked again.
+        QTRY_COMPARE(probe.silent({file}), QStringList());
+        // And a death is never a silence.
+        for (int i = 0; i < 10; ++i) {
+            QVERIFY(killHelper()); // there was a new one
+            QCOMPARE(probe.silent({QString("/tmp/there is no drawing %1.dwg").arg(i)}), QStringList());
+        }
+        QCOMPARE(probe.problem(), QString());
     }
-    QCOMPARE(probe.problem(), QString());
-}
 
-void tst_FileProbe::aBusyMachineIsNoSilentFile()
-{
-    FileProbe probe;
-    QCOMPARE(probe.silent({QStringLiteral("/")}), QStringList());
-    // The helper does not come to look for longer than a file has.
-    QTRY_VERIFY(!helperId().isEmpty()); // those of former tests may take a moment to end
-    const QString id = helperId();
-    QElapsedTimer clock;
-    clock.start(); // before the second below begins
-    QVERIFY(id.toInt() > 0 && ::kill(id.toInt(), SIGSTOP) == 0);
-    QVERIFY(QProcess::startDetached(QStringLiteral("sh"),
-                                    {QStringLiteral("-c"), QStringLiteral("sleep 1; kill -CONT ") + id}));
-    QCOMPARE(probe.silent({QStringLiteral("/tmp")}), QStringList());
-    QVERIFY2(clock.elapsed() > FileProbe::deadline, "the helper was not kept from looking");
-}
+    void manySilentFilesHoldUpNoOther_data() { addStuckFolderRows(); }
+    void manySilentFilesHoldUpNoOther()
+    {
+        STUCK_FOLDER_OR_SKIP(folder);
+        QStringList silent;
+        for (int i = 0; i < 200; ++i)
+            silent.append(folder.makeFile(QString("%1.dwg").arg(i), "AC1032"));
+        folder.stopAnswering();
+        FileProbe probe;
+        QCOMPARE(probe.silent(silent + QStringList("/tmp")), silent);
+    }
 
-void tst_FileProbe::manySilentFilesHoldUpNoOther()
-{
-    STUCK_FOLDER_OR_SKIP(folder);
-    QStringList silent;
-    for (int i = 0; i < 200; ++i)
-        silent.append(folder.makeFile(QStringLiteral("%1.dwg").arg(i), "AC1032"));
-    folder.stopAnswering();
-    FileProbe probe;
-    QCOMPARE(probe.silent(silent + QStringList(QStringLiteral("/tmp"))), silent);
-}
+    void whatNoThreadLooksAtIsSilentUntilOneDoes()
+    {
+        StuckFolder folder(StuckFolder::Kind::Calls);
+        QVERIFY2(folder.problem().isEmpty(), qPrintable(folder.problem()));
+        const QString stuck = folder.makeFile("a.dwg", "AC1032");
+        const QString other = "/tmp";
+        const Threads threads(1); // as many as a machine with nothing else to do would need
+        threads.runOut();
+        FileProbe probe;
+        QCOMPARE(probe.silent({stuck, other}), QStringList());
+        folder.stopAnswering();
+        QCOMPARE(probe.silent({stuck}), QStringList(stuck)); // and holds the only thread
+        QCOMPARE(probe.silent({stuck, other}), QStringList({stuck, other}));
+        threads.areThereAgain();
+        QTRY_COMPARE(probe.silent({stuck, other}), QStringList(stuck));
+        folder.answerAgain();
+        QTRY_COMPARE(probe.silent({stuck, other}), QStringList());
+    }
 
-void tst_FileProbe::whatNoThreadLooksAtIsSilentUntilOneDoes()
-{
-    StuckFolder folder(StuckFolder::Kind::Calls);
-    QVERIFY2(folder.problem().isEmpty(), qPrintable(folder.problem()));
-    const QString stuck = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
-    const QString other = QStringLiteral("/tmp");
-    const Threads threads(1); // as many as a machine with nothing else to do would need
-    threads.runOut();
-    FileProbe probe;
-    QCOMPARE(probe.silent({stuck, other}), QStringList());
-    folder.stopAnswering();
-    QCOMPARE(probe.silent({stuck}), QStringList(stuck)); // and holds the only thread
-    QCOMPARE(probe.silent({stuck, other}), QStringList({stuck, other}));
-    threads.areThereAgain();
-    QTRY_COMPARE(probe.silent({stuck, other}), QStringList(stuck));
-    folder.answerAgain();
-    QTRY_COMPARE(probe.silent({stuck, other}), QStringList());
-}
+    void aHelperWithoutAThreadIsNone()
+    {
+        const Threads threads;
+        threads.runOut();
+        FileProbe probe;
+        QElapsedTimer clock;
+        clock.start();
+        QCOMPARE(probe.silent({"/tmp"}), QStringList());
+        QVERIFY(!probe.problem().isEmpty());
+        QVERIFY2(clock.elapsed() < 5000, "it was waited for as if it were busy");
+    }
 
-void tst_FileProbe::aHelperWithoutAThreadIsNone()
-{
-    const Threads threads;
-    threads.runOut();
-    FileProbe probe;
-    QElapsedTimer clock;
-    clock.start();
-    QCOMPARE(probe.silent({QStringLiteral("/tmp")}), QStringList());
-    QVERIFY(!probe.problem().isEmpty());
-    QVERIFY2(clock.elapsed() < 5000, "it was waited for as if it were busy");
-}
+    void withoutAHelperNothingIsSilent()
+    {
+        StuckFolder folder(StuckFolder::Kind::Calls);
+        QVERIFY2(folder.problem().isEmpty(), qPrintable(folder.problem()));
+        const QString file = folder.makeFile("a.dwg", "AC1032");
+        folder.stopAnswering();
+        const QString nowhere = "/no such folder/fxprobe";
+        FileProbe probe(nowhere);
+        QCOMPARE(probe.silent({file}), QStringList());
+        QVERIFY2(probe.problem().contains(nowhere), qPrintable(probe.problem()));
+        FileProbe silentOne("/bin/true"); // starts, and says nothing
+        QCOMPARE(silentOne.silent({file}), QStringList());
+        QVERIFY(!silentOne.problem().isEmpty());
+    }
 
-void tst_FileProbe::withoutAHelperNothingIsSilent()
-{
-    StuckFolder folder(StuckFolder::Kind::Calls);
-    QVERIFY2(folder.problem().isEmpty(), qPrintable(folder.problem()));
-    const QString file = folder.makeFile(QStringLiteral("a.dwg"), "AC1032");
-    folder.stopAnswering();
-    const QString nowhere = QStringLiteral("/no such folder/fxprobe");
-    FileProbe probe(nowhere);
-    QCOMPARE(probe.silent({file}), QStringList());
-    QVERIFY2(probe.problem().contains(nowhere), qPrintable(probe.problem()));
-    FileProbe silentOne(QStringLiteral("/bin/true")); // starts, and says nothing
-    QCOMPARE(silentOne.silent({file}), QStringList());
-    QVERIFY(!silentOne.problem().isEmpty());
-}
+    // What of the recent documents modules get to see, and what the user is told of the others.
+
+    void withoutAHelperModulesGetAllAndTheUserOneMessage()
+    {
+        const QString nowhere = "/no such folder/fxprobe";
+        fxhost::RecentFiles listed;
+        listed.setPaths({"/a.dwg"});
+        FileProbe probe(nowhere);
+        QStringList said;
+        const AnsweringRecentFiles list(listed, probe, [&](const QString &text) { said.append(text); });
+        std::vector<CFxString> paths;
+        for (int i = 0; i < 3; ++i) {
+            list.GetPaths(paths);
+            QCOMPARE(QStringList(paths.begin(), paths.end()), listed.paths());
+        }
+        QCOMPARE(said.size(), 1);
+        QVERIFY2(said.constFirst().contains(nowhere), qPrintable(said.constFirst()));
+    }
+
+    void modulesGetWhatAnswers_data() { addStuckFolderRows(); }
+    void modulesGetWhatAnswers()
+    {
+        STUCK_FOLDER_OR_SKIP(folder);
+        const QString away = folder.makeFile("away.dwg", "AC1032");
+        const QString astral = "/\u6771\u4eac \U0001F4D0.dwg";
+        fxhost::RecentFiles listed;
+        listed.setPaths({astral, away, "/b.dwg"});
+        FileProbe probe;
+        QStringList said;
+        const AnsweringRecentFiles list(listed, probe, [&](const QString &text) { said.append(text); });
+        const auto given = [&list] {
+            std::vector<CFxString> paths{CFxString(L"left over")};
+            list.GetPaths(paths);
+            return QStringList(paths.begin(), paths.end());
+        };
+        QCOMPARE(given(), listed.paths());
+        QCOMPARE(said, QStringList());
+
+        const QStringList all = listed.paths();
+        for (int round = 1; round <= 2; ++round) {
+            folder.stopAnswering();
+            QTRY_COMPARE(given(), QStringList({astral, "/b.dwg"}));
+            QCOMPARE(given().size(), 2);
+            QCOMPARE(listed.paths(), all); // kept all the same
+            QCOMPARE(said.size(), round);  // once each time
+            QVERIFY2(said.constLast().contains(away) && !said.constLast().contains(astral),
+                     qPrintable(said.constLast()));
+            folder.answerAgain();
+            QTRY_COMPARE(given(), all);
+        }
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_FileProbe)
 #include "tst_fileprobe.moc"

@@ -4,9 +4,11 @@
 #include "host/runtime/commands/CommandStack.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/editor/Editor.h"
+#include "host/runtime/log/HostLog.h"
 #include "host/runtime/recent/RecentFileStore.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "tests/support/FullDisk.h"
+#include "tests/support/PreviewBytes.h"
 #include "tests/support/RunningHost.h"
 #include "tests/support/TestCase.h"
 
@@ -21,9 +23,16 @@
 #include <memory>
 
 using fxhost::FxHost;
+using fxhost::HostLog;
 
 namespace {
 
+QWidget *mainWindow()
+{
+    return GetFxSystemServices()->GetMainFrame()->GetMainWindow();
+}
+
+//! Writes down what is told of the main window and the application.
 class WindowListener : public CFxEditorReactor
 {
 public:
@@ -33,17 +42,15 @@ public:
     void mainFrameCreated(QWidget *frame) override { note("created", frame); }
     void mainFrameDestroyed(QWidget *frame) override { note("destroyed", frame); }
     void windowStateChanged(QWidget *frame) override { note("changed", frame); }
-    void appActivated() override { events << QStringLiteral("app activated"); }
-    void appDeactivated() override { events << QStringLiteral("app deactivated"); }
+    void appActivated() override { events << "app activated"; }
+    void appDeactivated() override { events << "app deactivated"; }
 
     QStringList events;
 
 private:
     void note(const char *event, QWidget *frame)
     {
-        const bool isCurrent = GetFxSystemServices()->GetMainFrame()->GetMainWindow() == frame;
-        events << QStringLiteral("%1 %2%3").arg(QLatin1String(event), frame->objectName(),
-                                                isCurrent ? QString() : QStringLiteral(" too late"));
+        events << QString(event) + ' ' + frame->objectName() + (mainWindow() == frame ? "" : " too late");
     }
 
     FxHost &m_host;
@@ -55,34 +62,43 @@ class Profile
     QTemporaryDir m_folder;
 
 public:
-    const QString directory = m_folder.filePath(QStringLiteral("made/on demand"));
+    const QString directory = m_folder.filePath("made/on demand");
 
-    QString file(const char *name) const { return directory + QLatin1Char('/') + QLatin1String(name); }
-
+    QString file(const char *name) const { return directory + '/' + name; }
     void write(const char *name, const QByteArray &content) const
     {
-        QVERIFY(QDir().mkpath(directory));
-        QFile target(file(name));
-        QVERIFY(target.open(QIODevice::WriteOnly));
-        QCOMPARE(target.write(content), qint64(content.size()));
-    }
-
-    //! What a host that starts on this profile says.
-    QStringList messagesAtStart() const
-    {
-        FxHost host(directory, QString());
-        QStringList messages;
-        connect(host, messages);
-        drainEvents();
-        return messages;
-    }
-
-    static void connect(const FxHost &host, QStringList &messages)
-    {
-        QObject::connect(&host, &FxHost::message, &host,
-                         [&messages](const QString &text) { messages.append(text); });
+        QDir().mkpath(directory);
+        testbytes::writeFile(file(name), content);
     }
 };
+
+//! A host on a profile, and what it says.
+struct ProfileHost
+{
+    explicit ProfileHost(const QString &profile) : host(profile, QString())
+    {
+        QObject::connect(&host, &FxHost::message, &host,
+                         [this](const QString &text) { messages.append(text); });
+    }
+    explicit ProfileHost(const Profile &profile) : ProfileHost(profile.directory) {}
+
+    //! Whether it has said one thing, and of this file.
+    bool hasSaidOnce(const QString &file) const
+    {
+        return messages.size() == 1 && messages.first().contains(file);
+    }
+
+    QStringList messages;
+    FxHost host;
+    fxhost::RecentFiles &recent = host.recentFiles();
+    fxhost::HostSettings &settings = host.settings();
+};
+
+QByteArray contentOfFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
 
 } // namespace
 
@@ -106,17 +122,14 @@ private slots:
         QCOMPARE(services, &running.host);
         QCOMPARE(services->GetDocumentManager(), &running.host.documents());
         QVERIFY(services->GetCustomization());
-        QCOMPARE(services->GetMainFrame()->GetMainWindow(), nullptr);
+        QCOMPARE(mainWindow(), nullptr);
 
-        running.host.recentFiles().add(QStringLiteral("/a.dwg"));
+        running.host.recentFiles().add("/a.dwg");
         std::vector<CFxString> paths;
         services->GetApplication()->GetUserProfile()->GetRecentFileList()->GetPaths(paths);
         QCOMPARE(paths, std::vector<CFxString>{CFxString(L"/a.dwg")});
-    }
 
-    void whatTheEngineGivesIsCountedAndTheCallers()
-    {
-        RunningHost running;
+        // What the engine gives is counted and the caller's.
         OdEdCommandStack *const stack = odedRegCmds();
         OdEditor *const editor = odedEditor();
         QCOMPARE(stack, &running.host.commandStack());
@@ -133,42 +146,25 @@ private slots:
         RunningHost running;
         WindowListener listener(running.host);
         QWidget first;
-        first.setObjectName(QStringLiteral("first"));
-        QWidget second;
-        second.setObjectName(QStringLiteral("second"));
+        first.setObjectName("first");
+        auto second = std::make_unique<QWidget>();
+        second->setObjectName("second");
 
         running.host.setMainWindow(&first);
-        running.host.setMainWindow(&second);
+        first.setWindowState(Qt::WindowMaximized);
+        QTRY_COMPARE(listener.events, QStringList({"created first", "changed first"}));
+        running.host.setMainWindow(second.get());
         running.host.setMainWindow(nullptr);
         running.host.setMainWindow(nullptr);
+        QCOMPARE(listener.events.mid(2),
+                 QStringList({"destroyed first", "created second", "destroyed second"}));
+        QCOMPARE(mainWindow(), nullptr);
 
-        QCOMPARE(listener.events,
-                 QStringList({QStringLiteral("created first"), QStringLiteral("destroyed first"),
-                              QStringLiteral("created second"), QStringLiteral("destroyed second")}));
-        QCOMPARE(GetFxSystemServices()->GetMainFrame()->GetMainWindow(), nullptr);
-    }
-
-    void aMainWindowThatDiedIsNotThereAnyMore()
-    {
-        RunningHost running;
-        WindowListener listener(running.host);
-        auto window = std::make_unique<QWidget>();
-        running.host.setMainWindow(window.get());
-        window.reset();
-        QCOMPARE(GetFxSystemServices()->GetMainFrame()->GetMainWindow(), nullptr);
+        running.host.setMainWindow(second.get());
+        second.reset(); // and nobody has told the host
+        QCOMPARE(mainWindow(), nullptr);
         running.host.setMainWindow(nullptr);
-        QCOMPARE(listener.events.size(), 1);
-    }
-
-    void theMainWindowsStateIsTold()
-    {
-        RunningHost running;
-        WindowListener listener(running.host);
-        QWidget window;
-        running.host.setMainWindow(&window);
-        window.setWindowState(Qt::WindowMaximized);
-        QTRY_VERIFY(listener.events.contains(QStringLiteral("changed ")));
-        running.host.setMainWindow(nullptr);
+        QCOMPARE(listener.events.mid(5), QStringList("created second"));
     }
 
     void comingToTheFrontIsTold()
@@ -177,8 +173,7 @@ private slots:
         WindowListener listener(running.host);
         emit qGuiApp->applicationStateChanged(Qt::ApplicationActive);
         emit qGuiApp->applicationStateChanged(Qt::ApplicationInactive);
-        QCOMPARE(listener.events,
-                 QStringList({QStringLiteral("app activated"), QStringLiteral("app deactivated")}));
+        QCOMPARE(listener.events, QStringList({"app activated", "app deactivated"}));
     }
 
     void theEndClosesDrawingsBeforeTheWindowGoes()
@@ -189,7 +184,7 @@ private slots:
         {
         public:
             explicit Order(QStringList &list) : m_list(list) {}
-            void mainFrameDestroyed(QWidget *) override { m_list << QStringLiteral("window"); }
+            void mainFrameDestroyed(QWidget *) override { m_list << "window"; }
 
         private:
             QStringList &m_list;
@@ -200,40 +195,46 @@ private slots:
             running.host.editor().addReactor(&listener);
             running.host.documents().newDocument();
             connect(&running.host.documents(), &fxhost::DocumentManager::documentAboutToClose, this,
-                    [&] { order << QStringLiteral("drawing"); });
+                    [&] { order << "drawing"; });
         }
-        QCOMPARE(order, QStringList({QStringLiteral("drawing"), QStringLiteral("window")}));
+        QCOMPARE(order, QStringList({"drawing", "window"}));
     }
 
-    void recentDocumentsAndTheirNumberAreKeptAcrossRuns()
+    // Its profile.
+
+    void aProfileComesBack()
     {
         const Profile profile;
         {
-            FxHost host(profile.directory, QString());
-            host.recentFiles().setMaximum(12);
+            ProfileHost fresh(profile);
+            fresh.recent.setMaximum(12);
             for (int i = 1; i <= 13; ++i)
-                host.recentFiles().add(QStringLiteral("/%1.dwg").arg(i));
+                fresh.recent.add(QString("/%1.dwg").arg(i));
+            QVERIFY(fresh.settings.windowGeometry().isEmpty());
+            QVERIFY(fresh.settings.lastDirectory().isEmpty());
+            fresh.settings.setWindowGeometry(QByteArray("\x01\x00\xff geometry", 12));
+            fresh.settings.setLastDirectory(" /pl\u00e4ne, \U0001F4D0 ");
+            drainEvents();
+            QCOMPARE(fresh.messages, QStringList());
         }
-        FxHost host(profile.directory, QString());
-        QCOMPARE(host.recentFiles().maximum(), 12);
-        QCOMPARE(host.recentFiles().paths().size(), 12);
-        QCOMPARE(host.recentFiles().paths().first(), QStringLiteral("/13.dwg"));
-    }
-
-    void aFreshProfileIsNothingToTalkOf()
-    {
-        const Profile profile;
-        QCOMPARE(profile.messagesAtStart(), QStringList());
+        const ProfileHost next(profile);
+        QCOMPARE(next.recent.maximum(), 12);
+        QCOMPARE(next.recent.paths().size(), 12);
+        QCOMPARE(next.recent.paths().first(), QString("/13.dwg"));
+        QCOMPARE(next.settings.windowGeometry(), QByteArray("\x01\x00\xff geometry", 12));
+        QCOMPARE(next.settings.lastDirectory(), QString(" /pl\u00e4ne, \U0001F4D0 "));
     }
 
     void aDamagedListIsToldOnceThereIsSomebodyToHear()
     {
         const Profile profile;
         profile.write("recent.txt", "rubbish");
-        const QStringList messages = profile.messagesAtStart();
-        QCOMPARE(messages.size(), 1);
-        QVERIFY2(messages.first().contains(profile.file("recent.txt")), qPrintable(messages.first()));
-        QCOMPARE(profile.messagesAtStart(), QStringList());
+        for (const bool isDamaged : {true, false}) {
+            const ProfileHost running(profile);
+            drainEvents();
+            QCOMPARE(running.hasSaidOnce(profile.file("recent.txt")), isDamaged);
+            QCOMPARE(running.messages.size(), isDamaged ? 1 : 0);
+        }
     }
 
     void damagedSettingsAreSetAside()
@@ -242,120 +243,95 @@ private slots:
         const QByteArray damaged = "[recent]\nmaximum=25\n[cut o";
         profile.write("settings.ini", damaged);
         {
-            FxHost host(profile.directory, QString());
-            QStringList messages;
-            Profile::connect(host, messages);
+            const ProfileHost running(profile);
             drainEvents();
-            QCOMPARE(messages.size(), 1);
-            QVERIFY2(messages.first().contains(profile.file("settings.ini.damaged")),
-                     qPrintable(messages.first()));
-            QCOMPARE(host.recentFiles().maximum(), 10); // nothing of what could be read
+            QVERIFY(running.hasSaidOnce(profile.file("settings.ini.damaged")));
+            QCOMPARE(running.recent.maximum(), 10); // nothing of what could be read
         }
-        QFile kept(profile.file("settings.ini.damaged"));
-        QVERIFY(kept.open(QIODevice::ReadOnly));
-        QCOMPARE(kept.readAll(), damaged);
+        QCOMPARE(contentOfFile(profile.file("settings.ini.damaged")), damaged);
         {
-            FxHost host(profile.directory, QString());
-            QCOMPARE(host.recentFiles().maximum(), 10);
-            host.recentFiles().setMaximum(30);
+            ProfileHost running(profile);
+            QCOMPARE(running.recent.maximum(), 10);
+            running.recent.setMaximum(30);
         }
-        QCOMPARE(FxHost(profile.directory, QString()).recentFiles().maximum(), 30);
+        QCOMPARE(ProfileHost(profile).recent.maximum(), 30);
     }
 
-    void aStoredNumberThatIsNoneIsTheDefault_data()
+    void aStoredNumberIsReadOrTheDefault_data()
     {
-        QTest::addColumn<QByteArray>("value");
+        QTest::addColumn<int>("maximum");
         for (const char *value : {"0", "-3", "1001", "many", "", "99999999999999999999", "1.5", "@Invalid()"})
-            QTest::newRow(value) << QByteArray(value);
+            QTest::newRow(value) << 10;
+        QTest::newRow(" 16 ") << 16;
     }
 
-    void aStoredNumberThatIsNoneIsTheDefault()
+    void aStoredNumberIsReadOrTheDefault()
     {
-        QFETCH(QByteArray, value);
+        QFETCH(int, maximum);
         const Profile profile;
-        profile.write("settings.ini", "[recent]\nmaximum=" + value + "\n");
-        QCOMPARE(FxHost(profile.directory, QString()).recentFiles().maximum(), 10);
-    }
-
-    void settingsMayBeEditedByHand()
-    {
-        const Profile profile;
-        profile.write("settings.ini", "; mine\nwhatever=1\n\n[recent]\n maximum = 16 \n");
-        {
-            FxHost host(profile.directory, QString());
-            QCOMPARE(host.recentFiles().maximum(), 16);
-            host.settings().setLastDirectory(QStringLiteral(" /a folder "));
+        // As a user may have edited it.
+        profile.write("settings.ini", "; mine\nwhatever=1\n\n[recent]\n maximum =" +
+                                          QByteArray(QTest::currentDataTag()) + '\n');
+        for (const char *directory : {"", "/a folder"}) {
+            ProfileHost running(profile);
+            QCOMPARE(running.recent.maximum(), maximum);
+            QCOMPARE(running.settings.lastDirectory(), QString(directory));
+            running.settings.setLastDirectory("/a folder"); // which writes the file anew
         }
-        FxHost host(profile.directory, QString());
-        QCOMPARE(host.recentFiles().maximum(), 16);
-        QCOMPARE(host.settings().lastDirectory(), QStringLiteral(" /a folder "));
     }
 
     void aFullDiskLeavesTheSettingsAsTheyWere()
     {
         const Profile profile;
-        const auto content = [&] {
-            QFile file(profile.file("settings.ini"));
-            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-        };
         {
-            FxHost host(profile.directory, QString());
-            QStringList messages;
-            Profile::connect(host, messages);
-            host.settings().setLastDirectory(QString(1000, QLatin1Char('d')));
-            const QByteArray before = content();
+            ProfileHost running(profile);
+            running.settings.setLastDirectory(QString(1000, 'd'));
+            const QByteArray before = contentOfFile(profile.file("settings.ini"));
             {
                 const FullDisk disk(512); // bytes: Qt's lock file has room, so that it comes to the writing
-                host.recentFiles().setMaximum(20);
-                host.settings().setWindowGeometry("g");
+                running.recent.setMaximum(20);
+                running.settings.setWindowGeometry("g");
             }
-            QCOMPARE(content(), before);
-            QCOMPARE(messages.size(), 1);
-            QVERIFY2(messages.first().contains(profile.file("settings.ini")), qPrintable(messages.first()));
+            QCOMPARE(contentOfFile(profile.file("settings.ini")), before);
+            QVERIFY(running.hasSaidOnce(profile.file("settings.ini")));
         }
-        QCOMPARE(FxHost(profile.directory, QString()).recentFiles().maximum(), 20); // written in the end
+        QCOMPARE(ProfileHost(profile).recent.maximum(), 20); // written in the end
     }
 
     void aProfileThatCannotBeMadeIsTold()
     {
         const Profile profile;
         profile.write("file", "in the way");
-        FxHost host(profile.file("file/profile"), QString());
-        QStringList messages;
-        Profile::connect(host, messages);
+        ProfileHost running(profile.file("file/profile"));
         drainEvents();
-        QCOMPARE(messages.size(), 1);
-        QVERIFY2(messages.first().contains(profile.file("file/profile")), qPrintable(messages.first()));
-        host.recentFiles().add(QStringLiteral("/a.dwg")); // cannot be kept, which is told as well
-        QCOMPARE(messages.size(), 2);
-        QCOMPARE(host.recentFiles().paths(), QStringList(QStringLiteral("/a.dwg")));
-        host.recentFiles().add(QStringLiteral("/b.dwg")); // nor can this; it is as was told
-        QCOMPARE(messages.size(), 2);
+        QVERIFY(running.hasSaidOnce(profile.file("file/profile")));
+        running.recent.add("/a.dwg"); // cannot be kept, which is told as well
+        QCOMPARE(running.messages.size(), 2);
+        QCOMPARE(running.recent.paths(), QStringList("/a.dwg"));
+        running.recent.add("/b.dwg"); // nor can this; it is as was told
+        QCOMPARE(running.messages.size(), 2);
     }
 
     void whatAnotherHostHasMadeOfTheProfileHolds()
     {
         const Profile profile;
-        FxHost host(profile.directory, QString());
+        ProfileHost running(profile);
         QStringList paths;
         for (int i = 0; i < 30; ++i)
-            paths.append(QStringLiteral("/theirs %1.dwg").arg(i));
-        {
-            fxhost::HostSettings settings(profile.directory, [](const QString &) {});
-            settings.setRecentMaximum(50);
-        }
+            paths.append(QString("/theirs %1.dwg").arg(i));
+        fxhost::HostSettings(profile.directory, [](const QString &) {}).setRecentMaximum(50);
         fxhost::RecentFileStore(profile.file("recent.txt")).update({}, [&](const QStringList &) {
             return paths;
         });
-        // Turning from the one to the other, the person finds the list as he left it there.
-        QCOMPARE(host.recentFiles().paths(), QStringList());
+        // Turning from the one to the other, the user finds the list as it was left there.
+        QCOMPARE(running.recent.paths(), QStringList());
         emit qGuiApp->applicationStateChanged(Qt::ApplicationActive);
-        QCOMPARE(host.recentFiles().paths(), paths);
-        host.recentFiles().add(QStringLiteral("/ours.dwg"));
-        QCOMPARE(host.recentFiles().paths(), QStringList(QStringLiteral("/ours.dwg")) + paths);
-        QCOMPARE(host.recentFiles().maximum(), 50);
-        QVERIFY(host.recentFiles().remove(paths.constLast()));
-        QVERIFY(!host.recentFiles().remove(paths.constLast()));
+        QCOMPARE(running.recent.paths(), paths);
+        running.recent.add("/ours.dwg");
+        QCOMPARE(running.recent.paths(), QStringList("/ours.dwg") + paths);
+        QCOMPARE(running.recent.maximum(), 50);
+        QVERIFY(running.recent.remove(paths.constLast()));
+        QVERIFY(!running.recent.remove(paths.constLast()));
     }
 
     void whatCouldNotBeKeptIsKeptAtTheEnd()
@@ -363,30 +339,52 @@ private slots:
         const Profile profile;
         const QString file = profile.file("recent.txt");
         {
-            FxHost host(profile.directory, QString());
-            QStringList messages;
-            Profile::connect(host, messages);
-            const auto theirs = std::make_unique<fxhost::FileLock>(file + QStringLiteral(".lock"), 0);
-            QVERIFY(theirs->isHeld());
-            host.recentFiles().add(QStringLiteral("/a.dwg"));
-            QCOMPARE(messages.size(), 1);
+            ProfileHost running(profile);
+            const fxhost::FileLock theirs(file + ".lock", 0);
+            QVERIFY(theirs.isHeld());
+            running.recent.add("/a.dwg");
+            QCOMPARE(running.messages.size(), 1);
         }
-        QCOMPARE(fxhost::RecentFileStore(file).load().paths, QStringList(QStringLiteral("/a.dwg")));
+        QCOMPARE(fxhost::RecentFileStore(file).load().paths, QStringList("/a.dwg"));
     }
 
-    void settingsComeBack()
+    // Its log.
+
+    void everyKindOfEntryIsALineAtOnce()
     {
-        const Profile profile;
-        {
-            FxHost host(profile.directory, QString());
-            QVERIFY(host.settings().windowGeometry().isEmpty());
-            QVERIFY(host.settings().lastDirectory().isEmpty());
-            host.settings().setWindowGeometry(QByteArray("\x01\x00\xff geometry", 12));
-            host.settings().setLastDirectory(QStringLiteral("/pl\u00e4ne, \U0001F4D0"));
-        }
-        FxHost host(profile.directory, QString());
-        QCOMPARE(host.settings().windowGeometry(), QByteArray("\x01\x00\xff geometry", 12));
-        QCOMPARE(host.settings().lastDirectory(), QStringLiteral("/pl\u00e4ne, \U0001F4D0"));
+        const Profile folder;
+        folder.write("host.log", "help 1\n"); // which a second run continues
+        HostLog log(folder.file("host.log"));
+        log.command("_RECENT", 5100);
+        log.unknownCommand("nonsense");
+        log.open("/a b.dwg", true);
+        log.open("/missing.dwg", false);
+        log.open("/two\nlines\tand \u00e4 100%1.dwg", true);
+        log.help(3087);
+        log.module("/m.so", HostLog::ModuleEvent::Loaded);
+        log.module("/m.so", HostLog::ModuleEvent::Unloaded);
+        log.module("/m.so", HostLog::ModuleEvent::Failed);
+        QCOMPARE(contentOfFile(folder.file("host.log")),
+                 QByteArray("help 1\n"
+                            "command _RECENT 5100\n"
+                            "command nonsense unknown\n"
+                            "open /a b.dwg ok\n"
+                            "open /missing.dwg failed\n"
+                            "open /two%0Alines%09and \xc3\xa4 100%1.dwg ok\n"
+                            "help 3087\n"
+                            "module /m.so loaded\n"
+                            "module /m.so unloaded\n"
+                            "module /m.so failed\n"));
+    }
+
+    void aLogThatCannotBeWrittenIsTold()
+    {
+        HostLog none{QString()};
+        none.help(1);
+        QCOMPARE(none.errorString(), QString());
+        HostLog nowhere("/no such directory/host.log");
+        nowhere.help(1);
+        QVERIFY(!nowhere.errorString().isEmpty());
     }
 };
 

@@ -22,132 +22,111 @@ class tst_Paths : public TestCase
 
 private slots:
     void initTestCase() { fxhost::keepBytesOfPaths(); }
-    void everyNameComesBack_data();
-    void everyNameComesBack();
-    void namesThatAreUtf8AreThatText();
-    void anyBytesComeBack();
-    void twoNamesAreNeverOneText();
-    void qtFindsFilesByTheirBytes();
-    void otherProgramsAreToldTheBytes();
-    void streamsOfTextStayUtf8();
-    void textInPiecesStaysUtf8();
-    void onlyASlashMakesAPathFull();
-};
-
-void tst_Paths::everyNameComesBack_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("none") << QByteArray();
-    QTest::newRow("Latin 1") << QByteArray("/gr\xfcn.dwg");
-    QTest::newRow("a lead byte at the end") << QByteArray("/a\xc3");
-    QTest::newRow("a lead byte before ASCII") << QByteArray("/\xe6\x9dplan");
-    QTest::newRow("a trail byte alone") << QByteArray("/\x80\xbf");
-    QTest::newRow("an overlong slash") << QByteArray("/\xc0\xaf");
-    QTest::newRow("a surrogate") << QByteArray("/\xed\xa0\x80\xed\xb2\x80");
-    QTest::newRow("what carries a byte, as UTF-8") << QByteArray("/\xed\xb3\xbf");
-    QTest::newRow("beyond Unicode") << QByteArray("/\xf4\x90\x80\x80\xf8\xff");
-    QTest::newRow("a wrong byte behind four bytes") << QByteArray("/\xf0\x9f\x93\x90\x90");
-    QTest::newRow("null bytes") << QByteArray("/a\0\xff\0", 5);
-    QTest::newRow("a byte order mark") << QByteArray("\xef\xbb\xbf/a");
-    QTest::newRow("a replacement character") << QByteArray("/\xef\xbf\xbd \xff");
-    QTest::newRow("no character") << QByteArray("/\xef\xbf\xbf\xef\xb7\x90");
-    QTest::newRow("right to left") << QByteArray("/\xd7\x90\xd7\x91\xe2\x80\xaegwd\xe2\x80\xac");
-    QTest::newRow("of 4095 wrong bytes") << QByteArray(4095, '\xfe');
-}
-
-void tst_Paths::everyNameComesBack()
-{
-    QFETCH(QByteArray, bytes);
-    const QString path = pathFromBytes(bytes);
-    QCOMPARE(pathBytes(path), bytes);
-    QCOMPARE(pathFromBytes("/folder/" + bytes), QStringLiteral("/folder/") + path); // told alone, or with it
-    QCOMPARE(QString(CFxString(path)), path); // and through the modules' string
-    QCOMPARE(pathBytes(CFxString(path)), bytes);
-}
-
-void tst_Paths::namesThatAreUtf8AreThatText()
-{
-    const QString text = QStringLiteral("/pl\u00e4ne/\u6771\u4eac \U0001F4D0\n.dwg");
-    QCOMPARE(pathFromBytes(text.toUtf8()), text);
-    QCOMPARE(pathBytes(text), text.toUtf8());
-    QCOMPARE(pathFromBytes("/\xe4\xc3\xa4"), QString(QStringLiteral("/") + QChar(0xdce4) + QChar(0xe4)));
-}
-
-void tst_Paths::anyBytesComeBack()
-{
-    QRandomGenerator random(20261121);
-    for (int round = 0; round < 20000; ++round) {
-        QByteArray bytes;
-        // Mostly bytes that lead, trail or look like surrogates.
-        const QByteArray usual("a\x80\xbf\xc3\xa4\xe6\x9d\xb1\xed\xb2\xf0\x9f\x93\x90\xff\xef");
-        for (int i = random.bounded(12); i > 0; --i)
-            bytes +=
-                random.bounded(4) ? usual.at(random.bounded(usual.size())) : char(1 + random.bounded(255));
-        const QString path = pathFromBytes(bytes);
-        QCOMPARE(pathBytes(path), bytes);
-        QCOMPARE(QString(CFxString(path)), path);
-    }
-}
-
-void tst_Paths::twoNamesAreNeverOneText()
-{
-    QVERIFY(pathFromBytes("/a\xff") != pathFromBytes("/a\xfe"));
-    QVERIFY(pathFromBytes("/a\xff") != pathFromBytes("/a\xef\xbf\xbd"));
-    QVERIFY(pathFromBytes("/\xed\xb3\xbf") != pathFromBytes("/\xff"));
-}
-
-void tst_Paths::qtFindsFilesByTheirBytes()
-{
-    const QTemporaryDir folder;
-    const QByteArray bytes = QFile::encodeName(folder.path()) + "/gr\xfcn \xc3\xa4.dwg";
-    const QString path = pathFromBytes(bytes);
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.close();
-    QVERIFY(QFileInfo(path).isFile());
-    QCOMPARE(QFile::encodeName(path), bytes);
-    const QStringList names = QDir(folder.path()).entryList(QDir::Files);
-    QCOMPARE(names.size(), 1);
-    QCOMPARE(folder.filePath(names.constFirst()), path);
-}
-
-void tst_Paths::otherProgramsAreToldTheBytes()
-{
-    QProcess printf;
-    printf.start(QStringLiteral("printf"), {QStringLiteral("%s"), pathFromBytes("/gr\xfcn \xc3\xa4")});
-    QVERIFY(printf.waitForFinished());
-    QCOMPARE(printf.readAllStandardOutput(), QByteArray("/gr\xfcn \xc3\xa4"));
-}
-
-void tst_Paths::streamsOfTextStayUtf8()
-{
-    QByteArray bytes;
+    void everyNameComesBack()
     {
-        QTextStream stream(&bytes);
-        stream << QStringLiteral("\u00e4") << QChar(0xd83d) << QChar(0xdcd0);
+        QVector<QByteArray> names = {QByteArray(),
+                                     "/gr\xfcn.dwg",              // Latin 1
+                                     "/a\xc3",                    // a lead byte at the end
+                                     "/\xe6\x9dplan",             // and before ASCII
+                                     "/\x80\xbf",                 // a trail byte alone
+                                     "/\xc0\xaf",                 // an overlong slash
+                                     "/\xed\xa0\x80\xed\xb2\x80", // a surrogate
+                                     "/\xed\xb3\xbf",             // what carries a byte, as UTF-8
+                                     "/\xf4\x90\x80\x80\xf8\xff", // beyond Unicode
+                                     "/\xf0\x9f\x93\x90\x90",     // a wrong byte behind four bytes
+                                     QByteArray("/a\0\xff\0", 5), // null bytes
+                                     "\xef\xbb\xbf/a",            // a byte order mark
+                                     "/\xef\xbf\xbd \xff",        // a replacement character
+                                     "/\xef\xbf\xbf\xef\xb7\x90", // no character
+                                     "/\xd7\x90\xd7\x91\xe2\x80\xaegwd\xe2\x80\xac", // right to left
+                                     QByteArray(4095, '\xfe')};
+        QRandomGenerator random(20261121);
+        for (int round = 0; round < 20000; ++round) {
+            // Mostly bytes that lead, trail or look like surrogates.
+            const QByteArray usual("a\x80\xbf\xc3\xa4\xe6\x9d\xb1\xed\xb2\xf0\x9f\x93\x90\xff\xef");
+            QByteArray name;
+            for (int i = random.bounded(12); i > 0; --i)
+                name += random.bounded(4) ? usual.at(random.bounded(usual.size()))
+                                          : char(1 + random.bounded(255));
+            names.append(name);
+        }
+        for (const QByteArray &bytes : qAsConst(names)) {
+            const QString path = pathFromBytes(bytes);
+            QCOMPARE(pathBytes(path), bytes);
+            QCOMPARE(pathFromBytes("/folder/" + bytes), "/folder/" + path); // told alone, or with it
+            QCOMPARE(QString(CFxString(path)), path);                       // and through the modules' string
+            QCOMPARE(pathBytes(CFxString(path)), bytes);
+        }
     }
-    QCOMPARE(bytes, QByteArray("\xc3\xa4\xf0\x9f\x93\x90"));
-    QTextStream stream(bytes);
-    QCOMPARE(stream.readAll(), QStringLiteral("\u00e4\U0001F4D0"));
-}
 
-void tst_Paths::textInPiecesStaysUtf8()
-{
-    const QScopedPointer<QTextDecoder> decoder(QTextCodec::codecForLocale()->makeDecoder());
-    QString text;
-    for (const char *piece : {"x", "\xc3\xa4", "y\xc3", "\xa4z\xf0\x9f", "\x93", "\x90"})
-        text += decoder->toUnicode(piece);
-    QCOMPARE(text, QStringLiteral("x\u00e4y\u00e4z\U0001F4D0"));
-}
+    void namesThatAreUtf8AreThatText()
+    {
+        const QString text = "/pl\u00e4ne/\u6771\u4eac \U0001F4D0\n.dwg";
+        QCOMPARE(pathFromBytes(text.toUtf8()), text);
+        QCOMPARE(pathBytes(text), text.toUtf8());
+        QCOMPARE(pathFromBytes("/\xe4\xc3\xa4"), QString(QString("/") + QChar(0xdce4) + QChar(0xe4)));
+    }
 
-void tst_Paths::onlyASlashMakesAPathFull()
-{
-    const QString folder = QDir::currentPath() + QLatin1Char('/');
-    QCOMPARE(fxhost::absolutePath(QStringLiteral("/a//b.dwg")), QStringLiteral("/a//b.dwg"));
-    QCOMPARE(fxhost::absolutePath(QString()), QString());
-    for (const char *name : {"a.dwg", ":a.dwg", ":/a.dwg", "-a.dwg", "..dwg"})
-        QCOMPARE(fxhost::absolutePath(QLatin1String(name)), folder + QLatin1String(name));
-}
+    void twoNamesAreNeverOneText()
+    {
+        QVERIFY(pathFromBytes("/a\xff") != pathFromBytes("/a\xfe"));
+        QVERIFY(pathFromBytes("/a\xff") != pathFromBytes("/a\xef\xbf\xbd"));
+        QVERIFY(pathFromBytes("/\xed\xb3\xbf") != pathFromBytes("/\xff"));
+    }
+
+    void qtFindsFilesByTheirBytes()
+    {
+        const QTemporaryDir folder;
+        const QByteArray bytes = QFile::encodeName(folder.path()) + "/gr\xfcn \xc3\xa4.dwg";
+        const QString path = pathFromBytes(bytes);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.close();
+        QVERIFY(QFileInfo(path).isFile());
+        QCOMPARE(QFile::encodeName(path), bytes);
+        const QStringList names = QDir(folder.path()).entryList(QDir::Files);
+        QCOMPARE(names.size(), 1);
+        QCOMPARE(folder.filePath(names.constFirst()), path);
+    }
+
+    void otherProgramsAreToldTheBytes()
+    {
+        QProcess printf;
+        printf.start("printf", {"%s", pathFromBytes("/gr\xfcn \xc3\xa4")});
+        QVERIFY(printf.waitForFinished());
+        QCOMPARE(printf.readAllStandardOutput(), QByteArray("/gr\xfcn \xc3\xa4"));
+    }
+
+    void streamsOfTextStayUtf8()
+    {
+        QByteArray bytes;
+        {
+            QTextStream stream(&bytes);
+            stream << QString("\u00e4") << QChar(0xd83d) << QChar(0xdcd0);
+        }
+        QCOMPARE(bytes, QByteArray("\xc3\xa4\xf0\x9f\x93\x90"));
+        QTextStream stream(bytes);
+        QCOMPARE(stream.readAll(), QString("\u00e4\U0001F4D0"));
+    }
+
+    void textInPiecesStaysUtf8()
+    {
+        const QScopedPointer<QTextDecoder> decoder(QTextCodec::codecForLocale()->makeDecoder());
+        QString text;
+        for (const char *piece : {"x", "\xc3\xa4", "y\xc3", "\xa4z\xf0\x9f", "\x93", "\x90"})
+            text += decoder->toUnicode(piece);
+        QCOMPARE(text, QString("x\u00e4y\u00e4z\U0001F4D0"));
+    }
+
+    void onlyASlashMakesAPathFull()
+    {
+        const QString folder = QDir::currentPath() + '/';
+        QCOMPARE(fxhost::absolutePath("/a//b.dwg"), QString("/a//b.dwg"));
+        QCOMPARE(fxhost::absolutePath(QString()), QString());
+        for (const char *name : {"a.dwg", ":a.dwg", ":/a.dwg", "-a.dwg", "..dwg"})
+            QCOMPARE(fxhost::absolutePath(QLatin1String(name)), folder + QLatin1String(name));
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_Paths)
 #include "tst_paths.moc"

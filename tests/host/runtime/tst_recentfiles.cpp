@@ -13,7 +13,7 @@ QStringList numbered(int first, int last)
     QStringList paths;
     const int step = first <= last ? 1 : -1;
     for (int i = first; i != last + step; i += step)
-        paths.append(QStringLiteral("/drawings/%1.dwg").arg(i));
+        paths.append(QString("/drawings/%1.dwg").arg(i));
     return paths;
 }
 
@@ -24,107 +24,70 @@ class TestRecentFiles : public TestCase
     Q_OBJECT
 
 private slots:
-    void theLastAddedComesFirst()
+    void whatIsAddedComesFirst_data()
     {
-        RecentFiles list;
-        list.add(QStringLiteral("/a.dwg"));
-        list.add(QStringLiteral("/b.dwg"));
-        QCOMPARE(list.paths(), QStringList({QStringLiteral("/b.dwg"), QStringLiteral("/a.dwg")}));
+        QTest::addColumn<QStringList>("listed");
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QStringList>("after");
+        const QStringList a("/a");
+        QTest::newRow("to an empty list") << QStringList() << "/a" << a;
+        QTest::newRow("another") << a << "/b" << QStringList({"/b", "/a"});
+        QTest::newRow("of another case") << a << "/A" << QStringList({"/A", "/a"});
+        QTest::newRow("with other separators") << a << "//a" << QStringList({"//a", "/a"});
+        QTest::newRow("an empty path") << a << QString() << a;
+        QTest::newRow("what is listed")
+            << QStringList({"/a", "/b", "/c"}) << "/c" << QStringList({"/c", "/a", "/b"});
+        QTest::newRow("the eleventh") << numbered(10, 1) << "/drawings/11.dwg" << numbered(11, 2);
     }
 
-    void whatIsListedMovesToTheTop()
+    void whatIsAddedComesFirst()
     {
+        QFETCH(QStringList, listed);
+        QFETCH(QString, path);
+        QFETCH(QStringList, after);
         RecentFiles list;
-        list.setPaths(numbered(1, 3));
-        list.add(QStringLiteral("/drawings/3.dwg"));
-        QCOMPARE(list.paths(),
-                 QStringList({QStringLiteral("/drawings/3.dwg"), QStringLiteral("/drawings/1.dwg"),
-                              QStringLiteral("/drawings/2.dwg")}));
+        list.setPaths(listed);
+        QSignalSpy changed(&list, &RecentFiles::changed);
+        list.add(path);
+        list.add(path); // again, which changes nothing
+        QCOMPARE(list.paths(), after);
+        QCOMPARE(changed.size(), after == listed ? 0 : 1);
     }
 
-    void pathsThatDifferInCaseOrSeparatorsAreDifferent()
+    void theMaximumHolds()
     {
         RecentFiles list;
-        list.setPaths({QStringLiteral("/A.dwg"), QStringLiteral("/a.dwg"), QStringLiteral("//a.dwg")});
-        QCOMPARE(list.paths().size(), 3);
-    }
-
-    void anEmptyPathIsNotListed()
-    {
-        RecentFiles list;
-        list.add(QString());
-        QVERIFY(list.paths().isEmpty());
-    }
-
-    void theEleventhPushesTheOldestOut()
-    {
-        RecentFiles list;
-        const QStringList paths = numbered(1, 11);
-        for (const QString &path : paths)
-            list.add(path);
-        QCOMPARE(list.paths(), numbered(11, 2));
-    }
-
-    void aSmallerMaximumShortensTheList()
-    {
-        RecentFiles list;
-        list.setPaths(numbered(1, 10));
-        QVERIFY(list.setMaximum(4));
-        QCOMPARE(list.paths(), numbered(1, 4));
-    }
-
-    void aLargerMaximumTakesMore()
-    {
-        RecentFiles list;
+        QSignalSpy changed(&list, &RecentFiles::changed);
+        QSignalSpy maximumChanged(&list, &RecentFiles::maximumChanged);
+        for (const int refused : {0, -1, 1001})
+            QVERIFY(!list.setMaximum(refused));
+        QCOMPARE(list.maximum(), 10);
+        QVERIFY(maximumChanged.isEmpty());
         QVERIFY(list.setMaximum(RecentFiles::largestMaximum));
         list.setPaths(numbered(1, 1001));
         QCOMPARE(list.paths(), numbered(1, 1000));
-    }
-
-    void aMaximumOutOfRangeIsRefused_data()
-    {
-        QTest::addColumn<int>("maximum");
-        QTest::newRow("none at all") << 0;
-        QTest::newRow("negative") << -1;
-        QTest::newRow("one too many") << 1001;
-    }
-
-    void aMaximumOutOfRangeIsRefused()
-    {
-        QFETCH(int, maximum);
-        RecentFiles list;
-        QSignalSpy maximumChanged(&list, &RecentFiles::maximumChanged);
-        QVERIFY(!list.setMaximum(maximum));
-        QCOMPARE(list.maximum(), 10);
-        QVERIFY(maximumChanged.isEmpty());
+        QVERIFY(list.setMaximum(4));
+        QCOMPARE(list.paths(), numbered(1, 4));
+        QVERIFY(list.setMaximum(5));
+        QCOMPARE(maximumChanged.size(), 3);
+        QCOMPARE(changed.size(), 2);
     }
 
     void removingTellsWhetherItWasListed()
     {
         RecentFiles list;
         list.setPaths(numbered(1, 2));
-        QVERIFY(list.remove(QStringLiteral("/drawings/1.dwg")));
-        QVERIFY(!list.remove(QStringLiteral("/drawings/1.dwg")));
+        QVERIFY(list.remove("/drawings/1.dwg"));
+        QVERIFY(!list.remove("/drawings/1.dwg"));
         QCOMPARE(list.paths(), numbered(2, 2));
         list.clear();
         QVERIFY(list.paths().isEmpty());
     }
 
-    void onlyRealChangesAreTold()
-    {
-        RecentFiles list;
-        QSignalSpy changed(&list, &RecentFiles::changed);
-        list.add(QStringLiteral("/a.dwg"));
-        QCOMPARE(changed.size(), 1);
-        list.add(QStringLiteral("/a.dwg"));
-        list.setMaximum(5);
-        list.remove(QStringLiteral("/never there.dwg"));
-        QCOMPARE(changed.size(), 1);
-    }
-
     void changesAreMadeToWhatTheKeeperKeeps()
     {
         RecentFiles list;
+        QStringList knownToTheList;
         QStringList kept = numbered(7, 8); // by somebody else too
         list.setKeeper([&](const QStringList &known, const RecentFiles::Change &change) {
             knownToTheList = known;
@@ -132,17 +95,17 @@ private slots:
             return kept;
         });
         QSignalSpy changed(&list, &RecentFiles::changed);
-        list.add(QStringLiteral("/a.dwg"));
+        list.add("/a.dwg");
         QCOMPARE(knownToTheList, QStringList());
-        QCOMPARE(list.paths(), QStringList(QStringLiteral("/a.dwg")) + numbered(7, 8));
+        QCOMPARE(list.paths(), QStringList("/a.dwg") + numbered(7, 8));
         QCOMPARE(changed.size(), 1);
 
-        kept.prepend(QStringLiteral("/theirs.dwg"));
-        QVERIFY(list.remove(QStringLiteral("/theirs.dwg")));
-        QCOMPARE(list.paths(), QStringList(QStringLiteral("/a.dwg")) + numbered(7, 8));
+        kept.prepend("/theirs.dwg");
+        QVERIFY(list.remove("/theirs.dwg"));
+        QCOMPARE(list.paths(), QStringList("/a.dwg") + numbered(7, 8));
         QCOMPARE(kept, list.paths());
 
-        kept.prepend(QStringLiteral("/theirs.dwg"));
+        kept.prepend("/theirs.dwg");
         changed.clear();
         list.refresh();
         QCOMPARE(list.paths(), kept);
@@ -158,9 +121,6 @@ private slots:
         list.clear();
         QCOMPARE(kept, QStringList());
     }
-
-private:
-    QStringList knownToTheList;
 };
 
 QTEST_GUILESS_MAIN(TestRecentFiles)

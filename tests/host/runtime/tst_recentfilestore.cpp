@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/recent/RecentFileStore.h"
 
+#include "host/runtime/FileLock.h"
 #include "host/runtime/Paths.h"
 #include "tests/support/FullDisk.h"
+#include "tests/support/PreviewBytes.h"
+#include "tests/support/SpecialFiles.h"
 #include "tests/support/TestCase.h"
 
 #include <QDir>
@@ -10,47 +13,22 @@
 #include <QTemporaryDir>
 
 #include <climits>
+#include <memory>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+using fxhost::FileLock;
 using fxhost::RecentFileStore;
+using testbytes::writeFile;
 
 namespace {
 
+const QByteArray listHeader = "fxhost recent documents 1\n";
+
 //! As long as a file's name can be: no other file beside it can have this name and a suffix, neither the one
 //! that a list is written to first nor the one that a damaged list is renamed to.
-const QString longestName = QString(NAME_MAX, QLatin1Char('n'));
-
-//! The path of a list in a folder of its own.
-class ListFile
-{
-    QTemporaryDir m_folder;
-
-public:
-    explicit ListFile(const QString &name = QStringLiteral("recent.txt")) : path(m_folder.filePath(name)) {}
-
-    const QString path;
-
-    QString folder() const { return m_folder.path(); }
-    QString aside(const QString &suffix = QString()) const
-    {
-        return path + QLatin1String(".damaged") + suffix;
-    }
-
-    void write(const QByteArray &bytes) const
-    {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(bytes), qint64(bytes.size()));
-    }
-
-    static QByteArray contentOf(const QString &file)
-    {
-        QFile source(file);
-        return source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray("unreadable");
-    }
-};
+const QString longestName = QString(NAME_MAX, 'n');
 
 //! As long as it lives, this process cannot open files.
 class NoMoreFiles
@@ -70,210 +48,204 @@ private:
     rlimit m_usual = {};
 };
 
-RecentFileStore::Change adding(const QString &path)
+//! A list in a folder of its own.
+class ListFile
 {
-    return [path](const QStringList &listed) { return QStringList(path) + listed; };
+    QTemporaryDir m_folder;
+
+public:
+    explicit ListFile(const QString &name = "recent.txt") : path(m_folder.filePath(name)) {}
+
+    const QString path;
+
+    QString beside(const QString &name) const { return m_folder.filePath(name); }
+    QStringList files() const { return QDir(m_folder.path()).entryList(QDir::Files); }
+    QString lockFile() const { return path + ".lock"; }
+    //! What another program finds in it.
+    QStringList listed() const { return RecentFileStore(path).load().paths; }
+};
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
 }
 
-//! \return what the person should know
+//! The change that puts path in front, and leaves out where it was before; of a list of so many at most.
+RecentFileStore::Change adding(const QString &path, int most = 1000)
+{
+    return [path, most](const QStringList &listed) {
+        QStringList paths = QStringList(path) + listed;
+        paths.removeDuplicates();
+        return paths.mid(0, most);
+    };
+}
+
+RecentFileStore::Change replacing(const QStringList &paths)
+{
+    return [paths](const QStringList &) { return paths; };
+}
+
+QStringList unchanged(const QStringList &listed)
+{
+    return listed;
+}
+
+//! \return what the user should know
 QString save(RecentFileStore &store, const QStringList &paths)
 {
-    return store.update({}, [&](const QStringList &) { return paths; }).problem;
-}
-
-QString save(RecentFileStore &&store, const QStringList &paths)
-{
-    return save(store, paths);
+    return store.update({}, replacing(paths)).problem;
 }
 
 } // namespace
 
+//! One list, which several programs keep, and what may happen to its file.
 class TestRecentFileStore : public TestCase
 {
     Q_OBJECT
 
 private slots:
+    void aListComesBackAsItWasSaved_data()
+    {
+        QTest::addColumn<QStringList>("paths");
+        QTest::addColumn<QByteArray>("content"); // null where nobody cares
+        const QStringList odd = {
+            "/with blanks /and % percent%41.dwg ",
+            "/line\nend\rand\ttab\x7f.dwg",
+            "/\u00fcml\u00e4ut/\u6771\u4eac/\U0001F4D0.dwg",
+            "//twice//slashed/../dotted.dwg",
+            "/\u2028line separator.dwg",
+            QString("/null ") + QChar::Null, // which no file has, but a script may have said
+            fxhost::pathFromBytes("/no\xff UTF-8 \xc3.dwg"),
+            '/' + fxhost::pathFromBytes("\xef\xbb\xbf mark.dwg"),
+        };
+        QStringList many;
+        for (int i = 0; i < 1000; ++i)
+            many.append('/' + QString(4090, '\n') + QString::number(i));
+        QTest::newRow("odd paths") << odd << QByteArray();
+        QTest::newRow("a thousand long paths") << many << QByteArray();
+        QTest::newRow("for a reader") << QStringList({"/pl\u00e4ne/100% neu.dwg", "/b.dwg"})
+                                      << listHeader + "/pl\xc3\xa4ne/100%25 neu.dwg\n/b.dwg\n";
+        QTest::newRow("bytes that are no UTF-8")
+            << QStringList(fxhost::pathFromBytes("/pl\xe4ne/\xc3\xa4.dwg"))
+            << listHeader + "/pl%E4ne/%C3%A4.dwg\n";
+    }
+
     void aListComesBackAsItWasSaved()
     {
+        QFETCH(QStringList, paths);
+        QFETCH(QByteArray, content);
         const ListFile list;
-        const QStringList paths = {
-            QStringLiteral("/home/me/plan.dwg"),
-            QStringLiteral("/with blanks /and % percent%41.dwg "),
-            QStringLiteral("/line\nend\rand\ttab\x7f.dwg"),
-            QStringLiteral("/\u00fcml\u00e4ut/\u6771\u4eac/\U0001F4D0.dwg"),
-            QStringLiteral("//twice//slashed/../dotted.dwg"),
-            QStringLiteral("/\u2028line separator.dwg"),
-            QStringLiteral("/null ") + QChar::Null, // which no file has, but a script may have said
-            fxhost::pathFromBytes("/no\xff UTF-8 \xc3.dwg"),
-            fxhost::pathFromBytes("/\xc3\xa4 and \xe4.dwg"),
-            QLatin1Char('/') + fxhost::pathFromBytes("\xef\xbb\xbf mark.dwg"),
-        };
-        QCOMPARE(save(RecentFileStore(list.path), paths), QString());
-        const RecentFileStore::Kept loaded = RecentFileStore(list.path).load();
+        RecentFileStore store(list.path);
+        RecentFileStore::Kept loaded = store.load();
+        QCOMPARE(loaded.paths, QStringList()); // there is no file yet, which is nothing to speak of
+        QCOMPARE(loaded.problem, QString());
+        QCOMPARE(save(store, paths), QString());
+        loaded = RecentFileStore(list.path).load();
         QCOMPARE(loaded.paths, paths);
         QCOMPARE(loaded.problem, QString());
-    }
-
-    void aThousandLongPathsComeBack()
-    {
-        const ListFile list;
-        QStringList paths;
-        for (int i = 0; i < 1000; ++i)
-            paths.append(QLatin1Char('/') + QString(4090, QLatin1Char('\n')) + QString::number(i));
-        QCOMPARE(save(RecentFileStore(list.path), paths), QString());
-        QCOMPARE(RecentFileStore(list.path).load().paths, paths);
-    }
-
-    void aPersonCanReadTheFile()
-    {
-        const ListFile list;
-        save(RecentFileStore(list.path),
-             {QStringLiteral("/pl\u00e4ne/100% neu.dwg"), QStringLiteral("/b.dwg")});
-        QCOMPARE(ListFile::contentOf(list.path),
-                 QByteArray("fxhost recent documents 1\n/pl\xc3\xa4ne/100%25 neu.dwg\n/b.dwg\n"));
-    }
-
-    void bytesThatAreNoUtf8LeaveTheFileReadable()
-    {
-        const ListFile list;
-        save(RecentFileStore(list.path), {fxhost::pathFromBytes("/pl\xe4ne/\xc3\xa4.dwg")});
-        QCOMPARE(ListFile::contentOf(list.path),
-                 QByteArray("fxhost recent documents 1\n/pl%E4ne/%C3%A4.dwg\n"));
+        QVERIFY(content.isNull() || contentOf(list.path) == content);
+        QCOMPARE(store.update(paths, replacing({})).problem, QString());
+        QCOMPARE(contentOf(list.path), listHeader);
     }
 
     void aNameInOddWordsLeavesTheFileReadable()
     {
         const ListFile list;
+        RecentFileStore store(list.path);
         // Two bytes, each carried as if it were none of UTF-8; together they are.
-        const QString odd = QLatin1Char('/') + fxhost::pathFromBytes("\xc3") + fxhost::pathFromBytes("\xa4");
-        save(RecentFileStore(list.path), {odd, QStringLiteral("/b.dwg")});
-        const RecentFileStore::Kept loaded = RecentFileStore(list.path).load();
-        QCOMPARE(loaded.problem, QString());
-        QCOMPARE(loaded.paths, QStringList({QStringLiteral("/\u00e4"), QStringLiteral("/b.dwg")}));
-    }
-
-    void anEmptyListIsAFileToo()
-    {
-        const ListFile list;
-        save(RecentFileStore(list.path), {});
-        const RecentFileStore::Kept loaded = RecentFileStore(list.path).load();
-        QVERIFY(loaded.paths.isEmpty());
-        QCOMPARE(loaded.problem, QString());
-    }
-
-    void noFileIsAnEmptyList()
-    {
-        const ListFile list;
-        const RecentFileStore::Kept loaded = RecentFileStore(list.path).load();
-        QVERIFY(loaded.paths.isEmpty());
-        QCOMPARE(loaded.problem, QString());
+        save(store, {'/' + fxhost::pathFromBytes("\xc3") + fxhost::pathFromBytes("\xa4"), "/b.dwg"});
+        QCOMPARE(list.listed(), QStringList({"/\u00e4", "/b.dwg"}));
     }
 
     void aDamagedFileIsSetAside_data()
     {
         QTest::addColumn<QByteArray>("damaged");
-        const QByteArray header = "fxhost recent documents 1\n";
         QTest::newRow("empty") << QByteArray();
         QTest::newRow("only zeros") << QByteArray(64, '\0');
         QTest::newRow("another header") << QByteArray("fxhost recent documents 2\n/a.dwg\n");
-        QTest::newRow("cut inside the header") << header.left(10);
-        QTest::newRow("cut inside a path") << header + "/a.dwg\n/home/me/b";
-        QTest::newRow("an empty line") << header + "/a.dwg\n\n/b.dwg\n";
-        QTest::newRow("a relative path") << header + "a.dwg\n";
-        QTest::newRow("a percent sign without digits") << header + "/100%.dwg\n";
-        QTest::newRow("a percent sign with one digit") << header + "/a%2\n";
-        QTest::newRow("an escape that was not needed") << header + "/%41.dwg\n";
-        QTest::newRow("bytes that are no UTF-8") << header + "/\xff\xfe.dwg\n";
-        QTest::newRow("an escaped letter that is UTF-8") << header + "/%C3%A4.dwg\n";
-        QTest::newRow("a control character") << header + "/a\x01.dwg\n";
-        QTest::newRow("a zero byte") << header + QByteArray("/a\0.dwg\n", 8);
+        QTest::newRow("cut inside the header") << listHeader.left(10);
+        QTest::newRow("cut inside a path") << listHeader + "/a.dwg\n/home/me/b";
+        QTest::newRow("an empty line") << listHeader + "/a.dwg\n\n/b.dwg\n";
+        QTest::newRow("a relative path") << listHeader + "a.dwg\n";
+        QTest::newRow("a percent sign without digits") << listHeader + "/100%.dwg\n";
+        QTest::newRow("a percent sign with one digit") << listHeader + "/a%2\n";
+        QTest::newRow("an escape that was not needed") << listHeader + "/%41.dwg\n";
+        QTest::newRow("bytes that are no UTF-8") << listHeader + "/\xff\xfe.dwg\n";
+        QTest::newRow("an escaped letter that is UTF-8") << listHeader + "/%C3%A4.dwg\n";
+        QTest::newRow("a control character") << listHeader + "/a\x01.dwg\n";
+        QTest::newRow("a zero byte") << listHeader + QByteArray("/a\0.dwg\n", 8);
         QTest::newRow("Windows line ends") << QByteArray("fxhost recent documents 1\r\n/a.dwg\r\n");
-        QTest::newRow("longer than any list") << header + QByteArray("/a\n").repeated(1001);
-        QTest::newRow("larger than any list") << header + QByteArray(13 * 1024 * 1024, '/') + '\n';
+        QTest::newRow("longer than any list") << listHeader + QByteArray("/a\n").repeated(1001);
+        QTest::newRow("larger than any list") << listHeader + QByteArray(13 * 1024 * 1024, '/') + '\n';
     }
 
     void aDamagedFileIsSetAside()
     {
         QFETCH(QByteArray, damaged);
         const ListFile list;
-        list.write(damaged);
+        const QString aside = list.path + ".damaged";
+        writeFile(list.path, damaged);
         RecentFileStore store(list.path);
         const RecentFileStore::Kept loaded = store.load();
-        QVERIFY(loaded.paths.isEmpty());
-        const QString aside = list.aside();
+        QCOMPARE(loaded.paths, QStringList());
         QVERIFY2(loaded.problem.contains(list.path) && loaded.problem.contains(aside),
                  qPrintable(loaded.problem));
-        QCOMPARE(ListFile::contentOf(aside), damaged);
+        QCOMPARE(contentOf(aside), damaged);
         QVERIFY(!QFile::exists(list.path));
-        QCOMPARE(save(store, {QStringLiteral("/new.dwg")}), QString());
-        QCOMPARE(RecentFileStore(list.path).load().paths, QStringList(QStringLiteral("/new.dwg")));
+        QCOMPARE(save(store, {"/new.dwg"}), QString());
+        QCOMPARE(list.listed(), QStringList("/new.dwg"));
     }
 
     void whatWasSetAsideBeforeIsKept()
     {
         const ListFile list;
-        const QStringList generations = {QStringLiteral("first"), QStringLiteral("second"),
-                                         QStringLiteral("third")};
-        for (const QString &generation : generations) {
-            list.write(generation.toUtf8());
+        for (const char *generation : {"first", "second", "third"}) {
+            writeFile(list.path, generation);
             RecentFileStore(list.path).load();
         }
-        QStringList kept;
-        for (const QString &suffix : {QString(), QStringLiteral("-2"), QStringLiteral("-3")})
-            kept.append(QString::fromUtf8(ListFile::contentOf(list.aside(suffix))));
-        QCOMPARE(kept, generations);
+        QCOMPARE(contentOf(list.path + ".damaged"), QByteArray("first"));
+        QCOMPARE(contentOf(list.path + ".damaged-2"), QByteArray("second"));
+        QCOMPARE(contentOf(list.path + ".damaged-3"), QByteArray("third"));
     }
 
-    void aDirectoryInItsPlaceIsSetAside()
+    void whatIsNoFileIsSetAside()
     {
         const ListFile list;
-        QVERIFY(QDir().mkpath(list.path));
         RecentFileStore store(list.path);
+        const Alarm alarm;
+        QVERIFY(QDir().mkpath(list.path));
         QVERIFY(!store.load().problem.isEmpty());
-        QVERIFY(QFileInfo(list.aside()).isDir());
-        QCOMPARE(save(store, {}), QString());
-    }
-
-    void aFifoInItsPlaceDoesNotHang()
-    {
-        const ListFile list;
+        QVERIFY(QFileInfo(list.path + ".damaged").isDir());
         QCOMPARE(mkfifo(QFile::encodeName(list.path).constData(), S_IRUSR | S_IWUSR), 0);
-        QVERIFY(!RecentFileStore(list.path).load().problem.isEmpty());
+        QVERIFY(!store.load().problem.isEmpty());
+        QCOMPARE(save(store, {"/new.dwg"}), QString());
+        QCOMPARE(list.listed(), QStringList("/new.dwg"));
     }
 
     void aListThatCannotBeReadJustNowIsLeftAlone()
     {
         const ListFile list;
-        list.write("fxhost recent documents 1\n/former.dwg\n");
+        writeFile(list.path, listHeader + "/former.dwg\n");
         RecentFileStore store(list.path);
         RecentFileStore::Kept kept;
         RecentFileStore::Kept loaded;
         {
             const NoMoreFiles shortage;
-            kept = store.update({QStringLiteral("/known.dwg")}, adding(QStringLiteral("/new.dwg")));
+            kept = store.update({"/known.dwg"}, adding("/new.dwg"));
             loaded = RecentFileStore(list.path).load();
         }
         QVERIFY2(kept.problem.contains(list.path), qPrintable(kept.problem));
-        QCOMPARE(kept.paths, QStringList({QStringLiteral("/new.dwg"), QStringLiteral("/known.dwg")}));
+        QCOMPARE(kept.paths, QStringList({"/new.dwg", "/known.dwg"}));
         QVERIFY2(loaded.problem.contains(list.path), qPrintable(loaded.problem));
         QCOMPARE(loaded.paths, QStringList());
-        QCOMPARE(QDir(list.folder()).entryList(QDir::Files), QStringList(QStringLiteral("recent.txt")));
+        QCOMPARE(list.files(), QStringList("recent.txt"));
         QVERIFY(!store.isAllWritten());
         // What was new then is new still.
-        kept = store.update(kept.paths, adding(QStringLiteral("/newer.dwg")));
+        kept = store.update(kept.paths, adding("/newer.dwg"));
         QCOMPARE(kept.problem, QString());
-        QCOMPARE(RecentFileStore(list.path).load().paths,
-                 QStringList({QStringLiteral("/newer.dwg"), QStringLiteral("/new.dwg"),
-                              QStringLiteral("/former.dwg")}));
+        QCOMPARE(list.listed(), QStringList({"/newer.dwg", "/new.dwg", "/former.dwg"}));
         QVERIFY(store.isAllWritten());
-    }
-
-    void aListThatCannotBeWrittenIsTold()
-    {
-        const ListFile list;
-        const QString nowhere = list.folder() + QStringLiteral("/no such directory/recent.txt");
-        const QString problem = save(RecentFileStore(nowhere), {QStringLiteral("/a.dwg")});
-        QVERIFY2(problem.contains(nowhere), qPrintable(problem));
     }
 
     void theFormerListSurvivesAFailedWrite_data()
@@ -289,23 +261,185 @@ private slots:
         QFETCH(QString, name);
         QFETCH(int, room);
         const ListFile list(name);
-        list.write("fxhost recent documents 1\n/former.dwg\n");
+        writeFile(list.path, listHeader + "/former.dwg\n");
         const FullDisk disk(static_cast<rlim_t>(room));
-        const QString problem = save(RecentFileStore(list.path), {QStringLiteral("/new.dwg")});
+        RecentFileStore store(list.path);
+        const QString problem = save(store, {"/new.dwg"});
         QVERIFY2(problem.contains(list.path), qPrintable(problem));
-        QCOMPARE(RecentFileStore(list.path).load().paths, QStringList(QStringLiteral("/former.dwg")));
+        QCOMPARE(list.listed(), QStringList("/former.dwg"));
     }
 
     void aDamagedFileThatCannotBeRenamedIsLeftAlone()
     {
-        allowWarning(QStringLiteral("File name too long")); // Qt says why it cannot look for such a name
+        allowWarning("File name too long"); // Qt says why it cannot look for such a name
         const ListFile list(longestName);
-        list.write("damaged");
+        writeFile(list.path, "damaged");
         RecentFileStore store(list.path);
         const QString problem = store.load().problem;
         QVERIFY2(problem.contains(list.path), qPrintable(problem));
-        QCOMPARE(save(store, {QStringLiteral("/new.dwg")}), QString()); // it has been said already
-        QCOMPARE(ListFile::contentOf(list.path), QByteArray("damaged"));
+        QCOMPARE(save(store, {"/new.dwg"}), QString()); // it has been said already
+        QCOMPARE(contentOf(list.path), QByteArray("damaged"));
+    }
+
+    // Two programs.
+
+    void eachChangesWhatTheOtherHasWritten()
+    {
+        const ListFile list;
+        RecentFileStore one(list.path);
+        RecentFileStore other(list.path);
+        QCOMPARE(one.update({}, adding("/a")).paths, QStringList("/a"));
+        QCOMPARE(other.update({}, adding("/b")).paths, QStringList({"/b", "/a"}));
+        QCOMPARE(one.update({"/a"}, adding("/c")).paths, QStringList({"/c", "/b", "/a"}));
+        QCOMPARE(list.listed(), QStringList({"/c", "/b", "/a"}));
+        // What the one has removed the other does not bring back.
+        one.update({"/c", "/b", "/a"}, replacing({}));
+        QCOMPARE(other.update({"/b", "/a"}, adding("/b")).paths, QStringList("/b"));
+    }
+
+    void theListInMemoryStandsInForTheFile_data()
+    {
+        QTest::addColumn<bool>("isDamaged");
+        QTest::newRow("that is gone") << false;
+        QTest::newRow("that was damaged") << true;
+    }
+
+    void theListInMemoryStandsInForTheFile()
+    {
+        QFETCH(bool, isDamaged);
+        const ListFile list;
+        RecentFileStore store(list.path);
+        store.update({}, adding("/a"));
+        if (isDamaged)
+            writeFile(list.path, "damaged");
+        else
+            QVERIFY(QFile::remove(list.path));
+        const RecentFileStore::Kept kept = store.update({"/a"}, adding("/b"));
+        QCOMPARE(kept.paths, QStringList({"/b", "/a"}));
+        QCOMPARE(kept.problem.contains(list.path + ".damaged"), isDamaged);
+        QCOMPARE(kept.problem.isEmpty(), !isDamaged);
+        QCOMPARE(list.listed(), QStringList({"/b", "/a"}));
+    }
+
+    void whileTheOtherHoldsTheListNothingIsWrittenNorLost()
+    {
+        const ListFile list;
+        RecentFileStore store(list.path);
+        store.update({}, adding("/a"));
+        {
+            const FileLock theirs(list.lockFile(), 0);
+            QVERIFY(theirs.isHeld());
+            const RecentFileStore::Kept kept = store.update({"/a"}, adding("/b"));
+            QCOMPARE(kept.paths, QStringList({"/b", "/a"}));
+            QVERIFY2(kept.problem.contains(list.path), qPrintable(kept.problem));
+        }
+        QCOMPARE(list.listed(), QStringList("/a"));
+        RecentFileStore(list.path).update({"/a"}, adding("/c"));
+        QVERIFY(!store.isAllWritten());
+        // What could not be written counts as newer than what was.
+        QCOMPARE(store.update({"/b", "/a"}, unchanged).paths, QStringList({"/b", "/c", "/a"}));
+        QVERIFY(store.isAllWritten());
+        QCOMPARE(list.listed(), QStringList({"/b", "/c", "/a"}));
+    }
+
+    void whatCouldNotBeWrittenPushesOutWhatIsOldest()
+    {
+        const ListFile list;
+        RecentFileStore store(list.path);
+        save(store, {"/a", "/b", "/c"});
+        {
+            const FileLock theirs(list.lockFile(), 0);
+            QCOMPARE(store.update({"/a", "/b", "/c"}, adding("/mine", 3)).paths,
+                     QStringList({"/mine", "/a", "/b"}));
+        }
+        RecentFileStore(list.path).update({}, adding("/theirs", 3));
+        QCOMPARE(store.update({"/mine", "/a", "/b"}, adding("/next", 3)).paths,
+                 QStringList({"/next", "/mine", "/theirs"}));
+    }
+
+    void whatTheOtherHasWrittenAlreadyIsNotWrittenAgain()
+    {
+        const ListFile list;
+        RecentFileStore store(list.path);
+        {
+            const FileLock theirs(list.lockFile(), 0);
+            store.update({"/a"}, adding("/b"));
+        }
+        RecentFileStore(list.path).update({"/a"}, adding("/b"));
+        QCOMPARE(store.update({"/b", "/a"}, unchanged).paths, QStringList({"/b", "/a"}));
+        QVERIFY(store.isAllWritten());
+    }
+
+    void whatCouldNotBeWrittenIsWrittenWithTheNextChange()
+    {
+        const ListFile list("away/recent.txt");
+        RecentFileStore store(list.path);
+        const QString problem = store.update({}, adding("/a")).problem;
+        QVERIFY2(problem.contains(list.path), qPrintable(problem));
+        QVERIFY(QDir().mkpath(list.beside("away")));
+        RecentFileStore(list.path).update({}, adding("/c"));
+        QCOMPARE(store.update({"/a"}, adding("/b")).problem, QString());
+        QCOMPARE(list.listed(), QStringList({"/b", "/a", "/c"}));
+        // And from then on the file is believed again.
+        RecentFileStore(list.path).update({}, replacing({}));
+        QCOMPARE(store.update({"/b", "/a", "/c"}, adding("/b")).paths, QStringList("/b"));
+    }
+
+    void whatIsAsItWasIsNotWritten()
+    {
+        const ListFile list;
+        RecentFileStore store(list.path);
+        QCOMPARE(store.update({"/a"}, unchanged).paths, QStringList("/a"));
+        QVERIFY(!QFile::exists(list.path));
+        store.update({}, adding("/a"));
+        const auto inode = [&list] {
+            struct stat status = {};
+            return ::stat(QFile::encodeName(list.path).constData(), &status) == 0 ? status.st_ino : 0;
+        };
+        const ino_t before = inode();
+        QVERIFY(before != 0);
+        QCOMPARE(store.update({"/a"}, unchanged).problem, QString());
+        QCOMPARE(inode(), before);
+        store.update({"/a"}, adding("/b"));
+        QVERIFY(inode() != before); // what is written is another file
+    }
+
+    void whatKilledWritersHaveLeftIsRemoved()
+    {
+        const ListFile list;
+        const QStringList kept = {"recent.txt.ab12cd", "recent.txt.abc", "recent.txt.damaged",
+                                  "recent.txt.lock", "recentxtxt.abcdef"};
+        for (const QString &name : kept + QStringList({"recent.txt.AbCdEf", "recent.txt.zzzzzz"}))
+            writeFile(list.beside(name), "half a li");
+        {
+            const FileLock theirs(list.lockFile(), 0); // and may be writing
+            list.listed();
+            QCOMPARE(list.files().size(), kept.size() + 2);
+        }
+        list.listed();
+        QCOMPARE(list.files(), kept);
+    }
+
+    void aLockIsForOneAtATime()
+    {
+        const ListFile list;
+        auto first = std::make_unique<FileLock>(list.lockFile(), 0);
+        QVERIFY(first->isHeld() && !first->isBusy());
+        const FileLock second(list.lockFile(), 10);
+        QVERIFY(!second.isHeld() && second.isBusy());
+        first.reset();
+        QVERIFY(FileLock(list.lockFile(), 0).isHeld());
+    }
+
+    void whereNoLockCanBeHadNobodyIsBusy()
+    {
+        const ListFile list;
+        const FileLock nowhere(list.beside("no such folder/lock"), 10);
+        QVERIFY(!nowhere.isHeld() && !nowhere.isBusy());
+        RecentFileStore store(list.path);
+        QVERIFY(QDir().mkpath(list.lockFile())); // a folder, which cannot be opened for writing
+        QCOMPARE(save(store, {"/a"}), QString());
+        QCOMPARE(store.load().paths, QStringList("/a"));
     }
 };
 

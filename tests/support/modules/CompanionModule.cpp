@@ -5,12 +5,9 @@
 
 #include <CFxCommand.h>
 #include <CFxCommandContext.h>
-#include <CFxDocumentManager.h>
 #include <CFxDocumentManagerReactor.h>
 #include <CFxEditorReactor.h>
 #include <CFxServices.h>
-#include <OdEdCommandStack.h>
-#include <OdEditor.h>
 #include <OdStaticRxObject.h>
 
 #include <QMouseEvent>
@@ -73,13 +70,7 @@ public:
     void mainFrameDestroyed(QWidget *) override
     {
         delete m_panel;
-        OdEdCommandStack *const commands = odedRegCmds();
-        commands->removeCommand(&m_command);
-        commands->release();
-        OdEditor *const editor = odedEditor();
-        editor->removeReactor(this);
-        editor->release();
-        GetFxSystemServices()->GetDocumentManager()->RemoveReactor(this);
+        goOut(this, &m_command);
     }
 
     void DocumentCreated(CFxDocument *) override { note("DocumentCreated"); }
@@ -94,10 +85,7 @@ private:
 
 MODULE_EXPORT void odrxGetAPIVersion(int &major, int &minor, int &majorBuild, int &minorBuild)
 {
-    major = odrxApiMajor;
-    minor = odrxApiMinor;
-    majorBuild = odrxApiMajorBuild;
-    minorBuild = odrxApiMinorBuild;
+    tellVersion(major, minor, majorBuild, minorBuild);
 }
 
 MODULE_EXPORT OdRxModule *odrxCreateModuleObject(void *sysData, const OdChar *moduleName)

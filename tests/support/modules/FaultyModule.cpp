@@ -3,12 +3,8 @@
 #include "tests/support/modules/TestModule.h"
 
 #include <CFxCommand.h>
-#include <CFxDocumentManager.h>
 #include <CFxDocumentManagerReactor.h>
 #include <CFxEditorReactor.h>
-#include <CFxServices.h>
-#include <OdEdCommandStack.h>
-#include <OdEditor.h>
 #include <OdStaticRxObject.h>
 
 #include <QWidget>
@@ -96,10 +92,9 @@ MODULE_EXPORT void odrxGetAPIVersion(int &major, int &minor, int &majorBuild, in
 {
     if (fault == Fault::ThrowsWhenAsked)
         throw ModuleError();
-    major = odrxApiMajor;
-    minor = odrxApiMinor;
-    majorBuild = odrxApiMajorBuild;
-    minorBuild = fault == Fault::WrongVersion ? odrxApiMinorBuild + 7 : odrxApiMinorBuild;
+    tellVersion(major, minor, majorBuild, minorBuild);
+    if (fault == Fault::WrongVersion)
+        minorBuild += 7;
 }
 
 MODULE_EXPORT OdRxModule *odrxCreateModuleObject(void *sysData, const OdChar *moduleName)

@@ -4,8 +4,5 @@
 
 MODULE_EXPORT void odrxGetAPIVersion(int &major, int &minor, int &majorBuild, int &minorBuild)
 {
-    major = odrxApiMajor;
-    minor = odrxApiMinor;
-    majorBuild = odrxApiMajorBuild;
-    minorBuild = odrxApiMinorBuild;
+    tellVersion(major, minor, majorBuild, minorBuild);
 }

@@ -3,12 +3,9 @@
 // libraries that are made of this file apart.
 #include "tests/support/modules/TestModule.h"
 
-#include <CFxDocumentManager.h>
 #include <CFxDocumentManagerReactor.h>
 #include <CFxEditorReactor.h>
-#include <CFxServices.h>
 #include <CFxString.h>
-#include <OdEditor.h>
 
 namespace {
 
@@ -22,31 +19,21 @@ class RecordingModule : public vela_OdRxModule, public CFxEditorReactor, public 
 public:
     void initApp() override
     {
-        note(QStringLiteral("initApp"));
-        OdEditor *const editor = odedEditor();
-        editor->addReactor(this);
-        editor->release();
-        GetFxSystemServices()->GetDocumentManager()->AddReactor(this);
+        note("initApp");
+        comeIn(this);
     }
 
-    void uninitApp() override
-    {
-        note(GetFxSystemServices() ? QStringLiteral("uninitApp")
-                                   : QStringLiteral("uninitApp without a host"));
-    }
+    void uninitApp() override { note(GetFxSystemServices() ? "uninitApp" : "uninitApp without a host"); }
 
-    void mainFrameCreated(QWidget *) override { note(QStringLiteral("mainFrameCreated")); }
+    void mainFrameCreated(QWidget *) override { note("mainFrameCreated"); }
 
     void mainFrameDestroyed(QWidget *) override
     {
-        note(QStringLiteral("mainFrameDestroyed"));
-        OdEditor *const editor = odedEditor();
-        editor->removeReactor(this);
-        editor->release();
-        GetFxSystemServices()->GetDocumentManager()->RemoveReactor(this);
+        note("mainFrameDestroyed");
+        goOut(this);
     }
 
-    void DocumentCreated(CFxDocument *) override { note(QStringLiteral("DocumentCreated")); }
+    void DocumentCreated(CFxDocument *) override { note("DocumentCreated"); }
 };
 
 class RecordingModuleObject : public OdRxUnixModule<RecordingModuleObject, RecordingModule>
@@ -56,49 +43,40 @@ public:
 
     void addRef() override
     {
-        note(QStringLiteral("addRef"));
+        note("addRef");
         OdRxUnixModule::addRef();
     }
 
     void release() override
     {
-        note(QStringLiteral("release"));
+        note("release");
         OdRxUnixModule::release();
     }
 
     void deleteModule() override
     {
-        note(QStringLiteral("deleteModule"));
+        note("deleteModule");
         OdRxUnixModule::deleteModule();
     }
 };
 
-RecordingModuleObject *module = nullptr;
-
 //! Goes with the library's static objects.
 struct UnloadNote
 {
-    ~UnloadNote() { note(QStringLiteral("unloaded")); }
+    ~UnloadNote() { note("unloaded"); }
 } unloadNote;
 
 } // namespace
 
 MODULE_EXPORT void odrxGetAPIVersion(int &major, int &minor, int &majorBuild, int &minorBuild)
 {
-    major = odrxApiMajor;
-    minor = odrxApiMinor;
-    majorBuild = odrxApiMajorBuild;
-    minorBuild = odrxApiMinorBuild;
+    tellVersion(major, minor, majorBuild, minorBuild);
 }
 
 MODULE_EXPORT OdRxModule *odrxCreateModuleObject(void *sysData, const OdChar *moduleName)
 {
-    note(QStringLiteral("create ") + CFxString(moduleName));
-    module = new RecordingModuleObject(sysData, moduleName);
-    return module;
+    note("create " + QString(CFxString(moduleName)));
+    return new RecordingModuleObject(sysData, moduleName);
 }
 
-void deleteModuleObject()
-{
-    module = nullptr;
-}
+void deleteModuleObject() {}

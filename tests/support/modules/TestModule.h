@@ -22,18 +22,44 @@ inline void noteCall(const char *module, const QString &call)
     qApp->setProperty(property, calls);
 }
 
-//! Has the host tell module, a reactor of both sorts, of everything, and adds its command.
+//! Has the host tell module, a reactor of both sorts, of everything, and adds its command, if it has one.
 template<class Module>
-void comeIn(Module *module, OdEdCommand *command)
+void comeIn(Module *module, OdEdCommand *command = nullptr)
 {
-    OdEdCommandStack *const commands = odedRegCmds();
-    commands->addCommand(command);
-    commands->release();
+    if (command) {
+        OdEdCommandStack *const commands = odedRegCmds();
+        commands->addCommand(command);
+        commands->release();
+    }
     OdEditor *const editor = odedEditor();
     editor->addReactor(module);
     editor->release();
     GetFxSystemServices()->GetDocumentManager()->AddReactor(module);
 }
 
+//! The reverse.
+template<class Module>
+void goOut(Module *module, OdEdCommand *command = nullptr)
+{
+    if (command) {
+        OdEdCommandStack *const commands = odedRegCmds();
+        commands->removeCommand(command);
+        commands->release();
+    }
+    OdEditor *const editor = odedEditor();
+    editor->removeReactor(module);
+    editor->release();
+    GetFxSystemServices()->GetDocumentManager()->RemoveReactor(module);
+}
+
 //! Marks what a module library shows to the loader.
 #define MODULE_EXPORT extern "C" __attribute__((visibility("default")))
+
+//! As odrxGetAPIVersion() of a module that fits the host.
+inline void tellVersion(int &major, int &minor, int &majorBuild, int &minorBuild)
+{
+    major = odrxApiMajor;
+    minor = odrxApiMinor;
+    majorBuild = odrxApiMajorBuild;
+    minorBuild = odrxApiMinorBuild;
+}

@@ -220,7 +220,7 @@ private slots:
         const ProfileHost next(profile);
         QCOMPARE(next.recent.maximum(), 12);
         QCOMPARE(next.recent.paths().size(), 12);
-        QCOMPARE(next.recent.paths().first(), QString("/13.dwg"));
+        QCOMPARE(next.recent.paths().constFirst(), QString("/13.dwg"));
         QCOMPARE(next.settings.windowGeometry(), QByteArray("\x01\x00\xff geometry", 12));
         QCOMPARE(next.settings.lastDirectory(), QString(" /pl\u00e4ne, \U0001F4D0 "));
     }

@@ -129,7 +129,8 @@ private slots:
             }
             messages = running.messages;
         }
-        QCOMPARE(takeCalls().replaceInStrings(QRegularExpression(" /.*"), ""), calls);
+        QStringList made = takeCalls();
+        QCOMPARE(made.replaceInStrings(QRegularExpression(" /.*"), ""), calls); // without the module's path
         QCOMPARE(messages, QStringList());
     }
 

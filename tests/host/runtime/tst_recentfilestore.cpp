@@ -409,7 +409,8 @@ private slots:
         const ListFile list;
         const QStringList kept = {"recent.txt.ab12cd", "recent.txt.abc", "recent.txt.damaged",
                                   "recent.txt.lock", "recentxtxt.abcdef"};
-        for (const QString &name : kept + QStringList({"recent.txt.AbCdEf", "recent.txt.zzzzzz"}))
+        const QStringList all = kept + QStringList({"recent.txt.AbCdEf", "recent.txt.zzzzzz"});
+        for (const QString &name : all)
             writeFile(list.beside(name), "half a li");
         {
             const FileLock theirs(list.lockFile(), 0); // and may be writing

@@ -1,42 +1,40 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Holds the tree to its include rules: check_includes.py [ROOT]
+"""Holds the tree to its include rules: check_includes.py [--graph] [ROOT]
 
 The rooms and what each may include are the table of docs/OVERVIEW.md. A project header is written from the
 root in quotes; the headers of sdk/ and everything foreign stand in angle brackets, so that a line shows which
-layer it reaches for. Prints one line per wrong include and ends with status 1 if there is any.
+layer it reaches for. Prints one line per wrong include and ends with status 1 if there is any. With --graph it
+prints which rooms each room includes.
 """
 
 import os
 import re
 import sys
+from collections import defaultdict
 from pathlib import Path
 
-# room: the rooms whose headers it may include besides its own.
-MAY_INCLUDE = {
-    "sdk": set(),
-    "module": {"sdk", "state", "ui"},
-    "state": {"sdk"},
-    "ui": {"sdk", "state"},
-    "resources": set(),
-    "host/runtime": {"sdk"},
-    "host/app": {"sdk", "host/runtime"},
-    "host/show": set(),
-    "samples": {"host/runtime"},
-    "tests": {"sdk", "module", "state", "ui", "resources", "host/runtime", "host/app", "samples", "bench"},
-    "bench": {"sdk", "module", "state", "ui", "resources", "host/runtime", "host/app", "samples", "tests"},
-}
+OVERVIEW = Path(__file__).resolve().parent.parent / "docs" / "OVERVIEW.md"
 
-# What a room's .cpp files may include on top: the hub's static members are the registry, so the rooms of the
-# plug-in know each other in a circle. It must stay out of the headers. A name ending in "/" is a whole room.
-MAY_INCLUDE_IN_CPP = {
-    "state": {"module/", "ui/"},
-    "ui": {"module/HostAccess.h", "module/RecentDocumentBrowser.h"},
-}
+
+def read_rules():
+    """For each room what it may include, and what its .cpp files may on top: rooms, which end in "/", and headers."""
+    rules = {}
+    for line in OVERVIEW.read_text(encoding="utf-8").splitlines():
+        cells = [cell.strip() for cell in line.split("|")]
+        if len(cells) == 5 and re.fullmatch(r"`[\w/]+/`", cells[1]):
+            rules[cells[1].strip("`")] = [re.findall(r"`([\w/.]+)`|(all)", part)
+                                          for part in (cells[2] + "; in `.cpp` files ").split("; in `.cpp` files ")[:2]]
+    rooms = list(rules)
+    return {room: [{name for found, every in part for name in (rooms if every else [found])} for part in parts]
+            for room, parts in rules.items()}
+
+
+RULES = read_rules()
 
 # The host operations whose names the host does not publish: in the plug-in one file alone knows them.
 HOST_ACCESS = "module/HostAccess.cpp"
-PLUGIN_ROOMS = {"module", "state", "ui"}
+PLUGIN_ROOMS = {"module/", "state/", "ui/"}
 HOST_ACCESS_HEADERS = {
     "CFxDocumentManager.h",
     "CFxRecentFileList.h",
@@ -58,7 +56,7 @@ QT_OR_STD = re.compile(r"Q\w+(/Q\w+)?|[a-z_]+")
 
 def room_of(path):
     """The room that a path relative to the root belongs to, or None."""
-    return next((room for room in MAY_INCLUDE if path.startswith(room + "/")), None)
+    return max((room for room in RULES if path.startswith(room)), key=len, default=None)
 
 
 def sources(root):
@@ -82,7 +80,7 @@ def reached_room(root, source, opening, name):
     """Which room an include reaches, None for a foreign header; and what is wrong with how it is written."""
     if opening == "<":
         if (root / "sdk" / name).is_file():
-            return "sdk", None
+            return "sdk/", None
         if (root / name).is_file():
             return room_of(name), "a project header stands in quotes"
         return None, None
@@ -91,7 +89,7 @@ def reached_room(root, source, opening, name):
     if ".." in Path(name).parts:
         return None, "a project header is written from the root"
     if (root / "sdk" / name.removeprefix("sdk/")).is_file():
-        return "sdk", "an sdk header stands in angle brackets"
+        return "sdk/", "an sdk header stands in angle brackets"
     if not (root / name).is_file():
         return None, "no such header, counted from the root"
     return room_of(name), None if room_of(name) else "this header belongs to no room"
@@ -107,39 +105,65 @@ def objection(root, source, opening, name):
     if misspelt:
         return misspelt
     if reached is None:
-        if room == "sdk" and not QT_OR_STD.fullmatch(name):
+        if room == "sdk/" and not QT_OR_STD.fullmatch(name):
             return "sdk may include only Qt and the standard library"
         return None
     if room in PLUGIN_ROOMS and name in HOST_ACCESS_HEADERS and inside != HOST_ACCESS:
         return f"in the plug-in only {HOST_ACCESS} may include this header"
-    if reached == room or reached in MAY_INCLUDE[room]:
+    allowed, allowed_in_cpp = RULES[room]
+    if reached == room or {reached, name} & allowed:
         return None
-    exceptions = MAY_INCLUDE_IN_CPP.get(room, set())
-    if name in exceptions or reached + "/" in exceptions:
+    if {reached, name} & allowed_in_cpp:
         return None if source.suffix == ".cpp" else f"{room} may include this only in a .cpp"
     return f"{room} may not include {reached}"
 
 
-def wrong_includes(root):
+def includes(root):
+    """Every include of the tree: the source, the line's number, the line, and what opens the name and the name."""
     for source in sources(root):
         for number, line in enumerate(source.read_text(encoding="utf-8").splitlines(), start=1):
             directive = DIRECTIVE.match(line)
-            if not directive:
-                continue
-            header = NAME.match(directive["what"])
-            why = objection(root, source, header["open"], header["name"]) if header else "a name is expected here"
-            if why:
-                inside = source.relative_to(root).as_posix()
-                yield f"{inside}:{number}: {line.strip()}  -- {why}"
+            if directive:
+                header = NAME.match(directive["what"])
+                yield source, number, line, header and (header["open"], header["name"])
+
+
+def wrong_includes(root):
+    for source, number, line, header in includes(root):
+        why = objection(root, source, *header) if header else "a name is expected here"
+        if why:
+            yield f"{source.relative_to(root).as_posix()}:{number}: {line.strip()}  -- {why}"
+
+
+def arrows(root):
+    """One line for each room that includes others."""
+    reached = defaultdict(set)
+    for source, _, _, header in includes(root):
+        room = room_of(source.relative_to(root).as_posix())
+        other = reached_room(root, source, *header)[0]
+        if other and other != room:
+            reached[room].add((other, source.suffix == ".cpp"))
+    for room in RULES:
+        in_headers = sorted(other for other, in_cpp in reached[room] if not in_cpp)
+        in_cpp = sorted(other for other, in_cpp in reached[room] if in_cpp and (other, False) not in reached[room])
+        if in_headers or in_cpp:
+            yield " ".join([room, "->", *in_headers, *(["in .cpp files:", *in_cpp] if in_cpp else [])])
 
 
 def main():
-    root = Path(sys.argv[1] if len(sys.argv) > 1 else Path(__file__).parent.parent).resolve()
+    arguments = sys.argv[1:]
+    graph = "--graph" in arguments
+    if graph:
+        arguments.remove("--graph")
+    root = Path(arguments[0] if arguments else OVERVIEW.parent.parent).resolve()
     if not any(sources(root)):
         print(f"no sources under {root}", file=sys.stderr)
         return 2
     wrong = list(wrong_includes(root))
-    print("\n".join(wrong) if wrong else "every include keeps to its room")
+    if graph and not wrong:
+        print("\n".join(arrows(root)))
+    else:
+        print("\n".join(wrong) if wrong else "every include keeps to its room")
     return 1 if wrong else 0
 
 

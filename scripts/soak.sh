@@ -13,4 +13,4 @@ export SOAK_SECONDS=${1:-600} SOAK_SEED=${2:-$RANDOM}
 echo "Seed $SOAK_SEED, $SOAK_SECONDS seconds."
 # Qt ends a test that takes longer than it is told, in milliseconds.
 export QTEST_FUNCTION_TIMEOUT=$(((SOAK_SECONDS + 600) * 1000))
-BROWSER_PRESET=asan ./test -R '^desktop/soak/tst_soak$' --timeout $((SOAK_SECONDS + 700)) -V
+./test asan -R '^desktop/soak/tst_soak$' --timeout $((SOAK_SECONDS + 700)) -V

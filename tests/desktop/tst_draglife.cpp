@@ -7,23 +7,6 @@
 
 #include <QApplication>
 
-//! What may happen to popup and tile while a drag runs its event loop.
-class tst_DragLife : public TestCase
-{
-    Q_OBJECT
-
-private slots:
-    void popupMayGoDuringTheDrag_data();
-    void popupMayGoDuringTheDrag();
-    void tileMayGoDuringTheDrag();
-    void mainWindowMayGoDuringTheDrag();
-    void theModuleMayNotGoDuringTheDrag();
-    void focusMayGoDuringTheDrag_data();
-    void focusMayGoDuringTheDrag();
-    void aDrawingMayBeOpenedDuringTheDrag();
-    void anotherPopupMayComeDuringTheDrag();
-};
-
 namespace {
 
 //! Lets go of a drag that is inside or outside the popup, after something was done there and came about.
@@ -46,142 +29,150 @@ QString dragAndDo(
 
 } // namespace
 
-void tst_DragLife::popupMayGoDuringTheDrag_data()
+//! What may happen to popup and tile while a drag runs its event loop.
+class tst_DragLife : public TestCase
 {
-    QTest::addColumn<bool>("outside");
-    QTest::addColumn<bool>("isDeleted");
-    QTest::newRow("closed, inside") << false << false;
-    QTest::newRow("closed, outside") << true << false;
-    QTest::newRow("deleted, inside") << false << true;
-    QTest::newRow("deleted, outside") << true << true;
-}
+    Q_OBJECT
 
-void tst_DragLife::popupMayGoDuringTheDrag()
-{
-    QFETCH(bool, outside);
-    QFETCH(bool, isDeleted);
-    allowWarning(QStringLiteral("BadWindow")); // Qt tells the window of the drag's leaving, gone or not
-    DragScene scene(3);
-    const auto go = [&] {
-        if (isDeleted)
-            delete scene.popup;
-        else
-            scene.popup->close();
-    };
-    QCOMPARE(dragAndDo(scene, outside, go), QString());
-    QTRY_VERIFY(!scene.popup);
-    drainEvents();
-    for (const auto &tile : qAsConst(scene.tiles))
-        QVERIFY(!tile);
-    QCOMPARE(scene.opened(), QStringList()); // there is nothing highlighted any more
-    scene.openPopup();                       // the next one works
-    scene.dragTile(2);
-    scene.carryOut();
-    scene.hand.letGo();
-    QCOMPARE(scene.hand.run(), QString());
-    QTRY_COMPARE(scene.opened(), scene.opening({2}));
-}
+private slots:
+    void popupMayGoDuringTheDrag_data()
+    {
+        QTest::addColumn<bool>("outside");
+        QTest::addColumn<bool>("isDeleted");
+        QTest::newRow("closed, inside") << false << false;
+        QTest::newRow("closed, outside") << true << false;
+        QTest::newRow("deleted, inside") << false << true;
+        QTest::newRow("deleted, outside") << true << true;
+    }
 
-void tst_DragLife::tileMayGoDuringTheDrag()
-{
+    void popupMayGoDuringTheDrag()
+    {
+        QFETCH(bool, outside);
+        QFETCH(bool, isDeleted);
+        allowWarning(QStringLiteral("BadWindow")); // Qt tells the window of the drag's leaving, gone or not
+        DragScene scene(3);
+        const auto go = [&] {
+            if (isDeleted)
+                delete scene.popup;
+            else
+                scene.popup->close();
+        };
+        QCOMPARE(dragAndDo(scene, outside, go), QString());
+        QTRY_VERIFY(!scene.popup);
+        drainEvents();
+        for (const auto &tile : qAsConst(scene.tiles))
+            QVERIFY(!tile);
+        QCOMPARE(scene.opened(), QStringList()); // there is nothing highlighted any more
+        scene.openPopup();                       // the next one works
+        scene.dragTile(2);
+        scene.carryOut();
+        scene.hand.letGo();
+        QCOMPARE(scene.hand.run(), QString());
+        QTRY_COMPARE(scene.opened(), scene.opening({2}));
+    }
+
+    void tileMayGoDuringTheDrag()
+    {
+        {
+            DragScene scene(3);
+            QCOMPARE(dragAndDo(scene, false, [&] { delete scene.tiles.at(1); }), QString());
+            drainEvents();
+            QVERIFY(scene.popup && scene.popup->isVisible());
+            QVERIFY(scene.isFull());
+            QCOMPARE(scene.shown(), QList<int>({0, 2}));
+            QCOMPARE(scene.opened(), QStringList());
+        }
+        DragScene scene(3);
+        QCOMPARE(dragAndDo(scene, true, [&] { delete scene.tiles.at(1); }), QString());
+        drainEvents();
+        QCOMPARE(scene.opened(), QStringList()); // what was highlighted has gone
+    }
+
+    void mainWindowMayGoDuringTheDrag()
     {
         DragScene scene(3);
-        QCOMPARE(dragAndDo(scene, false, [&] { delete scene.tiles.at(1); }), QString());
+        auto *frame = new QWidget; // in the place of the main window, of whose end the host would be notified
+        scene.popup->setParent(frame, scene.popup->windowFlags());
+        scene.popup->show();
+        QVERIFY(waitForActive(scene.popup));
+        QCOMPARE(dragAndDo(scene, true, [frame] { delete frame; }), QString());
+        QVERIFY(!scene.popup);
         drainEvents();
-        QVERIFY(scene.popup && scene.popup->isVisible());
-        QVERIFY(scene.isFull());
-        QCOMPARE(scene.shown(), QList<int>({0, 2}));
         QCOMPARE(scene.opened(), QStringList());
     }
-    DragScene scene(3);
-    QCOMPARE(dragAndDo(scene, true, [&] { delete scene.tiles.at(1); }), QString());
-    drainEvents();
-    QCOMPARE(scene.opened(), QStringList()); // what was highlighted has gone
-}
 
-void tst_DragLife::mainWindowMayGoDuringTheDrag()
-{
-    DragScene scene(3);
-    auto *frame = new QWidget; // in the place of the main window, of whose end the host would be notified
-    scene.popup->setParent(frame, scene.popup->windowFlags());
-    scene.popup->show();
-    QVERIFY(waitForActive(scene.popup));
-    QCOMPARE(dragAndDo(scene, true, [frame] { delete frame; }), QString());
-    QVERIFY(!scene.popup);
-    drainEvents();
-    QCOMPARE(scene.opened(), QStringList());
-}
-
-void tst_DragLife::theModuleMayNotGoDuringTheDrag()
-{
-    DragScene scene(3);
-    fxhost::ModuleManager &modules = scene.browser.host().modules();
-    bool isUnloaded = true;
-    QCOMPARE(dragAndDo(scene, true, [&] { isUnloaded = modules.unload(QStringLiteral(MODULE_FILE)); }),
-             QString());
-    QVERIFY(!isUnloaded);
-    QTRY_COMPARE(scene.opened(), scene.opening({1})); // as if nobody had asked
-    QTRY_VERIFY(!scene.popup);
-    QVERIFY(modules.unload(QStringLiteral(MODULE_FILE)));
-}
-
-void tst_DragLife::focusMayGoDuringTheDrag_data()
-{
-    QTest::addColumn<bool>("outside");
-    QTest::newRow("inside") << false;
-    QTest::newRow("outside") << true;
-}
-
-void tst_DragLife::focusMayGoDuringTheDrag()
-{
-    QFETCH(bool, outside);
-    DragScene scene(3);
-    QWidget other;
-    other.setGeometry(1500, 900, 200, 100);
-    bool wasStrip = false;
-    const auto takeFocus = [&] {
-        other.show();
-        other.activateWindow();
-    };
-    const auto hasFocus = [&] {
-        wasStrip = scene.isStrip();
-        return other.isActiveWindow();
-    };
-    QCOMPARE(dragAndDo(scene, outside, takeFocus, hasFocus), QString());
-    QCOMPARE(wasStrip, outside); // while collapsed it does not close
-    if (outside)
+    void theModuleMayNotGoDuringTheDrag()
+    {
+        DragScene scene(3);
+        fxhost::ModuleManager &modules = scene.browser.host().modules();
+        bool isUnloaded = true;
+        QCOMPARE(dragAndDo(scene, true, [&] { isUnloaded = modules.unload(QStringLiteral(MODULE_FILE)); }),
+                 QString());
+        QVERIFY(!isUnloaded);
+        QTRY_COMPARE(scene.opened(), scene.opening({1})); // as if nobody had asked
         QTRY_VERIFY(!scene.popup);
-    drainEvents();
-    QCOMPARE(scene.opened(), outside ? scene.opening({1}) : QStringList());
-    if (outside)
-        return;
-    QVERIFY(scene.popup && scene.popup->isVisible()); // the pointer was inside
-    QVERIFY(scene.isFull());
-    QCOMPARE(scene.shown(), QList<int>({0, 2})); // no tile is held any more that could be shown
-}
+        QVERIFY(modules.unload(QStringLiteral(MODULE_FILE)));
+    }
 
-void tst_DragLife::aDrawingMayBeOpenedDuringTheDrag()
-{
-    DragScene scene(3);
-    const auto open = [&] {
-        OdString problem;
-        scene.browser.host().documents().OpenDocument(CFxString(scene.browser.paths().at(2)), 0, 0, problem);
-    };
-    QCOMPARE(dragAndDo(scene, true, open), QString());
-    QTRY_VERIFY(!scene.popup);
-    drainEvents();
-    QCOMPARE(scene.opened(), scene.opening({2, 1}));
-}
+    void focusMayGoDuringTheDrag_data()
+    {
+        QTest::addColumn<bool>("outside");
+        QTest::newRow("inside") << false;
+        QTest::newRow("outside") << true;
+    }
 
-void tst_DragLife::anotherPopupMayComeDuringTheDrag()
-{
-    DragScene scene(3);
-    const auto open = [&] { scene.browser.host().commands().runLine(QStringLiteral("_RECENT")); };
-    QCOMPARE(dragAndDo(scene, true, open), QString());
-    QTRY_VERIFY(!scene.popup);
-    drainEvents();
-    QCOMPARE(scene.opened(), scene.opening({0})); // highlighted is what the newer popup highlights
-}
+    void focusMayGoDuringTheDrag()
+    {
+        QFETCH(bool, outside);
+        DragScene scene(3);
+        QWidget other;
+        other.setGeometry(1500, 900, 200, 100);
+        bool wasStrip = false;
+        const auto takeFocus = [&] {
+            other.show();
+            other.activateWindow();
+        };
+        const auto hasFocus = [&] {
+            wasStrip = scene.isStrip();
+            return other.isActiveWindow();
+        };
+        QCOMPARE(dragAndDo(scene, outside, takeFocus, hasFocus), QString());
+        QCOMPARE(wasStrip, outside); // while collapsed it does not close
+        if (outside)
+            QTRY_VERIFY(!scene.popup);
+        drainEvents();
+        QCOMPARE(scene.opened(), outside ? scene.opening({1}) : QStringList());
+        if (outside)
+            return;
+        QVERIFY(scene.popup && scene.popup->isVisible()); // the pointer was inside
+        QVERIFY(scene.isFull());
+        QCOMPARE(scene.shown(), QList<int>({0, 2})); // no tile is held any more that could be shown
+    }
 
-QTEST_MAIN(tst_DragLife)
+    void aDrawingMayBeOpenedDuringTheDrag()
+    {
+        DragScene scene(3);
+        const auto open = [&] {
+            OdString problem;
+            scene.browser.host().documents().OpenDocument(CFxString(scene.browser.paths().at(2)), 0, 0,
+                                                          problem);
+        };
+        QCOMPARE(dragAndDo(scene, true, open), QString());
+        QTRY_VERIFY(!scene.popup);
+        drainEvents();
+        QCOMPARE(scene.opened(), scene.opening({2, 1}));
+    }
+
+    void anotherPopupMayComeDuringTheDrag()
+    {
+        DragScene scene(3);
+        const auto open = [&] { scene.browser.host().commands().runLine(QStringLiteral("_RECENT")); };
+        QCOMPARE(dragAndDo(scene, true, open), QString());
+        QTRY_VERIFY(!scene.popup);
+        drainEvents();
+        QCOMPARE(scene.opened(), scene.opening({0})); // highlighted is what the newer popup highlights
+    }
+};
+
+TEST_CLASS(tst_DragLife);
 #include "tst_draglife.moc"

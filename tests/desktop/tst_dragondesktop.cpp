@@ -12,131 +12,124 @@ class tst_DragOnDesktop : public TestCase
     Q_OBJECT
 
 private slots:
-    void dropOnTheHostOpensEveryHighlightedDrawing();
-    void dragThatEndsInsideOpensNothing_data();
-    void dragThatEndsInsideOpensNothing();
-    void dragThatEndsOutsideOpensTheDrawing_data();
-    void dragThatEndsOutsideOpensTheDrawing();
-    void pointerThatJumpsTheRimLeavesThePopupAtFullSize();
+    void dropOnTheHostOpensEveryHighlightedDrawing()
+    {
+        DragScene scene(6);
+        // Out of order: the drawings are opened in display order all the same.
+        for (const int index : {4, 2}) {
+            Hand::holdKey(QStringLiteral("ctrl"));
+            Hand::moveTo(scene.tiles.at(index));
+            Hand::click();
+            Hand::releaseKey(QStringLiteral("ctrl"));
+            QTRY_VERIFY(RealBrowser::isHighlighted(scene.tiles.at(index)));
+        }
+        QVERIFY(waitUntil([] { return QApplication::mouseButtons() == Qt::NoButton; }));
+
+        scene.hand.takeHold(scene.tiles.at(2), QPoint(30, 100)); // no double-click
+        scene.hand.startDrag();
+        scene.hand.carryTo(scene.outside); // all the way in small steps
+        scene.hand.waitFor(QStringLiteral("the popup is a strip"), [&] { return scene.isStrip(); });
+        QList<int> shownOutside = {-1};
+        scene.hand.justDo([&] {
+            shownOutside = scene.shown();
+            Hand::keepScreenshot(QStringLiteral("strip-while-a-tile-is-dragged"));
+        });
+        scene.hand.letGo();
+        QCOMPARE(scene.hand.run(), QString());
+        QCOMPARE(shownOutside, QList<int>());
+        QTRY_VERIFY(!scene.popup);
+        drainEvents();
+        QCOMPARE(scene.opened(), scene.opening({0, 2, 4}));
+        Hand::keepScreenshot(QStringLiteral("host-after-the-drop"));
+    }
+
+    void dragThatEndsInsideOpensNothing_data()
+    {
+        QTest::addColumn<QString>("part"); // any part of a tile drags the tile
+        QTest::addColumn<bool>("goesOut");
+        QTest::addColumn<bool>("escapes");
+        QTest::newRow("let go") << "image_label" << false << false;
+        QTest::newRow("Escape, which was the drag's") << "title_label" << false << true;
+        QTest::newRow("out and back in") << "Iconlabel" << true << false;
+    }
+
+    void dragThatEndsInsideOpensNothing()
+    {
+        QFETCH(QString, part);
+        QFETCH(bool, goesOut);
+        QFETCH(bool, escapes);
+        DragScene scene(6);
+        const QPoint cell = scene.tiles.at(5)->pos();
+        scene.hand.takeHold(scene.tiles.at(5)->findChild<QLabel *>(part));
+        scene.hand.startDrag();
+        if (goesOut) {
+            scene.carryOut();
+            scene.carryBackIn();
+        } else {
+            scene.hand.carryTo(scene.place.center());
+        }
+        scene.hand.waitFor(QStringLiteral("the dragged tile alone is hidden"), [&] {
+            return scene.shown() == QList<int>({0, 1, 2, 3, 4});
+        });
+        if (escapes)
+            scene.hand.escape();
+        else
+            scene.hand.letGo();
+        QCOMPARE(scene.hand.run(), QString());
+        drainEvents();
+        QCOMPARE(scene.whatHasChanged(), QString());
+        QCOMPARE(scene.tiles.at(5)->pos(), cell);
+        QTRY_COMPARE(DragHand::keptDrags(), 0);
+
+        scene.dragTile(2); // the next drag is as good
+        scene.carryOut();
+        scene.hand.letGo();
+        QCOMPARE(scene.hand.run(), QString());
+        QTRY_VERIFY(!scene.popup);
+        drainEvents();
+        QCOMPARE(scene.opened(), scene.opening({2}));
+    }
+
+    void dragThatEndsOutsideOpensTheDrawing_data()
+    {
+        QTest::addColumn<QPoint>("place");
+        QTest::addColumn<bool>("escapes");
+        QTest::newRow("on the main window") << QPoint(400, 800) << false;
+        QTest::newRow("on the empty desktop") << QPoint(1650, 400) << false;
+        QTest::newRow("with Escape") << QPoint(400, 800) << true;
+    }
+
+    void dragThatEndsOutsideOpensTheDrawing()
+    {
+        QFETCH(QPoint, place);
+        QFETCH(bool, escapes);
+        DragScene scene(3);
+        scene.dragTile(1);
+        scene.carryOut();
+        scene.hand.jumpTo(place);
+        if (escapes)
+            scene.hand.escape();
+        else
+            scene.hand.letGo();
+        QCOMPARE(scene.hand.run(), QString());
+        QTRY_VERIFY(!scene.popup);
+        drainEvents();
+        QCOMPARE(scene.opened(), scene.opening({1})); // the press has highlighted it alone
+        QTRY_COMPARE(DragHand::keptDrags(), 0);
+    }
+
+    void pointerThatJumpsTheRimLeavesThePopupAtFullSize()
+    {
+        DragScene scene(3);
+        scene.dragTile(1);
+        scene.hand.carryTo(scene.place.center());
+        scene.hand.jumpTo(scene.outside);
+        scene.hand.letGo();
+        QCOMPARE(scene.hand.run(), QString());
+        drainEvents();
+        QCOMPARE(scene.whatHasChanged(), QString()); // it has not seen the pointer leave
+    }
 };
 
-void tst_DragOnDesktop::dropOnTheHostOpensEveryHighlightedDrawing()
-{
-    DragScene scene(6);
-    // Out of order: the drawings are opened in display order all the same.
-    for (const int index : {4, 2}) {
-        Hand::holdKey(QStringLiteral("ctrl"));
-        Hand::moveTo(scene.tiles.at(index));
-        Hand::click();
-        Hand::releaseKey(QStringLiteral("ctrl"));
-        QTRY_VERIFY(RealBrowser::isHighlighted(scene.tiles.at(index)));
-    }
-    QVERIFY(waitUntil([] { return QApplication::mouseButtons() == Qt::NoButton; }));
-
-    scene.hand.takeHold(scene.tiles.at(2), QPoint(30, 100)); // no double-click
-    scene.hand.startDrag();
-    scene.hand.carryTo(scene.outside); // all the way in small steps
-    scene.hand.waitFor(QStringLiteral("the popup is a strip"), [&] { return scene.isStrip(); });
-    QList<int> shownOutside = {-1};
-    scene.hand.justDo([&] {
-        shownOutside = scene.shown();
-        Hand::keepScreenshot(QStringLiteral("strip-while-a-tile-is-dragged"));
-    });
-    scene.hand.letGo();
-    QCOMPARE(scene.hand.run(), QString());
-    QCOMPARE(shownOutside, QList<int>());
-    QTRY_VERIFY(!scene.popup);
-    drainEvents();
-    QCOMPARE(scene.opened(), scene.opening({0, 2, 4}));
-    Hand::keepScreenshot(QStringLiteral("host-after-the-drop"));
-}
-
-void tst_DragOnDesktop::dragThatEndsInsideOpensNothing_data()
-{
-    QTest::addColumn<QString>("part"); // any part of a tile drags the tile
-    QTest::addColumn<bool>("goesOut");
-    QTest::addColumn<bool>("escapes");
-    QTest::newRow("let go") << "image_label" << false << false;
-    QTest::newRow("Escape, which was the drag's") << "title_label" << false << true;
-    QTest::newRow("out and back in") << "Iconlabel" << true << false;
-}
-
-void tst_DragOnDesktop::dragThatEndsInsideOpensNothing()
-{
-    QFETCH(QString, part);
-    QFETCH(bool, goesOut);
-    QFETCH(bool, escapes);
-    DragScene scene(6);
-    const QPoint cell = scene.tiles.at(5)->pos();
-    scene.hand.takeHold(scene.tiles.at(5)->findChild<QLabel *>(part));
-    scene.hand.startDrag();
-    if (goesOut) {
-        scene.carryOut();
-        scene.carryBackIn();
-    } else {
-        scene.hand.carryTo(scene.place.center());
-    }
-    scene.hand.waitFor(QStringLiteral("the dragged tile alone is hidden"), [&] {
-        return scene.shown() == QList<int>({0, 1, 2, 3, 4});
-    });
-    if (escapes)
-        scene.hand.escape();
-    else
-        scene.hand.letGo();
-    QCOMPARE(scene.hand.run(), QString());
-    drainEvents();
-    QCOMPARE(scene.whatHasChanged(), QString());
-    QCOMPARE(scene.tiles.at(5)->pos(), cell);
-    QTRY_COMPARE(DragHand::keptDrags(), 0);
-
-    scene.dragTile(2); // the next drag is as good
-    scene.carryOut();
-    scene.hand.letGo();
-    QCOMPARE(scene.hand.run(), QString());
-    QTRY_VERIFY(!scene.popup);
-    drainEvents();
-    QCOMPARE(scene.opened(), scene.opening({2}));
-}
-
-void tst_DragOnDesktop::dragThatEndsOutsideOpensTheDrawing_data()
-{
-    QTest::addColumn<QPoint>("place");
-    QTest::addColumn<bool>("escapes");
-    QTest::newRow("on the main window") << QPoint(400, 800) << false;
-    QTest::newRow("on the empty desktop") << QPoint(1650, 400) << false;
-    QTest::newRow("with Escape") << QPoint(400, 800) << true;
-}
-
-void tst_DragOnDesktop::dragThatEndsOutsideOpensTheDrawing()
-{
-    QFETCH(QPoint, place);
-    QFETCH(bool, escapes);
-    DragScene scene(3);
-    scene.dragTile(1);
-    scene.carryOut();
-    scene.hand.jumpTo(place);
-    if (escapes)
-        scene.hand.escape();
-    else
-        scene.hand.letGo();
-    QCOMPARE(scene.hand.run(), QString());
-    QTRY_VERIFY(!scene.popup);
-    drainEvents();
-    QCOMPARE(scene.opened(), scene.opening({1})); // the press has highlighted it alone
-    QTRY_COMPARE(DragHand::keptDrags(), 0);
-}
-
-void tst_DragOnDesktop::pointerThatJumpsTheRimLeavesThePopupAtFullSize()
-{
-    DragScene scene(3);
-    scene.dragTile(1);
-    scene.hand.carryTo(scene.place.center());
-    scene.hand.jumpTo(scene.outside);
-    scene.hand.letGo();
-    QCOMPARE(scene.hand.run(), QString());
-    drainEvents();
-    QCOMPARE(scene.whatHasChanged(), QString()); // it has not seen the pointer leave
-}
-
-QTEST_MAIN(tst_DragOnDesktop)
+TEST_CLASS(tst_DragOnDesktop);
 #include "tst_dragondesktop.moc"

@@ -10,17 +10,6 @@
 
 #include <memory>
 
-//! Tiles dragged onto a window of another program and toolkit.
-class tst_DragToOtherProgram : public TestCase
-{
-    Q_OBJECT
-
-private slots:
-    void otherProgramReceivesUrlAndPicture();
-    void dataMayBeFetchedWhenTheModuleIsGone();
-    void dragObjectsGoWhenTheOtherProgramHasFinished();
-};
-
 namespace {
 
 //! Beside the host's main window.
@@ -39,78 +28,85 @@ void carryInto(DragScene &scene, const OtherProgram &other, int time = 1)
 
 } // namespace
 
-void tst_DragToOtherProgram::otherProgramReceivesUrlAndPicture()
+//! Tiles dragged onto a window of another program and toolkit.
+class tst_DragToOtherProgram : public TestCase
 {
-    // A per cent sign that begins nothing is one; a hash sign begins a fragment and stays.
-    const QString name = QString::fromUtf8("100% Öl #3.dwg");
-    DragScene scene({QStringLiteral("other.dwg"), name});
-    const OtherProgram other(beside, OtherProgram::Fetching::AtOnce);
-    QVERIFY(other.isReady());
-    const QPoint hold(30, 100);
-    scene.hand.takeHold(scene.tiles.at(1), hold);
-    QImage picture; // with the look that the press gives it
-    scene.hand.justDo([&] { picture = scene.tiles.at(1)->grab().toImage(); });
-    scene.hand.startDrag();
-    carryInto(scene, other);
-    scene.hand.justDo([] { Hand::keepScreenshot(QStringLiteral("tile-over-another-program")); });
-    scene.hand.letGo();
-    QCOMPARE(scene.hand.run(), QString());
-    QTRY_VERIFY(other.has(QStringLiteral("finished")));
-    const QString path = scene.browser.paths().at(1);
-    const QByteArray folder = path.left(path.size() - name.size()).toUtf8();
-    QVERIFY(folder.startsWith('/'));
-    // Qt's X11 platform offers URLs in more formats of its own making.
-    QCOMPARE(other.received().value(urlFormat), "file:///" + folder + "100%25%20%C3%96l%20#3.dwg\r\n");
-    const TileLayout layout(other.received().value(tileFormat));
-    QVERIFY(layout.isWhole());
-    QCOMPARE(layout.picture().size(), QSize(161, 131));
-    QCOMPARE(layout.picture(), picture.convertToFormat(QImage::Format_RGB32));
-    QCOMPARE(layout.grabOffset(), hold + QPoint(QApplication::startDragDistance(), 0));
-    QTRY_VERIFY(!scene.popup); // outside is outside
-    drainEvents();
-    QCOMPARE(scene.opened(), scene.opening({1}));
-}
+    Q_OBJECT
 
-void tst_DragToOtherProgram::dataMayBeFetchedWhenTheModuleIsGone()
-{
-    auto scene = std::make_unique<DragScene>(3);
-    OtherProgram other(beside, OtherProgram::Fetching::Late);
-    QVERIFY(other.isReady());
-    scene->dragTile(1);
-    carryInto(*scene, other);
-    scene->hand.letGo();
-    QCOMPARE(scene->hand.run(), QString());
-    QTRY_VERIFY(other.has(QStringLiteral("dropped")));
-    const QString url = QStringLiteral("file:///") + scene->browser.paths().at(1);
-    scene.reset(); // the host goes, and unloads the module
-    drainEvents();
-    other.fetch();
-    QTRY_VERIFY(other.has(QStringLiteral("finished")));
-    QCOMPARE(other.received().value(urlFormat).trimmed(), QUrl(url, QUrl::TolerantMode).toEncoded());
-    QVERIFY(!other.received().value(tileFormat).isEmpty());
-}
-
-void tst_DragToOtherProgram::dragObjectsGoWhenTheOtherProgramHasFinished()
-{
-    DragScene scene(3);
-    OtherProgram other(beside, OtherProgram::Fetching::Late);
-    QVERIFY(other.isReady());
-    for (int i = 1; i <= 2; ++i) {
-        scene.dragTile(1);
-        carryInto(scene, other, i);
+private slots:
+    void otherProgramReceivesUrlAndPicture()
+    {
+        // A per cent sign that begins nothing is one; a hash sign begins a fragment and stays.
+        const QString name = QString::fromUtf8("100% Öl #3.dwg");
+        DragScene scene({QStringLiteral("other.dwg"), name});
+        const OtherProgram other(beside, OtherProgram::Fetching::AtOnce);
+        QVERIFY(other.isReady());
+        const QPoint hold(30, 100);
+        scene.hand.takeHold(scene.tiles.at(1), hold);
+        QImage picture; // with the look that the press gives it
+        scene.hand.justDo([&] { picture = scene.tiles.at(1)->grab().toImage(); });
+        scene.hand.startDrag();
+        carryInto(scene, other);
+        scene.hand.justDo([] { Hand::keepScreenshot(QStringLiteral("tile-over-another-program")); });
         scene.hand.letGo();
         QCOMPARE(scene.hand.run(), QString());
-        QTRY_COMPARE(other.count(QStringLiteral("dropped")), i);
-        QTRY_VERIFY(!scene.popup);
+        QTRY_VERIFY(other.has(QStringLiteral("finished")));
+        const QString path = scene.browser.paths().at(1);
+        const QByteArray folder = path.left(path.size() - name.size()).toUtf8();
+        QVERIFY(folder.startsWith('/'));
+        // Qt's X11 platform offers URLs in more formats of its own making.
+        QCOMPARE(other.received().value(urlFormat), "file:///" + folder + "100%25%20%C3%96l%20#3.dwg\r\n");
+        const TileLayout layout(other.received().value(tileFormat));
+        QVERIFY(layout.isWhole());
+        QCOMPARE(layout.picture().size(), QSize(161, 131));
+        QCOMPARE(layout.picture(), picture.convertToFormat(QImage::Format_RGB32));
+        QCOMPARE(layout.grabOffset(), hold + QPoint(QApplication::startDragDistance(), 0));
+        QTRY_VERIFY(!scene.popup); // outside is outside
         drainEvents();
-        QCOMPARE(DragHand::keptDrags(), 1); // it is to be fetched from
-        other.fetch();
-        QTRY_COMPARE(other.count(QStringLiteral("finished")), i);
-        QVERIFY(!other.received().value(tileFormat).isEmpty());
-        QTRY_COMPARE(DragHand::keptDrags(), 0);
-        scene.openPopup();
+        QCOMPARE(scene.opened(), scene.opening({1}));
     }
-}
 
-QTEST_MAIN(tst_DragToOtherProgram)
+    void dataMayBeFetchedWhenTheModuleIsGone()
+    {
+        auto scene = std::make_unique<DragScene>(3);
+        OtherProgram other(beside, OtherProgram::Fetching::Late);
+        QVERIFY(other.isReady());
+        scene->dragTile(1);
+        carryInto(*scene, other);
+        scene->hand.letGo();
+        QCOMPARE(scene->hand.run(), QString());
+        QTRY_VERIFY(other.has(QStringLiteral("dropped")));
+        const QString url = QStringLiteral("file:///") + scene->browser.paths().at(1);
+        scene.reset(); // the host goes, and unloads the module
+        drainEvents();
+        other.fetch();
+        QTRY_VERIFY(other.has(QStringLiteral("finished")));
+        QCOMPARE(other.received().value(urlFormat).trimmed(), QUrl(url, QUrl::TolerantMode).toEncoded());
+        QVERIFY(!other.received().value(tileFormat).isEmpty());
+    }
+
+    void dragObjectsGoWhenTheOtherProgramHasFinished()
+    {
+        DragScene scene(3);
+        OtherProgram other(beside, OtherProgram::Fetching::Late);
+        QVERIFY(other.isReady());
+        for (int i = 1; i <= 2; ++i) {
+            scene.dragTile(1);
+            carryInto(scene, other, i);
+            scene.hand.letGo();
+            QCOMPARE(scene.hand.run(), QString());
+            QTRY_COMPARE(other.count(QStringLiteral("dropped")), i);
+            QTRY_VERIFY(!scene.popup);
+            drainEvents();
+            QCOMPARE(DragHand::keptDrags(), 1); // it is to be fetched from
+            other.fetch();
+            QTRY_COMPARE(other.count(QStringLiteral("finished")), i);
+            QVERIFY(!other.received().value(tileFormat).isEmpty());
+            QTRY_COMPARE(DragHand::keptDrags(), 0);
+            scene.openPopup();
+        }
+    }
+};
+
+TEST_CLASS(tst_DragToOtherProgram);
 #include "tst_dragtootherprogram.moc"

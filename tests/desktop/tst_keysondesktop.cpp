@@ -79,171 +79,164 @@ class tst_KeysOnDesktop : public TestCase
     Q_OBJECT
 
 private slots:
-    void keyByKey_data();
-    void keyByKey();
-    void enterOpensTheHighlightedInDisplayOrder_data();
-    void enterOpensTheHighlightedInDisplayOrder();
-    void aDrawingThatIsGoneKeepsNoOtherFromOpening();
-    void escapeClosesOnly();
-    void escapeClosesWithATileHeld();
-    void keysAfterTheMouse();
-};
+    void keyByKey_data()
+    {
+        QTest::addColumn<int>("tiles");
+        QTest::addColumn<int>("columns");
+        QTest::addColumn<QStringList>("keys");
+        QTest::addColumn<QStringList>("expected");
+        const auto row = [](const char *name, int tiles, int columns,
+                            const QList<QPair<QString, QString>> &steps) {
+            QStringList keys;
+            QStringList expected;
+            for (const auto &step : steps) {
+                keys.append(step.first);
+                expected.append(step.second);
+            }
+            QTest::newRow(name) << tiles << columns << keys << expected;
+        };
+        row("without documents", 0, 4,
+            {{"Right", ": -1"}, {"Up", ": -1"}, {"Tab", ": -1"}, {"ctrl+Left", ": -1"}, {"Return", ": -1"}});
+        row("moves and runs over the ends of rows", 23, 2,
+            {{"Left", "22: 22"},
+             {"ctrl+Right", "22: 22"},
+             {"ctrl+Left", "21 22: 21"},
+             {"shift+Left", "20 21 22: 20"},
+             {"ctrl+Right", "21 22: 20"},
+             {"Tab", "0: 0"},
+             {"Up", "22: 22"},
+             {"Up", "20: 20"},
+             {"Down", "22: 22"}});
+        row("what selects nothing", 10, 4,
+            {{"Down", "4: 4"},
+             {"shift+Tab", "4: 4"},
+             {"ctrl+shift+Tab", "4: 4"},
+             {"shift+Up", "4: 4"},
+             {"ctrl+Down", "4: 4"},
+             {"ctrl+Tab", "5: 5"},
+             {"ctrl+shift+Right", "6: 6"},
+             {"alt+Left", "5: 5"},
+             {"space", "5: 5"},
+             {"Next", "5: 5"}});
+        row("the keypad moves, whatever is held", 10, 4,
+            {{"KP_Right", "1: 1"},
+             {"KP_Down", "5: 5"},
+             {"KP_Left", "4: 4"},
+             {"KP_Up", "0: 0"},
+             {"ctrl+KP_Right", "1: 1"},
+             {"shift+85", "2: 2"}, // by its key code: as a name, Shift would make a digit of it
+             {"shift+83", "1: 1"},
+             {"shift+80", "9: 9"}});
+    }
 
-void tst_KeysOnDesktop::keyByKey_data()
-{
-    QTest::addColumn<int>("tiles");
-    QTest::addColumn<int>("columns");
-    QTest::addColumn<QStringList>("keys");
-    QTest::addColumn<QStringList>("expected");
-    const auto row = [](const char *name, int tiles, int columns,
-                        const QList<QPair<QString, QString>> &steps) {
-        QStringList keys;
-        QStringList expected;
-        for (const auto &step : steps) {
-            keys.append(step.first);
-            expected.append(step.second);
-        }
-        QTest::newRow(name) << tiles << columns << keys << expected;
-    };
-    row("without documents", 0, 4,
-        {{"Right", ": -1"}, {"Up", ": -1"}, {"Tab", ": -1"}, {"ctrl+Left", ": -1"}, {"Return", ": -1"}});
-    row("moves and runs over the ends of rows", 23, 2,
-        {{"Left", "22: 22"},
-         {"ctrl+Right", "22: 22"},
-         {"ctrl+Left", "21 22: 21"},
-         {"shift+Left", "20 21 22: 20"},
-         {"ctrl+Right", "21 22: 20"},
-         {"Tab", "0: 0"},
-         {"Up", "22: 22"},
-         {"Up", "20: 20"},
-         {"Down", "22: 22"}});
-    row("what selects nothing", 10, 4,
-        {{"Down", "4: 4"},
-         {"shift+Tab", "4: 4"},
-         {"ctrl+shift+Tab", "4: 4"},
-         {"shift+Up", "4: 4"},
-         {"ctrl+Down", "4: 4"},
-         {"ctrl+Tab", "5: 5"},
-         {"ctrl+shift+Right", "6: 6"},
-         {"alt+Left", "5: 5"},
-         {"space", "5: 5"},
-         {"Next", "5: 5"}});
-    row("the keypad moves, whatever is held", 10, 4,
-        {{"KP_Right", "1: 1"},
-         {"KP_Down", "5: 5"},
-         {"KP_Left", "4: 4"},
-         {"KP_Up", "0: 0"},
-         {"ctrl+KP_Right", "1: 1"},
-         {"shift+85", "2: 2"}, // by its key code: as a name, Shift would make a digit of it
-         {"shift+83", "1: 1"},
-         {"shift+80", "9: 9"}});
-}
-
-void tst_KeysOnDesktop::keyByKey()
-{
-    QFETCH(int, tiles);
-    QFETCH(int, columns);
-    QFETCH(QStringList, keys);
-    Typing typing(tiles, columns);
-    QTEST(typing.after(keys), "expected");
-    Hand::keepScreenshot(QStringLiteral("keys ") + QLatin1String(QTest::currentDataTag()));
-    QVERIFY(typing.popup && typing.popup->isVisible());
-    QCOMPARE(typing.browser.opened(), QStringList());
-}
-
-void tst_KeysOnDesktop::enterOpensTheHighlightedInDisplayOrder_data()
-{
-    QTest::addColumn<QStringList>("before");
-    QTest::addColumn<QString>("enter");
-    QTest::addColumn<QList<int>>("opened");
-    const auto row = [](const char *name, const QStringList &before, const char *enter,
-                        const QList<int> &opened) {
-        QTest::newRow(name) << before << QString::fromLatin1(enter) << opened;
-    };
-    row("Return at once", {}, "Return", {0});
-    row("Enter of the keypad, after a move", {"Down", "Right"}, "KP_Enter", {5});
-    row("Alt+Return", {"Up"}, "alt+Return", {8});
-    row("Control+Enter of the keypad, a run grown back", {"Up", "shift+Left", "shift+Left"}, "ctrl+KP_Enter",
-        {6, 7, 8});
-    row("Shift+Return, a shrunk run", {"shift+Right", "shift+Right", "shift+Left"}, "shift+Return", {0, 1});
-}
-
-void tst_KeysOnDesktop::enterOpensTheHighlightedInDisplayOrder()
-{
-    QFETCH(QStringList, before);
-    QFETCH(QString, enter);
-    QFETCH(QList<int>, opened);
-    Typing typing(10, 4);
-    if (!before.isEmpty())
-        typing.after(before);
-    QCOMPARE(RealBrowser::highlighted(typing.tiles), opened);
-    Hand::key(enter);
-    QTRY_VERIFY(!typing.popup);
-    QCOMPARE(typing.browser.opened(), typing.browser.opening(opened));
-}
-
-void tst_KeysOnDesktop::aDrawingThatIsGoneKeepsNoOtherFromOpening()
-{
-    Typing typing(4, 4);
-    QVERIFY(QFile::remove(typing.browser.paths().at(1)));
-    QCOMPARE(typing.after({"shift+Right", "shift+Right"}).constLast(), QStringLiteral("0 1 2: 2"));
-    Hand::key(QStringLiteral("Return"));
-    QTRY_VERIFY(!typing.popup);
-    QStringList expected = typing.browser.opening({0, 1, 2});
-    expected[1].replace(QRegularExpression(QStringLiteral("ok$")), QStringLiteral("failed"));
-    QCOMPARE(typing.browser.opened(), expected);
-}
-
-void tst_KeysOnDesktop::escapeClosesOnly()
-{
-    for (const char *key : {"Escape", "shift+Escape", "ctrl+Escape"}) { // the window manager keeps alt+Escape
-        Typing typing(10, 2);
-        QCOMPARE(typing.after({"shift+Right"}), QStringList("0 1: 1"));
-        Hand::key(QLatin1String(key));
-        QTRY_VERIFY(!typing.popup);
-        drainEvents();
-        QTRY_VERIFY(typing.browser.window().isActiveWindow());
+    void keyByKey()
+    {
+        QFETCH(int, tiles);
+        QFETCH(int, columns);
+        QFETCH(QStringList, keys);
+        Typing typing(tiles, columns);
+        QTEST(typing.after(keys), "expected");
+        Hand::keepScreenshot(QStringLiteral("keys ") + QLatin1String(QTest::currentDataTag()));
+        QVERIFY(typing.popup && typing.popup->isVisible());
         QCOMPARE(typing.browser.opened(), QStringList());
     }
-}
 
-void tst_KeysOnDesktop::escapeClosesWithATileHeld()
-{
-    Typing typing(10, 4);
-    Hand::moveTo(typing.tiles.at(5));
-    Hand::press();
-    QTRY_COMPARE(RealBrowser::highlighted(typing.tiles), QList<int>({5}));
-    QCOMPARE(typing.after({"Right", "Down", "a"}), QStringList({"6: 6", "2: 2", "2: 2"}));
-    Hand::key(QStringLiteral("Escape"));
-    QTRY_VERIFY(!typing.popup);
-    Hand::release();
-    Hand::stepAside();
-    drainEvents();
-    QCOMPARE(typing.browser.opened(), QStringList());
-}
+    void enterOpensTheHighlightedInDisplayOrder_data()
+    {
+        QTest::addColumn<QStringList>("before");
+        QTest::addColumn<QString>("enter");
+        QTest::addColumn<QList<int>>("opened");
+        const auto row = [](const char *name, const QStringList &before, const char *enter,
+                            const QList<int> &opened) {
+            QTest::newRow(name) << before << QString::fromLatin1(enter) << opened;
+        };
+        row("Return at once", {}, "Return", {0});
+        row("Enter of the keypad, after a move", {"Down", "Right"}, "KP_Enter", {5});
+        row("Alt+Return", {"Up"}, "alt+Return", {8});
+        row("Control+Enter of the keypad, a run grown back", {"Up", "shift+Left", "shift+Left"},
+            "ctrl+KP_Enter", {6, 7, 8});
+        row("Shift+Return, a shrunk run", {"shift+Right", "shift+Right", "shift+Left"}, "shift+Return",
+            {0, 1});
+    }
 
-void tst_KeysOnDesktop::keysAfterTheMouse()
-{
-    Typing typing(10, 4);
-    Hand::moveTo(typing.tiles.at(2));
-    Hand::click();
-    QTRY_COMPARE(RealBrowser::highlighted(typing.tiles), QList<int>({2}));
-    QCOMPARE(typing.after({"shift+Left", "Tab", "Left", "Down"}),
-             QStringList({"1 2: 1", "3: 3", "2: 2", "6: 6"}));
-    Hand::holdKey(QStringLiteral("ctrl"));
-    Hand::moveTo(typing.tiles.at(8));
-    Hand::click();
-    Hand::releaseKey(QStringLiteral("ctrl"));
-    QTRY_COMPARE(RealBrowser::highlighted(typing.tiles), QList<int>({6, 8}));
-    QCOMPARE(typing.after({"shift+Right", "shift+Right"}), QStringList({"6 7 8: 7", "6 7 8 9: 9"}));
-    // A pin that was clicked leaves the keys to the popup.
-    QToolButton *pin = RealBrowser::button(typing.tiles.at(0), "pinButton");
-    Hand::moveTo(pin);
-    Hand::click();
-    QTRY_VERIFY(pin->isChecked());
-    Hand::stepAside();
-    QCOMPARE(typing.after({"Left", "Up"}), QStringList({"5: 5", "1: 1"}));
-}
+    void enterOpensTheHighlightedInDisplayOrder()
+    {
+        QFETCH(QStringList, before);
+        QFETCH(QString, enter);
+        QFETCH(QList<int>, opened);
+        Typing typing(10, 4);
+        if (!before.isEmpty())
+            typing.after(before);
+        QCOMPARE(RealBrowser::highlighted(typing.tiles), opened);
+        Hand::key(enter);
+        QTRY_VERIFY(!typing.popup);
+        QCOMPARE(typing.browser.opened(), typing.browser.opening(opened));
+    }
 
-QTEST_MAIN(tst_KeysOnDesktop)
+    void aDrawingThatIsGoneKeepsNoOtherFromOpening()
+    {
+        Typing typing(4, 4);
+        QVERIFY(QFile::remove(typing.browser.paths().at(1)));
+        QCOMPARE(typing.after({"shift+Right", "shift+Right"}).constLast(), QStringLiteral("0 1 2: 2"));
+        Hand::key(QStringLiteral("Return"));
+        QTRY_VERIFY(!typing.popup);
+        QStringList expected = typing.browser.opening({0, 1, 2});
+        expected[1].replace(QRegularExpression(QStringLiteral("ok$")), QStringLiteral("failed"));
+        QCOMPARE(typing.browser.opened(), expected);
+    }
+
+    void escapeClosesOnly()
+    {
+        for (const char *key :
+             {"Escape", "shift+Escape", "ctrl+Escape"}) { // the window manager keeps alt+Escape
+            Typing typing(10, 2);
+            QCOMPARE(typing.after({"shift+Right"}), QStringList("0 1: 1"));
+            Hand::key(QLatin1String(key));
+            QTRY_VERIFY(!typing.popup);
+            drainEvents();
+            QTRY_VERIFY(typing.browser.window().isActiveWindow());
+            QCOMPARE(typing.browser.opened(), QStringList());
+        }
+    }
+
+    void escapeClosesWithATileHeld()
+    {
+        Typing typing(10, 4);
+        Hand::moveTo(typing.tiles.at(5));
+        Hand::press();
+        QTRY_COMPARE(RealBrowser::highlighted(typing.tiles), QList<int>({5}));
+        QCOMPARE(typing.after({"Right", "Down", "a"}), QStringList({"6: 6", "2: 2", "2: 2"}));
+        Hand::key(QStringLiteral("Escape"));
+        QTRY_VERIFY(!typing.popup);
+        Hand::release();
+        Hand::stepAside();
+        drainEvents();
+        QCOMPARE(typing.browser.opened(), QStringList());
+    }
+
+    void keysAfterTheMouse()
+    {
+        Typing typing(10, 4);
+        Hand::moveTo(typing.tiles.at(2));
+        Hand::click();
+        QTRY_COMPARE(RealBrowser::highlighted(typing.tiles), QList<int>({2}));
+        QCOMPARE(typing.after({"shift+Left", "Tab", "Left", "Down"}),
+                 QStringList({"1 2: 1", "3: 3", "2: 2", "6: 6"}));
+        Hand::holdKey(QStringLiteral("ctrl"));
+        Hand::moveTo(typing.tiles.at(8));
+        Hand::click();
+        Hand::releaseKey(QStringLiteral("ctrl"));
+        QTRY_COMPARE(RealBrowser::highlighted(typing.tiles), QList<int>({6, 8}));
+        QCOMPARE(typing.after({"shift+Right", "shift+Right"}), QStringList({"6 7 8: 7", "6 7 8 9: 9"}));
+        // A pin that was clicked leaves the keys to the popup.
+        QToolButton *pin = RealBrowser::button(typing.tiles.at(0), "pinButton");
+        Hand::moveTo(pin);
+        Hand::click();
+        QTRY_VERIFY(pin->isChecked());
+        Hand::stepAside();
+        QCOMPARE(typing.after({"Left", "Up"}), QStringList({"5: 5", "1: 1"}));
+    }
+};
+
+TEST_CLASS(tst_KeysOnDesktop);
 #include "tst_keysondesktop.moc"

@@ -83,186 +83,177 @@ class tst_PopupOnDesktop : public TestCase
     Q_OBJECT
 
 private slots:
-    void popupHasItsPlaceAndTheFocus_data();
-    void popupHasItsPlaceAndTheFocus();
-    void pathLineFollowsThePointerAndComesBack();
-    void clickByClick();
-    void doubleClickOpensThatTileAlone();
-    void clickOutsideClosesThePopup();
-    void pinnedDrawingComesFirstAtTheNextOpening();
-    void menuEntriesCanBeUsed();
+    void popupHasItsPlaceAndTheFocus_data()
+    {
+        QTest::addColumn<QRect>("frame");
+        QTest::addColumn<int>("documents");
+        QTest::addColumn<QRect>("expected");
+        const auto row = [](const char *name, const QRect &frame, int documents, const QRect &expected) {
+            QTest::newRow(name) << frame << documents << expected;
+        };
+        row("narrow main window", {100, 50, 500, 400}, 1, {50, 99, 724, 201});
+        row("narrow main window, taller popup", {100, 50, 500, 400}, 9, {100, 50, 724, 525});
+        row("two columns", {40, 40, 950, 700}, 3, {294, 175, 362, 350});
+        row("eleven columns", {0, 30, 3840, 1100}, 12, {924, 375, 1991, 350});
+    }
+
+    void popupHasItsPlaceAndTheFocus()
+    {
+        QFETCH(QRect, frame);
+        QFETCH(int, documents);
+        QFETCH(QRect, expected);
+        Hand::stepAside();
+        RealBrowser browser(documents, frame);
+        QCOMPARE(browser.window().geometry().size(), frame.size());
+        QDialog *popup = browser.openPopup();
+        QVERIFY(popup);
+
+        // The crossing of left and top counts from where the window manager has put the main window.
+        const QPoint moved = browser.window().geometry().topLeft() - frame.topLeft();
+        if (expected.x() == frame.top())
+            expected.translate(moved.y(), 0);
+        else if (expected.topLeft() == frame.topLeft())
+            expected.translate(moved);
+        QTRY_COMPARE(Hand::realGeometry(popup->winId()), expected);
+        QCOMPARE(popup->geometry(), expected);
+        QTRY_COMPARE(QApplication::focusWidget(), popup);
+        drainEvents();
+        QCOMPARE(RealBrowser::pathLine(popup), browser.paths().at(0));
+        QCOMPARE(RealBrowser::tiles(popup).size(), documents);
+        QCOMPARE(RealBrowser::highlighted(RealBrowser::tiles(popup)), Indices{0});
+        Hand::keepScreenshot(QStringLiteral("popup-%1-wide-%2-documents").arg(frame.width()).arg(documents));
+    }
+
+    void pathLineFollowsThePointerAndComesBack()
+    {
+        PopupByHand hand(5);
+        hand.goTo(4);
+        QTRY_COMPARE(hand.shown(), 4);
+        Hand::moveTo(hand.popup, QPoint(hand.popup->width() - 4, hand.popup->height() - 4));
+        QTRY_COMPARE(hand.shown(), 0);
+    }
+
+    void clickByClick()
+    {
+        const struct
+        {
+            int tile;
+            QStringList held;
+            int button;
+            Indices after;
+        } clicks[] = {
+            {3, none, leftButton, {3}},
+            {9, none, rightButton, {3}},
+            {4, none, middleButton, {4}},
+            {7, control, leftButton, {4, 7}},
+            {1, control, middleButton, {1, 4, 7}},
+            {7, control, leftButton, {1, 4, 7}}, // which never takes away
+            {4, none, leftButton, {4}},          // one of several: the release leaves it alone
+            {8, shift, leftButton, {4, 5, 6, 7, 8}},
+            {2, shift, leftButton, {2, 3, 4, 5, 6, 7, 8}},
+            {6, both, leftButton, {6}}, // like none
+            {6, shift, leftButton, {6, 7, 8, 9}},
+        };
+        PopupByHand hand;
+        for (const auto &click : clicks) {
+            hand.click(click.tile, click.held, click.button);
+            QTRY_COMPARE(hand.highlighted(), click.after);
+            QVERIFY(hand.allHasArrived()); // the release, too
+            QCOMPARE(hand.highlighted(), click.after);
+        }
+        Hand::keepScreenshot(QStringLiteral("four-tiles-highlighted"));
+        QVERIFY(hand.popup && hand.popup->isVisible());
+        QTRY_COMPARE(QApplication::focusWidget(), hand.popup.data());
+        QCOMPARE(hand.browser.opened(), QStringList());
+        Hand::key(QStringLiteral("Return"));
+        QTRY_VERIFY(!hand.popup);
+        QCOMPARE(hand.browser.opened(), hand.browser.opening({6, 7, 8, 9}));
+    }
+
+    void doubleClickOpensThatTileAlone()
+    {
+        for (const int button : {leftButton, rightButton}) {
+            PopupByHand hand;
+            hand.click(7, shift);
+            QTRY_COMPARE(hand.highlighted().size(), 8);
+            QVERIFY(hand.allHasArrived());
+            Hand::moveTo(hand.tiles.at(5)->findChild<QLabel *>(QStringLiteral("image_label")));
+            QTRY_COMPARE(hand.shown(), 5);
+            Hand::doubleClick(button);
+            QTRY_VERIFY(!hand.popup);
+            QCOMPARE(hand.browser.opened(), hand.browser.opening({5}));
+        }
+    }
+
+    void clickOutsideClosesThePopup()
+    {
+        PopupByHand hand(3);
+        Hand::moveTo(&hand.browser.window(), QPoint(20, 20));
+        Hand::click();
+        QTRY_VERIFY(!hand.popup);
+        QTRY_VERIFY(hand.browser.window().isActiveWindow());
+    }
+
+    void pinnedDrawingComesFirstAtTheNextOpening()
+    {
+        PopupByHand hand(3);
+        QToolButton *pin = RealBrowser::button(hand.tiles.at(1), "pinButton");
+        Hand::moveTo(pin);
+        QTRY_VERIFY(pin->underMouse());
+        const QImage unpinned = pin->grab().toImage();
+        Hand::click();
+        QTRY_VERIFY(pin->isChecked());
+        QVERIFY(pin->grab().toImage() != unpinned);
+        QVERIFY(hand.popup->isVisible());
+        Hand::keepScreenshot(QStringLiteral("second-tile-pinned"));
+        Hand::key(QStringLiteral("Escape")); // which a pin that was clicked leaves to the popup
+        QTRY_VERIFY(!hand.popup);
+
+        hand.open();
+        QStringList names;
+        for (const QDialog *tile : qAsConst(hand.tiles)) {
+            const bool isPinned = RealBrowser::button(tile, "pinButton")->isChecked();
+            names.append((isPinned ? QStringLiteral("pinned ") : QString()) +
+                         tile->findChild<QLabel *>(QStringLiteral("title_label"))->text());
+        }
+        QCOMPARE(names, QStringList({"pinned plan 2.dwg", "plan 1.dwg", "plan 3.dwg"}));
+    }
+
+    void menuEntriesCanBeUsed()
+    {
+        Hand::stepAside();
+        RealBrowser browser(3); // "plan 3.dwg": the path goes on after its blank
+        QMenu menu;
+        browser.addRecentFiles(&menu, nullptr);
+        menu.popup(QPoint(100, 100));
+        QVERIFY(waitForExposed(&menu));
+        const auto button = [&menu](int entry, const char *name) {
+            return menu.findChildren<QToolButton *>(QLatin1String(name)).value(entry);
+        };
+        const auto entries = [&] {
+            QString text;
+            for (int i = 0; i < 3; ++i) {
+                const QString path = button(i, "menuTextButton")->text().mid(3);
+                text += QStringLiteral("%1%2 ")
+                            .arg(browser.paths().indexOf(path))
+                            .arg(button(i, "pinButton")->isChecked() ? QStringLiteral(" pinned") : QString());
+            }
+            return text;
+        };
+        Hand::moveTo(button(1, "pinButton"));
+        Hand::click();
+        QTRY_COMPARE(entries(), QStringLiteral("1 pinned 0 2 ")); // it moves under the hand that clicks it
+        Hand::keepScreenshot(QStringLiteral("menu-entry-pinned"));
+
+        const FileManager fileManager(0, FileManager::Others::Found);
+        Hand::moveTo(button(2, "folderButton"));
+        Hand::click();
+        QTRY_COMPARE(fileManager.starts(), QVector<QStringList>{QStringList(browser.paths().at(2))});
+        Hand::moveTo(button(2, "menuTextButton"));
+        Hand::click();
+        QTRY_COMPARE(browser.opened(), browser.opening({2}));
+    }
 };
 
-void tst_PopupOnDesktop::popupHasItsPlaceAndTheFocus_data()
-{
-    QTest::addColumn<QRect>("frame");
-    QTest::addColumn<int>("documents");
-    QTest::addColumn<QRect>("expected");
-    const auto row = [](const char *name, const QRect &frame, int documents, const QRect &expected) {
-        QTest::newRow(name) << frame << documents << expected;
-    };
-    row("narrow main window", {100, 50, 500, 400}, 1, {50, 99, 724, 201});
-    row("narrow main window, taller popup", {100, 50, 500, 400}, 9, {100, 50, 724, 525});
-    row("two columns", {40, 40, 950, 700}, 3, {294, 175, 362, 350});
-    row("eleven columns", {0, 30, 3840, 1100}, 12, {924, 375, 1991, 350});
-}
-
-void tst_PopupOnDesktop::popupHasItsPlaceAndTheFocus()
-{
-    QFETCH(QRect, frame);
-    QFETCH(int, documents);
-    QFETCH(QRect, expected);
-    Hand::stepAside();
-    RealBrowser browser(documents, frame);
-    QCOMPARE(browser.window().geometry().size(), frame.size());
-    QDialog *popup = browser.openPopup();
-    QVERIFY(popup);
-
-    // The crossing of left and top counts from where the window manager has put the main window.
-    const QPoint moved = browser.window().geometry().topLeft() - frame.topLeft();
-    if (expected.x() == frame.top())
-        expected.translate(moved.y(), 0);
-    else if (expected.topLeft() == frame.topLeft())
-        expected.translate(moved);
-    QTRY_COMPARE(Hand::realGeometry(popup->winId()), expected);
-    QCOMPARE(popup->geometry(), expected);
-    QTRY_COMPARE(QApplication::focusWidget(), popup);
-    drainEvents();
-    QCOMPARE(RealBrowser::pathLine(popup), browser.paths().at(0));
-    QCOMPARE(RealBrowser::tiles(popup).size(), documents);
-    QCOMPARE(RealBrowser::highlighted(RealBrowser::tiles(popup)), Indices{0});
-    Hand::keepScreenshot(QStringLiteral("popup-%1-wide-%2-documents").arg(frame.width()).arg(documents));
-}
-
-void tst_PopupOnDesktop::pathLineFollowsThePointerAndComesBack()
-{
-    PopupByHand hand(5);
-    hand.goTo(4);
-    QTRY_COMPARE(hand.shown(), 4);
-    Hand::moveTo(hand.popup, QPoint(hand.popup->width() - 4, hand.popup->height() - 4));
-    QTRY_COMPARE(hand.shown(), 0);
-}
-
-void tst_PopupOnDesktop::clickByClick()
-{
-    const struct
-    {
-        int tile;
-        QStringList held;
-        int button;
-        Indices after;
-    } clicks[] = {
-        {3, none, leftButton, {3}},
-        {9, none, rightButton, {3}},
-        {4, none, middleButton, {4}},
-        {7, control, leftButton, {4, 7}},
-        {1, control, middleButton, {1, 4, 7}},
-        {7, control, leftButton, {1, 4, 7}}, // which never takes away
-        {4, none, leftButton, {4}},          // one of several: the release leaves it alone
-        {8, shift, leftButton, {4, 5, 6, 7, 8}},
-        {2, shift, leftButton, {2, 3, 4, 5, 6, 7, 8}},
-        {6, both, leftButton, {6}}, // like none
-        {6, shift, leftButton, {6, 7, 8, 9}},
-    };
-    PopupByHand hand;
-    for (const auto &click : clicks) {
-        hand.click(click.tile, click.held, click.button);
-        QTRY_COMPARE(hand.highlighted(), click.after);
-        QVERIFY(hand.allHasArrived()); // the release, too
-        QCOMPARE(hand.highlighted(), click.after);
-    }
-    Hand::keepScreenshot(QStringLiteral("four-tiles-highlighted"));
-    QVERIFY(hand.popup && hand.popup->isVisible());
-    QTRY_COMPARE(QApplication::focusWidget(), hand.popup.data());
-    QCOMPARE(hand.browser.opened(), QStringList());
-    Hand::key(QStringLiteral("Return"));
-    QTRY_VERIFY(!hand.popup);
-    QCOMPARE(hand.browser.opened(), hand.browser.opening({6, 7, 8, 9}));
-}
-
-void tst_PopupOnDesktop::doubleClickOpensThatTileAlone()
-{
-    for (const int button : {leftButton, rightButton}) {
-        PopupByHand hand;
-        hand.click(7, shift);
-        QTRY_COMPARE(hand.highlighted().size(), 8);
-        QVERIFY(hand.allHasArrived());
-        Hand::moveTo(hand.tiles.at(5)->findChild<QLabel *>(QStringLiteral("image_label")));
-        QTRY_COMPARE(hand.shown(), 5);
-        Hand::doubleClick(button);
-        QTRY_VERIFY(!hand.popup);
-        QCOMPARE(hand.browser.opened(), hand.browser.opening({5}));
-    }
-}
-
-void tst_PopupOnDesktop::clickOutsideClosesThePopup()
-{
-    PopupByHand hand(3);
-    Hand::moveTo(&hand.browser.window(), QPoint(20, 20));
-    Hand::click();
-    QTRY_VERIFY(!hand.popup);
-    QTRY_VERIFY(hand.browser.window().isActiveWindow());
-}
-
-void tst_PopupOnDesktop::pinnedDrawingComesFirstAtTheNextOpening()
-{
-    PopupByHand hand(3);
-    QToolButton *pin = RealBrowser::button(hand.tiles.at(1), "pinButton");
-    Hand::moveTo(pin);
-    QTRY_VERIFY(pin->underMouse());
-    const QImage unpinned = pin->grab().toImage();
-    Hand::click();
-    QTRY_VERIFY(pin->isChecked());
-    QVERIFY(pin->grab().toImage() != unpinned);
-    QVERIFY(hand.popup->isVisible());
-    Hand::keepScreenshot(QStringLiteral("second-tile-pinned"));
-    Hand::key(QStringLiteral("Escape")); // which a pin that was clicked leaves to the popup
-    QTRY_VERIFY(!hand.popup);
-
-    hand.open();
-    QStringList names;
-    for (const QDialog *tile : qAsConst(hand.tiles)) {
-        const bool isPinned = RealBrowser::button(tile, "pinButton")->isChecked();
-        names.append((isPinned ? QStringLiteral("pinned ") : QString()) +
-                     tile->findChild<QLabel *>(QStringLiteral("title_label"))->text());
-    }
-    QCOMPARE(names, QStringList({"pinned plan 2.dwg", "plan 1.dwg", "plan 3.dwg"}));
-}
-
-void tst_PopupOnDesktop::menuEntriesCanBeUsed()
-{
-    Hand::stepAside();
-    RealBrowser browser(3); // "plan 3.dwg": the path goes on after its blank
-    QMenu menu;
-    browser.addRecentFiles(&menu, nullptr);
-    menu.popup(QPoint(100, 100));
-    QVERIFY(waitForExposed(&menu));
-    const auto button = [&menu](int entry, const char *name) {
-        return menu.findChildren<QToolButton *>(QLatin1String(name)).value(entry);
-    };
-    const auto entries = [&] {
-        QString text;
-        for (int i = 0; i < 3; ++i) {
-            const QString path = button(i, "menuTextButton")->text().mid(3);
-            text += QStringLiteral("%1%2 ")
-                        .arg(browser.paths().indexOf(path))
-                        .arg(button(i, "pinButton")->isChecked() ? QStringLiteral(" pinned") : QString());
-        }
-        return text;
-    };
-    Hand::moveTo(button(1, "pinButton"));
-    Hand::click();
-    QTRY_COMPARE(entries(), QStringLiteral("1 pinned 0 2 ")); // it moves under the hand that clicks it
-    Hand::keepScreenshot(QStringLiteral("menu-entry-pinned"));
-
-    const FileManager fileManager(0, FileManager::Others::Found);
-    Hand::moveTo(button(2, "folderButton"));
-    Hand::click();
-    QTRY_COMPARE(fileManager.starts(), QVector<QStringList>{QStringList(browser.paths().at(2))});
-    Hand::moveTo(button(2, "menuTextButton"));
-    Hand::click();
-    QTRY_COMPARE(browser.opened(), browser.opening({2}));
-}
-
-QTEST_MAIN(tst_PopupOnDesktop)
+TEST_CLASS(tst_PopupOnDesktop);
 #include "tst_popupondesktop.moc"

@@ -6,21 +6,6 @@
 
 #include <QScreen>
 
-//! The program as a user starts it: from the script to the opened drawing and out.
-class tst_ProgramOnDesktop : public TestCase
-{
-    Q_OBJECT
-
-private slots:
-    void geometryIsAsGivenAlsoAfterAMaximizedSession();
-    void f4GivesThePopupTheKeyboard();
-    void f4WorksBeforeAnyDrawingIsOpen();
-    void helpIconLeadsToTheHelpWindow();
-    void fileMenuOpensThePopup();
-    void clickIntoAnotherProgramClosesThePopup();
-    void fileManagerGetsThePath();
-};
-
 namespace {
 
 const QStringList threeDrawings{QStringLiteral("gr\u00fcndung.dwg"), QStringLiteral("cellar & garage.dwg"),
@@ -28,135 +13,142 @@ const QStringList threeDrawings{QStringLiteral("gr\u00fcndung.dwg"), QStringLite
 
 } // namespace
 
-void tst_ProgramOnDesktop::geometryIsAsGivenAlsoAfterAMaximizedSession()
+//! The program as a user starts it: from the script to the opened drawing and out.
+class tst_ProgramOnDesktop : public TestCase
 {
-    ProgramOnScreen program((QStringList()));
-    const QString title = QStringLiteral("fxhost");
-    const auto place = [&] { return Hand::realGeometry(ProgramOnScreen::findWindow(title)); };
-    program.geometry.clear();
-    QVERIFY(program.start({}));
-    QTRY_COMPARE(place().width(), QGuiApplication::primaryScreen()->geometry().width());
-    QVERIFY(program.quit());
+    Q_OBJECT
 
-    program.geometry = QStringLiteral("800x600+100+90");
-    QVERIFY(program.start({}));
-    QTRY_COMPARE(place(), QRect(100, 90, 800, 600));
-}
-
-void tst_ProgramOnDesktop::f4GivesThePopupTheKeyboard()
-{
-    ProgramOnScreen program(threeDrawings);
-    QVERIFY(program.start({"_NEW"}));
-    QCOMPARE(ProgramOnScreen::popup(), WId(0));
-    Hand::key(QStringLiteral("F4"));
-    QVERIFY(ProgramOnScreen::popupComes());
-    QTRY_COMPARE(Hand::realGeometry(ProgramOnScreen::popup()), ProgramOnScreen::popupPlace);
-    // No click in between: the first key goes to the tiles.
-    Hand::key(QStringLiteral("shift+Right"));
-    Hand::key(QStringLiteral("Return"));
-    QTRY_COMPARE(program.opened(), program.paths().mid(0, 2));
-    QVERIFY(ProgramOnScreen::popupGoes());
-    QVERIFY(program.quit()); // the keys reach the command line by themselves
-    const QString module = QStringLiteral("module %1 ").arg(QStringLiteral(MODULE_FILE));
-    const QString listed = QStringLiteral("command _RECENTADD 5100");
-    QCOMPARE(program.log(), QStringList({module + "loaded", listed, listed, listed, "command _DELAY 5100",
-                                         "command _NEW 5100", "command _RECENT 5100",
-                                         QStringLiteral("open %1 ok").arg(program.paths().at(0)),
-                                         QStringLiteral("open %1 ok").arg(program.paths().at(1)),
-                                         "command _QUIT 5100", module + "unloaded"}));
-}
-
-void tst_ProgramOnDesktop::f4WorksBeforeAnyDrawingIsOpen()
-{
+private slots:
+    void geometryIsAsGivenAlsoAfterAMaximizedSession()
     {
-        ProgramOnScreen first(threeDrawings);
-        QVERIFY(first.start({"_NEW", "_CLOSE"}));
-        Hand::key(QStringLiteral("F4"));
-        QVERIFY(ProgramOnScreen::popupComes());
-        Hand::key(QStringLiteral("Return"));
-        QTRY_COMPARE(first.opened(), first.paths().mid(0, 1));
-    }
-    // Before the first drawing the module has made no entries, and so no tiles: an empty popup.
-    for (const QStringList &names : {threeDrawings, QStringList()}) {
-        ProgramOnScreen program(names);
+        ProgramOnScreen program((QStringList()));
+        const QString title = QStringLiteral("fxhost");
+        const auto place = [&] { return Hand::realGeometry(ProgramOnScreen::findWindow(title)); };
+        program.geometry.clear();
         QVERIFY(program.start({}));
+        QTRY_COMPARE(place().width(), QGuiApplication::primaryScreen()->geometry().width());
+        QVERIFY(program.quit());
+
+        program.geometry = QStringLiteral("800x600+100+90");
+        QVERIFY(program.start({}));
+        QTRY_COMPARE(place(), QRect(100, 90, 800, 600));
+    }
+
+    void f4GivesThePopupTheKeyboard()
+    {
+        ProgramOnScreen program(threeDrawings);
+        QVERIFY(program.start({"_NEW"}));
+        QCOMPARE(ProgramOnScreen::popup(), WId(0));
         Hand::key(QStringLiteral("F4"));
         QVERIFY(ProgramOnScreen::popupComes());
-        Hand::keepScreenshot(QStringLiteral("program-at-its-start-after-f4-%1").arg(names.size()));
+        QTRY_COMPARE(Hand::realGeometry(ProgramOnScreen::popup()), ProgramOnScreen::popupPlace);
+        // No click in between: the first key goes to the tiles.
+        Hand::key(QStringLiteral("shift+Right"));
         Hand::key(QStringLiteral("Return"));
+        QTRY_COMPARE(program.opened(), program.paths().mid(0, 2));
+        QVERIFY(ProgramOnScreen::popupGoes());
+        QVERIFY(program.quit()); // the keys reach the command line by themselves
+        const QString module = QStringLiteral("module %1 ").arg(QStringLiteral(MODULE_FILE));
+        const QString listed = QStringLiteral("command _RECENTADD 5100");
+        QCOMPARE(program.log(), QStringList({module + "loaded", listed, listed, listed, "command _DELAY 5100",
+                                             "command _NEW 5100", "command _RECENT 5100",
+                                             QStringLiteral("open %1 ok").arg(program.paths().at(0)),
+                                             QStringLiteral("open %1 ok").arg(program.paths().at(1)),
+                                             "command _QUIT 5100", module + "unloaded"}));
+    }
+
+    void f4WorksBeforeAnyDrawingIsOpen()
+    {
+        {
+            ProgramOnScreen first(threeDrawings);
+            QVERIFY(first.start({"_NEW", "_CLOSE"}));
+            Hand::key(QStringLiteral("F4"));
+            QVERIFY(ProgramOnScreen::popupComes());
+            Hand::key(QStringLiteral("Return"));
+            QTRY_COMPARE(first.opened(), first.paths().mid(0, 1));
+        }
+        // Before the first drawing the module has made no entries, and so no tiles: an empty popup.
+        for (const QStringList &names : {threeDrawings, QStringList()}) {
+            ProgramOnScreen program(names);
+            QVERIFY(program.start({}));
+            Hand::key(QStringLiteral("F4"));
+            QVERIFY(ProgramOnScreen::popupComes());
+            Hand::keepScreenshot(QStringLiteral("program-at-its-start-after-f4-%1").arg(names.size()));
+            Hand::key(QStringLiteral("Return"));
+            Hand::key(QStringLiteral("Escape"));
+            QVERIFY(ProgramOnScreen::popupGoes());
+            QVERIFY(program.quit());
+            QVERIFY(program.opened().isEmpty());
+        }
+    }
+
+    void helpIconLeadsToTheHelpWindow()
+    {
+        ProgramOnScreen program(threeDrawings);
+        QVERIFY(program.start({"_NEW", "_RECENT"}));
+        QVERIFY(ProgramOnScreen::popupComes());
+        Hand::moveTo(ProgramOnScreen::popupPlace.topRight() + QPoint(-8, 14));
+        Hand::click();
+        QTRY_COMPARE(program.log().mid(7), QStringList({"help 3087", "command _RHELP 5100"}));
+        QVERIFY(ProgramOnScreen::popupGoes());
+        Hand::keepScreenshot(QStringLiteral("program-with-help"));
+    }
+
+    void fileMenuOpensThePopup()
+    {
+        ProgramOnScreen program(threeDrawings);
+        QVERIFY(program.start({"_NEW"}));
+        const QString title = ProgramOnScreen::activeTitle();
+        Hand::key(QStringLiteral("alt+f"));
+        // From the end: Exit, and before its separator the browser's entry.
+        Hand::key(QStringLiteral("Up"));
+        Hand::key(QStringLiteral("Up"));
+        Hand::keepScreenshot(QStringLiteral("program-with-file-menu"));
+        Hand::key(QStringLiteral("Return"));
+        QVERIFY(ProgramOnScreen::popupComes());
+        QTRY_VERIFY(program.log().contains(QStringLiteral("command _RECENT 5100")));
         Hand::key(QStringLiteral("Escape"));
         QVERIFY(ProgramOnScreen::popupGoes());
-        QVERIFY(program.quit());
+        QTRY_COMPARE(ProgramOnScreen::activeTitle(), title);
+        QVERIFY(program.quit()); // the focus is in the command line again
         QVERIFY(program.opened().isEmpty());
     }
-}
 
-void tst_ProgramOnDesktop::helpIconLeadsToTheHelpWindow()
-{
-    ProgramOnScreen program(threeDrawings);
-    QVERIFY(program.start({"_NEW", "_RECENT"}));
-    QVERIFY(ProgramOnScreen::popupComes());
-    Hand::moveTo(ProgramOnScreen::popupPlace.topRight() + QPoint(-8, 14));
-    Hand::click();
-    QTRY_COMPARE(program.log().mid(7), QStringList({"help 3087", "command _RHELP 5100"}));
-    QVERIFY(ProgramOnScreen::popupGoes());
-    Hand::keepScreenshot(QStringLiteral("program-with-help"));
-}
+    void clickIntoAnotherProgramClosesThePopup()
+    {
+        ProgramOnScreen program(threeDrawings);
+        QVERIFY(program.start({"_NEW"}));
+        QWidget other; // this test is another program than the one that it has started
+        other.setGeometry(1500, 300, 300, 200);
+        other.show();
+        QVERIFY(waitForActive(&other));
+        Hand::moveTo(QPoint(1300, 100)); // the main window's title bar
+        Hand::click();
+        QTRY_VERIFY(!other.isActiveWindow());
+        Hand::key(QStringLiteral("F4"));
+        QVERIFY(ProgramOnScreen::popupComes());
+        Hand::moveTo(&other);
+        Hand::click();
+        QVERIFY(ProgramOnScreen::popupGoes());
+        QTRY_VERIFY(other.isActiveWindow());
+        QVERIFY(program.opened().isEmpty());
+    }
 
-void tst_ProgramOnDesktop::fileMenuOpensThePopup()
-{
-    ProgramOnScreen program(threeDrawings);
-    QVERIFY(program.start({"_NEW"}));
-    const QString title = ProgramOnScreen::activeTitle();
-    Hand::key(QStringLiteral("alt+f"));
-    // From the end: Exit, and before its separator the browser's entry.
-    Hand::key(QStringLiteral("Up"));
-    Hand::key(QStringLiteral("Up"));
-    Hand::keepScreenshot(QStringLiteral("program-with-file-menu"));
-    Hand::key(QStringLiteral("Return"));
-    QVERIFY(ProgramOnScreen::popupComes());
-    QTRY_VERIFY(program.log().contains(QStringLiteral("command _RECENT 5100")));
-    Hand::key(QStringLiteral("Escape"));
-    QVERIFY(ProgramOnScreen::popupGoes());
-    QTRY_COMPARE(ProgramOnScreen::activeTitle(), title);
-    QVERIFY(program.quit()); // the focus is in the command line again
-    QVERIFY(program.opened().isEmpty());
-}
+    void fileManagerGetsThePath()
+    {
+        ProgramOnScreen program({QStringLiteral("--50%20off `id` \\ 'x' \u00dc.dwg")},
+                                QStringLiteral("a & b  $HOME"));
+        const FileManager fileManager(0, FileManager::Others::Found);
+        QVERIFY(program.start({"_NEW", "_RECENT"}));
+        QVERIFY(ProgramOnScreen::popupComes());
+        Hand::moveTo(ProgramOnScreen::folderButton);
+        Hand::click();
+        QVERIFY(ProgramOnScreen::popupGoes());
+        QCOMPARE(fileManager.starts(), QVector<QStringList>{program.paths()});
+        QVERIFY(program.opened().isEmpty());
+        QVERIFY(program.quit());
+    }
+};
 
-void tst_ProgramOnDesktop::clickIntoAnotherProgramClosesThePopup()
-{
-    ProgramOnScreen program(threeDrawings);
-    QVERIFY(program.start({"_NEW"}));
-    QWidget other; // this test is another program than the one that it has started
-    other.setGeometry(1500, 300, 300, 200);
-    other.show();
-    QVERIFY(waitForActive(&other));
-    Hand::moveTo(QPoint(1300, 100)); // the main window's title bar
-    Hand::click();
-    QTRY_VERIFY(!other.isActiveWindow());
-    Hand::key(QStringLiteral("F4"));
-    QVERIFY(ProgramOnScreen::popupComes());
-    Hand::moveTo(&other);
-    Hand::click();
-    QVERIFY(ProgramOnScreen::popupGoes());
-    QTRY_VERIFY(other.isActiveWindow());
-    QVERIFY(program.opened().isEmpty());
-}
-
-void tst_ProgramOnDesktop::fileManagerGetsThePath()
-{
-    ProgramOnScreen program({QStringLiteral("--50%20off `id` \\ 'x' \u00dc.dwg")},
-                            QStringLiteral("a & b  $HOME"));
-    const FileManager fileManager(0, FileManager::Others::Found);
-    QVERIFY(program.start({"_NEW", "_RECENT"}));
-    QVERIFY(ProgramOnScreen::popupComes());
-    Hand::moveTo(ProgramOnScreen::folderButton);
-    Hand::click();
-    QVERIFY(ProgramOnScreen::popupGoes());
-    QCOMPARE(fileManager.starts(), QVector<QStringList>{program.paths()});
-    QVERIFY(program.opened().isEmpty());
-    QVERIFY(program.quit());
-}
-
-QTEST_MAIN(tst_ProgramOnDesktop)
+TEST_CLASS(tst_ProgramOnDesktop);
 #include "tst_programondesktop.moc"

@@ -8,15 +8,6 @@
 #include <QScreen>
 #include <QSet>
 
-//! "Show in Folder" of the program with the file manager that users have.
-class tst_RealFileManager : public TestCase
-{
-    Q_OBJECT
-
-private slots:
-    void itShowsTheFolder();
-};
-
 namespace {
 
 //! How many different colours the window shows where the file manager has its files: right of its places,
@@ -38,27 +29,34 @@ int coloursOfFiles(WId window)
 
 } // namespace
 
-void tst_RealFileManager::itShowsTheFolder()
+//! "Show in Folder" of the program with the file manager that users have.
+class tst_RealFileManager : public TestCase
 {
-    ProgramOnScreen program({QStringLiteral("ground floor.dwg")},
-                            QStringLiteral("h\u00e4user & g\u00e4rten"));
-    QVERIFY(program.start({QStringLiteral("_NEW"), QStringLiteral("_RECENT")},
-                          ProgramOnScreen::freshSession(QStringLiteral("file-manager-home"))));
-    QVERIFY(ProgramOnScreen::popupComes());
-    Hand::moveTo(ProgramOnScreen::folderButton);
-    Hand::click();
-    const QString title = QStringLiteral("h\u00e4user & g\u00e4rten");
-    QTRY_COMPARE(ProgramOnScreen::activeTitle(), title);
-    // An empty folder has one colour, an icon with a name under it has many. It is drawn more than once, with
-    // nothing in between, so that whoever asks again may find nothing.
-    QVERIFY(waitUntil([&] { return coloursOfFiles(ProgramOnScreen::findWindow(title)) > 5; }));
-    Hand::keepScreenshot(QStringLiteral("folder-in-the-file-manager"));
-    // The first of its windows keeps the command running, and the program waits for the command's end.
-    Hand::key(QStringLiteral("alt+F4"));
-    QVERIFY(ProgramOnScreen::popupGoes());
-    QTRY_VERIFY(ProgramOnScreen::activeTitle().startsWith(QLatin1String("fxhost")));
-    QVERIFY(program.quit());
-}
+    Q_OBJECT
 
-QTEST_MAIN(tst_RealFileManager)
+private slots:
+    void itShowsTheFolder()
+    {
+        ProgramOnScreen program({QStringLiteral("ground floor.dwg")},
+                                QStringLiteral("h\u00e4user & g\u00e4rten"));
+        QVERIFY(program.start({QStringLiteral("_NEW"), QStringLiteral("_RECENT")},
+                              ProgramOnScreen::freshSession(QStringLiteral("file-manager-home"))));
+        QVERIFY(ProgramOnScreen::popupComes());
+        Hand::moveTo(ProgramOnScreen::folderButton);
+        Hand::click();
+        const QString title = QStringLiteral("h\u00e4user & g\u00e4rten");
+        QTRY_COMPARE(ProgramOnScreen::activeTitle(), title);
+        // An empty folder has one colour, an icon with a name under it has many. It is drawn more than once,
+        // with nothing in between, so that whoever asks again may find nothing.
+        QVERIFY(waitUntil([&] { return coloursOfFiles(ProgramOnScreen::findWindow(title)) > 5; }));
+        Hand::keepScreenshot(QStringLiteral("folder-in-the-file-manager"));
+        // The first of its windows keeps the command running, and the program waits for the command's end.
+        Hand::key(QStringLiteral("alt+F4"));
+        QVERIFY(ProgramOnScreen::popupGoes());
+        QTRY_VERIFY(ProgramOnScreen::activeTitle().startsWith(QLatin1String("fxhost")));
+        QVERIFY(program.quit());
+    }
+};
+
+TEST_CLASS(tst_RealFileManager);
 #include "tst_realfilemanager.moc"

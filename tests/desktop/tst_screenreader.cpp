@@ -9,76 +9,76 @@ class tst_ScreenReader : public TestCase
     Q_OBJECT
 
 private slots:
-    void browserIsReadWhileTheModuleComesAndGoes();
+    void browserIsReadWhileTheModuleComesAndGoes()
+    {
+        ProgramOnScreen program({QStringLiteral("a name of many letters.dwg"), QStringLiteral("roof.dwg")});
+        QFile file(program.path(QStringLiteral("said")));
+        const auto heard = [&] { return QString::fromUtf8(file.readAll()).split('\n', Qt::SkipEmptyParts); };
+        QStringList said; // since the last question
+        const auto says = [&](const QString &last) {
+            return waitUntil([&] { return (said += heard()).contains(last); });
+        };
+        const auto ask = [&](const char *question) {
+            said.clear();
+            program.process().write(question);
+            program.process().write("\n");
+        };
+        const auto typed = [&](const QString &command, const QString &result) {
+            const int count = program.log().size();
+            ProgramOnScreen::type(command);
+            return waitUntil([&] { return program.log().mid(count).contains(result); });
+        };
+        const QString unload = QStringLiteral("_MODULEUNLOAD RecentDocumentBrowser");
+        const QString load = QStringLiteral("_MODULELOAD ") + QStringLiteral(MODULE_FILE);
+        const QString module = QStringLiteral("module %1 ").arg(QStringLiteral(MODULE_FILE));
+
+        // The first time the module goes with its popup open.
+        QVERIFY(program.start({"_NEW", "_RECENT", unload, load, "_NEW"},
+                              ProgramOnScreen::freshSession(QStringLiteral("screen-reader-home"))
+                                  << "env"
+                                  << "QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1" << SCREEN_READER
+                                  << file.fileName()));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QVERIFY(says("attached"));
+        const QString tiles[] = {"a name of many letters.dwg", "roof.dwg"};
+        const QString pin = QStringLiteral("check box: Pin this document to the Recent Documents list () []");
+        for (int round = 0; round < 2; ++round) {
+            said.clear();
+            Hand::key(QStringLiteral("F4"));
+            QVERIFY(says("focused " + tiles[0]));
+            Hand::key(QStringLiteral("Right"));
+            QVERIFY(says("focused " + tiles[1]));
+            QVERIFY(says("unselected " + tiles[0]));
+            QVERIFY(says("selected " + tiles[1]));
+            ask("do Pin this document to the Recent Documents list");
+            QVERIFY(says("named Unpin this document from the Recent Documents list"));
+            ask("tree");
+            QVERIFY(says(pin));
+            QCOMPARE(
+                said.filter(QRegularExpression("^(?!label|image)")),
+                QStringList({"dialog: Recent Documents () []", "push button: Help () []",
+                             "list: Recent Documents () []",
+                             QStringLiteral("list item: %1 (%2) []").arg(tiles[0], program.paths().at(0)),
+                             "push button: Show in Folder () []",
+                             "check box: Unpin this document from the Recent Documents list () [checked]",
+                             QStringLiteral("list item: %1 (%2) [focused, selected]")
+                                 .arg(tiles[1], program.paths().at(1)),
+                             "push button: Show in Folder () []", pin}));
+            const int things = said.size();
+            ask("old");
+            QVERIFY(says(QStringLiteral("%1 answer").arg(things)));
+            Hand::keepScreenshot(QStringLiteral("screen-reader-%1").arg(round));
+            Hand::key(QStringLiteral("Escape"));
+            QTRY_VERIFY(ProgramOnScreen::activeTitle().startsWith(QLatin1String("fxhost")));
+            QVERIFY(typed(unload, module + "unloaded"));
+            ask("old");
+            QVERIFY(says(QStringLiteral("0 answer")));
+            QVERIFY(typed(load, module + "loaded"));
+            QVERIFY(typed(QStringLiteral("_NEW"), QStringLiteral("command _NEW 5100")));
+        }
+        QVERIFY(program.quit());
+    }
 };
 
-void tst_ScreenReader::browserIsReadWhileTheModuleComesAndGoes()
-{
-    ProgramOnScreen program({QStringLiteral("a name of many letters.dwg"), QStringLiteral("roof.dwg")});
-    QFile file(program.path(QStringLiteral("said")));
-    const auto heard = [&] { return QString::fromUtf8(file.readAll()).split('\n', Qt::SkipEmptyParts); };
-    QStringList said; // since the last question
-    const auto says = [&](const QString &last) {
-        return waitUntil([&] { return (said += heard()).contains(last); });
-    };
-    const auto ask = [&](const char *question) {
-        said.clear();
-        program.process().write(question);
-        program.process().write("\n");
-    };
-    const auto typed = [&](const QString &command, const QString &result) {
-        const int count = program.log().size();
-        ProgramOnScreen::type(command);
-        return waitUntil([&] { return program.log().mid(count).contains(result); });
-    };
-    const QString unload = QStringLiteral("_MODULEUNLOAD RecentDocumentBrowser");
-    const QString load = QStringLiteral("_MODULELOAD ") + QStringLiteral(MODULE_FILE);
-    const QString module = QStringLiteral("module %1 ").arg(QStringLiteral(MODULE_FILE));
-
-    // The first time the module goes with its popup open.
-    QVERIFY(program.start({"_NEW", "_RECENT", unload, load, "_NEW"},
-                          ProgramOnScreen::freshSession(QStringLiteral("screen-reader-home"))
-                              << "env"
-                              << "QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1" << SCREEN_READER << file.fileName()));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QVERIFY(says("attached"));
-    const QString tiles[] = {"a name of many letters.dwg", "roof.dwg"};
-    const QString pin = QStringLiteral("check box: Pin this document to the Recent Documents list () []");
-    for (int round = 0; round < 2; ++round) {
-        said.clear();
-        Hand::key(QStringLiteral("F4"));
-        QVERIFY(says("focused " + tiles[0]));
-        Hand::key(QStringLiteral("Right"));
-        QVERIFY(says("focused " + tiles[1]));
-        QVERIFY(says("unselected " + tiles[0]));
-        QVERIFY(says("selected " + tiles[1]));
-        ask("do Pin this document to the Recent Documents list");
-        QVERIFY(says("named Unpin this document from the Recent Documents list"));
-        ask("tree");
-        QVERIFY(says(pin));
-        QCOMPARE(said.filter(QRegularExpression("^(?!label|image)")),
-                 QStringList({"dialog: Recent Documents () []", "push button: Help () []",
-                              "list: Recent Documents () []",
-                              QStringLiteral("list item: %1 (%2) []").arg(tiles[0], program.paths().at(0)),
-                              "push button: Show in Folder () []",
-                              "check box: Unpin this document from the Recent Documents list () [checked]",
-                              QStringLiteral("list item: %1 (%2) [focused, selected]")
-                                  .arg(tiles[1], program.paths().at(1)),
-                              "push button: Show in Folder () []", pin}));
-        const int things = said.size();
-        ask("old");
-        QVERIFY(says(QStringLiteral("%1 answer").arg(things)));
-        Hand::keepScreenshot(QStringLiteral("screen-reader-%1").arg(round));
-        Hand::key(QStringLiteral("Escape"));
-        QTRY_VERIFY(ProgramOnScreen::activeTitle().startsWith(QLatin1String("fxhost")));
-        QVERIFY(typed(unload, module + "unloaded"));
-        ask("old");
-        QVERIFY(says(QStringLiteral("0 answer")));
-        QVERIFY(typed(load, module + "loaded"));
-        QVERIFY(typed(QStringLiteral("_NEW"), QStringLiteral("command _NEW 5100")));
-    }
-    QVERIFY(program.quit());
-}
-
-QTEST_MAIN(tst_ScreenReader)
+TEST_CLASS(tst_ScreenReader);
 #include "tst_screenreader.moc"

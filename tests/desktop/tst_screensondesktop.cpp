@@ -18,82 +18,78 @@ class tst_ScreensOnDesktop : public TestCase
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void popupKeepsToTheScreensAndCanBeUsed_data();
-    void popupKeepsToTheScreensAndCanBeUsed();
+    void initTestCase()
+    {
+        const QList<QScreen *> screens = QGuiApplication::screens();
+        QCOMPARE(screens.size(), 2);
+        QCOMPARE(screens.at(0)->geometry(), QRect(0, 0, 1600, 1200));
+        QCOMPARE(screens.at(1)->geometry(), QRect(1600, 0, 1280, 1024));
+    }
+
+    void popupKeepsToTheScreensAndCanBeUsed_data()
+    {
+        QTest::addColumn<QRect>("frame");
+        QTest::addColumn<int>("documents");
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<QPoint>("place"); // none where it would not be on one screen
+        const auto row = [](const char *name, const QRect &frame, int documents, const QSize &size,
+                            const QPoint &place = {}) {
+            QTest::newRow(name) << frame << documents << size << place;
+        };
+        row("on the second screen", {1640, 60, 1200, 900}, 4, {543, 350}, {328, 275});
+        row("small on the second screen, larger popup", {1800, 300, 500, 400}, 9, {724, 525}, {1800, 300});
+        row("small on the second screen, wider popup", {1800, 300, 500, 400}, 4, {724, 201}, {300, 99});
+        row("over both screens", {1000, 100, 1300, 900}, 4, {724, 201}, {288, 349});
+        row("over the lower edge", {100, 700, 1300, 900}, 4, {724, 201}, {288, 349});
+        row("over the left edge", {-500, 100, 1300, 900}, 4, {724, 201}, {288, 349});
+        row("wide, popup over both screens", {10, 40, 2890, 900}, 13, {1448, 350});
+        row("high, popup higher than a screen", {10, 40, 800, 1500}, 21, {543, 1225});
+    }
+
+    void popupKeepsToTheScreensAndCanBeUsed()
+    {
+        QFETCH(QRect, frame);
+        QFETCH(int, documents);
+        QFETCH(QSize, size);
+        QFETCH(QPoint, place);
+        Hand::moveTo(QPoint(2870, 1190)); // below the second screen, where no window reaches
+        RealBrowser browser(documents, frame);
+        const QRect real = browser.window().geometry();
+        QCOMPARE(real.size(), frame.size());
+        const QPointer<QDialog> popup = browser.openPopup();
+        QVERIFY(popup);
+        const auto realPlace = [&] { return Hand::realGeometry(popup->winId()); };
+        QTRY_COMPARE(realPlace().size(), size);
+        if (place.isNull()) {
+            // The window manager moves it, and has the last word. The popup knows where it is: its rim and
+            // its focus are judged by that.
+            const QList<QScreen *> screens = QGuiApplication::screens();
+            QVERIFY(std::any_of(screens.begin(), screens.end(), [&](const QScreen *screen) {
+                return screen->geometry().contains(realPlace().topLeft());
+            }));
+        } else {
+            // Where the main window's place counts, it is the one that the window manager has given it.
+            if (place == frame.topLeft())
+                place = real.topLeft();
+            else if (place.x() == frame.top())
+                place.setX(real.top());
+            QTRY_COMPARE(realPlace().topLeft(), place);
+        }
+        QTRY_COMPARE(popup->geometry(), realPlace());
+        Hand::keepScreenshot(QLatin1String("screens ") + QLatin1String(QTest::currentDataTag()));
+
+        // It is as good here as anywhere else: keys, hovering and clicks arrive where they should.
+        const QList<QDialog *> tiles = RealBrowser::tiles(popup);
+        Hand::key(QStringLiteral("Right"));
+        QTRY_VERIFY(RealBrowser::isHighlighted(tiles.at(1)));
+        Hand::moveTo(tiles.at(0));
+        QTRY_COMPARE(RealBrowser::pathLine(popup), browser.paths().at(0));
+        Hand::moveTo(tiles.at(2));
+        Hand::doubleClick();
+        QTRY_COMPARE(browser.opened(), browser.opening({2}));
+        QTRY_VERIFY(!popup);
+    }
 };
 
-void tst_ScreensOnDesktop::initTestCase()
-{
-    const QList<QScreen *> screens = QGuiApplication::screens();
-    QCOMPARE(screens.size(), 2);
-    QCOMPARE(screens.at(0)->geometry(), QRect(0, 0, 1600, 1200));
-    QCOMPARE(screens.at(1)->geometry(), QRect(1600, 0, 1280, 1024));
-}
-
-void tst_ScreensOnDesktop::popupKeepsToTheScreensAndCanBeUsed_data()
-{
-    QTest::addColumn<QRect>("frame");
-    QTest::addColumn<int>("documents");
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<QPoint>("place"); // none where it would not be on one screen
-    const auto row = [](const char *name, const QRect &frame, int documents, const QSize &size,
-                        const QPoint &place = {}) {
-        QTest::newRow(name) << frame << documents << size << place;
-    };
-    row("on the second screen", {1640, 60, 1200, 900}, 4, {543, 350}, {328, 275});
-    row("small on the second screen, larger popup", {1800, 300, 500, 400}, 9, {724, 525}, {1800, 300});
-    row("small on the second screen, wider popup", {1800, 300, 500, 400}, 4, {724, 201}, {300, 99});
-    row("over both screens", {1000, 100, 1300, 900}, 4, {724, 201}, {288, 349});
-    row("over the lower edge", {100, 700, 1300, 900}, 4, {724, 201}, {288, 349});
-    row("over the left edge", {-500, 100, 1300, 900}, 4, {724, 201}, {288, 349});
-    row("wide, popup over both screens", {10, 40, 2890, 900}, 13, {1448, 350});
-    row("high, popup higher than a screen", {10, 40, 800, 1500}, 21, {543, 1225});
-}
-
-void tst_ScreensOnDesktop::popupKeepsToTheScreensAndCanBeUsed()
-{
-    QFETCH(QRect, frame);
-    QFETCH(int, documents);
-    QFETCH(QSize, size);
-    QFETCH(QPoint, place);
-    Hand::moveTo(QPoint(2870, 1190)); // below the second screen, where no window reaches
-    RealBrowser browser(documents, frame);
-    const QRect real = browser.window().geometry();
-    QCOMPARE(real.size(), frame.size());
-    const QPointer<QDialog> popup = browser.openPopup();
-    QVERIFY(popup);
-    const auto realPlace = [&] { return Hand::realGeometry(popup->winId()); };
-    QTRY_COMPARE(realPlace().size(), size);
-    if (place.isNull()) {
-        // The window manager moves it, and has the last word. The popup knows where it is: its rim and its
-        // focus are judged by that.
-        const QList<QScreen *> screens = QGuiApplication::screens();
-        QVERIFY(std::any_of(screens.begin(), screens.end(), [&](const QScreen *screen) {
-            return screen->geometry().contains(realPlace().topLeft());
-        }));
-    } else {
-        // Where the main window's place counts, it is the one that the window manager has given it.
-        if (place == frame.topLeft())
-            place = real.topLeft();
-        else if (place.x() == frame.top())
-            place.setX(real.top());
-        QTRY_COMPARE(realPlace().topLeft(), place);
-    }
-    QTRY_COMPARE(popup->geometry(), realPlace());
-    Hand::keepScreenshot(QLatin1String("screens ") + QLatin1String(QTest::currentDataTag()));
-
-    // It is as good here as anywhere else: keys, hovering and clicks arrive where they should.
-    const QList<QDialog *> tiles = RealBrowser::tiles(popup);
-    Hand::key(QStringLiteral("Right"));
-    QTRY_VERIFY(RealBrowser::isHighlighted(tiles.at(1)));
-    Hand::moveTo(tiles.at(0));
-    QTRY_COMPARE(RealBrowser::pathLine(popup), browser.paths().at(0));
-    Hand::moveTo(tiles.at(2));
-    Hand::doubleClick();
-    QTRY_COMPARE(browser.opened(), browser.opening({2}));
-    QTRY_VERIFY(!popup);
-}
-
-QTEST_MAIN(tst_ScreensOnDesktop)
+TEST_CLASS(tst_ScreensOnDesktop);
 #include "tst_screensondesktop.moc"

@@ -83,116 +83,107 @@ class tst_Commands : public TestCase
     Q_OBJECT
 
 private slots:
-    void theCommandsHaveTheirNamesAndNothingElseOfTheirOwn();
-    void recentShowsAPopupThatTakesTheFocus();
-    void thePopupTakesTheFocusForAnotherReason();
-    void aSecondCallOpensASecondPopup();
-    void helpIsOpenedAtTheBrowsersTopic();
-    void oneHelpCommandIsRegisteredAndAnyEqualOneRemovesIt();
-    void anothersHelpCommandIsLeftAlone();
-    void removingNothingAsksForNothing();
+    void theCommandsHaveTheirNamesAndNothingElseOfTheirOwn()
+    {
+        const ForeignCommand defaults(L"");
+        const BrowserCommand browser;
+        QCOMPARE(text(browser.globalName()), "_RECENT");
+        QCOMPARE(text(browser.localName()), "_RECENT");
+        QCOMPARE(text(browser.groupName()), text(defaults.groupName()));
+        QCOMPARE(browser.GetHelpId(), defaults.GetHelpId());
+        QCOMPARE(browser.flags(), defaults.flags()); // the module sets its one flag
+        HelpCommand help;
+        QCOMPARE(text(help.globalName()), "_RHELP");
+        QCOMPARE(text(help.localName()), "_RHELP");
+        QCOMPARE(text(help.groupName()), text(defaults.groupName()));
+        QCOMPARE(help.flags(), defaults.flags());
+        help.addRef(); // which is not counted
+        QCOMPARE(help.numRefs(), 1);
+        help.release();
+        help.release();
+        QCOMPARE(help.numRefs(), 1);
+    }
+
+    void recentShowsAPopupThatTakesTheFocus()
+    {
+        Browser browser(2);
+        browser.module().initApp();
+        browser.createDocument();
+        browser.host.mainWindow().show();
+        browser.host.commands.front()->execute(nullptr);
+        QCOMPARE(Browser::popups().size(), 1);
+        const RecentDocMainWindow *popup = Browser::popups().constFirst();
+        QVERIFY(!popup->isModal());
+        QCOMPARE(popup->focusWidget(), popup);
+        QTRY_COMPARE(QApplication::focusWidget(), popup);
+    }
+
+    void thePopupTakesTheFocusForAnotherReason()
+    {
+        Browser browser(2);
+        browser.createDocument();
+        const ActiveAtOnce popup;
+        BrowserCommand().Execute(nullptr);
+        QCOMPARE(popup.lastReason, Qt::OtherFocusReason);
+    }
+
+    void aSecondCallOpensASecondPopup()
+    {
+        Browser browser(2);
+        browser.createDocument();
+        BrowserCommand command;
+        QCOMPARE(command.Execute(nullptr), 5100);
+        QCOMPARE(command.Execute(nullptr), 5100);
+        QCOMPARE(Browser::popups().size(), 2);
+    }
+
+    void helpIsOpenedAtTheBrowsersTopic()
+    {
+        NotedHelpCommand help;
+        QCOMPARE(help.Execute(nullptr), 5100);
+        QCOMPARE(help.topics, QList<int>{3087});
+    }
+
+    void oneHelpCommandIsRegisteredAndAnyEqualOneRemovesIt()
+    {
+        FakeHost host;
+        HelpCommand first;
+        HelpCommand second;
+        HelpCommandReg::AddHelpcommand(&first);
+        HelpCommandReg::AddHelpcommand(&second);
+        QVERIFY(host.commands == std::vector<OdEdCommand *>{&first});
+        HelpCommandReg::RemoveHelpcommand(&second);
+        QVERIFY(host.commands.empty());
+        QCOMPARE(host.openReferences, 0);
+    }
+
+    void anothersHelpCommandIsLeftAlone()
+    {
+        ForeignCommand foreign(L"_RHELP");
+        FakeHost host;
+        host.commands.push_back(&foreign);
+        const std::vector<OdEdCommand *> foreignAlone{&foreign};
+        HelpCommand help;
+        HelpCommandReg::AddHelpcommand(&help);
+        QVERIFY(host.commands == foreignAlone);
+        QCOMPARE(foreign.referencesTaken(), 1);
+        QCOMPARE(foreign.numRefs(), 1);
+
+        // It is found, but what is removed is the help command, which the host does not know.
+        HelpCommandReg::RemoveHelpcommand(&help);
+        QVERIFY(host.commands == foreignAlone);
+        QCOMPARE(foreign.referencesTaken(), 2);
+        QCOMPARE(foreign.numRefs(), 1);
+    }
+
+    void removingNothingAsksForNothing()
+    {
+        FakeHost host;
+        HelpCommand help;
+        HelpCommandReg::RemoveHelpcommand(&help);
+        QCOMPARE(host.calls, QStringList({"stack taken", "stack lookup _RHELP 3 \"\"", "stack released"}));
+    }
 };
 
-void tst_Commands::theCommandsHaveTheirNamesAndNothingElseOfTheirOwn()
-{
-    const ForeignCommand defaults(L"");
-    const BrowserCommand browser;
-    QCOMPARE(text(browser.globalName()), "_RECENT");
-    QCOMPARE(text(browser.localName()), "_RECENT");
-    QCOMPARE(text(browser.groupName()), text(defaults.groupName()));
-    QCOMPARE(browser.GetHelpId(), defaults.GetHelpId());
-    QCOMPARE(browser.flags(), defaults.flags()); // the module sets its one flag
-    HelpCommand help;
-    QCOMPARE(text(help.globalName()), "_RHELP");
-    QCOMPARE(text(help.localName()), "_RHELP");
-    QCOMPARE(text(help.groupName()), text(defaults.groupName()));
-    QCOMPARE(help.flags(), defaults.flags());
-    help.addRef(); // which is not counted
-    QCOMPARE(help.numRefs(), 1);
-    help.release();
-    help.release();
-    QCOMPARE(help.numRefs(), 1);
-}
-
-void tst_Commands::recentShowsAPopupThatTakesTheFocus()
-{
-    Browser browser(2);
-    browser.module().initApp();
-    browser.createDocument();
-    browser.host.mainWindow().show();
-    browser.host.commands.front()->execute(nullptr);
-    QCOMPARE(Browser::popups().size(), 1);
-    const RecentDocMainWindow *popup = Browser::popups().constFirst();
-    QVERIFY(!popup->isModal());
-    QCOMPARE(popup->focusWidget(), popup);
-    QTRY_COMPARE(QApplication::focusWidget(), popup);
-}
-
-void tst_Commands::thePopupTakesTheFocusForAnotherReason()
-{
-    Browser browser(2);
-    browser.createDocument();
-    const ActiveAtOnce popup;
-    BrowserCommand().Execute(nullptr);
-    QCOMPARE(popup.lastReason, Qt::OtherFocusReason);
-}
-
-void tst_Commands::aSecondCallOpensASecondPopup()
-{
-    Browser browser(2);
-    browser.createDocument();
-    BrowserCommand command;
-    QCOMPARE(command.Execute(nullptr), 5100);
-    QCOMPARE(command.Execute(nullptr), 5100);
-    QCOMPARE(Browser::popups().size(), 2);
-}
-
-void tst_Commands::helpIsOpenedAtTheBrowsersTopic()
-{
-    NotedHelpCommand help;
-    QCOMPARE(help.Execute(nullptr), 5100);
-    QCOMPARE(help.topics, QList<int>{3087});
-}
-
-void tst_Commands::oneHelpCommandIsRegisteredAndAnyEqualOneRemovesIt()
-{
-    FakeHost host;
-    HelpCommand first;
-    HelpCommand second;
-    HelpCommandReg::AddHelpcommand(&first);
-    HelpCommandReg::AddHelpcommand(&second);
-    QVERIFY(host.commands == std::vector<OdEdCommand *>{&first});
-    HelpCommandReg::RemoveHelpcommand(&second);
-    QVERIFY(host.commands.empty());
-    QCOMPARE(host.openReferences, 0);
-}
-
-void tst_Commands::anothersHelpCommandIsLeftAlone()
-{
-    ForeignCommand foreign(L"_RHELP");
-    FakeHost host;
-    host.commands.push_back(&foreign);
-    const std::vector<OdEdCommand *> foreignAlone{&foreign};
-    HelpCommand help;
-    HelpCommandReg::AddHelpcommand(&help);
-    QVERIFY(host.commands == foreignAlone);
-    QCOMPARE(foreign.referencesTaken(), 1);
-    QCOMPARE(foreign.numRefs(), 1);
-
-    // It is found, but what is removed is the help command, which the host does not know.
-    HelpCommandReg::RemoveHelpcommand(&help);
-    QVERIFY(host.commands == foreignAlone);
-    QCOMPARE(foreign.referencesTaken(), 2);
-    QCOMPARE(foreign.numRefs(), 1);
-}
-
-void tst_Commands::removingNothingAsksForNothing()
-{
-    FakeHost host;
-    HelpCommand help;
-    HelpCommandReg::RemoveHelpcommand(&help);
-    QCOMPARE(host.calls, QStringList({"stack taken", "stack lookup _RHELP 3 \"\"", "stack released"}));
-}
-
-QTEST_MAIN(tst_Commands)
+TEST_CLASS(tst_Commands);
 #include "tst_commands.moc"

@@ -3,18 +3,6 @@
 #include "tests/support/ModuleInHost.h"
 #include "tests/support/TestCase.h"
 
-//! What each new drawing costs: a hidden menu with an entry for each recent drawing, until the module goes.
-class tst_DocumentGrowth : public TestCase
-{
-    Q_OBJECT
-
-private slots:
-    void initTestCase();
-
-    void eachDocumentCostsTheSame_data();
-    void eachDocumentCostsTheSame();
-};
-
 namespace {
 
 //! A little more than an entry costs, in bytes: four widgets with a style sheet each, which Qt reads for each
@@ -53,34 +41,41 @@ Growth growthOf(int recent, int documents)
 
 } // namespace
 
-void tst_DocumentGrowth::initTestCase()
+//! What each new drawing costs: a hidden menu with an entry for each recent drawing, until the module goes.
+class tst_DocumentGrowth : public TestCase
 {
-    growthOf(3, 10); // what Qt makes when it is first used
-}
+    Q_OBJECT
 
-void tst_DocumentGrowth::eachDocumentCostsTheSame_data()
-{
-    QTest::addColumn<int>("recent");
-    QTest::newRow("10 recent documents") << 10;
-    QTest::newRow("50 recent documents") << 50;
-}
+private slots:
+    void initTestCase()
+    {
+        growthOf(3, 10); // what Qt makes when it is first used
+    }
 
-void tst_DocumentGrowth::eachDocumentCostsTheSame()
-{
-    QFETCH(int, recent);
-    const int documents = memory::rounds(1000);
-    const Growth growth = growthOf(recent, documents);
-    const qint64 all = growth.ofFirstHalf + growth.ofSecondHalf;
-    memory::tell("a document", all / documents);
-    memory::tell("a document of the first half", growth.ofFirstHalf / (documents / 2));
-    memory::tell("a document of the second half", growth.ofSecondHalf / (documents / 2));
-    memory::tell("left of all when the module is gone", growth.left);
-    if (!memory::isMeasurable)
-        return;
-    QVERIFY(all / documents < recent * mostOfAnEntry);
-    QVERIFY(growth.ofSecondHalf < growth.ofFirstHalf * 11 / 10);
-    QVERIFY(growth.left < all / 100);
-}
+    void eachDocumentCostsTheSame_data()
+    {
+        QTest::addColumn<int>("recent");
+        QTest::newRow("10 recent documents") << 10;
+        QTest::newRow("50 recent documents") << 50;
+    }
 
-QTEST_MAIN(tst_DocumentGrowth)
+    void eachDocumentCostsTheSame()
+    {
+        QFETCH(int, recent);
+        const int documents = memory::rounds(1000);
+        const Growth growth = growthOf(recent, documents);
+        const qint64 all = growth.ofFirstHalf + growth.ofSecondHalf;
+        memory::tell("a document", all / documents);
+        memory::tell("a document of the first half", growth.ofFirstHalf / (documents / 2));
+        memory::tell("a document of the second half", growth.ofSecondHalf / (documents / 2));
+        memory::tell("left of all when the module is gone", growth.left);
+        if (!memory::isMeasurable)
+            return;
+        QVERIFY(all / documents < recent * mostOfAnEntry);
+        QVERIFY(growth.ofSecondHalf < growth.ofFirstHalf * 11 / 10);
+        QVERIFY(growth.left < all / 100);
+    }
+};
+
+TEST_CLASS(tst_DocumentGrowth);
 #include "tst_documentgrowth.moc"

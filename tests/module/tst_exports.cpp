@@ -55,34 +55,32 @@ class tst_Exports : public TestCase
     Q_OBJECT
 
 private slots:
-    void theListedNamesAreExportedAndNothingElse();
+    void theListedNamesAreExportedAndNothingElse()
+    {
+        QProcess nm;
+        nm.start(NM_PROGRAM, {"--dynamic", "--defined-only", "--demangle", MODULE_FILE});
+        QVERIFY2(nm.waitForFinished() && nm.exitStatus() == QProcess::NormalExit && nm.exitCode() == 0,
+                 NM_PROGRAM " shows no symbols of " MODULE_FILE);
+        static const QRegularExpression line("^[0-9a-f]+ (\\S) (.+)$", QRegularExpression::MultilineOption);
+        QStringList names;
+        QStringList unique; // once in the whole process, which is why the loader never lets go of its library
+        auto matches = line.globalMatch(QString::fromUtf8(nm.readAllStandardOutput()));
+        while (matches.hasNext()) {
+            const QRegularExpressionMatch match = matches.next();
+            names.append(match.captured(2));
+            if (match.captured(1) == "u")
+                unique.append(match.captured(2));
+        }
+        QStringList expected;
+        for (const char *name : exportedNames)
+            expected.append(name);
+        expected.sort();
+        names.sort();
+        names.removeDuplicates(); // of constructors and destructors there are several
+        QCOMPARE(names, expected);
+        QCOMPARE(unique, QStringList());
+    }
 };
 
-void tst_Exports::theListedNamesAreExportedAndNothingElse()
-{
-    QProcess nm;
-    nm.start(NM_PROGRAM, {"--dynamic", "--defined-only", "--demangle", MODULE_FILE});
-    QVERIFY2(nm.waitForFinished() && nm.exitStatus() == QProcess::NormalExit && nm.exitCode() == 0,
-             NM_PROGRAM " shows no symbols of " MODULE_FILE);
-    static const QRegularExpression line("^[0-9a-f]+ (\\S) (.+)$", QRegularExpression::MultilineOption);
-    QStringList names;
-    QStringList unique; // once in the whole process, which is why the loader never lets go of its library
-    auto matches = line.globalMatch(QString::fromUtf8(nm.readAllStandardOutput()));
-    while (matches.hasNext()) {
-        const QRegularExpressionMatch match = matches.next();
-        names.append(match.captured(2));
-        if (match.captured(1) == "u")
-            unique.append(match.captured(2));
-    }
-    QStringList expected;
-    for (const char *name : exportedNames)
-        expected.append(name);
-    expected.sort();
-    names.sort();
-    names.removeDuplicates(); // of constructors and destructors there are several
-    QCOMPARE(names, expected);
-    QCOMPARE(unique, QStringList());
-}
-
-QTEST_GUILESS_MAIN(tst_Exports)
+CORE_TEST_CLASS(tst_Exports);
 #include "tst_exports.moc"

@@ -57,167 +57,157 @@ class tst_Lifecycle : public TestCase
     Q_OBJECT
 
 private slots:
-    void registrationsComeAndGoInOrder();
-    void endingTheApplicationUndoesNothing();
-    void nothingThatTheModuleMadeOutlivesIt();
-    void aModuleCreatedAnewStartsFromNothing();
+    void registrationsComeAndGoInOrder()
+    {
+        MenusInHost inHost;
+        FakeHost &host = inHost.host;
+        inHost.module->initApp();
+        QCOMPARE(host.calls,
+                 QStringList({"stack taken", "stack add _RECENT", "stack released", "documents add reactor",
+                              "editor taken", "editor add reactor", "editor released"}));
+        QVERIFY(host.documentReactors == std::vector<CFxDocumentManagerReactor *>{&inHost.documentReactor()});
+        QVERIFY(host.editorReactors == std::vector<OdEditorReactor *>{&inHost.editorReactor()});
+        QCOMPARE(host.commands.front()->flags(), std::uint32_t(0x40000000)); // the host knows what it means
 
-    void aDocumentChangesNothingWhileNoneIsRecent_data();
-    void aDocumentChangesNothingWhileNoneIsRecent();
-    void aDocumentEmptiesTheCacheAndRebuildsTheEntries();
-    void theOtherEventsChangeNothing();
+        const QStringList lookUpHelp = {"stack taken", "stack lookup _RHELP 3 \"\"", "stack released"};
+        host.calls.clear();
+        inHost.editorReactor().mainFrameCreated(nullptr);
+        QCOMPARE(inHost.entries(), QList<int>({1, 1}));
+        QCOMPARE(QStringList(host.calls.mid(host.calls.indexOf("menus refresh") + 1)),
+                 lookUpHelp + QStringList({"stack taken", "stack add _RHELP", "stack released"}));
+
+        host.calls.clear();
+        inHost.editorReactor().mainFrameDestroyed(nullptr);
+        const auto isOfMenus = [](const QString &call) { return call.startsWith("menus "); };
+        const auto menus = std::find_if(host.calls.begin(), host.calls.end(), isOfMenus);
+        QVERIFY(menus != host.calls.end());
+        host.calls.erase(std::remove_if(menus + 1, host.calls.end(), isOfMenus), host.calls.end());
+        QCOMPARE(host.calls, QStringList({"stack taken", "stack remove _RECENT", "stack released",
+                                          "documents remove reactor", "editor taken", "editor remove reactor",
+                                          "editor released", "menus start-up group"}) +
+                                 lookUpHelp +
+                                 QStringList({"stack taken", "stack remove _RHELP", "stack released"}));
+        QVERIFY(host.commands.empty() && host.documentReactors.empty() && host.editorReactors.empty());
+    }
+
+    void endingTheApplicationUndoesNothing()
+    {
+        ModuleInHost inHost;
+        inHost.module->initApp();
+        inHost.host.calls.clear();
+        inHost.module->uninitApp();
+        QCOMPARE(inHost.host.calls, QStringList());
+    }
+
+    void nothingThatTheModuleMadeOutlivesIt()
+    {
+        const int menusBefore = parentlessMenus();
+        ModuleWithDocuments inHost;
+        inHost.module->initApp();
+        inHost.editorReactor().mainFrameCreated(nullptr);
+        inHost.documentReactor().DocumentCreated(nullptr);
+
+        QVector<QPointer<QObject>> made;
+        for (QAction *entry : qAsConst(RecentDocumentBrowser::recentDocActionList))
+            made << entry << qobject_cast<QWidgetAction *>(entry)->defaultWidget();
+        for (FolderPinButton *pin : qAsConst(RecentDocumentBrowser::menuPinButtonList))
+            made << pin;
+        auto *popup = new RecentDocMainWindow(&inHost.host.mainWindow());
+        popup->show();
+        made << RecentDocumentBrowser::recentDocMenu << popup << new RecentDocMainWindow(nullptr);
+        QBalloonTip::showBalloon(QImage(), "title", "text", QPoint(), 0, true);
+
+        inHost.editorReactor().mainFrameDestroyed(nullptr);
+        inHost.module->uninitApp();
+        inHost.end();
+        QCOMPARE(made.count(nullptr), made.size());
+        QCOMPARE(parentlessMenus(), menusBefore);
+        QVERIFY(!QBalloonTip::isBalloonVisible());
+    }
+
+    void aModuleCreatedAnewStartsFromNothing()
+    {
+        QMenu menu;
+        {
+            const ModuleWithDocuments former;
+            RecentDocumentBrowser::AddRecentFiles(&menu, menu.addAction("Quit"));
+            (new RecentDocMainWindow(nullptr))->show();
+        }
+        const ModuleInHost inHost;
+        QVERIFY(Registry() == (Registry{{}, {}, nullptr, {}}));
+        QVERIFY(RecentDocumentBrowser::recentDocDialogList.isEmpty());
+        QVERIFY(RecentDocumentBrowser::docPinButtonList.isEmpty());
+        QVERIFY(folderButtonList.isEmpty());
+        QVERIFY(!RecentDocumentBrowser::before);
+    }
+
+    void aDocumentChangesNothingWhileNoneIsRecent_data()
+    {
+        QTest::addColumn<bool>("services");
+        QTest::addColumn<bool>("list");
+        QTest::newRow("the list is empty") << true << true;
+        QTest::newRow("there is no list") << true << false;
+        QTest::newRow("there are no services") << false << true;
+    }
+
+    void aDocumentChangesNothingWhileNoneIsRecent()
+    {
+        QFETCH(bool, services);
+        QFETCH(bool, list);
+        ModuleWithDocuments inHost;
+        const Registry before;
+        const int menus = parentlessMenus();
+        inHost.host.hasCustomization = true;
+        inHost.host.setRecent({});
+        inHost.host.hasServices = services;
+        inHost.host.hasRecentFileList = list;
+        inHost.documentReactor().DocumentCreated(nullptr);
+        QVERIFY(Registry() == before);
+        QCOMPARE(parentlessMenus(), menus);
+        QCOMPARE(inHost.host.calls, QStringList()); // nor is a menu looked at
+    }
+
+    void aDocumentEmptiesTheCacheAndRebuildsTheEntries()
+    {
+        ModuleWithDocuments inHost;
+        const QPointer<QMenu> first = RecentDocumentBrowser::recentDocMenu;
+        inHost.host.setRecent(lifecyclePaths.mid(1));
+        inHost.documentReactor().DocumentCreated(nullptr);
+        const Registry now;
+        QCOMPARE(now.pictures, QStringList());
+        QCOMPARE(now.pinnedPaths(), lifecyclePaths.mid(1));
+        QVERIFY(!RecentDocumentBrowser::before);
+        const QList<QAction *> inMenu = now.menu->actions();
+        QCOMPARE(inMenu.mid(1, inMenu.size() - 2), now.entries);
+        drainEvents();
+        QVERIFY(first && first != now.menu); // what was built from it may still be on the screen
+        QVERIFY(!first->parent() && !now.menu->parent());
+        QVERIFY(!first->isVisible() && !now.menu->isVisible());
+    }
+
+    void theOtherEventsChangeNothing()
+    {
+        ModuleWithDocuments inHost;
+        const Registry before;
+        const CFxString path(lifecyclePaths.first());
+        CFxDocumentManagerReactor &documents = inHost.documentReactor();
+        documents.DocumentCreateStarted(nullptr);
+        documents.DocumentToBeDestroyed(nullptr);
+        documents.DocumentDestroyed(path);
+        documents.DocumentActivated(nullptr);
+        documents.DocumentBecameCurrent(nullptr);
+        documents.DocumentPreOpen(path);
+        CFxEditorReactor &editor = inHost.editorReactor();
+        editor.appActivated();
+        editor.appDeactivated();
+        editor.windowStateChanged(nullptr);
+        editor.cancelDwgOpen(path);
+        editor.commandWillStart(L"_RECENT");
+        editor.commandEnded(L"_RECENT", 5100);
+        QCOMPARE(inHost.host.calls, QStringList());
+        QVERIFY(Registry() == before);
+    }
 };
 
-void tst_Lifecycle::registrationsComeAndGoInOrder()
-{
-    MenusInHost inHost;
-    FakeHost &host = inHost.host;
-    inHost.module->initApp();
-    QCOMPARE(host.calls,
-             QStringList({"stack taken", "stack add _RECENT", "stack released", "documents add reactor",
-                          "editor taken", "editor add reactor", "editor released"}));
-    QVERIFY(host.documentReactors == std::vector<CFxDocumentManagerReactor *>{&inHost.documentReactor()});
-    QVERIFY(host.editorReactors == std::vector<OdEditorReactor *>{&inHost.editorReactor()});
-    QCOMPARE(host.commands.front()->flags(), std::uint32_t(0x40000000)); // the host knows what it means
-
-    const QStringList lookUpHelp = {"stack taken", "stack lookup _RHELP 3 \"\"", "stack released"};
-    host.calls.clear();
-    inHost.editorReactor().mainFrameCreated(nullptr);
-    QCOMPARE(inHost.entries(), QList<int>({1, 1}));
-    QCOMPARE(QStringList(host.calls.mid(host.calls.indexOf("menus refresh") + 1)),
-             lookUpHelp + QStringList({"stack taken", "stack add _RHELP", "stack released"}));
-
-    host.calls.clear();
-    inHost.editorReactor().mainFrameDestroyed(nullptr);
-    const auto isOfMenus = [](const QString &call) { return call.startsWith("menus "); };
-    const auto menus = std::find_if(host.calls.begin(), host.calls.end(), isOfMenus);
-    QVERIFY(menus != host.calls.end());
-    host.calls.erase(std::remove_if(menus + 1, host.calls.end(), isOfMenus), host.calls.end());
-    QCOMPARE(
-        host.calls,
-        QStringList({"stack taken", "stack remove _RECENT", "stack released", "documents remove reactor",
-                     "editor taken", "editor remove reactor", "editor released", "menus start-up group"}) +
-            lookUpHelp + QStringList({"stack taken", "stack remove _RHELP", "stack released"}));
-    QVERIFY(host.commands.empty() && host.documentReactors.empty() && host.editorReactors.empty());
-}
-
-void tst_Lifecycle::endingTheApplicationUndoesNothing()
-{
-    ModuleInHost inHost;
-    inHost.module->initApp();
-    inHost.host.calls.clear();
-    inHost.module->uninitApp();
-    QCOMPARE(inHost.host.calls, QStringList());
-}
-
-void tst_Lifecycle::nothingThatTheModuleMadeOutlivesIt()
-{
-    const int menusBefore = parentlessMenus();
-    ModuleWithDocuments inHost;
-    inHost.module->initApp();
-    inHost.editorReactor().mainFrameCreated(nullptr);
-    inHost.documentReactor().DocumentCreated(nullptr);
-
-    QVector<QPointer<QObject>> made;
-    for (QAction *entry : qAsConst(RecentDocumentBrowser::recentDocActionList))
-        made << entry << qobject_cast<QWidgetAction *>(entry)->defaultWidget();
-    for (FolderPinButton *pin : qAsConst(RecentDocumentBrowser::menuPinButtonList))
-        made << pin;
-    auto *popup = new RecentDocMainWindow(&inHost.host.mainWindow());
-    popup->show();
-    made << RecentDocumentBrowser::recentDocMenu << popup << new RecentDocMainWindow(nullptr);
-    QBalloonTip::showBalloon(QImage(), "title", "text", QPoint(), 0, true);
-
-    inHost.editorReactor().mainFrameDestroyed(nullptr);
-    inHost.module->uninitApp();
-    inHost.end();
-    QCOMPARE(made.count(nullptr), made.size());
-    QCOMPARE(parentlessMenus(), menusBefore);
-    QVERIFY(!QBalloonTip::isBalloonVisible());
-}
-
-void tst_Lifecycle::aModuleCreatedAnewStartsFromNothing()
-{
-    QMenu menu;
-    {
-        const ModuleWithDocuments former;
-        RecentDocumentBrowser::AddRecentFiles(&menu, menu.addAction("Quit"));
-        (new RecentDocMainWindow(nullptr))->show();
-    }
-    const ModuleInHost inHost;
-    QVERIFY(Registry() == (Registry{{}, {}, nullptr, {}}));
-    QVERIFY(RecentDocumentBrowser::recentDocDialogList.isEmpty());
-    QVERIFY(RecentDocumentBrowser::docPinButtonList.isEmpty());
-    QVERIFY(folderButtonList.isEmpty());
-    QVERIFY(!RecentDocumentBrowser::before);
-}
-
-void tst_Lifecycle::aDocumentChangesNothingWhileNoneIsRecent_data()
-{
-    QTest::addColumn<bool>("services");
-    QTest::addColumn<bool>("list");
-    QTest::newRow("the list is empty") << true << true;
-    QTest::newRow("there is no list") << true << false;
-    QTest::newRow("there are no services") << false << true;
-}
-
-void tst_Lifecycle::aDocumentChangesNothingWhileNoneIsRecent()
-{
-    QFETCH(bool, services);
-    QFETCH(bool, list);
-    ModuleWithDocuments inHost;
-    const Registry before;
-    const int menus = parentlessMenus();
-    inHost.host.hasCustomization = true;
-    inHost.host.setRecent({});
-    inHost.host.hasServices = services;
-    inHost.host.hasRecentFileList = list;
-    inHost.documentReactor().DocumentCreated(nullptr);
-    QVERIFY(Registry() == before);
-    QCOMPARE(parentlessMenus(), menus);
-    QCOMPARE(inHost.host.calls, QStringList()); // nor is a menu looked at
-}
-
-void tst_Lifecycle::aDocumentEmptiesTheCacheAndRebuildsTheEntries()
-{
-    ModuleWithDocuments inHost;
-    const QPointer<QMenu> first = RecentDocumentBrowser::recentDocMenu;
-    inHost.host.setRecent(lifecyclePaths.mid(1));
-    inHost.documentReactor().DocumentCreated(nullptr);
-    const Registry now;
-    QCOMPARE(now.pictures, QStringList());
-    QCOMPARE(now.pinnedPaths(), lifecyclePaths.mid(1));
-    QVERIFY(!RecentDocumentBrowser::before);
-    const QList<QAction *> inMenu = now.menu->actions();
-    QCOMPARE(inMenu.mid(1, inMenu.size() - 2), now.entries);
-    drainEvents();
-    QVERIFY(first && first != now.menu); // what was built from it may still be on the screen
-    QVERIFY(!first->parent() && !now.menu->parent());
-    QVERIFY(!first->isVisible() && !now.menu->isVisible());
-}
-
-void tst_Lifecycle::theOtherEventsChangeNothing()
-{
-    ModuleWithDocuments inHost;
-    const Registry before;
-    const CFxString path(lifecyclePaths.first());
-    CFxDocumentManagerReactor &documents = inHost.documentReactor();
-    documents.DocumentCreateStarted(nullptr);
-    documents.DocumentToBeDestroyed(nullptr);
-    documents.DocumentDestroyed(path);
-    documents.DocumentActivated(nullptr);
-    documents.DocumentBecameCurrent(nullptr);
-    documents.DocumentPreOpen(path);
-    CFxEditorReactor &editor = inHost.editorReactor();
-    editor.appActivated();
-    editor.appDeactivated();
-    editor.windowStateChanged(nullptr);
-    editor.cancelDwgOpen(path);
-    editor.commandWillStart(L"_RECENT");
-    editor.commandEnded(L"_RECENT", 5100);
-    QCOMPARE(inHost.host.calls, QStringList());
-    QVERIFY(Registry() == before);
-}
-
-QTEST_MAIN(tst_Lifecycle)
+TEST_CLASS(tst_Lifecycle);
 #include "tst_lifecycle.moc"

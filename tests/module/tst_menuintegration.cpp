@@ -6,46 +6,6 @@
 
 #include <stdexcept>
 
-//! The browser's command definition, its entry in the host's File menus and its key. What becomes of them in
-//! a host that lacks something is a matter of tst_missingservices.
-class tst_MenuIntegration : public TestCase
-{
-    Q_OBJECT
-
-private slots:
-    void bothFileMenusAreFilledInOrder_data() { addTranslationRows(); }
-    void bothFileMenusAreFilledInOrder();
-    void anExistingDefinitionIsUsedAsItIs();
-    void twiceIsOnce();
-    void anEntryInTheMenuIsEnough_data();
-    void anEntryInTheMenuIsEnough();
-    void anEntryElsewhereIsNotTheMenus();
-    void theReferenceIsTheSecondEntryFromTheEnd_data();
-    void theReferenceIsTheSecondEntryFromTheEnd();
-    void theFirstRecentDocumentBringsTheEntry();
-    void aDocumentFillsTheMenusBeforeTheCacheIsEmptied();
-    void nothingOfTheHostsIsKeptBetweenCalls();
-    void theHostsExceptionLeavesNothingBehind();
-
-    void theKeyIsBoundToTheDefinition_data() { addTranslationRows(); }
-    void theKeyIsBoundToTheDefinition();
-    void withoutADefinitionNoKeyIsBound();
-    void aTakenKeyStaysWithItsOwner_data();
-    void aTakenKeyStaysWithItsOwner();
-    void aKeyThatTheHostCannotMakeIsLeftOut();
-
-private:
-    //! What is shown is translated, and nothing else.
-    static void addTranslationRows();
-};
-
-void tst_MenuIntegration::addTranslationRows()
-{
-    QTest::addColumn<QString>("mark");
-    QTest::newRow("as it is") << "";
-    QTest::newRow("translated") << "QObject/";
-}
-
 namespace {
 
 //! Translates while it lives, if there is a mark to see that by.
@@ -64,253 +24,274 @@ private:
 
 } // namespace
 
-void tst_MenuIntegration::bothFileMenusAreFilledInOrder()
+//! The browser's command definition, its entry in the host's File menus and its key. What becomes of them in
+//! a host that lacks something is a matter of tst_missingservices.
+class tst_MenuIntegration : public TestCase
 {
-    QFETCH(QString, mark);
-    const Translation translation(mark);
-    MenusInHost inHost;
-    RecentDocumentBrowser::LoadMenu();
-    const QString append = R"(append definition ID_RECENT_FILES "Recent Document Browser" ^C^C_RECENT ")" +
-                           mark + R"(Browse through recent documents." to )";
-    const QString insert = R"(insert PMI_RECENT_DOCUMENT_BROWSER ")" + mark +
-                           R"(Preview Recent Documents..." for ID_RECENT_FILES at )";
-    const QString make = R"(make entry nothing "" "" PMI_RECENT_DOCUMENT_BROWSER)";
-    const QStringList expected =
-        primaryGroupSearch +
-        QStringList({"enumerate", "next EXTENSION", "next MAIN", "next none", "enumerator released",
-                     "find ID_RECENT_FILES in MAIN", "make definition ID_RECENT_FILES", append + "MAIN", make,
-                     insert + "3 of ID_MnFile", "start-up group",
-                     "start-up group", // once for itself and once for its menus
-                     "find ID_RECENT_FILES in START", "make definition ID_RECENT_FILES", append + "START",
-                     make, insert + "1 of ID_MnFile", "refresh"});
-    QCOMPARE(inHost.menuCalls(), expected);
-    QCOMPARE(childrenOf(inHost.file),
-             QStringList({"MI_New", "MI_Open", "", "MI_Recent", browserEntry, "MI_Quit"}));
-    QCOMPARE(childrenOf(inHost.startUpFile), QStringList({"MI_New", "MI_Recent", browserEntry, "MI_Quit"}));
-    // Each entry runs the definition of its own group.
-    QCOMPARE(inHost.file.child(4).command, inHost.primary.commands.front().get());
-    QCOMPARE(inHost.startUpFile.child(2).command, inHost.startUp.commands.front().get());
-}
+    Q_OBJECT
 
-void tst_MenuIntegration::anExistingDefinitionIsUsedAsItIs()
-{
-    MenusInHost inHost;
-    inHost.extension.addCommand(browserDefinition); // which is of no use to the other groups
-    FakeCommand &existing = inHost.primary.addCommand(browserDefinition);
-    existing.macro = "^C_OTHER";
-    RecentDocumentBrowser::LoadMenu();
-    QCOMPARE(inHost.definitions(), QList<int>({1, 1}));
-    QCOMPARE(existing.name + existing.macro + existing.helpString, "^C_OTHER");
-    QCOMPARE(inHost.file.child(4).command, &existing);
-    QCOMPARE(inHost.startUp.commands.front()->macro, "^C^C_RECENT");
-}
+private slots:
+    void bothFileMenusAreFilledInOrder_data() { addTranslationRows(); }
+    void bothFileMenusAreFilledInOrder()
+    {
+        QFETCH(QString, mark);
+        const Translation translation(mark);
+        MenusInHost inHost;
+        RecentDocumentBrowser::LoadMenu();
+        const QString append =
+            "append definition ID_RECENT_FILES \"Recent Document Browser\" ^C^C_RECENT \"" + mark +
+            "Browse through recent documents.\" to ";
+        const QString insert = "insert PMI_RECENT_DOCUMENT_BROWSER \"" + mark +
+                               "Preview Recent Documents...\" for ID_RECENT_FILES at ";
+        const QString make = "make entry nothing \"\" \"\" PMI_RECENT_DOCUMENT_BROWSER";
+        const QStringList expected =
+            primaryGroupSearch +
+            QStringList({"enumerate", "next EXTENSION", "next MAIN", "next none", "enumerator released",
+                         "find ID_RECENT_FILES in MAIN", "make definition ID_RECENT_FILES", append + "MAIN",
+                         make, insert + "3 of ID_MnFile", "start-up group",
+                         "start-up group", // once for itself and once for its menus
+                         "find ID_RECENT_FILES in START", "make definition ID_RECENT_FILES", append + "START",
+                         make, insert + "1 of ID_MnFile", "refresh"});
+        QCOMPARE(inHost.menuCalls(), expected);
+        QCOMPARE(childrenOf(inHost.file),
+                 QStringList({"MI_New", "MI_Open", "", "MI_Recent", browserEntry, "MI_Quit"}));
+        QCOMPARE(childrenOf(inHost.startUpFile),
+                 QStringList({"MI_New", "MI_Recent", browserEntry, "MI_Quit"}));
+        // Each entry runs the definition of its own group.
+        QCOMPARE(inHost.file.child(4).command, inHost.primary.commands.front().get());
+        QCOMPARE(inHost.startUpFile.child(2).command, inHost.startUp.commands.front().get());
+    }
 
-void tst_MenuIntegration::twiceIsOnce()
-{
-    MenusInHost inHost;
-    RecentDocumentBrowser::LoadMenu();
-    const int objects = inHost.menus.objectsAlive;
-    inHost.host.calls.clear();
-    RecentDocumentBrowser::LoadMenu();
-    QCOMPARE(inHost.entries(), QList<int>({1, 1}));
-    QCOMPARE(inHost.menus.objectsAlive, objects);
-    const QStringList calls = inHost.menuCalls();
-    QCOMPARE(calls.filter(QRegularExpression("^(find|make|append|insert)")), QStringList());
-    QCOMPARE(calls.constLast(), "refresh"); // all the same
-}
+    void anExistingDefinitionIsUsedAsItIs()
+    {
+        MenusInHost inHost;
+        inHost.extension.addCommand(browserDefinition); // which is of no use to the other groups
+        FakeCommand &existing = inHost.primary.addCommand(browserDefinition);
+        existing.macro = "^C_OTHER";
+        RecentDocumentBrowser::LoadMenu();
+        QCOMPARE(inHost.definitions(), QList<int>({1, 1}));
+        QCOMPARE(existing.name + existing.macro + existing.helpString, "^C_OTHER");
+        QCOMPARE(inHost.file.child(4).command, &existing);
+        QCOMPARE(inHost.startUp.commands.front()->macro, "^C^C_RECENT");
+    }
 
-void tst_MenuIntegration::anEntryInTheMenuIsEnough_data()
-{
-    QTest::addColumn<QString>("identifier");
-    QTest::addColumn<int>("position");
-    QTest::addColumn<bool>("isEnough");
-    QTest::newRow("at the front") << browserEntry << 0 << true;
-    QTest::newRow("at the end") << browserEntry << 5 << true;
-    QTest::newRow("in small letters") << browserEntry.toLower() << 2 << true;
-    QTest::newRow("a longer identifier") << browserEntry + '2' << 2 << false;
-    QTest::newRow("its beginning") << "PMI_RECENT_DOCUMENT" << 2 << false;
-}
+    void twiceIsOnce()
+    {
+        MenusInHost inHost;
+        RecentDocumentBrowser::LoadMenu();
+        const int objects = inHost.menus.objectsAlive;
+        inHost.host.calls.clear();
+        RecentDocumentBrowser::LoadMenu();
+        QCOMPARE(inHost.entries(), QList<int>({1, 1}));
+        QCOMPARE(inHost.menus.objectsAlive, objects);
+        const QStringList calls = inHost.menuCalls();
+        QCOMPARE(calls.filter(QRegularExpression("^(find|make|append|insert)")), QStringList());
+        QCOMPARE(calls.constLast(), "refresh"); // all the same
+    }
 
-void tst_MenuIntegration::anEntryInTheMenuIsEnough()
-{
-    QFETCH(QString, identifier);
-    QFETCH(int, position);
-    QFETCH(bool, isEnough);
-    MenusInHost inHost;
-    inHost.file.children.insert(inHost.file.children.begin() + position,
-                                std::make_unique<FakeMenuItem>(inHost.menus, identifier));
-    addRecentDocMenu(&inHost.file, &inHost.primary);
-    QCOMPARE(inHost.file.GetChildCount(), isEnough ? 6 : 7);
-    QCOMPARE(inHost.menuCalls().isEmpty(), isEnough); // not even the definition is looked for
-}
+    void anEntryInTheMenuIsEnough_data()
+    {
+        QTest::addColumn<QString>("identifier");
+        QTest::addColumn<int>("position");
+        QTest::addColumn<bool>("isEnough");
+        QTest::newRow("at the front") << browserEntry << 0 << true;
+        QTest::newRow("at the end") << browserEntry << 5 << true;
+        QTest::newRow("in small letters") << browserEntry.toLower() << 2 << true;
+        QTest::newRow("a longer identifier") << browserEntry + '2' << 2 << false;
+        QTest::newRow("its beginning") << "PMI_RECENT_DOCUMENT" << 2 << false;
+    }
 
-void tst_MenuIntegration::anEntryElsewhereIsNotTheMenus()
-{
-    MenusInHost inHost;
-    inHost.file.child(1).add(browserEntry);
-    inHost.primary.addMenu("ID_MnOther").add(browserEntry);
-    RecentDocumentBrowser::LoadMenu();
-    QCOMPARE(inHost.entries(), QList<int>({1, 1}));
-}
+    void anEntryInTheMenuIsEnough()
+    {
+        QFETCH(QString, identifier);
+        QFETCH(int, position);
+        QFETCH(bool, isEnough);
+        MenusInHost inHost;
+        inHost.file.children.insert(inHost.file.children.begin() + position,
+                                    std::make_unique<FakeMenuItem>(inHost.menus, identifier));
+        addRecentDocMenu(&inHost.file, &inHost.primary);
+        QCOMPARE(inHost.file.GetChildCount(), isEnough ? 6 : 7);
+        QCOMPARE(inHost.menuCalls().isEmpty(), isEnough); // not even the definition is looked for
+    }
 
-void tst_MenuIntegration::theReferenceIsTheSecondEntryFromTheEnd_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::addColumn<QString>("reference");
-    QTest::addColumn<int>("countAfterwards");
-    QTest::newRow("no entry") << 0 << " at -2 " << 0; // and the host refuses
-    QTest::newRow("one entry") << 1 << " at -1 " << 1;
-    QTest::newRow("two entries") << 2 << " at 0 " << 3;
-    QTest::newRow("many entries") << 40 << " at 38 " << 41;
-}
+    void anEntryElsewhereIsNotTheMenus()
+    {
+        MenusInHost inHost;
+        inHost.file.child(1).add(browserEntry);
+        inHost.primary.addMenu("ID_MnOther").add(browserEntry);
+        RecentDocumentBrowser::LoadMenu();
+        QCOMPARE(inHost.entries(), QList<int>({1, 1}));
+    }
 
-void tst_MenuIntegration::theReferenceIsTheSecondEntryFromTheEnd()
-{
-    QFETCH(int, count);
-    QFETCH(QString, reference);
-    QFETCH(int, countAfterwards);
-    MenusInHost inHost;
-    inHost.file.children.clear();
-    for (int i = 0; i < count; ++i)
-        inHost.file.add(QStringLiteral("MI_%1").arg(i));
-    const int objects = inHost.menus.objectsAlive;
-    addRecentDocMenu(&inHost.file, &inHost.primary);
-    const QStringList inserts = inHost.menuCalls().filter("insert");
-    QCOMPARE(inserts.size(), 1);
-    QVERIFY2(inserts.first().contains(reference), qPrintable(inserts.first()));
-    QCOMPARE(inHost.file.GetChildCount(), countAfterwards);
-    // The definition, and the entry only if it has found its place.
-    QCOMPARE(inHost.menus.objectsAlive, objects + 1 + (countAfterwards - count));
-}
+    void theReferenceIsTheSecondEntryFromTheEnd_data()
+    {
+        QTest::addColumn<int>("count");
+        QTest::addColumn<QString>("reference");
+        QTest::addColumn<int>("countAfterwards");
+        QTest::newRow("no entry") << 0 << " at -2 " << 0; // and the host refuses
+        QTest::newRow("one entry") << 1 << " at -1 " << 1;
+        QTest::newRow("two entries") << 2 << " at 0 " << 3;
+        QTest::newRow("many entries") << 40 << " at 38 " << 41;
+    }
 
-void tst_MenuIntegration::theFirstRecentDocumentBringsTheEntry()
-{
-    MenusInHost inHost;
-    inHost.host.setRecent({});
-    inHost.editorReactor().mainFrameCreated(nullptr);
-    QCOMPARE(inHost.definitions(), QList<int>({1, 1}));
-    QCOMPARE(inHost.entries(), QList<int>({0, 0}));
-    QCOMPARE(inHost.menuCalls().filter("make entry"), QStringList());
-    QCOMPARE(inHost.menuCalls().constLast(), "refresh");
+    void theReferenceIsTheSecondEntryFromTheEnd()
+    {
+        QFETCH(int, count);
+        QFETCH(QString, reference);
+        QFETCH(int, countAfterwards);
+        MenusInHost inHost;
+        inHost.file.children.clear();
+        for (int i = 0; i < count; ++i)
+            inHost.file.add(QStringLiteral("MI_%1").arg(i));
+        const int objects = inHost.menus.objectsAlive;
+        addRecentDocMenu(&inHost.file, &inHost.primary);
+        const QStringList inserts = inHost.menuCalls().filter("insert");
+        QCOMPARE(inserts.size(), 1);
+        QVERIFY2(inserts.first().contains(reference), qPrintable(inserts.first()));
+        QCOMPARE(inHost.file.GetChildCount(), countAfterwards);
+        // The definition, and the entry only if it has found its place.
+        QCOMPARE(inHost.menus.objectsAlive, objects + 1 + (countAfterwards - count));
+    }
 
-    inHost.host.setRecent({"/drawings/a.dwg"});
-    inHost.documentReactor().DocumentCreated(nullptr);
-    QCOMPARE(inHost.definitions(), QList<int>({1, 1}));
-    QCOMPARE(inHost.entries(), QList<int>({1, 1}));
-    QCOMPARE(inHost.file.child(4).command, inHost.primary.commands.front().get());
-}
+    void theFirstRecentDocumentBringsTheEntry()
+    {
+        MenusInHost inHost;
+        inHost.host.setRecent({});
+        inHost.editorReactor().mainFrameCreated(nullptr);
+        QCOMPARE(inHost.definitions(), QList<int>({1, 1}));
+        QCOMPARE(inHost.entries(), QList<int>({0, 0}));
+        QCOMPARE(inHost.menuCalls().filter("make entry"), QStringList());
+        QCOMPARE(inHost.menuCalls().constLast(), "refresh");
 
-void tst_MenuIntegration::aDocumentFillsTheMenusBeforeTheCacheIsEmptied()
-{
-    MenusInHost inHost;
-    RecentDocumentBrowser::recentFileImageMap.insert("/drawings/a.dwg", QImage());
-    int cachedAtRefresh = -1;
-    inHost.menus.onCall = [&cachedAtRefresh](const QString &call) {
-        if (call == "refresh")
-            cachedAtRefresh = RecentDocumentBrowser::recentFileImageMap.size();
-    };
-    inHost.documentReactor().DocumentCreated(nullptr);
-    QCOMPARE(cachedAtRefresh, 1);
-    QVERIFY(RecentDocumentBrowser::recentFileImageMap.isEmpty());
-}
+        inHost.host.setRecent({"/drawings/a.dwg"});
+        inHost.documentReactor().DocumentCreated(nullptr);
+        QCOMPARE(inHost.definitions(), QList<int>({1, 1}));
+        QCOMPARE(inHost.entries(), QList<int>({1, 1}));
+        QCOMPARE(inHost.file.child(4).command, inHost.primary.commands.front().get());
+    }
 
-void tst_MenuIntegration::nothingOfTheHostsIsKeptBetweenCalls()
-{
-    MenusInHost inHost;
-    RecentDocumentBrowser::LoadMenu();
-    // A host that builds its menus anew; what was there is gone.
-    inHost.menus.groups.clear();
-    inHost.menus.startUp.reset();
-    FakeMenuItem &file = inHost.menus.addGroup("NEW", true).addMenu("ID_MnFile");
-    file.add("MI_New");
-    file.add("MI_Quit");
-    RecentDocumentBrowser::LoadMenu();
-    QCOMPARE(childrenOf(file), QStringList({"MI_New", browserEntry, "MI_Quit"}));
-    RecentDocumentBrowser::UnLoadMenu(&file);
-    RecentDocumentBrowser::SetShortCutKey();
-}
+    void aDocumentFillsTheMenusBeforeTheCacheIsEmptied()
+    {
+        MenusInHost inHost;
+        RecentDocumentBrowser::recentFileImageMap.insert("/drawings/a.dwg", QImage());
+        int cachedAtRefresh = -1;
+        inHost.menus.onCall = [&cachedAtRefresh](const QString &call) {
+            if (call == "refresh")
+                cachedAtRefresh = RecentDocumentBrowser::recentFileImageMap.size();
+        };
+        inHost.documentReactor().DocumentCreated(nullptr);
+        QCOMPARE(cachedAtRefresh, 1);
+        QVERIFY(RecentDocumentBrowser::recentFileImageMap.isEmpty());
+    }
 
-void tst_MenuIntegration::theHostsExceptionLeavesNothingBehind()
-{
-    MenusInHost inHost;
-    inHost.menus.onCall = [](const QString &call) {
-        if (call.startsWith("insert"))
-            throw std::runtime_error("the host refuses");
-    };
-    const int objects = inHost.menus.objectsAlive;
-    QVERIFY_EXCEPTION_THROWN(RecentDocumentBrowser::LoadMenu(), std::runtime_error);
-    QCOMPARE(inHost.menus.objectsAlive, objects + 1); // the definition
-    QCOMPARE(inHost.menus.enumeratorsAlive, 0);
-}
-
-void tst_MenuIntegration::theKeyIsBoundToTheDefinition()
-{
-    QFETCH(QString, mark);
-    const Translation translation(mark);
-    MenusInHost inHost;
-    FakeCommand &definition = inHost.primary.addCommand(browserDefinition);
-    for (FakeGroup *other : {&inHost.startUp, &inHost.extension}) // whose keys do not count
-        other->addAccelerator("ACC_Other", QKeySequence(Qt::Key_F4));
-    for (int i = 0; i < 2; ++i)
+    void nothingOfTheHostsIsKeptBetweenCalls()
+    {
+        MenusInHost inHost;
+        RecentDocumentBrowser::LoadMenu();
+        // A host that builds its menus anew; what was there is gone.
+        inHost.menus.groups.clear();
+        inHost.menus.startUp.reset();
+        FakeMenuItem &file = inHost.menus.addGroup("NEW", true).addMenu("ID_MnFile");
+        file.add("MI_New");
+        file.add("MI_Quit");
+        RecentDocumentBrowser::LoadMenu();
+        QCOMPARE(childrenOf(file), QStringList({"MI_New", browserEntry, "MI_Quit"}));
+        RecentDocumentBrowser::UnLoadMenu(&file);
         RecentDocumentBrowser::SetShortCutKey();
-    const QStringList once =
-        primaryGroupSearch +
-        QStringList({"find ID_RECENT_FILES in MAIN", R"(make accelerator "" for ID_RECENT_FILES)",
-                     R"(append accelerator "" ")" + mark +
-                         R"(Preview Recent Documents..." F4 for ID_RECENT_FILES to MAIN)"});
-    QCOMPARE(inHost.menuCalls(), once + primaryGroupSearch + QStringList("find ID_RECENT_FILES in MAIN"));
-    QCOMPARE(inHost.keys(), QList<int>({1, 1, 1}));
-    QCOMPARE(inHost.primary.accelerators.front()->command, &definition);
-}
+    }
 
-void tst_MenuIntegration::withoutADefinitionNoKeyIsBound()
-{
-    MenusInHost inHost;
-    for (FakeGroup *other : {&inHost.startUp, &inHost.extension})
-        other->addCommand(browserDefinition);
-    RecentDocumentBrowser::SetShortCutKey();
-    inHost.primary.isPrimary = false;
-    RecentDocumentBrowser::SetShortCutKey();
-    QCOMPARE(inHost.keys(), QList<int>({0, 0, 0}));
-    QCOMPARE(inHost.menuCalls().filter("make"), QStringList());
-}
+    void theHostsExceptionLeavesNothingBehind()
+    {
+        MenusInHost inHost;
+        inHost.menus.onCall = [](const QString &call) {
+            if (call.startsWith("insert"))
+                throw std::runtime_error("the host refuses");
+        };
+        const int objects = inHost.menus.objectsAlive;
+        QVERIFY_EXCEPTION_THROWN(RecentDocumentBrowser::LoadMenu(), std::runtime_error);
+        QCOMPARE(inHost.menus.objectsAlive, objects + 1); // the definition
+        QCOMPARE(inHost.menus.enumeratorsAlive, 0);
+    }
 
-void tst_MenuIntegration::aTakenKeyStaysWithItsOwner_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<bool>("isTaken");
-    QTest::newRow("F4") << "F4" << true;
-    QTest::newRow("no key") << "" << false;
-    QTest::newRow("F4 with a modifier") << "Ctrl+F4" << false;
-    QTest::newRow("F4 as the first of two strokes") << "F4, A" << false;
-    QTest::newRow("another key") << "F5" << false;
-    QTest::newRow("a key whose name begins so") << "F" << false;
-}
+    void theKeyIsBoundToTheDefinition_data() { addTranslationRows(); }
+    void theKeyIsBoundToTheDefinition()
+    {
+        QFETCH(QString, mark);
+        const Translation translation(mark);
+        MenusInHost inHost;
+        FakeCommand &definition = inHost.primary.addCommand(browserDefinition);
+        for (FakeGroup *other : {&inHost.startUp, &inHost.extension}) // whose keys do not count
+            other->addAccelerator("ACC_Other", QKeySequence(Qt::Key_F4));
+        for (int i = 0; i < 2; ++i)
+            RecentDocumentBrowser::SetShortCutKey();
+        const QStringList once =
+            primaryGroupSearch +
+            QStringList({"find ID_RECENT_FILES in MAIN", "make accelerator \"\" for ID_RECENT_FILES",
+                         "append accelerator \"\" \"" + mark +
+                             "Preview Recent Documents...\" F4 for ID_RECENT_FILES to MAIN"});
+        QCOMPARE(inHost.menuCalls(), once + primaryGroupSearch + QStringList("find ID_RECENT_FILES in MAIN"));
+        QCOMPARE(inHost.keys(), QList<int>({1, 1, 1}));
+        QCOMPARE(inHost.primary.accelerators.front()->command, &definition);
+    }
 
-void tst_MenuIntegration::aTakenKeyStaysWithItsOwner()
-{
-    QFETCH(QString, key);
-    QFETCH(bool, isTaken);
-    MenusInHost inHost;
-    inHost.primary.addCommand(browserDefinition);
-    inHost.primary.addAccelerator("ACC_New", QKeySequence("Ctrl+N"));
-    const FakeAccelerator &owner = inHost.primary.addAccelerator("ACC_Other", QKeySequence(key));
-    RecentDocumentBrowser::SetShortCutKey();
-    QCOMPARE(inHost.primary.GetAcceleratorCount(), isTaken ? 2 : 3);
-    QCOMPARE(inHost.menuCalls().filter("make").size(), isTaken ? 0 : 1);
-    QCOMPARE(owner.key.toString(QKeySequence::PortableText), key);
-    QVERIFY(!owner.command);
-}
+    void withoutADefinitionNoKeyIsBound()
+    {
+        MenusInHost inHost;
+        for (FakeGroup *other : {&inHost.startUp, &inHost.extension})
+            other->addCommand(browserDefinition);
+        RecentDocumentBrowser::SetShortCutKey();
+        inHost.primary.isPrimary = false;
+        RecentDocumentBrowser::SetShortCutKey();
+        QCOMPARE(inHost.keys(), QList<int>({0, 0, 0}));
+        QCOMPARE(inHost.menuCalls().filter("make"), QStringList());
+    }
 
-void tst_MenuIntegration::aKeyThatTheHostCannotMakeIsLeftOut()
-{
-    MenusInHost inHost;
-    inHost.primary.addCommand(browserDefinition);
-    inHost.menus.makesAccelerators = false;
-    RecentDocumentBrowser::SetShortCutKey();
-    QCOMPARE(inHost.menuCalls().filter("make accelerator").size(), 1);
-    QCOMPARE(inHost.keys(), QList<int>({0, 0, 0}));
-}
+    void aTakenKeyStaysWithItsOwner_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<bool>("isTaken");
+        QTest::newRow("F4") << "F4" << true;
+        QTest::newRow("no key") << "" << false;
+        QTest::newRow("F4 with a modifier") << "Ctrl+F4" << false;
+        QTest::newRow("F4 as the first of two strokes") << "F4, A" << false;
+        QTest::newRow("another key") << "F5" << false;
+        QTest::newRow("a key whose name begins so") << "F" << false;
+    }
 
-QTEST_MAIN(tst_MenuIntegration)
+    void aTakenKeyStaysWithItsOwner()
+    {
+        QFETCH(QString, key);
+        QFETCH(bool, isTaken);
+        MenusInHost inHost;
+        inHost.primary.addCommand(browserDefinition);
+        inHost.primary.addAccelerator("ACC_New", QKeySequence("Ctrl+N"));
+        const FakeAccelerator &owner = inHost.primary.addAccelerator("ACC_Other", QKeySequence(key));
+        RecentDocumentBrowser::SetShortCutKey();
+        QCOMPARE(inHost.primary.GetAcceleratorCount(), isTaken ? 2 : 3);
+        QCOMPARE(inHost.menuCalls().filter("make").size(), isTaken ? 0 : 1);
+        QCOMPARE(owner.key.toString(QKeySequence::PortableText), key);
+        QVERIFY(!owner.command);
+    }
+
+    void aKeyThatTheHostCannotMakeIsLeftOut()
+    {
+        MenusInHost inHost;
+        inHost.primary.addCommand(browserDefinition);
+        inHost.menus.makesAccelerators = false;
+        RecentDocumentBrowser::SetShortCutKey();
+        QCOMPARE(inHost.menuCalls().filter("make accelerator").size(), 1);
+        QCOMPARE(inHost.keys(), QList<int>({0, 0, 0}));
+    }
+
+private:
+    //! What is shown is translated, and nothing else.
+    static void addTranslationRows()
+    {
+        QTest::addColumn<QString>("mark");
+        QTest::newRow("as it is") << "";
+        QTest::newRow("translated") << "QObject/";
+    }
+};
+
+TEST_CLASS(tst_MenuIntegration);
 #include "tst_menuintegration.moc"

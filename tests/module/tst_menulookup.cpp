@@ -27,191 +27,177 @@ class tst_MenuLookup : public TestCase
     Q_OBJECT
 
 private slots:
-    void theFirstPrimaryGroupIsTakenInTheHostsOrder();
-    void theHostsExceptionsEndTheWalkToo();
-    void theFirstMenuOfTheIdentifierIsFound();
-    void identifiersAreComparedExactly();
-    void eachSetOfMenusIsSearchedAloneAndOnlyAtItsTop();
+    void theFirstPrimaryGroupIsTakenInTheHostsOrder()
+    {
+        MenusInHost inHost;
+        FakeGroup &second = inHost.menus.addGroup("SECOND", true);
+        QCOMPARE(GetCommandGroup(), &inHost.primary);
+        QCOMPARE(inHost.menuCalls(), primaryGroupSearch); // the groups behind it are not asked for
+        inHost.primary.isPrimary = false;
+        QCOMPARE(GetCommandGroup(), &second);
+    }
 
-    void eachChildUpToTheEntryMeansASearch_data();
-    void eachChildUpToTheEntryMeansASearch();
-    void theFirstAcceleratorOfTheIdentifierIsFetched_data();
-    void theFirstAcceleratorOfTheIdentifierIsFetched();
-    void withoutAGroupNoAcceleratorIsSought();
-    void withoutAMenuOrServicesNothingIsLookedAt();
-    void theMainFramesEndLooksAtTheStartUpMenusFirst();
-    void afterTheMainFramesEndEverythingStands();
-};
-
-void tst_MenuLookup::theFirstPrimaryGroupIsTakenInTheHostsOrder()
-{
-    MenusInHost inHost;
-    FakeGroup &second = inHost.menus.addGroup("SECOND", true);
-    QCOMPARE(GetCommandGroup(), &inHost.primary);
-    QCOMPARE(inHost.menuCalls(), primaryGroupSearch); // the groups behind it are not asked for
-    inHost.primary.isPrimary = false;
-    QCOMPARE(GetCommandGroup(), &second);
-}
-
-void tst_MenuLookup::theHostsExceptionsEndTheWalkToo()
-{
-    MenusInHost inHost;
-    for (const char *where : {"primary? MAIN", "next MAIN"}) {
-        inHost.menus.onCall = [where](const QString &call) {
-            if (call == where)
-                throw std::runtime_error("the host refuses");
-        };
-        QVERIFY_EXCEPTION_THROWN(GetCommandGroup(), std::runtime_error);
+    void theHostsExceptionsEndTheWalkToo()
+    {
+        MenusInHost inHost;
+        for (const char *where : {"primary? MAIN", "next MAIN"}) {
+            inHost.menus.onCall = [where](const QString &call) {
+                if (call == where)
+                    throw std::runtime_error("the host refuses");
+            };
+            QVERIFY_EXCEPTION_THROWN(GetCommandGroup(), std::runtime_error);
+            QCOMPARE(inHost.menus.enumeratorsAlive, 0);
+        }
+        QVERIFY_EXCEPTION_THROWN(inGroups("ID_MnFile"), std::runtime_error);
         QCOMPARE(inHost.menus.enumeratorsAlive, 0);
     }
-    QVERIFY_EXCEPTION_THROWN(inGroups("ID_MnFile"), std::runtime_error);
-    QCOMPARE(inHost.menus.enumeratorsAlive, 0);
-}
 
-void tst_MenuLookup::theFirstMenuOfTheIdentifierIsFound()
-{
-    MenusInHost inHost;
-    inHost.primary.addMenu("ID_MnFile"); // behind the one in its own group
-    inHost.menus.addGroup("LAST", true).addMenu("ID_MnFile");
-    QCOMPARE(inGroups("ID_MnFile"), &inHost.file);
-    // The host's order of groups counts, and not which is primary.
-    inHost.extension.addMenu("ID_MnOther");
-    FakeMenuItem &earlier = inHost.extension.addMenu("ID_MnFile");
-    QCOMPARE(inGroups("ID_MnFile"), &earlier);
-    inHost.startUp.addMenu("ID_MnFile");
-    QCOMPARE(inStartUpMenus("ID_MnFile"), &inHost.startUpFile);
-}
-
-void tst_MenuLookup::identifiersAreComparedExactly()
-{
-    const QStringList identifiers = {"ID_MNFILE", "ID_MnFil", "ID_MnFile2", " ID_MnFile ", ""};
-    for (const QString &identifier : identifiers) {
+    void theFirstMenuOfTheIdentifierIsFound()
+    {
         MenusInHost inHost;
-        inHost.file.identifier = identifier;
-        inHost.startUpFile.identifier = identifier;
-        QVERIFY2(!inGroups("ID_MnFile") && !inStartUpMenus("ID_MnFile"), qPrintable(identifier));
-        QCOMPARE(inGroups(identifier), &inHost.file);
-        QCOMPARE(inStartUpMenus(identifier), &inHost.startUpFile);
+        inHost.primary.addMenu("ID_MnFile"); // behind the one in its own group
+        inHost.menus.addGroup("LAST", true).addMenu("ID_MnFile");
+        QCOMPARE(inGroups("ID_MnFile"), &inHost.file);
+        // The host's order of groups counts, and not which is primary.
+        inHost.extension.addMenu("ID_MnOther");
+        FakeMenuItem &earlier = inHost.extension.addMenu("ID_MnFile");
+        QCOMPARE(inGroups("ID_MnFile"), &earlier);
+        inHost.startUp.addMenu("ID_MnFile");
+        QCOMPARE(inStartUpMenus("ID_MnFile"), &inHost.startUpFile);
     }
-}
 
-void tst_MenuLookup::eachSetOfMenusIsSearchedAloneAndOnlyAtItsTop()
-{
-    MenusInHost inHost;
-    FakeMenuItem &ofGroups = inHost.primary.addMenu("ID_MnWindow");
-    FakeMenuItem &ofStartUp = inHost.startUp.addMenu("ID_MnWelcome");
-    QCOMPARE(inGroups("ID_MnWindow"), &ofGroups);
-    QVERIFY(!inGroups("ID_MnWelcome"));
-    QCOMPARE(inStartUpMenus("ID_MnWelcome"), &ofStartUp);
-    QVERIFY(!inStartUpMenus("ID_MnWindow"));
-    QVERIFY(!inGroups("MI_Open") && !inStartUpMenus("MI_Recent"));
-}
+    void identifiersAreComparedExactly()
+    {
+        const QStringList identifiers = {"ID_MNFILE", "ID_MnFil", "ID_MnFile2", " ID_MnFile ", ""};
+        for (const QString &identifier : identifiers) {
+            MenusInHost inHost;
+            inHost.file.identifier = identifier;
+            inHost.startUpFile.identifier = identifier;
+            QVERIFY2(!inGroups("ID_MnFile") && !inStartUpMenus("ID_MnFile"), qPrintable(identifier));
+            QCOMPARE(inGroups(identifier), &inHost.file);
+            QCOMPARE(inStartUpMenus(identifier), &inHost.startUpFile);
+        }
+    }
 
-void tst_MenuLookup::eachChildUpToTheEntryMeansASearch_data()
-{
-    QTest::addColumn<QStringList>("children");
-    QTest::addColumn<int>("visited");
-    const QString other = "MI_New";
-    QTest::newRow("no children") << QStringList() << 0;
-    QTest::newRow("the entry first") << QStringList({browserEntry, other, other}) << 1;
-    QTest::newRow("the entry third") << QStringList({other, other, browserEntry, other}) << 3;
-    QTest::newRow("the entry in other letters") << QStringList({other, browserEntry.toLower(), other}) << 2;
-    QTest::newRow("no entry") << QStringList({other, other, other, other}) << 4;
-}
+    void eachSetOfMenusIsSearchedAloneAndOnlyAtItsTop()
+    {
+        MenusInHost inHost;
+        FakeMenuItem &ofGroups = inHost.primary.addMenu("ID_MnWindow");
+        FakeMenuItem &ofStartUp = inHost.startUp.addMenu("ID_MnWelcome");
+        QCOMPARE(inGroups("ID_MnWindow"), &ofGroups);
+        QVERIFY(!inGroups("ID_MnWelcome"));
+        QCOMPARE(inStartUpMenus("ID_MnWelcome"), &ofStartUp);
+        QVERIFY(!inStartUpMenus("ID_MnWindow"));
+        QVERIFY(!inGroups("MI_Open") && !inStartUpMenus("MI_Recent"));
+    }
 
-void tst_MenuLookup::eachChildUpToTheEntryMeansASearch()
-{
-    QFETCH(QStringList, children);
-    QFETCH(int, visited);
-    MenusInHost inHost;
-    inHost.file.children.clear();
-    for (const QString &child : qAsConst(children))
-        inHost.file.add(child);
-    RecentDocumentBrowser::UnLoadMenu(&inHost.file);
-    QCOMPARE(inHost.menuCalls().count("enumerate"), visited);
-    QCOMPARE(childrenOf(inHost.file), children);
-}
+    void eachChildUpToTheEntryMeansASearch_data()
+    {
+        QTest::addColumn<QStringList>("children");
+        QTest::addColumn<int>("visited");
+        const QString other = "MI_New";
+        QTest::newRow("no children") << QStringList() << 0;
+        QTest::newRow("the entry first") << QStringList({browserEntry, other, other}) << 1;
+        QTest::newRow("the entry third") << QStringList({other, other, browserEntry, other}) << 3;
+        QTest::newRow("the entry in other letters")
+            << QStringList({other, browserEntry.toLower(), other}) << 2;
+        QTest::newRow("no entry") << QStringList({other, other, other, other}) << 4;
+    }
 
-void tst_MenuLookup::theFirstAcceleratorOfTheIdentifierIsFetched_data()
-{
-    QTest::addColumn<QStringList>("identifiers");
-    QTest::addColumn<int>("last");
-    const QString it = acceleratorIdentifier;
-    QTest::newRow("the first") << QStringList({it, "ACC_Other", "ACC_Other"}) << 0;
-    QTest::newRow("the second") << QStringList({"ACC_Other", it, "ACC_Other"}) << 1;
-    QTest::newRow("in other letters") << QStringList({"ACC_Other", it.toLower(), "ACC_Other"}) << 1;
-    QTest::newRow("two of them") << QStringList({it, it, "ACC_Other"}) << 0;
-    QTest::newRow("none") << QStringList({"ACC_Other", it + '2'}) << 1;
-}
+    void eachChildUpToTheEntryMeansASearch()
+    {
+        QFETCH(QStringList, children);
+        QFETCH(int, visited);
+        MenusInHost inHost;
+        inHost.file.children.clear();
+        for (const QString &child : qAsConst(children))
+            inHost.file.add(child);
+        RecentDocumentBrowser::UnLoadMenu(&inHost.file);
+        QCOMPARE(inHost.menuCalls().count("enumerate"), visited);
+        QCOMPARE(childrenOf(inHost.file), children);
+    }
 
-void tst_MenuLookup::theFirstAcceleratorOfTheIdentifierIsFetched()
-{
-    QFETCH(QStringList, identifiers);
-    QFETCH(int, last);
-    MenusInHost inHost;
-    for (const QString &identifier : qAsConst(identifiers))
-        inHost.primary.addAccelerator(identifier, QKeySequence(Qt::Key_F9));
-    RecentDocumentBrowser::UnLoadMenu(&inHost.file);
-    const QList<int> &fetched = inHost.primary.acceleratorsFetched;
-    QVERIFY(!fetched.isEmpty());
-    QCOMPARE(*std::max_element(fetched.begin(), fetched.end()), last);
-    QVERIFY(inHost.startUp.acceleratorsFetched.isEmpty());
-    QVERIFY(inHost.extension.acceleratorsFetched.isEmpty());
-}
+    void theFirstAcceleratorOfTheIdentifierIsFetched_data()
+    {
+        QTest::addColumn<QStringList>("identifiers");
+        QTest::addColumn<int>("last");
+        const QString it = acceleratorIdentifier;
+        QTest::newRow("the first") << QStringList({it, "ACC_Other", "ACC_Other"}) << 0;
+        QTest::newRow("the second") << QStringList({"ACC_Other", it, "ACC_Other"}) << 1;
+        QTest::newRow("in other letters") << QStringList({"ACC_Other", it.toLower(), "ACC_Other"}) << 1;
+        QTest::newRow("two of them") << QStringList({it, it, "ACC_Other"}) << 0;
+        QTest::newRow("none") << QStringList({"ACC_Other", it + '2'}) << 1;
+    }
 
-void tst_MenuLookup::withoutAGroupNoAcceleratorIsSought()
-{
-    MenusInHost inHost;
-    inHost.primary.addAccelerator(acceleratorIdentifier, QKeySequence(Qt::Key_F4));
-    inHost.primary.isPrimary = false;
-    RecentDocumentBrowser::UnLoadMenu(&inHost.file);
-    QCOMPARE(inHost.menuCalls().count("enumerate"), 5);
-    inHost.primary.isPrimary = true;
-    inHost.file.children.clear();
-    RecentDocumentBrowser::UnLoadMenu(&inHost.file);
-    QCOMPARE(inHost.menuCalls().count("enumerate"), 5);
-    QCOMPARE(inHost.primary.acceleratorsFetched, QList<int>());
-}
+    void theFirstAcceleratorOfTheIdentifierIsFetched()
+    {
+        QFETCH(QStringList, identifiers);
+        QFETCH(int, last);
+        MenusInHost inHost;
+        for (const QString &identifier : qAsConst(identifiers))
+            inHost.primary.addAccelerator(identifier, QKeySequence(Qt::Key_F9));
+        RecentDocumentBrowser::UnLoadMenu(&inHost.file);
+        const QList<int> &fetched = inHost.primary.acceleratorsFetched;
+        QVERIFY(!fetched.isEmpty());
+        QCOMPARE(*std::max_element(fetched.begin(), fetched.end()), last);
+        QVERIFY(inHost.startUp.acceleratorsFetched.isEmpty());
+        QVERIFY(inHost.extension.acceleratorsFetched.isEmpty());
+    }
 
-void tst_MenuLookup::withoutAMenuOrServicesNothingIsLookedAt()
-{
-    MenusInHost inHost;
-    RecentDocumentBrowser::UnLoadMenu(nullptr);
-    inHost.host.hasServices = false;
-    RecentDocumentBrowser::UnLoadMenu(&inHost.file);
-    QCOMPARE(inHost.host.calls, QStringList());
-}
+    void withoutAGroupNoAcceleratorIsSought()
+    {
+        MenusInHost inHost;
+        inHost.primary.addAccelerator(acceleratorIdentifier, QKeySequence(Qt::Key_F4));
+        inHost.primary.isPrimary = false;
+        RecentDocumentBrowser::UnLoadMenu(&inHost.file);
+        QCOMPARE(inHost.menuCalls().count("enumerate"), 5);
+        inHost.primary.isPrimary = true;
+        inHost.file.children.clear();
+        RecentDocumentBrowser::UnLoadMenu(&inHost.file);
+        QCOMPARE(inHost.menuCalls().count("enumerate"), 5);
+        QCOMPARE(inHost.primary.acceleratorsFetched, QList<int>());
+    }
 
-void tst_MenuLookup::theMainFramesEndLooksAtTheStartUpMenusFirst()
-{
-    MenusInHost inHost;
-    inHost.editorReactor().mainFrameCreated(nullptr);
-    inHost.host.calls.clear();
-    inHost.editorReactor().mainFrameDestroyed(nullptr);
-    QString calls = inHost.menuCalls().join(", ");
-    calls.replace(primaryGroupSearch.join(", "), "group");
-    // In the start-up menus the entry is the third child, in the others the fifth.
-    QCOMPARE(calls, "start-up group, group, group, group, "
-                    "enumerate, next EXTENSION, next MAIN, next none, enumerator released, "
-                    "group, group, group, group, group");
-}
+    void withoutAMenuOrServicesNothingIsLookedAt()
+    {
+        MenusInHost inHost;
+        RecentDocumentBrowser::UnLoadMenu(nullptr);
+        inHost.host.hasServices = false;
+        RecentDocumentBrowser::UnLoadMenu(&inHost.file);
+        QCOMPARE(inHost.host.calls, QStringList());
+    }
 
-void tst_MenuLookup::afterTheMainFramesEndEverythingStands()
-{
-    MenusInHost inHost;
-    inHost.module->initApp();
-    inHost.editorReactor().mainFrameCreated(nullptr);
-    QCOMPARE(inHost.keys(), QList<int>({0, 0, 0})); // the key is only bound on request
-    RecentDocumentBrowser::SetShortCutKey();
-    const int objects = inHost.menus.objectsAlive;
-    inHost.editorReactor().mainFrameDestroyed(nullptr);
-    inHost.end();
-    QCOMPARE(inHost.menus.objectsAlive, objects);
-    QCOMPARE(inHost.entries(), QList<int>({1, 1}));
-    QCOMPARE(inHost.definitions(), QList<int>({1, 1}));
-    QCOMPARE(inHost.keys(), QList<int>({1, 0, 0}));
-    QCOMPARE(inHost.menuCalls().count("refresh"), 1); // at the beginning
-}
+    void theMainFramesEndLooksAtTheStartUpMenusFirst()
+    {
+        MenusInHost inHost;
+        inHost.editorReactor().mainFrameCreated(nullptr);
+        inHost.host.calls.clear();
+        inHost.editorReactor().mainFrameDestroyed(nullptr);
+        QString calls = inHost.menuCalls().join(", ");
+        calls.replace(primaryGroupSearch.join(", "), "group");
+        // In the start-up menus the entry is the third child, in the others the fifth.
+        QCOMPARE(calls, "start-up group, group, group, group, "
+                        "enumerate, next EXTENSION, next MAIN, next none, enumerator released, "
+                        "group, group, group, group, group");
+    }
 
-QTEST_MAIN(tst_MenuLookup)
+    void afterTheMainFramesEndEverythingStands()
+    {
+        MenusInHost inHost;
+        inHost.module->initApp();
+        inHost.editorReactor().mainFrameCreated(nullptr);
+        QCOMPARE(inHost.keys(), QList<int>({0, 0, 0})); // the key is only bound on request
+        RecentDocumentBrowser::SetShortCutKey();
+        const int objects = inHost.menus.objectsAlive;
+        inHost.editorReactor().mainFrameDestroyed(nullptr);
+        inHost.end();
+        QCOMPARE(inHost.menus.objectsAlive, objects);
+        QCOMPARE(inHost.entries(), QList<int>({1, 1}));
+        QCOMPARE(inHost.definitions(), QList<int>({1, 1}));
+        QCOMPARE(inHost.keys(), QList<int>({1, 0, 0}));
+        QCOMPARE(inHost.menuCalls().count("refresh"), 1); // at the beginning
+    }
+};
+
+TEST_CLASS(tst_MenuLookup);
 #include "tst_menulookup.moc"

@@ -117,146 +117,137 @@ class tst_MenusInHost : public TestCase
     Q_OBJECT
 
 private slots:
-    void theFirstRecentDocumentBringsOneEntry();
-    void aShortFileMenuStaysAsItIs_data();
-    void aShortFileMenuStaysAsItIs();
-    void theEntryInAMenuBarOpensThePopup();
-    void aHostWithoutMenusIsLeftAlone();
-    void theKeyIsAddedOnRequest();
-    void theKeyOpensThePopup();
-    void everythingStandsAfterTheMainWindowAndTheModule();
+    void theFirstRecentDocumentBringsOneEntry()
+    {
+        HostWithMenus host(usualMenus);
+        fxhost::FxHost &fxHost = host.running.host;
+        const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);
+        fxHost.setMainWindow(&host.window);
+        fxHost.documents().newDocument(); // has no path, so it is not among the recent ones
+        QCOMPARE(refreshed.size(), 1);
+        QCOMPARE(host.entries(), withoutEntry);
+
+        const QString path = host.running.makeDrawing("first.dwg");
+        fxHost.commands().runLine("_OPEN " + path);
+        fxHost.documents().newDocument();
+        QCOMPARE(fxHost.recentFiles().paths(), QStringList(path));
+        QCOMPARE(refreshed.size(), 3);
+        QCOMPARE(host.entries(), withEntry);
+        QCOMPARE(host.primary().GetCommandCount(), 2);
+        QCOMPARE(host.startUp().GetCommandCount(), 2);
+        QCOMPARE(host.primary().GetMenu(0)->GetChildCount(), 0);
+        const CFxUIMenuItem *made = host.file().GetChild(2);
+        QCOMPARE(QString(made->GetLabel()), "Preview Recent Documents...");
+        const CFxUICommand *definition = made->GetCommand();
+        QCOMPARE(definition, host.customization().FindCommand(L"MAIN", L"ID_RECENT_FILES"));
+        QCOMPARE(QString(definition->GetName()), "Recent Document Browser");
+        QCOMPARE(QString(definition->GetMacro()), "^C^C_RECENT");
+        QCOMPARE(QString(definition->GetHelpString()), "Browse through recent documents.");
+        QCOMPARE(host.startUp().GetMenu(1)->GetChild(1)->GetCommand(),
+                 host.customization().FindCommand(L"START", L"ID_RECENT_FILES"));
+        QVERIFY(!host.customization().FindCommand(L"EXTENSION", L"ID_RECENT_FILES"));
+    }
+
+    void aShortFileMenuStaysAsItIs_data()
+    {
+        QTest::addColumn<QStringList>("entries");
+        QTest::addColumn<QStringList>("children");
+        QTest::newRow("no entry") << QStringList() << QStringList();
+        QTest::newRow("one entry") << QStringList(quitEntry) << QStringList("MI_Quit");
+        QTest::newRow("two entries") << QStringList({newEntry, quitEntry})
+                                     << QStringList({realEntry, "MI_New", "MI_Quit"});
+    }
+
+    void aShortFileMenuStaysAsItIs()
+    {
+        QFETCH(QStringList, entries);
+        QFETCH(QStringList, children);
+        HostWithMenus host(menuData(entries));
+        host.begin();
+        const QList<QStringList> expected = {children, withEntry.at(1)};
+        QCOMPARE(host.entries(), expected);
+        host.running.host.documents().newDocument();
+        QCOMPARE(host.entries(), expected);
+    }
+
+    void theEntryInAMenuBarOpensThePopup()
+    {
+        HostWithMenus host(menuData({newEntry, openEntry, separatorEntry, quitEntry}, waitingKey));
+        fxhost::MenuBuilder builder(host.running.host, host.window.menuBar());
+        builder.setGroup(&host.primary());
+        QVERIFY(!host.window.findChild<QAction *>(realEntry));
+        host.begin();
+        host.running.host.documents().newDocument();
+        auto *action = host.window.findChild<QAction *>(realEntry); // the bar was made anew
+        QVERIFY(action);
+        QCOMPARE(action->text(), "Preview Recent Documents...\tF4");
+        QVERIFY(action->isEnabled());
+        QCOMPARE(action->statusTip(), "Browse through recent documents.");
+        action->trigger();
+        QTRY_COMPARE(RealBrowser::popups().size(), 1);
+        QCOMPARE(RealBrowser::tiles(RealBrowser::popups().constFirst()).size(), 1);
+    }
+
+    void aHostWithoutMenusIsLeftAlone()
+    {
+        HostWithMenus host({});
+        const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);
+        host.begin();
+        host.running.host.documents().newDocument();
+        setShortCutKey();
+        host.running.host.setMainWindow(nullptr);
+        QCOMPARE(refreshed.size(), 0);
+        QVERIFY(!host.customization().GetStartUpGroup());
+    }
+
+    void theKeyIsAddedOnRequest()
+    {
+        HostWithMenus host(menuData({newEntry, openEntry, separatorEntry, quitEntry}, otherKey));
+        setShortCutKey(); // the definition, which the main window brings, is still to come
+        host.begin();
+        QCOMPARE(host.keys(), QStringList("Ctrl+F4 ID_New")); // not by itself
+        for (int i = 0; i < 2; ++i)
+            setShortCutKey();
+        QCOMPARE(host.keys(), QStringList({"Ctrl+F4 ID_New", "F4 ID_RECENT_FILES"}));
+        const CFxUIAccelerator *made = host.primary().GetAccelerator(1);
+        QCOMPARE(QString(made->GetLabel()), "Preview Recent Documents...");
+        QCOMPARE(QString(made->GetIdentifier()), "");
+        QCOMPARE(made->GetCommand(), host.file().GetChild(2)->GetCommand());
+        QCOMPARE(host.startUp().GetAcceleratorCount(), 0);
+    }
+
+    void theKeyOpensThePopup()
+    {
+        HostWithMenus host(usualMenus);
+        fxhost::MenuBuilder builder(host.running.host, host.window.menuBar());
+        builder.setGroup(&host.primary());
+        host.begin();
+        setShortCutKey();
+        host.customization().Refresh(); // which is for the host to do
+        QVERIFY(waitForActive(&host.window));
+        QTest::keyClick(&host.window, Qt::Key_F4);
+        QTRY_COMPARE(RealBrowser::popups().size(), 1);
+    }
+
+    void everythingStandsAfterTheMainWindowAndTheModule()
+    {
+        HostWithMenus host(usualMenus);
+        host.begin();
+        setShortCutKey();
+        const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);
+        host.running.host.setMainWindow(nullptr);
+        QVERIFY(host.running.host.modules().unload(MODULE_FILE));
+        QVERIFY(!dlopen(MODULE_FILE, RTLD_NOW | RTLD_NOLOAD)); // nothing of it may be needed any more
+        QCOMPARE(refreshed.size(), 0);
+        QCOMPARE(host.entries(), withEntry);
+        QCOMPARE(QString(host.file().GetChild(2)->GetLabel()), "Preview Recent Documents...");
+        QCOMPARE(host.keys(), QStringList("F4 ID_RECENT_FILES"));
+        QCOMPARE(QString(host.primary().GetAccelerator(0)->GetLabel()), "Preview Recent Documents...");
+        // Chosen now, the entry is a command that nobody knows.
+        host.running.host.commands().runMacro(host.file().GetChild(2)->GetCommand()->GetMacro());
+        QCOMPARE(host.running.logged().constLast(), "command _RECENT unknown");
+    }
 };
 
-void tst_MenusInHost::theFirstRecentDocumentBringsOneEntry()
-{
-    HostWithMenus host(usualMenus);
-    fxhost::FxHost &fxHost = host.running.host;
-    const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);
-    fxHost.setMainWindow(&host.window);
-    fxHost.documents().newDocument(); // has no path, so it is not among the recent ones
-    QCOMPARE(refreshed.size(), 1);
-    QCOMPARE(host.entries(), withoutEntry);
-
-    const QString path = host.running.makeDrawing("first.dwg");
-    fxHost.commands().runLine("_OPEN " + path);
-    fxHost.documents().newDocument();
-    QCOMPARE(fxHost.recentFiles().paths(), QStringList(path));
-    QCOMPARE(refreshed.size(), 3);
-    QCOMPARE(host.entries(), withEntry);
-    QCOMPARE(host.primary().GetCommandCount(), 2);
-    QCOMPARE(host.startUp().GetCommandCount(), 2);
-    QCOMPARE(host.primary().GetMenu(0)->GetChildCount(), 0);
-    const CFxUIMenuItem *made = host.file().GetChild(2);
-    QCOMPARE(QString(made->GetLabel()), "Preview Recent Documents...");
-    const CFxUICommand *definition = made->GetCommand();
-    QCOMPARE(definition, host.customization().FindCommand(L"MAIN", L"ID_RECENT_FILES"));
-    QCOMPARE(QString(definition->GetName()), "Recent Document Browser");
-    QCOMPARE(QString(definition->GetMacro()), "^C^C_RECENT");
-    QCOMPARE(QString(definition->GetHelpString()), "Browse through recent documents.");
-    QCOMPARE(host.startUp().GetMenu(1)->GetChild(1)->GetCommand(),
-             host.customization().FindCommand(L"START", L"ID_RECENT_FILES"));
-    QVERIFY(!host.customization().FindCommand(L"EXTENSION", L"ID_RECENT_FILES"));
-}
-
-void tst_MenusInHost::aShortFileMenuStaysAsItIs_data()
-{
-    QTest::addColumn<QStringList>("entries");
-    QTest::addColumn<QStringList>("children");
-    QTest::newRow("no entry") << QStringList() << QStringList();
-    QTest::newRow("one entry") << QStringList(quitEntry) << QStringList("MI_Quit");
-    QTest::newRow("two entries") << QStringList({newEntry, quitEntry})
-                                 << QStringList({realEntry, "MI_New", "MI_Quit"});
-}
-
-void tst_MenusInHost::aShortFileMenuStaysAsItIs()
-{
-    QFETCH(QStringList, entries);
-    QFETCH(QStringList, children);
-    HostWithMenus host(menuData(entries));
-    host.begin();
-    const QList<QStringList> expected = {children, withEntry.at(1)};
-    QCOMPARE(host.entries(), expected);
-    host.running.host.documents().newDocument();
-    QCOMPARE(host.entries(), expected);
-}
-
-void tst_MenusInHost::theEntryInAMenuBarOpensThePopup()
-{
-    HostWithMenus host(menuData({newEntry, openEntry, separatorEntry, quitEntry}, waitingKey));
-    fxhost::MenuBuilder builder(host.running.host, host.window.menuBar());
-    builder.setGroup(&host.primary());
-    QVERIFY(!host.window.findChild<QAction *>(realEntry));
-    host.begin();
-    host.running.host.documents().newDocument();
-    auto *action = host.window.findChild<QAction *>(realEntry); // the bar was made anew
-    QVERIFY(action);
-    QCOMPARE(action->text(), "Preview Recent Documents...\tF4");
-    QVERIFY(action->isEnabled());
-    QCOMPARE(action->statusTip(), "Browse through recent documents.");
-    action->trigger();
-    QTRY_COMPARE(RealBrowser::popups().size(), 1);
-    QCOMPARE(RealBrowser::tiles(RealBrowser::popups().constFirst()).size(), 1);
-}
-
-void tst_MenusInHost::aHostWithoutMenusIsLeftAlone()
-{
-    HostWithMenus host({});
-    const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);
-    host.begin();
-    host.running.host.documents().newDocument();
-    setShortCutKey();
-    host.running.host.setMainWindow(nullptr);
-    QCOMPARE(refreshed.size(), 0);
-    QVERIFY(!host.customization().GetStartUpGroup());
-}
-
-void tst_MenusInHost::theKeyIsAddedOnRequest()
-{
-    HostWithMenus host(menuData({newEntry, openEntry, separatorEntry, quitEntry}, otherKey));
-    setShortCutKey(); // the definition, which the main window brings, is still to come
-    host.begin();
-    QCOMPARE(host.keys(), QStringList("Ctrl+F4 ID_New")); // not by itself
-    for (int i = 0; i < 2; ++i)
-        setShortCutKey();
-    QCOMPARE(host.keys(), QStringList({"Ctrl+F4 ID_New", "F4 ID_RECENT_FILES"}));
-    const CFxUIAccelerator *made = host.primary().GetAccelerator(1);
-    QCOMPARE(QString(made->GetLabel()), "Preview Recent Documents...");
-    QCOMPARE(QString(made->GetIdentifier()), "");
-    QCOMPARE(made->GetCommand(), host.file().GetChild(2)->GetCommand());
-    QCOMPARE(host.startUp().GetAcceleratorCount(), 0);
-}
-
-void tst_MenusInHost::theKeyOpensThePopup()
-{
-    HostWithMenus host(usualMenus);
-    fxhost::MenuBuilder builder(host.running.host, host.window.menuBar());
-    builder.setGroup(&host.primary());
-    host.begin();
-    setShortCutKey();
-    host.customization().Refresh(); // which is for the host to do
-    QVERIFY(waitForActive(&host.window));
-    QTest::keyClick(&host.window, Qt::Key_F4);
-    QTRY_COMPARE(RealBrowser::popups().size(), 1);
-}
-
-void tst_MenusInHost::everythingStandsAfterTheMainWindowAndTheModule()
-{
-    HostWithMenus host(usualMenus);
-    host.begin();
-    setShortCutKey();
-    const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);
-    host.running.host.setMainWindow(nullptr);
-    QVERIFY(host.running.host.modules().unload(MODULE_FILE));
-    QVERIFY(!dlopen(MODULE_FILE, RTLD_NOW | RTLD_NOLOAD)); // nothing of it may be needed any more
-    QCOMPARE(refreshed.size(), 0);
-    QCOMPARE(host.entries(), withEntry);
-    QCOMPARE(QString(host.file().GetChild(2)->GetLabel()), "Preview Recent Documents...");
-    QCOMPARE(host.keys(), QStringList("F4 ID_RECENT_FILES"));
-    QCOMPARE(QString(host.primary().GetAccelerator(0)->GetLabel()), "Preview Recent Documents...");
-    // Chosen now, the entry is a command that nobody knows.
-    host.running.host.commands().runMacro(host.file().GetChild(2)->GetCommand()->GetMacro());
-    QCOMPARE(host.running.logged().constLast(), "command _RECENT unknown");
-}
-
-QTEST_MAIN(tst_MenusInHost)
+TEST_CLASS(tst_MenusInHost);
 #include "tst_menusinhost.moc"

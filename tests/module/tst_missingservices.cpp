@@ -9,17 +9,6 @@ using Switch = WholeLife::Switch;
 Q_DECLARE_METATYPE(Switch)
 Q_DECLARE_METATYPE(LifeReport)
 
-//! What the module does, from its creation to its deletion, in a host that lacks one thing.
-class tst_MissingServices : public TestCase
-{
-    Q_OBJECT
-
-private slots:
-    void initTestCase();
-    void theRestWorks_data();
-    void theRestWorks();
-};
-
 namespace {
 
 //! The whole life in a host that lacks nothing.
@@ -250,32 +239,39 @@ QStringList linesOf(const LifeReport &report)
 
 } // namespace
 
-void tst_MissingServices::initTestCase()
+//! What the module does, from its creation to its deletion, in a host that lacks one thing.
+class tst_MissingServices : public TestCase
 {
-    qputenv("PATH", "/nowhere"); // no file manager comes up
-}
+    Q_OBJECT
 
-void tst_MissingServices::theRestWorks_data()
-{
-    QTest::addColumn<Switch>("missing");
-    QTest::addColumn<Switch>("missingWithPopup");
-    QTest::addColumn<LifeReport>("report");
-    rowsOfServices();
-    rowsOfMenus();
-    rowsOfTheEngine();
-    rowsOfPreviews();
-    rowsWithAPopup();
-}
+private slots:
+    void initTestCase()
+    {
+        qputenv("PATH", "/nowhere"); // no file manager comes up
+    }
 
-void tst_MissingServices::theRestWorks()
-{
-    QFETCH(Switch, missing);
-    QFETCH(Switch, missingWithPopup);
-    QFETCH(LifeReport, report);
-    FakeMemory::isOut = false;
-    WholeLife life;
-    QCOMPARE(linesOf(life.live(missing, missingWithPopup)), linesOf(report));
-}
+    void theRestWorks_data()
+    {
+        QTest::addColumn<Switch>("missing");
+        QTest::addColumn<Switch>("missingWithPopup");
+        QTest::addColumn<LifeReport>("report");
+        rowsOfServices();
+        rowsOfMenus();
+        rowsOfTheEngine();
+        rowsOfPreviews();
+        rowsWithAPopup();
+    }
 
-QTEST_MAIN(tst_MissingServices)
+    void theRestWorks()
+    {
+        QFETCH(Switch, missing);
+        QFETCH(Switch, missingWithPopup);
+        QFETCH(LifeReport, report);
+        FakeMemory::isOut = false;
+        WholeLife life;
+        QCOMPARE(linesOf(life.live(missing, missingWithPopup)), linesOf(report));
+    }
+};
+
+TEST_CLASS(tst_MissingServices);
 #include "tst_missingservices.moc"

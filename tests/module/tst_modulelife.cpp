@@ -21,24 +21,11 @@
 #include <algorithm>
 #include <random>
 
-//! The built library comes, is used and goes while the program runs, over and over; and more popups than
-//! anybody opens, closed in any order and in every way.
-class tst_ModuleLife : public TestCase
-{
-    Q_OBJECT
-
-private slots:
-    void twoHundredLivesLeaveNothingBehind();
-    void aHostMayBeAStaticObject_data();
-    void aHostMayBeAStaticObject();
-    void eachOfManyPopupsGoesWithAllThatIsItsOwn_data();
-    void eachOfManyPopupsGoesWithAllThatIsItsOwn();
-};
-
 namespace {
 
 //! Where the pointer may be without the popups' closing when they lose the focus.
-const QPoint overPopups(320, 320);
+const QRect mainWindow(0, 0, 1300, 800);
+const QPoint overPopups(320, 320); // in it
 
 bool libraryIsLoaded(const char *name = MODULE_FILE)
 {
@@ -165,84 +152,6 @@ void restyle(int round)
 
 } // namespace
 
-void tst_ModuleLife::twoHundredLivesLeaveNothingBehind()
-{
-    constexpr int lives = 200;
-    const Scene everythingOpen(Scene::states * Scene::states * Scene::states - 1);
-    const QFont font = QApplication::font();
-    const QPalette palette = QApplication::palette();
-    {
-        RealBrowser browser(2);
-        {
-            QMenu menu;
-            live(browser, menu, everythingOpen); // in which Qt makes what it makes once
-        }
-        QVERIFY(browser.host().modules().unload(MODULE_FILE));
-        restyle(0);
-        const QSet<QWidget *> hostsOwn = allWidgets();
-        for (int round = 0; round < lives; ++round) {
-            {
-                QMenu menu;
-                live(browser, menu, Scene(round));
-                QVERIFY2(!QTest::currentTestFailed(), qPrintable(QString::number(round)));
-                QVERIFY(browser.host().modules().unload(MODULE_FILE));
-                QVERIFY(!libraryIsLoaded() && !imagesAreThere());
-                restyle(round);
-            }
-            QCOMPARE(allWidgets(), hostsOwn);
-            browser.host().documents().closeAll();
-        }
-        QCOMPARE(browser.log().filter("unloaded").size(), lives + 1);
-        // The last one goes with the host.
-        QMenu menu;
-        live(browser, menu, everythingOpen);
-    }
-    QVERIFY(!libraryIsLoaded());
-    // Only the module uses this here, and a worker thread may still be on its way out of it.
-    QVERIFY(libraryIsLoaded("libQt5Concurrent.so.5"));
-    restyle(lives);
-    QApplication::setFont(font);
-    QApplication::setPalette(palette);
-}
-
-void tst_ModuleLife::aHostMayBeAStaticObject_data()
-{
-    QTest::addColumn<QString>("end");
-    QTest::addColumn<bool>("hasDrawing");
-    QTest::addColumn<bool>("isEarly");
-    for (const char *end : {"delete", "keep"}) {
-        for (const bool isEarly : {false, true}) {
-            const char *when = isEarly ? "loaded before main()" : "loaded in main()";
-            QTest::addRow("%s, %s", end, when) << end << false << isEarly;
-            QTest::addRow("%s, %s, with a recent document", end, when) << end << true << isEarly;
-        }
-    }
-}
-
-void tst_ModuleLife::aHostMayBeAStaticObject()
-{
-    QFETCH(QString, end);
-    QFETCH(bool, hasDrawing);
-    QFETCH(bool, isEarly);
-    const QTemporaryDir folder;
-    QStringList arguments{MODULE_FILE, folder.filePath("profile"), end};
-    QFile drawing(folder.filePath("plan.dwg"));
-    QVERIFY(drawing.open(QIODevice::WriteOnly) && drawing.write(RealBrowser::drawingBytes(1)) > 0);
-    drawing.close();
-    if (hasDrawing)
-        arguments.append(drawing.fileName());
-    QProcess program;
-    program.setProcessChannelMode(QProcess::ForwardedChannels);
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    if (isEarly)
-        environment.insert("EARLY_MODULE", MODULE_FILE);
-    program.setProcessEnvironment(environment);
-    program.start(STATIC_HOST, arguments);
-    QVERIFY(program.waitForFinished(-1));
-    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(program.exitCode(), 0);
-}
-
 namespace {
 
 constexpr int tilesOfEach = 3;
@@ -280,53 +189,139 @@ void useTile(QWidget *popup, unsigned choice)
 
 } // namespace
 
-void tst_ModuleLife::eachOfManyPopupsGoesWithAllThatIsItsOwn_data()
+//! The built library comes, is used and goes while the program runs, over and over; and more popups than
+//! anybody opens, closed in any order and in every way.
+class tst_ModuleLife : public TestCase
 {
-    QTest::addColumn<unsigned>("seed");
-    for (unsigned seed = 1; seed <= 3; ++seed)
-        QTest::addRow("seed %u", seed) << seed;
-}
+    Q_OBJECT
 
-void tst_ModuleLife::eachOfManyPopupsGoesWithAllThatIsItsOwn()
-{
-    QFETCH(unsigned, seed);
-    constexpr int popupCount = 50;
-    std::mt19937 random(seed); // the same numbers everywhere
-    const auto below = [&random](int end) { return static_cast<int>(random() % unsigned(end)); };
-    RealBrowser browser(tilesOfEach);
-    QVERIFY(browser.openPopup());
-    QCursor::setPos(overPopups);
-    for (int i = 1; i < popupCount; ++i)
-        browser.host().commands().runLine("_RECENT");
-    drainEvents();
-
-    QVector<QVector<QPointer<QWidget>>> popups;
-    const QList<QDialog *> opened = RealBrowser::popups();
-    for (QDialog *popup : opened)
-        popups.append(partsOf(popup));
-    QCOMPARE(popups.size(), popupCount);
-    const auto partCount = popups.first().size();
-
-    for (int i = popupCount - 1; i > 0; --i)
-        std::swap(popups[i], popups[below(i + 1)]);
-    while (!popups.isEmpty()) {
-        const QVector<QPointer<QWidget>> ended = popups.takeLast();
-        QVERIFY(ended.first());
-        if (popups.size() % 7 == 0)
-            browser.host().documents().newDocument();
-        popupEnds[below(std::size(popupEnds))](qobject_cast<QDialog *>(ended.first()));
-        drainEvents();
-        QCOMPARE(ended.count(nullptr), partCount);
-        for (const QVector<QPointer<QWidget>> &other : qAsConst(popups))
-            QCOMPARE(other.count(nullptr), 0);
-        if (!popups.isEmpty())
-            useTile(popups.at(below(popups.size())).first(), static_cast<unsigned>(random()));
+private slots:
+    void twoHundredLivesLeaveNothingBehind()
+    {
+        constexpr int lives = 200;
+        const Scene everythingOpen(Scene::states * Scene::states * Scene::states - 1);
+        const QFont font = QApplication::font();
+        const QPalette palette = QApplication::palette();
+        {
+            RealBrowser browser(2, mainWindow);
+            {
+                QMenu menu;
+                live(browser, menu, everythingOpen); // in which Qt makes what it makes once
+            }
+            QVERIFY(browser.host().modules().unload(MODULE_FILE));
+            restyle(0);
+            const QSet<QWidget *> hostsOwn = allWidgets();
+            for (int round = 0; round < lives; ++round) {
+                {
+                    QMenu menu;
+                    live(browser, menu, Scene(round));
+                    QVERIFY2(!QTest::currentTestFailed(), qPrintable(QString::number(round)));
+                    QVERIFY(browser.host().modules().unload(MODULE_FILE));
+                    QVERIFY(!libraryIsLoaded() && !imagesAreThere());
+                    restyle(round);
+                }
+                QCOMPARE(allWidgets(), hostsOwn);
+                browser.host().documents().closeAll();
+            }
+            QCOMPARE(browser.log().filter("unloaded").size(), lives + 1);
+            // The last one goes with the host.
+            QMenu menu;
+            live(browser, menu, everythingOpen);
+        }
+        QVERIFY(!libraryIsLoaded());
+        // Only the module uses this here, and a worker thread may still be on its way out of it.
+        QVERIFY(libraryIsLoaded("libQt5Concurrent.so.5"));
+        restyle(lives);
+        QApplication::setFont(font);
+        QApplication::setPalette(palette);
     }
-    QVERIFY(RealBrowser::popups().isEmpty());
-    QCOMPARE(browser.log().filter("open "), QStringList());
-    QVERIFY(browser.openPopup()); // and the next one is as any other
-    QCOMPARE(RealBrowser::tiles(RealBrowser::popups().constFirst()).size(), tilesOfEach);
-}
 
-QTEST_MAIN(tst_ModuleLife)
+    void aHostMayBeAStaticObject_data()
+    {
+        QTest::addColumn<QString>("end");
+        QTest::addColumn<bool>("hasDrawing");
+        QTest::addColumn<bool>("isEarly");
+        for (const char *end : {"delete", "keep"}) {
+            for (const bool isEarly : {false, true}) {
+                const char *when = isEarly ? "loaded before main()" : "loaded in main()";
+                QTest::addRow("%s, %s", end, when) << end << false << isEarly;
+                QTest::addRow("%s, %s, with a recent document", end, when) << end << true << isEarly;
+            }
+        }
+    }
+
+    void aHostMayBeAStaticObject()
+    {
+        QFETCH(QString, end);
+        QFETCH(bool, hasDrawing);
+        QFETCH(bool, isEarly);
+        const QTemporaryDir folder;
+        QStringList arguments{MODULE_FILE, folder.filePath("profile"), end};
+        QFile drawing(folder.filePath("plan.dwg"));
+        QVERIFY(drawing.open(QIODevice::WriteOnly) && drawing.write(RealBrowser::drawingBytes(1)) > 0);
+        drawing.close();
+        if (hasDrawing)
+            arguments.append(drawing.fileName());
+        QProcess program;
+        program.setProcessChannelMode(QProcess::ForwardedChannels);
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        if (isEarly)
+            environment.insert("EARLY_MODULE", MODULE_FILE);
+        program.setProcessEnvironment(environment);
+        program.start(STATIC_HOST, arguments);
+        QVERIFY(program.waitForFinished(-1));
+        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(program.exitCode(), 0);
+    }
+
+    void eachOfManyPopupsGoesWithAllThatIsItsOwn_data()
+    {
+        QTest::addColumn<unsigned>("seed");
+        for (unsigned seed = 1; seed <= 3; ++seed)
+            QTest::addRow("seed %u", seed) << seed;
+    }
+
+    void eachOfManyPopupsGoesWithAllThatIsItsOwn()
+    {
+        QFETCH(unsigned, seed);
+        constexpr int popupCount = 50;
+        std::mt19937 random(seed); // the same numbers everywhere
+        const auto below = [&random](int end) { return static_cast<int>(random() % unsigned(end)); };
+        RealBrowser browser(tilesOfEach, mainWindow);
+        QVERIFY(browser.openPopup());
+        QCursor::setPos(overPopups);
+        for (int i = 1; i < popupCount; ++i)
+            browser.host().commands().runLine("_RECENT");
+        drainEvents();
+
+        QVector<QVector<QPointer<QWidget>>> popups;
+        const QList<QDialog *> opened = RealBrowser::popups();
+        for (QDialog *popup : opened)
+            popups.append(partsOf(popup));
+        QCOMPARE(popups.size(), popupCount);
+        const auto partCount = popups.first().size();
+
+        for (int i = popupCount - 1; i > 0; --i)
+            std::swap(popups[i], popups[below(i + 1)]);
+        while (!popups.isEmpty()) {
+            const QVector<QPointer<QWidget>> ended = popups.takeLast();
+            QVERIFY(ended.first());
+            if (popups.size() % 7 == 0)
+                browser.host().documents().newDocument();
+            popupEnds[below(std::size(popupEnds))](qobject_cast<QDialog *>(ended.first()));
+            drainEvents();
+            QCOMPARE(ended.count(nullptr), partCount);
+            for (const QVector<QPointer<QWidget>> &other : qAsConst(popups))
+                QCOMPARE(other.count(nullptr), 0);
+            if (!popups.isEmpty())
+                useTile(popups.at(below(popups.size())).first(), static_cast<unsigned>(random()));
+        }
+        QVERIFY(RealBrowser::popups().isEmpty());
+        QCOMPARE(browser.log().filter("open "), QStringList());
+        QVERIFY(browser.openPopup()); // and the next one is as any other
+        QCOMPARE(RealBrowser::tiles(RealBrowser::popups().constFirst()).size(), tilesOfEach);
+    }
+};
+
+TEST_CLASS(tst_ModuleLife);
 #include "tst_modulelife.moc"

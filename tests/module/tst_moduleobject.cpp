@@ -49,173 +49,162 @@ class tst_ModuleObject : public TestCase
     Q_OBJECT
 
 private slots:
-    void theVersionIsThatOfTheInterface();
-    void thereIsOneObjectUntilItIsDeleted();
-    void forgettingTheObjectDoesNotDeleteIt();
-    void theMemoryGoesBackThroughTheHostsBaseToo();
-    void withoutMemoryTheLoaderGetsBadAllocAndThereIsNoObject();
-    void bothKindsOfDeletionForgetTheObject();
-    void referencesAreCountedAndNoneDeletesTheObject();
-    void threadsCountTogether();
-    void theObjectIsEachOfWhatTheHostTalksTo();
-    void virtualFunctionsStandInTheirOrder();
+    void theVersionIsThatOfTheInterface()
+    {
+        int version[4] = {0, 0, 0, -1};
+        odrxGetAPIVersion(version[0], version[1], version[2], version[3]);
+        QCOMPARE(QList<int>(std::begin(version), std::end(version)), QList<int>({4, 3, 2, 0}));
+    }
+
+    void thereIsOneObjectUntilItIsDeleted()
+    {
+        const FakeHost host;
+        QVERIFY(!g_pSingletonModule);
+        int handle = 0;
+        std::wstring name = L"a module's name";
+        CreatedModule module = createModule(&handle, name.c_str());
+        name.assign(L"changed");
+        QCOMPARE(static_cast<OdRxModule *>(g_pSingletonModule), module.get());
+        QCOMPARE(module->numRefs(), 0);
+        QCOMPARE(FakeMemory::inUse, std::set<void *>{module.get()});
+
+        int otherHandle = 0;
+        QCOMPARE(odrxCreateModuleObject(&otherHandle, L"second"), module.get());
+        QCOMPARE(odrxCreateModuleObject(nullptr, nullptr), module.get());
+        QCOMPARE(FakeMemory::inUse.size(), std::size_t(1));
+        QCOMPARE(module->sysData(), static_cast<void *>(&handle));
+        QVERIFY(module->moduleName() == OdString(L"a module's name"));
+
+        module.reset();
+        QVERIFY(!g_pSingletonModule);
+        QVERIFY(FakeMemory::inUse.empty());
+        module = createModule(nullptr, L"second");
+        QVERIFY(module->moduleName() == OdString(L"second"));
+        QCOMPARE(host.calls, QStringList()); // all this is nothing to the host
+    }
+
+    void forgettingTheObjectDoesNotDeleteIt()
+    {
+        const CreatedModule forgotten = createModule(nullptr, L"forgotten");
+        deleteModuleObject();
+        QVERIFY(!g_pSingletonModule);
+        QCOMPARE(FakeMemory::inUse.size(), std::size_t(1));
+        QVERIFY(forgotten->moduleName() == OdString(L"forgotten"));
+        QVERIFY(createModule() != forgotten);
+    }
+
+    void theMemoryGoesBackThroughTheHostsBaseToo()
+    {
+        OdRxObject *object = createModule().release();
+        delete object;
+        deleteModuleObject();
+        QVERIFY(FakeMemory::inUse.empty());
+    }
+
+    void withoutMemoryTheLoaderGetsBadAllocAndThereIsNoObject()
+    {
+        FakeMemory::isOut = true;
+        QVERIFY_EXCEPTION_THROWN(odrxCreateModuleObject(nullptr, L"browser"), std::bad_alloc);
+        FakeMemory::isOut = false;
+        QVERIFY(!g_pSingletonModule);
+        QVERIFY(createModule());
+    }
+
+    void bothKindsOfDeletionForgetTheObject()
+    {
+        odrxCreateModuleObject(nullptr, L"browser")->deleteModule();
+        QVERIFY(!g_pSingletonModule);
+        odrxCreateModuleObject(nullptr, L"browser");
+        g_pSingletonModule->WrapperBase::deleteModule();
+        QVERIFY(!g_pSingletonModule);
+        QVERIFY(FakeMemory::inUse.empty());
+    }
+
+    void referencesAreCountedAndNoneDeletesTheObject()
+    {
+        const AssertionsAreNoted noted;
+        const CreatedModule module = createModule();
+        module->addRef();
+        module->addRef();
+        QCOMPARE(module->numRefs(), 2);
+        module->release();
+        QCOMPARE(module->numRefs(), 1);
+        module->release();
+        QCOMPARE(module->numRefs(), 0);
+        QVERIFY(assertions.empty());
+        module->release();
+        QCOMPARE(module->numRefs(), -1);
+        module->release(); // from -1, which the count does not tell from a reference
+        QCOMPARE(module->numRefs(), -2);
+        QCOMPARE(assertions.size(), std::size_t(1));
+        QCOMPARE(assertions.front().expression, QByteArray("m_nLockCount"));
+        QCOMPARE(assertions.front().source, QByteArray("RxDynamicModule"));
+        QCOMPARE(assertions.front().line, 379);
+        QVERIFY(g_pSingletonModule);
+        QCOMPARE(FakeMemory::inUse.size(), std::size_t(1));
+    }
+
+    void threadsCountTogether()
+    {
+        const CreatedModule module = createModule();
+        constexpr int threadCount = 4;
+        constexpr int rounds = 500000; // long enough for threads to meet where they share a processor
+        std::atomic<int> waiting{threadCount};
+        std::vector<std::thread> threads;
+        threads.reserve(threadCount);
+        for (int i = 0; i < threadCount; ++i) {
+            threads.emplace_back([&] {
+                --waiting;
+                while (waiting > 0)
+                    std::this_thread::yield();
+                for (int round = 0; round < rounds; ++round) {
+                    module->addRef();
+                    module->addRef();
+                    module->release();
+                }
+            });
+        }
+        for (std::thread &thread : threads)
+            thread.join();
+        QCOMPARE(module->numRefs(), threadCount * rounds);
+    }
+
+    void theObjectIsEachOfWhatTheHostTalksTo()
+    {
+        static_assert(std::is_base_of_v<WrapperBase, OdRxUnixModuleRecentDocumentBrowser>);
+        static_assert(std::is_base_of_v<RecentDocumentBrowser, WrapperBase>);
+        static_assert(std::is_convertible_v<RecentDocumentBrowser *, vela_OdRxModule *>);
+        static_assert(std::is_convertible_v<RecentDocumentBrowser *, CFxDocumentManagerReactor *>);
+        static_assert(std::is_convertible_v<RecentDocumentBrowser *, CFxEditorReactor *>);
+        static_assert(std::has_virtual_destructor_v<RecentDocumentBrowser>);
+
+        // The module base comes first, so that the loader's pointer is the object's own.
+        const CreatedModule module = createModule();
+        const auto place = [](const void *part) { return reinterpret_cast<std::uintptr_t>(part); };
+        const RecentDocumentBrowser *browser = g_pSingletonModule;
+        const auto moduleBase = place(static_cast<const vela_OdRxModule *>(browser));
+        const auto documentBase = place(static_cast<const CFxDocumentManagerReactor *>(browser));
+        const auto editorBase = place(static_cast<const CFxEditorReactor *>(browser));
+        QCOMPARE(moduleBase, place(browser));
+        QVERIFY(moduleBase < documentBase);
+        QVERIFY(documentBase < editorBase);
+    }
+
+    void virtualFunctionsStandInTheirOrder()
+    {
+        const auto ascends = [](std::initializer_list<std::ptrdiff_t> places) {
+            return std::is_sorted(places.begin(), places.end(), std::less_equal<>());
+        };
+        QVERIFY(ascends({slotOf(&RecentDocumentBrowser::initApp), slotOf(&RecentDocumentBrowser::uninitApp),
+                         slotOf(&RecentDocumentBrowser::DocumentCreated),
+                         slotOf(&RecentDocumentBrowser::mainFrameCreated),
+                         slotOf(&RecentDocumentBrowser::mainFrameDestroyed)}));
+        QVERIFY(ascends({slotOf(&CFxRecentDocCommand::globalName), slotOf(&CFxRecentDocCommand::localName),
+                         slotOf(&CFxRecentDocCommand::Execute)}));
+        QVERIFY(ascends({slotOf(&velaCommandHelp::globalName), slotOf(&velaCommandHelp::localName),
+                         slotOf(&velaCommandHelp::Execute), slotOf(&velaCommandHelp::GetHelpId)}));
+    }
 };
 
-void tst_ModuleObject::theVersionIsThatOfTheInterface()
-{
-    int version[4] = {0, 0, 0, -1};
-    odrxGetAPIVersion(version[0], version[1], version[2], version[3]);
-    QCOMPARE(QList<int>(std::begin(version), std::end(version)), QList<int>({4, 3, 2, 0}));
-}
-
-void tst_ModuleObject::thereIsOneObjectUntilItIsDeleted()
-{
-    const FakeHost host;
-    QVERIFY(!g_pSingletonModule);
-    int handle = 0;
-    std::wstring name = L"a module's name";
-    CreatedModule module = createModule(&handle, name.c_str());
-    name.assign(L"changed");
-    QCOMPARE(static_cast<OdRxModule *>(g_pSingletonModule), module.get());
-    QCOMPARE(module->numRefs(), 0);
-    QCOMPARE(FakeMemory::inUse, std::set<void *>{module.get()});
-
-    int otherHandle = 0;
-    QCOMPARE(odrxCreateModuleObject(&otherHandle, L"second"), module.get());
-    QCOMPARE(odrxCreateModuleObject(nullptr, nullptr), module.get());
-    QCOMPARE(FakeMemory::inUse.size(), std::size_t(1));
-    QCOMPARE(module->sysData(), static_cast<void *>(&handle));
-    QVERIFY(module->moduleName() == OdString(L"a module's name"));
-
-    module.reset();
-    QVERIFY(!g_pSingletonModule);
-    QVERIFY(FakeMemory::inUse.empty());
-    module = createModule(nullptr, L"second");
-    QVERIFY(module->moduleName() == OdString(L"second"));
-    QCOMPARE(host.calls, QStringList()); // all this is nothing to the host
-}
-
-void tst_ModuleObject::forgettingTheObjectDoesNotDeleteIt()
-{
-    const CreatedModule forgotten = createModule(nullptr, L"forgotten");
-    deleteModuleObject();
-    QVERIFY(!g_pSingletonModule);
-    QCOMPARE(FakeMemory::inUse.size(), std::size_t(1));
-    QVERIFY(forgotten->moduleName() == OdString(L"forgotten"));
-    QVERIFY(createModule() != forgotten);
-}
-
-void tst_ModuleObject::theMemoryGoesBackThroughTheHostsBaseToo()
-{
-    OdRxObject *object = createModule().release();
-    delete object;
-    deleteModuleObject();
-    QVERIFY(FakeMemory::inUse.empty());
-}
-
-void tst_ModuleObject::withoutMemoryTheLoaderGetsBadAllocAndThereIsNoObject()
-{
-    FakeMemory::isOut = true;
-    QVERIFY_EXCEPTION_THROWN(odrxCreateModuleObject(nullptr, L"browser"), std::bad_alloc);
-    FakeMemory::isOut = false;
-    QVERIFY(!g_pSingletonModule);
-    QVERIFY(createModule());
-}
-
-void tst_ModuleObject::bothKindsOfDeletionForgetTheObject()
-{
-    odrxCreateModuleObject(nullptr, L"browser")->deleteModule();
-    QVERIFY(!g_pSingletonModule);
-    odrxCreateModuleObject(nullptr, L"browser");
-    g_pSingletonModule->WrapperBase::deleteModule();
-    QVERIFY(!g_pSingletonModule);
-    QVERIFY(FakeMemory::inUse.empty());
-}
-
-void tst_ModuleObject::referencesAreCountedAndNoneDeletesTheObject()
-{
-    const AssertionsAreNoted noted;
-    const CreatedModule module = createModule();
-    module->addRef();
-    module->addRef();
-    QCOMPARE(module->numRefs(), 2);
-    module->release();
-    QCOMPARE(module->numRefs(), 1);
-    module->release();
-    QCOMPARE(module->numRefs(), 0);
-    QVERIFY(assertions.empty());
-    module->release();
-    QCOMPARE(module->numRefs(), -1);
-    module->release(); // from -1, which the count does not tell from a reference
-    QCOMPARE(module->numRefs(), -2);
-    QCOMPARE(assertions.size(), std::size_t(1));
-    QCOMPARE(assertions.front().expression, QByteArray("m_nLockCount"));
-    QCOMPARE(assertions.front().source, QByteArray("RxDynamicModule"));
-    QCOMPARE(assertions.front().line, 379);
-    QVERIFY(g_pSingletonModule);
-    QCOMPARE(FakeMemory::inUse.size(), std::size_t(1));
-}
-
-void tst_ModuleObject::threadsCountTogether()
-{
-    const CreatedModule module = createModule();
-    constexpr int threadCount = 4;
-    constexpr int rounds = 500000; // long enough for threads to meet where they share a processor
-    std::atomic<int> waiting{threadCount};
-    std::vector<std::thread> threads;
-    threads.reserve(threadCount);
-    for (int i = 0; i < threadCount; ++i) {
-        threads.emplace_back([&] {
-            --waiting;
-            while (waiting > 0)
-                std::this_thread::yield();
-            for (int round = 0; round < rounds; ++round) {
-                module->addRef();
-                module->addRef();
-                module->release();
-            }
-        });
-    }
-    for (std::thread &thread : threads)
-        thread.join();
-    QCOMPARE(module->numRefs(), threadCount * rounds);
-}
-
-void tst_ModuleObject::theObjectIsEachOfWhatTheHostTalksTo()
-{
-    static_assert(std::is_base_of_v<WrapperBase, OdRxUnixModuleRecentDocumentBrowser>);
-    static_assert(std::is_base_of_v<RecentDocumentBrowser, WrapperBase>);
-    static_assert(std::is_convertible_v<RecentDocumentBrowser *, vela_OdRxModule *>);
-    static_assert(std::is_convertible_v<RecentDocumentBrowser *, CFxDocumentManagerReactor *>);
-    static_assert(std::is_convertible_v<RecentDocumentBrowser *, CFxEditorReactor *>);
-    static_assert(std::has_virtual_destructor_v<RecentDocumentBrowser>);
-
-    // The module base comes first, so that the loader's pointer is the object's own.
-    const CreatedModule module = createModule();
-    const auto place = [](const void *part) { return reinterpret_cast<std::uintptr_t>(part); };
-    const RecentDocumentBrowser *browser = g_pSingletonModule;
-    const auto moduleBase = place(static_cast<const vela_OdRxModule *>(browser));
-    const auto documentBase = place(static_cast<const CFxDocumentManagerReactor *>(browser));
-    const auto editorBase = place(static_cast<const CFxEditorReactor *>(browser));
-    QCOMPARE(moduleBase, place(browser));
-    QVERIFY(moduleBase < documentBase);
-    QVERIFY(documentBase < editorBase);
-}
-
-void tst_ModuleObject::virtualFunctionsStandInTheirOrder()
-{
-    const auto ascends = [](std::initializer_list<std::ptrdiff_t> places) {
-        return std::is_sorted(places.begin(), places.end(), std::less_equal<>());
-    };
-    QVERIFY(ascends({slotOf(&RecentDocumentBrowser::initApp), slotOf(&RecentDocumentBrowser::uninitApp),
-                     slotOf(&RecentDocumentBrowser::DocumentCreated),
-                     slotOf(&RecentDocumentBrowser::mainFrameCreated),
-                     slotOf(&RecentDocumentBrowser::mainFrameDestroyed)}));
-    QVERIFY(ascends({slotOf(&CFxRecentDocCommand::globalName), slotOf(&CFxRecentDocCommand::localName),
-                     slotOf(&CFxRecentDocCommand::Execute)}));
-    QVERIFY(ascends({slotOf(&velaCommandHelp::globalName), slotOf(&velaCommandHelp::localName),
-                     slotOf(&velaCommandHelp::Execute), slotOf(&velaCommandHelp::GetHelpId)}));
-}
-
-QTEST_MAIN(tst_ModuleObject)
+TEST_CLASS(tst_ModuleObject);
 #include "tst_moduleobject.moc"

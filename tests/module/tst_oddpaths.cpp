@@ -18,21 +18,6 @@
 using fxhost::pathBytes;
 using fxhost::pathFromBytes;
 
-//! Recent documents with names that are hard to carry, and such as are no drawings at all, through the built
-//! module and the real host.
-class tst_OddPaths : public TestCase
-{
-    Q_OBJECT
-
-private slots:
-    void initTestCase() { fxhost::keepBytesOfPaths(); }
-    void everyNameIsKeptToTheByte_data();
-    void everyNameIsKeptToTheByte();
-    void aPathMayBeAsLongAsTheSystemAllows();
-    void nothingKeepsThePopupFromOpening_data() { addSpecialFileRows(); }
-    void nothingKeepsThePopupFromOpening();
-};
-
 namespace {
 
 constexpr int longestPath = 4095; // bytes, with the zero byte 4096
@@ -70,75 +55,85 @@ void goesThroughEverything(RealBrowser &browser, const QString &path)
 
 } // namespace
 
-void tst_OddPaths::everyNameIsKeptToTheByte_data()
+//! Recent documents with names that are hard to carry, and such as are no drawings at all, through the built
+//! module and the real host.
+class tst_OddPaths : public TestCase
 {
-    QTest::addColumn<QByteArray>("name");
-    QTest::newRow("line breaks") << QByteArray("a\nb\r\n.dwg");
-    QTest::newRow("Latin 1") << QByteArray("gr\xfcn.dwg");
-    QTest::newRow("bytes that are no UTF-8") << QByteArray("\xff\xfe\xc3.dwg");
-    QTest::newRow("UTF-8 and what is none") << QByteArray("\xc3\xa4 \xe4.dwg");
-    QTest::newRow("right to left") << QByteArray("\xd7\x90\xd7\x91\xe2\x80\xae gwd\xe2\x80\xac.dwg");
-    QTest::newRow("%n and its like") << QByteArray("%n %s %1 %20 %%.dwg");
-    QTest::newRow("apostrophes") << QByteArray("a'b'.dwg");
-    QTest::newRow("double quotes") << QByteArray("a \"b\" c.dwg");
-    QTest::newRow("what a shell would run") << QByteArray("$(touch x) `touch x`; touch x #.dwg");
-    QTest::newRow("leading dashes") << QByteArray("--help.dwg");
-    QTest::newRow("blanks at both ends") << QByteArray(" a.dwg ");
-    QTest::newRow("a tab and a bell") << QByteArray("\ta\a.dwg");
-    QTest::newRow("only dots") << QByteArray("...");
-    QTest::newRow("a backslash") << QByteArray("a\\nb.dwg");
-    QTest::newRow("markup") << QByteArray("<b>&amp;.dwg");
-    QTest::newRow("255 bytes") << QByteArray(255, 'n');
-}
+    Q_OBJECT
 
-void tst_OddPaths::everyNameIsKeptToTheByte()
-{
-    QFETCH(QByteArray, name);
-    RealBrowser browser(1);
-    const QString path = QFileInfo(browser.paths().constFirst()).path() + '/' + pathFromBytes(name);
-    QVERIFY(QFile::copy(browser.paths().constFirst(), path));
-    const QStringList before = QDir(QFileInfo(path).path()).entryList(QDir::AllEntries | QDir::Hidden);
-    goesThroughEverything(browser, path);
-    if (QTest::currentTestFailed())
-        return;
-    QCOMPARE(QDir(QFileInfo(path).path()).entryList(QDir::AllEntries | QDir::Hidden), before); // no x
-}
+private slots:
+    void initTestCase() { fxhost::keepBytesOfPaths(); }
+    void everyNameIsKeptToTheByte_data()
+    {
+        QTest::addColumn<QByteArray>("name");
+        QTest::newRow("line breaks") << QByteArray("a\nb\r\n.dwg");
+        QTest::newRow("Latin 1") << QByteArray("gr\xfcn.dwg");
+        QTest::newRow("bytes that are no UTF-8") << QByteArray("\xff\xfe\xc3.dwg");
+        QTest::newRow("UTF-8 and what is none") << QByteArray("\xc3\xa4 \xe4.dwg");
+        QTest::newRow("right to left") << QByteArray("\xd7\x90\xd7\x91\xe2\x80\xae gwd\xe2\x80\xac.dwg");
+        QTest::newRow("%n and its like") << QByteArray("%n %s %1 %20 %%.dwg");
+        QTest::newRow("apostrophes") << QByteArray("a'b'.dwg");
+        QTest::newRow("double quotes") << QByteArray("a \"b\" c.dwg");
+        QTest::newRow("what a shell would run") << QByteArray("$(touch x) `touch x`; touch x #.dwg");
+        QTest::newRow("leading dashes") << QByteArray("--help.dwg");
+        QTest::newRow("blanks at both ends") << QByteArray(" a.dwg ");
+        QTest::newRow("a tab and a bell") << QByteArray("\ta\a.dwg");
+        QTest::newRow("only dots") << QByteArray("...");
+        QTest::newRow("a backslash") << QByteArray("a\\nb.dwg");
+        QTest::newRow("markup") << QByteArray("<b>&amp;.dwg");
+        QTest::newRow("255 bytes") << QByteArray(255, 'n');
+    }
 
-void tst_OddPaths::aPathMayBeAsLongAsTheSystemAllows()
-{
-    RealBrowser browser(1);
-    QString folder = QFileInfo(browser.paths().constFirst()).path();
-    while (folder.size() + 2 < longestPath - NAME_MAX)
-        folder += '/' + QString(qMin(NAME_MAX, longestPath - NAME_MAX - folder.size() - 1), 'd');
-    QVERIFY(QDir().mkpath(folder));
-    const QString path = folder + '/' + QString(longestPath - folder.size() - 1, 'n');
-    QCOMPARE(path.size(), longestPath);
-    QVERIFY(QFile::copy(browser.paths().constFirst(), path));
-    goesThroughEverything(browser, path);
+    void everyNameIsKeptToTheByte()
+    {
+        QFETCH(QByteArray, name);
+        RealBrowser browser(1);
+        const QString path = QFileInfo(browser.paths().constFirst()).path() + '/' + pathFromBytes(name);
+        QVERIFY(QFile::copy(browser.paths().constFirst(), path));
+        const QStringList before = QDir(QFileInfo(path).path()).entryList(QDir::AllEntries | QDir::Hidden);
+        goesThroughEverything(browser, path);
+        if (QTest::currentTestFailed())
+            return;
+        QCOMPARE(QDir(QFileInfo(path).path()).entryList(QDir::AllEntries | QDir::Hidden), before); // no x
+    }
 
-    // One more is no file any more, but may be listed.
-    browser.host().recentFiles().add(path + 'n');
-    QCOMPARE(browser.storedPaths().constFirst().size(), longestPath + 1);
-    browser.host().documents().newDocument();
-    QVERIFY(browser.openPopup());
-}
+    void aPathMayBeAsLongAsTheSystemAllows()
+    {
+        RealBrowser browser(1);
+        QString folder = QFileInfo(browser.paths().constFirst()).path();
+        while (folder.size() + 2 < longestPath - NAME_MAX)
+            folder += '/' + QString(qMin(NAME_MAX, longestPath - NAME_MAX - folder.size() - 1), 'd');
+        QVERIFY(QDir().mkpath(folder));
+        const QString path = folder + '/' + QString(longestPath - folder.size() - 1, 'n');
+        QCOMPARE(path.size(), longestPath);
+        QVERIFY(QFile::copy(browser.paths().constFirst(), path));
+        goesThroughEverything(browser, path);
 
-void tst_OddPaths::nothingKeepsThePopupFromOpening()
-{
-    QFETCH(SpecialFile, kind);
-    allowWarning("Broken filename passed to function"); // Qt's word on null characters
-    const SpecialFiles files;
-    RealBrowser browser(2);
-    const QStringList paths = {files.path(kind), browser.paths().at(0), "/proc/self/mem", "/dev/tty",
-                               browser.paths().at(1)};
-    browser.host().recentFiles().setPaths(paths);
-    const Alarm alarm;
-    browser.host().documents().newDocument();
-    const QDialog *popup = browser.openPopup();
-    QVERIFY(popup);
-    const bool isListed = !files.path(kind).isEmpty();
-    QCOMPARE(RealBrowser::tiles(popup).size(), isListed ? 5 : 4); // most of them blank
-}
+        // One more is no file any more, but may be listed.
+        browser.host().recentFiles().add(path + 'n');
+        QCOMPARE(browser.storedPaths().constFirst().size(), longestPath + 1);
+        browser.host().documents().newDocument();
+        QVERIFY(browser.openPopup());
+    }
 
-QTEST_MAIN(tst_OddPaths)
+    void nothingKeepsThePopupFromOpening_data() { addSpecialFileRows(); }
+    void nothingKeepsThePopupFromOpening()
+    {
+        QFETCH(SpecialFile, kind);
+        allowWarning("Broken filename passed to function"); // Qt's word on null characters
+        const SpecialFiles files;
+        RealBrowser browser(2);
+        const QStringList paths = {files.path(kind), browser.paths().at(0), "/proc/self/mem", "/dev/tty",
+                                   browser.paths().at(1)};
+        browser.host().recentFiles().setPaths(paths);
+        const Alarm alarm;
+        browser.host().documents().newDocument();
+        const QDialog *popup = browser.openPopup();
+        QVERIFY(popup);
+        const bool isListed = !files.path(kind).isEmpty();
+        QCOMPARE(RealBrowser::tiles(popup).size(), isListed ? 5 : 4); // most of them blank
+    }
+};
+
+TEST_CLASS(tst_OddPaths);
 #include "tst_oddpaths.moc"

@@ -97,268 +97,251 @@ class tst_RecentFilesMenu : public TestCase
     Q_OBJECT
 
 private slots:
-    void cleanup();
+    void cleanup()
+    {
+        RecentDocumentBrowser::menuPinButtonList.clear();
+        QApplication::setStyle(m_style);
+        QApplication::setLayoutDirection(Qt::LeftToRight);
+        TestCase::cleanup();
+    }
 
-    void entriesStandBetweenTwoSeparators();
-    void everyDocumentOfTheListGetsANumberedEntry();
-    void withoutDocumentsTheSeparatorsStandAlone_data();
-    void withoutDocumentsTheSeparatorsStandAlone();
-    void theRegistryFollowsTheLatestMenuAndTheFormerKeepsItsEntries();
-    void whileEntriesAreMadeTheRegistryShowsAnotherMenu();
-    void entriesEndWithTheModuleInTheHostsMenuToo();
+    void entriesStandBetweenTwoSeparators()
+    {
+        FilledMenu inHost;
+        QCOMPARE(textsOf(inHost.menu),
+                 QStringList({"New", "---", "&1 /drawings/c.dwg", "&2 /drawings/a plan.dwg",
+                              "&3 /drawings/b.dwg", "---", "Quit"}));
+        const QString path = "//server\\share/a\\b.dwg"; // separators of other systems stay as they are
+        inHost.host.setRecent({path});
+        HostMenu atTheEnd;
+        RecentDocumentBrowser::AddRecentFiles(&atTheEnd, nullptr);
+        QCOMPARE(textsOf(atTheEnd), QStringList({"New", "Quit", "---", "&1 " + path, "---"}));
+    }
 
-    void anEntryIsAWidgetActionWithoutParentAndWithoutHandlers();
-    void anEntryHasButtonsCloseInARow();
-    void buttonsStandForThePathBehindTheNumber_data();
-    void buttonsStandForThePathBehindTheNumber();
-    void theTextIsBlackOnTheMenusGround_data();
-    void theTextIsBlackOnTheMenusGround();
-    void thePathKeepsItsOrderOnEveryDesktop();
-    void anEntryTakesItsWidgetsWithItAndTouchesNoList();
+    void everyDocumentOfTheListGetsANumberedEntry()
+    {
+        constexpr int count = 120; // more than any menu shows
+        QStringList paths;
+        QStringList texts;
+        for (int i = 1; i <= count; ++i) {
+            paths.append(QStringLiteral("/drawings/%1.dwg").arg(i));
+            texts.append('&' + QString::number(i) + ' ' + paths.last());
+        }
+        ModuleInHost inHost;
+        inHost.host.setRecent(paths);
+        QMenu menu;
+        RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);
+        QCOMPARE(textsOf(menu).mid(1, count), texts);
+        for (int i = 0; i < count; ++i)
+            QCOMPARE(QString(qobject_cast<RecentFileAction *>(menu.actions().at(i + 1))->filePath),
+                     paths.at(i));
+    }
+
+    void withoutDocumentsTheSeparatorsStandAlone_data()
+    {
+        QTest::addColumn<bool>("services");
+        QTest::addColumn<bool>("list");
+        QTest::newRow("the list is empty") << true << true;
+        QTest::newRow("there is no list") << true << false;
+        QTest::newRow("there are no services") << false << true;
+    }
+
+    void withoutDocumentsTheSeparatorsStandAlone()
+    {
+        QFETCH(bool, services);
+        QFETCH(bool, list);
+        FilledMenu inHost;
+        inHost.host.setRecent({});
+        inHost.host.hasServices = services;
+        inHost.host.hasRecentFileList = list;
+        HostMenu menu;
+        RecentDocumentBrowser::AddRecentFiles(&menu, menu.last);
+        QCOMPARE(textsOf(menu), QStringList({"New", "---", "---", "Quit"}));
+        QVERIFY(RecentDocumentBrowser::recentDocActionList.isEmpty());
+        QCOMPARE(RecentDocumentBrowser::recentDocMenu, &menu);
+    }
+
+    void theRegistryFollowsTheLatestMenuAndTheFormerKeepsItsEntries()
+    {
+        const FilledMenu inHost;
+        const HostMenu &first = inHost.menu;
+        const QList<QAction *> entries = first.actions();
+        QCOMPARE(RecentDocumentBrowser::recentDocMenu, &first);
+        QCOMPARE(RecentDocumentBrowser::before, first.last);
+        QCOMPARE(RecentDocumentBrowser::recentDocActionList, entries.mid(2, 3));
+        const QList<FolderPinButton *> pins = RecentDocumentBrowser::menuPinButtonList;
+        QCOMPARE(pins.size(), 3);
+
+        QMenu second;
+        RecentDocumentBrowser::AddRecentFiles(&second, nullptr);
+        QCOMPARE(RecentDocumentBrowser::recentDocMenu, &second);
+        QVERIFY(!RecentDocumentBrowser::before);
+        QCOMPARE(RecentDocumentBrowser::recentDocActionList, second.actions().mid(1, 3));
+        QCOMPARE(first.actions(), entries);
+        // Pins add up until somebody clears them.
+        QCOMPARE(RecentDocumentBrowser::menuPinButtonList.size(), 6);
+        QCOMPARE(RecentDocumentBrowser::menuPinButtonList.mid(0, 3), pins);
+    }
+
+    void whileEntriesAreMadeTheRegistryShowsAnotherMenu()
+    {
+        const FilledMenu inHost;
+        QMenu menu;
+        QList<int> entriesMeanwhile;
+        bool isAnother = true;
+        const ActionWatcher watcher(menu, [&] {
+            const QMenu *meanwhile = RecentDocumentBrowser::recentDocMenu;
+            isAnother = isAnother && meanwhile && meanwhile != &inHost.menu && meanwhile != &menu &&
+                        !meanwhile->parent() && RecentDocumentBrowser::before == inHost.menu.last;
+            entriesMeanwhile.append(RecentDocumentBrowser::recentDocActionList.size());
+        });
+        RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);
+        QCOMPARE(entriesMeanwhile, QList<int>({0, 0, 1, 2, 3})); // each is listed once it stands in the menu
+        QVERIFY(isAnother);
+    }
+
+    void entriesEndWithTheModuleInTheHostsMenuToo()
+    {
+        FilledMenu inHost;
+        inHost.end();
+        QCOMPARE(textsOf(inHost.menu), QStringList({"New", "---", "---", "Quit"}));
+    }
+
+    void anEntryIsAWidgetActionWithoutParentAndWithoutHandlers()
+    {
+        const FakeHost host;
+        RecentFileAction action(L"&1 C:\\a\\b.dwg", L"C:/a/b.dwg");
+        QCOMPARE(action.text(), "&1 C:\\a\\b.dwg"); // both as they are
+        QCOMPARE(QString(action.filePath), "C:/a/b.dwg");
+        QVERIFY(!action.parent());
+        QVERIFY(!action.menu());
+        const QMetaObject *meta = action.metaObject();
+        QCOMPARE(meta->className(), "RecentFileAction");
+        QCOMPARE(meta->superClass()->className(), "QWidgetAction");
+        QCOMPARE(meta->methodCount(), meta->methodOffset());
+        QCOMPARE(meta->propertyCount(), meta->propertyOffset());
+        action.trigger();
+        drainEvents();
+        QCOMPARE(host.calls, QStringList());
+    }
+
+    void anEntryHasButtonsCloseInARow()
+    {
+        const LoneEntry action;
+        const QWidget *widget = action.defaultWidget();
+        QVERIFY(widget->objectName().isEmpty()); // by which its buttons know that they are in no tile
+        QCOMPARE(widget->styleSheet(), ":hover{color:blue ; background-color:palette(highlight);}");
+        const auto *layout = qobject_cast<QHBoxLayout *>(widget->layout());
+        QVERIFY(layout);
+        QCOMPARE(layout->alignment(), Qt::AlignTop);
+        QCOMPARE(layout->contentsMargins(), QMargins(0, 0, 0, 0));
+        QCOMPARE(layout->spacing(), 0);
+
+        QCOMPARE(layout->count(), 4);
+        QCOMPARE(action.button(0), action.textButton);
+        QCOMPARE(action.textButton->objectName(), "menuTextButton");
+        QCOMPARE(action.textButton->text(), action.text());
+        const QString sheet =
+            "QToolButton {%1color: rgba(0, 0, 0, 100%);%1background-color: rgba(0, 0, 0, 0%);%2}";
+        QCOMPARE(action.textButton->styleSheet(), sheet.arg(QString(24, ' '), QString(20, ' ')));
+        const QSpacerItem *spacer = layout->itemAt(1)->spacerItem();
+        QVERIFY(spacer);
+        QCOMPARE(spacer->sizeHint(), QSize(40, 20));
+        QCOMPARE(spacer->sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum));
+        QCOMPARE(action.button(2)->objectName(), "folderButton");
+        QCOMPARE(action.button(3)->objectName(), "pinButton");
+        QVERIFY(!action.button(3)->isChecked());
+        const LoneEntry second;
+        QCOMPARE(RecentDocumentBrowser::menuPinButtonList,
+                 QList<FolderPinButton *>({action.button(3), second.button(3)}));
+    }
+
+    void buttonsStandForThePathBehindTheNumber_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("path");
+        QTest::newRow("two digits") << "&12 /drawings/a.dwg"
+                                    << "/drawings/a.dwg";
+        QTest::newRow("blanks") << "&1 /my drawings/a plan.dwg"
+                                << "/my drawings/a plan.dwg";
+        QTest::newRow("a blank at the front") << "&1  a.dwg"
+                                              << " a.dwg";
+        QTest::newRow("an ampersand") << "&1 /a&b/c & d.dwg"
+                                      << "/a&b/c & d.dwg";
+        QTest::newRow("no blank at all") << "/drawings/a.dwg"
+                                         << "/drawings/a.dwg";
+        QTest::newRow("a tab is no blank") << "&1\ta.dwg"
+                                           << "&1\ta.dwg";
+    }
+
+    void buttonsStandForThePathBehindTheNumber()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, path);
+        const LoneEntry action(text);
+        for (const int index : {0, 2, 3})
+            QCOMPARE(action.button(index)->path(), path);
+    }
+
+    void theTextIsBlackOnTheMenusGround_data()
+    {
+        QTest::addColumn<QString>("style");
+        QTest::newRow("Fusion") << "Fusion"; // which Qt always has, as the other
+        QTest::newRow("Windows") << "Windows";
+    }
+
+    void theTextIsBlackOnTheMenusGround()
+    {
+        QFETCH(QString, style);
+        QApplication::setStyle(style);
+        LoneEntry action;
+        QMenu menu;
+        menu.addAction(&action);
+        menu.popup(QPoint(20, 20));
+        QVERIFY(waitForExposed(&menu));
+        QToolButton &button = *action.textButton;
+        const auto atRest = darkAndWhite(button);
+        QVERIFY(atRest.first > 0);
+        QVERIFY2(atRest.first < atRest.second, "the text stands on a dark panel");
+        button.setAttribute(Qt::WA_UnderMouse); // as the application sets it with the pointer's coming
+        QCOMPARE(darkAndWhite(button), atRest);
+        button.setDown(true);
+        QCOMPARE(darkAndWhite(button), atRest);
+        button.setDown(false);
+        button.setFocus();
+        QVERIFY(button.hasFocus());
+        QCOMPARE(darkAndWhite(button), atRest);
+    }
+
+    void thePathKeepsItsOrderOnEveryDesktop()
+    {
+        const auto picture = [](Qt::LayoutDirection direction) {
+            QApplication::setLayoutDirection(direction);
+            const LoneEntry action("&1 /plans/1. (2).dwg");
+            action.textButton->adjustSize();
+            return action.textButton->grab().toImage();
+        };
+        const QImage fromTheRight = picture(Qt::RightToLeft);
+        QCOMPARE(fromTheRight, picture(Qt::LeftToRight));
+    }
+
+    void anEntryTakesItsWidgetsWithItAndTouchesNoList()
+    {
+        auto *action = new LoneEntry;
+        RecentDocumentBrowser::recentDocActionList = {action};
+        const QPointer<QWidget> widget = action->defaultWidget();
+        const QPointer<QWidget> textButton = action->textButton;
+        const QPointer<QWidget> pin = action->button(3);
+        delete action;
+        QVERIFY(!widget && !textButton && !pin);
+        QCOMPARE(RecentDocumentBrowser::recentDocActionList.size(), 1);
+        QCOMPARE(RecentDocumentBrowser::menuPinButtonList.size(), 1);
+        RecentDocumentBrowser::recentDocActionList.clear();
+    }
 
 private:
     const QString m_style = QApplication::style()->objectName();
 };
 
-void tst_RecentFilesMenu::cleanup()
-{
-    RecentDocumentBrowser::menuPinButtonList.clear();
-    QApplication::setStyle(m_style);
-    QApplication::setLayoutDirection(Qt::LeftToRight);
-    TestCase::cleanup();
-}
-
-void tst_RecentFilesMenu::entriesStandBetweenTwoSeparators()
-{
-    FilledMenu inHost;
-    QCOMPARE(textsOf(inHost.menu), QStringList({"New", "---", "&1 /drawings/c.dwg", "&2 /drawings/a plan.dwg",
-                                                "&3 /drawings/b.dwg", "---", "Quit"}));
-    const QString path = "//server\\share/a\\b.dwg"; // separators of other systems stay as they are
-    inHost.host.setRecent({path});
-    HostMenu atTheEnd;
-    RecentDocumentBrowser::AddRecentFiles(&atTheEnd, nullptr);
-    QCOMPARE(textsOf(atTheEnd), QStringList({"New", "Quit", "---", "&1 " + path, "---"}));
-}
-
-void tst_RecentFilesMenu::everyDocumentOfTheListGetsANumberedEntry()
-{
-    constexpr int count = 120; // more than any menu shows
-    QStringList paths;
-    QStringList texts;
-    for (int i = 1; i <= count; ++i) {
-        paths.append(QStringLiteral("/drawings/%1.dwg").arg(i));
-        texts.append('&' + QString::number(i) + ' ' + paths.last());
-    }
-    ModuleInHost inHost;
-    inHost.host.setRecent(paths);
-    QMenu menu;
-    RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);
-    QCOMPARE(textsOf(menu).mid(1, count), texts);
-    for (int i = 0; i < count; ++i)
-        QCOMPARE(QString(qobject_cast<RecentFileAction *>(menu.actions().at(i + 1))->filePath), paths.at(i));
-}
-
-void tst_RecentFilesMenu::withoutDocumentsTheSeparatorsStandAlone_data()
-{
-    QTest::addColumn<bool>("services");
-    QTest::addColumn<bool>("list");
-    QTest::newRow("the list is empty") << true << true;
-    QTest::newRow("there is no list") << true << false;
-    QTest::newRow("there are no services") << false << true;
-}
-
-void tst_RecentFilesMenu::withoutDocumentsTheSeparatorsStandAlone()
-{
-    QFETCH(bool, services);
-    QFETCH(bool, list);
-    FilledMenu inHost;
-    inHost.host.setRecent({});
-    inHost.host.hasServices = services;
-    inHost.host.hasRecentFileList = list;
-    HostMenu menu;
-    RecentDocumentBrowser::AddRecentFiles(&menu, menu.last);
-    QCOMPARE(textsOf(menu), QStringList({"New", "---", "---", "Quit"}));
-    QVERIFY(RecentDocumentBrowser::recentDocActionList.isEmpty());
-    QCOMPARE(RecentDocumentBrowser::recentDocMenu, &menu);
-}
-
-void tst_RecentFilesMenu::theRegistryFollowsTheLatestMenuAndTheFormerKeepsItsEntries()
-{
-    const FilledMenu inHost;
-    const HostMenu &first = inHost.menu;
-    const QList<QAction *> entries = first.actions();
-    QCOMPARE(RecentDocumentBrowser::recentDocMenu, &first);
-    QCOMPARE(RecentDocumentBrowser::before, first.last);
-    QCOMPARE(RecentDocumentBrowser::recentDocActionList, entries.mid(2, 3));
-    const QList<FolderPinButton *> pins = RecentDocumentBrowser::menuPinButtonList;
-    QCOMPARE(pins.size(), 3);
-
-    QMenu second;
-    RecentDocumentBrowser::AddRecentFiles(&second, nullptr);
-    QCOMPARE(RecentDocumentBrowser::recentDocMenu, &second);
-    QVERIFY(!RecentDocumentBrowser::before);
-    QCOMPARE(RecentDocumentBrowser::recentDocActionList, second.actions().mid(1, 3));
-    QCOMPARE(first.actions(), entries);
-    // Pins add up until somebody clears them.
-    QCOMPARE(RecentDocumentBrowser::menuPinButtonList.size(), 6);
-    QCOMPARE(RecentDocumentBrowser::menuPinButtonList.mid(0, 3), pins);
-}
-
-void tst_RecentFilesMenu::whileEntriesAreMadeTheRegistryShowsAnotherMenu()
-{
-    const FilledMenu inHost;
-    QMenu menu;
-    QList<int> entriesMeanwhile;
-    bool isAnother = true;
-    const ActionWatcher watcher(menu, [&] {
-        const QMenu *meanwhile = RecentDocumentBrowser::recentDocMenu;
-        isAnother = isAnother && meanwhile && meanwhile != &inHost.menu && meanwhile != &menu &&
-                    !meanwhile->parent() && RecentDocumentBrowser::before == inHost.menu.last;
-        entriesMeanwhile.append(RecentDocumentBrowser::recentDocActionList.size());
-    });
-    RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);
-    QCOMPARE(entriesMeanwhile, QList<int>({0, 0, 1, 2, 3})); // each is listed once it stands in the menu
-    QVERIFY(isAnother);
-}
-
-void tst_RecentFilesMenu::entriesEndWithTheModuleInTheHostsMenuToo()
-{
-    FilledMenu inHost;
-    inHost.end();
-    QCOMPARE(textsOf(inHost.menu), QStringList({"New", "---", "---", "Quit"}));
-}
-
-void tst_RecentFilesMenu::anEntryIsAWidgetActionWithoutParentAndWithoutHandlers()
-{
-    const FakeHost host;
-    RecentFileAction action(L"&1 C:\\a\\b.dwg", L"C:/a/b.dwg");
-    QCOMPARE(action.text(), "&1 C:\\a\\b.dwg"); // both as they are
-    QCOMPARE(QString(action.filePath), "C:/a/b.dwg");
-    QVERIFY(!action.parent());
-    QVERIFY(!action.menu());
-    const QMetaObject *meta = action.metaObject();
-    QCOMPARE(meta->className(), "RecentFileAction");
-    QCOMPARE(meta->superClass()->className(), "QWidgetAction");
-    QCOMPARE(meta->methodCount(), meta->methodOffset());
-    QCOMPARE(meta->propertyCount(), meta->propertyOffset());
-    action.trigger();
-    drainEvents();
-    QCOMPARE(host.calls, QStringList());
-}
-
-void tst_RecentFilesMenu::anEntryHasButtonsCloseInARow()
-{
-    const LoneEntry action;
-    const QWidget *widget = action.defaultWidget();
-    QVERIFY(widget->objectName().isEmpty()); // by which its buttons know that they are in no tile
-    QCOMPARE(widget->styleSheet(), ":hover{color:blue ; background-color:palette(highlight);}");
-    const auto *layout = qobject_cast<QHBoxLayout *>(widget->layout());
-    QVERIFY(layout);
-    QCOMPARE(layout->alignment(), Qt::AlignTop);
-    QCOMPARE(layout->contentsMargins(), QMargins(0, 0, 0, 0));
-    QCOMPARE(layout->spacing(), 0);
-
-    QCOMPARE(layout->count(), 4);
-    QCOMPARE(action.button(0), action.textButton);
-    QCOMPARE(action.textButton->objectName(), "menuTextButton");
-    QCOMPARE(action.textButton->text(), action.text());
-    const QString sheet =
-        "QToolButton {%1color: rgba(0, 0, 0, 100%);%1background-color: rgba(0, 0, 0, 0%);%2}";
-    QCOMPARE(action.textButton->styleSheet(), sheet.arg(QString(24, ' '), QString(20, ' ')));
-    const QSpacerItem *spacer = layout->itemAt(1)->spacerItem();
-    QVERIFY(spacer);
-    QCOMPARE(spacer->sizeHint(), QSize(40, 20));
-    QCOMPARE(spacer->sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum));
-    QCOMPARE(action.button(2)->objectName(), "folderButton");
-    QCOMPARE(action.button(3)->objectName(), "pinButton");
-    QVERIFY(!action.button(3)->isChecked());
-    const LoneEntry second;
-    QCOMPARE(RecentDocumentBrowser::menuPinButtonList,
-             QList<FolderPinButton *>({action.button(3), second.button(3)}));
-}
-
-void tst_RecentFilesMenu::buttonsStandForThePathBehindTheNumber_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("path");
-    QTest::newRow("two digits") << "&12 /drawings/a.dwg"
-                                << "/drawings/a.dwg";
-    QTest::newRow("blanks") << "&1 /my drawings/a plan.dwg"
-                            << "/my drawings/a plan.dwg";
-    QTest::newRow("a blank at the front") << "&1  a.dwg"
-                                          << " a.dwg";
-    QTest::newRow("an ampersand") << "&1 /a&b/c & d.dwg"
-                                  << "/a&b/c & d.dwg";
-    QTest::newRow("no blank at all") << "/drawings/a.dwg"
-                                     << "/drawings/a.dwg";
-    QTest::newRow("a tab is no blank") << "&1\ta.dwg"
-                                       << "&1\ta.dwg";
-}
-
-void tst_RecentFilesMenu::buttonsStandForThePathBehindTheNumber()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, path);
-    const LoneEntry action(text);
-    for (const int index : {0, 2, 3})
-        QCOMPARE(action.button(index)->path(), path);
-}
-
-void tst_RecentFilesMenu::theTextIsBlackOnTheMenusGround_data()
-{
-    QTest::addColumn<QString>("style");
-    QTest::newRow("Fusion") << "Fusion"; // which Qt always has, as the other
-    QTest::newRow("Windows") << "Windows";
-}
-
-void tst_RecentFilesMenu::theTextIsBlackOnTheMenusGround()
-{
-    QFETCH(QString, style);
-    QApplication::setStyle(style);
-    LoneEntry action;
-    QMenu menu;
-    menu.addAction(&action);
-    menu.popup(QPoint(20, 20));
-    QVERIFY(waitForExposed(&menu));
-    QToolButton &button = *action.textButton;
-    const auto atRest = darkAndWhite(button);
-    QVERIFY(atRest.first > 0);
-    QVERIFY2(atRest.first < atRest.second, "the text stands on a dark panel");
-    button.setAttribute(Qt::WA_UnderMouse); // as the application sets it with the pointer's coming
-    QCOMPARE(darkAndWhite(button), atRest);
-    button.setDown(true);
-    QCOMPARE(darkAndWhite(button), atRest);
-    button.setDown(false);
-    button.setFocus();
-    QVERIFY(button.hasFocus());
-    QCOMPARE(darkAndWhite(button), atRest);
-}
-
-void tst_RecentFilesMenu::thePathKeepsItsOrderOnEveryDesktop()
-{
-    const auto picture = [](Qt::LayoutDirection direction) {
-        QApplication::setLayoutDirection(direction);
-        const LoneEntry action("&1 /plans/1. (2).dwg");
-        action.textButton->adjustSize();
-        return action.textButton->grab().toImage();
-    };
-    const QImage fromTheRight = picture(Qt::RightToLeft);
-    QCOMPARE(fromTheRight, picture(Qt::LeftToRight));
-}
-
-void tst_RecentFilesMenu::anEntryTakesItsWidgetsWithItAndTouchesNoList()
-{
-    auto *action = new LoneEntry;
-    RecentDocumentBrowser::recentDocActionList = {action};
-    const QPointer<QWidget> widget = action->defaultWidget();
-    const QPointer<QWidget> textButton = action->textButton;
-    const QPointer<QWidget> pin = action->button(3);
-    delete action;
-    QVERIFY(!widget && !textButton && !pin);
-    QCOMPARE(RecentDocumentBrowser::recentDocActionList.size(), 1);
-    QCOMPARE(RecentDocumentBrowser::menuPinButtonList.size(), 1);
-    RecentDocumentBrowser::recentDocActionList.clear();
-}
-
-QTEST_MAIN(tst_RecentFilesMenu)
+TEST_CLASS(tst_RecentFilesMenu);
 #include "tst_recentfilesmenu.moc"

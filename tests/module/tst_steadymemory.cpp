@@ -12,21 +12,6 @@
 
 #include <algorithm>
 
-//! The built library used for long: what it does over and over again takes no more memory the last time.
-class tst_SteadyMemory : public TestCase
-{
-    Q_OBJECT
-
-private slots:
-    void reopeningThePopupTakesNoMore_data();
-    void reopeningThePopupTakesNoMore();
-    void ofAnOpeningWithAPinOneSeparatorStays();
-    void movingTheHighlightTakesNoMore_data();
-    void movingTheHighlightTakesNoMore();
-    void ofAHoverOneStoppedTimerStays_data();
-    void ofAHoverOneStoppedTimerStays();
-};
-
 namespace {
 
 const QRect tallFrame(0, 0, 1300, 1000);
@@ -80,128 +65,135 @@ void send(QWidget *widget, QEvent::Type type)
 
 } // namespace
 
-void tst_SteadyMemory::reopeningThePopupTakesNoMore_data()
+//! The built library used for long: what it does over and over again takes no more memory the last time.
+class tst_SteadyMemory : public TestCase
 {
-    QTest::addColumn<int>("documents");
-    QTest::addColumn<int>("numbers");
-    QTest::newRow("10 documents") << 10 << 0;
-    // From the eleventh on an entry's number gains a digit each time.
-    QTest::newRow("50 documents") << 50 << 40;
-}
+    Q_OBJECT
 
-void tst_SteadyMemory::reopeningThePopupTakesNoMore()
-{
-    QFETCH(int, documents);
-    QFETCH(int, numbers);
-    // A string grows by as much again as it holds.
-    const qint64 digits = qint64(2) * numbers * qint64(sizeof(QChar));
-    RealBrowser browser(documents, tallFrame);
-    const int openings = memory::rounds(1000);
-    int shown = 0;
-    const double percent = growthOf(openings, digits, [&] {
-        if (QDialog *popup = browser.openPopup()) {
-            shown += RealBrowser::tiles(popup).size();
-            popup->close();
-        }
-        drainEvents();
-    });
-    QCOMPARE(shown, documents * openings);
-    QVERIFY2(percent < 1, qPrintable(QString::number(percent)));
-}
-
-void tst_SteadyMemory::ofAnOpeningWithAPinOneSeparatorStays()
-{
-    RealBrowser browser(3, tallFrame);
-    QDialog *popup = browser.openPopup();
-    QVERIFY(popup);
-    RealBrowser::button(RealBrowser::tiles(popup).constFirst(), "pinButton")->click();
-    popup->close();
-    openAndClose(browser);
-    const int separators = browser.menuLines().count("-");
-    const int openings = memory::rounds(1000);
-    const qint64 before = memory::allocated();
-    for (int i = 0; i < openings; ++i)
-        openAndClose(browser);
-    const qint64 eachOne = (memory::allocated() - before) / openings;
-    QCOMPARE(browser.menuLines().count("-"), separators + openings);
-    memory::tell("an opening", eachOne);
-    QVERIFY(!memory::isMeasurable || eachOne < 2000);
-}
-
-void tst_SteadyMemory::movingTheHighlightTakesNoMore_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::newRow("along the row") << int(Qt::Key_Right);
-    QTest::newRow("along the column") << int(Qt::Key_Down);
-}
-
-void tst_SteadyMemory::movingTheHighlightTakesNoMore()
-{
-    QFETCH(int, key);
-    RealBrowser browser(50, tallFrame);
-    QDialog *popup = browser.openPopup();
-    QVERIFY(popup);
-    const QList<QDialog *> tiles = RealBrowser::tiles(popup);
-    const int objects = popup->findChildren<QObject *>().size();
-    const double percent = growthOf(memory::rounds(100000), 0, [&] {
-        QTest::keyClick(popup, Qt::Key(key));
-        QCoreApplication::processEvents(); // draws it
-    });
-    QCOMPARE(RealBrowser::highlighted(tiles).size(), 1);
-    QCOMPARE(popup->findChildren<QObject *>().size(), objects);
-    QVERIFY2(percent < 1, qPrintable(QString::number(percent)));
-}
-
-void tst_SteadyMemory::ofAHoverOneStoppedTimerStays_data()
-{
-    QTest::addColumn<bool>("inMenu");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("a tile's pin") << false << "pinButton";
-    QTest::newRow("a tile's folder") << false << "folderButton";
-    QTest::newRow("a menu entry's pin") << true << "pinButton";
-    QTest::newRow("a menu entry's folder") << true << "folderButton";
-    QTest::newRow("a menu entry's text") << true << "menuTextButton";
-}
-
-void tst_SteadyMemory::ofAHoverOneStoppedTimerStays()
-{
-    QFETCH(bool, inMenu);
-    QFETCH(QString, name);
-    const int hovers = memory::rounds(10000);
-    RealBrowser browser(3, tallFrame);
-    QMenu menu;
-    browser.addRecentFiles(&menu, nullptr);
-    QDialog *popup = browser.openPopup();
-    QVERIFY(popup);
-    QWidget *parent = RealBrowser::tiles(popup).constFirst();
-    if (inMenu)
-        parent = qobject_cast<QWidgetAction *>(menu.actions().constLast())->defaultWidget();
-    QToolButton *button = RealBrowser::button(parent, qPrintable(name));
-    QVERIFY(button);
-    const int objects = parent->findChildren<QObject *>().size();
-
-    const qint64 before = memory::allocated();
-    for (int i = 0; i < hovers; ++i) {
-        send(button, QEvent::Enter);
-        send(button, QEvent::Leave);
+private slots:
+    void reopeningThePopupTakesNoMore_data()
+    {
+        QTest::addColumn<int>("documents");
+        QTest::addColumn<int>("numbers");
+        QTest::newRow("10 documents") << 10 << 0;
+        // From the eleventh on an entry's number gains a digit each time.
+        QTest::newRow("50 documents") << 50 << 40;
     }
-    memory::tell("for all hovers", memory::allocated() - before);
-    drainEvents();
-    const QList<QTimer *> timers = button->findChildren<QTimer *>();
-    QCOMPARE(timers.size(), hovers);
-    QCOMPARE(parent->findChildren<QObject *>().size(), objects + hovers);
-    QVERIFY(
-        std::none_of(timers.begin(), timers.end(), [](const QTimer *timer) { return timer->isActive(); }));
 
-    const QPointer<QTimer> first = timers.first();
-    const QPointer<QTimer> last = timers.last();
-    popup->close();
-    drainEvents();
-    QCOMPARE(first.isNull(), !inMenu);
-    browser.host().setMainWindow(nullptr);
-    browser.host().modules().unload(QStringLiteral(MODULE_FILE));
-    QVERIFY(!first && !last);
-}
+    void reopeningThePopupTakesNoMore()
+    {
+        QFETCH(int, documents);
+        QFETCH(int, numbers);
+        // A string grows by as much again as it holds.
+        const qint64 digits = qint64(2) * numbers * qint64(sizeof(QChar));
+        RealBrowser browser(documents, tallFrame);
+        const int openings = memory::rounds(1000);
+        int shown = 0;
+        const double percent = growthOf(openings, digits, [&] {
+            if (QDialog *popup = browser.openPopup()) {
+                shown += RealBrowser::tiles(popup).size();
+                popup->close();
+            }
+            drainEvents();
+        });
+        QCOMPARE(shown, documents * openings);
+        QVERIFY2(percent < 1, qPrintable(QString::number(percent)));
+    }
 
-QTEST_MAIN(tst_SteadyMemory)
+    void ofAnOpeningWithAPinOneSeparatorStays()
+    {
+        RealBrowser browser(3, tallFrame);
+        QDialog *popup = browser.openPopup();
+        QVERIFY(popup);
+        RealBrowser::button(RealBrowser::tiles(popup).constFirst(), "pinButton")->click();
+        popup->close();
+        openAndClose(browser);
+        const int separators = browser.menuLines().count("-");
+        const int openings = memory::rounds(1000);
+        const qint64 before = memory::allocated();
+        for (int i = 0; i < openings; ++i)
+            openAndClose(browser);
+        const qint64 eachOne = (memory::allocated() - before) / openings;
+        QCOMPARE(browser.menuLines().count("-"), separators + openings);
+        memory::tell("an opening", eachOne);
+        QVERIFY(!memory::isMeasurable || eachOne < 2000);
+    }
+
+    void movingTheHighlightTakesNoMore_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::newRow("along the row") << int(Qt::Key_Right);
+        QTest::newRow("along the column") << int(Qt::Key_Down);
+    }
+
+    void movingTheHighlightTakesNoMore()
+    {
+        QFETCH(int, key);
+        RealBrowser browser(50, tallFrame);
+        QDialog *popup = browser.openPopup();
+        QVERIFY(popup);
+        const QList<QDialog *> tiles = RealBrowser::tiles(popup);
+        const int objects = popup->findChildren<QObject *>().size();
+        const double percent = growthOf(memory::rounds(100000), 0, [&] {
+            QTest::keyClick(popup, Qt::Key(key));
+            QCoreApplication::processEvents(); // draws it
+        });
+        QCOMPARE(RealBrowser::highlighted(tiles).size(), 1);
+        QCOMPARE(popup->findChildren<QObject *>().size(), objects);
+        QVERIFY2(percent < 1, qPrintable(QString::number(percent)));
+    }
+
+    void ofAHoverOneStoppedTimerStays_data()
+    {
+        QTest::addColumn<bool>("inMenu");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("a tile's pin") << false << "pinButton";
+        QTest::newRow("a tile's folder") << false << "folderButton";
+        QTest::newRow("a menu entry's pin") << true << "pinButton";
+        QTest::newRow("a menu entry's folder") << true << "folderButton";
+        QTest::newRow("a menu entry's text") << true << "menuTextButton";
+    }
+
+    void ofAHoverOneStoppedTimerStays()
+    {
+        QFETCH(bool, inMenu);
+        QFETCH(QString, name);
+        const int hovers = memory::rounds(10000);
+        RealBrowser browser(3, tallFrame);
+        QMenu menu;
+        browser.addRecentFiles(&menu, nullptr);
+        QDialog *popup = browser.openPopup();
+        QVERIFY(popup);
+        QWidget *parent = RealBrowser::tiles(popup).constFirst();
+        if (inMenu)
+            parent = qobject_cast<QWidgetAction *>(menu.actions().constLast())->defaultWidget();
+        QToolButton *button = RealBrowser::button(parent, qPrintable(name));
+        QVERIFY(button);
+        const int objects = parent->findChildren<QObject *>().size();
+
+        const qint64 before = memory::allocated();
+        for (int i = 0; i < hovers; ++i) {
+            send(button, QEvent::Enter);
+            send(button, QEvent::Leave);
+        }
+        memory::tell("for all hovers", memory::allocated() - before);
+        drainEvents();
+        const QList<QTimer *> timers = button->findChildren<QTimer *>();
+        QCOMPARE(timers.size(), hovers);
+        QCOMPARE(parent->findChildren<QObject *>().size(), objects + hovers);
+        QVERIFY(std::none_of(timers.begin(), timers.end(),
+                             [](const QTimer *timer) { return timer->isActive(); }));
+
+        const QPointer<QTimer> first = timers.first();
+        const QPointer<QTimer> last = timers.last();
+        popup->close();
+        drainEvents();
+        QCOMPARE(first.isNull(), !inMenu);
+        browser.host().setMainWindow(nullptr);
+        browser.host().modules().unload(QStringLiteral(MODULE_FILE));
+        QVERIFY(!first && !last);
+    }
+};
+
+TEST_CLASS(tst_SteadyMemory);
 #include "tst_steadymemory.moc"

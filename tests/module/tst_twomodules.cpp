@@ -11,16 +11,6 @@
 #include <QDialog>
 #include <QMainWindow>
 
-//! The built module beside another one, which come and go in any order.
-class tst_TwoModules : public TestCase
-{
-    Q_OBJECT
-
-private slots:
-    void eachWorksWhileItIsLoaded_data();
-    void eachWorksWhileItIsLoaded();
-};
-
 namespace {
 
 const QString browserModule = QStringLiteral(MODULE_FILE);
@@ -89,49 +79,56 @@ const QStringList allOfCompanion = {"companion Execute", "companion DocumentCrea
 
 } // namespace
 
-void tst_TwoModules::eachWorksWhileItIsLoaded_data()
+//! The built module beside another one, which come and go in any order.
+class tst_TwoModules : public TestCase
 {
-    QTest::addColumn<QString>("story");
-    // b: the browser comes or goes, c: the companion does, w: the main window does, which may be there all
-    // the time, come in between and go before they do. Some come again, some go with the host.
-    for (const char *story :
-         {"wbcbc", "wbccb", "wcbbc", "wcbcb", "bcwbc", "bcwcb", "bwccb", "bwcbc", "cwbcb", "cwbbc", "bcwwbc",
-          "bcwwcb", "cbwwbc", "wbcbbbccb", "wcbcccbbc", "wbcb", "wbcc", "bcw"})
-        QTest::newRow(story) << story;
-}
+    Q_OBJECT
 
-void tst_TwoModules::eachWorksWhileItIsLoaded()
-{
-    QFETCH(QString, story);
-    TwoModulesHost running;
-    const QString companionModule = modulePath("companion");
-    fxhost::ModuleManager &modules = running.host.modules();
-    QStringList loaded;
-    const auto comesOrGoes = [&](const QString &module) {
-        const bool goes = loaded.removeOne(module);
-        if (!goes)
-            loaded.append(module);
-        return goes ? modules.unload(module) : modules.load(module);
-    };
-    QString life; // of the window, which ends commands for good
-    for (const QChar step : qAsConst(story)) {
-        if (step == QLatin1Char('w')) {
-            life += step;
-            running.host.setMainWindow(life.size() % 2 ? &running.window : nullptr);
-        } else {
-            QVERIFY(comesOrGoes(step == QLatin1Char('b') ? browserModule : companionModule));
-        }
-        QCOMPARE(modules.loaded(), loaded);
-        if (life.size() == 1) {
-            QCOMPARE(running.ofBrowser(), loaded.contains(browserModule) ? allOfBrowser : QStringList());
-            QCOMPARE(running.ofCompanion(),
-                     loaded.contains(companionModule) ? allOfCompanion : QStringList());
-        }
+private slots:
+    void eachWorksWhileItIsLoaded_data()
+    {
+        QTest::addColumn<QString>("story");
+        // b: the browser comes or goes, c: the companion does, w: the main window does, which may be there
+        // all the time, come in between and go before they do. Some come again, some go with the host.
+        for (const char *story :
+             {"wbcbc", "wbccb", "wcbbc", "wcbcb", "bcwbc", "bcwcb", "bwccb", "bwcbc", "cwbcb", "cwbbc",
+              "bcwwbc", "bcwwcb", "cbwwbc", "wbcbbbccb", "wcbcccbbc", "wbcb", "wbcc", "bcw"})
+            QTest::newRow(story) << story;
     }
-    QCOMPARE(isMapped(browserModule), loaded.contains(browserModule));
-    QCOMPARE(isMapped(companionModule), loaded.contains(companionModule));
-    QCOMPARE(running.messages.filter(QRegularExpression("module")), QStringList());
-}
 
-QTEST_MAIN(tst_TwoModules)
+    void eachWorksWhileItIsLoaded()
+    {
+        QFETCH(QString, story);
+        TwoModulesHost running;
+        const QString companionModule = modulePath("companion");
+        fxhost::ModuleManager &modules = running.host.modules();
+        QStringList loaded;
+        const auto comesOrGoes = [&](const QString &module) {
+            const bool goes = loaded.removeOne(module);
+            if (!goes)
+                loaded.append(module);
+            return goes ? modules.unload(module) : modules.load(module);
+        };
+        QString life; // of the window, which ends commands for good
+        for (const QChar step : qAsConst(story)) {
+            if (step == QLatin1Char('w')) {
+                life += step;
+                running.host.setMainWindow(life.size() % 2 ? &running.window : nullptr);
+            } else {
+                QVERIFY(comesOrGoes(step == QLatin1Char('b') ? browserModule : companionModule));
+            }
+            QCOMPARE(modules.loaded(), loaded);
+            if (life.size() == 1) {
+                QCOMPARE(running.ofBrowser(), loaded.contains(browserModule) ? allOfBrowser : QStringList());
+                QCOMPARE(running.ofCompanion(),
+                         loaded.contains(companionModule) ? allOfCompanion : QStringList());
+            }
+        }
+        QCOMPARE(isMapped(browserModule), loaded.contains(browserModule));
+        QCOMPARE(isMapped(companionModule), loaded.contains(companionModule));
+        QCOMPARE(running.messages.filter(QRegularExpression("module")), QStringList());
+    }
+};
+
+TEST_CLASS(tst_TwoModules);
 #include "tst_twomodules.moc"

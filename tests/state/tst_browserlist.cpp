@@ -86,127 +86,118 @@ class tst_BrowserList : public TestCase
     Q_OBJECT
 
 private slots:
-    void cachedEntriesHaveTiles_data();
-    void cachedEntriesHaveTiles();
-    void aTileTakesOverPathPictureAndPin();
-    void whatATileChangesWhileItIsMadeDoesNotDisturbTheOthers();
-    void whatIsAddedIsAppendedUnseen();
-    void onlyTheHighlightsExactColourCounts_data();
-    void onlyTheHighlightsExactColourCounts();
-    void highlightedTilesComeInDisplayOrder();
+    void cachedEntriesHaveTiles_data()
+    {
+        QTest::addColumn<QString>("entries");
+        QTest::addColumn<QString>("cached");
+        QTest::addColumn<QString>("tiles");
+        const auto row = [](const char *name, const char *entries, const char *cached, const char *tiles) {
+            QTest::newRow(name) << QString(entries) << QString(cached) << QString(tiles);
+        };
+        row("in the menu's order", "c a B", "a B c", "c a B");
+        row("no menu yet", "", "a b", "");
+        row("an entry is not cached", "a b c d", "a d c", "a c d");
+        row("a cached path has no entry", "a b", "a b stranger", "a b");
+        row("paths differ in case", "a A", "A", "A");
+        row("an entry is listed twice", "a b a", "a b", "a b a");
+    }
+
+    void cachedEntriesHaveTiles()
+    {
+        QFETCH(QString, entries);
+        QFETCH(QString, cached);
+        QFETCH(QString, tiles);
+        ListedTiles listed(entries.split(QLatin1Char(' '), Qt::SkipEmptyParts));
+        ListedTiles::cache(cached.split(QLatin1Char(' ')));
+        RecentDocumentBrowser::menuPinButtonList.prepend(nullptr); // which is passed over
+        listed.make();
+        QCOMPARE(listed.paths(), tiles);
+    }
+
+    void aTileTakesOverPathPictureAndPin()
+    {
+        ListedTiles listed(QStringList({"c", "b", "a"}));
+        RecentDocumentBrowser::menuPinButtonList.at(1)->setChecked(true);
+        QList<FolderPinButton *> pins = {RecentDocumentBrowser::menuPinButtonList.first()};
+        RecentDocumentBrowser::AddInToDocPinButtonList(pins.first()); // what was listed before is left alone
+        listed.make();
+        QCOMPARE(listed.paths(), QStringLiteral("c b a"));
+        const QList<RecentDocDialog *> tiles = listed.browser.tiles();
+        for (const RecentDocDialog *tile : tiles) {
+            QCOMPARE(tile->parent(), &listed.parent);
+            QCOMPARE(tile->image_label->pixmap(Qt::ReturnByValue).toImage().pixel(0, 0),
+                     pictureOf(tile->path()).pixel(0, 0));
+            pins.append(Browser::button(tile, "pinButton"));
+            QCOMPARE(pins.constLast()->isChecked(), tile->path() == QLatin1String("b"));
+        }
+        QCOMPARE(RecentDocumentBrowser::docPinButtonList, pins);
+        QVERIFY(folderButtonList.isEmpty());
+    }
+
+    void whatATileChangesWhileItIsMadeDoesNotDisturbTheOthers()
+    {
+        ListedTiles listed(QStringList({"c", "b", "a"}));
+        listed.parent.onChild = [] {
+            RecentDocumentBrowser::recentFileImageMap.clear();
+            RecentDocumentBrowser::menuPinButtonList.clear();
+        };
+        listed.make();
+        QCOMPARE(listed.paths(), QStringLiteral("c b a"));
+    }
+
+    void whatIsAddedIsAppendedUnseen()
+    {
+        const Browser browser; // clears the lists in the end
+        QString path = QStringLiteral("/drawings/a.dwg");
+        FolderPinButton first(nullptr, path);
+        FolderPinButton second(nullptr, path);
+        const QList<FolderPinButton *> added = {&second, &first, nullptr, &second, nullptr};
+        for (FolderPinButton *button : added)
+            RecentDocumentBrowser::AddInToMenuPinButtonList(button);
+        QCOMPARE(RecentDocumentBrowser::menuPinButtonList, added);
+        QVERIFY(RecentDocumentBrowser::docPinButtonList.isEmpty());
+        RecentDocumentBrowser::menuPinButtonList.clear();
+        for (FolderPinButton *button : added)
+            RecentDocumentBrowser::AddInToDocPinButtonList(button);
+        QCOMPARE(RecentDocumentBrowser::docPinButtonList, added);
+        QVERIFY(RecentDocumentBrowser::menuPinButtonList.isEmpty());
+    }
+
+    void onlyTheHighlightsExactColourCounts_data()
+    {
+        QTest::addColumn<QColor>("color");
+        QTest::addColumn<bool>("counts");
+        QTest::newRow("the highlight's") << QColor(0, 0, 150, 100) << true;
+        QTest::newRow("the resting colour") << QColor(248, 248, 248, 255) << false;
+        QTest::newRow("another alpha") << QColor(0, 0, 150, 101) << false;
+        QTest::newRow("opaque") << QColor(0, 0, 150) << false;
+        QTest::newRow("another red") << QColor(1, 0, 150, 100) << false;
+        QTest::newRow("another green") << QColor(0, 1, 150, 100) << false;
+        QTest::newRow("another blue") << QColor(0, 0, 151, 100) << false;
+        QTest::newRow("no colour") << QColor() << false;
+    }
+
+    void onlyTheHighlightsExactColourCounts()
+    {
+        QFETCH(QColor, color);
+        QFETCH(bool, counts);
+        const ListedTiles listed(2);
+        listed.highlight(1, color);
+        QCOMPARE(ListedTiles::highlighted(), counts ? listed.browser.tiles().at(1)->path() : QString());
+    }
+
+    void highlightedTilesComeInDisplayOrder()
+    {
+        const ListedTiles listed(4);
+        QCOMPARE(ListedTiles::highlighted(), QString());
+        listed.highlight(3);
+        QCOMPARE(ListedTiles::highlighted(), QStringLiteral("a"));
+        listed.highlight(0);
+        QCOMPARE(ListedTiles::highlighted(), QStringLiteral("d a"));
+        listed.highlight(2);
+        QCOMPARE(ListedTiles::highlighted(), QStringLiteral("d b a"));
+    }
 };
 
-void tst_BrowserList::cachedEntriesHaveTiles_data()
-{
-    QTest::addColumn<QString>("entries");
-    QTest::addColumn<QString>("cached");
-    QTest::addColumn<QString>("tiles");
-    const auto row = [](const char *name, const char *entries, const char *cached, const char *tiles) {
-        QTest::newRow(name) << QString(entries) << QString(cached) << QString(tiles);
-    };
-    row("in the menu's order", "c a B", "a B c", "c a B");
-    row("no menu yet", "", "a b", "");
-    row("an entry is not cached", "a b c d", "a d c", "a c d");
-    row("a cached path has no entry", "a b", "a b stranger", "a b");
-    row("paths differ in case", "a A", "A", "A");
-    row("an entry is listed twice", "a b a", "a b", "a b a");
-}
-
-void tst_BrowserList::cachedEntriesHaveTiles()
-{
-    QFETCH(QString, entries);
-    QFETCH(QString, cached);
-    QFETCH(QString, tiles);
-    ListedTiles listed(entries.split(QLatin1Char(' '), Qt::SkipEmptyParts));
-    ListedTiles::cache(cached.split(QLatin1Char(' ')));
-    RecentDocumentBrowser::menuPinButtonList.prepend(nullptr); // which is passed over
-    listed.make();
-    QCOMPARE(listed.paths(), tiles);
-}
-
-void tst_BrowserList::aTileTakesOverPathPictureAndPin()
-{
-    ListedTiles listed(QStringList({"c", "b", "a"}));
-    RecentDocumentBrowser::menuPinButtonList.at(1)->setChecked(true);
-    QList<FolderPinButton *> pins = {RecentDocumentBrowser::menuPinButtonList.first()};
-    RecentDocumentBrowser::AddInToDocPinButtonList(pins.first()); // what was listed before is left alone
-    listed.make();
-    QCOMPARE(listed.paths(), QStringLiteral("c b a"));
-    const QList<RecentDocDialog *> tiles = listed.browser.tiles();
-    for (const RecentDocDialog *tile : tiles) {
-        QCOMPARE(tile->parent(), &listed.parent);
-        QCOMPARE(tile->image_label->pixmap(Qt::ReturnByValue).toImage().pixel(0, 0),
-                 pictureOf(tile->path()).pixel(0, 0));
-        pins.append(Browser::button(tile, "pinButton"));
-        QCOMPARE(pins.constLast()->isChecked(), tile->path() == QLatin1String("b"));
-    }
-    QCOMPARE(RecentDocumentBrowser::docPinButtonList, pins);
-    QVERIFY(folderButtonList.isEmpty());
-}
-
-void tst_BrowserList::whatATileChangesWhileItIsMadeDoesNotDisturbTheOthers()
-{
-    ListedTiles listed(QStringList({"c", "b", "a"}));
-    listed.parent.onChild = [] {
-        RecentDocumentBrowser::recentFileImageMap.clear();
-        RecentDocumentBrowser::menuPinButtonList.clear();
-    };
-    listed.make();
-    QCOMPARE(listed.paths(), QStringLiteral("c b a"));
-}
-
-void tst_BrowserList::whatIsAddedIsAppendedUnseen()
-{
-    const Browser browser; // clears the lists in the end
-    QString path = QStringLiteral("/drawings/a.dwg");
-    FolderPinButton first(nullptr, path);
-    FolderPinButton second(nullptr, path);
-    const QList<FolderPinButton *> added = {&second, &first, nullptr, &second, nullptr};
-    for (FolderPinButton *button : added)
-        RecentDocumentBrowser::AddInToMenuPinButtonList(button);
-    QCOMPARE(RecentDocumentBrowser::menuPinButtonList, added);
-    QVERIFY(RecentDocumentBrowser::docPinButtonList.isEmpty());
-    RecentDocumentBrowser::menuPinButtonList.clear();
-    for (FolderPinButton *button : added)
-        RecentDocumentBrowser::AddInToDocPinButtonList(button);
-    QCOMPARE(RecentDocumentBrowser::docPinButtonList, added);
-    QVERIFY(RecentDocumentBrowser::menuPinButtonList.isEmpty());
-}
-
-void tst_BrowserList::onlyTheHighlightsExactColourCounts_data()
-{
-    QTest::addColumn<QColor>("color");
-    QTest::addColumn<bool>("counts");
-    QTest::newRow("the highlight's") << QColor(0, 0, 150, 100) << true;
-    QTest::newRow("the resting colour") << QColor(248, 248, 248, 255) << false;
-    QTest::newRow("another alpha") << QColor(0, 0, 150, 101) << false;
-    QTest::newRow("opaque") << QColor(0, 0, 150) << false;
-    QTest::newRow("another red") << QColor(1, 0, 150, 100) << false;
-    QTest::newRow("another green") << QColor(0, 1, 150, 100) << false;
-    QTest::newRow("another blue") << QColor(0, 0, 151, 100) << false;
-    QTest::newRow("no colour") << QColor() << false;
-}
-
-void tst_BrowserList::onlyTheHighlightsExactColourCounts()
-{
-    QFETCH(QColor, color);
-    QFETCH(bool, counts);
-    const ListedTiles listed(2);
-    listed.highlight(1, color);
-    QCOMPARE(ListedTiles::highlighted(), counts ? listed.browser.tiles().at(1)->path() : QString());
-}
-
-void tst_BrowserList::highlightedTilesComeInDisplayOrder()
-{
-    const ListedTiles listed(4);
-    QCOMPARE(ListedTiles::highlighted(), QString());
-    listed.highlight(3);
-    QCOMPARE(ListedTiles::highlighted(), QStringLiteral("a"));
-    listed.highlight(0);
-    QCOMPARE(ListedTiles::highlighted(), QStringLiteral("d a"));
-    listed.highlight(2);
-    QCOMPARE(ListedTiles::highlighted(), QStringLiteral("d b a"));
-}
-
-QTEST_MAIN(tst_BrowserList)
+TEST_CLASS(tst_BrowserList);
 #include "tst_browserlist.moc"

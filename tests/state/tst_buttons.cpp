@@ -69,270 +69,254 @@ class tst_Buttons : public TestCase
     Q_OBJECT
 
 private slots:
-    void cleanup();
+    void cleanup()
+    {
+        QBalloonTip::hideBalloon();
+        drainEvents();
+        RecentDocumentBrowser::recentFileImageMap.clear();
+        TestCase::cleanup();
+    }
 
-    void aNewButtonIsPlain();
-    void itHasTwoSlotsAndNothingElseOfItsOwn();
-    void factoriesMakeThem_data();
-    void factoriesMakeThem();
-    void thePinsPictureFollowsItsState();
-    void buttonsOfAKindShareTheirPictureAsLongAsTheModuleLives();
-    void theTipsAreTranslated();
+    void aNewButtonIsPlain()
+    {
+        QWidget parent;
+        QString path = QStringLiteral("//server\\share/../a  b.DWG ");
+        const FolderPinButton button(&parent, path);
+        path.clear();
+        QCOMPARE(button.path(), QStringLiteral("//server\\share/../a  b.DWG ")); // kept as it is
+        QCOMPARE(button.parent(), &parent);
+        QVERIFY(button.objectName().isEmpty() && button.tipText().isEmpty() && button.text().isEmpty());
+        QVERIFY(button.icon().isNull());
+        QVERIFY(button.testAttribute(Qt::WA_MouseTracking));
+        QCOMPARE(button.styleSheet(), QStringLiteral("border: none;\nmargin: 0px;\npadding: 0px;"));
+        QCOMPARE(button.toolButtonStyle(), Qt::ToolButtonIconOnly);
+        QVERIFY(!button.isCheckable());
+    }
 
-    void enteringGivesTheFocusToTheGrandparent();
-    void enteringAButtonWithoutGrandparentIsHarmless();
-    void everyEntryStartsATimerOfHalfASecondAndLeavingStopsTheLatest();
-    void leavingHidesWhateverBalloonIsUp();
-    void restingOnAButtonShowsNoBalloon();
-    void whatABalloonWouldShow_data();
-    void whatABalloonWouldShow();
+    void itHasTwoSlotsAndNothingElseOfItsOwn()
+    {
+        const QMetaObject &meta = FolderPinButton::staticMetaObject;
+        QCOMPARE(meta.className(), "FolderPinButton");
+        QCOMPARE(meta.superClass(), &QToolButton::staticMetaObject);
+        QCOMPARE(meta.methodCount() - meta.methodOffset(), 2);
+        const QMetaMethod first = meta.method(meta.methodOffset());
+        const QMetaMethod second = meta.method(meta.methodOffset() + 1);
+        QCOMPARE(first.methodSignature(), QByteArray("pinDown()"));
+        QCOMPARE(second.methodSignature(), QByteArray("showBalloonTip()"));
+        QVERIFY(first.methodType() == QMetaMethod::Slot && second.methodType() == QMetaMethod::Slot);
+        QCOMPARE(meta.propertyCount(), meta.propertyOffset());
+    }
+
+    void factoriesMakeThem_data()
+    {
+        QTest::addColumn<ButtonFactory>("create");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("left");
+        QTest::addColumn<QString>("tip");
+        QTest::addColumn<QString>("picture");
+        QTest::newRow("pin") << &RecentDocumentBrowser::CreatePinButton << "pinButton" << 130
+                             << "Pin this document to the Recent Documents list"
+                             << "pin_down_hover.png";
+        QTest::newRow("folder") << &RecentDocumentBrowser::CreateFolderButton << "folderButton" << 100
+                                << "Show in Folder"
+                                << "Open_32x-32.svg";
+    }
+
+    void factoriesMakeThem()
+    {
+        QFETCH(ButtonFactory, create);
+        QFETCH(QString, name);
+        QFETCH(int, left);
+        QFETCH(QString, tip);
+        QFETCH(QString, picture);
+        QWidget parent;
+        const FolderPinButton *button = create(&parent, documentPath);
+        QCOMPARE(button->parent(), &parent);
+        QCOMPARE(button->objectName(), name);
+        QCOMPARE(button->path(), documentPath);
+        QCOMPARE(button->isCheckable(), create == &RecentDocumentBrowser::CreatePinButton);
+        QVERIFY(!button->isChecked() && button->isEnabled());
+        QCOMPARE(button->geometry(), QRect(left, 0, 21, 21));
+        QCOMPARE(button->sizePolicy(), QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed));
+        QCOMPARE(button->cursor().shape(), Qt::PointingHandCursor);
+        QCOMPARE(button->tipText(), tip);
+        QVERIFY(button->toolTip().isEmpty());
+        const QImage stored = shownBy(QIcon(QStringLiteral(":/Images/Resources/") + picture));
+        QVERIFY(!stored.isNull());
+        QCOMPARE(shownBy(button->icon(), QIcon::On), stored);
+        // Menu entries have no parent for theirs yet; a layout gives them one later.
+        const std::unique_ptr<FolderPinButton> alone(create(nullptr, documentPath));
+        QVERIFY(!alone->parent());
+    }
+
+    void thePinsPictureFollowsItsState()
+    {
+        QWidget parent;
+        FolderPinButton *pin = RecentDocumentBrowser::CreatePinButton(&parent, documentPath);
+        const QImage up = shownBy(QIcon(QStringLiteral(":/Images/Resources/pin_up_hover.png")));
+        QCOMPARE(shownBy(pin->icon(), QIcon::Off), up);
+        QVERIFY(shownBy(pin->icon(), QIcon::On) != up);
+        const QImage unpinned = pin->grab().toImage();
+        pin->setChecked(true);
+        QVERIFY(pin->grab().toImage() != unpinned);
+        pin->setChecked(false);
+        QCOMPARE(pin->grab().toImage(), unpinned);
+    }
+
+    void buttonsOfAKindShareTheirPictureAsLongAsTheModuleLives()
+    {
+        QWidget parent;
+        for (const auto create :
+             {RecentDocumentBrowser::CreatePinButton, RecentDocumentBrowser::CreateFolderButton}) {
+            ModuleInHost inHost;
+            const qint64 key = create(&parent, documentPath)->icon().cacheKey();
+            QCOMPARE(create(&parent, documentPath)->icon().cacheKey(), key);
+            inHost.end();
+            QVERIFY(create(&parent, documentPath)->icon().cacheKey() != key);
+        }
+    }
+
+    void theTipsAreTranslated()
+    {
+        MarkingTranslator translator;
+        QCoreApplication::installTranslator(&translator);
+        QWidget parent;
+        FolderPinButton *pin = RecentDocumentBrowser::CreatePinButton(&parent, documentPath);
+        QCOMPARE(pin->tipText(), QStringLiteral("QObject/Pin this document to the Recent Documents list"));
+        pin->setChecked(true);
+        QCOMPARE(pin->prepareBalloon().message,
+                 QStringLiteral("QObject/Unpin this document from the Recent Documents list"));
+        QCOMPARE(RecentDocumentBrowser::CreateFolderButton(&parent, documentPath)->tipText(),
+                 QStringLiteral("QObject/Show in Folder"));
+    }
+
+    void enteringGivesTheFocusToTheGrandparent()
+    {
+        ButtonInTile hovered;
+        hovered.window.show();
+        QVERIFY(waitForActive(&hovered.window));
+        hovered.button->setFocus();
+        const FocusReasons focus(hovered.window);
+        hovered.enter();
+        QCOMPARE(QApplication::focusWidget(), &hovered.window);
+        QCOMPARE(focus.reasons, QList<Qt::FocusReason>{Qt::OtherFocusReason});
+    }
+
+    void enteringAButtonWithoutGrandparentIsHarmless()
+    {
+        FolderPinButton orphan(nullptr, documentPath);
+        QWidget parent;
+        FolderPinButton child(&parent, documentPath);
+        for (FolderPinButton *button : {&orphan, &child}) {
+            sendToButton(button, QEvent::Enter);
+            QCOMPARE(button->findChildren<QTimer *>().size(), 1);
+            QVERIFY(QMetaObject::invokeMethod(button, "showBalloonTip"));
+        }
+    }
+
+    void everyEntryStartsATimerOfHalfASecondAndLeavingStopsTheLatest()
+    {
+        const ButtonInTile hovered;
+        hovered.leave(); // without a timer it is harmless
+        QCOMPARE(hovered.timers(), QList<bool>());
+        hovered.enter();
+        QCOMPARE(hovered.timers(), QList<bool>{true});
+        const auto *timer = hovered.button->findChild<QTimer *>();
+        QVERIFY(timer->isSingleShot());
+        QCOMPARE(timer->interval(), 500);
+        hovered.enter();
+        QCOMPARE(hovered.timers(), QList<bool>({true, true})); // the former one is left to run out
+        hovered.leave();
+        QCOMPARE(hovered.timers(), QList<bool>({true, false}));
+    }
+
+    void leavingHidesWhateverBalloonIsUp()
+    {
+        const ButtonInTile hovered;
+        hovered.enter();
+        QBalloonTip::showBalloon(QImage(), QStringLiteral("title"), QStringLiteral("text"), QPoint(50, 50), 0,
+                                 true);
+        QVERIFY(QBalloonTip::isBalloonVisible());
+        hovered.leave();
+        QVERIFY(!QBalloonTip::isBalloonVisible());
+    }
+
+    void restingOnAButtonShowsNoBalloon()
+    {
+        for (const char *name : {"pinButton", "folderButton", "menuTextButton"}) {
+            const ButtonInTile hovered((QString(name)));
+            hovered.enter();
+            QTRY_COMPARE(hovered.timers(), QList<bool>{false});
+            // The timer's only effect: a menu text's tip becomes the file name.
+            QCOMPARE(hovered.button->tipText(),
+                     qstrcmp(name, "menuTextButton") == 0 ? "a plan.dwg" : "a tip");
+            drainEvents();
+            const QWidgetList windows = QApplication::topLevelWidgets();
+            for (const QWidget *window : windows)
+                QVERIFY(!qobject_cast<const QBalloonTip *>(window));
+        }
+    }
+
+    void whatABalloonWouldShow_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("cached"); // the path of the picture in the cache
+        QTest::addColumn<QString>("tip");
+        QTest::addColumn<QPoint>("position"); // seen from the button
+        const auto plain = [](const char *row, const char *name, const QSize &size, const QPoint &centre) {
+            QTest::newRow(row) << name << size << "/d/b.dwg"
+                               << "/d/b.dwg"
+                               << "a tip" << centre;
+        };
+        plain("a pin", "pinButton", {21, 21}, {10, 10});
+        plain("a folder", "folderButton", {21, 21}, {10, 10});
+        plain("even lengths", "pinButton", {20, 32}, {9, 15});
+        plain("one pixel", "pinButton", {1, 1}, {0, 0});
+        const auto menuText = [](const char *row, const char *text, const char *cached, const char *tip) {
+            // At the entry's lower right, but measured from the button.
+            QTest::newRow(row) << "menuTextButton" << QSize(21, 21) << text << cached << tip
+                               << QPoint(160, 120);
+        };
+        menuText("a cached document", "&3 /my drawings/a plan.dwg", "/my drawings/a plan.dwg", "a plan.dwg");
+        menuText("a document that is not cached", "&3 /my drawings/a plan.dwg", "", "a plan.dwg");
+        menuText("two digits", "&12 /d/b.dwg", "/d/b.dwg", "b.dwg");
+        menuText("no blank", "/d/b.dwg", "/d/b.dwg", "b.dwg");
+        menuText("a folder's path", "&1 /d/", "", "");
+    }
+
+    void whatABalloonWouldShow()
+    {
+        QFETCH(QString, name);
+        QFETCH(QSize, size);
+        QFETCH(QString, text);
+        QFETCH(QString, cached);
+        QFETCH(QString, tip);
+        QFETCH(QPoint, position);
+        const ButtonInTile hovered(name);
+        hovered.button->resize(size);
+        hovered.button->setText(text);
+        QImage picture(2, 3, QImage::Format_RGB32);
+        picture.fill(Qt::green);
+        if (!cached.isEmpty())
+            RecentDocumentBrowser::recentFileImageMap.insert(cached, picture);
+        const int known = RecentDocumentBrowser::recentFileImageMap.size();
+        FolderPinButton::BalloonContent balloon = hovered.button->prepareBalloon();
+        QCOMPARE(balloon.image, name == QLatin1String("menuTextButton") && known ? picture : QImage());
+        QVERIFY(balloon.title.isEmpty());
+        QCOMPARE(balloon.message, tip);
+        QCOMPARE(balloon.position, hovered.button->mapToGlobal(position));
+        QCOMPARE(hovered.button->tipText(), tip);
+        QCOMPARE(RecentDocumentBrowser::recentFileImageMap.size(), known);
+
+        hovered.button->setCheckable(true);
+        hovered.button->setChecked(true);
+        QCOMPARE(hovered.button->prepareBalloon().message,
+                 QStringLiteral("Unpin this document from the Recent Documents list"));
+        QCOMPARE(hovered.button->tipText(), tip);
+    }
 };
 
-void tst_Buttons::cleanup()
-{
-    QBalloonTip::hideBalloon();
-    drainEvents();
-    RecentDocumentBrowser::recentFileImageMap.clear();
-    TestCase::cleanup();
-}
-
-void tst_Buttons::aNewButtonIsPlain()
-{
-    QWidget parent;
-    QString path = QStringLiteral("//server\\share/../a  b.DWG ");
-    const FolderPinButton button(&parent, path);
-    path.clear();
-    QCOMPARE(button.path(), QStringLiteral("//server\\share/../a  b.DWG ")); // kept as it is
-    QCOMPARE(button.parent(), &parent);
-    QVERIFY(button.objectName().isEmpty() && button.tipText().isEmpty() && button.text().isEmpty());
-    QVERIFY(button.icon().isNull());
-    QVERIFY(button.testAttribute(Qt::WA_MouseTracking));
-    QCOMPARE(button.styleSheet(), QStringLiteral("border: none;\nmargin: 0px;\npadding: 0px;"));
-    QCOMPARE(button.toolButtonStyle(), Qt::ToolButtonIconOnly);
-    QVERIFY(!button.isCheckable());
-}
-
-void tst_Buttons::itHasTwoSlotsAndNothingElseOfItsOwn()
-{
-    const QMetaObject &meta = FolderPinButton::staticMetaObject;
-    QCOMPARE(meta.className(), "FolderPinButton");
-    QCOMPARE(meta.superClass(), &QToolButton::staticMetaObject);
-    QCOMPARE(meta.methodCount() - meta.methodOffset(), 2);
-    const QMetaMethod first = meta.method(meta.methodOffset());
-    const QMetaMethod second = meta.method(meta.methodOffset() + 1);
-    QCOMPARE(first.methodSignature(), QByteArray("pinDown()"));
-    QCOMPARE(second.methodSignature(), QByteArray("showBalloonTip()"));
-    QVERIFY(first.methodType() == QMetaMethod::Slot && second.methodType() == QMetaMethod::Slot);
-    QCOMPARE(meta.propertyCount(), meta.propertyOffset());
-}
-
-void tst_Buttons::factoriesMakeThem_data()
-{
-    QTest::addColumn<ButtonFactory>("create");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("left");
-    QTest::addColumn<QString>("tip");
-    QTest::addColumn<QString>("picture");
-    QTest::newRow("pin") << &RecentDocumentBrowser::CreatePinButton << "pinButton" << 130
-                         << "Pin this document to the Recent Documents list"
-                         << "pin_down_hover.png";
-    QTest::newRow("folder") << &RecentDocumentBrowser::CreateFolderButton << "folderButton" << 100
-                            << "Show in Folder"
-                            << "Open_32x-32.svg";
-}
-
-void tst_Buttons::factoriesMakeThem()
-{
-    QFETCH(ButtonFactory, create);
-    QFETCH(QString, name);
-    QFETCH(int, left);
-    QFETCH(QString, tip);
-    QFETCH(QString, picture);
-    QWidget parent;
-    const FolderPinButton *button = create(&parent, documentPath);
-    QCOMPARE(button->parent(), &parent);
-    QCOMPARE(button->objectName(), name);
-    QCOMPARE(button->path(), documentPath);
-    QCOMPARE(button->isCheckable(), create == &RecentDocumentBrowser::CreatePinButton);
-    QVERIFY(!button->isChecked() && button->isEnabled());
-    QCOMPARE(button->geometry(), QRect(left, 0, 21, 21));
-    QCOMPARE(button->sizePolicy(), QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed));
-    QCOMPARE(button->cursor().shape(), Qt::PointingHandCursor);
-    QCOMPARE(button->tipText(), tip);
-    QVERIFY(button->toolTip().isEmpty());
-    const QImage stored = shownBy(QIcon(QStringLiteral(":/Images/Resources/") + picture));
-    QVERIFY(!stored.isNull());
-    QCOMPARE(shownBy(button->icon(), QIcon::On), stored);
-    // Menu entries have no parent for theirs yet; a layout gives them one later.
-    const std::unique_ptr<FolderPinButton> alone(create(nullptr, documentPath));
-    QVERIFY(!alone->parent());
-}
-
-void tst_Buttons::thePinsPictureFollowsItsState()
-{
-    QWidget parent;
-    FolderPinButton *pin = RecentDocumentBrowser::CreatePinButton(&parent, documentPath);
-    const QImage up = shownBy(QIcon(QStringLiteral(":/Images/Resources/pin_up_hover.png")));
-    QCOMPARE(shownBy(pin->icon(), QIcon::Off), up);
-    QVERIFY(shownBy(pin->icon(), QIcon::On) != up);
-    const QImage unpinned = pin->grab().toImage();
-    pin->setChecked(true);
-    QVERIFY(pin->grab().toImage() != unpinned);
-    pin->setChecked(false);
-    QCOMPARE(pin->grab().toImage(), unpinned);
-}
-
-void tst_Buttons::buttonsOfAKindShareTheirPictureAsLongAsTheModuleLives()
-{
-    QWidget parent;
-    for (const auto create :
-         {RecentDocumentBrowser::CreatePinButton, RecentDocumentBrowser::CreateFolderButton}) {
-        ModuleInHost inHost;
-        const qint64 key = create(&parent, documentPath)->icon().cacheKey();
-        QCOMPARE(create(&parent, documentPath)->icon().cacheKey(), key);
-        inHost.end();
-        QVERIFY(create(&parent, documentPath)->icon().cacheKey() != key);
-    }
-}
-
-void tst_Buttons::theTipsAreTranslated()
-{
-    MarkingTranslator translator;
-    QCoreApplication::installTranslator(&translator);
-    QWidget parent;
-    FolderPinButton *pin = RecentDocumentBrowser::CreatePinButton(&parent, documentPath);
-    QCOMPARE(pin->tipText(), QStringLiteral("QObject/Pin this document to the Recent Documents list"));
-    pin->setChecked(true);
-    QCOMPARE(pin->prepareBalloon().message,
-             QStringLiteral("QObject/Unpin this document from the Recent Documents list"));
-    QCOMPARE(RecentDocumentBrowser::CreateFolderButton(&parent, documentPath)->tipText(),
-             QStringLiteral("QObject/Show in Folder"));
-}
-
-void tst_Buttons::enteringGivesTheFocusToTheGrandparent()
-{
-    ButtonInTile hovered;
-    hovered.window.show();
-    QVERIFY(waitForActive(&hovered.window));
-    hovered.button->setFocus();
-    const FocusReasons focus(hovered.window);
-    hovered.enter();
-    QCOMPARE(QApplication::focusWidget(), &hovered.window);
-    QCOMPARE(focus.reasons, QList<Qt::FocusReason>{Qt::OtherFocusReason});
-}
-
-void tst_Buttons::enteringAButtonWithoutGrandparentIsHarmless()
-{
-    FolderPinButton orphan(nullptr, documentPath);
-    QWidget parent;
-    FolderPinButton child(&parent, documentPath);
-    for (FolderPinButton *button : {&orphan, &child}) {
-        sendToButton(button, QEvent::Enter);
-        QCOMPARE(button->findChildren<QTimer *>().size(), 1);
-        QVERIFY(QMetaObject::invokeMethod(button, "showBalloonTip"));
-    }
-}
-
-void tst_Buttons::everyEntryStartsATimerOfHalfASecondAndLeavingStopsTheLatest()
-{
-    const ButtonInTile hovered;
-    hovered.leave(); // without a timer it is harmless
-    QCOMPARE(hovered.timers(), QList<bool>());
-    hovered.enter();
-    QCOMPARE(hovered.timers(), QList<bool>{true});
-    const auto *timer = hovered.button->findChild<QTimer *>();
-    QVERIFY(timer->isSingleShot());
-    QCOMPARE(timer->interval(), 500);
-    hovered.enter();
-    QCOMPARE(hovered.timers(), QList<bool>({true, true})); // the former one is left to run out
-    hovered.leave();
-    QCOMPARE(hovered.timers(), QList<bool>({true, false}));
-}
-
-void tst_Buttons::leavingHidesWhateverBalloonIsUp()
-{
-    const ButtonInTile hovered;
-    hovered.enter();
-    QBalloonTip::showBalloon(QImage(), QStringLiteral("title"), QStringLiteral("text"), QPoint(50, 50), 0,
-                             true);
-    QVERIFY(QBalloonTip::isBalloonVisible());
-    hovered.leave();
-    QVERIFY(!QBalloonTip::isBalloonVisible());
-}
-
-void tst_Buttons::restingOnAButtonShowsNoBalloon()
-{
-    for (const char *name : {"pinButton", "folderButton", "menuTextButton"}) {
-        const ButtonInTile hovered((QString(name)));
-        hovered.enter();
-        QTRY_COMPARE(hovered.timers(), QList<bool>{false});
-        // The timer's only effect: a menu text's tip becomes the file name.
-        QCOMPARE(hovered.button->tipText(), qstrcmp(name, "menuTextButton") == 0 ? "a plan.dwg" : "a tip");
-        drainEvents();
-        const QWidgetList windows = QApplication::topLevelWidgets();
-        for (const QWidget *window : windows)
-            QVERIFY(!qobject_cast<const QBalloonTip *>(window));
-    }
-}
-
-void tst_Buttons::whatABalloonWouldShow_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("cached"); // the path of the picture in the cache
-    QTest::addColumn<QString>("tip");
-    QTest::addColumn<QPoint>("position"); // seen from the button
-    const auto plain = [](const char *row, const char *name, const QSize &size, const QPoint &centre) {
-        QTest::newRow(row) << name << size << "/d/b.dwg"
-                           << "/d/b.dwg"
-                           << "a tip" << centre;
-    };
-    plain("a pin", "pinButton", {21, 21}, {10, 10});
-    plain("a folder", "folderButton", {21, 21}, {10, 10});
-    plain("even lengths", "pinButton", {20, 32}, {9, 15});
-    plain("one pixel", "pinButton", {1, 1}, {0, 0});
-    const auto menuText = [](const char *row, const char *text, const char *cached, const char *tip) {
-        // At the entry's lower right, but measured from the button.
-        QTest::newRow(row) << "menuTextButton" << QSize(21, 21) << text << cached << tip << QPoint(160, 120);
-    };
-    menuText("a cached document", "&3 /my drawings/a plan.dwg", "/my drawings/a plan.dwg", "a plan.dwg");
-    menuText("a document that is not cached", "&3 /my drawings/a plan.dwg", "", "a plan.dwg");
-    menuText("two digits", "&12 /d/b.dwg", "/d/b.dwg", "b.dwg");
-    menuText("no blank", "/d/b.dwg", "/d/b.dwg", "b.dwg");
-    menuText("a folder's path", "&1 /d/", "", "");
-}
-
-void tst_Buttons::whatABalloonWouldShow()
-{
-    QFETCH(QString, name);
-    QFETCH(QSize, size);
-    QFETCH(QString, text);
-    QFETCH(QString, cached);
-    QFETCH(QString, tip);
-    QFETCH(QPoint, position);
-    const ButtonInTile hovered(name);
-    hovered.button->resize(size);
-    hovered.button->setText(text);
-    QImage picture(2, 3, QImage::Format_RGB32);
-    picture.fill(Qt::green);
-    if (!cached.isEmpty())
-        RecentDocumentBrowser::recentFileImageMap.insert(cached, picture);
-    const int known = RecentDocumentBrowser::recentFileImageMap.size();
-    FolderPinButton::BalloonContent balloon = hovered.button->prepareBalloon();
-    QCOMPARE(balloon.image, name == QLatin1String("menuTextButton") && known ? picture : QImage());
-    QVERIFY(balloon.title.isEmpty());
-    QCOMPARE(balloon.message, tip);
-    QCOMPARE(balloon.position, hovered.button->mapToGlobal(position));
-    QCOMPARE(hovered.button->tipText(), tip);
-    QCOMPARE(RecentDocumentBrowser::recentFileImageMap.size(), known);
-
-    hovered.button->setCheckable(true);
-    hovered.button->setChecked(true);
-    QCOMPARE(hovered.button->prepareBalloon().message,
-             QStringLiteral("Unpin this document from the Recent Documents list"));
-    QCOMPARE(hovered.button->tipText(), tip);
-}
-
-QTEST_MAIN(tst_Buttons)
+TEST_CLASS(tst_Buttons);
 #include "tst_buttons.moc"

@@ -58,124 +58,115 @@ class tst_CrowdedPool : public TestCase
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void cleanup();
+    void initTestCase()
+    {
+        for (int i = 0; i < count; ++i)
+            m_paths.append(writeFile(m_folder.filePath(QStringLiteral("%1.dwg").arg(i)), drawingOf(i)));
+        QVERIFY(m_host.recentFiles().setMaximum(count));
+        m_host.recentFiles().setPaths(m_paths);
+        QCOMPARE(m_host.recentFiles().paths(), m_paths);
+    }
 
-    void whateverThePoolDoesTheyAreRead_data();
-    void whateverThePoolDoesTheyAreRead();
-    void aPoolThatReadsTheSameFilesLetsThemBeRead();
+    void cleanup()
+    {
+        RecentDocumentBrowser::recentFileImageMap.clear();
+        TestCase::cleanup();
+    }
+
+    void whateverThePoolDoesTheyAreRead_data()
+    {
+        QTest::addColumn<int>("threads");
+        QTest::addColumn<int>("reserved");
+        QTest::addColumn<int>("waiting"); // tasks that wait until the caller is back
+        QTest::newRow("many threads") << 16 << 0 << 0;
+        QTest::newRow("a few") << 4 << 0 << 0;
+        QTest::newRow("one") << 1 << 0 << 0;
+        QTest::newRow("none") << 0 << 0 << 0;
+        QTest::newRow("less than none") << -1 << 0 << 0;
+        QTest::newRow("much less than none") << -1000 << 0 << 0;
+        QTest::newRow("all are reserved") << 4 << 4 << 0;
+        QTest::newRow("more are reserved than there are") << 4 << 9 << 0;
+        QTest::newRow("its only thread waits") << 1 << 0 << 1;
+        QTest::newRow("all threads wait") << 4 << 0 << 4;
+        QTest::newRow("all threads wait, and tasks for them") << 4 << 0 << 12;
+        QTest::newRow("all but one thread wait") << 4 << 0 << 3;
+    }
+
+    void whateverThePoolDoesTheyAreRead()
+    {
+        QFETCH(int, threads);
+        QFETCH(int, reserved);
+        QFETCH(int, waiting);
+        const PoolOf size(threads);
+        for (int i = 0; i < reserved; ++i)
+            pool().reserveThread();
+        QSemaphore started;
+        QSemaphore callerIsBack;
+        std::atomic<int> ended{0};
+        for (int i = 0; i < waiting; ++i) {
+            pool().start([&] {
+                started.release();
+                callerIsBack.acquire();
+                ++ended;
+            });
+        }
+        started.acquire(qBound(0, threads, waiting));
+        QMetaObject::invokeMethod(
+            this, [&] { callerIsBack.release(waiting); }, Qt::QueuedConnection);
+        for (int round = 0; round < 2; ++round) { // the second finds the threads of the first waiting
+            RecentDocumentBrowser::CreateRecentFileImageMap();
+            QCOMPARE(wrongOnes(), QList<int>());
+        }
+        QCOMPARE(ended.load(), 0); // they still wait
+        drainEvents();
+        pool().waitForDone();
+        QCOMPARE(ended.load(), waiting);
+        for (int i = 0; i < reserved; ++i)
+            pool().releaseThread();
+    }
+
+    void aPoolThatReadsTheSameFilesLetsThemBeRead()
+    {
+        constexpr int threads = 3;
+        constexpr int tasks = 2 * threads; // as many again wait in the pool's queue
+        const PoolOf size(threads);
+        QSemaphore started;
+        std::atomic<int> pictures{0};
+        for (int i = 0; i < tasks; ++i) {
+            pool().start([&] {
+                started.release();
+                for (const QString &path : qAsConst(m_paths)) {
+                    if (!RecentDocumentBrowser::GetQImage(path).isNull())
+                        ++pictures;
+                }
+            });
+        }
+        started.acquire(threads);
+        RecentDocumentBrowser::CreateRecentFileImageMap();
+        QCOMPARE(wrongOnes(), QList<int>());
+        pool().waitForDone();
+        QCOMPARE(pictures.load(), tasks * count);
+    }
 
 private:
     //! The documents that do not have their picture in the cache; -1 for others that it holds.
-    QList<int> wrongOnes() const;
+    QList<int> wrongOnes() const
+    {
+        QList<int> wrong;
+        for (int i = 0; i < count; ++i) {
+            const QImage read = RecentDocumentBrowser::recentFileImageMap.value(m_paths.at(i));
+            if (read.convertToFormat(QImage::Format_RGB32) != pictureOf(i))
+                wrong.append(i);
+        }
+        if (RecentDocumentBrowser::recentFileImageMap.size() != count)
+            wrong.append(-1);
+        return wrong;
+    }
 
     QTemporaryDir m_folder;
     fxhost::FxHost m_host{m_folder.filePath(QStringLiteral("profile")), QString()};
     QStringList m_paths;
 };
 
-void tst_CrowdedPool::initTestCase()
-{
-    for (int i = 0; i < count; ++i)
-        m_paths.append(writeFile(m_folder.filePath(QStringLiteral("%1.dwg").arg(i)), drawingOf(i)));
-    QVERIFY(m_host.recentFiles().setMaximum(count));
-    m_host.recentFiles().setPaths(m_paths);
-    QCOMPARE(m_host.recentFiles().paths(), m_paths);
-}
-
-void tst_CrowdedPool::cleanup()
-{
-    RecentDocumentBrowser::recentFileImageMap.clear();
-    TestCase::cleanup();
-}
-
-QList<int> tst_CrowdedPool::wrongOnes() const
-{
-    QList<int> wrong;
-    for (int i = 0; i < count; ++i) {
-        const QImage read = RecentDocumentBrowser::recentFileImageMap.value(m_paths.at(i));
-        if (read.convertToFormat(QImage::Format_RGB32) != pictureOf(i))
-            wrong.append(i);
-    }
-    if (RecentDocumentBrowser::recentFileImageMap.size() != count)
-        wrong.append(-1);
-    return wrong;
-}
-
-void tst_CrowdedPool::whateverThePoolDoesTheyAreRead_data()
-{
-    QTest::addColumn<int>("threads");
-    QTest::addColumn<int>("reserved");
-    QTest::addColumn<int>("waiting"); // tasks that wait until the caller is back
-    QTest::newRow("many threads") << 16 << 0 << 0;
-    QTest::newRow("a few") << 4 << 0 << 0;
-    QTest::newRow("one") << 1 << 0 << 0;
-    QTest::newRow("none") << 0 << 0 << 0;
-    QTest::newRow("less than none") << -1 << 0 << 0;
-    QTest::newRow("much less than none") << -1000 << 0 << 0;
-    QTest::newRow("all are reserved") << 4 << 4 << 0;
-    QTest::newRow("more are reserved than there are") << 4 << 9 << 0;
-    QTest::newRow("its only thread waits") << 1 << 0 << 1;
-    QTest::newRow("all threads wait") << 4 << 0 << 4;
-    QTest::newRow("all threads wait, and tasks for them") << 4 << 0 << 12;
-    QTest::newRow("all but one thread wait") << 4 << 0 << 3;
-}
-
-void tst_CrowdedPool::whateverThePoolDoesTheyAreRead()
-{
-    QFETCH(int, threads);
-    QFETCH(int, reserved);
-    QFETCH(int, waiting);
-    const PoolOf size(threads);
-    for (int i = 0; i < reserved; ++i)
-        pool().reserveThread();
-    QSemaphore started;
-    QSemaphore callerIsBack;
-    std::atomic<int> ended{0};
-    for (int i = 0; i < waiting; ++i) {
-        pool().start([&] {
-            started.release();
-            callerIsBack.acquire();
-            ++ended;
-        });
-    }
-    started.acquire(qBound(0, threads, waiting));
-    QMetaObject::invokeMethod(
-        this, [&] { callerIsBack.release(waiting); }, Qt::QueuedConnection);
-    for (int round = 0; round < 2; ++round) { // the second finds the threads of the first waiting
-        RecentDocumentBrowser::CreateRecentFileImageMap();
-        QCOMPARE(wrongOnes(), QList<int>());
-    }
-    QCOMPARE(ended.load(), 0); // they still wait
-    drainEvents();
-    pool().waitForDone();
-    QCOMPARE(ended.load(), waiting);
-    for (int i = 0; i < reserved; ++i)
-        pool().releaseThread();
-}
-
-void tst_CrowdedPool::aPoolThatReadsTheSameFilesLetsThemBeRead()
-{
-    constexpr int threads = 3;
-    constexpr int tasks = 2 * threads; // as many again wait in the pool's queue
-    const PoolOf size(threads);
-    QSemaphore started;
-    std::atomic<int> pictures{0};
-    for (int i = 0; i < tasks; ++i) {
-        pool().start([&] {
-            started.release();
-            for (const QString &path : qAsConst(m_paths)) {
-                if (!RecentDocumentBrowser::GetQImage(path).isNull())
-                    ++pictures;
-            }
-        });
-    }
-    started.acquire(threads);
-    RecentDocumentBrowser::CreateRecentFileImageMap();
-    QCOMPARE(wrongOnes(), QList<int>());
-    pool().waitForDone();
-    QCOMPARE(pictures.load(), tasks * count);
-}
-
-QTEST_MAIN(tst_CrowdedPool)
+TEST_CLASS(tst_CrowdedPool);
 #include "tst_crowdedpool.moc"

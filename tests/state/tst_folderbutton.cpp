@@ -19,15 +19,131 @@ class tst_FolderButton : public TestCase
     Q_OBJECT
 
 private slots:
-    void cleanup();
+    void cleanup()
+    {
+        QBalloonTip::hideBalloon();
+        drainEvents();
+        TestCase::cleanup();
+    }
 
-    void theFileManagerGetsTheFullPath_data();
-    void theFileManagerGetsTheFullPath();
-    void inATileItShowsTheFileAndClosesThePopup();
-    void inAMenuItShowsTheFileAndClosesNothing();
-    void aBalloonIsHidden_data();
-    void aBalloonIsHidden();
-    void withoutAFileManagerThePopupClosesAllTheSame();
+    void theFileManagerGetsTheFullPath_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QStringList>("arguments");
+        const auto row = [](const char *name, const QString &path) {
+            QTest::newRow(name) << path << QStringList(path);
+        };
+        row("a plain path", "/drawings/a.dwg");
+        row("blanks", "/my drawings/a  plan .dwg");
+        row("what a shell would take for itself", "/d/$HOME `id` $(id);a&b|c>d*'.dwg");
+        row("a backslash", "/d\\ a.dwg");
+        row("percent signs", "/d/100%1%20.dwg");
+        row("letters of all planes", QStringLiteral("/d/\u00e9\u6f22\U0001D538.dwg"));
+        row("a line's end", "/d/a\nb.dwg");
+        row("a leading dash", "-h /d/--help");
+        row("4096 characters", "/" + QString(4095, QLatin1Char('d')));
+        QTest::newRow("a quote breaks the command and no more")
+            << "/d/a\" b.dwg" << QStringList({QStringLiteral("/d/a"), QStringLiteral("b.dwg")});
+    }
+
+    void theFileManagerGetsTheFullPath()
+    {
+        QFETCH(QString, path);
+        QFETCH(QStringList, arguments);
+        const FileManager fileManager;
+        QString other = QStringLiteral("/not this one.dwg");
+        FolderPinButton button(nullptr, other);
+        button.OpenExplorer(path);
+        QCOMPARE(fileManager.starts(), QVector<QStringList>{arguments});
+    }
+
+    void inATileItShowsTheFileAndClosesThePopup()
+    {
+        const FileManager fileManager(3); // its failure is ignored
+        Browser browser(2);
+        browser.createDocument();
+        const QPointer<RecentDocMainWindow> popup = browser.openPopup();
+        QCursor::setPos(
+            popup->geometry().center()); // with the pointer outside it closes when it loses the focus
+        QVERIFY(waitForActive(popup));
+        inTile(browser, 1)->setFocus();
+        const FocusReasons focus(*popup);
+        const QSignalSpy finished(popup, &QDialog::finished);
+        int startsAtClose = -1;
+        // It closes within the click below, if at all.
+        connect(popup, &QDialog::finished, this, [&] {
+            startsAtClose = fileManager.starts().size(); // clazy:exclude=lambda-in-connect
+        });
+        QVERIFY(QFile::remove(browser.path(1))); // that it has vanished is the file manager's affair
+        inTile(browser, 1)->click();
+        QCOMPARE(fileManager.starts(), QVector<QStringList>{QStringList(browser.path(1))});
+        QCOMPARE(startsAtClose, 1); // after the command has ended
+        QCOMPARE(finished, QList<QList<QVariant>>{{0}});
+        QCOMPARE(focus.reasons, QList<Qt::FocusReason>{Qt::OtherFocusReason});
+        drainEvents();
+        QVERIFY(!popup);
+        QVERIFY(browser.host.opened.empty());
+    }
+
+    void inAMenuItShowsTheFileAndClosesNothing()
+    {
+        const FileManager fileManager;
+        Browser browser(2);
+        browser.createDocument();
+        const QPointer<RecentDocMainWindow> popup = browser.openPopup();
+        QWidget *entry = inMenu(1)->parentWidget();
+        QDialog around; // what a careless click would close
+        entry->setParent(&around);
+        around.show();
+        Browser::button(entry, "folderButton")->click();
+        QCOMPARE(fileManager.starts(), QVector<QStringList>{QStringList(browser.path(1))});
+        drainEvents();
+        QVERIFY(popup && popup->isVisible());
+        QVERIFY(around.isVisible());
+        entry->setParent(nullptr);
+    }
+
+    void aBalloonIsHidden_data()
+    {
+        QTest::addColumn<bool>("isInTile");
+        QTest::newRow("in a tile") << true;
+        QTest::newRow("in a menu") << false;
+    }
+
+    void aBalloonIsHidden()
+    {
+        QFETCH(bool, isInTile);
+        const FileManager fileManager;
+        Browser browser(1);
+        browser.createDocument();
+        browser.openPopup();
+        QBalloonTip::showBalloon(QImage(), QStringLiteral("title"), QStringLiteral("text"), QPoint(), 0,
+                                 true);
+        QVERIFY(QBalloonTip::isBalloonVisible());
+        int startsAtHiding = -1;
+        const QWindowList windows = QGuiApplication::topLevelWindows();
+        for (const QWindow *window : windows) {
+            if (window->type() == Qt::ToolTip)
+                connect(window, &QWindow::visibleChanged, &browser.host.mainWindow(), [&] {
+                    startsAtHiding = fileManager.starts().size(); // clazy:exclude=lambda-in-connect
+                });
+        }
+        (isInTile ? inTile(browser, 0) : inMenu(0))->click();
+        QVERIFY(!QBalloonTip::isBalloonVisible());
+        QCOMPARE(startsAtHiding, 1);
+    }
+
+    void withoutAFileManagerThePopupClosesAllTheSame()
+    {
+        const FileManager fileManager;
+        fileManager.uninstall();
+        Browser browser(1);
+        browser.createDocument();
+        const QPointer<RecentDocMainWindow> popup = browser.openPopup();
+        inTile(browser, 0)->click();
+        drainEvents();
+        QVERIFY(!popup);
+    }
 
 private:
     //! The folder button of the recent-files menu's entry at index.
@@ -44,129 +160,5 @@ private:
     }
 };
 
-void tst_FolderButton::cleanup()
-{
-    QBalloonTip::hideBalloon();
-    drainEvents();
-    TestCase::cleanup();
-}
-
-void tst_FolderButton::theFileManagerGetsTheFullPath_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QStringList>("arguments");
-    const auto row = [](const char *name, const QString &path) {
-        QTest::newRow(name) << path << QStringList(path);
-    };
-    row("a plain path", "/drawings/a.dwg");
-    row("blanks", "/my drawings/a  plan .dwg");
-    row("what a shell would take for itself", "/d/$HOME `id` $(id);a&b|c>d*'.dwg");
-    row("a backslash", "/d\\ a.dwg");
-    row("percent signs", "/d/100%1%20.dwg");
-    row("letters of all planes", QStringLiteral("/d/\u00e9\u6f22\U0001D538.dwg"));
-    row("a line's end", "/d/a\nb.dwg");
-    row("a leading dash", "-h /d/--help");
-    row("4096 characters", "/" + QString(4095, QLatin1Char('d')));
-    QTest::newRow("a quote breaks the command and no more")
-        << "/d/a\" b.dwg" << QStringList({QStringLiteral("/d/a"), QStringLiteral("b.dwg")});
-}
-
-void tst_FolderButton::theFileManagerGetsTheFullPath()
-{
-    QFETCH(QString, path);
-    QFETCH(QStringList, arguments);
-    const FileManager fileManager;
-    QString other = QStringLiteral("/not this one.dwg");
-    FolderPinButton button(nullptr, other);
-    button.OpenExplorer(path);
-    QCOMPARE(fileManager.starts(), QVector<QStringList>{arguments});
-}
-
-void tst_FolderButton::inATileItShowsTheFileAndClosesThePopup()
-{
-    const FileManager fileManager(3); // its failure is ignored
-    Browser browser(2);
-    browser.createDocument();
-    const QPointer<RecentDocMainWindow> popup = browser.openPopup();
-    QCursor::setPos(popup->geometry().center()); // with the pointer outside it closes when it loses the focus
-    QVERIFY(waitForActive(popup));
-    inTile(browser, 1)->setFocus();
-    const FocusReasons focus(*popup);
-    const QSignalSpy finished(popup, &QDialog::finished);
-    int startsAtClose = -1;
-    // It closes within the click below, if at all.
-    connect(popup, &QDialog::finished, this, [&] {
-        startsAtClose = fileManager.starts().size(); // clazy:exclude=lambda-in-connect
-    });
-    QVERIFY(QFile::remove(browser.path(1))); // that it has vanished is the file manager's affair
-    inTile(browser, 1)->click();
-    QCOMPARE(fileManager.starts(), QVector<QStringList>{QStringList(browser.path(1))});
-    QCOMPARE(startsAtClose, 1); // after the command has ended
-    QCOMPARE(finished, QList<QList<QVariant>>{{0}});
-    QCOMPARE(focus.reasons, QList<Qt::FocusReason>{Qt::OtherFocusReason});
-    drainEvents();
-    QVERIFY(!popup);
-    QVERIFY(browser.host.opened.empty());
-}
-
-void tst_FolderButton::inAMenuItShowsTheFileAndClosesNothing()
-{
-    const FileManager fileManager;
-    Browser browser(2);
-    browser.createDocument();
-    const QPointer<RecentDocMainWindow> popup = browser.openPopup();
-    QWidget *entry = inMenu(1)->parentWidget();
-    QDialog around; // what a careless click would close
-    entry->setParent(&around);
-    around.show();
-    Browser::button(entry, "folderButton")->click();
-    QCOMPARE(fileManager.starts(), QVector<QStringList>{QStringList(browser.path(1))});
-    drainEvents();
-    QVERIFY(popup && popup->isVisible());
-    QVERIFY(around.isVisible());
-    entry->setParent(nullptr);
-}
-
-void tst_FolderButton::aBalloonIsHidden_data()
-{
-    QTest::addColumn<bool>("isInTile");
-    QTest::newRow("in a tile") << true;
-    QTest::newRow("in a menu") << false;
-}
-
-void tst_FolderButton::aBalloonIsHidden()
-{
-    QFETCH(bool, isInTile);
-    const FileManager fileManager;
-    Browser browser(1);
-    browser.createDocument();
-    browser.openPopup();
-    QBalloonTip::showBalloon(QImage(), QStringLiteral("title"), QStringLiteral("text"), QPoint(), 0, true);
-    QVERIFY(QBalloonTip::isBalloonVisible());
-    int startsAtHiding = -1;
-    const QWindowList windows = QGuiApplication::topLevelWindows();
-    for (const QWindow *window : windows) {
-        if (window->type() == Qt::ToolTip)
-            connect(window, &QWindow::visibleChanged, &browser.host.mainWindow(), [&] {
-                startsAtHiding = fileManager.starts().size(); // clazy:exclude=lambda-in-connect
-            });
-    }
-    (isInTile ? inTile(browser, 0) : inMenu(0))->click();
-    QVERIFY(!QBalloonTip::isBalloonVisible());
-    QCOMPARE(startsAtHiding, 1);
-}
-
-void tst_FolderButton::withoutAFileManagerThePopupClosesAllTheSame()
-{
-    const FileManager fileManager;
-    fileManager.uninstall();
-    Browser browser(1);
-    browser.createDocument();
-    const QPointer<RecentDocMainWindow> popup = browser.openPopup();
-    inTile(browser, 0)->click();
-    drainEvents();
-    QVERIFY(!popup);
-}
-
-QTEST_MAIN(tst_FolderButton)
+TEST_CLASS(tst_FolderButton);
 #include "tst_folderbutton.moc"

@@ -245,34 +245,31 @@ class tst_PinProperties : public TestCase
     Q_OBJECT
 
 private slots:
-    void menusFollowTheRules();
-    void tilesFollowTheRules();
+    void menusFollowTheRules()
+    {
+        const std::vector<Deed> deeds = {Deed::ClickMenuPin, Deed::ClickMenuPin, Deed::ClickMenuPin,
+                                         Deed::ClickMenuPin, Deed::SetMenuPin,   Deed::SetMenuPin,
+                                         Deed::SetMenuPin,   Deed::Update,       Deed::Update,
+                                         Deed::Update,       Deed::OpenPopup,    Deed::CreateDocument};
+        int separations = 0;
+        QVERIFY(holds("menus follow the rules of pinned documents",
+                      [&] { tell(*anyStory(deeds, false), false, separations); }));
+        QVERIFY2(separations > 100, "the stories hardly ever have both pinned and unpinned documents");
+    }
+
+    void tilesFollowTheRules()
+    {
+        const std::vector<Deed> deeds = {Deed::ClickMenuPin, Deed::OpenPopup,     Deed::OpenPopup,
+                                         Deed::ClosePopup,   Deed::ClickTilePin,  Deed::ClickTilePin,
+                                         Deed::ClickTilePin, Deed::CreateDocument};
+        int separations = 0;
+        // With a document listed twice each click would give more tiles.
+        QVERIFY(holds(
+            "tiles follow the rules of pinned documents",
+            [&] { tell(*anyStory(deeds, true), true, separations); }, 150));
+        QVERIFY2(separations > 20, "the stories hardly ever have both pinned and unpinned documents");
+    }
 };
 
-void tst_PinProperties::menusFollowTheRules()
-{
-    const std::vector<Deed> deeds = {Deed::ClickMenuPin, Deed::ClickMenuPin, Deed::ClickMenuPin,
-                                     Deed::ClickMenuPin, Deed::SetMenuPin,   Deed::SetMenuPin,
-                                     Deed::SetMenuPin,   Deed::Update,       Deed::Update,
-                                     Deed::Update,       Deed::OpenPopup,    Deed::CreateDocument};
-    int separations = 0;
-    QVERIFY(holds("menus follow the rules of pinned documents",
-                  [&] { tell(*anyStory(deeds, false), false, separations); }));
-    QVERIFY2(separations > 100, "the stories hardly ever have both pinned and unpinned documents");
-}
-
-void tst_PinProperties::tilesFollowTheRules()
-{
-    const std::vector<Deed> deeds = {Deed::ClickMenuPin, Deed::OpenPopup,     Deed::OpenPopup,
-                                     Deed::ClosePopup,   Deed::ClickTilePin,  Deed::ClickTilePin,
-                                     Deed::ClickTilePin, Deed::CreateDocument};
-    int separations = 0;
-    // With a document listed twice each click would give more tiles.
-    QVERIFY(holds(
-        "tiles follow the rules of pinned documents",
-        [&] { tell(*anyStory(deeds, true), true, separations); }, 150));
-    QVERIFY2(separations > 20, "the stories hardly ever have both pinned and unpinned documents");
-}
-
-QTEST_MAIN(tst_PinProperties)
+TEST_CLASS(tst_PinProperties);
 #include "tst_pinproperties.moc"

@@ -19,7 +19,7 @@ qint64 resident();
 qint64 allocated();
 
 //! How often to do a thing: a tenth of it, or less where nothing is measured, unless LONG_RUN is set,
-//! as scripts/memory.sh does.
+//! as in the preset `long`.
 int rounds(int full);
 
 //! Says a figure, or that there is none. \param what in the test's own words

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tests/support/Patience.h"
+#include "tests/support/TestProgram.h"
 
 #include <QObject>
 #include <QStringList>

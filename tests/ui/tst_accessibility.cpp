@@ -13,24 +13,6 @@
 using Keys = QList<QPair<int, Qt::KeyboardModifier>>;
 Q_DECLARE_METATYPE(Keys)
 
-//! What assistive programs are told of the browser, at Qt's side: desktop/tst_screenreader is at theirs.
-class tst_Accessibility : public TestCase
-{
-    Q_OBJECT
-
-private slots:
-    void initTestCase();
-    void cleanupTestCase();
-    void popupIsAListOfDrawings();
-    void movesOfTheHighlightAreTold_data();
-    void movesOfTheHighlightAreTold();
-    void popupHandsItsFocusToTheTile();
-    void tileIsHighlightedAndOpened();
-    void pinIsToggledAsByAClick();
-    void helpIsPressedAsByAClick();
-    void nothingOutlivesTheModule();
-};
-
 namespace {
 
 QAccessibleInterface *interfaceOf(QObject *object)
@@ -82,148 +64,153 @@ void act(QObject *object, int action = 0)
 
 } // namespace
 
-void tst_Accessibility::initTestCase()
+//! What assistive programs are told of the browser, at Qt's side: desktop/tst_screenreader is at theirs.
+class tst_Accessibility : public TestCase
 {
-    // As if a screen reader had asked: without one Qt tells of nothing.
-    QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
-    QAccessible::installUpdateHandler(note);
-}
+    Q_OBJECT
 
-void tst_Accessibility::cleanupTestCase()
-{
-    QAccessible::installUpdateHandler(nullptr);
-}
-
-void tst_Accessibility::popupIsAListOfDrawings()
-{
-    MousedPopup scene({QStringLiteral("a name of many letters.dwg"), QStringLiteral("roof.dwg")});
-    QVERIFY(waitForActive(scene.popup));
-    scene.popup->setFocus();
-    Browser::button(scene.tiles.at(1), "pinButton")->setChecked(true);
-    const QString folder = QStringLiteral("   Show in Folder");
-    QCOMPARE(
-        tree(interfaceOf(scene.popup)),
-        QStringList({"Recent Documents", " Help", " Recent Documents",
-                     "  a name of many letters.dwg, selected, focused", folder,
-                     "   Pin this document to the Recent Documents list, checkable", "  roof.dwg", folder,
-                     "   Unpin this document from the Recent Documents list, checkable, checked"}));
-
-    QAccessibleInterface *tile = interfaceOf(scene.tiles.at(1));
-    QCOMPARE(tile->role(), QAccessible::ListItem);
-    QCOMPARE(tile->text(QAccessible::Description), scene.browser.path(1));
-    QVERIFY(tile->state().selectable && tile->state().focusable);
-    QAccessibleInterface *list = tile->parent();
-    QCOMPARE(list->role(), QAccessible::List);
-    QVERIFY(list->state().multiSelectable);
-    QCOMPARE(list->childAt(tile->rect().center().x(), tile->rect().center().y()), tile);
-    QVERIFY(list->rect().contains(tile->rect()));
-    QCOMPARE(list->parent()->role(), QAccessible::Dialog);
-}
-
-void tst_Accessibility::movesOfTheHighlightAreTold_data()
-{
-    QTest::addColumn<Indices>("highlighted");
-    QTest::addColumn<Keys>("keys");
-    QTest::addColumn<QString>("expected");
-
-    const QPair<int, Qt::KeyboardModifier> right(Qt::Key_Right, Qt::NoModifier);
-    const QPair<int, Qt::KeyboardModifier> longer(Qt::Key_Right, Qt::ShiftModifier);
-    const QPair<int, Qt::KeyboardModifier> shorter(Qt::Key_Left, Qt::ShiftModifier);
-    const QPair<int, Qt::KeyboardModifier> down(Qt::Key_Down, Qt::NoModifier);
-    QTest::newRow("a step") << Indices{0} << Keys{right} << "unselected 1, selected 2, focused 2";
-    QTest::newRow("a run grows") << Indices{0} << Keys{longer} << "selected 2, focused 2";
-    QTest::newRow("a run grows, and shrinks")
-        << Indices{0} << Keys{longer, shorter} << "selected 2, focused 2, unselected 2, focused 1";
-    QTest::newRow("down to a highlighted tile") << Indices{0, 4} << Keys{down} << "unselected 1, focused 5";
-    QTest::newRow("a click") << Indices{0} << Keys{} << "unselected 1, selected 3, focused 3";
-    QTest::newRow("a click on one of several")
-        << Indices{2, 3} << Keys{} << "focused 3, unselected 3, unselected 4, selected 3";
-}
-
-void tst_Accessibility::movesOfTheHighlightAreTold()
-{
-    QFETCH(Indices, highlighted);
-    QFETCH(Keys, keys);
-    QFETCH(QString, expected);
-    OpenGrid grid(5);
-    QVERIFY(waitForActive(grid.popup));
-    grid.popup->setFocus();
-    grid.highlight(highlighted);
-    drainEvents();
-    told.clear();
-    for (const auto &[key, modifier] : keys)
-        grid.press(key, modifier);
-    if (keys.isEmpty())
-        QTest::mouseClick(grid.tiles.at(2), Qt::LeftButton);
-    drainEvents();
-    QCOMPARE(told.join(QStringLiteral(", ")).remove("drawing ").remove(".dwg"), expected);
-    for (RecentDocDialog *tile : qAsConst(grid.tiles)) {
-        const QAccessibleInterface *item = interfaceOf(tile);
-        QCOMPARE(item->state().focused,
-                 told.filter("focused").constLast() == "focused " + item->text(QAccessible::Name));
-    }
-}
-
-void tst_Accessibility::popupHandsItsFocusToTheTile()
-{
-    OpenGrid grid(3);
-    QVERIFY(waitForActive(grid.popup));
-    grid.highlight({1, 2});
-    drainEvents();
-    told.clear();
-    grid.tiles.at(0)->setFocus();
-    grid.popup->setFocus();
-    drainEvents();
-    QCOMPARE(told,
-             QStringList({"focused drawing 1.dwg", "focused Recent Documents", "focused drawing 2.dwg"}));
-    QVERIFY(!interfaceOf(grid.popup)->state().focused);
-    QVERIFY(interfaceOf(grid.tiles.at(1))->state().focused);
-    grid.highlight({});
-    QVERIFY(interfaceOf(grid.popup)->state().focused);
-}
-
-void tst_Accessibility::tileIsHighlightedAndOpened()
-{
-    const OpenGrid grid(3);
-    QVERIFY(waitForActive(grid.popup));
-    grid.popup->setFocus();
-    QCursor::setPos(grid.popup->geometry().bottomRight() + QPoint(50, 50));
-    act(grid.tiles.at(1), 1);
-    QCOMPARE(grid.highlighted(), Indices{1});
-    QVERIFY(grid.popup); // for who has no pointer inside it keeps the focus
-    act(grid.tiles.at(2), 0);
-    QVERIFY(!grid.popup);
-    QCOMPARE(grid.browser.host.openedPaths(), QStringList(grid.browser.path(2)));
-}
-
-void tst_Accessibility::pinIsToggledAsByAClick()
-{
-    const OpenGrid grid(2);
-    told.clear();
-    act(Browser::button(grid.tiles.at(1), "pinButton"));
-    QVERIFY(RecentDocumentBrowser::menuPinButtonList.at(1)->isChecked());
-    QVERIFY(told.contains("named Unpin this document from the Recent Documents list"));
-}
-
-void tst_Accessibility::helpIsPressedAsByAClick()
-{
-    OpenGrid grid(2);
-    grid.browser.host.onRunCommand = [&](const QString & /*name*/) { delete grid.popup; };
-    act(grid.popup->findChild<HelpLabel *>());
-    QCOMPARE(grid.browser.host.commandsRun, QStringList(QStringLiteral("_RHELP")));
-}
-
-void tst_Accessibility::nothingOutlivesTheModule()
-{
-    QAccessible::Id list = 0;
+private slots:
+    void initTestCase()
     {
-        const OpenGrid grid(1);
-        list = QAccessible::uniqueId(interfaceOf(grid.tiles.at(0))->parent());
+        // As if a screen reader had asked: without one Qt tells of nothing.
+        QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
+        QAccessible::installUpdateHandler(note);
     }
-    QVERIFY(!QAccessible::accessibleInterface(list));
-    HelpLabel help(nullptr);
-    QCOMPARE(interfaceOf(&help)->role(), QAccessible::StaticText);
-}
 
-QTEST_MAIN(tst_Accessibility)
+    void cleanupTestCase() { QAccessible::installUpdateHandler(nullptr); }
+
+    void popupIsAListOfDrawings()
+    {
+        MousedPopup scene({QStringLiteral("a name of many letters.dwg"), QStringLiteral("roof.dwg")});
+        QVERIFY(waitForActive(scene.popup));
+        scene.popup->setFocus();
+        Browser::button(scene.tiles.at(1), "pinButton")->setChecked(true);
+        const QString folder = QStringLiteral("   Show in Folder");
+        QCOMPARE(
+            tree(interfaceOf(scene.popup)),
+            QStringList({"Recent Documents", " Help", " Recent Documents",
+                         "  a name of many letters.dwg, selected, focused", folder,
+                         "   Pin this document to the Recent Documents list, checkable", "  roof.dwg", folder,
+                         "   Unpin this document from the Recent Documents list, checkable, checked"}));
+
+        QAccessibleInterface *tile = interfaceOf(scene.tiles.at(1));
+        QCOMPARE(tile->role(), QAccessible::ListItem);
+        QCOMPARE(tile->text(QAccessible::Description), scene.browser.path(1));
+        QVERIFY(tile->state().selectable && tile->state().focusable);
+        QAccessibleInterface *list = tile->parent();
+        QCOMPARE(list->role(), QAccessible::List);
+        QVERIFY(list->state().multiSelectable);
+        QCOMPARE(list->childAt(tile->rect().center().x(), tile->rect().center().y()), tile);
+        QVERIFY(list->rect().contains(tile->rect()));
+        QCOMPARE(list->parent()->role(), QAccessible::Dialog);
+    }
+
+    void movesOfTheHighlightAreTold_data()
+    {
+        QTest::addColumn<Indices>("highlighted");
+        QTest::addColumn<Keys>("keys");
+        QTest::addColumn<QString>("expected");
+
+        const QPair<int, Qt::KeyboardModifier> right(Qt::Key_Right, Qt::NoModifier);
+        const QPair<int, Qt::KeyboardModifier> longer(Qt::Key_Right, Qt::ShiftModifier);
+        const QPair<int, Qt::KeyboardModifier> shorter(Qt::Key_Left, Qt::ShiftModifier);
+        const QPair<int, Qt::KeyboardModifier> down(Qt::Key_Down, Qt::NoModifier);
+        QTest::newRow("a step") << Indices{0} << Keys{right} << "unselected 1, selected 2, focused 2";
+        QTest::newRow("a run grows") << Indices{0} << Keys{longer} << "selected 2, focused 2";
+        QTest::newRow("a run grows, and shrinks")
+            << Indices{0} << Keys{longer, shorter} << "selected 2, focused 2, unselected 2, focused 1";
+        QTest::newRow("down to a highlighted tile")
+            << Indices{0, 4} << Keys{down} << "unselected 1, focused 5";
+        QTest::newRow("a click") << Indices{0} << Keys{} << "unselected 1, selected 3, focused 3";
+        QTest::newRow("a click on one of several")
+            << Indices{2, 3} << Keys{} << "focused 3, unselected 3, unselected 4, selected 3";
+    }
+
+    void movesOfTheHighlightAreTold()
+    {
+        QFETCH(Indices, highlighted);
+        QFETCH(Keys, keys);
+        QFETCH(QString, expected);
+        OpenGrid grid(5);
+        QVERIFY(waitForActive(grid.popup));
+        grid.popup->setFocus();
+        grid.highlight(highlighted);
+        drainEvents();
+        told.clear();
+        for (const auto &[key, modifier] : keys)
+            grid.press(key, modifier);
+        if (keys.isEmpty())
+            QTest::mouseClick(grid.tiles.at(2), Qt::LeftButton);
+        drainEvents();
+        QCOMPARE(told.join(QStringLiteral(", ")).remove("drawing ").remove(".dwg"), expected);
+        for (RecentDocDialog *tile : qAsConst(grid.tiles)) {
+            const QAccessibleInterface *item = interfaceOf(tile);
+            QCOMPARE(item->state().focused,
+                     told.filter("focused").constLast() == "focused " + item->text(QAccessible::Name));
+        }
+    }
+
+    void popupHandsItsFocusToTheTile()
+    {
+        OpenGrid grid(3);
+        QVERIFY(waitForActive(grid.popup));
+        grid.highlight({1, 2});
+        drainEvents();
+        told.clear();
+        grid.tiles.at(0)->setFocus();
+        grid.popup->setFocus();
+        drainEvents();
+        QCOMPARE(told,
+                 QStringList({"focused drawing 1.dwg", "focused Recent Documents", "focused drawing 2.dwg"}));
+        QVERIFY(!interfaceOf(grid.popup)->state().focused);
+        QVERIFY(interfaceOf(grid.tiles.at(1))->state().focused);
+        grid.highlight({});
+        QVERIFY(interfaceOf(grid.popup)->state().focused);
+    }
+
+    void tileIsHighlightedAndOpened()
+    {
+        const OpenGrid grid(3);
+        QVERIFY(waitForActive(grid.popup));
+        grid.popup->setFocus();
+        QCursor::setPos(grid.popup->geometry().bottomRight() + QPoint(50, 50));
+        act(grid.tiles.at(1), 1);
+        QCOMPARE(grid.highlighted(), Indices{1});
+        QVERIFY(grid.popup); // for who has no pointer inside it keeps the focus
+        act(grid.tiles.at(2), 0);
+        QVERIFY(!grid.popup);
+        QCOMPARE(grid.browser.host.openedPaths(), QStringList(grid.browser.path(2)));
+    }
+
+    void pinIsToggledAsByAClick()
+    {
+        const OpenGrid grid(2);
+        told.clear();
+        act(Browser::button(grid.tiles.at(1), "pinButton"));
+        QVERIFY(RecentDocumentBrowser::menuPinButtonList.at(1)->isChecked());
+        QVERIFY(told.contains("named Unpin this document from the Recent Documents list"));
+    }
+
+    void helpIsPressedAsByAClick()
+    {
+        OpenGrid grid(2);
+        grid.browser.host.onRunCommand = [&](const QString & /*name*/) { delete grid.popup; };
+        act(grid.popup->findChild<HelpLabel *>());
+        QCOMPARE(grid.browser.host.commandsRun, QStringList(QStringLiteral("_RHELP")));
+    }
+
+    void nothingOutlivesTheModule()
+    {
+        QAccessible::Id list = 0;
+        {
+            const OpenGrid grid(1);
+            list = QAccessible::uniqueId(interfaceOf(grid.tiles.at(0))->parent());
+        }
+        QVERIFY(!QAccessible::accessibleInterface(list));
+        HelpLabel help(nullptr);
+        QCOMPARE(interfaceOf(&help)->role(), QAccessible::StaticText);
+    }
+};
+
+TEST_CLASS(tst_Accessibility);
 #include "tst_accessibility.moc"

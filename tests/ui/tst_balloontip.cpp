@@ -116,230 +116,219 @@ void drawOutline(QPaintDevice *device, const QRegion &clip, const QColor &line, 
 
 } // namespace
 
-class TestBalloonTip : public TestCase
+class tst_BalloonTip : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void cleanupTestCase();
-    void isAPaleTooltipWindowOfItsOwn();
-    void takesThePlaceOfTheFormer_data();
-    void takesThePlaceOfTheFormer();
-    void mayGoInAnyWay();
-    void nothingElseHidesIt();
-    void messageStandsInTheLayoutOnlyWithAPicture();
-    void labelsAreOfTheirKind();
-    void tipStandsAtThePosition();
-    void marginsFlipNearTheBottom();
-    void outlineHasAPointerAlways();
-};
-
-void TestBalloonTip::cleanupTestCase()
-{
-    QBalloonTip::hideBalloon();
-    drainEvents();
-}
-
-void TestBalloonTip::isAPaleTooltipWindowOfItsOwn()
-{
-    QVERIFY(!QBalloonTip::isBalloonVisible());
-    const QBalloonTip *balloon = shownAt(somewhere);
-    QVERIFY(QBalloonTip::isBalloonVisible());
-    QVERIFY(balloon->isVisible());
-    QVERIFY(!balloon->parentWidget());
-    QCOMPARE(balloon->windowFlags() & Qt::WindowType_Mask, Qt::WindowFlags(Qt::ToolTip));
-    QCOMPARE(balloon->size(), balloon->sizeHint());
-    QCOMPARE(balloon->layout()->sizeConstraint(), QLayout::SetFixedSize);
-    QCOMPARE(balloon->layout()->contentsMargins(), QMargins(3, 3, 3, 3));
-    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        QCOMPARE(balloon->palette().brush(group, QPalette::Window), QBrush(QColor(248, 248, 248, 255)));
-        QCOMPARE(balloon->palette().brush(group, QPalette::WindowText), QBrush(QColor(0, 0, 0, 255)));
-    }
-    const QMetaObject &meta = QBalloonTip::staticMetaObject;
-    QCOMPARE(meta.className(), "QBalloonTip");
-    QCOMPARE(meta.superClass(), &QWidget::staticMetaObject);
-    QCOMPARE(meta.methodCount(), meta.methodOffset());
-    QCOMPARE(meta.propertyCount(), meta.propertyOffset());
-}
-
-void TestBalloonTip::takesThePlaceOfTheFormer_data()
-{
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<bool>("shows");
-    QTest::newRow("title and message") << balloonTitle << balloonMessage << true;
-    QTest::newRow("title alone") << balloonTitle << QString() << true;
-    QTest::newRow("message alone") << QString() << balloonMessage << true;
-    QTest::newRow("a blank") << QString() << " " << true;
-    QTest::newRow("neither: it only hides the former") << QString() << QString("") << false;
-}
-
-void TestBalloonTip::takesThePlaceOfTheFormer()
-{
-    QFETCH(QString, title);
-    QFETCH(QString, message);
-    QFETCH(bool, shows);
-    const QPointer<QBalloonTip> former = shownAt(somewhere);
-    QBalloonTip::showBalloon(greenPicture(), title, message, somewhere, 1000, true);
-    QVERIFY(!former->isVisible());
-    QCOMPARE(QBalloonTip::isBalloonVisible(), shows);
-    drainEvents(); // the former is deleted now, when the next one is up
-    QVERIFY(!former);
-    QCOMPARE(QBalloonTip::isBalloonVisible(), shows);
-    QCOMPARE(balloons().size(), shows ? 1 : 0);
-}
-
-void TestBalloonTip::mayGoInAnyWay()
-{
-    const QList<std::function<void(QBalloonTip *)>> ways = {
-        [](QBalloonTip * /*balloon*/) { QBalloonTip::hideBalloon(); },
-        [](QBalloonTip *balloon) { balloon->close(); },
-        [](QBalloonTip *balloon) { delete balloon; },
-    };
-    for (const auto &letGo : ways) {
-        const QPointer<QBalloonTip> balloon = shownAt(somewhere);
-        letGo(balloon);
-        QVERIFY(!QBalloonTip::isBalloonVisible());
-        drainEvents();
-        QVERIFY(!balloon);
-        QVERIFY(!QBalloonTip::isBalloonVisible());
-        QBalloonTip::hideBalloon(); // nothing is left to hide
-    }
-    QBalloonTip *balloon = shownAt(somewhere);
-    balloon->hide();
-    QVERIFY(!QBalloonTip::isBalloonVisible());
-    balloon->show();
-    QVERIFY(QBalloonTip::isBalloonVisible());
-}
-
-void TestBalloonTip::nothingElseHidesIt()
-{
-    for (const int timeout : {0, 1, -1}) {
-        const QBalloonTip *balloon = shownAt(somewhere, greenPicture(), timeout);
-        QVERIFY(QAbstractEventDispatcher::instance()->registeredTimers(balloons().constFirst()).isEmpty());
-        QVERIFY(balloon->findChildren<QTimer *>().isEmpty());
-    }
-    QBalloonTip *balloon = balloons().constFirst();
-    QTimerEvent timer(1); // not even a timer of somebody's
-    QCoreApplication::sendEvent(balloon, &timer);
-    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
-        QMouseEvent press(QEvent::MouseButtonPress, QPointF(60, 40), button, button, Qt::NoModifier);
-        QCoreApplication::sendEvent(balloon, &press);
-        QVERIFY(press.isAccepted());
-        QTest::mouseClick(balloon, button);
-    }
-    drainEvents();
-    QVERIFY(QBalloonTip::isBalloonVisible());
-    QCOMPARE(balloons(), QList<QBalloonTip *>({balloon}));
-}
-
-void TestBalloonTip::messageStandsInTheLayoutOnlyWithAPicture()
-{
-    // The labels without text: the picture, and an empty one in the pointer's room, as the spacer.
-    const QBalloonTip *balloon = shownAt(somewhere);
-    QCOMPARE(contentOf(balloon), QStringList({balloonTitle + " 0 1 1x1 1", " 1 1 1x1 1", " 0 0 1x1 0",
-                                              "spacer 0 0 1x1 0", balloonMessage + " 2 1 1x1 1"}));
-    const QLayoutItem *spacer = balloon->layout()->itemAt(3);
-    QCOMPARE(spacer->sizeHint(), QSize(40, 20));
-    QCOMPARE(spacer->expandingDirections(), Qt::Horizontal);
-
-    balloon = shownAt(somewhere, QImage());
-    QCOMPARE(contentOf(balloon),
-             QStringList({balloonTitle + " 0 1 1x2 1", " 0 0 1x1 0", "spacer 0 0 1x1 0"}));
-    QCOMPARE(balloon->findChildren<QLabel *>().at(1)->pos(), QPoint(0, 0));
-}
-
-void TestBalloonTip::labelsAreOfTheirKind()
-{
-    const QList<QLabel *> labels = shownAt(somewhere)->findChildren<QLabel *>();
-    const QLabel *title = labels.at(0);
-    QCOMPARE(title->text(), balloonTitle);
-    QCOMPARE(title->textFormat(), Qt::PlainText);
-    QVERIFY(title->wordWrap());
-    QFont bold = QLabel().font();
-    bold.setWeight(75);
-    QCOMPARE(title->font(), bold);
-
-    const QLabel *message = labels.at(1);
-    QCOMPARE(message->text(), balloonMessage);
-    QCOMPARE(message->textFormat(), Qt::PlainText);
-    QVERIFY(message->wordWrap());
-    QCOMPARE(message->minimumWidth(), 166);
-    QCOMPARE(message->maximumWidth(), 166);
-    QCOMPARE(message->alignment(), Qt::AlignLeft | Qt::AlignTop);
-    QCOMPARE(message->indent(), 1);
-
-    const QLabel *picture = labels.at(2);
-    QCOMPARE(picture->minimumSize(), QSize(161, 91));
-    QCOMPARE(picture->maximumSize(), QSize(161, 91));
-    QVERIFY(picture->hasScaledContents());
-    QCOMPARE(picture->pixmap(Qt::ReturnByValue).toImage(), QPixmap::fromImage(greenPicture()).toImage());
-    QCOMPARE(picture->styleSheet().simplified(),
-             "QLabel { border-width: 0.1px; border: 1px solid; border-color: #C0C0C0; "
-             "background-color: rgb(255, 255, 255) }");
-}
-
-void TestBalloonTip::tipStandsAtThePosition()
-{
-    // Amid the screen and at its edges: it may reach out at the right and at the bottom.
-    for (const QPoint position :
-         {somewhere, QPoint(0, 200), QPoint(300, 30), QPoint(790, 200), QPoint(300, 790)})
-        QCOMPARE(shownAt(position)->pos() + QPoint(0, 25), position);
-}
-
-void TestBalloonTip::marginsFlipNearTheBottom()
-{
-    for (const bool elsewhere : {false, true}) {
-        auto *screen = elsewhere ? new ScreenElsewhere : nullptr;
-        if (screen)
-            QWindowSystemInterface::handleScreenAdded(screen, true);
-        const QPoint corner = QGuiApplication::primaryScreen()->geometry().topLeft();
-        const int x = corner.x() + 100;
-        const int lowest = lowestUnflipped(shownAt(corner + QPoint(100, 100)));
-        const QMargins margins = shownAt(QPoint(x, lowest))->contentsMargins();
-        const QMargins flipped = shownAt(QPoint(x, lowest + 1))->contentsMargins();
-        const QPoint movedIn = shownAt(QPoint(-1, 200))->pos(); // on no screen
+    void cleanupTestCase()
+    {
         QBalloonTip::hideBalloon();
         drainEvents();
-        if (screen)
-            QWindowSystemInterface::handleScreenRemoved(screen);
-        QCOMPARE(margins, QMargins(4, 21, 4, 3));
-        QCOMPARE(flipped, QMargins(4, 3, 4, 21)); // the height counts, and not where the screen ends
-        QCOMPARE(movedIn, QPoint(corner.x(), 175));
-    }
-}
-
-void TestBalloonTip::outlineHasAPointerAlways()
-{
-    QBalloonTip *balloon = nullptr;
-    for (const bool showArrow : {false, true}) {
-        const QPoint position(300, showArrow ? 200 : 790); // there the margins are flipped
-        balloon = shownAt(position, greenPicture(), 1000, showArrow);
-        QBitmap mask(balloon->size());
-        mask.fill(Qt::color0);
-        drawOutline(&mask, mask.rect(), Qt::color1, Qt::color1);
-        QCOMPARE(balloon->mask(), QRegion(mask));
-
-        QImage image(balloon->size(), QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::transparent);
-        QImage expected = image;
-        balloon->render(&image, balloon->mask().boundingRect().topLeft(), balloon->mask(),
-                        {}); // without what stands in it
-        // The border is the ground, darker by 1.6.
-        drawOutline(&expected, balloon->mask(), QColor(155, 155, 155), QColor(248, 248, 248));
-        QCOMPARE(image, expected);
     }
 
-    // It is drawn for this size; in another one it is stretched.
-    balloon->layout()->setSizeConstraint(QLayout::SetNoConstraint);
-    balloon->setMinimumSize(0, 0);
-    balloon->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-    balloon->resize(balloon->width() * 2, balloon->height());
-    const QImage wide = balloon->grab().toImage();
-    QCOMPARE(wide.pixelColor(2 * 38, 80), QColor(155, 155, 155));
-    QCOMPARE(wide.pixelColor(2 * 38 + 1, 80), QColor(155, 155, 155));
-    QCOMPARE(wide.pixelColor(2 * 39 + 2, 80), QColor(248, 248, 248));
-}
+    void isAPaleTooltipWindowOfItsOwn()
+    {
+        QVERIFY(!QBalloonTip::isBalloonVisible());
+        const QBalloonTip *balloon = shownAt(somewhere);
+        QVERIFY(QBalloonTip::isBalloonVisible());
+        QVERIFY(balloon->isVisible());
+        QVERIFY(!balloon->parentWidget());
+        QCOMPARE(balloon->windowFlags() & Qt::WindowType_Mask, Qt::WindowFlags(Qt::ToolTip));
+        QCOMPARE(balloon->size(), balloon->sizeHint());
+        QCOMPARE(balloon->layout()->sizeConstraint(), QLayout::SetFixedSize);
+        QCOMPARE(balloon->layout()->contentsMargins(), QMargins(3, 3, 3, 3));
+        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            QCOMPARE(balloon->palette().brush(group, QPalette::Window), QBrush(QColor(248, 248, 248, 255)));
+            QCOMPARE(balloon->palette().brush(group, QPalette::WindowText), QBrush(QColor(0, 0, 0, 255)));
+        }
+        const QMetaObject &meta = QBalloonTip::staticMetaObject;
+        QCOMPARE(meta.className(), "QBalloonTip");
+        QCOMPARE(meta.superClass(), &QWidget::staticMetaObject);
+        QCOMPARE(meta.methodCount(), meta.methodOffset());
+        QCOMPARE(meta.propertyCount(), meta.propertyOffset());
+    }
 
-QTEST_MAIN(TestBalloonTip)
+    void takesThePlaceOfTheFormer_data()
+    {
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<bool>("shows");
+        QTest::newRow("title and message") << balloonTitle << balloonMessage << true;
+        QTest::newRow("title alone") << balloonTitle << QString() << true;
+        QTest::newRow("message alone") << QString() << balloonMessage << true;
+        QTest::newRow("a blank") << QString() << " " << true;
+        QTest::newRow("neither: it only hides the former") << QString() << QString("") << false;
+    }
+
+    void takesThePlaceOfTheFormer()
+    {
+        QFETCH(QString, title);
+        QFETCH(QString, message);
+        QFETCH(bool, shows);
+        const QPointer<QBalloonTip> former = shownAt(somewhere);
+        QBalloonTip::showBalloon(greenPicture(), title, message, somewhere, 1000, true);
+        QVERIFY(!former->isVisible());
+        QCOMPARE(QBalloonTip::isBalloonVisible(), shows);
+        drainEvents(); // the former is deleted now, when the next one is up
+        QVERIFY(!former);
+        QCOMPARE(QBalloonTip::isBalloonVisible(), shows);
+        QCOMPARE(balloons().size(), shows ? 1 : 0);
+    }
+
+    void mayGoInAnyWay()
+    {
+        const QList<std::function<void(QBalloonTip *)>> ways = {
+            [](QBalloonTip * /*balloon*/) { QBalloonTip::hideBalloon(); },
+            [](QBalloonTip *balloon) { balloon->close(); },
+            [](QBalloonTip *balloon) { delete balloon; },
+        };
+        for (const auto &letGo : ways) {
+            const QPointer<QBalloonTip> balloon = shownAt(somewhere);
+            letGo(balloon);
+            QVERIFY(!QBalloonTip::isBalloonVisible());
+            drainEvents();
+            QVERIFY(!balloon);
+            QVERIFY(!QBalloonTip::isBalloonVisible());
+            QBalloonTip::hideBalloon(); // nothing is left to hide
+        }
+        QBalloonTip *balloon = shownAt(somewhere);
+        balloon->hide();
+        QVERIFY(!QBalloonTip::isBalloonVisible());
+        balloon->show();
+        QVERIFY(QBalloonTip::isBalloonVisible());
+    }
+
+    void nothingElseHidesIt()
+    {
+        for (const int timeout : {0, 1, -1}) {
+            const QBalloonTip *balloon = shownAt(somewhere, greenPicture(), timeout);
+            QVERIFY(
+                QAbstractEventDispatcher::instance()->registeredTimers(balloons().constFirst()).isEmpty());
+            QVERIFY(balloon->findChildren<QTimer *>().isEmpty());
+        }
+        QBalloonTip *balloon = balloons().constFirst();
+        QTimerEvent timer(1); // not even a timer of somebody's
+        QCoreApplication::sendEvent(balloon, &timer);
+        for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
+            QMouseEvent press(QEvent::MouseButtonPress, QPointF(60, 40), button, button, Qt::NoModifier);
+            QCoreApplication::sendEvent(balloon, &press);
+            QVERIFY(press.isAccepted());
+            QTest::mouseClick(balloon, button);
+        }
+        drainEvents();
+        QVERIFY(QBalloonTip::isBalloonVisible());
+        QCOMPARE(balloons(), QList<QBalloonTip *>({balloon}));
+    }
+
+    void messageStandsInTheLayoutOnlyWithAPicture()
+    {
+        // The labels without text: the picture, and an empty one in the pointer's room, as the spacer.
+        const QBalloonTip *balloon = shownAt(somewhere);
+        QCOMPARE(contentOf(balloon), QStringList({balloonTitle + " 0 1 1x1 1", " 1 1 1x1 1", " 0 0 1x1 0",
+                                                  "spacer 0 0 1x1 0", balloonMessage + " 2 1 1x1 1"}));
+        const QLayoutItem *spacer = balloon->layout()->itemAt(3);
+        QCOMPARE(spacer->sizeHint(), QSize(40, 20));
+        QCOMPARE(spacer->expandingDirections(), Qt::Horizontal);
+
+        balloon = shownAt(somewhere, QImage());
+        QCOMPARE(contentOf(balloon),
+                 QStringList({balloonTitle + " 0 1 1x2 1", " 0 0 1x1 0", "spacer 0 0 1x1 0"}));
+        QCOMPARE(balloon->findChildren<QLabel *>().at(1)->pos(), QPoint(0, 0));
+    }
+
+    void labelsAreOfTheirKind()
+    {
+        const QList<QLabel *> labels = shownAt(somewhere)->findChildren<QLabel *>();
+        const QLabel *title = labels.at(0);
+        QCOMPARE(title->text(), balloonTitle);
+        QCOMPARE(title->textFormat(), Qt::PlainText);
+        QVERIFY(title->wordWrap());
+        QFont bold = QLabel().font();
+        bold.setWeight(75);
+        QCOMPARE(title->font(), bold);
+
+        const QLabel *message = labels.at(1);
+        QCOMPARE(message->text(), balloonMessage);
+        QCOMPARE(message->textFormat(), Qt::PlainText);
+        QVERIFY(message->wordWrap());
+        QCOMPARE(message->minimumWidth(), 166);
+        QCOMPARE(message->maximumWidth(), 166);
+        QCOMPARE(message->alignment(), Qt::AlignLeft | Qt::AlignTop);
+        QCOMPARE(message->indent(), 1);
+
+        const QLabel *picture = labels.at(2);
+        QCOMPARE(picture->minimumSize(), QSize(161, 91));
+        QCOMPARE(picture->maximumSize(), QSize(161, 91));
+        QVERIFY(picture->hasScaledContents());
+        QCOMPARE(picture->pixmap(Qt::ReturnByValue).toImage(), QPixmap::fromImage(greenPicture()).toImage());
+        QCOMPARE(picture->styleSheet().simplified(),
+                 "QLabel { border-width: 0.1px; border: 1px solid; border-color: #C0C0C0; "
+                 "background-color: rgb(255, 255, 255) }");
+    }
+
+    void tipStandsAtThePosition()
+    {
+        // Amid the screen and at its edges: it may reach out at the right and at the bottom.
+        for (const QPoint position :
+             {somewhere, QPoint(0, 200), QPoint(300, 30), QPoint(790, 200), QPoint(300, 790)})
+            QCOMPARE(shownAt(position)->pos() + QPoint(0, 25), position);
+    }
+
+    void marginsFlipNearTheBottom()
+    {
+        for (const bool elsewhere : {false, true}) {
+            auto *screen = elsewhere ? new ScreenElsewhere : nullptr;
+            if (screen)
+                QWindowSystemInterface::handleScreenAdded(screen, true);
+            const QPoint corner = QGuiApplication::primaryScreen()->geometry().topLeft();
+            const int x = corner.x() + 100;
+            const int lowest = lowestUnflipped(shownAt(corner + QPoint(100, 100)));
+            const QMargins margins = shownAt(QPoint(x, lowest))->contentsMargins();
+            const QMargins flipped = shownAt(QPoint(x, lowest + 1))->contentsMargins();
+            const QPoint movedIn = shownAt(QPoint(-1, 200))->pos(); // on no screen
+            QBalloonTip::hideBalloon();
+            drainEvents();
+            if (screen)
+                QWindowSystemInterface::handleScreenRemoved(screen);
+            QCOMPARE(margins, QMargins(4, 21, 4, 3));
+            QCOMPARE(flipped, QMargins(4, 3, 4, 21)); // the height counts, and not where the screen ends
+            QCOMPARE(movedIn, QPoint(corner.x(), 175));
+        }
+    }
+
+    void outlineHasAPointerAlways()
+    {
+        QBalloonTip *balloon = nullptr;
+        for (const bool showArrow : {false, true}) {
+            const QPoint position(300, showArrow ? 200 : 790); // there the margins are flipped
+            balloon = shownAt(position, greenPicture(), 1000, showArrow);
+            QBitmap mask(balloon->size());
+            mask.fill(Qt::color0);
+            drawOutline(&mask, mask.rect(), Qt::color1, Qt::color1);
+            QCOMPARE(balloon->mask(), QRegion(mask));
+
+            QImage image(balloon->size(), QImage::Format_ARGB32_Premultiplied);
+            image.fill(Qt::transparent);
+            QImage expected = image;
+            balloon->render(&image, balloon->mask().boundingRect().topLeft(), balloon->mask(),
+                            {}); // without what stands in it
+            // The border is the ground, darker by 1.6.
+            drawOutline(&expected, balloon->mask(), QColor(155, 155, 155), QColor(248, 248, 248));
+            QCOMPARE(image, expected);
+        }
+
+        // It is drawn for this size; in another one it is stretched.
+        balloon->layout()->setSizeConstraint(QLayout::SetNoConstraint);
+        balloon->setMinimumSize(0, 0);
+        balloon->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        balloon->resize(balloon->width() * 2, balloon->height());
+        const QImage wide = balloon->grab().toImage();
+        QCOMPARE(wide.pixelColor(2 * 38, 80), QColor(155, 155, 155));
+        QCOMPARE(wide.pixelColor(2 * 38 + 1, 80), QColor(155, 155, 155));
+        QCOMPARE(wide.pixelColor(2 * 39 + 2, 80), QColor(248, 248, 248));
+    }
+};
+
+TEST_CLASS(tst_BalloonTip);
 #include "tst_balloontip.moc"

@@ -23,251 +23,239 @@ protected:
 } // namespace
 
 //! Which drags the popup tracks, the strip that it becomes while a tile is outside, and the way back.
-class TestDragEvents : public TestCase
+class tst_DragEvents : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void onlyTheBrowsersOwnDragsAreTracked_data();
-    void onlyTheBrowsersOwnDragsAreTracked();
-    void movesAreNeitherTakenNorRefused();
-    void dropDoesNothing();
-    void edgeOfElevenPixelsCountsAsOutside_data();
-    void edgeOfElevenPixelsCountsAsOutside();
-    void nothingHappensWithoutAHeldTile();
-    void everyMoveOutsideLeavesTheHeaderAlone();
-    void moveBackInsideRestoresAllButTheDraggedTile();
-    void moveInsideAtFullSizeOnlyHidesTheDraggedTile();
-    void onlyTheCellsOfTilesAreHiddenAndShown();
-    void leavingTheStripFormsItAgain();
-    void leavingAtFullSizeChangesNothing();
-};
-
-void TestDragEvents::onlyTheBrowsersOwnDragsAreTracked_data()
-{
-    QTest::addColumn<QStringList>("formats");
-    QTest::addColumn<bool>("accepted");
-    const QString urls = QStringLiteral("text/uri-list");
-    QTest::newRow("a tile") << QStringList{DraggedTile::format(), urls} << true;
-    QTest::newRow("the tile's format alone") << QStringList{DraggedTile::format()} << true;
-    QTest::newRow("a file") << QStringList{urls} << false;
-    QTest::newRow("another format of the kind")
-        << QStringList{urls, "application/corvel.DR.Layout2"} << false;
-    QTest::newRow("nothing") << QStringList{} << false;
-}
-
-void TestDragEvents::onlyTheBrowsersOwnDragsAreTracked()
-{
-    QFETCH(QStringList, formats);
-    QFETCH(bool, accepted);
-    DraggedTile drag(3, -1); // it is not asked whether a tile is held
-    QMimeData data;
-    for (const QString &format : formats)
-        data.setData(format, "file:///home/u/a.dwg");
-    for (const bool before : {false, true}) {
-        QDragEnterEvent event(QPoint(40, 40), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
-                              Qt::NoModifier);
-        event.setAccepted(before);
-        const Qt::DropAction other =
-            event.proposedAction() == Qt::CopyAction ? Qt::MoveAction : Qt::CopyAction;
-        event.setDropAction(other);
-        deliver(drag.popup, &event);
-        QCOMPARE(event.isAccepted(), accepted);
-        QCOMPARE(event.dropAction(), accepted ? event.proposedAction() : other);
+    void onlyTheBrowsersOwnDragsAreTracked_data()
+    {
+        QTest::addColumn<QStringList>("formats");
+        QTest::addColumn<bool>("accepted");
+        const QString urls = QStringLiteral("text/uri-list");
+        QTest::newRow("a tile") << QStringList{DraggedTile::format(), urls} << true;
+        QTest::newRow("the tile's format alone") << QStringList{DraggedTile::format()} << true;
+        QTest::newRow("a file") << QStringList{urls} << false;
+        QTest::newRow("another format of the kind")
+            << QStringList{urls, "application/corvel.DR.Layout2"} << false;
+        QTest::newRow("nothing") << QStringList{} << false;
     }
-    QVERIFY(!drag.popup->isCollapsed);
-}
 
-void TestDragEvents::movesAreNeitherTakenNorRefused()
-{
-    DraggedTile drag;
-    for (const QPoint pointer : {DraggedTile::fullSize.center(), DraggedTile::outside}) {
-        QCursor::setPos(pointer);
-        for (const bool before : {false, true}) { // as the answer to the entering was
-            QDragMoveEvent event(QPoint(40, 40), Qt::CopyAction, &drag.data, Qt::LeftButton, Qt::NoModifier);
+    void onlyTheBrowsersOwnDragsAreTracked()
+    {
+        QFETCH(QStringList, formats);
+        QFETCH(bool, accepted);
+        DraggedTile drag(3, -1); // it is not asked whether a tile is held
+        QMimeData data;
+        for (const QString &format : formats)
+            data.setData(format, "file:///home/u/a.dwg");
+        for (const bool before : {false, true}) {
+            QDragEnterEvent event(QPoint(40, 40), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                                  Qt::NoModifier);
             event.setAccepted(before);
+            const Qt::DropAction other =
+                event.proposedAction() == Qt::CopyAction ? Qt::MoveAction : Qt::CopyAction;
+            event.setDropAction(other);
             deliver(drag.popup, &event);
-            QCOMPARE(event.isAccepted(), before);
+            QCOMPARE(event.isAccepted(), accepted);
+            QCOMPARE(event.dropAction(), accepted ? event.proposedAction() : other);
+        }
+        QVERIFY(!drag.popup->isCollapsed);
+    }
+
+    void movesAreNeitherTakenNorRefused()
+    {
+        DraggedTile drag;
+        for (const QPoint pointer : {DraggedTile::fullSize.center(), DraggedTile::outside}) {
+            QCursor::setPos(pointer);
+            for (const bool before : {false, true}) { // as the answer to the entering was
+                QDragMoveEvent event(QPoint(40, 40), Qt::CopyAction, &drag.data, Qt::LeftButton,
+                                     Qt::NoModifier);
+                event.setAccepted(before);
+                deliver(drag.popup, &event);
+                QCOMPARE(event.isAccepted(), before);
+            }
         }
     }
-}
 
-void TestDragEvents::dropDoesNothing()
-{
-    for (const bool collapsed : {false, true}) {
+    void dropDoesNothing()
+    {
+        for (const bool collapsed : {false, true}) {
+            DraggedTile drag;
+            drag.dragTo(collapsed ? DraggedTile::outside : DraggedTile::fullSize.center());
+            QDropEvent event(QPointF(20, 20), Qt::CopyAction, &drag.data, Qt::LeftButton, Qt::NoModifier);
+            deliver(drag.popup, &event);
+            drainEvents();
+            QVERIFY(!event.isAccepted());
+            QCOMPARE(drag.popup->isCollapsed, collapsed);
+            QCOMPARE(drag.popup->geometry(), collapsed ? DraggedTile::strip : DraggedTile::fullSize);
+            QVERIFY(!drag.tiles.at(1)->isVisible()); // only the end of the drag shows it again
+            QCOMPARE(drag.browser.host.openedPaths(), QStringList());
+        }
+    }
+
+    void edgeOfElevenPixelsCountsAsOutside_data()
+    {
+        QTest::addColumn<bool>("wasCollapsed");
+        QTest::addColumn<QPoint>("pointer");
+        QTest::addColumn<bool>("isInside");
+        const auto row = [](const char *name, bool wasCollapsed, const QPoint &pointer, bool isInside) {
+            QTest::newRow(name) << wasCollapsed << pointer << isInside;
+        };
+        const QRect inner(QPoint(299, 310),
+                          QPoint(1000, 488)); // 11 pixels inside of the first and last pixel
+        row("upper left corner", false, inner.topLeft(), true);
+        row("lower right corner", false, inner.bottomRight(), true);
+        row("one pixel left", false, inner.topLeft() - QPoint(1, 0), false);
+        row("one pixel up", false, inner.topLeft() - QPoint(0, 1), false);
+        row("one pixel right", false, inner.bottomRight() + QPoint(1, 0), false);
+        row("one pixel down", false, inner.bottomRight() + QPoint(0, 1), false);
+        const QRect innerOfStrip(QPoint(299, 310), QPoint(1000, 319));
+        row("the strip's upper left corner", true, innerOfStrip.topLeft(), true);
+        row("its lower right corner", true, innerOfStrip.bottomRight(), true);
+        row("one pixel too high for the strip", true, innerOfStrip.topLeft() - QPoint(0, 1), false);
+        row("one pixel too low", true, innerOfStrip.bottomRight() + QPoint(0, 1), false);
+        row("the middle of the full size", true, DraggedTile::fullSize.center(), false);
+    }
+
+    void edgeOfElevenPixelsCountsAsOutside()
+    {
+        QFETCH(bool, wasCollapsed);
+        QFETCH(QPoint, pointer);
+        QFETCH(bool, isInside);
         DraggedTile drag;
-        drag.dragTo(collapsed ? DraggedTile::outside : DraggedTile::fullSize.center());
-        QDropEvent event(QPointF(20, 20), Qt::CopyAction, &drag.data, Qt::LeftButton, Qt::NoModifier);
-        deliver(drag.popup, &event);
-        drainEvents();
-        QVERIFY(!event.isAccepted());
-        QCOMPARE(drag.popup->isCollapsed, collapsed);
-        QCOMPARE(drag.popup->geometry(), collapsed ? DraggedTile::strip : DraggedTile::fullSize);
-        QVERIFY(!drag.tiles.at(1)->isVisible()); // only the end of the drag shows it again
-        QCOMPARE(drag.browser.host.openedPaths(), QStringList());
+        QCOMPARE(drag.popup->geometry(), DraggedTile::fullSize);
+        if (wasCollapsed)
+            drag.dragTo(DraggedTile::outside);
+        drag.dragTo(pointer);
+        QCOMPARE(drag.popup->isCollapsed, !isInside);
+        QCOMPARE(drag.popup->geometry(), isInside ? DraggedTile::fullSize : DraggedTile::strip);
+        QVERIFY(!drag.tiles.at(1)->isVisible()); // in both cases
     }
-}
 
-void TestDragEvents::edgeOfElevenPixelsCountsAsOutside_data()
-{
-    QTest::addColumn<bool>("wasCollapsed");
-    QTest::addColumn<QPoint>("pointer");
-    QTest::addColumn<bool>("isInside");
-    const auto row = [](const char *name, bool wasCollapsed, const QPoint &pointer, bool isInside) {
-        QTest::newRow(name) << wasCollapsed << pointer << isInside;
-    };
-    const QRect inner(QPoint(299, 310), QPoint(1000, 488)); // 11 pixels inside of the first and last pixel
-    row("upper left corner", false, inner.topLeft(), true);
-    row("lower right corner", false, inner.bottomRight(), true);
-    row("one pixel left", false, inner.topLeft() - QPoint(1, 0), false);
-    row("one pixel up", false, inner.topLeft() - QPoint(0, 1), false);
-    row("one pixel right", false, inner.bottomRight() + QPoint(1, 0), false);
-    row("one pixel down", false, inner.bottomRight() + QPoint(0, 1), false);
-    const QRect innerOfStrip(QPoint(299, 310), QPoint(1000, 319));
-    row("the strip's upper left corner", true, innerOfStrip.topLeft(), true);
-    row("its lower right corner", true, innerOfStrip.bottomRight(), true);
-    row("one pixel too high for the strip", true, innerOfStrip.topLeft() - QPoint(0, 1), false);
-    row("one pixel too low", true, innerOfStrip.bottomRight() + QPoint(0, 1), false);
-    row("the middle of the full size", true, DraggedTile::fullSize.center(), false);
-}
-
-void TestDragEvents::edgeOfElevenPixelsCountsAsOutside()
-{
-    QFETCH(bool, wasCollapsed);
-    QFETCH(QPoint, pointer);
-    QFETCH(bool, isInside);
-    DraggedTile drag;
-    QCOMPARE(drag.popup->geometry(), DraggedTile::fullSize);
-    if (wasCollapsed)
+    void nothingHappensWithoutAHeldTile()
+    {
+        DraggedTile drag(3, -1);
         drag.dragTo(DraggedTile::outside);
-    drag.dragTo(pointer);
-    QCOMPARE(drag.popup->isCollapsed, !isInside);
-    QCOMPARE(drag.popup->geometry(), isInside ? DraggedTile::fullSize : DraggedTile::strip);
-    QVERIFY(!drag.tiles.at(1)->isVisible()); // in both cases
-}
+        QVERIFY(!drag.popup->isCollapsed);
+        QCOMPARE(drag.popup->geometry(), DraggedTile::fullSize);
+        QVERIFY(drag.hasFullForm());
+        QCOMPARE(drag.shown(), QList<int>({0, 1, 2}));
 
-void TestDragEvents::nothingHappensWithoutAHeldTile()
-{
-    DraggedTile drag(3, -1);
-    drag.dragTo(DraggedTile::outside);
-    QVERIFY(!drag.popup->isCollapsed);
-    QCOMPARE(drag.popup->geometry(), DraggedTile::fullSize);
-    QVERIFY(drag.hasFullForm());
-    QCOMPARE(drag.shown(), QList<int>({0, 1, 2}));
-
-    drag.popup->dragDialog = drag.tiles.first();
-    drag.dragTo(DraggedTile::outside);
-    delete drag.tiles.takeFirst(); // it may go meanwhile
-    drag.dragTo(DraggedTile::strip.center());
-    QVERIFY(drag.popup->isCollapsed);
-    QCOMPARE(drag.popup->geometry(), DraggedTile::strip);
-    QCOMPARE(drag.shown(), QList<int>());
-}
-
-void TestDragEvents::everyMoveOutsideLeavesTheHeaderAlone()
-{
-    DraggedTile drag(6); // two rows, the second of two tiles
-    const QRect strip(drag.popup->popupX, drag.popup->popupY, 724, 32);
-    for (int i = 0; i < 3; ++i) {
-        drag.dragTo(DraggedTile::outside + QPoint(i, 0));
+        drag.popup->dragDialog = drag.tiles.first();
+        drag.dragTo(DraggedTile::outside);
+        delete drag.tiles.takeFirst(); // it may go meanwhile
+        drag.dragTo(DraggedTile::strip.center());
         QVERIFY(drag.popup->isCollapsed);
-        QCOMPARE(drag.popup->geometry(), strip);
-        QVERIFY(drag.hasStripForm());
+        QCOMPARE(drag.popup->geometry(), DraggedTile::strip);
         QCOMPARE(drag.shown(), QList<int>());
-        drainEvents(); // layouts have run
-        QCOMPARE(drag.popup->geometry(), strip);
-        QVERIFY(drag.popup->main_label_title->isVisible());
+    }
+
+    void everyMoveOutsideLeavesTheHeaderAlone()
+    {
+        DraggedTile drag(6); // two rows, the second of two tiles
+        const QRect strip(drag.popup->popupX, drag.popup->popupY, 724, 32);
+        for (int i = 0; i < 3; ++i) {
+            drag.dragTo(DraggedTile::outside + QPoint(i, 0));
+            QVERIFY(drag.popup->isCollapsed);
+            QCOMPARE(drag.popup->geometry(), strip);
+            QVERIFY(drag.hasStripForm());
+            QCOMPARE(drag.shown(), QList<int>());
+            drainEvents(); // layouts have run
+            QCOMPARE(drag.popup->geometry(), strip);
+            QVERIFY(drag.popup->main_label_title->isVisible());
+            drag.disturb();
+            for (RecentDocDialog *tile : qAsConst(drag.tiles))
+                tile->show();
+        }
+    }
+
+    void moveBackInsideRestoresAllButTheDraggedTile()
+    {
+        DraggedTile drag(6);
+        const QRect before = drag.popup->geometry();
+        drag.dragTo(DraggedTile::outside);
+        drainEvents();
+        drag.popup->move(100, 600); // it comes back to its own place
+        const ShowCount restored(drag.tiles.at(0));
+        const ShowCount flickered(drag.tiles.at(1));
+        drag.dragTo(drag.popup->geometry().center());
+        QVERIFY(!drag.popup->isCollapsed);
+        QCOMPARE(drag.popup->geometry(), before);
+        QVERIFY(drag.hasFullForm());
+        QCOMPARE(drag.shown(), QList<int>({0, 2, 3, 4, 5}));
+        QCOMPARE(restored.shows, 1);
+        QCOMPARE(flickered.shows, 0);
+        drainEvents();
+        QCOMPARE(drag.popup->geometry(), before);
+        QCOMPARE(drag.tiles.at(2)->pos().y(), drag.tiles.at(0)->pos().y());
+        QVERIFY(drag.tiles.at(2)->x() > drag.tiles.at(0)->x() + 2 * 161); // the cell between them is kept
+    }
+
+    void moveInsideAtFullSizeOnlyHidesTheDraggedTile()
+    {
+        DraggedTile drag;
+        drag.tiles.at(2)->hide();
         drag.disturb();
-        for (RecentDocDialog *tile : qAsConst(drag.tiles))
-            tile->show();
+        drag.dragTo(drag.popup->geometry().center());
+        QVERIFY(drag.isStillDisturbed());
+        QVERIFY(!drag.popup->isCollapsed);
+        QCOMPARE(drag.shown(), QList<int>({0}));
+        QCOMPARE(drag.popup->dragDialog.data(), drag.tiles.at(1));
     }
-}
 
-void TestDragEvents::moveBackInsideRestoresAllButTheDraggedTile()
-{
-    DraggedTile drag(6);
-    const QRect before = drag.popup->geometry();
-    drag.dragTo(DraggedTile::outside);
-    drainEvents();
-    drag.popup->move(100, 600); // it comes back to its own place
-    const ShowCount restored(drag.tiles.at(0));
-    const ShowCount flickered(drag.tiles.at(1));
-    drag.dragTo(drag.popup->geometry().center());
-    QVERIFY(!drag.popup->isCollapsed);
-    QCOMPARE(drag.popup->geometry(), before);
-    QVERIFY(drag.hasFullForm());
-    QCOMPARE(drag.shown(), QList<int>({0, 2, 3, 4, 5}));
-    QCOMPARE(restored.shows, 1);
-    QCOMPARE(flickered.shows, 0);
-    drainEvents();
-    QCOMPARE(drag.popup->geometry(), before);
-    QCOMPARE(drag.tiles.at(2)->pos().y(), drag.tiles.at(0)->pos().y());
-    QVERIFY(drag.tiles.at(2)->x() > drag.tiles.at(0)->x() + 2 * 161); // the cell between them is kept
-}
-
-void TestDragEvents::moveInsideAtFullSizeOnlyHidesTheDraggedTile()
-{
-    DraggedTile drag;
-    drag.tiles.at(2)->hide();
-    drag.disturb();
-    drag.dragTo(drag.popup->geometry().center());
-    QVERIFY(drag.isStillDisturbed());
-    QVERIFY(!drag.popup->isCollapsed);
-    QCOMPARE(drag.shown(), QList<int>({0}));
-    QCOMPARE(drag.popup->dragDialog.data(), drag.tiles.at(1));
-}
-
-void TestDragEvents::onlyTheCellsOfTilesAreHiddenAndShown()
-{
-    DraggedTile drag(6); // two rows of four columns: the spacers are in row 2 and in column 5
-    QGridLayout *grid = drag.popup->gridLayout;
-    auto *lastVisited = new QWidget(drag.popup);
-    auto *underTheTiles = new QWidget(drag.popup);
-    auto *besideTheTiles = new QWidget(drag.popup);
-    auto *outsideTheGrid = new QWidget(drag.popup);
-    grid->addWidget(lastVisited, 1, 4);
-    grid->addWidget(underTheTiles, 2, 1);
-    grid->addWidget(besideTheTiles, 1, 5);
-    for (QWidget *widget : {lastVisited, underTheTiles, besideTheTiles, outsideTheGrid})
-        widget->show();
-    drag.dragTo(DraggedTile::outside);
-    QVERIFY(!lastVisited->isVisible());
-    for (QWidget *widget : {underTheTiles, besideTheTiles, outsideTheGrid}) {
-        QVERIFY(widget->isVisible());
-        widget->hide();
+    void onlyTheCellsOfTilesAreHiddenAndShown()
+    {
+        DraggedTile drag(6); // two rows of four columns: the spacers are in row 2 and in column 5
+        QGridLayout *grid = drag.popup->gridLayout;
+        auto *lastVisited = new QWidget(drag.popup);
+        auto *underTheTiles = new QWidget(drag.popup);
+        auto *besideTheTiles = new QWidget(drag.popup);
+        auto *outsideTheGrid = new QWidget(drag.popup);
+        grid->addWidget(lastVisited, 1, 4);
+        grid->addWidget(underTheTiles, 2, 1);
+        grid->addWidget(besideTheTiles, 1, 5);
+        for (QWidget *widget : {lastVisited, underTheTiles, besideTheTiles, outsideTheGrid})
+            widget->show();
+        drag.dragTo(DraggedTile::outside);
+        QVERIFY(!lastVisited->isVisible());
+        for (QWidget *widget : {underTheTiles, besideTheTiles, outsideTheGrid}) {
+            QVERIFY(widget->isVisible());
+            widget->hide();
+        }
+        drag.dragTo(drag.popup->geometry().center());
+        QVERIFY(lastVisited->isVisible());
+        for (const QWidget *widget : {underTheTiles, besideTheTiles, outsideTheGrid})
+            QVERIFY(!widget->isVisible());
     }
-    drag.dragTo(drag.popup->geometry().center());
-    QVERIFY(lastVisited->isVisible());
-    for (const QWidget *widget : {underTheTiles, besideTheTiles, outsideTheGrid})
-        QVERIFY(!widget->isVisible());
-}
 
-void TestDragEvents::leavingTheStripFormsItAgain()
-{
-    DraggedTile drag;
-    drag.dragTo(DraggedTile::outside);
-    drag.popup->dragDialog = nullptr; // is not asked for
-    drag.tiles.first()->show();
-    drag.disturb();
-    drag.dragAway();
-    QVERIFY(drag.popup->isCollapsed);
-    QCOMPARE(drag.popup->geometry(), DraggedTile::strip);
-    QVERIFY(drag.hasStripForm());
-    QCOMPARE(drag.shown(), QList<int>({0})); // no tile is hidden
-    drainEvents();
-    QCOMPARE(drag.popup->geometry(), DraggedTile::strip);
-}
+    void leavingTheStripFormsItAgain()
+    {
+        DraggedTile drag;
+        drag.dragTo(DraggedTile::outside);
+        drag.popup->dragDialog = nullptr; // is not asked for
+        drag.tiles.first()->show();
+        drag.disturb();
+        drag.dragAway();
+        QVERIFY(drag.popup->isCollapsed);
+        QCOMPARE(drag.popup->geometry(), DraggedTile::strip);
+        QVERIFY(drag.hasStripForm());
+        QCOMPARE(drag.shown(), QList<int>({0})); // no tile is hidden
+        drainEvents();
+        QCOMPARE(drag.popup->geometry(), DraggedTile::strip);
+    }
 
-void TestDragEvents::leavingAtFullSizeChangesNothing()
-{
-    DraggedTile drag;
-    drag.disturb();
-    QCursor::setPos(DraggedTile::outside); // quickly, without a move there
-    drag.dragAway();
-    QVERIFY(drag.isStillDisturbed());
-    QVERIFY(!drag.popup->isCollapsed);
-    QCOMPARE(drag.shown(), QList<int>({0, 1, 2}));
-}
+    void leavingAtFullSizeChangesNothing()
+    {
+        DraggedTile drag;
+        drag.disturb();
+        QCursor::setPos(DraggedTile::outside); // quickly, without a move there
+        drag.dragAway();
+        QVERIFY(drag.isStillDisturbed());
+        QVERIFY(!drag.popup->isCollapsed);
+        QCOMPARE(drag.shown(), QList<int>({0, 1, 2}));
+    }
+};
 
-QTEST_MAIN(TestDragEvents)
+TEST_CLASS(tst_DragEvents);
 #include "tst_dragevents.moc"

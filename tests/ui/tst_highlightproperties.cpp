@@ -362,29 +362,27 @@ private:
 
 } // namespace
 
-class TestHighlightProperties : public TestCase
+class tst_HighlightProperties : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void keysAndMouseDoWhatTheRulesSay();
+    void keysAndMouseDoWhatTheRulesSay()
+    {
+        const auto property = [] {
+            const HighlightCase tried = *anyCase();
+            const Comparison comparison(tried);
+            const int opened = comparison.model().opened().size();
+            RC_CLASSIFY(opened == 1, "opens one");
+            RC_CLASSIFY(opened > 1, "opens several");
+            RC_CLASSIFY(comparison.model().isClosed() && opened == 0, "escapes");
+            RC_CLASSIFY(!comparison.model().isClosed(), "stays open");
+            RC_CLASSIFY(tried.tileCount() < tried.documents, "has documents without tile");
+        };
+        constexpr int cases = 1800 / HighlightCase::sequenceCount;
+        QVERIFY(holds("keys and mouse do to the highlight what the rules say", property, cases));
+    }
 };
 
-void TestHighlightProperties::keysAndMouseDoWhatTheRulesSay()
-{
-    const auto property = [] {
-        const HighlightCase tried = *anyCase();
-        const Comparison comparison(tried);
-        const int opened = comparison.model().opened().size();
-        RC_CLASSIFY(opened == 1, "opens one");
-        RC_CLASSIFY(opened > 1, "opens several");
-        RC_CLASSIFY(comparison.model().isClosed() && opened == 0, "escapes");
-        RC_CLASSIFY(!comparison.model().isClosed(), "stays open");
-        RC_CLASSIFY(tried.tileCount() < tried.documents, "has documents without tile");
-    };
-    constexpr int cases = 1800 / HighlightCase::sequenceCount;
-    QVERIFY(holds("keys and mouse do to the highlight what the rules say", property, cases));
-}
-
-QTEST_MAIN(TestHighlightProperties)
+TEST_CLASS(tst_HighlightProperties);
 #include "tst_highlightproperties.moc"

@@ -38,311 +38,299 @@ bool pressNamed(const OpenGrid &grid, const QString &name)
 
 //! Keys in the popup by example, and what the random stories of tst_highlightproperties cannot see: effects,
 //! painting, who gets a key, and popups that lack something.
-class TestKeys : public TestCase
+class tst_Keys : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void movesAndRuns_data();
-    void movesAndRuns();
-    void changedTilesAloneArePaintedAndHighlightedAnew_data();
-    void changedTilesAloneArePaintedAndHighlightedAnew();
-    void askingForARunDirectlyKeepsTheOtherDirection();
-    void aColourThatDiffersInItsAlphaIsNoHighlight();
-    void enterAndEscapeCloseOnce_data();
-    void enterAndEscapeCloseOnce();
-    void withoutAHighlightNothingHappens();
-    void withoutARecentListNothingHappens();
-    void baseDialogGetsKeysOnlyWhileATileIsHeld_data();
-    void baseDialogGetsKeysOnlyWhileATileIsHeld();
-    void baseDialogNeverGetsEnter();
-    void escapeEndsTwiceWhileATileIsHeld();
-    void keysInTheOlderPopupMoveTheNewersHighlight();
+    void movesAndRuns_data()
+    {
+        QTest::addColumn<Indices>("before");
+        QTest::addColumn<KeySteps>("steps");
+        QTest::addColumn<Indices>("listed");
+        const auto row = [](const char *name, const Indices &before, const KeySteps &steps,
+                            const Indices &listed = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}) {
+            QTest::newRow(name) << before << steps << listed;
+        };
+        // Ten tiles in rows of 4, 4 and 2. After each key: the highlighted tiles, and the one that the path
+        // line shows anew.
+        row("round the ends", {9}, {{"Right", "0: 0"}, {"Left", "9: 9"}, {"Down", "1: 1"}, {"Up", "9: 9"}});
+        row("where the last row has no tile", {3}, {{"Up", "7: 7"}, {"Down", "3: 3"}});
+        row("a run becomes the tile after it", {1, 2, 3}, {{"Tab", "4: 4"}});
+        row("or the one before it", {1, 2, 3}, {{"Left", "0: 0"}});
+        row("the first of two runs moves on", {0, 1, 4}, {{"Right", "2 4: 2"}});
+        row("the last of two moves back", {0, 3, 4}, {{"Left", "0 2: 2"}});
+        row("a row move takes the run's first tile", {0, 1}, {{"Down", "1 4: 4"}, {"Up", "4 9: 9"}});
+        row("a highlighted tile is not shown anew", {0, 4}, {{"Down", "4: "}});
+        row("a run grows, shrinks at its end, then at its start", {0},
+            {{"Shift+Right", "0 1: 1"},
+             {"Ctrl+Right", "0 1 2: 2"},
+             {"Shift+Left", "0 1: 2"},
+             {"Ctrl+Right", "1: 2"},
+             {"Shift+Right", "1 2: 2"}});
+        row("it never wraps", {8}, {{"Shift+Right", "8 9: 9"}, {"Shift+Right", "8 9: 9"}});
+        row("the direction outlives other moves", {1},
+            {{"Shift+Right", "1 2: 2"}, {"Down", "2 5: 5"}, {"Up", "5 6: 6"}, {"Ctrl+Right", "5 6 7: 7"}});
+        row("what selects nothing", {5},
+            {{"Shift+Up", "5: "},
+             {"Ctrl+Down", "5: "},
+             {"Shift+Backtab", "5: "},
+             {"Shift+Num+Right", "6: 6"}});
+        // Tiles 0 and 8 have one path, and so have 1 and 6. A row move goes by the path, so it starts from
+        // whichever of the two comes first, and leaves the other as it is.
+        const Indices twins = {0, 1, 2, 3, 4, 5, 1, 7, 0, 9};
+        row("Down from the second of one path", {8}, {{"Down", "4 8: 4"}}, twins);
+        row("Up from the second, onto it", {8}, {{"Up", "8: "}}, twins);
+        row("Up from the second in another column", {6}, {{"Up", "6 9: 9"}}, twins);
+        row("Right goes by the tile", {6}, {{"Right", "7: 7"}}, twins);
+    }
+
+    void movesAndRuns()
+    {
+        QFETCH(Indices, before);
+        QFETCH(KeySteps, steps);
+        QFETCH(Indices, listed);
+        OpenGrid grid(10, listed);
+        grid.highlight(before);
+        for (const auto &step : qAsConst(steps)) {
+            QVERIFY(pressNamed(grid, step.first)); // taken, whether anything came of it or not
+            QStringList highlighted;
+            for (const int index : grid.highlighted())
+                highlighted.append(QString::number(index));
+            QString shown;
+            for (int i = 0; i < 10; ++i) {
+                if (grid.line() == grid.lineOf(i))
+                    shown = QString::number(i);
+            }
+            QCOMPARE(step.first + " > " + highlighted.join(' ') + ": " + shown,
+                     step.first + " > " + step.second);
+        }
+        QVERIFY(grid.popup && grid.popup->isVisible());
+    }
+
+    void changedTilesAloneArePaintedAndHighlightedAnew_data()
+    {
+        QTest::addColumn<int>("documents");
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<Indices>("before");
+        QTest::addColumn<Indices>("cleared");
+        QTest::addColumn<Indices>("anew");
+        const auto row = [](const char *name, int documents, const char *key, const Indices &before,
+                            const Indices &cleared, const Indices &anew) {
+            QTest::newRow(name) << documents << QString(key) << before << cleared << anew;
+        };
+        row("Right", 10, "Right", {5}, {5}, {6});
+        row("Left", 10, "Left", {5}, {5}, {4});
+        row("Down", 10, "Down", {5}, {5}, {9});
+        row("Up", 10, "Up", {5}, {5}, {1});
+        row("Right on a run", 10, "Right", {1, 2}, {1, 2}, {3});
+        row("Down onto a highlighted tile", 10, "Down", {0, 4}, {0}, {});
+        row("growing forward", 10, "Shift+Right", {5}, {}, {6});
+        row("growing back", 10, "Shift+Left", {5}, {}, {4});
+        row("shrinking at the start", 10, "Shift+Right", {5, 6}, {5}, {});
+        row("shrinking at the end", 10, "Shift+Left", {5, 6}, {6}, {});
+        row("Right on the only tile", 1, "Right", {0}, {0}, {0});
+        row("Left on the only tile", 1, "Left", {0}, {0}, {0});
+        row("Down in the only row", 4, "Down", {2}, {2}, {2});
+        row("Up in a column of one", 5, "Up", {2}, {2}, {2});
+    }
+
+    void changedTilesAloneArePaintedAndHighlightedAnew()
+    {
+        QFETCH(int, documents);
+        QFETCH(QString, key);
+        QFETCH(Indices, before);
+        QFETCH(Indices, cleared);
+        QFETCH(Indices, anew);
+        OpenGrid grid(documents);
+        QVERIFY(waitForExposed(grid.popup));
+        for (RecentDocDialog *tile : qAsConst(grid.tiles))
+            tile->highlight(); // so that each has an effect, of the resting colour in the end
+        grid.highlight(before);
+        drainEvents();
+        PaintWatch watch;
+        QList<QPointer<QGraphicsEffect>> effects;
+        for (RecentDocDialog *tile : qAsConst(grid.tiles)) {
+            tile->installEventFilter(&watch);
+            effects.append(tile->graphicsEffect());
+        }
+        QVERIFY(pressNamed(grid, key));
+        drainEvents();
+        for (int i = 0; i < documents; ++i) {
+            const QGraphicsEffect *effect = grid.tiles.at(i)->graphicsEffect();
+            const bool isAnew = anew.contains(i);
+            const bool isHighlighted = isAnew || (before.contains(i) && !cleared.contains(i));
+            QCOMPARE(effect != effects.at(i), isAnew); // a former one is gone, else Qt has it still
+            QCOMPARE(effect->property("color").value<QColor>(),
+                     isHighlighted ? QColor(0, 0, 150, 100) : QColor(248, 248, 248, 255));
+            QCOMPARE(effect->property("offset").toPointF(), QPointF(2.5, 2.5));
+            QCOMPARE(watch.seen.contains(grid.tiles.at(i)), isAnew || cleared.contains(i));
+        }
+    }
+
+    void askingForARunDirectlyKeepsTheOtherDirection()
+    {
+        OpenGrid grid(5);
+        grid.highlight({1});
+        grid.popup->selectForwardMultiDoc();
+        QCOMPARE(grid.highlighted(), Indices({1, 2}));
+        grid.popup->selectBackwardMultiDoc(); // the direction back is not remembered yet: shrinks
+        QCOMPARE(grid.highlighted(), Indices({1}));
+        grid.popup->selectBackwardMultiDoc();
+        QCOMPARE(grid.highlighted(), Indices({0, 1}));
+        grid.popup->selectForwardMultiDoc(); // and the one forward still is: grows
+        QCOMPARE(grid.highlighted(), Indices({0, 1, 2}));
+    }
+
+    void aColourThatDiffersInItsAlphaIsNoHighlight()
+    {
+        OpenGrid grid(10);
+        grid.highlight({1, 5});
+        grid.tiles.at(1)->graphicsEffect()->setProperty("color", QColor(0, 0, 150, 101));
+        grid.press(Qt::Key_Right);
+        QCOMPARE(grid.highlighted(), Indices({6}));
+    }
+
+    void enterAndEscapeCloseOnce_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<Indices>("opened");
+        QTest::newRow("Return") << "Return" << Indices({5, 7});
+        QTest::newRow("Enter on the keypad") << "Num+Enter" << Indices({5, 7});
+        QTest::newRow("Escape") << "Esc" << Indices();
+    }
+
+    void enterAndEscapeCloseOnce()
+    {
+        QFETCH(QString, key);
+        QFETCH(Indices, opened);
+        OpenGrid grid(10);
+        grid.highlight({5, 7});
+        const QSignalSpy finished(grid.popup, &QDialog::finished);
+        QVERIFY(pressNamed(grid, key));
+        QVERIFY(!grid.popup->isVisible());
+        QCOMPARE(finished.count(), 1); // the base dialog, which would end it again, got nothing
+        QCOMPARE(finished.first().first().toInt(), 0);
+        QStringList paths;
+        for (const int index : qAsConst(opened))
+            paths.append(grid.browser.path(index));
+        QCOMPARE(grid.browser.host.openedPaths(), paths);
+        drainEvents();
+        QVERIFY(!grid.popup);
+    }
+
+    void withoutAHighlightNothingHappens()
+    {
+        OpenGrid grid(10);
+        grid.highlight({});
+        for (const int key : everyKey) {
+            for (const auto modifiers : allModifiers) {
+                QVERIFY(grid.press(key, modifiers));
+                QCOMPARE(grid.highlighted(), Indices());
+            }
+        }
+        drainEvents();
+        QVERIFY(grid.popup && grid.popup->isVisible());
+        QCOMPARE(grid.line(), OpenGrid::asItWas());
+        QCOMPARE(grid.browser.host.openedPaths(), QStringList());
+    }
+
+    void withoutARecentListNothingHappens()
+    {
+        Browser browser;
+        browser.host.hasRecentFileList = false;
+        const QPointer<RecentDocMainWindow> popup = browser.openPopup();
+        for (const int key : everyKey)
+            pressKey(popup, key);
+        drainEvents();
+        QVERIFY(popup && popup->isVisible());
+        QCOMPARE(popup->main_label_path->text(), QString());
+    }
+
+    void baseDialogGetsKeysOnlyWhileATileIsHeld_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<Indices>("after");
+        QTest::newRow("Tab") << "Tab" << Indices({6});
+        QTest::newRow("Backtab") << "Shift+Backtab" << Indices({5});
+        QTest::newRow("Right") << "Right" << Indices({6});
+        QTest::newRow("Shift+Left") << "Shift+Left" << Indices({4, 5});
+        QTest::newRow("Up") << "Up" << Indices({1});
+        QTest::newRow("Shift+Up") << "Shift+Up" << Indices({5});
+        QTest::newRow("a letter") << "A" << Indices({5});
+    }
+
+    void baseDialogGetsKeysOnlyWhileATileIsHeld()
+    {
+        QFETCH(QString, key);
+        QFETCH(Indices, after);
+        OpenGrid grid(10);
+        for (const bool held : {false, true, false}) {
+            grid.highlight({5});
+            grid.popup->backwardSelectionActive = false;
+            grid.popup->dragDialog = held ? grid.tiles.at(2) : nullptr;
+            QCOMPARE(pressNamed(grid, key), !held); // a base dialog leaves what it has no use for
+            QCOMPARE(grid.highlighted(), after);
+        }
+    }
+
+    void baseDialogNeverGetsEnter()
+    {
+        OpenGrid grid(4);
+        auto *button = new QPushButton(grid.popup); // which a base dialog would click
+        button->setDefault(true);
+        button->show();
+        const QSignalSpy clicked(button, &QPushButton::clicked);
+        grid.highlight({});
+        grid.popup->dragDialog = grid.tiles.at(2);
+        for (const int key : {Qt::Key_Return, Qt::Key_Enter})
+            QVERIFY(grid.press(key));
+        grid.highlight({1});
+        QVERIFY(grid.press(Qt::Key_Enter, Qt::ShiftModifier)); // and this it would leave
+        QCOMPARE(clicked.count(), 0);
+        QCOMPARE(grid.browser.host.openedPaths(), QStringList(grid.browser.path(1)));
+    }
+
+    void escapeEndsTwiceWhileATileIsHeld()
+    {
+        OpenGrid grid(4);
+        grid.popup->dragDialog = grid.tiles.at(2);
+        const QSignalSpy finished(grid.popup, &QDialog::finished);
+        grid.press(Qt::Key_Escape);
+        // Once from the popup, once from the base dialog, which is asked to reject.
+        QCOMPARE(finished.mid(0), QList<QVariantList>({{0}, {0}}));
+        drainEvents();
+        QVERIFY(!grid.popup);
+    }
+
+    void keysInTheOlderPopupMoveTheNewersHighlight()
+    {
+        TwoPopups two(10);
+        QVERIFY(two.older.popup && two.newer);
+        const auto inNewer = [&two] {
+            return qMakePair(highlightedIn(two.newerTiles), two.newer->main_label_path->text());
+        };
+        two.older.press(Qt::Key_Right);
+        QCOMPARE(inNewer(), qMakePair(Indices({1}), two.older.browser.path(1)));
+        two.older.press(Qt::Key_Right, Qt::ShiftModifier);
+        QCOMPARE(inNewer(), qMakePair(Indices({1, 2}), two.older.browser.path(2)));
+        QVERIFY(two.older.popup->forwardSelectionActive); // the direction is each popup's own
+        QVERIFY(!two.newer->forwardSelectionActive);
+        QCOMPARE(two.older.highlighted(), Indices({0}));
+        QCOMPARE(two.older.line(), two.older.browser.path(0));
+
+        // A row move goes by the path of the newer's highlight in the grid of the popup that got the key.
+        two.older.press(Qt::Key_Down);
+        QCOMPARE(two.older.highlighted(), Indices({0, 5}));
+        QCOMPARE(inNewer(), qMakePair(Indices({1, 2}), two.older.browser.path(5)));
+
+        two.older.press(Qt::Key_Return);
+        QCOMPARE(two.older.browser.host.openedPaths(), two.older.browser.paths().mid(1, 2));
+        drainEvents();
+        QVERIFY(!two.older.popup);
+        QVERIFY(two.newer);
+    }
 };
 
-void TestKeys::movesAndRuns_data()
-{
-    QTest::addColumn<Indices>("before");
-    QTest::addColumn<KeySteps>("steps");
-    QTest::addColumn<Indices>("listed");
-    const auto row = [](const char *name, const Indices &before, const KeySteps &steps,
-                        const Indices &listed = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}) {
-        QTest::newRow(name) << before << steps << listed;
-    };
-    // Ten tiles in rows of 4, 4 and 2. After each key: the highlighted tiles, and the one that the path line
-    // shows anew.
-    row("round the ends", {9}, {{"Right", "0: 0"}, {"Left", "9: 9"}, {"Down", "1: 1"}, {"Up", "9: 9"}});
-    row("where the last row has no tile", {3}, {{"Up", "7: 7"}, {"Down", "3: 3"}});
-    row("a run becomes the tile after it", {1, 2, 3}, {{"Tab", "4: 4"}});
-    row("or the one before it", {1, 2, 3}, {{"Left", "0: 0"}});
-    row("the first of two runs moves on", {0, 1, 4}, {{"Right", "2 4: 2"}});
-    row("the last of two moves back", {0, 3, 4}, {{"Left", "0 2: 2"}});
-    row("a row move takes the run's first tile", {0, 1}, {{"Down", "1 4: 4"}, {"Up", "4 9: 9"}});
-    row("a highlighted tile is not shown anew", {0, 4}, {{"Down", "4: "}});
-    row("a run grows, shrinks at its end, then at its start", {0},
-        {{"Shift+Right", "0 1: 1"},
-         {"Ctrl+Right", "0 1 2: 2"},
-         {"Shift+Left", "0 1: 2"},
-         {"Ctrl+Right", "1: 2"},
-         {"Shift+Right", "1 2: 2"}});
-    row("it never wraps", {8}, {{"Shift+Right", "8 9: 9"}, {"Shift+Right", "8 9: 9"}});
-    row("the direction outlives other moves", {1},
-        {{"Shift+Right", "1 2: 2"}, {"Down", "2 5: 5"}, {"Up", "5 6: 6"}, {"Ctrl+Right", "5 6 7: 7"}});
-    row("what selects nothing", {5},
-        {{"Shift+Up", "5: "}, {"Ctrl+Down", "5: "}, {"Shift+Backtab", "5: "}, {"Shift+Num+Right", "6: 6"}});
-    // Tiles 0 and 8 have one path, and so have 1 and 6. A row move goes by the path, so it starts from
-    // whichever of the two comes first, and leaves the other as it is.
-    const Indices twins = {0, 1, 2, 3, 4, 5, 1, 7, 0, 9};
-    row("Down from the second of one path", {8}, {{"Down", "4 8: 4"}}, twins);
-    row("Up from the second, onto it", {8}, {{"Up", "8: "}}, twins);
-    row("Up from the second in another column", {6}, {{"Up", "6 9: 9"}}, twins);
-    row("Right goes by the tile", {6}, {{"Right", "7: 7"}}, twins);
-}
-
-void TestKeys::movesAndRuns()
-{
-    QFETCH(Indices, before);
-    QFETCH(KeySteps, steps);
-    QFETCH(Indices, listed);
-    OpenGrid grid(10, listed);
-    grid.highlight(before);
-    for (const auto &step : qAsConst(steps)) {
-        QVERIFY(pressNamed(grid, step.first)); // taken, whether anything came of it or not
-        QStringList highlighted;
-        for (const int index : grid.highlighted())
-            highlighted.append(QString::number(index));
-        QString shown;
-        for (int i = 0; i < 10; ++i) {
-            if (grid.line() == grid.lineOf(i))
-                shown = QString::number(i);
-        }
-        QCOMPARE(step.first + " > " + highlighted.join(' ') + ": " + shown, step.first + " > " + step.second);
-    }
-    QVERIFY(grid.popup && grid.popup->isVisible());
-}
-
-void TestKeys::changedTilesAloneArePaintedAndHighlightedAnew_data()
-{
-    QTest::addColumn<int>("documents");
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<Indices>("before");
-    QTest::addColumn<Indices>("cleared");
-    QTest::addColumn<Indices>("anew");
-    const auto row = [](const char *name, int documents, const char *key, const Indices &before,
-                        const Indices &cleared, const Indices &anew) {
-        QTest::newRow(name) << documents << QString(key) << before << cleared << anew;
-    };
-    row("Right", 10, "Right", {5}, {5}, {6});
-    row("Left", 10, "Left", {5}, {5}, {4});
-    row("Down", 10, "Down", {5}, {5}, {9});
-    row("Up", 10, "Up", {5}, {5}, {1});
-    row("Right on a run", 10, "Right", {1, 2}, {1, 2}, {3});
-    row("Down onto a highlighted tile", 10, "Down", {0, 4}, {0}, {});
-    row("growing forward", 10, "Shift+Right", {5}, {}, {6});
-    row("growing back", 10, "Shift+Left", {5}, {}, {4});
-    row("shrinking at the start", 10, "Shift+Right", {5, 6}, {5}, {});
-    row("shrinking at the end", 10, "Shift+Left", {5, 6}, {6}, {});
-    row("Right on the only tile", 1, "Right", {0}, {0}, {0});
-    row("Left on the only tile", 1, "Left", {0}, {0}, {0});
-    row("Down in the only row", 4, "Down", {2}, {2}, {2});
-    row("Up in a column of one", 5, "Up", {2}, {2}, {2});
-}
-
-void TestKeys::changedTilesAloneArePaintedAndHighlightedAnew()
-{
-    QFETCH(int, documents);
-    QFETCH(QString, key);
-    QFETCH(Indices, before);
-    QFETCH(Indices, cleared);
-    QFETCH(Indices, anew);
-    OpenGrid grid(documents);
-    QVERIFY(waitForExposed(grid.popup));
-    for (RecentDocDialog *tile : qAsConst(grid.tiles))
-        tile->highlight(); // so that each has an effect, of the resting colour in the end
-    grid.highlight(before);
-    drainEvents();
-    PaintWatch watch;
-    QList<QPointer<QGraphicsEffect>> effects;
-    for (RecentDocDialog *tile : qAsConst(grid.tiles)) {
-        tile->installEventFilter(&watch);
-        effects.append(tile->graphicsEffect());
-    }
-    QVERIFY(pressNamed(grid, key));
-    drainEvents();
-    for (int i = 0; i < documents; ++i) {
-        const QGraphicsEffect *effect = grid.tiles.at(i)->graphicsEffect();
-        const bool isAnew = anew.contains(i);
-        const bool isHighlighted = isAnew || (before.contains(i) && !cleared.contains(i));
-        QCOMPARE(effect != effects.at(i), isAnew); // a former one is gone, else Qt has it still
-        QCOMPARE(effect->property("color").value<QColor>(),
-                 isHighlighted ? QColor(0, 0, 150, 100) : QColor(248, 248, 248, 255));
-        QCOMPARE(effect->property("offset").toPointF(), QPointF(2.5, 2.5));
-        QCOMPARE(watch.seen.contains(grid.tiles.at(i)), isAnew || cleared.contains(i));
-    }
-}
-
-void TestKeys::askingForARunDirectlyKeepsTheOtherDirection()
-{
-    OpenGrid grid(5);
-    grid.highlight({1});
-    grid.popup->selectForwardMultiDoc();
-    QCOMPARE(grid.highlighted(), Indices({1, 2}));
-    grid.popup->selectBackwardMultiDoc(); // the direction back is not remembered yet: shrinks
-    QCOMPARE(grid.highlighted(), Indices({1}));
-    grid.popup->selectBackwardMultiDoc();
-    QCOMPARE(grid.highlighted(), Indices({0, 1}));
-    grid.popup->selectForwardMultiDoc(); // and the one forward still is: grows
-    QCOMPARE(grid.highlighted(), Indices({0, 1, 2}));
-}
-
-void TestKeys::aColourThatDiffersInItsAlphaIsNoHighlight()
-{
-    OpenGrid grid(10);
-    grid.highlight({1, 5});
-    grid.tiles.at(1)->graphicsEffect()->setProperty("color", QColor(0, 0, 150, 101));
-    grid.press(Qt::Key_Right);
-    QCOMPARE(grid.highlighted(), Indices({6}));
-}
-
-void TestKeys::enterAndEscapeCloseOnce_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<Indices>("opened");
-    QTest::newRow("Return") << "Return" << Indices({5, 7});
-    QTest::newRow("Enter on the keypad") << "Num+Enter" << Indices({5, 7});
-    QTest::newRow("Escape") << "Esc" << Indices();
-}
-
-void TestKeys::enterAndEscapeCloseOnce()
-{
-    QFETCH(QString, key);
-    QFETCH(Indices, opened);
-    OpenGrid grid(10);
-    grid.highlight({5, 7});
-    const QSignalSpy finished(grid.popup, &QDialog::finished);
-    QVERIFY(pressNamed(grid, key));
-    QVERIFY(!grid.popup->isVisible());
-    QCOMPARE(finished.count(), 1); // the base dialog, which would end it again, got nothing
-    QCOMPARE(finished.first().first().toInt(), 0);
-    QStringList paths;
-    for (const int index : qAsConst(opened))
-        paths.append(grid.browser.path(index));
-    QCOMPARE(grid.browser.host.openedPaths(), paths);
-    drainEvents();
-    QVERIFY(!grid.popup);
-}
-
-void TestKeys::withoutAHighlightNothingHappens()
-{
-    OpenGrid grid(10);
-    grid.highlight({});
-    for (const int key : everyKey) {
-        for (const auto modifiers : allModifiers) {
-            QVERIFY(grid.press(key, modifiers));
-            QCOMPARE(grid.highlighted(), Indices());
-        }
-    }
-    drainEvents();
-    QVERIFY(grid.popup && grid.popup->isVisible());
-    QCOMPARE(grid.line(), OpenGrid::asItWas());
-    QCOMPARE(grid.browser.host.openedPaths(), QStringList());
-}
-
-void TestKeys::withoutARecentListNothingHappens()
-{
-    Browser browser;
-    browser.host.hasRecentFileList = false;
-    const QPointer<RecentDocMainWindow> popup = browser.openPopup();
-    for (const int key : everyKey)
-        pressKey(popup, key);
-    drainEvents();
-    QVERIFY(popup && popup->isVisible());
-    QCOMPARE(popup->main_label_path->text(), QString());
-}
-
-void TestKeys::baseDialogGetsKeysOnlyWhileATileIsHeld_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<Indices>("after");
-    QTest::newRow("Tab") << "Tab" << Indices({6});
-    QTest::newRow("Backtab") << "Shift+Backtab" << Indices({5});
-    QTest::newRow("Right") << "Right" << Indices({6});
-    QTest::newRow("Shift+Left") << "Shift+Left" << Indices({4, 5});
-    QTest::newRow("Up") << "Up" << Indices({1});
-    QTest::newRow("Shift+Up") << "Shift+Up" << Indices({5});
-    QTest::newRow("a letter") << "A" << Indices({5});
-}
-
-void TestKeys::baseDialogGetsKeysOnlyWhileATileIsHeld()
-{
-    QFETCH(QString, key);
-    QFETCH(Indices, after);
-    OpenGrid grid(10);
-    for (const bool held : {false, true, false}) {
-        grid.highlight({5});
-        grid.popup->backwardSelectionActive = false;
-        grid.popup->dragDialog = held ? grid.tiles.at(2) : nullptr;
-        QCOMPARE(pressNamed(grid, key), !held); // a base dialog leaves what it has no use for
-        QCOMPARE(grid.highlighted(), after);
-    }
-}
-
-void TestKeys::baseDialogNeverGetsEnter()
-{
-    OpenGrid grid(4);
-    auto *button = new QPushButton(grid.popup); // which a base dialog would click
-    button->setDefault(true);
-    button->show();
-    const QSignalSpy clicked(button, &QPushButton::clicked);
-    grid.highlight({});
-    grid.popup->dragDialog = grid.tiles.at(2);
-    for (const int key : {Qt::Key_Return, Qt::Key_Enter})
-        QVERIFY(grid.press(key));
-    grid.highlight({1});
-    QVERIFY(grid.press(Qt::Key_Enter, Qt::ShiftModifier)); // and this it would leave
-    QCOMPARE(clicked.count(), 0);
-    QCOMPARE(grid.browser.host.openedPaths(), QStringList(grid.browser.path(1)));
-}
-
-void TestKeys::escapeEndsTwiceWhileATileIsHeld()
-{
-    OpenGrid grid(4);
-    grid.popup->dragDialog = grid.tiles.at(2);
-    const QSignalSpy finished(grid.popup, &QDialog::finished);
-    grid.press(Qt::Key_Escape);
-    // Once from the popup, once from the base dialog, which is asked to reject.
-    QCOMPARE(finished.mid(0), QList<QVariantList>({{0}, {0}}));
-    drainEvents();
-    QVERIFY(!grid.popup);
-}
-
-void TestKeys::keysInTheOlderPopupMoveTheNewersHighlight()
-{
-    TwoPopups two(10);
-    QVERIFY(two.older.popup && two.newer);
-    const auto inNewer = [&two] {
-        return qMakePair(highlightedIn(two.newerTiles), two.newer->main_label_path->text());
-    };
-    two.older.press(Qt::Key_Right);
-    QCOMPARE(inNewer(), qMakePair(Indices({1}), two.older.browser.path(1)));
-    two.older.press(Qt::Key_Right, Qt::ShiftModifier);
-    QCOMPARE(inNewer(), qMakePair(Indices({1, 2}), two.older.browser.path(2)));
-    QVERIFY(two.older.popup->forwardSelectionActive); // the direction is each popup's own
-    QVERIFY(!two.newer->forwardSelectionActive);
-    QCOMPARE(two.older.highlighted(), Indices({0}));
-    QCOMPARE(two.older.line(), two.older.browser.path(0));
-
-    // A row move goes by the path of the newer's highlight in the grid of the popup that got the key.
-    two.older.press(Qt::Key_Down);
-    QCOMPARE(two.older.highlighted(), Indices({0, 5}));
-    QCOMPARE(inNewer(), qMakePair(Indices({1, 2}), two.older.browser.path(5)));
-
-    two.older.press(Qt::Key_Return);
-    QCOMPARE(two.older.browser.host.openedPaths(), two.older.browser.paths().mid(1, 2));
-    drainEvents();
-    QVERIFY(!two.older.popup);
-    QVERIFY(two.newer);
-}
-
-QTEST_MAIN(TestKeys)
+TEST_CLASS(tst_Keys);
 #include "tst_keys.moc"

@@ -40,20 +40,181 @@ class tst_MultiOpen : public TestCase
     Q_OBJECT
 
 private slots:
-    void thePopupClosesFirst_data();
-    void thePopupClosesFirst();
-    void everyPathIsTriedWhateverTheHostDoes_data();
-    void everyPathIsTriedWhateverTheHostDoes();
-    void withoutADocumentServiceThePopupClosesAllTheSame_data();
-    void withoutADocumentServiceThePopupClosesAllTheSame();
-    void everyPathIsTriedThoughAPopupIsOpenedAnew();
-    void displayOrderIsPinnedFirst();
-    void oneDocumentListedTwiceIsOpenedTwice();
-    void nothingHighlightedLeavesThePopupOpen();
-    void emptyPathsAreSkipped();
-    void aRealDoubleClickOpensOnce_data();
-    void aRealDoubleClickOpensOnce();
-    void openingATileByItselfKeepsThePopup();
+    void thePopupClosesFirst_data() { rowsOfWays(); }
+
+    void thePopupClosesFirst()
+    {
+        QFETCH(WayToOpen, open);
+        QFETCH(Indices, opened);
+        OpenGrid grid(5);
+        const QSignalSpy finished(grid.popup, &QDialog::finished);
+        grid.browser.host.onOpen = [&](const QString & /*path*/) {
+            QVERIFY(grid.popup && !grid.popup->isVisible());
+            QCOMPARE(finished.count(), 1);
+        };
+        open(grid);
+        QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, opened));
+        for (const FakeHost::OpenCall &call : grid.browser.host.opened)
+            QVERIFY(call.mode == 0 && call.flags == 0 && call.resultWasEmpty);
+        QCOMPARE(finished, QList<QVariantList>{{0}});
+        QVERIFY(grid.popup); // deleted later
+        drainEvents();
+        QVERIFY(!grid.popup);
+        QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, opened));
+    }
+
+    void everyPathIsTriedWhateverTheHostDoes_data() { rowsOfWays(); }
+
+    void everyPathIsTriedWhateverTheHostDoes()
+    {
+        QFETCH(WayToOpen, open);
+        QFETCH(Indices, opened);
+        for (const bool deletes : {true, false}) {
+            OpenGrid grid(5);
+            grid.popup->dragDialog = deletes ? grid.tiles.at(1) : nullptr; // which goes with the popup
+            bool wasGone = true;
+            grid.browser.host.onOpen = [&](const QString & /*path*/) {
+                if (deletes)
+                    delete grid.popup;
+                else
+                    runEvents();
+                wasGone = wasGone && !grid.popup; // while popup or tile was still at work
+            };
+            open(grid);
+            QVERIFY(wasGone);
+            QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, opened));
+        }
+    }
+
+    void withoutADocumentServiceThePopupClosesAllTheSame_data() { rowsOfWays(); }
+
+    void withoutADocumentServiceThePopupClosesAllTheSame()
+    {
+        QFETCH(WayToOpen, open);
+        for (const auto lacking : {&FakeHost::hasServices, &FakeHost::hasDocumentManager}) {
+            OpenGrid grid(5);
+            grid.browser.host.*lacking = false;
+            open(grid);
+            drainEvents();
+            QVERIFY(!grid.popup);
+            QCOMPARE(grid.browser.host.openedPaths(), QStringList());
+        }
+    }
+
+    void everyPathIsTriedThoughAPopupIsOpenedAnew()
+    {
+        for (const auto &[menuIsRebuilt, eventsRun] : {std::pair(false, false), std::pair(true, false),
+                                                       std::pair(false, true), std::pair(true, true)}) {
+            OpenGrid grid(5);
+            grid.highlight({1, 2, 4});
+            const QStringList expected = pathsAt(grid, {1, 2, 4});
+            QCursor::setPos(grid.popup->geometry().center()); // else losing the focus would close the new one
+            QPointer<RecentDocMainWindow> anew;
+            grid.browser.host.onOpen = [&, rebuilds = menuIsRebuilt, runs = eventsRun](const QString &path) {
+                if (path != expected.first())
+                    return;
+                if (rebuilds) { // as the host's word of a created drawing makes it
+                    grid.browser.host.setRecent({path, grid.browser.path(0)});
+                    grid.browser.createDocument();
+                }
+                anew = grid.browser.openPopup();
+                if (runs)
+                    drainEvents();
+            };
+            grid.press(Qt::Key_Return);
+            QCOMPARE(grid.browser.host.openedPaths(), expected);
+            drainEvents();
+            QVERIFY(!grid.popup);
+            QVERIFY(anew && anew->isVisible());
+            QCOMPARE(highlightedIn(grid.browser.tiles()), Indices({0}));
+            pressKey(anew, Qt::Key_Right);
+            QCOMPARE(highlightedIn(grid.browser.tiles()), Indices({1}));
+        }
+    }
+
+    void displayOrderIsPinnedFirst()
+    {
+        OpenGrid grid(4);
+        Browser::button(grid.tiles.at(2), "pinButton")->click();
+        grid.popup->done(0);
+        drainEvents();
+        RecentDocMainWindow *popup = grid.browser.openPopup();
+        const QList<RecentDocDialog *> tiles = grid.browser.tiles();
+        for (RecentDocDialog *tile : tiles)
+            tile->highlight();
+        popup->multiDocumentOpen();
+        QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, {2, 0, 1, 3}));
+    }
+
+    void oneDocumentListedTwiceIsOpenedTwice()
+    {
+        OpenGrid grid(3, {0, 1, 2, 0});
+        grid.highlight({0, 1, 3});
+        grid.popup->multiDocumentOpen();
+        QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, {0, 1, 0}));
+    }
+
+    void nothingHighlightedLeavesThePopupOpen()
+    {
+        OpenGrid grid(5);
+        grid.highlight({});
+        const QSignalSpy finished(grid.popup, &QDialog::finished);
+        grid.popup->multiDocumentOpen();
+        drainEvents();
+        QVERIFY(grid.popup && grid.popup->isVisible());
+        QCOMPARE(finished.count(), 0);
+        QCOMPARE(grid.browser.host.openedPaths(), QStringList());
+    }
+
+    void emptyPathsAreSkipped()
+    {
+        Browser browser(2);
+        for (const QStringList &listed :
+             {QStringList{browser.path(0), QString(), browser.path(1)}, {QString()}}) {
+            browser.host.opened.clear();
+            browser.host.setRecent(listed);
+            browser.createDocument();
+            const QPointer<RecentDocMainWindow> popup = browser.openPopup();
+            const QList<RecentDocDialog *> tiles = browser.tiles();
+            QCOMPARE(tiles.size(), listed.size());
+            for (RecentDocDialog *tile : tiles)
+                tile->highlight();
+            popup->multiDocumentOpen();
+            drainEvents();
+            QVERIFY(!popup); // closes for an empty path alone too
+            QCOMPARE(browser.host.openedPaths(), listed.size() > 1 ? browser.paths() : QStringList());
+        }
+    }
+
+    void aRealDoubleClickOpensOnce_data()
+    {
+        QTest::addColumn<QString>("name"); // reaches the host unchanged
+        QTest::newRow("umlauts") << QStringLiteral("\u00d6lpumpe.dwg");
+        QTest::newRow("beyond the first plane") << QStringLiteral("\u56f3 \U0001F4D0 plan.dwg");
+        QTest::newRow("blanks and quotes") << QStringLiteral("a \"b\" & 'c'.dwg");
+        QTest::newRow("a name that its tile cuts") << QStringLiteral("a drawing with quite a long name.dwg");
+    }
+
+    void aRealDoubleClickOpensOnce()
+    {
+        QFETCH(QString, name);
+        Browser browser(QStringList({QStringLiteral("a.dwg"), name}));
+        browser.createDocument();
+        const QPointer<RecentDocMainWindow> popup = browser.openPopup();
+        QTest::mouseDClick(browser.tiles().at(1), Qt::LeftButton); // press, release, press, double-click
+        QCOMPARE(browser.host.openedPaths(), QStringList(browser.folder() + QLatin1Char('/') + name));
+        drainEvents();
+        QVERIFY(!popup);
+    }
+
+    void openingATileByItselfKeepsThePopup()
+    {
+        const OpenGrid grid(3);
+        grid.tiles.at(1)->OpenDocument();
+        QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, {1}));
+        drainEvents();
+        QVERIFY(grid.popup && grid.popup->isVisible());
+    }
 
 private:
     //! One row for Enter, with the drawings 1, 2 and 4 highlighted, one for a double-click on 4.
@@ -77,190 +238,5 @@ private:
     }
 };
 
-void tst_MultiOpen::thePopupClosesFirst_data()
-{
-    rowsOfWays();
-}
-
-void tst_MultiOpen::thePopupClosesFirst()
-{
-    QFETCH(WayToOpen, open);
-    QFETCH(Indices, opened);
-    OpenGrid grid(5);
-    const QSignalSpy finished(grid.popup, &QDialog::finished);
-    grid.browser.host.onOpen = [&](const QString & /*path*/) {
-        QVERIFY(grid.popup && !grid.popup->isVisible());
-        QCOMPARE(finished.count(), 1);
-    };
-    open(grid);
-    QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, opened));
-    for (const FakeHost::OpenCall &call : grid.browser.host.opened)
-        QVERIFY(call.mode == 0 && call.flags == 0 && call.resultWasEmpty);
-    QCOMPARE(finished, QList<QVariantList>{{0}});
-    QVERIFY(grid.popup); // deleted later
-    drainEvents();
-    QVERIFY(!grid.popup);
-    QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, opened));
-}
-
-void tst_MultiOpen::everyPathIsTriedWhateverTheHostDoes_data()
-{
-    rowsOfWays();
-}
-
-void tst_MultiOpen::everyPathIsTriedWhateverTheHostDoes()
-{
-    QFETCH(WayToOpen, open);
-    QFETCH(Indices, opened);
-    for (const bool deletes : {true, false}) {
-        OpenGrid grid(5);
-        grid.popup->dragDialog = deletes ? grid.tiles.at(1) : nullptr; // which goes with the popup
-        bool wasGone = true;
-        grid.browser.host.onOpen = [&](const QString & /*path*/) {
-            if (deletes)
-                delete grid.popup;
-            else
-                runEvents();
-            wasGone = wasGone && !grid.popup; // while popup or tile was still at work
-        };
-        open(grid);
-        QVERIFY(wasGone);
-        QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, opened));
-    }
-}
-
-void tst_MultiOpen::withoutADocumentServiceThePopupClosesAllTheSame_data()
-{
-    rowsOfWays();
-}
-
-void tst_MultiOpen::withoutADocumentServiceThePopupClosesAllTheSame()
-{
-    QFETCH(WayToOpen, open);
-    for (const auto lacking : {&FakeHost::hasServices, &FakeHost::hasDocumentManager}) {
-        OpenGrid grid(5);
-        grid.browser.host.*lacking = false;
-        open(grid);
-        drainEvents();
-        QVERIFY(!grid.popup);
-        QCOMPARE(grid.browser.host.openedPaths(), QStringList());
-    }
-}
-
-void tst_MultiOpen::everyPathIsTriedThoughAPopupIsOpenedAnew()
-{
-    for (const auto &[menuIsRebuilt, eventsRun] :
-         {std::pair(false, false), std::pair(true, false), std::pair(false, true), std::pair(true, true)}) {
-        OpenGrid grid(5);
-        grid.highlight({1, 2, 4});
-        const QStringList expected = pathsAt(grid, {1, 2, 4});
-        QCursor::setPos(grid.popup->geometry().center()); // else losing the focus would close the new one
-        QPointer<RecentDocMainWindow> anew;
-        grid.browser.host.onOpen = [&, rebuilds = menuIsRebuilt, runs = eventsRun](const QString &path) {
-            if (path != expected.first())
-                return;
-            if (rebuilds) { // as the host's word of a created drawing makes it
-                grid.browser.host.setRecent({path, grid.browser.path(0)});
-                grid.browser.createDocument();
-            }
-            anew = grid.browser.openPopup();
-            if (runs)
-                drainEvents();
-        };
-        grid.press(Qt::Key_Return);
-        QCOMPARE(grid.browser.host.openedPaths(), expected);
-        drainEvents();
-        QVERIFY(!grid.popup);
-        QVERIFY(anew && anew->isVisible());
-        QCOMPARE(highlightedIn(grid.browser.tiles()), Indices({0}));
-        pressKey(anew, Qt::Key_Right);
-        QCOMPARE(highlightedIn(grid.browser.tiles()), Indices({1}));
-    }
-}
-
-void tst_MultiOpen::displayOrderIsPinnedFirst()
-{
-    OpenGrid grid(4);
-    Browser::button(grid.tiles.at(2), "pinButton")->click();
-    grid.popup->done(0);
-    drainEvents();
-    RecentDocMainWindow *popup = grid.browser.openPopup();
-    const QList<RecentDocDialog *> tiles = grid.browser.tiles();
-    for (RecentDocDialog *tile : tiles)
-        tile->highlight();
-    popup->multiDocumentOpen();
-    QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, {2, 0, 1, 3}));
-}
-
-void tst_MultiOpen::oneDocumentListedTwiceIsOpenedTwice()
-{
-    OpenGrid grid(3, {0, 1, 2, 0});
-    grid.highlight({0, 1, 3});
-    grid.popup->multiDocumentOpen();
-    QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, {0, 1, 0}));
-}
-
-void tst_MultiOpen::nothingHighlightedLeavesThePopupOpen()
-{
-    OpenGrid grid(5);
-    grid.highlight({});
-    const QSignalSpy finished(grid.popup, &QDialog::finished);
-    grid.popup->multiDocumentOpen();
-    drainEvents();
-    QVERIFY(grid.popup && grid.popup->isVisible());
-    QCOMPARE(finished.count(), 0);
-    QCOMPARE(grid.browser.host.openedPaths(), QStringList());
-}
-
-void tst_MultiOpen::emptyPathsAreSkipped()
-{
-    Browser browser(2);
-    for (const QStringList &listed :
-         {QStringList{browser.path(0), QString(), browser.path(1)}, {QString()}}) {
-        browser.host.opened.clear();
-        browser.host.setRecent(listed);
-        browser.createDocument();
-        const QPointer<RecentDocMainWindow> popup = browser.openPopup();
-        const QList<RecentDocDialog *> tiles = browser.tiles();
-        QCOMPARE(tiles.size(), listed.size());
-        for (RecentDocDialog *tile : tiles)
-            tile->highlight();
-        popup->multiDocumentOpen();
-        drainEvents();
-        QVERIFY(!popup); // closes for an empty path alone too
-        QCOMPARE(browser.host.openedPaths(), listed.size() > 1 ? browser.paths() : QStringList());
-    }
-}
-
-void tst_MultiOpen::aRealDoubleClickOpensOnce_data()
-{
-    QTest::addColumn<QString>("name"); // reaches the host unchanged
-    QTest::newRow("umlauts") << QStringLiteral("\u00d6lpumpe.dwg");
-    QTest::newRow("beyond the first plane") << QStringLiteral("\u56f3 \U0001F4D0 plan.dwg");
-    QTest::newRow("blanks and quotes") << QStringLiteral("a \"b\" & 'c'.dwg");
-    QTest::newRow("a name that its tile cuts") << QStringLiteral("a drawing with quite a long name.dwg");
-}
-
-void tst_MultiOpen::aRealDoubleClickOpensOnce()
-{
-    QFETCH(QString, name);
-    Browser browser(QStringList({QStringLiteral("a.dwg"), name}));
-    browser.createDocument();
-    const QPointer<RecentDocMainWindow> popup = browser.openPopup();
-    QTest::mouseDClick(browser.tiles().at(1), Qt::LeftButton); // press, release, press, double-click
-    QCOMPARE(browser.host.openedPaths(), QStringList(browser.folder() + QLatin1Char('/') + name));
-    drainEvents();
-    QVERIFY(!popup);
-}
-
-void tst_MultiOpen::openingATileByItselfKeepsThePopup()
-{
-    const OpenGrid grid(3);
-    grid.tiles.at(1)->OpenDocument();
-    QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, {1}));
-    drainEvents();
-    QVERIFY(grid.popup && grid.popup->isVisible());
-}
-
-QTEST_MAIN(tst_MultiOpen)
+TEST_CLASS(tst_MultiOpen);
 #include "tst_multiopen.moc"

@@ -49,87 +49,83 @@ double contrastWithin(const QImage &image, const QColor &ground)
 } // namespace
 
 //! Whether what the popup shows can be read on desktops of other colours.
-class TestPopupLook : public TestCase
+class tst_PopupLook : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void cleanup();
-    void namesAndRingStandOut_data();
-    void namesAndRingStandOut();
+    void cleanup()
+    {
+        qApp->setStyleSheet(QString());
+        QApplication::setStyle(m_style);
+        QApplication::setPalette(m_palette);
+        TestCase::cleanup();
+    }
+
+    void namesAndRingStandOut_data()
+    {
+        QTest::addColumn<QPalette>("palette");
+        QTest::addColumn<QPalette>("later"); // while the popup is open
+        QTest::addColumn<QString>("laterStyle");
+        const QPalette light = paletteOf(QColor(239, 239, 239), Qt::black);
+        const QPalette dark = paletteOf(QColor(45, 45, 45), Qt::white);
+        const QPalette highContrast = paletteOf(Qt::black, Qt::yellow);
+        QTest::newRow("light") << light << light << QString();
+        QTest::newRow("dark") << dark << dark << QString();
+        QTest::newRow("high contrast") << highContrast << highContrast << QString();
+        QTest::newRow("light, then dark") << light << dark << QString();
+        QTest::newRow("dark, then light") << dark << light << QString();
+        QTest::newRow("dark, then another style") << dark << dark << QStringLiteral("Windows");
+        QTest::newRow("light, then a style sheet of the application")
+            << light << light << QStringLiteral("QMenu { color: red; }");
+        QTest::newRow("an application that styles all labels and dialogs") << light << light << QString();
+    }
+
+    void namesAndRingStandOut()
+    {
+        QFETCH(QPalette, palette);
+        QFETCH(QPalette, later);
+        QFETCH(QString, laterStyle);
+        QApplication::setPalette(palette);
+        if (qstrcmp(QTest::currentDataTag(), "an application that styles all labels and dialogs") == 0)
+            qApp->setStyleSheet(QStringLiteral("QLabel { color: white; } QDialog { background: black; }"
+                                               "RecentDocDialog QLabel { color: black; }"
+                                               "RecentDocMainWindow { background: #f0f0f0; }"));
+        Browser browser(2);
+        browser.createDocument();
+        RecentDocMainWindow *popup = browser.openPopup();
+        drainEvents();
+        if (laterStyle.contains(QLatin1Char('{')))
+            qApp->setStyleSheet(laterStyle);
+        else if (!laterStyle.isEmpty())
+            QApplication::setStyle(laterStyle);
+        QApplication::setPalette(later);
+        drainEvents();
+
+        const QImage image = popup->grab().toImage();
+        const QList<RecentDocDialog *> tiles = browser.tiles();
+        const RecentDocDialog *highlighted = tiles.first();
+        for (const RecentDocDialog *tile : tiles) {
+            const QRect name(tile->title_label->mapTo(popup, QPoint()), tile->title_label->size());
+            const double found = contrastWithin(image.copy(name), image.pixelColor(name.topRight()));
+            QVERIFY2(found >= 4.5, qPrintable(QString::number(found)));
+        }
+        for (const QLabel *label : {popup->main_label_title, popup->main_label_path}) {
+            const QRect place = label->geometry();
+            const double found = contrastWithin(image.copy(place), image.pixelColor(place.topRight()));
+            QVERIFY2(found >= 4.5, qPrintable(QString::number(found)));
+            QVERIFY(luminance(image.pixelColor(place.topRight())) < 0.1); // the header's own ground
+        }
+        const int middle = highlighted->geometry().center().y();
+        const QColor ring = image.pixelColor(highlighted->x() - 2, middle);
+        const QColor ground = image.pixelColor(highlighted->x() - 6, middle);
+        QVERIFY2(contrast(ring, ground) >= 2.5, qPrintable(ring.name() + QLatin1Char(' ') + ground.name()));
+    }
 
 private:
     const QPalette m_palette = QApplication::palette();
     const QString m_style = QApplication::style()->objectName();
 };
 
-void TestPopupLook::cleanup()
-{
-    qApp->setStyleSheet(QString());
-    QApplication::setStyle(m_style);
-    QApplication::setPalette(m_palette);
-    TestCase::cleanup();
-}
-
-void TestPopupLook::namesAndRingStandOut_data()
-{
-    QTest::addColumn<QPalette>("palette");
-    QTest::addColumn<QPalette>("later"); // while the popup is open
-    QTest::addColumn<QString>("laterStyle");
-    const QPalette light = paletteOf(QColor(239, 239, 239), Qt::black);
-    const QPalette dark = paletteOf(QColor(45, 45, 45), Qt::white);
-    const QPalette highContrast = paletteOf(Qt::black, Qt::yellow);
-    QTest::newRow("light") << light << light << QString();
-    QTest::newRow("dark") << dark << dark << QString();
-    QTest::newRow("high contrast") << highContrast << highContrast << QString();
-    QTest::newRow("light, then dark") << light << dark << QString();
-    QTest::newRow("dark, then light") << dark << light << QString();
-    QTest::newRow("dark, then another style") << dark << dark << QStringLiteral("Windows");
-    QTest::newRow("light, then a style sheet of the application")
-        << light << light << QStringLiteral("QMenu { color: red; }");
-    QTest::newRow("an application that styles all labels and dialogs") << light << light << QString();
-}
-
-void TestPopupLook::namesAndRingStandOut()
-{
-    QFETCH(QPalette, palette);
-    QFETCH(QPalette, later);
-    QFETCH(QString, laterStyle);
-    QApplication::setPalette(palette);
-    if (qstrcmp(QTest::currentDataTag(), "an application that styles all labels and dialogs") == 0)
-        qApp->setStyleSheet(QStringLiteral("QLabel { color: white; } QDialog { background: black; }"
-                                           "RecentDocDialog QLabel { color: black; }"
-                                           "RecentDocMainWindow { background: #f0f0f0; }"));
-    Browser browser(2);
-    browser.createDocument();
-    RecentDocMainWindow *popup = browser.openPopup();
-    drainEvents();
-    if (laterStyle.contains(QLatin1Char('{')))
-        qApp->setStyleSheet(laterStyle);
-    else if (!laterStyle.isEmpty())
-        QApplication::setStyle(laterStyle);
-    QApplication::setPalette(later);
-    drainEvents();
-
-    const QImage image = popup->grab().toImage();
-    const QList<RecentDocDialog *> tiles = browser.tiles();
-    const RecentDocDialog *highlighted = tiles.first();
-    for (const RecentDocDialog *tile : tiles) {
-        const QRect name(tile->title_label->mapTo(popup, QPoint()), tile->title_label->size());
-        const double found = contrastWithin(image.copy(name), image.pixelColor(name.topRight()));
-        QVERIFY2(found >= 4.5, qPrintable(QString::number(found)));
-    }
-    for (const QLabel *label : {popup->main_label_title, popup->main_label_path}) {
-        const QRect place = label->geometry();
-        const double found = contrastWithin(image.copy(place), image.pixelColor(place.topRight()));
-        QVERIFY2(found >= 4.5, qPrintable(QString::number(found)));
-        QVERIFY(luminance(image.pixelColor(place.topRight())) < 0.1); // the header's own ground
-    }
-    const int middle = highlighted->geometry().center().y();
-    const QColor ring = image.pixelColor(highlighted->x() - 2, middle);
-    const QColor ground = image.pixelColor(highlighted->x() - 6, middle);
-    QVERIFY2(contrast(ring, ground) >= 2.5, qPrintable(ring.name() + QLatin1Char(' ') + ground.name()));
-}
-
-QTEST_MAIN(TestPopupLook)
+TEST_CLASS(tst_PopupLook);
 #include "tst_popuplook.moc"

@@ -39,207 +39,194 @@ QImage shownIn(const QLabel &label)
 } // namespace
 
 //! What a tile is made of.
-class TestTile : public TestCase
+class tst_Tile : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void isAChildOfThePopupAndNoWindow();
-    void formHasItsNamesAndMeasures();
-    void textsAreTranslated();
-    void restsInItsStyleSheetToTheLetter();
-    void longNamesAreCutAndPathsKept_data();
-    void longNamesAreCutAndPathsKept();
-    void pictureFillsItsLabel();
-    void aDocumentWithoutPictureGetsABlankOne();
-    void typeIconStandsInTheCorner();
-    void partsStandInTheirPlaces();
-    void pinTakesOverTheMenusStateOnce();
-    void deletesItselfWhenClosedAndStaysListed();
+    void isAChildOfThePopupAndNoWindow()
+    {
+        const FreshTile fresh;
+        const RecentDocDialog &tile = *fresh.tile;
+        QCOMPARE(tile.parentWidget(), &fresh.popup);
+        QVERIFY(!tile.isWindow());
+        QCOMPARE(tile.windowFlags(), Qt::WindowFlags(Qt::FramelessWindowHint));
+        QCOMPARE(tile.windowModality(), Qt::WindowModal);
+        QVERIFY(tile.testAttribute(Qt::WA_MouseTracking));
+        QVERIFY(tile.testAttribute(Qt::WA_DeleteOnClose));
+        QCOMPARE(tile.geometry(), QRect(10, 90, 161, 131));
+        QCOMPARE(tile.minimumSize(), QSize(161, 131));
+        QCOMPARE(tile.maximumSize(), QSize(161, 131));
+        QCOMPARE(tile.sizePolicy(), QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed));
+        QVERIFY(!tile.isHighlighted() && !tile.graphicsEffect());
+
+        const QMetaObject &meta = RecentDocDialog::staticMetaObject;
+        QCOMPARE(meta.className(), "RecentDocDialog");
+        QCOMPARE(meta.superClass(), &QDialog::staticMetaObject);
+        QCOMPARE(meta.methodCount(), meta.methodOffset());
+        QCOMPARE(meta.propertyCount(), meta.propertyOffset());
+    }
+
+    void formHasItsNamesAndMeasures()
+    {
+        const FreshTile fresh;
+        const RecentDocDialog &tile = *fresh.tile;
+        QCOMPARE(tile.objectName(), QStringLiteral("RecentDocDialog"));
+        QCOMPARE(formText(tile.layout()),
+                 QStringLiteral("verticalLayout 6 (gridLayout_3 0 (0:0 gridLayout_2 0 (0:0 title_label, "
+                                "0:1 gridLayout 0 (0:0 folderButton, 0:1 pinButton)), 2:0 image_label))"));
+        QCOMPARE(tile.verticalLayout->contentsMargins(), QMargins(11, 11, 11, 11));
+        const QLabel &name = *tile.title_label;
+        QCOMPARE(name.sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred));
+        QCOMPARE(name.maximumSize(), QSize(16777215, 16777215));
+        QCOMPARE(name.sizeIncrement(), QSize(0, 0));
+        QVERIFY(!name.wordWrap());
+        QCOMPARE(tile.image_label->text(), QString());
+        for (const char *button : {"pinButton", "folderButton"})
+            QCOMPARE(Browser::button(&tile, button)->path(), tile.path());
+    }
+
+    void textsAreTranslated()
+    {
+        MarkingTranslator translator;
+        QVERIFY(QCoreApplication::installTranslator(&translator));
+        const FreshTile fresh;
+        QCOMPARE(fresh.tile->windowTitle(), QStringLiteral("RecentDocDialog/RecentDocDialog"));
+        QCOMPARE(fresh.tile->title_label->text(), QStringLiteral("gear.dwg")); // names are not
+    }
+
+    void restsInItsStyleSheetToTheLetter()
+    {
+        const FreshTile fresh;
+        QCOMPARE(fresh.tile->styleSheet(),
+                 QStringLiteral("QDialog {color:lightGray;"
+                                "                         background-color: rgb(248, 248, 248);"
+                                "                          border-width: 0.1px;"
+                                "                         border: 1px solid;"
+                                "                         border-color: #C0C0C0"
+                                "                                  }"));
+    }
+
+    void longNamesAreCutAndPathsKept_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("shown");
+        const auto row = [](const char *name, const char *path, const char *shown) {
+            QTest::newRow(name) << QString::fromUtf8(path) << QString::fromUtf8(shown);
+        };
+        row("a short name", "/a/gear.dwg", "gear.dwg");
+        row("a name of 16 characters", "/a/abcdefghijkl.dwg", "abcdefghijkl.dwg");
+        row("a name of 17 characters", "/a/abcdefghijklm.dwg", "abcdefghijklm...");
+        row("a long name", "/a/a quite long drawing name.dwg", "a quite long ...");
+        row("folders do not count", "/a folder with a very long name/b.dwg", "b.dwg");
+        row("umlauts count once", "/a/äöüäöüäöüäöü.dwg", "äöüäöüäöüäöü.dwg");
+        row("no folder", "gear.dwg", "gear.dwg");
+        row("no path", "", "");
+        row("no markup", "/a/<b>x.dwg", "<b>x.dwg");
+        row("doubled slashes and dots", "/a//b/../gear.dwg", "gear.dwg");
+        row("backslashes", "C:\\a\\b.dwg", "C:\\a\\b.dwg");
+        row("blanks around", " /a/gear.dwg ", "gear.dwg ");
+        row("beyond the first plane", "/a/\xF0\x9F\x93\x90.dwg", "\xF0\x9F\x93\x90.dwg");
+    }
+
+    void longNamesAreCutAndPathsKept()
+    {
+        QFETCH(QString, path);
+        QFETCH(QString, shown);
+        const FreshTile fresh(path);
+        QCOMPARE(fresh.tile->title_label->text(), shown);
+        QCOMPARE(fresh.tile->title_label->textFormat(), Qt::PlainText);
+        QCOMPARE(fresh.tile->path(), path);
+    }
+
+    void pictureFillsItsLabel()
+    {
+        FreshTile fresh;
+        const QLabel &picture = *fresh.tile->image_label;
+        const QImage before = fresh.picture.copy();
+        fresh.picture.fill(Qt::black); // it has a copy
+        QVERIFY(picture.hasScaledContents());
+        QCOMPARE(shownIn(picture), QPixmap::fromImage(before).toImage());
+        QCOMPARE(picture.styleSheet(), QStringLiteral("QLabel {"
+                                                      "                        border-width: 0.1px;"
+                                                      "                        border: 1px solid;"
+                                                      "                        background-color: white;"
+                                                      "                        border-color: #C0C0C0"
+                                                      "                            }"));
+    }
+
+    void aDocumentWithoutPictureGetsABlankOne()
+    {
+        Browser browser(1);
+        browser.host.onLoadPreview = nullptr;
+        browser.createDocument();
+        const RecentDocMainWindow *popup = browser.openPopup();
+        const QLabel &picture = *browser.tiles().at(0)->image_label;
+        QVERIFY(shownIn(picture).isNull());
+        drainEvents();
+        QVERIFY(picture.isVisibleTo(popup));
+        const QImage painted = browser.tiles().at(0)->grab(picture.geometry()).toImage();
+        QCOMPARE(painted.pixelColor(painted.rect().center()), QColor(Qt::white));
+        QCOMPARE(painted.pixelColor(0, painted.height() / 2), QColor(QStringLiteral("#C0C0C0"))); // its frame
+    }
+
+    void typeIconStandsInTheCorner()
+    {
+        const FreshTile fresh;
+        const QLabel *icon = typeIcon(*fresh.tile);
+        QCOMPARE(icon->parentWidget(), fresh.tile);
+        QCOMPARE(icon->geometry(), QRect(140, 110, 21, 21));
+        QCOMPARE(icon->geometry().bottomRight(), fresh.tile->rect().bottomRight());
+        const QImage stored(QStringLiteral(":/Images/Resources/VELA_DWG.png"));
+        QVERIFY(!stored.isNull());
+        QCOMPARE(shownIn(*icon).size(),
+                 stored.size()); // an icon is never enlarged to the 21 pixels that it is asked for
+        constexpr QImage::Format painted = QImage::Format_ARGB32_Premultiplied; // what a pixmap keeps
+        QCOMPARE(shownIn(*icon).convertToFormat(painted), stored.convertToFormat(painted));
+    }
+
+    void partsStandInTheirPlaces()
+    {
+        const OpenGrid grid(1);
+        drainEvents(); // layouts have run
+        const RecentDocDialog &tile = *grid.tiles.at(0);
+        const QRect name = tile.title_label->geometry();
+        const QRect folder = Browser::button(&tile, "folderButton")->geometry();
+        const QRect pin = Browser::button(&tile, "pinButton")->geometry();
+        const QRect picture = tile.image_label->geometry();
+        const QRect inner = tile.rect().adjusted(11, 11, -11, -11);
+        QCOMPARE(name.topLeft(), inner.topLeft());
+        QVERIFY(folder.left() > name.right());
+        QVERIFY(pin.left() > folder.right());
+        QCOMPARE(pin.right(), inner.right());
+        QVERIFY(picture.top() > qMax(name.bottom(), pin.bottom()));
+        QCOMPARE(picture.left(), inner.left());
+        QCOMPARE(picture.bottomRight(), inner.bottomRight());
+        QCOMPARE(typeIcon(tile)->geometry(), QRect(140, 110, 21, 21));
+    }
+
+    void pinTakesOverTheMenusStateOnce()
+    {
+        for (const bool pinned : {true, false}) {
+            const FreshTile fresh(QStringLiteral("/a/gear.dwg"), pinned);
+            const FolderPinButton *pin = Browser::button(fresh.tile, "pinButton");
+            QCOMPARE(pin->isChecked(), pinned);
+            fresh.menuPin->setChecked(!pinned);
+            QCOMPARE(pin->isChecked(), pinned);
+        }
+    }
+
+    void deletesItselfWhenClosedAndStaysListed()
+    {
+        const OpenGrid grid(2);
+        const QPointer<RecentDocDialog> tile = grid.tiles.at(1);
+        tile->close();
+        drainEvents();
+        QVERIFY(!tile);
+        QCOMPARE(grid.browser.tiles().size(), 2); // the second not to be looked at any more
+        QCOMPARE(RecentDocumentBrowser::docPinButtonList.size(), 2);
+    }
 };
 
-void TestTile::isAChildOfThePopupAndNoWindow()
-{
-    const FreshTile fresh;
-    const RecentDocDialog &tile = *fresh.tile;
-    QCOMPARE(tile.parentWidget(), &fresh.popup);
-    QVERIFY(!tile.isWindow());
-    QCOMPARE(tile.windowFlags(), Qt::WindowFlags(Qt::FramelessWindowHint));
-    QCOMPARE(tile.windowModality(), Qt::WindowModal);
-    QVERIFY(tile.testAttribute(Qt::WA_MouseTracking));
-    QVERIFY(tile.testAttribute(Qt::WA_DeleteOnClose));
-    QCOMPARE(tile.geometry(), QRect(10, 90, 161, 131));
-    QCOMPARE(tile.minimumSize(), QSize(161, 131));
-    QCOMPARE(tile.maximumSize(), QSize(161, 131));
-    QCOMPARE(tile.sizePolicy(), QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed));
-    QVERIFY(!tile.isHighlighted() && !tile.graphicsEffect());
-
-    const QMetaObject &meta = RecentDocDialog::staticMetaObject;
-    QCOMPARE(meta.className(), "RecentDocDialog");
-    QCOMPARE(meta.superClass(), &QDialog::staticMetaObject);
-    QCOMPARE(meta.methodCount(), meta.methodOffset());
-    QCOMPARE(meta.propertyCount(), meta.propertyOffset());
-}
-
-void TestTile::formHasItsNamesAndMeasures()
-{
-    const FreshTile fresh;
-    const RecentDocDialog &tile = *fresh.tile;
-    QCOMPARE(tile.objectName(), QStringLiteral("RecentDocDialog"));
-    QCOMPARE(formText(tile.layout()),
-             QStringLiteral("verticalLayout 6 (gridLayout_3 0 (0:0 gridLayout_2 0 (0:0 title_label, "
-                            "0:1 gridLayout 0 (0:0 folderButton, 0:1 pinButton)), 2:0 image_label))"));
-    QCOMPARE(tile.verticalLayout->contentsMargins(), QMargins(11, 11, 11, 11));
-    const QLabel &name = *tile.title_label;
-    QCOMPARE(name.sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred));
-    QCOMPARE(name.maximumSize(), QSize(16777215, 16777215));
-    QCOMPARE(name.sizeIncrement(), QSize(0, 0));
-    QVERIFY(!name.wordWrap());
-    QCOMPARE(tile.image_label->text(), QString());
-    for (const char *button : {"pinButton", "folderButton"})
-        QCOMPARE(Browser::button(&tile, button)->path(), tile.path());
-}
-
-void TestTile::textsAreTranslated()
-{
-    MarkingTranslator translator;
-    QVERIFY(QCoreApplication::installTranslator(&translator));
-    const FreshTile fresh;
-    QCOMPARE(fresh.tile->windowTitle(), QStringLiteral("RecentDocDialog/RecentDocDialog"));
-    QCOMPARE(fresh.tile->title_label->text(), QStringLiteral("gear.dwg")); // names are not
-}
-
-void TestTile::restsInItsStyleSheetToTheLetter()
-{
-    const FreshTile fresh;
-    QCOMPARE(fresh.tile->styleSheet(),
-             QStringLiteral("QDialog {color:lightGray;"
-                            "                         background-color: rgb(248, 248, 248);"
-                            "                          border-width: 0.1px;"
-                            "                         border: 1px solid;"
-                            "                         border-color: #C0C0C0"
-                            "                                  }"));
-}
-
-void TestTile::longNamesAreCutAndPathsKept_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("shown");
-    const auto row = [](const char *name, const char *path, const char *shown) {
-        QTest::newRow(name) << QString::fromUtf8(path) << QString::fromUtf8(shown);
-    };
-    row("a short name", "/a/gear.dwg", "gear.dwg");
-    row("a name of 16 characters", "/a/abcdefghijkl.dwg", "abcdefghijkl.dwg");
-    row("a name of 17 characters", "/a/abcdefghijklm.dwg", "abcdefghijklm...");
-    row("a long name", "/a/a quite long drawing name.dwg", "a quite long ...");
-    row("folders do not count", "/a folder with a very long name/b.dwg", "b.dwg");
-    row("umlauts count once", "/a/äöüäöüäöüäöü.dwg", "äöüäöüäöüäöü.dwg");
-    row("no folder", "gear.dwg", "gear.dwg");
-    row("no path", "", "");
-    row("no markup", "/a/<b>x.dwg", "<b>x.dwg");
-    row("doubled slashes and dots", "/a//b/../gear.dwg", "gear.dwg");
-    row("backslashes", "C:\\a\\b.dwg", "C:\\a\\b.dwg");
-    row("blanks around", " /a/gear.dwg ", "gear.dwg ");
-    row("beyond the first plane", "/a/\xF0\x9F\x93\x90.dwg", "\xF0\x9F\x93\x90.dwg");
-}
-
-void TestTile::longNamesAreCutAndPathsKept()
-{
-    QFETCH(QString, path);
-    QFETCH(QString, shown);
-    const FreshTile fresh(path);
-    QCOMPARE(fresh.tile->title_label->text(), shown);
-    QCOMPARE(fresh.tile->title_label->textFormat(), Qt::PlainText);
-    QCOMPARE(fresh.tile->path(), path);
-}
-
-void TestTile::pictureFillsItsLabel()
-{
-    FreshTile fresh;
-    const QLabel &picture = *fresh.tile->image_label;
-    const QImage before = fresh.picture.copy();
-    fresh.picture.fill(Qt::black); // it has a copy
-    QVERIFY(picture.hasScaledContents());
-    QCOMPARE(shownIn(picture), QPixmap::fromImage(before).toImage());
-    QCOMPARE(picture.styleSheet(), QStringLiteral("QLabel {"
-                                                  "                        border-width: 0.1px;"
-                                                  "                        border: 1px solid;"
-                                                  "                        background-color: white;"
-                                                  "                        border-color: #C0C0C0"
-                                                  "                            }"));
-}
-
-void TestTile::aDocumentWithoutPictureGetsABlankOne()
-{
-    Browser browser(1);
-    browser.host.onLoadPreview = nullptr;
-    browser.createDocument();
-    const RecentDocMainWindow *popup = browser.openPopup();
-    const QLabel &picture = *browser.tiles().at(0)->image_label;
-    QVERIFY(shownIn(picture).isNull());
-    drainEvents();
-    QVERIFY(picture.isVisibleTo(popup));
-    const QImage painted = browser.tiles().at(0)->grab(picture.geometry()).toImage();
-    QCOMPARE(painted.pixelColor(painted.rect().center()), QColor(Qt::white));
-    QCOMPARE(painted.pixelColor(0, painted.height() / 2), QColor(QStringLiteral("#C0C0C0"))); // its frame
-}
-
-void TestTile::typeIconStandsInTheCorner()
-{
-    const FreshTile fresh;
-    const QLabel *icon = typeIcon(*fresh.tile);
-    QCOMPARE(icon->parentWidget(), fresh.tile);
-    QCOMPARE(icon->geometry(), QRect(140, 110, 21, 21));
-    QCOMPARE(icon->geometry().bottomRight(), fresh.tile->rect().bottomRight());
-    const QImage stored(QStringLiteral(":/Images/Resources/VELA_DWG.png"));
-    QVERIFY(!stored.isNull());
-    QCOMPARE(shownIn(*icon).size(),
-             stored.size()); // an icon is never enlarged to the 21 pixels that it is asked for
-    constexpr QImage::Format painted = QImage::Format_ARGB32_Premultiplied; // what a pixmap keeps
-    QCOMPARE(shownIn(*icon).convertToFormat(painted), stored.convertToFormat(painted));
-}
-
-void TestTile::partsStandInTheirPlaces()
-{
-    const OpenGrid grid(1);
-    drainEvents(); // layouts have run
-    const RecentDocDialog &tile = *grid.tiles.at(0);
-    const QRect name = tile.title_label->geometry();
-    const QRect folder = Browser::button(&tile, "folderButton")->geometry();
-    const QRect pin = Browser::button(&tile, "pinButton")->geometry();
-    const QRect picture = tile.image_label->geometry();
-    const QRect inner = tile.rect().adjusted(11, 11, -11, -11);
-    QCOMPARE(name.topLeft(), inner.topLeft());
-    QVERIFY(folder.left() > name.right());
-    QVERIFY(pin.left() > folder.right());
-    QCOMPARE(pin.right(), inner.right());
-    QVERIFY(picture.top() > qMax(name.bottom(), pin.bottom()));
-    QCOMPARE(picture.left(), inner.left());
-    QCOMPARE(picture.bottomRight(), inner.bottomRight());
-    QCOMPARE(typeIcon(tile)->geometry(), QRect(140, 110, 21, 21));
-}
-
-void TestTile::pinTakesOverTheMenusStateOnce()
-{
-    for (const bool pinned : {true, false}) {
-        const FreshTile fresh(QStringLiteral("/a/gear.dwg"), pinned);
-        const FolderPinButton *pin = Browser::button(fresh.tile, "pinButton");
-        QCOMPARE(pin->isChecked(), pinned);
-        fresh.menuPin->setChecked(!pinned);
-        QCOMPARE(pin->isChecked(), pinned);
-    }
-}
-
-void TestTile::deletesItselfWhenClosedAndStaysListed()
-{
-    const OpenGrid grid(2);
-    const QPointer<RecentDocDialog> tile = grid.tiles.at(1);
-    tile->close();
-    drainEvents();
-    QVERIFY(!tile);
-    QCOMPARE(grid.browser.tiles().size(), 2); // the second not to be looked at any more
-    QCOMPARE(RecentDocumentBrowser::docPinButtonList.size(), 2);
-}
-
-QTEST_MAIN(TestTile)
+TEST_CLASS(tst_Tile);
 #include "tst_tile.moc"

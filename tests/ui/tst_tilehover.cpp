@@ -60,168 +60,156 @@ QColor groundOf(RecentDocDialog *tile)
 } // namespace
 
 //! What the pointer over a tile and the focus on it do, and what the path line shows.
-class TestTileHover : public TestCase
+class tst_TileHover : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void enteringAndLeaving();
-    void leavingShowsTheHighlightedTilesPath_data();
-    void leavingShowsTheHighlightedTilesPath();
-    void focusShowsThePathAndLosingItChangesNothing();
-    void keysGoToThePopup_data();
-    void keysGoToThePopup();
-    void widePathsAreCut_data();
-    void widePathsAreCut();
-    void widthIsJudgedByTheApplicationsFont();
-    void thePathLineIsNoMarkup();
-    void withoutAPathLineNothingIsWritten();
+    void enteringAndLeaving()
+    {
+        const OpenGrid grid(4);
+        RecentDocDialog *tile = grid.tiles.at(1);
+        const QString resting = tile->styleSheet();
+        const QList<FolderPinButton *> buttons = {Browser::button(tile, "pinButton"),
+                                                  Browser::button(tile, "folderButton")};
+        for (FolderPinButton *button : buttons)
+            button->hide();
+        sendPlain(tile, QEvent::Enter);
+        QCOMPARE(grid.line(), grid.lineOf(1));
+        QCOMPARE(tile->styleSheet(),
+                 QStringLiteral("QDialog {color:lightGray;"
+                                "                         background-color: rgb(240, 240, 240);"
+                                "                          border-width: 0.1px;"
+                                "                         border: 1px solid;"
+                                "                         border-color: #C0C0C0"
+                                "                                  }"));
+        QCOMPARE(groundOf(tile), QColor(240, 240, 240));
+
+        sendPlain(tile, QEvent::Leave);
+        QCOMPARE(tile->styleSheet(), resting);
+        QCOMPARE(groundOf(tile), QColor(248, 248, 248));
+        for (const FolderPinButton *button : buttons)
+            QVERIFY(button->isVisible()); // from the entry on
+        QCOMPARE(tile->focusPolicy(), Qt::StrongFocus);
+    }
+
+    void leavingShowsTheHighlightedTilesPath_data()
+    {
+        QTest::addColumn<Indices>("highlighted");
+        QTest::addColumn<int>("shown");
+        QTest::newRow("the first of several") << Indices{1, 3} << 1;
+        QTest::newRow("none: the path stays") << Indices{} << 2;
+    }
+
+    void leavingShowsTheHighlightedTilesPath()
+    {
+        QFETCH(Indices, highlighted);
+        QFETCH(int, shown);
+        OpenGrid grid(4);
+        grid.highlight(highlighted);
+        sendPlain(grid.tiles.at(2), QEvent::Enter);
+        sendPlain(grid.tiles.at(2), QEvent::Leave);
+        QCOMPARE(grid.line(), grid.lineOf(shown));
+    }
+
+    void focusShowsThePathAndLosingItChangesNothing()
+    {
+        const OpenGrid grid(4);
+        QVERIFY(waitForActive(grid.popup));
+        RecentDocDialog *tile = grid.tiles.at(3);
+        tile->setFocus();
+        QCOMPARE(grid.line(), grid.lineOf(3));
+        const QString sheet = tile->styleSheet();
+        QFocusEvent lost(QEvent::FocusOut);
+        QCoreApplication::sendEvent(tile, &lost);
+        QVERIFY(!lost.isAccepted());
+        QCOMPARE(grid.line(), grid.lineOf(3));
+        QCOMPARE(tile->styleSheet(), sheet);
+        QCOMPARE(grid.highlighted(), Indices{0});
+    }
+
+    void keysGoToThePopup_data()
+    {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::newRow("a letter") << Qt::Key_A;
+        QTest::newRow("Return") << Qt::Key_Return;
+        QTest::newRow("Escape") << Qt::Key_Escape;
+        QTest::newRow("Tab") << Qt::Key_Tab;
+        QTest::newRow("Shift+Tab") << Qt::Key_Backtab;
+    }
+
+    void keysGoToThePopup()
+    {
+        QFETCH(Qt::Key, key);
+        const OpenGrid grid(4);
+        QVERIFY(waitForActive(grid.popup));
+        RecentDocDialog *tile = grid.tiles.at(2);
+        tile->setFocus();
+        const KeyTaker taker(grid.popup);
+        QTest::keyClick(tile, key);
+        QCOMPARE(taker.keys, QList<int>({key}));
+        QVERIFY(tile->isVisible()); // Escape does not close the tile
+        QCOMPARE(QApplication::focusWidget(), tile);
+    }
+
+    void widePathsAreCut_data()
+    {
+        QTest::addColumn<int>("length");
+        QTest::addColumn<int>("kept");
+        QTest::addColumn<int>("dots");
+        QTest::newRow("50 characters, padded") << 50 << 50 << 50;
+        QTest::newRow("96 characters, padded") << 96 << 96 << 4;
+        QTest::newRow("97 characters, padded") << 97 << 97 << 3;
+        QTest::newRow("98 characters lose one") << 98 << 97 << 3;
+        QTest::newRow("300 characters") << 300 << 97 << 3;
+    }
+
+    void widePathsAreCut()
+    {
+        QFETCH(int, length);
+        QFETCH(int, kept);
+        QFETCH(int, dots);
+        TileInWindow in;
+        const QString path = QStringLiteral("/drawings/abcdefghijklm").repeated(20).left(length);
+        QCOMPARE(in.shown(path, textWidth(path)), path);
+        QCOMPARE(in.shown(path, textWidth(path) - 1), path.left(kept) + QString(dots, QLatin1Char('.')));
+    }
+
+    void widthIsJudgedByTheApplicationsFont()
+    {
+        TileInWindow in;
+        const QString path = QStringLiteral("/drawings/abcdefghijklmnopqrstuvwxyz.dwg");
+        const int width = textWidth(path);
+        QFont large;
+        large.setPointSizeF(large.pointSizeF() * 2);
+        in.line.setFont(large);
+        in.window.setFont(large);
+        QCOMPARE(in.shown(path, width), path);
+
+        const QFont usual = QApplication::font();
+        QApplication::setFont(large);
+        const QString cut = in.shown(path, width);
+        QApplication::setFont(usual);
+        QCOMPARE(cut, path.leftJustified(100, QLatin1Char('.')));
+    }
+
+    void thePathLineIsNoMarkup()
+    {
+        const OpenGrid grid(1);
+        const QString path = QStringLiteral("/<b>drawings/gear.dwg");
+        grid.tiles.at(0)->setMainWindowDocPathLabel(path);
+        QCOMPARE(grid.line(), path);
+        QCOMPARE(grid.popup->main_label_path->textFormat(), Qt::PlainText);
+    }
+
+    void withoutAPathLineNothingIsWritten()
+    {
+        TileInWindow in;
+        in.line.setText(QStringLiteral("as before"));
+        RecentDocMainWindow::docPathLabel = nullptr;
+        QCOMPARE(in.shown(in.path, 500), QStringLiteral("as before"));
+    }
 };
 
-void TestTileHover::enteringAndLeaving()
-{
-    const OpenGrid grid(4);
-    RecentDocDialog *tile = grid.tiles.at(1);
-    const QString resting = tile->styleSheet();
-    const QList<FolderPinButton *> buttons = {Browser::button(tile, "pinButton"),
-                                              Browser::button(tile, "folderButton")};
-    for (FolderPinButton *button : buttons)
-        button->hide();
-    sendPlain(tile, QEvent::Enter);
-    QCOMPARE(grid.line(), grid.lineOf(1));
-    QCOMPARE(tile->styleSheet(),
-             QStringLiteral("QDialog {color:lightGray;"
-                            "                         background-color: rgb(240, 240, 240);"
-                            "                          border-width: 0.1px;"
-                            "                         border: 1px solid;"
-                            "                         border-color: #C0C0C0"
-                            "                                  }"));
-    QCOMPARE(groundOf(tile), QColor(240, 240, 240));
-
-    sendPlain(tile, QEvent::Leave);
-    QCOMPARE(tile->styleSheet(), resting);
-    QCOMPARE(groundOf(tile), QColor(248, 248, 248));
-    for (const FolderPinButton *button : buttons)
-        QVERIFY(button->isVisible()); // from the entry on
-    QCOMPARE(tile->focusPolicy(), Qt::StrongFocus);
-}
-
-void TestTileHover::leavingShowsTheHighlightedTilesPath_data()
-{
-    QTest::addColumn<Indices>("highlighted");
-    QTest::addColumn<int>("shown");
-    QTest::newRow("the first of several") << Indices{1, 3} << 1;
-    QTest::newRow("none: the path stays") << Indices{} << 2;
-}
-
-void TestTileHover::leavingShowsTheHighlightedTilesPath()
-{
-    QFETCH(Indices, highlighted);
-    QFETCH(int, shown);
-    OpenGrid grid(4);
-    grid.highlight(highlighted);
-    sendPlain(grid.tiles.at(2), QEvent::Enter);
-    sendPlain(grid.tiles.at(2), QEvent::Leave);
-    QCOMPARE(grid.line(), grid.lineOf(shown));
-}
-
-void TestTileHover::focusShowsThePathAndLosingItChangesNothing()
-{
-    const OpenGrid grid(4);
-    QVERIFY(waitForActive(grid.popup));
-    RecentDocDialog *tile = grid.tiles.at(3);
-    tile->setFocus();
-    QCOMPARE(grid.line(), grid.lineOf(3));
-    const QString sheet = tile->styleSheet();
-    QFocusEvent lost(QEvent::FocusOut);
-    QCoreApplication::sendEvent(tile, &lost);
-    QVERIFY(!lost.isAccepted());
-    QCOMPARE(grid.line(), grid.lineOf(3));
-    QCOMPARE(tile->styleSheet(), sheet);
-    QCOMPARE(grid.highlighted(), Indices{0});
-}
-
-void TestTileHover::keysGoToThePopup_data()
-{
-    QTest::addColumn<Qt::Key>("key");
-    QTest::newRow("a letter") << Qt::Key_A;
-    QTest::newRow("Return") << Qt::Key_Return;
-    QTest::newRow("Escape") << Qt::Key_Escape;
-    QTest::newRow("Tab") << Qt::Key_Tab;
-    QTest::newRow("Shift+Tab") << Qt::Key_Backtab;
-}
-
-void TestTileHover::keysGoToThePopup()
-{
-    QFETCH(Qt::Key, key);
-    const OpenGrid grid(4);
-    QVERIFY(waitForActive(grid.popup));
-    RecentDocDialog *tile = grid.tiles.at(2);
-    tile->setFocus();
-    const KeyTaker taker(grid.popup);
-    QTest::keyClick(tile, key);
-    QCOMPARE(taker.keys, QList<int>({key}));
-    QVERIFY(tile->isVisible()); // Escape does not close the tile
-    QCOMPARE(QApplication::focusWidget(), tile);
-}
-
-void TestTileHover::widePathsAreCut_data()
-{
-    QTest::addColumn<int>("length");
-    QTest::addColumn<int>("kept");
-    QTest::addColumn<int>("dots");
-    QTest::newRow("50 characters, padded") << 50 << 50 << 50;
-    QTest::newRow("96 characters, padded") << 96 << 96 << 4;
-    QTest::newRow("97 characters, padded") << 97 << 97 << 3;
-    QTest::newRow("98 characters lose one") << 98 << 97 << 3;
-    QTest::newRow("300 characters") << 300 << 97 << 3;
-}
-
-void TestTileHover::widePathsAreCut()
-{
-    QFETCH(int, length);
-    QFETCH(int, kept);
-    QFETCH(int, dots);
-    TileInWindow in;
-    const QString path = QStringLiteral("/drawings/abcdefghijklm").repeated(20).left(length);
-    QCOMPARE(in.shown(path, textWidth(path)), path);
-    QCOMPARE(in.shown(path, textWidth(path) - 1), path.left(kept) + QString(dots, QLatin1Char('.')));
-}
-
-void TestTileHover::widthIsJudgedByTheApplicationsFont()
-{
-    TileInWindow in;
-    const QString path = QStringLiteral("/drawings/abcdefghijklmnopqrstuvwxyz.dwg");
-    const int width = textWidth(path);
-    QFont large;
-    large.setPointSizeF(large.pointSizeF() * 2);
-    in.line.setFont(large);
-    in.window.setFont(large);
-    QCOMPARE(in.shown(path, width), path);
-
-    const QFont usual = QApplication::font();
-    QApplication::setFont(large);
-    const QString cut = in.shown(path, width);
-    QApplication::setFont(usual);
-    QCOMPARE(cut, path.leftJustified(100, QLatin1Char('.')));
-}
-
-void TestTileHover::thePathLineIsNoMarkup()
-{
-    const OpenGrid grid(1);
-    const QString path = QStringLiteral("/<b>drawings/gear.dwg");
-    grid.tiles.at(0)->setMainWindowDocPathLabel(path);
-    QCOMPARE(grid.line(), path);
-    QCOMPARE(grid.popup->main_label_path->textFormat(), Qt::PlainText);
-}
-
-void TestTileHover::withoutAPathLineNothingIsWritten()
-{
-    TileInWindow in;
-    in.line.setText(QStringLiteral("as before"));
-    RecentDocMainWindow::docPathLabel = nullptr;
-    QCOMPARE(in.shown(in.path, 500), QStringLiteral("as before"));
-}
-
-QTEST_MAIN(TestTileHover)
+TEST_CLASS(tst_TileHover);
 #include "tst_tilehover.moc"

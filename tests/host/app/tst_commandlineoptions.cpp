@@ -9,7 +9,7 @@ using fxhost::readCommandLine;
 using Wish = CommandLineResult::Wish;
 
 //! What the program's arguments mean, and which of them it refuses.
-class CommandLineOptionsTest : public TestCase
+class tst_CommandLineOptions : public TestCase
 {
     Q_OBJECT
 
@@ -174,6 +174,6 @@ private:
     }
 };
 
-QTEST_GUILESS_MAIN(CommandLineOptionsTest)
+CORE_TEST_CLASS(tst_CommandLineOptions);
 
 #include "tst_commandlineoptions.moc"

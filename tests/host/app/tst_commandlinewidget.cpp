@@ -37,7 +37,7 @@ public:
 } // namespace
 
 //! What a person sees of and does with the command line.
-class CommandLineWidgetTest : public TestCase
+class tst_CommandLineWidget : public TestCase
 {
     Q_OBJECT
 
@@ -170,6 +170,6 @@ private slots:
     }
 };
 
-QTEST_MAIN(CommandLineWidgetTest)
+TEST_CLASS(tst_CommandLineWidget);
 
 #include "tst_commandlinewidget.moc"

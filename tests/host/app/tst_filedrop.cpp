@@ -9,20 +9,6 @@
 
 using namespace fxhost;
 
-//! Files dropped on the main window.
-class FileDropTest : public TestCase
-{
-    Q_OBJECT
-
-private slots:
-    void initTestCase() { keepBytesOfPaths(); }
-    void filesAreTaken();
-    void whatIsNoFileIsRefused();
-    void fileThatIsNoDrawingGetsAMessage();
-    void aDropOnTheCommandLineIsOneOnTheWindow();
-    void aDropWaitsForTheRunningCommand();
-};
-
 namespace {
 
 //! What another program offers, dragged over the widget at its centre and dropped there.
@@ -56,74 +42,83 @@ struct Offer
 
 } // namespace
 
-void FileDropTest::filesAreTaken()
+//! Files dropped on the main window.
+class tst_FileDrop : public TestCase
 {
-    ShownProgram program;
-    const QByteArray url =
-        "file://" + QFile::encodeName(program.dir.path()) + "/gr%FCn%20%C3%A4%20100%25.dwg";
-    const QStringList paths = {program.drawing(QStringLiteral("a b & 100% \u00fc#1.dwg")),
-                               program.drawing(pathFromBytes("gr\xfcn \xc3\xa4 100%.dwg")),
-                               program.drawing(QStringLiteral("last.dwg"))};
-    // As the browser's own URLs are built the last one has one slash more than usual.
-    Offer offer({QUrl(QStringLiteral("https://example.com/a.dwg")), QUrl::fromLocalFile(paths.at(0)),
-                 QUrl::fromEncoded(url), QUrl(QStringLiteral("file:///") + paths.at(2))});
-    QVERIFY(offer.enter(&program.window));
-    QCOMPARE(offer.action, Qt::CopyAction); // the other program keeps its files
-    offer.drop(&program.window);
-    QCOMPARE(offer.action, Qt::CopyAction);
-    QVERIFY(program.openPaths().isEmpty()); // the other program has its answer first
-    QTRY_COMPARE(program.openPaths(), paths);
-    drainEvents();
-    QCOMPARE(program.openPaths(), paths);
-    QCOMPARE(program.host.recentFiles().paths().first(), paths.at(2));
-}
+    Q_OBJECT
 
-void FileDropTest::whatIsNoFileIsRefused()
-{
-    ShownProgram program;
-    const QList<QList<QUrl>> offers{{}, {QUrl(QStringLiteral("https://example.com/a.dwg"))}, {QUrl()}};
-    for (const QList<QUrl> &urls : offers)
-        QVERIFY2(!Offer(urls).enter(&program.window), qPrintable(QUrl::toStringList(urls).join(' ')));
-}
-
-void FileDropTest::fileThatIsNoDrawingGetsAMessage()
-{
-    ShownProgram program;
-    Offer offer({QUrl::fromLocalFile(program.dir.filePath(QStringLiteral("missing.dwg")))});
-    QVERIFY(offer.enter(&program.window));
-    offer.drop(&program.window);
-    QTRY_VERIFY2(program.history().contains(QStringLiteral("missing.dwg")), qPrintable(program.history()));
-    QVERIFY(program.openPaths().isEmpty());
-}
-
-void FileDropTest::aDropOnTheCommandLineIsOneOnTheWindow()
-{
-    ShownProgram program;
-    // Qt hands a drop to the first parent that takes drops.
-    QWidget *taker = program.input();
-    while (!taker->acceptDrops())
-        taker = taker->parentWidget();
-    QCOMPARE(taker, &program.window);
-}
-
-void FileDropTest::aDropWaitsForTheRunningCommand()
-{
-    ShownProgram program;
-    const QString path = program.drawing(QStringLiteral("a.dwg"));
-    CommandSet commands(program.host.commandStack());
-    QStringList seen;
-    commands.add(QStringLiteral("DROPINSIDE"), [&](const CFxCommandContext &) {
-        Offer offer({QUrl::fromLocalFile(path)});
-        offer.enter(&program.window);
+private slots:
+    void initTestCase() { keepBytesOfPaths(); }
+    void filesAreTaken()
+    {
+        ShownProgram program;
+        const QByteArray url =
+            "file://" + QFile::encodeName(program.dir.path()) + "/gr%FCn%20%C3%A4%20100%25.dwg";
+        const QStringList paths = {program.drawing(QStringLiteral("a b & 100% \u00fc#1.dwg")),
+                                   program.drawing(pathFromBytes("gr\xfcn \xc3\xa4 100%.dwg")),
+                                   program.drawing(QStringLiteral("last.dwg"))};
+        // As the browser's own URLs are built the last one has one slash more than usual.
+        Offer offer({QUrl(QStringLiteral("https://example.com/a.dwg")), QUrl::fromLocalFile(paths.at(0)),
+                     QUrl::fromEncoded(url), QUrl(QStringLiteral("file:///") + paths.at(2))});
+        QVERIFY(offer.enter(&program.window));
+        QCOMPARE(offer.action, Qt::CopyAction); // the other program keeps its files
         offer.drop(&program.window);
+        QCOMPARE(offer.action, Qt::CopyAction);
+        QVERIFY(program.openPaths().isEmpty()); // the other program has its answer first
+        QTRY_COMPARE(program.openPaths(), paths);
         drainEvents();
-        seen = program.openPaths();
-        return 5100;
-    });
-    program.enter(QStringLiteral("DROPINSIDE"));
-    QVERIFY(seen.isEmpty());
-    QTRY_COMPARE(program.openPaths(), QStringList(path));
-}
+        QCOMPARE(program.openPaths(), paths);
+        QCOMPARE(program.host.recentFiles().paths().first(), paths.at(2));
+    }
 
-QTEST_MAIN(FileDropTest)
+    void whatIsNoFileIsRefused()
+    {
+        ShownProgram program;
+        const QList<QList<QUrl>> offers{{}, {QUrl(QStringLiteral("https://example.com/a.dwg"))}, {QUrl()}};
+        for (const QList<QUrl> &urls : offers)
+            QVERIFY2(!Offer(urls).enter(&program.window), qPrintable(QUrl::toStringList(urls).join(' ')));
+    }
+
+    void fileThatIsNoDrawingGetsAMessage()
+    {
+        ShownProgram program;
+        Offer offer({QUrl::fromLocalFile(program.dir.filePath(QStringLiteral("missing.dwg")))});
+        QVERIFY(offer.enter(&program.window));
+        offer.drop(&program.window);
+        QTRY_VERIFY2(program.history().contains(QStringLiteral("missing.dwg")),
+                     qPrintable(program.history()));
+        QVERIFY(program.openPaths().isEmpty());
+    }
+
+    void aDropOnTheCommandLineIsOneOnTheWindow()
+    {
+        ShownProgram program;
+        // Qt hands a drop to the first parent that takes drops.
+        QWidget *taker = program.input();
+        while (!taker->acceptDrops())
+            taker = taker->parentWidget();
+        QCOMPARE(taker, &program.window);
+    }
+
+    void aDropWaitsForTheRunningCommand()
+    {
+        ShownProgram program;
+        const QString path = program.drawing(QStringLiteral("a.dwg"));
+        CommandSet commands(program.host.commandStack());
+        QStringList seen;
+        commands.add(QStringLiteral("DROPINSIDE"), [&](const CFxCommandContext &) {
+            Offer offer({QUrl::fromLocalFile(path)});
+            offer.enter(&program.window);
+            offer.drop(&program.window);
+            drainEvents();
+            seen = program.openPaths();
+            return 5100;
+        });
+        program.enter(QStringLiteral("DROPINSIDE"));
+        QVERIFY(seen.isEmpty());
+        QTRY_COMPARE(program.openPaths(), QStringList(path));
+    }
+};
+
+TEST_CLASS(tst_FileDrop);
 #include "tst_filedrop.moc"

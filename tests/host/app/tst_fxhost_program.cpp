@@ -10,7 +10,7 @@
 #include <csignal>
 
 //! The real program, started as a process without a display.
-class FxhostProgramTest : public TestCase
+class tst_fxhost_program : public TestCase
 {
     Q_OBJECT
 
@@ -278,6 +278,6 @@ private:
     }
 };
 
-QTEST_GUILESS_MAIN(FxhostProgramTest)
+CORE_TEST_CLASS(tst_fxhost_program);
 
 #include "tst_fxhost_program.moc"

@@ -32,7 +32,7 @@ QStringList textsOf(const QList<QAction *> &actions)
 } // namespace
 
 //! The main window with the menus and keys that the program ships, in the test's own process.
-class MainWindowTest : public TestCase
+class tst_MainWindow : public TestCase
 {
     Q_OBJECT
 
@@ -373,6 +373,6 @@ private slots:
     }
 };
 
-QTEST_MAIN(MainWindowTest)
+TEST_CLASS(tst_MainWindow);
 
 #include "tst_mainwindow.moc"

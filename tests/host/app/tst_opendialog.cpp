@@ -15,24 +15,6 @@
 
 using namespace fxhost;
 
-//! The dialog that asks for a drawing.
-class tst_OpenDialog : public TestCase
-{
-    Q_OBJECT
-
-private slots:
-    void initTestCase();
-    void whatIsChosenIsOpened();
-    void cancellingOpensNothing();
-    void itGoesWithItsWindow();
-    void aSignalEndsTheProgramAllTheSame();
-    void aFolderThatDoesNotAnswerHoldsUpNobody_data();
-    void aFolderThatDoesNotAnswerHoldsUpNobody();
-
-private:
-    QTemporaryDir m_memory; //!< what Qt's dialogs remember
-};
-
 namespace {
 
 //! Asks for a drawing by the command, and does something with the dialog once it is there.
@@ -72,79 +54,87 @@ QString firstDirectory(ShownProgram &program)
 
 } // namespace
 
-void tst_OpenDialog::initTestCase()
+//! The dialog that asks for a drawing.
+class tst_OpenDialog : public TestCase
 {
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_memory.path());
-}
+    Q_OBJECT
 
-void tst_OpenDialog::whatIsChosenIsOpened()
-{
-    ShownProgram program;
-    const QString path = program.drawing(QStringLiteral("a.dwg"));
-    ask(program, [&](QFileDialog *dialog) { choose(dialog, path); });
-    QCOMPARE(program.openPaths(), QStringList(path));
-    QCOMPARE(program.host.settings().lastDirectory(), program.dir.path());
-    QCOMPARE(firstDirectory(program), program.dir.path()); // the next time
-}
+private slots:
+    void initTestCase()
+    {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_memory.path());
+    }
 
-void tst_OpenDialog::cancellingOpensNothing()
-{
-    ShownProgram program;
-    ask(program, [&](QFileDialog *dialog) {
-        dialog->selectFile(program.drawing(QStringLiteral("a.dwg")));
-        dialog->reject();
-    });
-    QCOMPARE(program.openPaths(), QStringList());
-    QCOMPARE(program.host.settings().lastDirectory(), QString());
-    QVERIFY(program.window.findChildren<QFileDialog *>().isEmpty());
-}
+    void whatIsChosenIsOpened()
+    {
+        ShownProgram program;
+        const QString path = program.drawing(QStringLiteral("a.dwg"));
+        ask(program, [&](QFileDialog *dialog) { choose(dialog, path); });
+        QCOMPARE(program.openPaths(), QStringList(path));
+        QCOMPARE(program.host.settings().lastDirectory(), program.dir.path());
+        QCOMPARE(firstDirectory(program), program.dir.path()); // the next time
+    }
 
-void tst_OpenDialog::itGoesWithItsWindow()
-{
-    ShownProgram program;
-    auto window = std::make_unique<MainWindow>(program.host);
-    window->show();
-    QPointer<QFileDialog> shown;
-    QTimer::singleShot(0, &program.window, [&] {
-        QTRY_VERIFY(QApplication::activeModalWidget());
-        shown = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        window.reset();
-    });
-    QCOMPARE(program.host.pathChooser()(), QString());
-    QVERIFY(!window && !shown);
-}
+    void cancellingOpensNothing()
+    {
+        ShownProgram program;
+        ask(program, [&](QFileDialog *dialog) {
+            dialog->selectFile(program.drawing(QStringLiteral("a.dwg")));
+            dialog->reject();
+        });
+        QCOMPARE(program.openPaths(), QStringList());
+        QCOMPARE(program.host.settings().lastDirectory(), QString());
+        QVERIFY(program.window.findChildren<QFileDialog *>().isEmpty());
+    }
 
-void tst_OpenDialog::aSignalEndsTheProgramAllTheSame()
-{
-    ShownProgram program;
-    const EndSignals ending;
-    connect(&ending, &EndSignals::endRequested, &program.window, &QWidget::close);
-    QTimer::singleShot(0, &program.window, [&] { ask(program, [](QFileDialog *) { std::raise(SIGTERM); }); });
-    QCOMPARE(QCoreApplication::exec(), 0);
-    QVERIFY(!program.window.isVisible());
-}
+    void itGoesWithItsWindow()
+    {
+        ShownProgram program;
+        auto window = std::make_unique<MainWindow>(program.host);
+        window->show();
+        QPointer<QFileDialog> shown;
+        QTimer::singleShot(0, &program.window, [&] {
+            QTRY_VERIFY(QApplication::activeModalWidget());
+            shown = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+            window.reset();
+        });
+        QCOMPARE(program.host.pathChooser()(), QString());
+        QVERIFY(!window && !shown);
+    }
 
-void tst_OpenDialog::aFolderThatDoesNotAnswerHoldsUpNobody_data()
-{
-    addStuckFolderRows();
-}
+    void aSignalEndsTheProgramAllTheSame()
+    {
+        ShownProgram program;
+        const EndSignals ending;
+        connect(&ending, &EndSignals::endRequested, &program.window, &QWidget::close);
+        QTimer::singleShot(0, &program.window,
+                           [&] { ask(program, [](QFileDialog *) { std::raise(SIGTERM); }); });
+        QCOMPARE(QCoreApplication::exec(), 0);
+        QVERIFY(!program.window.isVisible());
+    }
 
-void tst_OpenDialog::aFolderThatDoesNotAnswerHoldsUpNobody()
-{
-    STUCK_FOLDER_OR_SKIP(folder);
-    ShownProgram program;
-    const QString path = folder.makeFile(QStringLiteral("a.dwg"), testbytes::DrawingBytes().bytes());
-    ask(program, [&](QFileDialog *dialog) {
-        dialog->setDirectory(QFileInfo(path).path()); // which Qt remembers, and a typed path it does not
-        choose(dialog, path);
-    });
-    QCOMPARE(program.openPaths(), QStringList(path));
+    void aFolderThatDoesNotAnswerHoldsUpNobody_data() { addStuckFolderRows(); }
 
-    const Alarm alarm;
-    folder.stopAnswering();
-    QCOMPARE(firstDirectory(program), QDir::homePath());
-    folder.answerAgain();
-}
+    void aFolderThatDoesNotAnswerHoldsUpNobody()
+    {
+        STUCK_FOLDER_OR_SKIP(folder);
+        ShownProgram program;
+        const QString path = folder.makeFile(QStringLiteral("a.dwg"), testbytes::DrawingBytes().bytes());
+        ask(program, [&](QFileDialog *dialog) {
+            dialog->setDirectory(QFileInfo(path).path()); // which Qt remembers, and a typed path it does not
+            choose(dialog, path);
+        });
+        QCOMPARE(program.openPaths(), QStringList(path));
 
-QTEST_MAIN(tst_OpenDialog)
+        const Alarm alarm;
+        folder.stopAnswering();
+        QCOMPARE(firstDirectory(program), QDir::homePath());
+        folder.answerAgain();
+    }
+
+private:
+    QTemporaryDir m_memory; //!< what Qt's dialogs remember
+};
+
+TEST_CLASS(tst_OpenDialog);
 #include "tst_opendialog.moc"

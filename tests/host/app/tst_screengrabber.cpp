@@ -35,7 +35,7 @@ constexpr QRgb green = qRgb(0, 150, 0);
 } // namespace
 
 //! What _SCREENSHOT shows where a program cannot read the screen.
-class ScreenGrabberTest : public TestCase
+class tst_ScreenGrabber : public TestCase
 {
     Q_OBJECT
 
@@ -74,6 +74,6 @@ private slots:
     }
 };
 
-QTEST_MAIN(ScreenGrabberTest)
+TEST_CLASS(tst_ScreenGrabber);
 
 #include "tst_screengrabber.moc"

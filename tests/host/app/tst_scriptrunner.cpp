@@ -25,7 +25,7 @@ struct LoadedScript
 } // namespace
 
 //! A script in the program, in the test's own process.
-class ScriptRunnerTest : public TestCase
+class tst_ScriptRunner : public TestCase
 {
     Q_OBJECT
 
@@ -100,6 +100,6 @@ private slots:
     }
 };
 
-QTEST_MAIN(ScriptRunnerTest)
+TEST_CLASS(tst_ScriptRunner);
 
 #include "tst_scriptrunner.moc"

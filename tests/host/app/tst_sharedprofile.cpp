@@ -17,17 +17,6 @@
 
 using fxhost::RecentFileStore;
 
-//! Programs that share a profile, and such as are killed. LONG_RUN=1 in the environment tries it as often as
-//! scripts/shared-profile.sh does.
-class tst_SharedProfile : public TestCase
-{
-    Q_OBJECT
-
-private slots:
-    void twoProgramsLoseNoEntry();
-    void aKilledProgramLeavesTheOldListOrTheNew();
-};
-
 namespace {
 
 bool isLong()
@@ -55,114 +44,123 @@ QStringList listIn(const ProgramHome &home)
 
 } // namespace
 
-void tst_SharedProfile::twoProgramsLoseNoEntry()
+//! Programs that share a profile, and such as are killed. The preset `long` tries it more often.
+class tst_SharedProfile : public TestCase
 {
-    const int count = isLong() ? 500 : 60;
-    const ProgramHome home;
-    QCOMPARE(home.run({QStringLiteral("_RECENTLIMIT 1000"), QStringLiteral("_QUIT")}).exitCode, 0);
-    QSet<QString> all;
-    QList<QStringList> opened;
-    std::vector<std::unique_ptr<QProcess>> programs;
-    for (const char *name : {"one", "other"}) {
-        QStringList script;
-        QStringList paths;
-        for (int i = 0; i < count; ++i) {
-            paths.append(home.drawing(QStringLiteral("%1 %2.dwg").arg(QLatin1String(name)).arg(i)));
-            script << QStringLiteral("_OPEN ") + paths.constLast() << QStringLiteral("_CLOSE");
+    Q_OBJECT
+
+private slots:
+    void twoProgramsLoseNoEntry()
+    {
+        const int count = isLong() ? 500 : 60;
+        const ProgramHome home;
+        QCOMPARE(home.run({QStringLiteral("_RECENTLIMIT 1000"), QStringLiteral("_QUIT")}).exitCode, 0);
+        QSet<QString> all;
+        QList<QStringList> opened;
+        std::vector<std::unique_ptr<QProcess>> programs;
+        for (const char *name : {"one", "other"}) {
+            QStringList script;
+            QStringList paths;
+            for (int i = 0; i < count; ++i) {
+                paths.append(home.drawing(QStringLiteral("%1 %2.dwg").arg(QLatin1String(name)).arg(i)));
+                script << QStringLiteral("_OPEN ") + paths.constLast() << QStringLiteral("_CLOSE");
+            }
+            script << QStringLiteral("_QUIT");
+            opened.append(paths);
+            all += QSet<QString>(paths.begin(), paths.end());
+            programs.push_back(std::make_unique<QProcess>());
+            home.start(*programs.back(), QLatin1String(name), script);
         }
-        script << QStringLiteral("_QUIT");
-        opened.append(paths);
-        all += QSet<QString>(paths.begin(), paths.end());
-        programs.push_back(std::make_unique<QProcess>());
-        home.start(*programs.back(), QLatin1String(name), script);
-    }
-    // Whoever reads the list meanwhile finds it whole, and never shorter than before.
-    int reads = 0;
-    int length = 0;
-    const auto isRunning = [](const auto &program) { return program->state() != QProcess::NotRunning; };
-    const bool ended = QTest::qWaitFor(
-        [&] {
-            const QStringList list = listIn(home);
-            if (list.size() < length || (!list.isEmpty() && !list.constFirst().startsWith(QLatin1Char('/'))))
-                return true;
-            length = list.size();
-            ++reads;
-            return std::none_of(programs.begin(), programs.end(), isRunning);
-        },
-        timeLimit);
-    QVERIFY2(ended && std::none_of(programs.begin(), programs.end(), isRunning),
-             qPrintable(QStringLiteral("after %1 entries: ").arg(length) + listIn(home).value(0)));
-    for (const auto &program : programs)
-        QCOMPARE(program->exitCode(), 0);
+        // Whoever reads the list meanwhile finds it whole, and never shorter than before.
+        int reads = 0;
+        int length = 0;
+        const auto isRunning = [](const auto &program) { return program->state() != QProcess::NotRunning; };
+        const bool ended = QTest::qWaitFor(
+            [&] {
+                const QStringList list = listIn(home);
+                if (list.size() < length ||
+                    (!list.isEmpty() && !list.constFirst().startsWith(QLatin1Char('/'))))
+                    return true;
+                length = list.size();
+                ++reads;
+                return std::none_of(programs.begin(), programs.end(), isRunning);
+            },
+            timeLimit);
+        QVERIFY2(ended && std::none_of(programs.begin(), programs.end(), isRunning),
+                 qPrintable(QStringLiteral("after %1 entries: ").arg(length) + listIn(home).value(0)));
+        for (const auto &program : programs)
+            QCOMPARE(program->exitCode(), 0);
 
-    const QStringList list = listIn(home);
-    QCOMPARE(list.size(), 2 * count);
-    QCOMPARE(QSet<QString>(list.begin(), list.end()), all);
-    for (const QStringList &paths : qAsConst(opened)) { // each one's own are in the order of opening
-        QStringList own = list;
-        own.erase(
-            std::remove_if(own.begin(), own.end(), [&](const QString &p) { return !paths.contains(p); }),
-            own.end());
-        std::reverse(own.begin(), own.end());
-        QCOMPARE(own, paths);
-    }
-    const auto isOfOne = [](const QString &path) { return path.contains(QLatin1String("/one ")); };
-    int turns = 0;
-    for (int i = 1; i < list.size(); ++i)
-        turns += isOfOne(list.at(i)) != isOfOne(list.at(i - 1));
-    // In a short run one may be done before a busy machine lets the other begin.
-    QVERIFY2(!isLong() || turns > count / 10, qPrintable(QString::number(turns)));
-    qInfo("2 programs, %d drawings each: %d entries, %d turns, list read %d times meanwhile", count,
-          list.size(), turns, reads);
-}
-
-void tst_SharedProfile::aKilledProgramLeavesTheOldListOrTheNew()
-{
-    const int kills = isLong() ? 200 : 15;
-    constexpr uint seed = 20261121;
-    QRandomGenerator random(seed);
-    const ProgramHome home;
-    QCOMPARE(home.run({QStringLiteral("_RECENTLIMIT 1000"), QStringLiteral("_QUIT")}).exitCode, 0);
-    QStringList script; // long enough for whoever is killed late
-    for (int i = 0; i < 1000; ++i)
-        script << QStringLiteral("_RECENTADD /drawings/%1.dwg").arg(i);
-    int atRest = 0;
-    int written = 0;
-    for (int round = 0; round < kills; ++round) {
-        RecentFileStore(home.recentFile()).update({}, [](const QStringList &) { return QStringList(); });
-        QProcess program;
-        home.start(program, QStringLiteral("killed"), script);
-        const auto done = [&] { return home.logOf(QStringLiteral("killed")).size(); };
-        const int after = 1 + random.bounded(40); // commands
-        QVERIFY(waitUntil([&] { return done() >= after; }));
-        // A write takes a millisecond or so; somewhere in the next ones.
-        std::this_thread::sleep_for(std::chrono::microseconds(random.bounded(3000)));
-        program.kill();
-        QVERIFY(program.waitForFinished());
-        QCOMPARE(program.exitStatus(), QProcess::CrashExit);
-
-        const int logged = done(); // each after its write
         const QStringList list = listIn(home);
-        QVERIFY2(list.size() == logged || list.size() == logged + 1,
-                 qPrintable(QStringLiteral("%1 of %2: ").arg(list.size()).arg(logged) + list.value(0)));
-        for (int i = 0; i < list.size(); ++i)
-            QCOMPARE(list.at(i), QStringLiteral("/drawings/%1.dwg").arg(list.size() - 1 - i));
-        atRest += list.size() == logged;
-        written += list.size();
+        QCOMPARE(list.size(), 2 * count);
+        QCOMPARE(QSet<QString>(list.begin(), list.end()), all);
+        for (const QStringList &paths : qAsConst(opened)) { // each one's own are in the order of opening
+            QStringList own = list;
+            own.erase(
+                std::remove_if(own.begin(), own.end(), [&](const QString &p) { return !paths.contains(p); }),
+                own.end());
+            std::reverse(own.begin(), own.end());
+            QCOMPARE(own, paths);
+        }
+        const auto isOfOne = [](const QString &path) { return path.contains(QLatin1String("/one ")); };
+        int turns = 0;
+        for (int i = 1; i < list.size(); ++i)
+            turns += isOfOne(list.at(i)) != isOfOne(list.at(i - 1));
+        // In a short run one may be done before a busy machine lets the other begin.
+        QVERIFY2(!isLong() || turns > count / 10, qPrintable(QString::number(turns)));
+        qInfo("2 programs, %d drawings each: %d entries, %d turns, list read %d times meanwhile", count,
+              list.size(), turns, reads);
     }
-    // What was left half written is gone with the next start.
-    const auto unfinished = [&] {
-        return QDir(home.profile())
-            .entryList(QDir::Files)
-            .filter(QRegularExpression(QStringLiteral("^recent\\.txt\\.[A-Za-z]{6}$")));
-    };
-    const int left = unfinished().size();
-    QCOMPARE(home.run({QStringLiteral("_QUIT")}).exitCode, 0);
-    QCOMPARE(unfinished(), QStringList());
-    qInfo("%d kills, seed %u: %d entries written, list as logged %d times and one ahead %d times, %d files "
-          "left half written",
-          kills, seed, written, atRest, kills - atRest, left);
-}
 
-QTEST_GUILESS_MAIN(tst_SharedProfile)
+    void aKilledProgramLeavesTheOldListOrTheNew()
+    {
+        const int kills = isLong() ? 200 : 15;
+        constexpr uint seed = 20261121;
+        QRandomGenerator random(seed);
+        const ProgramHome home;
+        QCOMPARE(home.run({QStringLiteral("_RECENTLIMIT 1000"), QStringLiteral("_QUIT")}).exitCode, 0);
+        QStringList script; // long enough for whoever is killed late
+        for (int i = 0; i < 1000; ++i)
+            script << QStringLiteral("_RECENTADD /drawings/%1.dwg").arg(i);
+        int atRest = 0;
+        int written = 0;
+        for (int round = 0; round < kills; ++round) {
+            RecentFileStore(home.recentFile()).update({}, [](const QStringList &) { return QStringList(); });
+            QProcess program;
+            home.start(program, QStringLiteral("killed"), script);
+            const auto done = [&] { return home.logOf(QStringLiteral("killed")).size(); };
+            const int after = 1 + random.bounded(40); // commands
+            QVERIFY(waitUntil([&] { return done() >= after; }));
+            // A write takes a millisecond or so; somewhere in the next ones.
+            std::this_thread::sleep_for(std::chrono::microseconds(random.bounded(3000)));
+            program.kill();
+            QVERIFY(program.waitForFinished());
+            QCOMPARE(program.exitStatus(), QProcess::CrashExit);
+
+            const int logged = done(); // each after its write
+            const QStringList list = listIn(home);
+            QVERIFY2(list.size() == logged || list.size() == logged + 1,
+                     qPrintable(QStringLiteral("%1 of %2: ").arg(list.size()).arg(logged) + list.value(0)));
+            for (int i = 0; i < list.size(); ++i)
+                QCOMPARE(list.at(i), QStringLiteral("/drawings/%1.dwg").arg(list.size() - 1 - i));
+            atRest += list.size() == logged;
+            written += list.size();
+        }
+        // What was left half written is gone with the next start.
+        const auto unfinished = [&] {
+            return QDir(home.profile())
+                .entryList(QDir::Files)
+                .filter(QRegularExpression(QStringLiteral("^recent\\.txt\\.[A-Za-z]{6}$")));
+        };
+        const int left = unfinished().size();
+        QCOMPARE(home.run({QStringLiteral("_QUIT")}).exitCode, 0);
+        QCOMPARE(unfinished(), QStringList());
+        qInfo(
+            "%d kills, seed %u: %d entries written, list as logged %d times and one ahead %d times, %d files "
+            "left half written",
+            kills, seed, written, atRest, kills - atRest, left);
+    }
+};
+
+CORE_TEST_CLASS(tst_SharedProfile);
 #include "tst_sharedprofile.moc"

@@ -170,5 +170,5 @@ private:
     QTemporaryDir m_dir;
 };
 
-QTEST_GUILESS_MAIN(tst_DrawingHeader)
+CORE_TEST_CLASS(tst_DrawingHeader);
 #include "tst_drawingheader.moc"

@@ -58,5 +58,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_PreviewAlone)
+CORE_TEST_CLASS(tst_PreviewAlone);
 #include "tst_previewalone.moc"

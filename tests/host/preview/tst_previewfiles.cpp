@@ -138,5 +138,5 @@ private:
     const QString m_path = m_folder.filePath("drawing.dwg");
 };
 
-QTEST_GUILESS_MAIN(tst_PreviewFiles)
+CORE_TEST_CLASS(tst_PreviewFiles);
 #include "tst_previewfiles.moc"

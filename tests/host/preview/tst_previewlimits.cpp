@@ -163,7 +163,7 @@ private slots:
         const QString sound =
             writeFile(m_dir.filePath("sound.dwg"), drawingWith(pngEntry(blankPng({64, 64}))).bytes());
         QProcess child;
-        child.start(QCoreApplication::applicationFilePath(), {"-measure", sound, drawing});
+        child.start(QCoreApplication::applicationFilePath(), {"tst_previewlimits", "-measure", sound, drawing});
         QVERIFY(child.waitForFinished());
         QCOMPARE(child.exitCode(), 0);
         const QList<QByteArray> numbers = child.readAllStandardOutput().simplified().split(' ');
@@ -252,14 +252,15 @@ private:
     QTemporaryDir m_dir;
 };
 
-int main(int argc, char **argv)
+static int measureOrTest(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() == 4 && arguments.at(1) == QLatin1String("-measure"))
         return measure(arguments.mid(2));
-    tst_PreviewLimits test;
-    return QTest::qExec(&test, argc, argv);
+    tst_PreviewLimits tests;
+    return QTest::qExec(&tests, argc, argv);
 }
+static const bool tst_PreviewLimitsIsAdded = addTests("tst_PreviewLimits", measureOrTest);
 
 #include "tst_previewlimits.moc"

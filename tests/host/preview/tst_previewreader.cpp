@@ -269,5 +269,5 @@ private:
     QTemporaryDir m_dir;
 };
 
-QTEST_GUILESS_MAIN(tst_PreviewReader)
+CORE_TEST_CLASS(tst_PreviewReader);
 #include "tst_previewreader.moc"

@@ -316,5 +316,5 @@ private:
     QTemporaryDir m_dir;
 };
 
-QTEST_GUILESS_MAIN(tst_PreviewRefusals)
+CORE_TEST_CLASS(tst_PreviewRefusals);
 #include "tst_previewrefusals.moc"

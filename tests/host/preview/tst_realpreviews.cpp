@@ -102,5 +102,5 @@ private:
     const QDir m_drawings{drawingsDir()};
 };
 
-QTEST_GUILESS_MAIN(tst_RealPreviews)
+CORE_TEST_CLASS(tst_RealPreviews);
 #include "tst_realpreviews.moc"

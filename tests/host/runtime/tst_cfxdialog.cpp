@@ -68,7 +68,7 @@ protected:
 
 } // namespace
 
-class TestCFxDialog : public TestCase
+class tst_CFxDialog : public TestCase
 {
     Q_OBJECT
 
@@ -178,5 +178,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestCFxDialog)
+TEST_CLASS(tst_CFxDialog);
 #include "tst_cfxdialog.moc"

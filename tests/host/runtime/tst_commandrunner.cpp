@@ -111,7 +111,7 @@ private:
 
 } // namespace
 
-class TestCommandRunner : public TestCase
+class tst_CommandRunner : public TestCase
 {
     Q_OBJECT
 
@@ -386,5 +386,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestCommandRunner)
+TEST_CLASS(tst_CommandRunner);
 #include "tst_commandrunner.moc"

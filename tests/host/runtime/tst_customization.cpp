@@ -74,7 +74,7 @@ QString described(const CFxUIMenuItem *item)
 
 } // namespace
 
-class TestCustomization : public TestCase
+class tst_Customization : public TestCase
 {
     Q_OBJECT
 
@@ -334,5 +334,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCustomization)
+CORE_TEST_CLASS(tst_Customization);
 #include "tst_customization.moc"

@@ -57,7 +57,7 @@ QImage readAsAModuleDoes(const QString &path)
 
 } // namespace
 
-class TestDocuments : public TestCase
+class tst_Documents : public TestCase
 {
     Q_OBJECT
 
@@ -377,5 +377,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestDocuments)
+TEST_CLASS(tst_Documents);
 #include "tst_documents.moc"

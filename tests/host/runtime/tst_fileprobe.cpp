@@ -337,5 +337,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_FileProbe)
+CORE_TEST_CLASS(tst_FileProbe);
 #include "tst_fileprobe.moc"

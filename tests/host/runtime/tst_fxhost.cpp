@@ -102,7 +102,7 @@ QByteArray contentOfFile(const QString &path)
 
 } // namespace
 
-class TestFxHost : public TestCase
+class tst_FxHost : public TestCase
 {
     Q_OBJECT
 
@@ -388,5 +388,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestFxHost)
+TEST_CLASS(tst_FxHost);
 #include "tst_fxhost.moc"

@@ -10,7 +10,7 @@
 #include <QElapsedTimer>
 #include <QSignalSpy>
 
-class TestHostCommands : public TestCase
+class tst_HostCommands : public TestCase
 {
     Q_OBJECT
 
@@ -153,5 +153,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestHostCommands)
+TEST_CLASS(tst_HostCommands);
 #include "tst_hostcommands.moc"

@@ -105,7 +105,7 @@ QStringList textsOf(const QMenu *menu)
 
 } // namespace
 
-class TestMenuBuilder : public TestCase
+class tst_MenuBuilder : public TestCase
 {
     Q_OBJECT
 
@@ -267,5 +267,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestMenuBuilder)
+TEST_CLASS(tst_MenuBuilder);
 #include "tst_menubuilder.moc"

@@ -69,7 +69,7 @@ QStringList of(const char *module, const QStringList &calls)
 } // namespace
 
 //! Modules come and go, and never beneath their own code.
-class TestModuleManager : public TestCase
+class tst_ModuleManager : public TestCase
 {
     Q_OBJECT
 
@@ -377,5 +377,5 @@ private:
     const QTemporaryDir m_folder;
 };
 
-QTEST_MAIN(TestModuleManager)
+TEST_CLASS(tst_ModuleManager);
 #include "tst_modulemanager.moc"

@@ -128,5 +128,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_Paths)
+CORE_TEST_CLASS(tst_Paths);
 #include "tst_paths.moc"

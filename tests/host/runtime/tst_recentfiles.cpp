@@ -19,7 +19,7 @@ QStringList numbered(int first, int last)
 
 } // namespace
 
-class TestRecentFiles : public TestCase
+class tst_RecentFiles : public TestCase
 {
     Q_OBJECT
 
@@ -123,5 +123,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestRecentFiles)
+CORE_TEST_CLASS(tst_RecentFiles);
 #include "tst_recentfiles.moc"

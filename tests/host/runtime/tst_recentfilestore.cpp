@@ -100,7 +100,7 @@ QString save(RecentFileStore &store, const QStringList &paths)
 } // namespace
 
 //! One list, which several programs keep, and what may happen to its file.
-class TestRecentFileStore : public TestCase
+class tst_RecentFileStore : public TestCase
 {
     Q_OBJECT
 
@@ -444,5 +444,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestRecentFileStore)
+CORE_TEST_CLASS(tst_RecentFileStore);
 #include "tst_recentfilestore.moc"

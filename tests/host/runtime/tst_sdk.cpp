@@ -61,7 +61,7 @@ void deleteModuleObject()
     ++deletedModuleObjects;
 }
 
-class TestSdk : public TestCase
+class tst_Sdk : public TestCase
 {
     Q_OBJECT
 
@@ -259,5 +259,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSdk)
+CORE_TEST_CLASS(tst_Sdk);
 #include "tst_sdk.moc"

@@ -135,17 +135,128 @@ class tst_FxShow : public TestCase
 
 private slots:
     void initTestCase() { fxhost::keepBytesOfPaths(); }
-    void init();
-    void cleanup();
+    void init()
+    {
+        TestCase::init();
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_opener = std::make_unique<FileManager>(0, FileManager::Others::Found, QStringLiteral("xdg-open"));
+    }
 
-    void theFileManagerGetsTheFile_data();
-    void theFileManagerGetsTheFile();
-    void aFileManagerThatHasToStartGetsTheFile();
-    void theFolderIsOpenedInstead_data();
-    void theFolderIsOpenedInstead();
-    void nobodyWaitsForAFileManagerThatDoesNotAnswer();
-    void whatIsWrongIsSaid_data();
-    void whatIsWrongIsSaid();
+    void cleanup()
+    {
+        m_opener.reset();
+        m_folder.reset();
+        TestCase::cleanup();
+    }
+
+    void theFileManagerGetsTheFile_data()
+    {
+        QTest::addColumn<QByteArray>("name");
+        QTest::addColumn<QString>("encoded");
+        QTest::addColumn<bool>("isRelative");
+        const auto add = [](const char *row, const char *name, const char *encoded, bool isRelative = false) {
+            QTest::newRow(row) << QByteArray(name) << QString::fromLatin1(encoded) << isRelative;
+        };
+        add("plain", "a-b_c.d~e.dwg", "a-b_c.d~e.dwg");
+        add("what a URI would take for itself", "a b?c#d%20&'\".dwg", "a%20b%3Fc%23d%2520%26%27%22.dwg");
+        add("letters", "\xc3\xa9.dwg", "%C3%A9.dwg");
+        add("no UTF-8", "\xff\xc3.dwg", "%FF%C3.dwg");
+        add("a line's end", "a\nb.dwg", "a%0Ab.dwg");
+        add("relative", "-a.dwg", "-a.dwg", true);
+    }
+
+    void theFileManagerGetsTheFile()
+    {
+        QFETCH(QByteArray, name);
+        QFETCH(QString, encoded);
+        QFETCH(bool, isRelative);
+        const Bus bus;
+        const Service service(bus);
+        const QString path = makeFile(name);
+        const Run run = fxshow({isRelative ? fxhost::pathFromBytes(name) : path}, m_folder->path());
+        QCOMPARE(run.status, 0);
+        QTRY_COMPARE(service.shown,
+                     QVector<QStringList>{{QStringLiteral("file://%1/%2").arg(m_folder->path(), encoded)}});
+        QCOMPARE(run.errors(), QString());
+        QCOMPARE(m_opener->starts(), QVector<QStringList>());
+    }
+
+    void aFileManagerThatHasToStartGetsTheFile()
+    {
+        const Bus bus(QStringLiteral("/bin/cat")); // it runs, and that is all
+        const QString path = makeFile("a.dwg");
+        QCOMPARE(fxshow({path}).status, 0); // long before the file manager is there
+        const Service service(bus);
+        QTRY_COMPARE(service.shown, QVector<QStringList>{{QStringLiteral("file://") + path}});
+    }
+
+    void theFolderIsOpenedInstead_data()
+    {
+        QTest::addColumn<bool>("hasBus");
+        QTest::addColumn<bool>("hasService");
+        QTest::addColumn<Service::Answer>("answer");
+        QTest::addColumn<QByteArray>("made");
+        QTest::newRow("no bus") << false << false << Service::Answer::Done << QByteArray("a.dwg");
+        QTest::newRow("no file manager") << true << false << Service::Answer::Done << QByteArray("a.dwg");
+        QTest::newRow("one that refuses") << true << true << Service::Answer::Refused << QByteArray("a.dwg");
+        QTest::newRow("of a deleted file") << true << true << Service::Answer::Done << QByteArray("b.dwg");
+    }
+
+    void theFolderIsOpenedInstead()
+    {
+        QFETCH(bool, hasBus);
+        QFETCH(bool, hasService);
+        QFETCH(Service::Answer, answer);
+        QFETCH(QByteArray, made);
+        const auto bus = hasBus ? std::make_unique<Bus>() : nullptr;
+        const auto service = hasService ? std::make_unique<Service>(*bus, answer) : nullptr;
+        makeFile(made);
+        QCOMPARE(fxshow({m_folder->filePath(QStringLiteral("a.dwg"))}).status, 0);
+        QTRY_COMPARE(m_opener->starts(), theFolder());
+    }
+
+    void nobodyWaitsForAFileManagerThatDoesNotAnswer()
+    {
+        const Bus bus;
+        {
+            const Service service(bus, Service::Answer::Never);
+            QCOMPARE(fxshow({makeFile("a.dwg")}).status, 0);
+            QTRY_COMPARE(service.shown.size(), 1);
+            QCOMPARE(m_opener->starts(), QVector<QStringList>());
+        }
+        QTRY_COMPARE(m_opener->starts(), theFolder()); // it has gone without an answer
+    }
+
+    void whatIsWrongIsSaid_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QString>("said");
+        const auto row = [](const char *name, const QStringList &arguments, int status, const char *said) {
+            QTest::newRow(name) << arguments << status << QStringLiteral("fxshow: %1\n").arg(said);
+        };
+        const char *const usage = "usage: fxshow PATH";
+        row("no path", {}, 2, usage);
+        row("an empty path", {""}, 2, usage);
+        row("two paths", {"/", "/"}, 2, usage);
+        const int anyStatus = -1; // it tells what goes wrong within a second
+        row("no such file", {"/no such/a.dwg"}, anyStatus,
+            "cannot show /no such/a.dwg: No such file or directory");
+        row("nobody to show it", {"/tmp"}, anyStatus,
+            "no file manager answers, and xdg-open cannot be started: No such file or directory");
+    }
+
+    void whatIsWrongIsSaid()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(int, status);
+        QFETCH(QString, said);
+        const FileManager none(0, FileManager::Others::Hidden, QStringLiteral("another"));
+        const Run run = fxshow(arguments);
+        QTRY_COMPARE(run.errors(), said);
+        if (status >= 0)
+            QCOMPARE(run.status, status);
+    }
 
 private:
     //! Makes a file. \return its path
@@ -163,128 +274,5 @@ private:
     std::unique_ptr<FileManager> m_opener; //!< stands where xdg-open is looked for
 };
 
-void tst_FxShow::init()
-{
-    TestCase::init();
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_opener = std::make_unique<FileManager>(0, FileManager::Others::Found, QStringLiteral("xdg-open"));
-}
-
-void tst_FxShow::cleanup()
-{
-    m_opener.reset();
-    m_folder.reset();
-    TestCase::cleanup();
-}
-
-void tst_FxShow::theFileManagerGetsTheFile_data()
-{
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<QString>("encoded");
-    QTest::addColumn<bool>("isRelative");
-    const auto add = [](const char *row, const char *name, const char *encoded, bool isRelative = false) {
-        QTest::newRow(row) << QByteArray(name) << QString::fromLatin1(encoded) << isRelative;
-    };
-    add("plain", "a-b_c.d~e.dwg", "a-b_c.d~e.dwg");
-    add("what a URI would take for itself", "a b?c#d%20&'\".dwg", "a%20b%3Fc%23d%2520%26%27%22.dwg");
-    add("letters", "\xc3\xa9.dwg", "%C3%A9.dwg");
-    add("no UTF-8", "\xff\xc3.dwg", "%FF%C3.dwg");
-    add("a line's end", "a\nb.dwg", "a%0Ab.dwg");
-    add("relative", "-a.dwg", "-a.dwg", true);
-}
-
-void tst_FxShow::theFileManagerGetsTheFile()
-{
-    QFETCH(QByteArray, name);
-    QFETCH(QString, encoded);
-    QFETCH(bool, isRelative);
-    const Bus bus;
-    const Service service(bus);
-    const QString path = makeFile(name);
-    const Run run = fxshow({isRelative ? fxhost::pathFromBytes(name) : path}, m_folder->path());
-    QCOMPARE(run.status, 0);
-    QTRY_COMPARE(service.shown,
-                 QVector<QStringList>{{QStringLiteral("file://%1/%2").arg(m_folder->path(), encoded)}});
-    QCOMPARE(run.errors(), QString());
-    QCOMPARE(m_opener->starts(), QVector<QStringList>());
-}
-
-void tst_FxShow::aFileManagerThatHasToStartGetsTheFile()
-{
-    const Bus bus(QStringLiteral("/bin/cat")); // it runs, and that is all
-    const QString path = makeFile("a.dwg");
-    QCOMPARE(fxshow({path}).status, 0); // long before the file manager is there
-    const Service service(bus);
-    QTRY_COMPARE(service.shown, QVector<QStringList>{{QStringLiteral("file://") + path}});
-}
-
-void tst_FxShow::theFolderIsOpenedInstead_data()
-{
-    QTest::addColumn<bool>("hasBus");
-    QTest::addColumn<bool>("hasService");
-    QTest::addColumn<Service::Answer>("answer");
-    QTest::addColumn<QByteArray>("made");
-    QTest::newRow("no bus") << false << false << Service::Answer::Done << QByteArray("a.dwg");
-    QTest::newRow("no file manager") << true << false << Service::Answer::Done << QByteArray("a.dwg");
-    QTest::newRow("one that refuses") << true << true << Service::Answer::Refused << QByteArray("a.dwg");
-    QTest::newRow("of a deleted file") << true << true << Service::Answer::Done << QByteArray("b.dwg");
-}
-
-void tst_FxShow::theFolderIsOpenedInstead()
-{
-    QFETCH(bool, hasBus);
-    QFETCH(bool, hasService);
-    QFETCH(Service::Answer, answer);
-    QFETCH(QByteArray, made);
-    const auto bus = hasBus ? std::make_unique<Bus>() : nullptr;
-    const auto service = hasService ? std::make_unique<Service>(*bus, answer) : nullptr;
-    makeFile(made);
-    QCOMPARE(fxshow({m_folder->filePath(QStringLiteral("a.dwg"))}).status, 0);
-    QTRY_COMPARE(m_opener->starts(), theFolder());
-}
-
-void tst_FxShow::nobodyWaitsForAFileManagerThatDoesNotAnswer()
-{
-    const Bus bus;
-    {
-        const Service service(bus, Service::Answer::Never);
-        QCOMPARE(fxshow({makeFile("a.dwg")}).status, 0);
-        QTRY_COMPARE(service.shown.size(), 1);
-        QCOMPARE(m_opener->starts(), QVector<QStringList>());
-    }
-    QTRY_COMPARE(m_opener->starts(), theFolder()); // it has gone without an answer
-}
-
-void tst_FxShow::whatIsWrongIsSaid_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QString>("said");
-    const auto row = [](const char *name, const QStringList &arguments, int status, const char *said) {
-        QTest::newRow(name) << arguments << status << QStringLiteral("fxshow: %1\n").arg(said);
-    };
-    const char *const usage = "usage: fxshow PATH";
-    row("no path", {}, 2, usage);
-    row("an empty path", {""}, 2, usage);
-    row("two paths", {"/", "/"}, 2, usage);
-    const int anyStatus = -1; // it tells what goes wrong within a second
-    row("no such file", {"/no such/a.dwg"}, anyStatus,
-        "cannot show /no such/a.dwg: No such file or directory");
-    row("nobody to show it", {"/tmp"}, anyStatus,
-        "no file manager answers, and xdg-open cannot be started: No such file or directory");
-}
-
-void tst_FxShow::whatIsWrongIsSaid()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(int, status);
-    QFETCH(QString, said);
-    const FileManager none(0, FileManager::Others::Hidden, QStringLiteral("another"));
-    const Run run = fxshow(arguments);
-    QTRY_COMPARE(run.errors(), said);
-    if (status >= 0)
-        QCOMPARE(run.status, status);
-}
-
-QTEST_GUILESS_MAIN(tst_FxShow)
+CORE_TEST_CLASS(tst_FxShow);
 #include "tst_fxshow.moc"

@@ -10,11 +10,14 @@
 #include <CFxUICustomization.h>
 #include <CFxUIGroup.h>
 #include <CFxUIMenuItem.h>
+#include <OdAssert.h>
 #include <OdEdCommand.h>
 #include <OdEdCommandStack.h>
 #include <OdEditor.h>
 
+#include <QCoreApplication>
 #include <QImage>
+#include <QThread>
 
 #include <memory>
 
@@ -36,9 +39,26 @@ using Reference = std::unique_ptr<T, ReleaseReference>;
 
 using GroupEnumerator = std::unique_ptr<CFxUIGroupEnumerator, ReleaseEnumerator>;
 
+//! All calls but readPreview() are the GUI thread's. In debug builds one from another thread is reported; it
+//! goes on, as the module may not end its host.
+void assertGuiThread()
+{
+#ifndef NDEBUG
+    const QCoreApplication *application = QCoreApplication::instance();
+    if (application && QThread::currentThread() != application->thread())
+        odaAssertFailed("HostAccess is called on the GUI thread", __FILE__, __LINE__);
+#endif
+}
+
+CFxSystemServices *systemServices()
+{
+    assertGuiThread();
+    return GetFxSystemServices();
+}
+
 CFxRecentFileList *recentFileList()
 {
-    CFxSystemServices *services = GetFxSystemServices();
+    CFxSystemServices *services = systemServices();
     CFxApplication *application = services ? services->GetApplication() : nullptr;
     CFxUserProfile *profile = application ? application->GetUserProfile() : nullptr;
     return profile ? profile->GetRecentFileList() : nullptr;
@@ -46,23 +66,25 @@ CFxRecentFileList *recentFileList()
 
 CFxDocumentManager *documentManager()
 {
-    CFxSystemServices *services = GetFxSystemServices();
+    CFxSystemServices *services = systemServices();
     return services ? services->GetDocumentManager() : nullptr;
 }
 
 CFxUICustomization *customization()
 {
-    CFxSystemServices *services = GetFxSystemServices();
+    CFxSystemServices *services = systemServices();
     return services ? services->GetCustomization() : nullptr;
 }
 
 Reference<OdEdCommandStack> commandStack()
 {
+    assertGuiThread();
     return Reference<OdEdCommandStack>(odedRegCmds());
 }
 
 Reference<OdEditor> editor()
 {
+    assertGuiThread();
     return Reference<OdEditor>(odedEditor());
 }
 
@@ -72,7 +94,7 @@ namespace HostAccess {
 
 bool hasServices()
 {
-    return GetFxSystemServices() != nullptr;
+    return systemServices() != nullptr;
 }
 
 std::optional<std::vector<CFxString>> recentFiles()
@@ -92,7 +114,7 @@ bool hasRecentFileList()
 
 QWidget *mainFrame()
 {
-    CFxSystemServices *services = GetFxSystemServices();
+    CFxSystemServices *services = systemServices();
     CFxMainFrame *frame = services ? services->GetMainFrame() : nullptr;
     return frame ? frame->GetMainWindow() : nullptr;
 }
@@ -107,7 +129,7 @@ void openDocument(const CFxString &path)
 
 void runCommand(const CFxString &name)
 {
-    if (CFxSystemServices *services = GetFxSystemServices())
+    if (CFxSystemServices *services = systemServices())
         const Reference<OdRxObject> run(services->RunCommand(name, nullptr));
 }
 

@@ -19,22 +19,22 @@ public:
     ~CFxCommand() override;
 
     //! "FX_COMMANDS" unless overridden.
-    OdString groupName() const override;
+    OdString groupName() const override; // [gui-thread]
     //! Calls Execute(). \param context must be a CFxCommandContext
-    void execute(OdEdCommandContext *context) override;
-    void undefine() override;
-    std::uint32_t flags() const override;
+    void execute(OdEdCommandContext *context) override; // [gui-thread]
+    void undefine() override;                           // [gui-thread]
+    std::uint32_t flags() const override;               // [gui-thread]
 
     //! Does the command's work.
     //! \return one of the results above, or the command's own
-    virtual int Execute(CFxCommandContext *context) = 0;
+    virtual int Execute(CFxCommandContext *context) = 0; // [gui-thread]
     //! Opens the help for GetHelpId().
-    virtual void Help();
+    virtual void Help(); // [gui-thread]
     //! The help topic of the command; 0, the host's front page, unless overridden.
-    virtual int GetHelpId() const;
+    virtual int GetHelpId() const; // [gui-thread]
 
     //! Sets the given bits in addition to those that are set.
-    void AddFlags(std::uint32_t flags);
+    void AddFlags(std::uint32_t flags); // [gui-thread]
 
 private:
     std::uint32_t m_flags = 0;

@@ -11,7 +11,7 @@ public:
     ~CFxCommandContext() override;
 
     //! What stood behind the command's name on its line, without the blanks around it; may be empty.
-    virtual CFxString argument() const = 0;
+    virtual CFxString argument() const = 0; // [gui-thread]
     //! True once the person has asked for the command to end. A command that waits looks at this.
-    virtual bool isCancelled() const = 0;
+    virtual bool isCancelled() const = 0; // [gui-thread]
 };

@@ -14,23 +14,24 @@ public:
     //! \param parent owns the dialog; may be null
     //! \param modal whether the dialog blocks the rest of the application
     //! \param flags window flags, passed to QDialog as they are
+    // [gui-thread]
     explicit CFxDialog(QWidget *parent = nullptr, bool modal = true, Qt::WindowFlags flags = {});
     ~CFxDialog() override;
 
-    int exec() override;
-    void done(int result) override;
-    void accept() override;
-    void reject() override;
+    int exec() override;            // [gui-thread]
+    void done(int result) override; // [gui-thread]
+    void accept() override;         // [gui-thread]
+    void reject() override;         // [gui-thread]
 
 protected:
     //! Called once, before the dialog is shown for the first time.
-    virtual void onFirstShow();
+    virtual void onFirstShow(); // [gui-thread]
     //! Called before the dialog ends. \return false keeps it open
-    virtual bool onAboutToEnd(int result);
+    virtual bool onAboutToEnd(int result); // [gui-thread]
 
-    bool event(QEvent *event) override;
-    void showEvent(QShowEvent *event) override;
-    void hideEvent(QHideEvent *event) override;
+    bool event(QEvent *event) override;         // [gui-thread]
+    void showEvent(QShowEvent *event) override; // [gui-thread]
+    void hideEvent(QHideEvent *event) override; // [gui-thread]
 
 private:
     void leaveModalState();

@@ -12,9 +12,9 @@ public:
     virtual ~CFxDocument();
 
     //! Full path exactly as the drawing was opened; empty for a new drawing.
-    virtual CFxString path() const = 0;
+    virtual CFxString path() const = 0; // [gui-thread]
     //! What the window shows: the file's name, or the new drawing's.
-    virtual CFxString title() const = 0;
+    virtual CFxString title() const = 0; // [gui-thread]
 
     CFxDocument(const CFxDocument &) = delete;
     CFxDocument &operator=(const CFxDocument &) = delete;

@@ -15,9 +15,9 @@ public:
     virtual ~CFxDocumentManager();
 
     //! \param reactor not null, not owned; must be removed before it goes away; listed once
-    virtual void AddReactor(CFxDocumentManagerReactor *reactor) = 0;
+    virtual void AddReactor(CFxDocumentManagerReactor *reactor) = 0; // [gui-thread]
     //! A reactor that is not listed: nothing happens.
-    virtual void RemoveReactor(CFxDocumentManagerReactor *reactor) = 0;
+    virtual void RemoveReactor(CFxDocumentManagerReactor *reactor) = 0; // [gui-thread]
 
     //! Opens a drawing, or brings its window to the front when it is open. What cannot be opened is told to
     //! the person by the host. May run an event loop.
@@ -25,6 +25,7 @@ public:
     //! \param mode, flags 0: open for editing in a window of its own; other values are reserved
     //! \param result set to why the drawing could not be opened, else to the empty string
     //! \return whether the drawing is open now
+    // [gui-thread]
     virtual bool OpenDocument(const CFxString &path, int mode, int flags, OdString &result) = 0;
 
     CFxDocumentManager(const CFxDocumentManager &) = delete;

@@ -13,23 +13,23 @@ public:
     CFxDocumentManagerReactor() = default;
     virtual ~CFxDocumentManagerReactor();
 
-    virtual void DocumentCreateStarted(CFxDocument *document);
+    virtual void DocumentCreateStarted(CFxDocument *document); // [gui-thread]
     //! A drawing was created or opened; an opened one is in the recent-file list already. A module that is
     //! loaded while drawings are open is notified of the current one, after its initApp() and
     //! mainFrameCreated().
-    virtual void DocumentCreated(CFxDocument *document);
-    virtual void DocumentToBeDestroyed(CFxDocument *document);
+    virtual void DocumentCreated(CFxDocument *document);       // [gui-thread]
+    virtual void DocumentToBeDestroyed(CFxDocument *document); // [gui-thread]
     //! The drawing is gone. \param path where it was, empty for a new drawing
-    virtual void DocumentDestroyed(const CFxString &path);
-    virtual void DatabaseAttached(CFxDocument *document);
-    virtual void DatabaseDetached(CFxDocument *document);
-    virtual void DocumentToBeActivated(CFxDocument *document);
-    virtual void DocumentToBeDeactivated(CFxDocument *document);
-    virtual void DocumentActivated(CFxDocument *document);
-    virtual void DocumentCreateCanceled(CFxDocument *document);
-    virtual void DocumentBecameCurrent(CFxDocument *document);
-    virtual void DocumentActivationModified(bool activation);
-    virtual void DocumentPreOpen(const CFxString &path);
+    virtual void DocumentDestroyed(const CFxString &path);       // [gui-thread]
+    virtual void DatabaseAttached(CFxDocument *document);        // [gui-thread]
+    virtual void DatabaseDetached(CFxDocument *document);        // [gui-thread]
+    virtual void DocumentToBeActivated(CFxDocument *document);   // [gui-thread]
+    virtual void DocumentToBeDeactivated(CFxDocument *document); // [gui-thread]
+    virtual void DocumentActivated(CFxDocument *document);       // [gui-thread]
+    virtual void DocumentCreateCanceled(CFxDocument *document);  // [gui-thread]
+    virtual void DocumentBecameCurrent(CFxDocument *document);   // [gui-thread]
+    virtual void DocumentActivationModified(bool activation);    // [gui-thread]
+    virtual void DocumentPreOpen(const CFxString &path);         // [gui-thread]
 
     CFxDocumentManagerReactor(const CFxDocumentManagerReactor &) = delete;
     CFxDocumentManagerReactor &operator=(const CFxDocumentManagerReactor &) = delete;

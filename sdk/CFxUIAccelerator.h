@@ -15,13 +15,13 @@ public:
     CFxUIAccelerator() = default;
     virtual ~CFxUIAccelerator();
 
-    virtual CFxString GetIdentifier() const = 0;
-    virtual CFxString GetLabel() const = 0;
-    virtual void SetLabel(const CFxString &label) = 0;
-    virtual QKeySequence GetKey() const = 0;
-    virtual void SetKey(const QKeySequence &key) = 0;
+    virtual CFxString GetIdentifier() const = 0;       // [gui-thread]
+    virtual CFxString GetLabel() const = 0;            // [gui-thread]
+    virtual void SetLabel(const CFxString &label) = 0; // [gui-thread]
+    virtual QKeySequence GetKey() const = 0;           // [gui-thread]
+    virtual void SetKey(const QKeySequence &key) = 0;  // [gui-thread]
     //! Null while the definition that the accelerator is bound to does not exist.
-    virtual CFxUICommand *GetCommand() const = 0;
+    virtual CFxUICommand *GetCommand() const = 0; // [gui-thread]
 
     CFxUIAccelerator(const CFxUIAccelerator &) = delete;
     CFxUIAccelerator &operator=(const CFxUIAccelerator &) = delete;

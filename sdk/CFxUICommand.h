@@ -11,15 +11,15 @@ public:
     CFxUICommand() = default;
     virtual ~CFxUICommand();
 
-    virtual CFxString GetIdentifier() const = 0;
-    virtual CFxString GetName() const = 0;
-    virtual void SetName(const CFxString &name) = 0;
+    virtual CFxString GetIdentifier() const = 0;     // [gui-thread]
+    virtual CFxString GetName() const = 0;           // [gui-thread]
+    virtual void SetName(const CFxString &name) = 0; // [gui-thread]
     //! What is run: `^C` ends the running command, the rest is a command line.
-    virtual CFxString GetMacro() const = 0;
-    virtual void SetMacro(const CFxString &macro) = 0;
+    virtual CFxString GetMacro() const = 0;            // [gui-thread]
+    virtual void SetMacro(const CFxString &macro) = 0; // [gui-thread]
     //! Shown in the status bar.
-    virtual CFxString GetHelpString() const = 0;
-    virtual void SetHelpString(const CFxString &text) = 0;
+    virtual CFxString GetHelpString() const = 0;           // [gui-thread]
+    virtual void SetHelpString(const CFxString &text) = 0; // [gui-thread]
 
     CFxUICommand(const CFxUICommand &) = delete;
     CFxUICommand &operator=(const CFxUICommand &) = delete;

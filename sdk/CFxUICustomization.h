@@ -18,9 +18,9 @@ public:
     virtual ~CFxUIGroupEnumerator();
 
     //! The next group, owned by the host; null behind the last.
-    virtual CFxUIGroup *Next() = 0;
+    virtual CFxUIGroup *Next() = 0; // [gui-thread]
     //! Ends the walk; the enumerator is gone afterwards.
-    virtual void Release() = 0;
+    virtual void Release() = 0; // [gui-thread]
 
     CFxUIGroupEnumerator(const CFxUIGroupEnumerator &) = delete;
     CFxUIGroupEnumerator &operator=(const CFxUIGroupEnumerator &) = delete;
@@ -34,26 +34,29 @@ public:
     virtual ~CFxUICustomization();
 
     //! Owned by the caller, who calls Release(). Never null.
-    virtual CFxUIGroupEnumerator *EnumerateGroups() = 0;
-    virtual bool IsPrimary(const CFxUIGroup *group) const = 0;
+    virtual CFxUIGroupEnumerator *EnumerateGroups() = 0;       // [gui-thread]
+    virtual bool IsPrimary(const CFxUIGroup *group) const = 0; // [gui-thread]
     //! The group of the menus that stand while no drawing is open; null when the host has none.
-    virtual CFxUIGroup *GetStartUpGroup() = 0;
+    virtual CFxUIGroup *GetStartUpGroup() = 0; // [gui-thread]
 
     //! \param groupName where to look; an unknown name finds nothing
     //! \param identifier compared exactly
     //! \return owned by the host; null when there is none
+    // [gui-thread]
     virtual CFxUICommand *FindCommand(const CFxString &groupName, const CFxString &identifier) const = 0;
     //! A definition that belongs to the caller until it is appended to a group.
-    virtual CFxUICommand *CreateCommand(const CFxString &identifier) = 0;
+    virtual CFxUICommand *CreateCommand(const CFxString &identifier) = 0; // [gui-thread]
     //! An entry that belongs to the caller until it is inserted into a menu.
     //! \param command what the entry runs; may be null
+    // [gui-thread]
     virtual CFxUIMenuItem *CreateMenuItem(CFxUICommand *command, const CFxString &label,
                                           const CFxString &helpString, const CFxString &identifier) = 0;
     //! An accelerator without a key that belongs to the caller until it is appended to a group.
+    // [gui-thread]
     virtual CFxUIAccelerator *CreateAccelerator(CFxUICommand *command, const CFxString &identifier) = 0;
 
     //! Brings the menus and keys on screen up to date with the data.
-    virtual void Refresh() = 0;
+    virtual void Refresh() = 0; // [gui-thread]
 
     CFxUICustomization(const CFxUICustomization &) = delete;
     CFxUICustomization &operator=(const CFxUICustomization &) = delete;

@@ -16,20 +16,20 @@ public:
     CFxUIGroup() = default;
     virtual ~CFxUIGroup();
 
-    virtual CFxString GetName() const = 0;
+    virtual CFxString GetName() const = 0; // [gui-thread]
 
-    virtual int GetCommandCount() const = 0;
-    virtual CFxUICommand *GetCommand(int index) const = 0;
+    virtual int GetCommandCount() const = 0;               // [gui-thread]
+    virtual CFxUICommand *GetCommand(int index) const = 0; // [gui-thread]
     //! Takes ownership. \param command not null
-    virtual void AppendCommand(CFxUICommand *command) = 0;
+    virtual void AppendCommand(CFxUICommand *command) = 0; // [gui-thread]
 
-    virtual int GetMenuCount() const = 0;
-    virtual CFxUIMenuItem *GetMenu(int index) const = 0;
+    virtual int GetMenuCount() const = 0;                // [gui-thread]
+    virtual CFxUIMenuItem *GetMenu(int index) const = 0; // [gui-thread]
 
-    virtual int GetAcceleratorCount() const = 0;
-    virtual CFxUIAccelerator *GetAccelerator(int index) const = 0;
+    virtual int GetAcceleratorCount() const = 0;                   // [gui-thread]
+    virtual CFxUIAccelerator *GetAccelerator(int index) const = 0; // [gui-thread]
     //! Takes ownership. \param accelerator not null
-    virtual void AppendAccelerator(CFxUIAccelerator *accelerator) = 0;
+    virtual void AppendAccelerator(CFxUIAccelerator *accelerator) = 0; // [gui-thread]
 
     CFxUIGroup(const CFxUIGroup &) = delete;
     CFxUIGroup &operator=(const CFxUIGroup &) = delete;

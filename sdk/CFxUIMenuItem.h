@@ -13,20 +13,20 @@ public:
     CFxUIMenuItem() = default;
     virtual ~CFxUIMenuItem();
 
-    virtual CFxString GetIdentifier() const = 0;
-    virtual CFxString GetLabel() const = 0;
-    virtual void SetLabel(const CFxString &label) = 0;
+    virtual CFxString GetIdentifier() const = 0;       // [gui-thread]
+    virtual CFxString GetLabel() const = 0;            // [gui-thread]
+    virtual void SetLabel(const CFxString &label) = 0; // [gui-thread]
 
     //! Null for menus and separators.
-    virtual CFxUICommand *GetCommand() const = 0;
-    virtual void SetCommand(CFxUICommand *command) = 0;
+    virtual CFxUICommand *GetCommand() const = 0;       // [gui-thread]
+    virtual void SetCommand(CFxUICommand *command) = 0; // [gui-thread]
 
-    virtual int GetChildCount() const = 0;
+    virtual int GetChildCount() const = 0; // [gui-thread]
     //! \return null when index is out of range
-    virtual CFxUIMenuItem *GetChild(int index) const = 0;
+    virtual CFxUIMenuItem *GetChild(int index) const = 0; // [gui-thread]
     //! Inserts item before the child at the reference position, and takes ownership.
     //! \return false, with nothing inserted or owned, when reference is out of range
-    virtual bool InsertChild(int reference, CFxUIMenuItem *item) = 0;
+    virtual bool InsertChild(int reference, CFxUIMenuItem *item) = 0; // [gui-thread]
 
     CFxUIMenuItem(const CFxUIMenuItem &) = delete;
     CFxUIMenuItem &operator=(const CFxUIMenuItem &) = delete;

@@ -12,9 +12,9 @@ public:
     OdEditorReactor() = default;
     virtual ~OdEditorReactor();
 
-    virtual void commandWillStart(const OdString &globalName);
+    virtual void commandWillStart(const OdString &globalName); // [gui-thread]
     //! \param result what the command returned
-    virtual void commandEnded(const OdString &globalName, int result);
+    virtual void commandEnded(const OdString &globalName, int result); // [gui-thread]
 
     OdEditorReactor(const OdEditorReactor &) = delete;
     OdEditorReactor &operator=(const OdEditorReactor &) = delete;

@@ -15,15 +15,15 @@ public:
     ~OdRxModule() override;
 
     //! The handle that the loader passed to odrxCreateModuleObject, untouched.
-    virtual void *sysData() = 0;
+    virtual void *sysData() = 0; // [gui-thread]
     //! Deletes the module object. Nothing of the module may be called afterwards.
-    virtual void deleteModule() = 0;
+    virtual void deleteModule() = 0; // [gui-thread]
     //! Called once after loading. An exception means that the module could not start.
-    virtual void initApp() = 0;
+    virtual void initApp() = 0; // [gui-thread]
     //! Called once before deleteModule().
-    virtual void uninitApp() = 0;
+    virtual void uninitApp() = 0; // [gui-thread]
     //! The name under which the module was loaded.
-    virtual OdString moduleName() const = 0;
+    virtual OdString moduleName() const = 0; // [gui-thread]
 };
 
 //! Type of the exported `odrxGetAPIVersion`: writes the interface version that the module was built against.

@@ -13,10 +13,10 @@ public:
     OdRxObject() = default;
     virtual ~OdRxObject();
 
-    virtual void addRef() = 0;
+    virtual void addRef() = 0; // [any-thread]
     //! Gives one reference back. Whether the last one deletes the object is the object's own contract.
-    virtual void release() = 0;
-    virtual int numRefs() const = 0;
+    virtual void release() = 0;      // [any-thread]
+    virtual int numRefs() const = 0; // [any-thread]
 
     OdRxObject(const OdRxObject &) = delete;
     OdRxObject &operator=(const OdRxObject &) = delete;

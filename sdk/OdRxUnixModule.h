@@ -23,9 +23,10 @@ public:
     //! \param moduleName copied
     OdRxUnixModule(void *sysData, const OdChar *moduleName) : m_sysData(sysData), m_moduleName(moduleName) {}
 
-    void addRef() override { m_nLockCount.fetch_add(1); }
+    void addRef() override { m_nLockCount.fetch_add(1); } // [any-thread]
 
     //! Never deletes the object: deleteModule() does.
+    // [any-thread]
     void release() override
     {
         if (m_nLockCount.load() == 0)
@@ -33,10 +34,11 @@ public:
         m_nLockCount.fetch_sub(1);
     }
 
-    int numRefs() const override { return m_nLockCount.load(); }
-    void *sysData() override { return m_sysData; }
-    OdString moduleName() const override { return m_moduleName; }
+    int numRefs() const override { return m_nLockCount.load(); }  // [any-thread]
+    void *sysData() override { return m_sysData; }                // [gui-thread]
+    OdString moduleName() const override { return m_moduleName; } // [gui-thread]
 
+    // [gui-thread]
     void deleteModule() override
     {
         deleteModuleObject();
@@ -44,13 +46,14 @@ public:
     }
 
     // The loader may delete the object through its base: the memory must go back to where it came from.
+    // [any-thread]
     static void *operator new(std::size_t size)
     {
         if (void *memory = odrxAlloc(size))
             return memory;
         throw std::bad_alloc();
     }
-    static void operator delete(void *memory) { odrxFree(memory); }
+    static void operator delete(void *memory) { odrxFree(memory); } // [any-thread]
 
 private:
     std::atomic<std::int32_t> m_nLockCount{0};

@@ -10,12 +10,13 @@ class OdStaticRxObject : public T
 {
 public:
     template<class... Arguments>
+    // [any-thread]
     explicit OdStaticRxObject(Arguments &&...arguments) : T(std::forward<Arguments>(arguments)...)
     {
     }
 
-    void addRef() override {}
-    void release() override {}
+    void addRef() override {}  // [any-thread]
+    void release() override {} // [any-thread]
     //! Always 1: the holder's.
-    int numRefs() const override { return 1; }
+    int numRefs() const override { return 1; } // [any-thread]
 };

@@ -42,6 +42,8 @@ void read(Picture &picture)
     picture.image = RecentDocumentBrowser::GetQImage(picture.path);
 }
 
+static_assert(QT_VERSION_MAJOR == 5 && QT_VERSION_MINOR == 15, "needs Qt 5.15's parallel engine");
+
 //! What QtConcurrent::blockingMapped() promises: reads all pictures, spread over Qt's global thread pool, and
 //! returns when that is done. In Qt 5.15 that function returns as soon as the result is there, while the
 //! worker that reported it has still to pass through code that is the module's, and deletes what is the

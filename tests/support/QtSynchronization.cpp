@@ -17,6 +17,9 @@
 #include <memory>
 #include <utility>
 
+static_assert(QT_VERSION_MAJOR == 5 && QT_VERSION_MINOR == 15,
+              "replaces functions of Qt 5.15 by their names");
+
 namespace {
 
 //! Qt's own function.

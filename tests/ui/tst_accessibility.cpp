@@ -7,6 +7,8 @@
 #include <QAccessible>
 
 #include <private/qguiapplication_p.h>
+
+static_assert(QT_VERSION_MAJOR == 5 && QT_VERSION_MINOR == 15, "needs a private header of Qt 5.15");
 #include <qpa/qplatformaccessibility.h>
 #include <qpa/qplatformintegration.h>
 

@@ -5,6 +5,7 @@
 #include "host/app/MainWindow.h"
 #include "host/app/ScreenGrabber.h"
 #include "host/runtime/FxHost.h"
+#include "host/runtime/Outcome.h"
 #include "host/runtime/commands/CommandSet.h"
 #include "host/runtime/commands/TypedPath.h"
 
@@ -20,38 +21,37 @@ namespace fxhost {
 
 namespace {
 
-QString tr(const char *text)
+struct Texts
 {
-    return QCoreApplication::translate("AppCommands", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(fxhost::AppCommands)
+};
 
-//! \return why the picture could not be written; empty when it was
-QString writePng(const QImage &picture, const QString &path)
+Outcome writePng(const QImage &picture, const QString &path)
 {
     if (picture.isNull())
-        return tr("No window is visible.");
+        return Outcome::failed(Texts::tr("No window is visible."));
     // A picture that was only half written would look like one.
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
-        return file.errorString();
+        return Outcome::failed(file.errorString());
     // The format is the command's promise, whatever the file is called.
     // flush(): what fails only as the buffer is written out, commit() would not notice.
     if (!picture.save(&file, "PNG") || !file.flush() || !file.commit())
-        return file.errorString();
+        return Outcome::failed(file.errorString());
     return {};
 }
 
 int takeScreenshot(FxHost &host, const QString &argument)
 {
     if (argument.isEmpty()) {
-        host.showMessage(tr("SCREENSHOT needs the name of the file to write."));
+        host.showMessage(Texts::tr("SCREENSHOT needs the name of the file to write."));
         return CFxCommand::failed;
     }
     const QString path = typedPath(argument, host.fileProbe());
-    const QString problem = writePng(grabWindows(), path);
-    if (problem.isEmpty())
+    const Outcome written = writePng(grabWindows(), path);
+    if (written)
         return CFxCommand::normalCompletion;
-    host.showMessage(tr("The picture %1 could not be written: %2").arg(path, problem));
+    host.showMessage(Texts::tr("The picture %1 could not be written: %2").arg(path, written.reason()));
     return CFxCommand::failed;
 }
 

@@ -50,8 +50,6 @@ QLabel *addOrderedLine(QVBoxLayout *layout, const QString &text, const QColor &c
 
 DocumentView::DocumentView(const Document &document, QWidget *parent) : QWidget(parent)
 {
-    const DrawingFacts &facts = document.facts();
-
     auto *strip = new QWidget(this);
     QPalette palette = strip->palette();
     palette.setColor(QPalette::Window, look::strip);
@@ -61,11 +59,12 @@ DocumentView::DocumentView(const Document &document, QWidget *parent) : QWidget(
     lines->setContentsMargins(stripMargin, stripMargin / 2, stripMargin, stripMargin / 2);
     lines->setSpacing(stripSpacing);
     if (!document.isNew()) {
-        addOrderedLine(lines, facts.path, look::ink, Qt::ElideMiddle)->setObjectName(QStringLiteral("path"));
-        addOrderedLine(lines, factsLine(facts), look::faintInk, Qt::ElideRight)
+        addOrderedLine(lines, document.path(), look::ink, Qt::ElideMiddle)
+            ->setObjectName(QStringLiteral("path"));
+        addOrderedLine(lines, factsLine(document), look::faintInk, Qt::ElideRight)
             ->setObjectName(QStringLiteral("facts"));
     }
-    const QString note = facts.isPreviewAlone
+    const QString note = document.file().isPreviewAlone
                              ? tr("A sample: this file holds a file header and a preview, and nothing more.")
                              : tr("This host shows the picture stored in a drawing; it does not draw.");
     addLine(lines, note, look::faintInk, Qt::ElideRight)->setObjectName(QStringLiteral("note"));
@@ -73,7 +72,7 @@ DocumentView::DocumentView(const Document &document, QWidget *parent) : QWidget(
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(new PictureCanvas(facts.preview, canvasText(document), this), 1);
+    layout->addWidget(new PictureCanvas(document.file().preview, canvasText(document), this), 1);
     layout->addWidget(strip);
 }
 

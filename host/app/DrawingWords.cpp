@@ -2,22 +2,31 @@
 #include "host/app/DrawingWords.h"
 
 #include "host/runtime/documents/Document.h"
-#include "host/runtime/preview/DrawingHeader.h"
 
 #include <QCoreApplication>
 #include <QLocale>
 
 namespace fxhost {
 
-QString factsLine(const DrawingFacts &facts)
+namespace {
+
+struct Texts
 {
-    if (facts.path.isEmpty())
-        return QCoreApplication::translate("DrawingWords", "New drawing");
+    Q_DECLARE_TR_FUNCTIONS(fxhost::DrawingWords)
+};
+
+} // namespace
+
+QString factsLine(const Document &document)
+{
+    if (document.isNew())
+        return Texts::tr("New drawing");
+    const DrawingFile &file = document.file();
     const QLocale locale;
     const QStringList words{
-        drawingFormatName(facts.version.toLatin1()),
-        locale.formattedDataSize(facts.size, 1, QLocale::DataSizeTraditionalFormat),
-        locale.toString(facts.modified, QLocale::ShortFormat),
+        drawingFormatName(file.version),
+        locale.formattedDataSize(file.size, 1, QLocale::DataSizeTraditionalFormat),
+        locale.toString(file.modified, QLocale::ShortFormat),
     };
     return words.join(QStringLiteral("   \u00b7   "));
 }

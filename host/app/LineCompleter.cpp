@@ -104,9 +104,8 @@ QStringList LineCompleter::namesIn(const QString &folder, const QString &beginni
     namespace fs = std::filesystem;
     const QString fullPath = folder.isEmpty() ? QDir::currentPath() : absolutePath(folder);
     FileProbe &probe = m_host.fileProbe();
-    if (!probe.silent({fullPath}).isEmpty()) {
-        m_host.showMessage(
-            QCoreApplication::translate("LineCompleter", "The folder %1 does not answer.").arg(fullPath));
+    if (!probe.unresponsive({fullPath}).isEmpty()) {
+        m_host.showMessage(tr("The folder %1 does not answer.").arg(fullPath));
         return {};
     }
     // Qt's own walk looks at what each link leads to, which may not answer. This one knows from the folder
@@ -130,9 +129,9 @@ QStringList LineCompleter::namesIn(const QString &folder, const QString &beginni
     QStringList linkPaths;
     for (const QString &link : qAsConst(links))
         linkPaths.append(dir.filePath(link));
-    const QStringList silent = probe.silent(linkPaths);
+    const QStringList unresponsive = probe.unresponsive(linkPaths);
     for (int i = 0; i < links.size(); ++i) {
-        const bool isFolder = !silent.contains(linkPaths.at(i)) && QFileInfo(linkPaths.at(i)).isDir();
+        const bool isFolder = !unresponsive.contains(linkPaths.at(i)) && QFileInfo(linkPaths.at(i)).isDir();
         names.append(isFolder ? links.at(i) + QLatin1Char('/') : links.at(i));
     }
     names.sort();

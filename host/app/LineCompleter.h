@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QCoreApplication>
 #include <QStringList>
 
 namespace fxhost {
@@ -17,6 +18,7 @@ struct Completion
 //! Completes names of commands, and of files after a command that takes one. GUI thread.
 class LineCompleter
 {
+    Q_DECLARE_TR_FUNCTIONS(fxhost::LineCompleter)
 public:
     //! \param host must outlive the completer
     explicit LineCompleter(FxHost &host) : m_host(host) {}

@@ -2,19 +2,19 @@
 #include "host/app/MainWindow.h"
 
 #include "host/app/AppCommands.h"
-#include "host/app/CommandLineOptions.h"
 #include "host/app/CommandLineWidget.h"
 #include "host/app/DrawingArea.h"
 #include "host/app/DrawingWords.h"
 #include "host/app/HelpWindow.h"
 #include "host/app/LineCompleter.h"
+#include "host/app/MenuBuilder.h"
+#include "host/app/ProgramOptions.h"
 #include "host/runtime/FxHost.h"
 #include "host/runtime/HostSettings.h"
 #include "host/runtime/Paths.h"
 #include "host/runtime/commands/CommandRun.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/customization/Customization.h"
-#include "host/runtime/customization/MenuBuilder.h"
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/probe/FileProbe.h"
@@ -172,7 +172,7 @@ void MainWindow::showState(const Document *current)
 
     const QString program = QCoreApplication::applicationName();
     setWindowTitle(current ? QStringLiteral("%1 - [%2]").arg(program, current->title()) : program);
-    m_factsLabel->setText(current ? factsLine(current->facts()) : QString());
+    m_factsLabel->setText(current ? factsLine(*current) : QString());
     // A drawing's window takes the focus when it comes to the front, and has no use for it.
     m_commandLine->setFocus();
 }
@@ -188,7 +188,7 @@ void MainWindow::showHelp(int topic)
 QString MainWindow::firstDirectory()
 {
     for (const QString &directory : {m_host.settings().lastDirectory(), QDir::homePath()}) {
-        if (!directory.isEmpty() && m_host.fileProbe().silent({directory}).isEmpty())
+        if (!directory.isEmpty() && m_host.fileProbe().unresponsive({directory}).isEmpty())
             return directory;
     }
     return QDir::rootPath();

@@ -8,12 +8,14 @@
 #include <QWidget>
 #include <QWindow>
 
+#include <chrono>
+
 namespace fxhost {
 
 namespace {
 
-//! How long a script waits for the window to become active, in milliseconds.
-constexpr int patience = 3000;
+//! How long a script waits for the window to become active.
+constexpr std::chrono::seconds activationWait{3};
 
 } // namespace
 
@@ -25,14 +27,14 @@ ScriptRunner::ScriptRunner(CommandRunner &commands, QObject *parent) : QObject(p
     connect(&m_commands, &CommandRunner::idle, &m_next, qOverload<>(&QTimer::start));
 }
 
-QString ScriptRunner::load(const QString &path)
+Outcome ScriptRunner::load(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
-        return file.errorString();
+        return Outcome::failed(file.errorString());
     const QByteArray content = file.readAll();
     if (file.error() != QFileDevice::NoError)
-        return file.errorString();
+        return Outcome::failed(file.errorString());
 
     QString text = pathFromBytes(content); // for it may name files
     if (text.startsWith(QChar::ByteOrderMark))
@@ -54,12 +56,12 @@ void ScriptRunner::startWhenActive(QWidget *window)
     }
     connect(window->windowHandle(), &QWindow::activeChanged, &m_next, qOverload<>(&QTimer::start));
     // Without a window manager no window becomes active.
-    QTimer::singleShot(patience, &m_next, qOverload<>(&QTimer::start));
+    QTimer::singleShot(activationWait, &m_next, qOverload<>(&QTimer::start));
 }
 
 void ScriptRunner::runNext()
 {
-    // Somebody else's command may have started since; its end wakes this up again.
+    // Another command may have started since; its end starts this again.
     if (m_lines.isEmpty() || !m_commands.isIdle())
         return;
     m_commands.runLine(m_lines.takeFirst());

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/runtime/Outcome.h"
+
 #include <QObject>
 #include <QStringList>
 #include <QTimer>
@@ -11,7 +13,7 @@ namespace fxhost {
 
 class CommandRunner;
 
-//! Runs the commands of a script as a person would enter them: each line once the one before it has ended.
+//! Runs the commands of a script as a user would enter them: each line once the one before it has ended.
 //! GUI thread.
 class ScriptRunner : public QObject
 {
@@ -21,8 +23,7 @@ public:
     explicit ScriptRunner(CommandRunner &commands, QObject *parent = nullptr);
 
     //! Reads a script: UTF-8, a command line each line; blank lines and those that start with # are left out.
-    //! \return why the file cannot be read; empty when it was
-    QString load(const QString &path);
+    Outcome load(const QString &path);
     //! Runs the first line once the window is active, the others in their turn. Until then a window manager
     //! may still move the window, and a popup over it would be placed by where it was. \param window is being
     //! shown; must live until the script has started

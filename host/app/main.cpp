@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/AppIcon.h"
-#include "host/app/CommandLineOptions.h"
 #include "host/app/EndSignals.h"
 #include "host/app/MainWindow.h"
+#include "host/app/ProgramOptions.h"
 #include "host/app/ScriptRunner.h"
 #include "host/app/StartArguments.h"
 #include "host/runtime/FxHost.h"
@@ -26,6 +26,11 @@ using namespace fxhost;
 
 namespace {
 
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(fxhost::main)
+};
+
 constexpr char moduleFile[] = "RecentDocumentBrowser.so";
 
 void printError(const QString &text)
@@ -33,13 +38,13 @@ void printError(const QString &text)
     QTextStream(stderr) << QCoreApplication::applicationName() << ": " << text << '\n';
 }
 
-QString profileDir(const CommandLineOptions &options)
+QString profileDir(const ProgramOptions &options)
 {
     return options.profileDir.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)
                                         : QDir::current().absoluteFilePath(options.profileDir);
 }
 
-QStringList modulePaths(const CommandLineOptions &options)
+QStringList modulePaths(const ProgramOptions &options)
 {
     const QString own = QDir(QCoreApplication::applicationDirPath()).filePath(QLatin1String(moduleFile));
     return options.modules.value_or(QStringList{own});
@@ -49,12 +54,12 @@ void loadMenus(FxHost &host)
 {
     QFile file(QStringLiteral(":/customization.json"));
     file.open(QIODevice::ReadOnly);
-    const QString problem = host.customization().load(file.readAll());
-    if (!problem.isEmpty())
-        host.showMessage(QStringLiteral("The menus cannot be used: %1").arg(problem));
+    const Outcome loaded = host.customization().load(file.readAll());
+    if (!loaded)
+        host.showMessage(Texts::tr("The menus cannot be used: %1").arg(loaded.reason()));
 }
 
-void place(MainWindow &window, const CommandLineOptions &options)
+void place(MainWindow &window, const ProgramOptions &options)
 {
     if (options.windowSize) {
         window.setWindowState(Qt::WindowNoState);
@@ -64,29 +69,28 @@ void place(MainWindow &window, const CommandLineOptions &options)
         window.move(*options.windowPosition);
 }
 
-int run(const CommandLineOptions &options)
+int run(const ProgramOptions &options)
 {
     const QString profile = profileDir(options);
     if (!QDir().mkpath(profile)) {
-        printError(QStringLiteral("the profile directory %1 cannot be made").arg(profile));
-        return CommandLineResult::usageError;
+        printError(Texts::tr("the profile directory %1 cannot be made").arg(profile));
+        return ProgramStart::usageError;
     }
 
     // Where Qt's own dialogs keep what they remember.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, profile);
     FxHost host(profile, options.logFile);
     QObject::connect(&host, &FxHost::message, &host, printError);
-    if (!host.log().errorString().isEmpty()) {
-        printError(QStringLiteral("the log %1 cannot be written: %2")
-                       .arg(options.logFile, host.log().errorString()));
-        return CommandLineResult::usageError;
+    if (const Outcome logged = host.log().outcome(); !logged) {
+        printError(Texts::tr("the log %1 cannot be written: %2").arg(options.logFile, logged.reason()));
+        return ProgramStart::usageError;
     }
     ScriptRunner script(host.commands());
     if (!options.scriptFile.isEmpty()) {
-        const QString problem = script.load(options.scriptFile);
-        if (!problem.isEmpty()) {
-            printError(QStringLiteral("the script %1 cannot be read: %2").arg(options.scriptFile, problem));
-            return CommandLineResult::usageError;
+        const Outcome read = script.load(options.scriptFile);
+        if (!read) {
+            printError(Texts::tr("the script %1 cannot be read: %2").arg(options.scriptFile, read.reason()));
+            return ProgramStart::usageError;
         }
     }
 
@@ -117,19 +121,19 @@ void findProgramsBeside()
 }
 
 //! Prints what there is to print instead of a start. \return the exit code
-int answer(const CommandLineResult &commandLine)
+int answer(const ProgramStart &commandLine)
 {
-    const bool isRefused = commandLine.wish == CommandLineResult::Wish::Refuse;
+    const bool isRefused = commandLine.wish == ProgramStart::Wish::Refuse;
     QTextStream(isRefused ? stderr : stdout) << commandLine.text << '\n';
-    return isRefused ? CommandLineResult::usageError : 0;
+    return isRefused ? ProgramStart::usageError : 0;
 }
 
 //! Help and version are for whoever has no display as well. \return whether they were asked for
 bool printsAndEnds(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
-    const CommandLineResult commandLine = readCommandLine(QCoreApplication::arguments());
-    const bool isAsked = commandLine.wish == CommandLineResult::Wish::PrintAndEnd;
+    const ProgramStart commandLine = readProgramOptions(QCoreApplication::arguments());
+    const bool isAsked = commandLine.wish == ProgramStart::Wish::PrintAndEnd;
     if (isAsked)
         answer(commandLine);
     return isAsked; // the rest may be for Qt
@@ -160,7 +164,6 @@ int main(int argc, char *argv[])
     QApplication::setWindowIcon(appIcon());
     findProgramsBeside();
 
-    const CommandLineResult commandLine = readCommandLine(QApplication::arguments());
-    return commandLine.wish == CommandLineResult::Wish::Start ? run(commandLine.options)
-                                                              : answer(commandLine);
+    const ProgramStart commandLine = readProgramOptions(QApplication::arguments());
+    return commandLine.wish == ProgramStart::Wish::Start ? run(commandLine.options) : answer(commandLine);
 }

@@ -4,9 +4,9 @@
 #include "host/runtime/Paths.h"
 
 #include <QElapsedTimer>
-#include <QThread>
 
 #include <cerrno>
+#include <thread>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -17,12 +17,13 @@ namespace fxhost {
 
 namespace {
 
-// Milliseconds between two tries. Waiting in the system instead would have no end where the other is stopped.
-constexpr int pause = 2;
+// Between two tries. Waiting in the system instead would have no end where the other process is
+// stopped.
+constexpr std::chrono::milliseconds pause{2};
 
 } // namespace
 
-FileLock::FileLock(const QString &path, int patience)
+FileLock::FileLock(const QString &path, std::chrono::milliseconds wait)
 {
     // A child process must not inherit the lock, nor may a FIFO of that name make us wait.
     m_descriptor = ::open(pathBytes(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY,
@@ -34,9 +35,9 @@ FileLock::FileLock(const QString &path, int patience)
     for (;;) {
         m_isHeld = ::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0;
         m_isBusy = !m_isHeld && (errno == EWOULDBLOCK || errno == EINTR);
-        if (!m_isBusy || waiting.hasExpired(patience))
+        if (!m_isBusy || waiting.hasExpired(wait.count()))
             return;
-        QThread::msleep(pause);
+        std::this_thread::sleep_for(pause);
     }
 }
 

@@ -2,12 +2,11 @@
 #pragma once
 
 #include "host/runtime/FxHostApi.h"
-#include "host/runtime/MessageSink.h"
+#include "host/runtime/interface/InterfaceHost.h"
 
 #include <CFxServices.h>
 
 #include <QObject>
-#include <QPointer>
 
 #include <functional>
 #include <memory>
@@ -16,7 +15,6 @@ class QWidget;
 
 namespace fxhost {
 
-class AnsweringRecentFiles;
 class CommandRunner;
 class CommandSet;
 class CommandStack;
@@ -26,9 +24,11 @@ class Editor;
 class FileProbe;
 class HostLog;
 class HostSettings;
+class MainFrame;
 class ModuleManager;
-class RecentFiles;
+class ReachableRecentFiles;
 class RecentFileStore;
+class RecentFiles;
 
 //! The running host: owns every service and hands them to the program by reference, to modules through the
 //! published interface. At most one exists at a time. GUI thread.
@@ -36,22 +36,19 @@ class RecentFileStore;
 //! A program makes a QApplication, then this, then connects message(), then shows its window, and only then
 //! calls setMainWindow(). The destructor ends everything in the order that modules count on: drawings are
 //! closed, the main frame is reported gone, modules are unloaded.
-class FXHOST_API FxHost : public QObject, public CFxSystemServices
+class FXHOST_API FxHost : public QObject, public CFxSystemServices, private InterfaceHost
 {
     Q_OBJECT
 public:
-    //! Asks the person for a drawing to open. \return a path, or the empty string when he changed his mind
+    //! Asks the user for a drawing to open. \return a path, or the empty string when they cancelled
     using PathChooser = std::function<QString()>;
 
-    //! Reads the profile. What is wrong with it is said by message() from the event loop, when there has been
-    //! time to connect; it never keeps the host from starting.
-    //! \param profileDir where settings and the recent-file list are kept; made when it is missing
-    //! \param logFile what the host was asked to do is appended here; empty for no log
+    //! Reads the profile. What is wrong with it is reported by message() from the event loop, so that the
+    //! program has time to connect, and does not stop the host. \param profileDir where settings and the
+    //! recent-file list are kept; made when it is missing \param logFile gets a line for each thing that the
+    //! host was asked to do; empty for no log
     FxHost(const QString &profileDir, const QString &logFile, QObject *parent = nullptr);
     ~FxHost() override;
-
-    //! The running host, or null.
-    static FxHost *instance();
 
     HostLog &log();
     HostSettings &settings();
@@ -64,8 +61,7 @@ public:
     CommandRunner &commands();
     ModuleManager &modules();
 
-    //! Tells modules that the main window is there, or, with null, that the one that was there is about to
-    //! go. The old window must still live. A window that was set before is reported gone first.
+    //! See MainFrame::setWindow().
     void setMainWindow(QWidget *window);
     //! The main window, or null.
     QWidget *mainWindow() const;
@@ -74,10 +70,10 @@ public:
     void setPathChooser(PathChooser chooser);
     const PathChooser &pathChooser() const;
 
-    //! Passes text on to whoever shows messages.
-    void showMessage(const QString &text);
-    //! Logs the request and passes it on to whoever shows help. \param topic 0 is the front page
-    void requestHelp(int topic);
+    //! Emits message().
+    void showMessage(const QString &text) override;
+    //! Logs the request and emits helpRequested(). \param topic 0 is the front page
+    void requestHelp(int topic) override;
 
     CFxApplication *GetApplication() override;
     CFxMainFrame *GetMainFrame() override;
@@ -86,36 +82,38 @@ public:
     OdRxObject *RunCommand(const CFxString &name, const CFxString *argument) override;
 
 signals:
-    //! Something that the person should read, in whole sentences.
+    //! For the user to read, in whole sentences.
     void message(const QString &text);
     void helpRequested(int topic);
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
-    class Facets;
+    class Profile;
 
-    void readProfile(const QString &profileDir, const MessageSink &report);
+    CFxSystemServices &services() override { return *this; }
+    OdEditor &editorObject() override;
+    OdEdCommandStack &commandStackObject() override;
+    void setModalState(bool isModal) override;
+    QImage readPreview(const CFxString &path) const override;
+
     void reportApplicationState(Qt::ApplicationState state);
 
     std::unique_ptr<HostLog> m_log;
     std::unique_ptr<HostSettings> m_settings;
     std::unique_ptr<RecentFileStore> m_recentFileStore;
-    QString m_recentFilesProblem; //!< the last one; empty when the list could be kept
     std::unique_ptr<RecentFiles> m_recentFiles;
     std::unique_ptr<FileProbe> m_fileProbe;
-    std::unique_ptr<AnsweringRecentFiles> m_answeringRecentFiles;
+    std::unique_ptr<ReachableRecentFiles> m_reachableRecentFiles;
     std::unique_ptr<Editor> m_editor;
+    std::unique_ptr<MainFrame> m_mainFrame;
     std::unique_ptr<DocumentManager> m_documents;
     std::unique_ptr<Customization> m_customization;
     std::unique_ptr<CommandStack> m_commandStack;
     std::unique_ptr<CommandRunner> m_commands;
     std::unique_ptr<CommandSet> m_hostCommands;
     std::unique_ptr<ModuleManager> m_modules;
-    std::unique_ptr<Facets> m_facets;
-    QPointer<QWidget> m_mainWindow;
+    std::unique_ptr<Profile> m_profile;
     PathChooser m_pathChooser;
+    bool m_isConstructed = false;
 };
 
 } // namespace fxhost

@@ -2,6 +2,7 @@
 #include "host/runtime/HostSettings.h"
 
 #include "host/runtime/Paths.h"
+#include "host/runtime/interface/GuiThread.h"
 #include "host/runtime/recent/RecentFiles.h"
 
 #include <QDir>
@@ -73,10 +74,10 @@ HostSettings::HostSettings(const QString &profileDir, MessageSink report) : m_re
     if (m_file->status() == QSettings::NoError)
         return;
     const QString aside = setAside(path); // QSettings would write what it could read over the rest
-    m_problem = aside.isEmpty() ? tr("The settings file %1 cannot be read.").arg(path)
-                                : tr("The settings file %1 cannot be read. It was renamed to %2, and the "
-                                     "settings are the default ones.")
-                                      .arg(path, aside);
+    m_report(aside.isEmpty() ? tr("The settings file %1 cannot be read.").arg(path)
+                             : tr("The settings file %1 cannot be read. It was renamed to %2, and the "
+                                  "settings are the default ones.")
+                                   .arg(path, aside));
     m_file = open(path);
 }
 
@@ -85,6 +86,7 @@ HostSettings::~HostSettings() = default;
 //! Also writes what is new.
 void HostSettings::sync()
 {
+    FXHOST_ASSERT_GUI_THREAD();
     m_file->sync();
     if (m_file->status() == QSettings::NoError || std::exchange(m_isToldOfFailure, true))
         return;

@@ -21,15 +21,13 @@ class FXHOST_API HostSettings
     Q_DECLARE_TR_FUNCTIONS(fxhost::HostSettings)
 public:
     //! \param profileDir an existing directory
-    //! \param report is called once when settings cannot be written, which are left then as they were
+    //! \param report gets what was wrong with the file when it is read, and, once, that settings cannot be
+    //! written, which are left as they were then
     HostSettings(const QString &profileDir, MessageSink report);
     ~HostSettings();
 
     HostSettings(const HostSettings &) = delete;
     HostSettings &operator=(const HostSettings &) = delete;
-
-    //! What was wrong with the file when it was read; empty when nothing was.
-    const QString &problem() const { return m_problem; }
 
     //! How many recent documents are kept; the default when none or a wrong number is stored. Another program
     //! with the same profile may have stored it just now.
@@ -51,7 +49,6 @@ private:
     MessageSink m_report;
     bool m_isToldOfFailure = false;
     std::unique_ptr<QSettings> m_file;
-    QString m_problem;
 };
 
 } // namespace fxhost

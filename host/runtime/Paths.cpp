@@ -20,9 +20,10 @@ constexpr int longestCharacter = 4; // bytes in UTF-8
 //! Nothing unless bytes are UTF-8 as Qt itself would write it, which leaves out surrogates and overlong ones.
 std::optional<QString> textOf(const QByteArray &bytes)
 {
-    // Behind another character, since Qt drops a byte order mark that stands first, which a name may well do.
-    const QByteArray behind = '/' + bytes;
-    const QString text = QString::fromUtf8(behind.constData(), behind.size()).mid(1); // all: null bytes too
+    // After another character, since Qt drops a leading byte order mark, with which a name may begin.
+    const QByteArray prefixed = '/' + bytes;
+    const QString text =
+        QString::fromUtf8(prefixed.constData(), prefixed.size()).mid(1); // all: null bytes too
     return text.toUtf8() == bytes ? std::optional<QString>(text) : std::nullopt;
 }
 
@@ -31,10 +32,13 @@ bool isCarriedByte(QChar c)
     return c.unicode() >= firstCarried && c.unicode() <= lastCarried;
 }
 
+static_assert(QT_VERSION_MAJOR == 5 && QT_VERSION_MINOR == 15,
+              "needs the converter state of Qt 5.15's codecs");
+
 //! UTF-8 that keeps every byte of whole texts, which is how Qt converts names. Text that comes in pieces is
 //! no name, and pieces may end within a character: there it is like any other UTF-8. Only when a directory is
-//! read a whole name has a state too, which then says from the start that no header is awaited, to tell
-//! whether it is a name at all; every one is.
+//! read a whole name has a state too, which then has the flag for no header from the start: that tells a
+//! name.
 class PathCodec : public QTextCodec
 {
 public:
@@ -98,6 +102,20 @@ QByteArray pathBytes(const QString &path)
 void keepBytesOfPaths()
 {
     QTextCodec::setCodecForLocale(new PathCodec); // Qt owns it
+}
+
+QByteArray percentEncoded(const QByteArray &bytes, bool (*isToEncode)(uchar byte))
+{
+    constexpr char digits[] = "0123456789ABCDEF";
+    QByteArray encoded;
+    for (const char c : bytes) {
+        const auto byte = static_cast<uchar>(c);
+        if (isToEncode(byte))
+            encoded.append('%').append(digits[byte / 16]).append(digits[byte % 16]);
+        else
+            encoded.append(c);
+    }
+    return encoded;
 }
 
 QString pathFromUrl(const QUrl &localFile)

@@ -7,7 +7,7 @@
 namespace fxhost {
 
 //! Makes a concrete object of an OdRxObject class T that the host owns. References are counted, so that one
-//! that was never given back can be found, but the last one does not delete the object.
+//! that was never released can be found, but the last one does not delete the object.
 template<class T>
 class RxHostOwned : public T
 {
@@ -19,7 +19,7 @@ public:
 
     void addRef() override { m_references.fetch_add(1); }
     void release() override { m_references.fetch_sub(1); }
-    //! 1, the host's own, when everybody has given back what he took.
+    //! 1, the host's own, when all others have been released.
     int numRefs() const override { return m_references.load(); }
 
 private:

@@ -50,8 +50,8 @@ void checkGroup(const UIGroup &group)
 
 void check(const CustomizationData &data)
 {
-    require(data.error.isEmpty() != data.groups.empty(), "there are groups or there is an error");
-    if (!data.error.isEmpty()) {
+    require(bool(data.outcome) != data.groups.empty(), "there are groups or there is an error");
+    if (!data.outcome) {
         require(!data.startUp, "an error leaves nothing to start up with");
         return;
     }

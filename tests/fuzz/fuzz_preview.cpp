@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A drawing file in, its picture or none out.
-#include "host/runtime/preview/DrawingHeader.h"
+#include "host/runtime/preview/DrawingFile.h"
 #include "host/runtime/preview/PictureLimits.h"
 #include "host/runtime/preview/PreviewReader.h"
 #include "tests/fuzz/Costs.h"
@@ -66,12 +66,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     if (!picture.isNull() && !fuzz::isSanitized()) // which has an allocator of its own
         requireEveryPixelWritten(file.path(), picture);
 
-    const bool isAlone = fxhost::holdsPreviewAlone(file.path());
-    const fxhost::DrawingHeader header = fxhost::readDrawingHeader(file.path());
-    const bool isDrawing = header.error == fxhost::DrawingError::None;
-    require(isDrawing == !header.version.isEmpty() && isDrawing == header.reason.isEmpty(),
+    const fxhost::DrawingFile drawing = fxhost::readDrawing(file.path());
+    const bool isDrawing = bool(drawing.outcome);
+    require(isDrawing == !drawing.version.isEmpty() && isDrawing == drawing.outcome.reason().isEmpty(),
             "a file is a drawing of some version, or there is a reason why not");
-    require(isDrawing || (picture.isNull() && !isAlone), "only a drawing has a picture");
+    require(isDrawing || (picture.isNull() && !drawing.isPreviewAlone), "only a drawing has a picture");
+    require(drawing.preview == picture, "a drawing's picture is its preview");
     return 0;
 }
 

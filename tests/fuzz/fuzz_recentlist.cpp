@@ -49,15 +49,15 @@ public:
 
 void check(const ListFolder &folder, const QByteArray &bytes)
 {
-    const RecentFileStore::Kept loaded = RecentFileStore(folder.list).load();
-    if (!loaded.problem.isEmpty()) {
+    const RecentFileStore::Stored loaded = RecentFileStore(folder.list).load();
+    if (!loaded.outcome) {
         require(loaded.paths.isEmpty(), "a damaged list is an empty one");
         require(ListFolder::contentOf(folder.aside) == bytes, "a damaged list is kept as it is");
         return;
     }
     const QStringList another = {QStringLiteral("/another")}; // what is as it was would not be written
     const auto asLoaded = [&](const QStringList &) { return loaded.paths; };
-    require(RecentFileStore(folder.other).update(another, asLoaded).problem.isEmpty(),
+    require(RecentFileStore(folder.other).update(another, asLoaded).outcome.reason().isEmpty(),
             "a list can be written");
     require(ListFolder::contentOf(folder.other) == bytes, "a list that was accepted is written as it was");
 }

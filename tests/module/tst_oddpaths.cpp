@@ -27,7 +27,7 @@ constexpr int longestPath = 4095; // bytes, with the zero byte 4096
 void goesThroughEverything(RealBrowser &browser, const QString &path)
 {
     const FileManager fileManager;
-    QCOMPARE(browser.host().documents().open(path), QString());
+    QCOMPARE(browser.host().documents().open(path).reason(), QString());
     QPointer<QDialog> popup = browser.openPopup();
     QVERIFY(popup);
     QDialog *tile = RealBrowser::tiles(popup).constFirst();

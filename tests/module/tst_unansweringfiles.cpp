@@ -98,7 +98,7 @@ private slots:
         RealBrowser browser(1);
         const QString away = server.makeFile("away.dwg", drawingWithPicture());
         const QString open = server.makeFile("open.dwg", drawingWithPicture());
-        QCOMPARE(browser.host().documents().open(open), QString());
+        QCOMPARE(browser.host().documents().open(open).reason(), QString());
         browser.host().recentFiles().add(away);
         browser.host().documents().newDocument();
         QPointer<QDialog> popup = browser.openPopup();
@@ -112,7 +112,7 @@ private slots:
         QVERIFY(browser.host().recentFiles().paths().contains(away)); // nothing has been forgotten for it
         QVERIFY(browser.storedPaths().contains(away));
         // Nor does the drawing that is open from there keep others from being opened.
-        QCOMPARE(browser.host().documents().open(browser.paths().at(0)), QString());
+        QCOMPARE(browser.host().documents().open(browser.paths().at(0)).reason(), QString());
     }
 
     void aDiskThatWakesUpIsWaitedFor_data() { addStuckFolderRows(); }
@@ -124,10 +124,10 @@ private slots:
         disk.stopAnswering();
         // Longer than a file of the list may take.
         std::thread spinningUp([&disk] {
-            std::this_thread::sleep_for(std::chrono::milliseconds(3 * fxhost::FileProbe::deadline));
+            std::this_thread::sleep_for(std::chrono::milliseconds(3 * fxhost::ProbeWait().deadline.count()));
             disk.answerAgain();
         });
-        const QString problem = browser.host().documents().open(path);
+        const QString problem = browser.host().documents().open(path).reason();
         spinningUp.join();
         QCOMPARE(problem, QString());
     }

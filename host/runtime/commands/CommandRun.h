@@ -16,21 +16,12 @@ namespace fxhost {
 class FXHOST_API CommandRun : public OdRxObject
 {
 public:
-    enum class State {
-        Waiting, //!< for the command that is running to end
-        Running,
-        Ended,   //!< result() says how
-        Unknown, //!< there was no such command when its turn came
-        Dropped  //!< the host was stopped before its turn came
-    };
-
     //! Has one reference, the caller's.
     CommandRun(const QString &name, const QString &argument);
     ~CommandRun() override;
 
     QString name() const { return m_name; }
     QString argument() const { return m_argument; }
-    State state() const { return m_state; }
     //! What the command returned; 0 before it has.
     int result() const { return m_result; }
 
@@ -43,7 +34,6 @@ private:
 
     QString m_name;
     QString m_argument;
-    State m_state = State::Waiting;
     int m_result = 0;
     std::atomic<int> m_references{1};
 };

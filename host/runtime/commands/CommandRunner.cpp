@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/commands/CommandRunner.h"
 
+#include "host/runtime/Outcome.h"
 #include "host/runtime/Strings.h"
-#include "host/runtime/commands/CommandContext.h"
 #include "host/runtime/commands/CommandStack.h"
 #include "host/runtime/commands/NearestName.h"
 #include "host/runtime/editor/Editor.h"
+#include "host/runtime/interface/CommandContext.h"
+#include "host/runtime/interface/GuiThread.h"
 #include "host/runtime/log/HostLog.h"
 
 #include <CFxCommand.h>
 
 #include <QRegularExpression>
 
-#include <exception>
 #include <memory>
 #include <utility>
 
@@ -37,6 +38,7 @@ CommandRunner::~CommandRunner() = default;
 
 CommandRun *CommandRunner::run(const QString &name, const QString &argument)
 {
+    FXHOST_ASSERT_GUI_THREAD();
     if (m_stopped)
         return nullptr;
     auto *run = new CommandRun(name, argument);
@@ -75,6 +77,7 @@ void CommandRunner::runMacro(const QString &macro)
 
 void CommandRunner::cancel()
 {
+    FXHOST_ASSERT_GUI_THREAD();
     if (!m_context)
         return;
     m_context->cancel();
@@ -84,27 +87,24 @@ void CommandRunner::cancel()
 void CommandRunner::stop()
 {
     m_stopped = true;
-    for (CommandRun *dropped : std::exchange(m_waiting, {})) {
-        dropped->m_state = CommandRun::State::Dropped;
+    for (CommandRun *dropped : std::exchange(m_waiting, {}))
         dropped->release();
-    }
     cancel();
 }
 
 void CommandRunner::drain()
 {
     if (m_draining)
-        return; // the walk that is on its way comes by
+        return; // the loop that is running takes it
     m_draining = true;
     while (!m_waiting.empty()) {
         CommandRun *const next = m_waiting.front();
         m_waiting.pop_front();
         try {
             runNow(*next);
-        } catch (...) { // a module's command that cannot even tell its name
+        } catch (...) { // a module's command that throws when asked for its name
             m_context = nullptr;
             m_running = nullptr;
-            next->m_state = CommandRun::State::Ended;
             next->m_result = CFxCommand::failed;
             m_log.command(next->name(), next->m_result);
             m_report(tr("The command %1 failed.").arg(next->name()));
@@ -119,7 +119,6 @@ void CommandRunner::runNow(CommandRun &run)
 {
     std::unique_ptr<OdEdCommand, Release> command(find(run.name()));
     if (!command) {
-        run.m_state = CommandRun::State::Unknown;
         m_log.unknownCommand(run.name());
         const QString meant = nearestName(run.name(), m_commands.names());
         const QString report = tr("There is no command \"%1\".").arg(run.name());
@@ -131,7 +130,6 @@ void CommandRunner::runNow(CommandRun &run)
     CommandContext context(run.argument());
     m_context = &context;
     m_running = command.get();
-    run.m_state = CommandRun::State::Running;
     m_editor.reactors().notify(&OdEditorReactor::commandWillStart, globalName);
     emit commandStarted(name, run.argument());
 
@@ -139,8 +137,7 @@ void CommandRunner::runNow(CommandRun &run)
 
     m_context = nullptr;
     m_running = nullptr;
-    command.reset(); // now: whoever hears of the end may unload its module
-    run.m_state = CommandRun::State::Ended;
+    command.reset(); // now: a reactor to the end may unload its module
     m_log.command(name, run.m_result);
     m_editor.reactors().notify(&OdEditorReactor::commandEnded, globalName, run.m_result);
     emit commandEnded(name, run.m_result);
@@ -148,21 +145,17 @@ void CommandRunner::runNow(CommandRun &run)
 
 int CommandRunner::execute(OdEdCommand &command, const QString &name, CommandContext &context) const
 {
-    try {
-        command.execute(&context);
+    const Outcome executed = Outcome::of([&] { command.execute(&context); });
+    if (executed)
         return context.result();
-    } catch (const std::exception &error) {
-        m_report(tr("The command %1 failed: %2").arg(name, QString::fromLocal8Bit(error.what())));
-    } catch (...) {
-        m_report(tr("The command %1 failed.").arg(name));
-    }
+    m_report(tr("The command %1 failed: %2").arg(name, executed.reason()));
     return CFxCommand::failed;
 }
 
 //! A reference owned by the caller, or null.
 OdEdCommand *CommandRunner::find(const QString &name) const
 {
-    // The engine's names end at the first null character: what stands before it would be another command.
+    // The engine's names end at the first null character: the part before it would be another command.
     if (name.contains(QChar::Null))
         return nullptr;
     const QString other = name.startsWith(QLatin1Char('_')) ? name.mid(1) : QLatin1Char('_') + name;

@@ -25,7 +25,7 @@ class FXHOST_API CommandRunner : public QObject
     Q_OBJECT
 public:
     //! Everything that is passed in must outlive the runner.
-    //! \param report hears of unknown commands and of what commands throw
+    //! \param report gets unknown commands and what commands throw
     CommandRunner(const CommandStack &commands, const Editor &editor, HostLog &log, MessageSink report,
                   QObject *parent = nullptr);
     ~CommandRunner() override;
@@ -35,7 +35,7 @@ public:
     //! \param argument passed on as it is
     //! \return owned by the caller; null after stop()
     CommandRun *run(const QString &name, const QString &argument = {});
-    //! Runs what a person typed: a name, blanks, the argument. Blanks around the argument are dropped and it
+    //! Runs what the user typed: a name, blanks, the argument. Blanks around the argument are dropped and it
     //! is passed on verbatim. Leading `^C` cancel the running command. An empty line does nothing.
     void runLine(const QString &line);
     //! Runs a menu's macro: as a line, but `;` and line ends separate several of them.
@@ -48,7 +48,7 @@ public:
 
     //! True between a command's start and end.
     bool isRunning() const { return m_context != nullptr; }
-    //! The command between whose start and end we are, or null.
+    //! The command that is running, or null.
     const OdEdCommand *running() const { return m_running; }
     //! True while nothing runs or waits.
     bool isIdle() const { return !m_draining; }

@@ -2,6 +2,7 @@
 #include "host/runtime/commands/CommandStack.h"
 
 #include "host/runtime/Strings.h"
+#include "host/runtime/interface/GuiThread.h"
 
 #include <OdEdCommand.h>
 
@@ -32,6 +33,7 @@ CommandStack::~CommandStack() = default;
 
 void CommandStack::addCommand(OdEdCommand *command)
 {
+    FXHOST_ASSERT_GUI_THREAD();
     command->addRef();
     const auto former = std::find_if(m_commands.begin(), m_commands.end(), [command](OdEdCommand *other) {
         return isSame(other->groupName(), command->groupName()) &&
@@ -45,6 +47,7 @@ void CommandStack::addCommand(OdEdCommand *command)
 
 void CommandStack::removeCommand(OdEdCommand *command)
 {
+    FXHOST_ASSERT_GUI_THREAD();
     const auto found = std::find_if(m_commands.begin(), m_commands.end(), [command](OdEdCommand *other) {
         return isSame(other->groupName(), command->groupName()) &&
                isSame(other->globalName(), command->globalName()) &&
@@ -59,6 +62,7 @@ void CommandStack::removeCommand(OdEdCommand *command)
 
 OdEdCommand *CommandStack::lookupCommand(const OdString &name, int flags, const OdString &group) const
 {
+    FXHOST_ASSERT_GUI_THREAD();
     for (OdEdCommand *command : m_commands) {
         if (!group.isEmpty() && !isSame(command->groupName(), group))
             continue;

@@ -18,7 +18,8 @@ class FXHOST_API CommandStack : public RxHostOwned<OdEdCommandStack>
 {
 public:
     CommandStack();
-    //! Gives back its references; commands that are still there are not told, since they may be gone.
+    //! Releases its references. Commands that are still registered are not notified, since they may be
+    //! deleted.
     ~CommandStack() override;
 
     void addCommand(OdEdCommand *command) override;
@@ -26,7 +27,8 @@ public:
     OdEdCommand *lookupCommand(const OdString &name, int flags, const OdString &group) const override;
 
     const std::vector<OdEdCommand *> &commands() const { return m_commands; }
-    //! The global names of the commands that can tell theirs, each once, in order of the alphabet.
+    //! The global names of the commands, each once, in alphabetical order. A command that throws when asked
+    //! is left out.
     QStringList names() const;
 
 private:

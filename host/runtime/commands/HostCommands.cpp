@@ -16,14 +16,14 @@
 #include <QEventLoop>
 #include <QTimer>
 
+#include <chrono>
 #include <optional>
 
 namespace fxhost {
 
 namespace {
 
-constexpr int longestDelay =
-    60 * 60 * 1000; // ms; an hour, so that a slip of the key does not look like a hang
+constexpr std::chrono::milliseconds longestDelay = std::chrono::hours(1); // a slip of the key is not a hang
 
 class HostCommands
 {
@@ -47,8 +47,7 @@ public:
             if (path.isEmpty())
                 return CFxCommand::cancelled;
         }
-        const QString problem = m_host.documents().open(path); // which tells the person
-        return problem.isEmpty() ? CFxCommand::normalCompletion : CFxCommand::failed;
+        return m_host.documents().open(path) ? CFxCommand::normalCompletion : CFxCommand::failed;
     }
 
     int close(const CFxCommandContext &) const
@@ -74,12 +73,12 @@ public:
 
     int delay(const CFxCommandContext &context) const
     {
-        const std::optional<int> time = wholeNumber(context.argument()); // ms
-        if (!time || *time > longestDelay)
-            return fail(tr("The delay is a number of milliseconds, at most %1.").arg(longestDelay));
+        const std::chrono::milliseconds time(wholeNumber(context.argument()).value_or(-1));
+        if (time < time.zero() || time > longestDelay)
+            return fail(tr("The delay is a number of milliseconds, at most %1.").arg(longestDelay.count()));
         QEventLoop loop;
         QObject::connect(&m_host.commands(), &CommandRunner::cancelRequested, &loop, &QEventLoop::quit);
-        QTimer::singleShot(*time, &loop, &QEventLoop::quit);
+        QTimer::singleShot(time, &loop, &QEventLoop::quit);
         if (!context.isCancelled())
             loop.exec();
         return context.isCancelled() ? CFxCommand::cancelled : CFxCommand::normalCompletion;
@@ -131,7 +130,7 @@ public:
     }
 
 private:
-    //! A sentence to put behind another one.
+    //! A sentence to append to another one.
     QString whatIsLoaded() const
     {
         const QStringList paths = m_host.modules().loaded();

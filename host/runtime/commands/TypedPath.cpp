@@ -14,7 +14,7 @@ namespace {
 bool isThere(const QString &path, FileProbe &probe)
 {
     const QString fullPath = absolutePath(path);
-    return probe.silent({fullPath}).isEmpty() && QFileInfo::exists(fullPath);
+    return probe.unresponsive({fullPath}).isEmpty() && QFileInfo::exists(fullPath);
 }
 
 QString withoutQuotes(const QString &path)

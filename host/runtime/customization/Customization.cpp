@@ -5,6 +5,7 @@
 #include "host/runtime/customization/UIAccelerator.h"
 #include "host/runtime/customization/UICommand.h"
 #include "host/runtime/customization/UIMenuItem.h"
+#include "host/runtime/interface/GuiThread.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -38,14 +39,14 @@ Customization::Customization(QObject *parent) : QObject(parent) {}
 
 Customization::~Customization() = default;
 
-QString Customization::load(const QByteArray &json)
+Outcome Customization::load(const QByteArray &json)
 {
     CustomizationData data = readCustomization(json);
-    if (!data.error.isEmpty())
-        return data.error;
+    if (!data.outcome)
+        return data.outcome;
     m_groups = std::move(data.groups);
     m_startUp = std::move(data.startUp);
-    return {};
+    return data.outcome;
 }
 
 UIGroup *Customization::primaryGroup() const
@@ -57,21 +58,25 @@ UIGroup *Customization::primaryGroup() const
 
 CFxUIGroupEnumerator *Customization::EnumerateGroups()
 {
+    FXHOST_ASSERT_GUI_THREAD();
     return new GroupEnumerator(m_groups);
 }
 
 bool Customization::IsPrimary(const CFxUIGroup *group) const
 {
+    FXHOST_ASSERT_GUI_THREAD();
     return group && group == primaryGroup();
 }
 
 CFxUIGroup *Customization::GetStartUpGroup()
 {
+    FXHOST_ASSERT_GUI_THREAD();
     return m_startUp.get();
 }
 
 CFxUICommand *Customization::FindCommand(const CFxString &groupName, const CFxString &identifier) const
 {
+    FXHOST_ASSERT_GUI_THREAD();
     for (const auto &group : m_groups) {
         if (group->GetName() == groupName)
             return group->findCommand(identifier);
@@ -81,12 +86,14 @@ CFxUICommand *Customization::FindCommand(const CFxString &groupName, const CFxSt
 
 CFxUICommand *Customization::CreateCommand(const CFxString &identifier)
 {
+    FXHOST_ASSERT_GUI_THREAD();
     return new UICommand(identifier);
 }
 
 CFxUIMenuItem *Customization::CreateMenuItem(CFxUICommand *command, const CFxString &label,
                                              const CFxString &helpString, const CFxString &identifier)
 {
+    FXHOST_ASSERT_GUI_THREAD();
     auto item = std::make_unique<UIMenuItem>(UIMenuItem::Kind::Entry, identifier, label);
     item->SetCommand(command);
     item->setHelpString(helpString);
@@ -95,11 +102,13 @@ CFxUIMenuItem *Customization::CreateMenuItem(CFxUICommand *command, const CFxStr
 
 CFxUIAccelerator *Customization::CreateAccelerator(CFxUICommand *command, const CFxString &identifier)
 {
+    FXHOST_ASSERT_GUI_THREAD();
     return new UIAccelerator(identifier, command);
 }
 
 void Customization::Refresh()
 {
+    FXHOST_ASSERT_GUI_THREAD();
     emit refreshed();
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/runtime/FxHostApi.h"
+#include "host/runtime/Outcome.h"
 #include "host/runtime/customization/UIGroup.h"
 
 #include <CFxUICustomization.h>
@@ -14,8 +15,8 @@
 
 namespace fxhost {
 
-//! The host's menus and keys as data: groups, and apart from them the group of the menus that stand while no
-//! drawing is open. Empty until load(). GUI thread.
+//! The host's menus and keys as data: groups, and apart from them the group of the menus that are shown while
+//! no drawing is open. Empty until load(). GUI thread.
 class FXHOST_API Customization : public QObject, public CFxUICustomization
 {
     Q_OBJECT
@@ -23,10 +24,10 @@ public:
     explicit Customization(QObject *parent = nullptr);
     ~Customization() override;
 
-    //! Replaces everything by what CustomizationReader makes of json. Nobody may hold a group, or anything
-    //! that is in one, so a program calls this once, before it builds its menus. \return why the data cannot
-    //! be used, with nothing changed; empty when they are in force
-    QString load(const QByteArray &json);
+    //! Replaces everything by what CustomizationReader makes of json. No group, or part of one, may be in
+    //! use, so a program calls this once, before it builds its menus. \return a failure when the data cannot
+    //! be used; then nothing is changed
+    Outcome load(const QByteArray &json);
     //! The first primary group; null before load().
     UIGroup *primaryGroup() const;
     UIGroup *startUpGroup() const { return m_startUp.get(); }

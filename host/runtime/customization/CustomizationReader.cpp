@@ -5,6 +5,7 @@
 #include "host/runtime/customization/UICommand.h"
 #include "host/runtime/customization/UIMenuItem.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -16,6 +17,11 @@
 namespace fxhost {
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(fxhost::CustomizationReader)
+};
 
 //! What is wrong, and where; caught in readCustomization().
 struct Fault
@@ -31,13 +37,12 @@ public:
     Element(const QJsonValue &value, const QString &place) : m_object(value.toObject()), m_place(place)
     {
         if (!value.isObject())
-            fail(QStringLiteral("is not an object"));
+            fail(Texts::tr("is not an object"));
     }
 
     [[noreturn]] void fail(const QString &what) const
     {
-        throw Fault{
-            QStringLiteral("%1 %2").arg(m_place.isEmpty() ? QStringLiteral("The data") : m_place, what)};
+        throw Fault{(m_place.isEmpty() ? Texts::tr("The data") : m_place) + QLatin1Char(' ') + what};
     }
 
     bool has(const QString &key) const { return m_object.contains(key); }
@@ -47,7 +52,7 @@ public:
         const QStringList present = m_object.keys();
         for (const QString &key : present) {
             if (!keys.contains(key))
-                fail(QStringLiteral("has an unknown member \"%1\"").arg(key));
+                fail(Texts::tr("has an unknown member \"%1\"").arg(key));
         }
     }
 
@@ -56,7 +61,7 @@ public:
     {
         const QString value = m_object.value(key).toString();
         if (value.isEmpty())
-            fail(QStringLiteral("needs a text \"%1\"").arg(key));
+            fail(Texts::tr("needs a text \"%1\"").arg(key));
         return value;
     }
 
@@ -66,7 +71,7 @@ public:
     {
         const QJsonValue value = m_object.value(key);
         if (!value.isUndefined() && !value.isBool())
-            fail(QStringLiteral("has a \"%1\" that is neither true nor false").arg(key));
+            fail(Texts::tr("has a \"%1\" that is neither true nor false").arg(key));
         return value.toBool();
     }
 
@@ -77,7 +82,7 @@ public:
     {
         const QJsonValue value = m_object.value(key);
         if (!value.isUndefined() && !value.isArray())
-            fail(QStringLiteral("has a \"%1\" that is not a list").arg(key));
+            fail(Texts::tr("has a \"%1\" that is not a list").arg(key));
         std::vector<Element> elements;
         const QJsonArray values = value.toArray();
         elements.reserve(std::size_t(values.size()));
@@ -102,7 +107,7 @@ void readCommand(const Element &element, UIGroup &group)
                    QStringLiteral("help")});
     const QString identifier = element.text(QStringLiteral("identifier"));
     if (group.findCommand(identifier))
-        element.fail(QStringLiteral("repeats the command \"%1\"").arg(identifier));
+        element.fail(Texts::tr("repeats the command \"%1\"").arg(identifier));
     auto command = std::make_unique<UICommand>(identifier);
     command->SetName(element.text(QStringLiteral("name")));
     command->SetMacro(element.text(QStringLiteral("macro")));
@@ -137,7 +142,7 @@ std::unique_ptr<UIMenuItem> readDynamicMenu(const Element &element)
         return makeItem(UIMenuItem::Kind::RecentFiles, element);
     if (kind == QLatin1String("windows"))
         return makeItem(UIMenuItem::Kind::Windows, element);
-    element.fail(QStringLiteral("has the unknown kind \"%1\"").arg(kind));
+    element.fail(Texts::tr("has the unknown kind \"%1\"").arg(kind));
 }
 
 std::unique_ptr<UIMenuItem> readEntry(const Element &element, const UIGroup &group)
@@ -148,7 +153,7 @@ std::unique_ptr<UIMenuItem> readEntry(const Element &element, const UIGroup &gro
     const QString identifier = element.text(QStringLiteral("command"));
     entry->SetCommand(group.findCommand(identifier));
     if (!entry->GetCommand())
-        element.fail(QStringLiteral("needs the command \"%1\", which its group has not").arg(identifier));
+        element.fail(Texts::tr("needs the command \"%1\", which its group has not").arg(identifier));
     entry->setHelpString(element.textOrEmpty(QStringLiteral("help")));
     return entry;
 }
@@ -174,7 +179,7 @@ void readAccelerator(const Element &element, UIGroup &group)
     const QString keyText = element.text(QStringLiteral("key"));
     const QKeySequence key = QKeySequence::fromString(keyText, QKeySequence::PortableText);
     if (key.toString(QKeySequence::PortableText).isEmpty())
-        element.fail(QStringLiteral("has the unknown key \"%1\"").arg(keyText));
+        element.fail(Texts::tr("has the unknown key \"%1\"").arg(keyText));
     auto accelerator = std::make_unique<UIAccelerator>(element.text(QStringLiteral("identifier")), group,
                                                        element.text(QStringLiteral("command")));
     accelerator->SetLabel(element.textOrEmpty(QStringLiteral("label")));
@@ -205,7 +210,7 @@ CustomizationData readData(const Element &element)
     int primaryCount = 0;
     const auto note = [&](const UIGroup &group, const Element &place) {
         if (names.contains(group.GetName()))
-            place.fail(QStringLiteral("repeats the group name \"%1\"").arg(QString(group.GetName())));
+            place.fail(Texts::tr("repeats the group name \"%1\"").arg(QString(group.GetName())));
         names.append(group.GetName());
         primaryCount += group.isPrimary() ? 1 : 0;
     };
@@ -214,13 +219,13 @@ CustomizationData readData(const Element &element)
         note(*data.groups.back(), place);
     }
     if (primaryCount != 1)
-        element.fail(QStringLiteral("must have exactly one primary group, not %1").arg(primaryCount));
+        element.fail(Texts::tr("must have exactly one primary group, not %1").arg(primaryCount));
     if (element.has(QStringLiteral("startUp"))) {
         const Element place = element.object(QStringLiteral("startUp"));
         data.startUp = readGroup(place);
         note(*data.startUp, place);
         if (data.startUp->isPrimary())
-            place.fail(QStringLiteral("cannot be primary"));
+            place.fail(Texts::tr("cannot be primary"));
     }
     return data;
 }
@@ -233,16 +238,16 @@ CustomizationData readCustomization(const QByteArray &json)
     const QJsonDocument document = QJsonDocument::fromJson(json, &syntax);
     CustomizationData refused;
     if (syntax.error != QJsonParseError::NoError) {
-        refused.error =
-            QStringLiteral("Line %1: %2")
-                .arg(QString::number(json.left(syntax.offset).count('\n') + 1), syntax.errorString());
+        refused.outcome = Outcome::failed(
+            Texts::tr("Line %1: %2")
+                .arg(QString::number(json.left(syntax.offset).count('\n') + 1), syntax.errorString()));
         return refused;
     }
     try {
         return readData(
             Element(document.isObject() ? QJsonValue(document.object()) : QJsonValue(), QString()));
     } catch (const Fault &fault) {
-        refused.error = fault.text;
+        refused.outcome = Outcome::failed(fault.text);
     }
     return refused;
 }

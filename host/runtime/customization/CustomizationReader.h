@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/runtime/FxHostApi.h"
+#include "host/runtime/Outcome.h"
 #include "host/runtime/customization/UIGroup.h"
 
 #include <QByteArray>
@@ -16,9 +17,9 @@ struct CustomizationData
 {
     std::vector<std::unique_ptr<UIGroup>> groups; //!< in the data's order; exactly one is primary
     std::unique_ptr<UIGroup> startUp;             //!< null when the data have none
-    //! Why the data cannot be used: the line of a syntax error, else the place, such as
-    //! `groups[0].menus[1].items[4]`. Empty when they can; otherwise there are no groups.
-    QString error;
+    //! Whether the data can be used; there are no groups otherwise. The reason names the line of a syntax
+    //! error, else the place, such as `groups[0].menus[1].items[4]`.
+    Outcome outcome;
 };
 
 //! Reads customisation data: a JSON object, UTF-8. Unknown members are errors, since they are misspelled
@@ -44,7 +45,7 @@ struct CustomizationData
 //!          | { "separator": true }
 //!
 //! An entry's "command" must be among its group's commands; its help may be left out: the command's then. An
-//! accelerator's need not be: the accelerator is without effect until somebody appends such a definition to
+//! accelerator's need not be: the accelerator has no effect until such a definition is appended to
 //! the group. Keys are as QKeySequence::PortableText has them.
 FXHOST_API CustomizationData readCustomization(const QByteArray &json);
 

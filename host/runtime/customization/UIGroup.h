@@ -23,7 +23,7 @@ public:
     bool isPrimary() const { return m_primary; }
     //! \param identifier compared exactly \return owned by the group; null when there is none
     CFxUICommand *findCommand(const CFxString &identifier) const;
-    //! Puts a top-level menu behind the others. \param menu not null
+    //! Appends a top-level menu. \param menu not null
     void appendMenu(std::unique_ptr<CFxUIMenuItem> menu);
 
     CFxString GetName() const override { return m_name; }

@@ -29,7 +29,7 @@ public:
     //! What the status bar shows for the entry; empty: the command definition's own help string.
     CFxString helpString() const { return m_helpString; }
     void setHelpString(const CFxString &text) { m_helpString = text; }
-    //! Puts item behind all children. \param item not null
+    //! Appends item to the children. \param item not null
     void appendChild(std::unique_ptr<CFxUIMenuItem> item);
 
     CFxString GetIdentifier() const override { return m_identifier; }

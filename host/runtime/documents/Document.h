@@ -2,45 +2,39 @@
 #pragma once
 
 #include "host/runtime/FxHostApi.h"
+#include "host/runtime/preview/DrawingFile.h"
 
 #include <CFxDocument.h>
 
-#include <QByteArray>
-#include <QDateTime>
-#include <QImage>
 #include <QString>
 
 namespace fxhost {
 
-//! What the host knows of a drawing file.
-struct DrawingFacts
-{
-    QString path;                //!< exactly as it was opened; empty for a new drawing
-    QString version;             //!< the file format's name, such as "AC1032"; empty for a new drawing
-    QString canonicalPath;       //!< where that was, without links; empty for a new drawing
-    qint64 size = 0;             //!< in bytes
-    QDateTime modified;          //!< invalid for a new drawing
-    QImage preview;              //!< the stored picture; null when there is none
-    bool isPreviewAlone = false; //!< the file holds a header and the picture and nothing more
-};
-
-//! An open drawing. Owned by the DocumentManager. The facts are those of the moment when it was opened.
+//! An open drawing. Owned by the DocumentManager.
 class FXHOST_API Document : public CFxDocument
 {
 public:
-    //! \param title what the window shows
-    Document(const QString &title, DrawingFacts facts);
+    //! A new drawing. \param title what the window shows
+    explicit Document(const QString &title);
+    //! \param path exactly as it was opened
+    //! \param canonicalPath where that was, without links
+    Document(const QString &path, const QString &canonicalPath, DrawingFile file);
     ~Document() override;
 
-    CFxString path() const override { return m_facts.path; }
+    //! Empty for a new drawing.
+    CFxString path() const override { return m_path; }
     CFxString title() const override { return m_title; }
-    const DrawingFacts &facts() const { return m_facts; }
+    QString canonicalPath() const { return m_canonicalPath; }
+    //! What the file said when it was opened; empty for a new drawing.
+    const DrawingFile &file() const { return m_file; }
     //! Whether the drawing was never in a file.
-    bool isNew() const { return m_facts.path.isEmpty(); }
+    bool isNew() const { return m_path.isEmpty(); }
 
 private:
+    QString m_path;
+    QString m_canonicalPath;
     QString m_title;
-    DrawingFacts m_facts;
+    DrawingFile m_file;
 };
 
 } // namespace fxhost

@@ -4,16 +4,14 @@
 #include "host/runtime/Paths.h"
 #include "host/runtime/Strings.h"
 #include "host/runtime/editor/Editor.h"
+#include "host/runtime/interface/GuiThread.h"
 #include "host/runtime/log/HostLog.h"
-#include "host/runtime/preview/DrawingHeader.h"
-#include "host/runtime/preview/PreviewReader.h"
 #include "host/runtime/probe/FileProbe.h"
 #include "host/runtime/recent/RecentFiles.h"
 
 #include <QFileInfo>
 
 #include <algorithm>
-#include <exception>
 #include <utility>
 
 namespace fxhost {
@@ -22,21 +20,9 @@ namespace {
 
 using Reactor = CFxDocumentManagerReactor;
 
-//! How long to wait for a drawing that the person has asked for, in milliseconds: a disk that sleeps, or a
-//! server that is far away, takes its time.
-constexpr int patience = 3000;
-
-DrawingFacts factsOf(const QString &path, const DrawingHeader &header)
-{
-    const QFileInfo file(path);
-    return {path,
-            QString::fromLatin1(header.version),
-            file.canonicalFilePath(),
-            file.size(),
-            file.lastModified(),
-            readPreview(path),
-            holdsPreviewAlone(path)};
-}
+//! For drawings that the user has asked for: a disk that sleeps, or a server that is far away, may take
+//! seconds.
+constexpr ProbeWait openWait{std::chrono::seconds(3), std::chrono::milliseconds(0)};
 
 } // namespace
 
@@ -51,50 +37,49 @@ DocumentManager::~DocumentManager() = default;
 
 void DocumentManager::AddReactor(CFxDocumentManagerReactor *reactor)
 {
+    FXHOST_ASSERT_GUI_THREAD();
     m_reactors.add(reactor);
 }
 
 void DocumentManager::RemoveReactor(CFxDocumentManagerReactor *reactor)
 {
+    FXHOST_ASSERT_GUI_THREAD();
     m_reactors.remove(reactor);
 }
 
 bool DocumentManager::OpenDocument(const CFxString &path, int mode, int flags, OdString &result)
 {
-    const auto fail = [&](const QString &reason) {
-        try {
-            return refuse(path, reason);
-        } catch (...) { // it may be the telling that fails
-            return reason;
-        }
-    };
+    FXHOST_ASSERT_GUI_THREAD();
     const bool isReserved = mode != 0 || flags != 0;
-    QString problem;
-    try { // modules call this from event handlers, which no exception may leave
-        problem = isReserved ? refuse(path, tr("This way of opening is not supported.")) : open(path);
-    } catch (const std::exception &error) {
-        problem = fail(QString::fromLocal8Bit(error.what()));
-    } catch (...) {
-        problem = fail(tr("The host failed."));
+    Outcome opened;
+    // Modules call this from event handlers, which no exception may leave.
+    const Outcome thrown = Outcome::of([&] {
+        opened = isReserved ? refuse(path, tr("This way of opening is not supported.")) : open(path);
+    });
+    if (!thrown) {
+        opened = Outcome::failed(tr("The host failed: %1").arg(thrown.reason()));
+        Outcome::of([&] { refuse(path, opened.reason()); }); // which may throw the same again
     }
-    result = toOdString(problem);
-    return problem.isEmpty();
+    result = toOdString(opened.reason());
+    return bool(opened);
 }
 
 Document *DocumentManager::newDocument()
 {
+    FXHOST_ASSERT_GUI_THREAD();
     ++m_newDocumentCount;
-    return introduce(std::make_shared<Document>(tr("Drawing%1").arg(m_newDocumentCount), DrawingFacts()));
+    return introduce(std::make_shared<Document>(tr("Drawing%1").arg(m_newDocumentCount)));
 }
 
-QString DocumentManager::open(const QString &path)
+Outcome DocumentManager::open(const QString &path)
 {
+    FXHOST_ASSERT_GUI_THREAD();
     const QString fullPath = absolutePath(path);
-    const QString problem = openFile(fullPath);
-    if (!problem.isEmpty())
-        return refuse(fullPath, problem);
+    const Outcome opened = openFile(fullPath);
+    if (!opened)
+        return refuse(fullPath, opened.reason());
     m_log.open(fullPath, true);
-    return {};
+    return opened;
 }
 
 void DocumentManager::openAll(const QStringList &paths)
@@ -102,47 +87,46 @@ void DocumentManager::openAll(const QStringList &paths)
     QStringList fullPaths;
     for (const QString &path : paths)
         fullPaths.append(absolutePath(path));
-    m_probe.silent(fullPaths, 0, patience); // whatever does not answer is waited for at the same time
+    m_probe.unresponsive(fullPaths, openWait); // so that all are waited for at the same time
     for (const QString &path : qAsConst(fullPaths))
         open(path);
 }
 
-QString DocumentManager::refuse(const QString &path, const QString &reason)
+Outcome DocumentManager::refuse(const QString &path, const QString &reason)
 {
     m_log.open(path, false);
     m_report(tr("The drawing \"%1\" was not opened. %2").arg(path, reason));
     m_editor.reactors().notify(&CFxEditorReactor::cancelDwgOpen, CFxString(path));
-    return reason;
+    return Outcome::failed(reason);
 }
 
-//! \return why the drawing cannot be opened; empty when it is open now
-QString DocumentManager::openFile(const QString &path)
+Outcome DocumentManager::openFile(const QString &path)
 {
     if (path.isEmpty())
-        return tr("No path was given.");
-    if (!m_probe.silent({path}, 0, patience).isEmpty())
-        return tr("The disk or server that it is on does not answer.");
-    if (Document *document = findOpen(path)) {
-        m_recentFiles.add(document->facts().path);
+        return Outcome::failed(tr("No path was given."));
+    if (!m_probe.unresponsive({path}, openWait).isEmpty())
+        return Outcome::failed(tr("The disk or server that it is on does not answer."));
+    const QString canonicalPath = QFileInfo(path).canonicalFilePath(); // empty when there is no file
+    if (Document *document = findOpen(path, canonicalPath)) {
+        m_recentFiles.add(document->path());
         bringToFront(document);
         return {};
     }
     m_reactors.notify(&Reactor::DocumentPreOpen, CFxString(path));
-    const DrawingHeader header = readDrawingHeader(path);
-    if (header.error != DrawingError::None)
-        return header.reason;
-    introduce(std::make_shared<Document>(QFileInfo(path).fileName(), factsOf(path, header)));
-    return {};
+    DrawingFile file = readDrawing(path);
+    const Outcome outcome = file.outcome;
+    if (outcome)
+        introduce(std::make_shared<Document>(path, canonicalPath, std::move(file)));
+    return outcome;
 }
 
 //! The drawing at path, whichever way leads there; null when it is not open.
-Document *DocumentManager::findOpen(const QString &path) const
+Document *DocumentManager::findOpen(const QString &path, const QString &canonicalPath) const
 {
-    const QString canonical = QFileInfo(path).canonicalFilePath(); // empty when the file is gone
     for (const auto &document : m_documents) {
-        const DrawingFacts &opened = document->facts();
-        const bool isSameFile = !canonical.isEmpty() && opened.canonicalPath == canonical;
-        if (!document->isNew() && (opened.path == path || isSameFile) && !isClosing(document.get()))
+        const bool isSameFile = !canonicalPath.isEmpty() && document->canonicalPath() == canonicalPath;
+        const bool isSamePath = !document->isNew() && QString(document->path()) == path;
+        if ((isSamePath || isSameFile) && !isClosing(document.get()))
             return document.get();
     }
     return nullptr;
@@ -150,13 +134,13 @@ Document *DocumentManager::findOpen(const QString &path) const
 
 Document *DocumentManager::introduce(const std::shared_ptr<Document> &document)
 {
-    CFxDocument *const told = document.get();
-    m_reactors.notify(&Reactor::DocumentCreateStarted, told);
-    m_reactors.notify(&Reactor::DatabaseAttached, told);
-    m_recentFiles.add(document->facts().path); // a new drawing's is empty, which adds nothing
+    CFxDocument *const published = document.get();
+    m_reactors.notify(&Reactor::DocumentCreateStarted, published);
+    m_reactors.notify(&Reactor::DatabaseAttached, published);
+    m_recentFiles.add(document->path()); // a new drawing's is empty, which adds nothing
     m_documents.push_back(document);
     emit documentAdded(document.get());
-    m_reactors.notify(&Reactor::DocumentCreated, told);
+    m_reactors.notify(&Reactor::DocumentCreated, published);
     setCurrent(document.get());
     return openDocument(document.get()).get();
 }
@@ -164,9 +148,9 @@ Document *DocumentManager::introduce(const std::shared_ptr<Document> &document)
 void DocumentManager::introduceCurrent(const std::vector<CFxDocumentManagerReactor *> &reactors) const
 {
     const std::shared_ptr<Document> current = openDocument(m_current); // which a reactor may close
-    CFxDocument *const told = current.get();
-    if (told)
-        m_reactors.notifyThese(reactors, &Reactor::DocumentCreated, told);
+    CFxDocument *const published = current.get();
+    if (published)
+        m_reactors.notifyThese(reactors, &Reactor::DocumentCreated, published);
 }
 
 void DocumentManager::setCurrent(Document *document)
@@ -189,23 +173,24 @@ void DocumentManager::bringToFront(Document *document)
 //! \param document null when no drawing is left
 void DocumentManager::makeCurrent(const std::shared_ptr<Document> &document)
 {
-    CFxDocument *const told = document.get();
+    CFxDocument *const published = document.get();
     if (const std::shared_ptr<Document> former = openDocument(m_current)) {
-        CFxDocument *const formerTold = former.get();
-        m_reactors.notify(&Reactor::DocumentToBeDeactivated, formerTold);
+        CFxDocument *const formerPublished = former.get();
+        m_reactors.notify(&Reactor::DocumentToBeDeactivated, formerPublished);
     }
     if (document) {
-        m_reactors.notify(&Reactor::DocumentToBeActivated, told);
+        m_reactors.notify(&Reactor::DocumentToBeActivated, published);
         if (!openDocument(document.get()))
             return; // a reactor has closed it, and the closing has seen to the current drawing
     }
     m_current = document.get();
-    // A reactor that turns to another drawing has told everybody of it by the time it returns.
+    // When a reactor makes another drawing current, all reactors have been notified of that by the time it
+    // returns.
     const auto isStillCurrent = [&] { return m_current == document.get(); };
     if (document) {
-        m_reactors.notify(&Reactor::DocumentActivated, told);
+        m_reactors.notify(&Reactor::DocumentActivated, published);
         if (isStillCurrent())
-            m_reactors.notify(&Reactor::DocumentBecameCurrent, told);
+            m_reactors.notify(&Reactor::DocumentBecameCurrent, published);
     }
     if (isStillCurrent())
         m_reactors.notify(&Reactor::DocumentActivationModified, document != nullptr);
@@ -215,17 +200,18 @@ void DocumentManager::makeCurrent(const std::shared_ptr<Document> &document)
 
 void DocumentManager::close(Document *document)
 {
+    FXHOST_ASSERT_GUI_THREAD();
     const std::shared_ptr<Document> closed = openDocument(document);
     if (!closed)
         return;
-    CFxDocument *const told = document;
+    CFxDocument *const published = document;
     m_closing.push_back(document);
     emit documentAboutToClose(document); // a window that goes may hand the current place to another
     const bool wasCurrent = m_current == document;
     if (wasCurrent)
-        m_reactors.notify(&Reactor::DocumentToBeDeactivated, told);
-    m_reactors.notify(&Reactor::DocumentToBeDestroyed, told);
-    m_reactors.notify(&Reactor::DatabaseDetached, told);
+        m_reactors.notify(&Reactor::DocumentToBeDeactivated, published);
+    m_reactors.notify(&Reactor::DocumentToBeDestroyed, published);
+    m_reactors.notify(&Reactor::DatabaseDetached, published);
     if (m_current == document)
         m_current = nullptr;
     m_documents.erase(std::find(m_documents.begin(), m_documents.end(), closed));

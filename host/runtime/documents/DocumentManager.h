@@ -3,6 +3,7 @@
 
 #include "host/runtime/FxHostApi.h"
 #include "host/runtime/MessageSink.h"
+#include "host/runtime/Outcome.h"
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/editor/ReactorList.h"
 
@@ -33,10 +34,10 @@ class FXHOST_API DocumentManager : public QObject, public CFxDocumentManager
     Q_OBJECT
 public:
     //! Everything that is passed in must outlive the manager.
-    //! \param report hears why a drawing could not be opened and what reactors throw
+    //! \param report gets why a drawing could not be opened, and what reactors throw
     DocumentManager(RecentFiles &recentFiles, FileProbe &probe, Editor &editor, HostLog &log,
                     MessageSink report, QObject *parent = nullptr);
-    //! Drops what is still open without a word to anybody; closeAll() is for saying goodbye.
+    //! Deletes what is still open without notifying reactors, which closeAll() does.
     ~DocumentManager() override;
 
     void AddReactor(CFxDocumentManagerReactor *reactor) override;
@@ -48,8 +49,8 @@ public:
     Document *newDocument();
     //! Opens a drawing. One that is open already is brought to the front and moves up in the recent list.
     //! \param path taken as it is when absolute; relative to the working directory otherwise
-    //! \return why it could not be opened, which report has heard as well; empty when it is open now
-    QString open(const QString &path);
+    //! \return whether it is open now; the reason why not has been reported
+    Outcome open(const QString &path);
     //! Opens one after the other; those that do not answer are waited for together.
     void openAll(const QStringList &paths);
     //! \param document null or one that is closed or being closed: nothing happens
@@ -60,11 +61,11 @@ public:
     std::vector<Document *> documents() const;
     //! Null when no drawing is open.
     Document *current() const { return m_current; }
-    //! Tells that the person turned to a drawing's window.
+    //! To be called when the user turns to a drawing's window.
     //! \param document null, the current one, or one that is not open: nothing happens
     void setCurrent(Document *document);
     //! Makes a drawing current and asks for its window. The same exceptions as for setCurrent(), but for the
-    //! current one, whose window may be hidden behind others.
+    //! current one, whose window may be covered by others.
     void bringToFront(Document *document);
 
     const ReactorList<CFxDocumentManagerReactor> &reactors() const { return m_reactors; }
@@ -73,9 +74,9 @@ public:
     void introduceCurrent(const std::vector<CFxDocumentManagerReactor *> &reactors) const;
 
 signals:
-    //! A drawing came to be; reactors do not know yet, so that its window can be made first.
+    //! A drawing was made; reactors are notified later, so that its window can be made first.
     void documentAdded(fxhost::Document *document);
-    //! The drawing goes right after this. Whoever shows it stops.
+    //! The drawing is deleted right after this: what shows it must stop.
     void documentAboutToClose(fxhost::Document *document);
     //! \param document null when the last drawing has gone
     void currentChanged(fxhost::Document *document);
@@ -83,9 +84,9 @@ signals:
     void activateRequested(fxhost::Document *document);
 
 private:
-    QString openFile(const QString &path);
-    QString refuse(const QString &path, const QString &reason);
-    Document *findOpen(const QString &path) const;
+    Outcome openFile(const QString &path);
+    Outcome refuse(const QString &path, const QString &reason);
+    Document *findOpen(const QString &path, const QString &canonicalPath) const;
     Document *introduce(const std::shared_ptr<Document> &document);
     void makeCurrent(const std::shared_ptr<Document> &document);
     bool isClosing(const Document *document) const;
@@ -98,8 +99,8 @@ private:
     HostLog &m_log;
     MessageSink m_report;
     ReactorList<CFxDocumentManagerReactor> m_reactors;
-    std::vector<std::shared_ptr<Document>> m_documents; // shared with the walks that tell of one
-    std::vector<Document *> m_closing;                  // their closing is being told
+    std::vector<std::shared_ptr<Document>> m_documents; // shared with notifications that are under way
+    std::vector<Document *> m_closing;                  // whose closing is being notified
     Document *m_current = nullptr;
     int m_newDocumentCount = 0;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/editor/Editor.h"
 
+#include "host/runtime/interface/GuiThread.h"
+
 #include <utility>
 
 namespace fxhost {
@@ -11,11 +13,13 @@ Editor::~Editor() = default;
 
 void Editor::addReactor(OdEditorReactor *reactor)
 {
+    FXHOST_ASSERT_GUI_THREAD();
     m_reactors.add(reactor);
 }
 
 void Editor::removeReactor(OdEditorReactor *reactor)
 {
+    FXHOST_ASSERT_GUI_THREAD();
     m_reactors.remove(reactor);
 }
 

@@ -10,12 +10,12 @@
 
 namespace fxhost {
 
-//! The engine's editor: who listens to commands, to the application and to the main window. GUI thread.
-//! `editor.reactors().notify(&CFxEditorReactor::appActivated)` tells everybody of an event.
+//! The engine's editor: the reactors to commands, to the application and to the main window. GUI thread.
+//! `editor.reactors().notify(&CFxEditorReactor::appActivated)` notifies all of them.
 class FXHOST_API Editor : public RxHostOwned<OdEditor>
 {
 public:
-    //! \param report hears what reactors throw
+    //! \param report gets what reactors throw
     explicit Editor(MessageSink report);
     ~Editor() override;
 

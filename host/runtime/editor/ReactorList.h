@@ -2,23 +2,29 @@
 #pragma once
 
 #include "host/runtime/MessageSink.h"
+#include "host/runtime/Outcome.h"
 
-#include <QString>
+#include <QCoreApplication>
 
 #include <algorithm>
-#include <exception>
 #include <utility>
 #include <vector>
 
 namespace fxhost {
 
-//! Reactors in the order in which they were added, none twice. They may come and go while they are told of an
-//! event, and may throw: a module's fault is reported and the others are told all the same. GUI thread.
+struct ReactorTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(fxhost::ReactorList)
+};
+
+//! Reactors in the order in which they were added, none twice. They may be added and removed during a
+//! notification, and may throw: the failure is reported, and the others are notified nevertheless. GUI
+//! thread.
 template<class Reactor>
 class ReactorList
 {
 public:
-    //! \param report hears what reactors throw
+    //! \param report gets what reactors throw
     explicit ReactorList(MessageSink report) : m_report(std::move(report)) {}
 
     //! \param reactor not null, not owned
@@ -40,9 +46,9 @@ public:
 
     const std::vector<Reactor *> &all() const { return m_reactors; }
 
-    //! Tells every reactor of an event. One that is added meanwhile does not hear of it, nor does one that is
-    //! removed before its turn.
-    //! \param event a handler of Reactor, or of a class derived from it: then only such reactors are told
+    //! Notifies every reactor of an event, but for those that are added meanwhile, or removed before their
+    //! turn. \param event a handler of Reactor, or of a class derived from it: then only such reactors are
+    //! notified
     template<class Derived, class... Parameters, class... Arguments>
     void notify(void (Derived::*event)(Parameters...), const Arguments &...arguments) const
     {
@@ -58,15 +64,12 @@ public:
         for (Reactor *reactor : reactors) {
             if (!contains(reactor))
                 continue;
-            try {
+            const Outcome handled = Outcome::of([&] {
                 if (auto *derived = dynamic_cast<Derived *>(reactor))
                     (derived->*event)(arguments...);
-            } catch (const std::exception &error) {
-                m_report(QStringLiteral("A module failed while it was told of an event: %1")
-                             .arg(QString::fromLocal8Bit(error.what())));
-            } catch (...) {
-                m_report(QStringLiteral("A module failed while it was told of an event."));
-            }
+            });
+            if (!handled)
+                m_report(ReactorTexts::tr("A module failed during a notification: %1").arg(handled.reason()));
         }
     }
 

@@ -2,24 +2,9 @@
 #include "host/runtime/log/HostLog.h"
 
 #include "host/runtime/Paths.h"
+#include "host/runtime/interface/GuiThread.h"
 
 namespace fxhost {
-
-namespace {
-
-QString oneLine(const QString &text)
-{
-    QString line;
-    for (const QChar c : text) {
-        if (c.category() == QChar::Other_Control)
-            line += QStringLiteral("%%1").arg(uint(c.unicode()), 2, 16, QLatin1Char('0')).toUpper();
-        else
-            line += c;
-    }
-    return line;
-}
-
-} // namespace
 
 HostLog::HostLog(const QString &path) : m_file(path)
 {
@@ -27,9 +12,9 @@ HostLog::HostLog(const QString &path) : m_file(path)
         m_file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
 }
 
-QString HostLog::errorString() const
+Outcome HostLog::outcome() const
 {
-    return m_file.error() == QFileDevice::NoError ? QString() : m_file.errorString();
+    return m_file.error() == QFileDevice::NoError ? Outcome() : Outcome::failed(m_file.errorString());
 }
 
 void HostLog::command(const QString &name, int result)
@@ -71,8 +56,10 @@ void HostLog::module(const QString &path, ModuleEvent event)
 
 void HostLog::write(const QString &line)
 {
+    FXHOST_ASSERT_GUI_THREAD();
     if (m_file.isOpen())
-        m_file.write(pathBytes(oneLine(line)) + '\n'); // one write, so that lines of two hosts do not mix
+        m_file.write(percentEncoded(pathBytes(line), isControl) +
+                     '\n'); // one write: two hosts may share the log
 }
 
 } // namespace fxhost

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/runtime/FxHostApi.h"
+#include "host/runtime/Outcome.h"
 
 #include <QFile>
 #include <QString>
@@ -9,7 +10,7 @@
 namespace fxhost {
 
 //! A line for each thing that the host was asked to do, in order, in the file as soon as the call returns.
-//! Control characters in names and paths are written as %XX, so that a line stays a line. GUI thread.
+//! Control characters in names and paths are written as %XX, so that each line is one entry. GUI thread.
 class FXHOST_API HostLog
 {
 public:
@@ -18,8 +19,8 @@ public:
     //! \param path lines are appended to this file; empty: there is no log and every call does nothing
     explicit HostLog(const QString &path);
 
-    //! Why the file cannot be written; empty while all is well.
-    QString errorString() const;
+    //! Whether the file can be written.
+    Outcome outcome() const;
 
     //! `command NAME RESULT`
     void command(const QString &name, int result);

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/modules/Module.h"
 
-#include "host/runtime/FxHost.h"
 #include "host/runtime/Paths.h"
 #include "host/runtime/Strings.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/commands/CommandStack.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/editor/Editor.h"
+#include "host/runtime/mainframe/MainFrame.h"
 
 #include <CFxDocumentManagerReactor.h>
 #include <CFxEditorReactor.h>
@@ -19,113 +19,93 @@
 #include <QPointer>
 #include <QWidget>
 
-#include <exception>
 #include <vector>
 
 namespace fxhost {
 
-namespace {
-
-//! Calls into the module. The exception itself is gone on return, since its code goes with the module.
-//! \return what it threw; empty when it threw nothing
-template<class Call>
-QString failureOf(Call &&call)
-{
-    try {
-        call();
-        return {};
-    } catch (const std::exception &error) {
-        const QString what = QString::fromLocal8Bit(error.what());
-        return what.isEmpty() ? QStringLiteral("std::exception") : what;
-    } catch (...) {
-        return QStringLiteral("unknown exception");
-    }
-}
-
-} // namespace
-
-Module::Module(const QString &path, FxHost &host) : m_path(path), m_host(host) {}
+Module::Module(const QString &path, const ModuleHost &host) : m_path(path), m_host(host) {}
 
 Module::~Module() = default;
 
 bool Module::isAtWork() const
 {
-    const OdEdCommand *command = m_host.commands().running();
+    const OdEdCommand *command = m_host.commands.running();
     return (command && m_library.defines(typeid(*command))) || m_library.isOnStack();
 }
 
-QString Module::load()
+Outcome Module::load()
 {
     const QFileInfo file(absolutePath(m_path));
     if (!file.exists())
-        return tr("There is no such file.");
-    if (!file.isFile()) // and loading a FIFO would wait for somebody to write to it
-        return tr("It is not a file.");
-    const QString problem = m_library.load(file.filePath());
-    if (!problem.isEmpty())
-        return problem;
+        return Outcome::failed(tr("There is no such file."));
+    if (!file.isFile()) // loading a FIFO would wait for a writer
+        return Outcome::failed(tr("It is not a file."));
+    const Outcome loaded = m_library.load(file.filePath());
+    if (!loaded)
+        return loaded;
 
     const auto version = m_library.function<OdrxGetApiVersionFn>("odrxGetAPIVersion");
     if (!version)
-        return tr("It is no module: it does not export odrxGetAPIVersion.");
+        return Outcome::failed(tr("It is not a module: it does not export odrxGetAPIVersion."));
     if (!m_library.function<OdrxCreateModuleObjectFn>("odrxCreateModuleObject"))
-        return tr("It is no module: it does not export odrxCreateModuleObject.");
+        return Outcome::failed(tr("It is not a module: it does not export odrxCreateModuleObject."));
     int major = 0;
     int minor = 0;
     int majorBuild = 0;
     int minorBuild = 0;
-    const QString failure = failureOf([&] { version(major, minor, majorBuild, minorBuild); });
-    if (!failure.isEmpty())
-        return tr("It does not tell its interface version: %1").arg(failure);
+    const Outcome asked = Outcome::of([&] { version(major, minor, majorBuild, minorBuild); });
+    if (!asked)
+        return Outcome::failed(tr("It does not tell its interface version: %1").arg(asked.reason()));
     if (major != odrxApiMajor || minor != odrxApiMinor || majorBuild != odrxApiMajorBuild ||
         minorBuild != odrxApiMinorBuild) {
         const auto text = [](int a, int b, int c, int d) {
             return QStringLiteral("%1.%2.%3.%4").arg(a).arg(b).arg(c).arg(d);
         };
-        return tr("It was built for the interface version %1, and this is %2.")
-            .arg(text(major, minor, majorBuild, minorBuild),
-                 text(odrxApiMajor, odrxApiMinor, odrxApiMajorBuild, odrxApiMinorBuild));
+        return Outcome::failed(
+            tr("It was built for the interface version %1, and this is %2.")
+                .arg(text(major, minor, majorBuild, minorBuild),
+                     text(odrxApiMajor, odrxApiMinor, odrxApiMajorBuild, odrxApiMinorBuild)));
     }
     return {};
 }
 
-QString Module::start()
+Outcome Module::start()
 {
     const auto create = m_library.function<OdrxCreateModuleObjectFn>("odrxCreateModuleObject");
     const OdString name = toOdString(m_path);
-    QString failure = failureOf([&] { m_object = create(m_library.handle(), name.c_str()); });
-    if (!failure.isEmpty())
-        return tr("Its module object cannot be created: %1").arg(failure);
+    const Outcome created = Outcome::of([&] { m_object = create(m_library.handle(), name.c_str()); });
+    if (!created)
+        return Outcome::failed(tr("Its module object cannot be created: %1").arg(created.reason()));
     if (!m_object)
-        return tr("It creates no module object.");
+        return Outcome::failed(tr("It creates no module object."));
     m_object->addRef();
-    failure = failureOf([&] { m_object->initApp(); });
-    if (!failure.isEmpty())
-        return tr("It cannot start: %1").arg(failure);
+    const Outcome started = Outcome::of([&] { m_object->initApp(); });
+    if (!started)
+        return Outcome::failed(tr("It cannot start: %1").arg(started.reason()));
     m_isStarted = true;
-    tellOfMainWindow(true);
-    m_host.documents().introduceCurrent(own(m_host.documents().reactors()));
+    notifyOfMainWindow(true);
+    m_host.documents.introduceCurrent(own(m_host.documents.reactors()));
     return {};
 }
 
-QString Module::end()
+Outcome Module::end()
 {
     QStringList failures;
     if (m_isStarted) {
-        tellOfMainWindow(false);
-        failures << failureOf([&] { m_object->uninitApp(); });
+        notifyOfMainWindow(false);
+        failures << Outcome::of([&] { m_object->uninitApp(); }).reason();
     }
     removeRegistrations();
     if (m_object) {
         m_object->release();
-        failures << failureOf([&] { m_object->deleteModule(); });
+        failures << Outcome::of([&] { m_object->deleteModule(); }).reason();
         m_object = nullptr;
     }
     deleteWidgets();
     // What the module asked to be deleted later must be deleted now, while its destructor exists.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     failures.removeAll(QString());
-    return failures.join(QLatin1Char(' '));
+    return failures.isEmpty() ? Outcome() : Outcome::failed(failures.join(QLatin1Char(' ')));
 }
 
 //! The module's among the reactors.
@@ -141,29 +121,30 @@ std::vector<Reactor *> Module::own(const ReactorList<Reactor> &reactors) const
 }
 
 //! Notifies the module's reactors alone: the others know.
-void Module::tellOfMainWindow(bool created) const
+void Module::notifyOfMainWindow(bool created) const
 {
-    QWidget *const window = m_host.mainWindow();
+    QWidget *const window = m_host.mainFrame.GetMainWindow();
     if (!window)
         return;
-    const auto &reactors = m_host.editor().reactors();
+    const auto &reactors = m_host.editor.reactors();
     reactors.notifyThese(
         own(reactors), created ? &CFxEditorReactor::mainFrameCreated : &CFxEditorReactor::mainFrameDestroyed,
         window);
 }
 
-//! A module that never heard of a main window may count on hearing of its end, and still be registered.
+//! A module that was never notified of a main window may wait for the notification of its end, and still be
+//! registered.
 void Module::removeRegistrations() const
 {
-    const auto commands = m_host.commandStack().commands(); // copies: the originals change on the way
+    const auto commands = m_host.commandStack.commands(); // copies: the originals change on the way
     for (OdEdCommand *command : commands) {
         if (m_library.defines(typeid(*command)))
-            m_host.commandStack().removeCommand(command);
+            m_host.commandStack.removeCommand(command);
     }
-    for (OdEditorReactor *reactor : own(m_host.editor().reactors()))
-        m_host.editor().removeReactor(reactor);
-    for (CFxDocumentManagerReactor *reactor : own(m_host.documents().reactors()))
-        m_host.documents().RemoveReactor(reactor);
+    for (OdEditorReactor *reactor : own(m_host.editor.reactors()))
+        m_host.editor.removeReactor(reactor);
+    for (CFxDocumentManagerReactor *reactor : own(m_host.documents.reactors()))
+        m_host.documents.RemoveReactor(reactor);
 }
 
 //! Deletes the widgets of the module's classes that are still there. Its static ones it destroys itself.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/runtime/editor/ReactorList.h"
+#include "host/runtime/modules/ModuleHost.h"
 #include "host/runtime/modules/ModuleLibrary.h"
 
 #include <QCoreApplication>
@@ -13,16 +14,13 @@ class OdRxModule;
 
 namespace fxhost {
 
-class FxHost;
-
 //! One module, from the loading of its library to the unloading. A module's exceptions end here. GUI thread.
 class Module
 {
     Q_DECLARE_TR_FUNCTIONS(fxhost::Module)
 public:
-    //! \param path as the person gave it
-    //! \param host must outlive the module
-    Module(const QString &path, FxHost &host);
+    //! \param path as the user gave it
+    Module(const QString &path, const ModuleHost &host);
     //! Unloads the library. end() must have been called after a successful start().
     ~Module();
 
@@ -37,23 +35,22 @@ public:
     //! it. Then its library must stay.
     bool isAtWork() const;
 
-    //! Loads the library. \return why it is no module for this host; empty when it is one
-    QString load();
-    //! Creates and starts the module. \return why it could not; empty when it runs
-    QString start();
+    //! Loads the library. \return a failure when it is not a module for this host
+    Outcome load();
+    //! Creates and starts the module.
+    Outcome start();
     //! Ends what start() began, also when that failed half way, and removes what the module leaves behind.
-    //! \return what went wrong on the way; empty when nothing did
-    QString end();
+    Outcome end();
 
 private:
     template<class Reactor>
     std::vector<Reactor *> own(const ReactorList<Reactor> &reactors) const;
-    void tellOfMainWindow(bool created) const;
+    void notifyOfMainWindow(bool created) const;
     void removeRegistrations() const;
     void deleteWidgets() const;
 
     QString m_path;
-    FxHost &m_host;
+    const ModuleHost m_host;
     ModuleLibrary m_library;
     OdRxModule *m_object = nullptr;
     bool m_isStarted = false;

@@ -18,12 +18,13 @@ ModuleLibrary::~ModuleLibrary()
         dlclose(m_handle);
 }
 
-QString ModuleLibrary::load(const QString &path)
+Outcome ModuleLibrary::load(const QString &path)
 {
     m_handle = dlopen(pathBytes(path).constData(), RTLD_NOW | RTLD_LOCAL);
     if (m_handle)
         return {};
-    return QString::fromLocal8Bit(dlerror()); // NOLINT(concurrency-mt-unsafe): each thread has its own
+    return Outcome::failed(
+        QString::fromLocal8Bit(dlerror())); // NOLINT(concurrency-mt-unsafe): each thread has its own
 }
 
 bool ModuleLibrary::contains(const void *address) const

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/runtime/Outcome.h"
+
 #include <QString>
 
 #include <typeinfo>
@@ -19,8 +21,7 @@ public:
 
     //! To be called once. All that the library needs must be there; what it defines stays its own.
     //! \param path absolute
-    //! \return why it cannot be loaded; empty when it is
-    QString load(const QString &path);
+    Outcome load(const QString &path);
 
     //! The system's handle, the same for the same file; null before load().
     void *handle() const { return m_handle; }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/modules/ModuleManager.h"
 
-#include "host/runtime/FxHost.h"
+#include "host/runtime/interface/GuiThread.h"
 #include "host/runtime/log/HostLog.h"
 #include "host/runtime/modules/Module.h"
 
@@ -13,7 +13,10 @@
 
 namespace fxhost {
 
-ModuleManager::ModuleManager(FxHost &host) : m_host(host) {}
+ModuleManager::ModuleManager(const ModuleHost &host, HostLog &log, MessageSink report)
+    : m_host(host), m_log(log), m_report(std::move(report))
+{
+}
 
 ModuleManager::~ModuleManager()
 {
@@ -22,44 +25,43 @@ ModuleManager::~ModuleManager()
 
 bool ModuleManager::load(const QString &path)
 {
-    const QString problem = start(path); // by the return the library of a failed module is unloaded
-    const bool isRunning = problem.isEmpty();
-    m_host.log().module(path, isRunning ? HostLog::ModuleEvent::Loaded : HostLog::ModuleEvent::Failed);
-    if (!isRunning)
-        m_host.showMessage(tr("The module \"%1\" was not loaded. %2").arg(path, problem));
-    return isRunning;
+    FXHOST_ASSERT_GUI_THREAD();
+    const Outcome started = start(path); // by the return the library of a failed module is unloaded
+    m_log.module(path, started ? HostLog::ModuleEvent::Loaded : HostLog::ModuleEvent::Failed);
+    if (!started)
+        m_report(tr("The module \"%1\" was not loaded. %2").arg(path, started.reason()));
+    return bool(started);
 }
 
-//! \return why the module does not run; empty when it does
-QString ModuleManager::start(const QString &path)
+Outcome ModuleManager::start(const QString &path)
 {
     auto module = std::make_unique<Module>(path, m_host);
-    QString problem = module->load();
-    if (!problem.isEmpty())
-        return problem;
+    const Outcome loaded = module->load();
+    if (!loaded)
+        return loaded;
     const bool isLoaded = std::any_of(m_modules.begin(), m_modules.end(),
                                       [&](const auto &other) { return other->isSameAs(*module); });
     if (isLoaded)
-        return tr("It is loaded already.");
-    problem = module->start();
-    if (!problem.isEmpty()) {
+        return Outcome::failed(tr("It is loaded already."));
+    const Outcome started = module->start();
+    if (started)
+        m_modules.push_back(std::move(module));
+    else
         module->end();
-        return problem;
-    }
-    m_modules.push_back(std::move(module));
-    return {};
+    return started;
 }
 
 bool ModuleManager::unload(const QString &path)
 {
+    FXHOST_ASSERT_GUI_THREAD();
     const auto found = std::find_if(m_modules.begin(), m_modules.end(),
                                     [&](const auto &module) { return module->path() == path; });
     if (found == m_modules.end()) {
-        m_host.showMessage(tr("The module \"%1\" is not loaded.").arg(path));
+        m_report(tr("The module \"%1\" is not loaded.").arg(path));
         return false;
     }
     if ((*found)->isAtWork()) {
-        m_host.showMessage(tr("The module \"%1\" cannot be unloaded while it is at work.").arg(path));
+        m_report(tr("The module \"%1\" cannot be unloaded while it is at work.").arg(path));
         return false;
     }
     auto module = std::move(*found);
@@ -80,11 +82,11 @@ void ModuleManager::unloadAll()
 void ModuleManager::end(std::unique_ptr<Module> module)
 {
     const QString path = module->path();
-    const QString problem = module->end();
+    const Outcome ended = module->end();
     module.reset();
-    m_host.log().module(path, HostLog::ModuleEvent::Unloaded);
-    if (!problem.isEmpty())
-        m_host.showMessage(tr("The module \"%1\" did not end as it should. %2").arg(path, problem));
+    m_log.module(path, HostLog::ModuleEvent::Unloaded);
+    if (!ended)
+        m_report(tr("The module \"%1\" did not end as it should. %2").arg(path, ended.reason()));
 }
 
 QStringList ModuleManager::loaded() const

@@ -2,6 +2,9 @@
 #pragma once
 
 #include "host/runtime/FxHostApi.h"
+#include "host/runtime/MessageSink.h"
+#include "host/runtime/Outcome.h"
+#include "host/runtime/modules/ModuleHost.h"
 
 #include <QCoreApplication>
 #include <QString>
@@ -12,7 +15,7 @@
 
 namespace fxhost {
 
-class FxHost;
+class HostLog;
 class Module;
 
 //! Loads and unloads modules. GUI thread.
@@ -20,8 +23,9 @@ class FXHOST_API ModuleManager
 {
     Q_DECLARE_TR_FUNCTIONS(fxhost::ModuleManager)
 public:
-    //! \param host must outlive the manager
-    explicit ModuleManager(FxHost &host);
+    //! Everything that is passed in must outlive the manager.
+    //! \param report gets why a module was not loaded or unloaded
+    ModuleManager(const ModuleHost &host, HostLog &log, MessageSink report);
     //! Unloads what is still loaded.
     ~ModuleManager();
 
@@ -34,8 +38,8 @@ public:
     //! \param path relative to the working directory unless absolute
     //! \return whether the module is running now
     bool load(const QString &path);
-    //! Ends a module and unloads it; while the main window is there, the module first hears that it goes.
-    //! What the module left registered, and widgets of its classes, are removed: their code goes.
+    //! Ends a module and unloads it; while the main window is there, the module is first notified that it
+    //! goes. What the module left registered, and widgets of its classes, are removed: their code goes.
     //! \param path as it was given to load()
     //! \return false, with a message, when no such module is loaded, or while its code is being run: by a
     //! command, a drag, a dialog, or because it asks for this itself
@@ -50,10 +54,12 @@ public:
     QStringList named(const QString &name) const;
 
 private:
-    QString start(const QString &path);
+    Outcome start(const QString &path);
     void end(std::unique_ptr<Module> module);
 
-    FxHost &m_host;
+    const ModuleHost m_host;
+    HostLog &m_log;
+    MessageSink m_report;
     std::vector<std::unique_ptr<Module>> m_modules;
 };
 

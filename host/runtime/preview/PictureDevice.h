@@ -9,8 +9,7 @@
 
 namespace fxhost {
 
-//! A picture file as its decoder shall see it: bytes made up for it, then ranges of the drawing, one behind
-//! the other.
+//! A picture file for a decoder: bytes that are made for it, then ranges of the drawing, one after the other.
 struct PictureLayout
 {
     const char *format = nullptr; //!< "bmp" or "png", the name under which Qt knows the decoder
@@ -46,7 +45,7 @@ private:
 
     const RegularFile &m_file;
     const PictureLayout m_layout;
-    std::vector<qint64> m_rangeEnds; //!< position behind each range in the picture file
+    std::vector<qint64> m_rangeEnds; //!< where each range ends in the picture file
     qint64 m_size = 0;               //!< of the picture file
     qint64 m_next = 0;               //!< position in it of what readData() has not given yet
     bool m_hasFailed = false;

@@ -24,24 +24,16 @@ constexpr bool isDecodable(qint64 width, qint64 height, int bitsPerPixel)
            width * height * bitsPerPixel <= 8 * maxDecodedBytes;
 }
 
-//! What it takes to read and decode a picture, by what was measured. The unit is a byte that is read as it
-//! is. \param storedSize in bytes
-constexpr qint64 decodingCost(qint64 width, qint64 height, int bitsPerPixel, qint64 storedSize, bool isInRuns)
-{
-    constexpr qint64 byteInRuns = 3;
-    constexpr qint64 decodedByte = 3;
-    constexpr qint64 row = 256; // of a single pixel too; an interlaced picture has them twice
-    const qint64 decodedSize = width * height * bitsPerPixel / 8;
-    return (isInRuns ? byteInRuns : 1) * storedSize + decodedByte * decodedSize + row * height;
-}
+//! Most parts of a PNG; one of the largest size has some 3200 as commonly written.
+constexpr int maxChunks = 8192;
 
-//! What may still be spent on the entries of one drawing. Two hundred of them that each break at their very
-//! end would otherwise take many seconds.
-struct DecodingBudget
+//! What one drawing may take: two hundred pictures that each break at their very end would otherwise take
+//! many seconds. Real drawings have two pictures at most.
+struct DecodingLimit
 {
-    //! By decodingCost(): the largest picture fits, however it is stored, and a second one as large does not.
-    qint64 cost = 5 * maxDecodedBytes;
-    int chunks = 65536; //!< parts of PNGs; a PNG of the largest size has some 3200 as commonly written
+    int pictures = 8; //!< that are tried
+    //! Stored and decoded, of all pictures together: the largest picture fits, however it is stored.
+    qint64 bytes = maxDecodedBytes * 5 / 2;
 };
 
 } // namespace fxhost

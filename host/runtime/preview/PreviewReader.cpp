@@ -16,7 +16,7 @@ namespace fxhost {
 
 namespace {
 
-QImage decode(const RegularFile &file, const PictureLayout &layout, DecodingBudget *budget)
+QImage decode(const RegularFile &file, const PictureLayout &layout, DecodingLimit &limit)
 {
     PictureDevice device(file, layout);
     const qint64 storedSize = device.bytesAvailable();
@@ -28,9 +28,8 @@ QImage decode(const RegularFile &file, const PictureLayout &layout, DecodingBudg
     const QSize size(claimed.width(), std::abs(claimed.height()));
     if (!isDecodable(size.width(), size.height(), layout.bitsPerPixel))
         return {};
-    budget->cost -=
-        decodingCost(size.width(), size.height(), layout.bitsPerPixel, storedSize, layout.isInRuns);
-    if (budget->cost < 0)
+    limit.bytes -= storedSize + qint64(size.width()) * size.height() * layout.bitsPerPixel / 8;
+    if (limit.bytes < 0)
         return {};
 
     QImage image;
@@ -46,14 +45,16 @@ QImage decode(const RegularFile &file, const PictureLayout &layout, DecodingBudg
 }
 
 QImage readFirst(PreviewCode code, const RegularFile &file, const std::vector<PreviewEntry> &entries,
-                 DecodingBudget *budget)
+                 DecodingLimit &limit)
 {
     for (const PreviewEntry &entry : entries) {
         if (entry.code != code)
             continue;
+        if (--limit.pictures < 0)
+            break;
         const std::optional<PictureLayout> layout =
-            code == PreviewCode::Png ? layOutPng(file, entry.data, budget) : layOutBitmap(file, entry.data);
-        const QImage image = layout ? decode(file, *layout, budget) : QImage();
+            code == PreviewCode::Png ? layOutPng(file, entry.data) : layOutBitmap(file, entry.data);
+        const QImage image = layout ? decode(file, *layout, limit) : QImage();
         if (!image.isNull())
             return image;
     }
@@ -64,20 +65,19 @@ QImage readFirst(PreviewCode code, const RegularFile &file, const std::vector<Pr
 
 QImage readPreview(const QString &path)
 {
+    return readPreview(RegularFile(path));
+}
+
+QImage readPreview(const RegularFile &file)
+{
     try {
-        const RegularFile file(path);
         const std::vector<PreviewEntry> entries = readPreviewEntries(file);
-        DecodingBudget budget;
-        const QImage png = readFirst(PreviewCode::Png, file, entries, &budget);
-        return png.isNull() ? readFirst(PreviewCode::Bitmap, file, entries, &budget) : png;
+        DecodingLimit limit;
+        const QImage png = readFirst(PreviewCode::Png, file, entries, limit);
+        return png.isNull() ? readFirst(PreviewCode::Bitmap, file, entries, limit) : png;
     } catch (const std::bad_alloc &) {
         return {}; // a picture is not worth the application
     }
-}
-
-bool holdsPreviewAlone(const QString &path)
-{
-    return holdsPreviewAlone(RegularFile(path));
 }
 
 } // namespace fxhost

@@ -8,6 +8,8 @@
 
 namespace fxhost {
 
+class RegularFile;
+
 //! The picture that is stored in the drawing at path, in its own size and format; bitmaps are always opaque.
 //! A null image means that there is none: no such file, no drawing, no picture in it, or one that is broken
 //! or larger than 2560 by 2560 pixels hold.
@@ -16,7 +18,7 @@ namespace fxhost {
 //! file claims, memory stays below 32 MiB, the image included, and time about a tenth of a second.
 FXHOST_API QImage readPreview(const QString &path);
 
-//! Whether the drawing at path holds a header and a preview and nothing more, as samples do. Any thread.
-FXHOST_API bool holdsPreviewAlone(const QString &path);
+//! The same for an open file.
+QImage readPreview(const RegularFile &file);
 
 } // namespace fxhost

@@ -52,7 +52,7 @@ struct SectionHead
 {
     qint64 address = 0;
     int tableSize = 0;
-    FileRange counted; //!< what the overall size counts: from behind itself to the end sentinel
+    FileRange counted; //!< what the overall size counts: from its own end to the end sentinel
 };
 
 std::optional<SectionHead> readSectionHead(const RegularFile &file)

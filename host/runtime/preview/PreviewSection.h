@@ -21,8 +21,8 @@ struct PreviewEntry
 };
 
 //! The entries of the drawing's preview section, in its order, with their contents not looked at yet. Empty
-//! if it has none, or is no drawing of a version that can have any, or the section is broken. \param file may
-//! be closed
+//! if it has none, or is not a drawing of a version that can have any, or the section is broken. \param file
+//! may be closed
 std::vector<PreviewEntry> readPreviewEntries(const RegularFile &file);
 
 //! Whether there is nothing in the file but the start of a header and a preview section: a picture in an

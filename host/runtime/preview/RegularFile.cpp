@@ -15,7 +15,7 @@ namespace {
 
 int openWithoutBlocking(const QString &path)
 {
-    // Encoded names end at the first null character: what stands before it would be another file.
+    // Encoded names end at the first null character: the part before it would be another file.
     if (path.contains(QChar::Null)) {
         errno = ENOENT;
         return -1;
@@ -40,14 +40,16 @@ RegularFile::RegularFile(const QString &path) : m_descriptor(openWithoutBlocking
     if (::fstat(m_descriptor, &status) != 0)
         m_openError = errno;
     else if (!S_ISREG(status.st_mode))
-        m_openError = ENXIO; // what open() itself says of a socket
-    else
-        m_size = status.st_size;
+        m_openError = ENXIO; // as open() itself sets for a socket
 
     if (m_openError != 0) {
         ::close(m_descriptor);
         m_descriptor = -1;
+        return;
     }
+    m_size = status.st_size;
+    m_modified =
+        QDateTime::fromSecsSinceEpoch(status.st_mtim.tv_sec).addMSecs(status.st_mtim.tv_nsec / 1000000);
 }
 
 RegularFile::~RegularFile()

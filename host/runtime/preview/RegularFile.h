@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QString>
 
 namespace fxhost {
@@ -16,7 +17,7 @@ struct FileRange
     qint64 end() const { return offset + size; }
 };
 
-//! A regular file open for reading at chosen places. It never blocks on what is no regular file (a FIFO
+//! A regular file open for reading at chosen places. It never blocks on other kinds of files (a FIFO
 //! without a writer, a terminal), and a file that shrinks meanwhile makes a read short and nothing worse,
 //! which a memory mapping could not promise. Reading from several threads at once is safe.
 class RegularFile
@@ -27,10 +28,12 @@ public:
     ~RegularFile();
 
     bool isOpen() const { return m_descriptor >= 0; }
-    //! Why the file is not open, an errno value: ENXIO for what is there but is no regular file. 0 if open.
+    //! Why the file is not open, an errno value: ENXIO for what exists but is not a regular file. 0 if open.
     int openError() const { return m_openError; }
     //! Size in bytes when the file was opened; 0 if it is not open.
     qint64 size() const { return m_size; }
+    //! When the file was last modified before it was opened; invalid if it is not open.
+    const QDateTime &modified() const { return m_modified; }
     //! Whether range lies inside the file as it was when opened.
     bool contains(const FileRange &range) const;
 
@@ -47,6 +50,7 @@ private:
     int m_descriptor = -1;
     int m_openError = 0;
     qint64 m_size = 0;
+    QDateTime m_modified;
 };
 
 } // namespace fxhost

@@ -43,8 +43,8 @@ struct BitmapHeader
     quint32 fullPalette() const { return quint32(1) << bits; }
 };
 
-//! Reads a plain header and the twelve bytes behind it, as far as there are any. All header sizes agree in
-//! these: where a plain one has the masks behind it, a larger one has them inside.
+//! Reads a plain header and the twelve bytes after it, as far as there are any. All header sizes agree in
+//! these: a plain one has the masks after it, a larger one inside.
 std::optional<BitmapHeader> readHeader(const RegularFile &file, const FileRange &data)
 {
     constexpr qint64 wanted = plainHeaderSize + masksSize;
@@ -69,8 +69,8 @@ std::optional<BitmapHeader> readHeader(const RegularFile &file, const FileRange 
 bool isMask(quint32 mask, int bits)
 {
     const quint64 lowestBit = mask & (~mask + 1);
-    const quint64 behind = mask + lowestBit; // a single bit if the mask is one run of ones
-    return mask != 0 && (behind & (behind - 1)) == 0 && (quint64(mask) >> bits) == 0;
+    const quint64 carried = mask + lowestBit; // a single bit if the mask is one run of ones
+    return mask != 0 && (carried & (carried - 1)) == 0 && (quint64(mask) >> bits) == 0;
 }
 
 bool isKnownEncoding(const BitmapHeader &header)

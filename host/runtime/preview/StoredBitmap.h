@@ -15,7 +15,7 @@ namespace fxhost {
 //! eight bits for black, and makes an image of a bitmap whose pixels end early. Alpha is dropped: drawings
 //! leave rubbish there. What stays is that channels of 5 or 6 bits come out with zeros in their lowest bits.
 //!
-//! \return nothing for what is no bitmap, is larger than the limits, or lacks a part of its pixels
+//! \return nothing for what is not a bitmap, is larger than the limits, or lacks a part of its pixels
 std::optional<PictureLayout> layOutBitmap(const RegularFile &file, const FileRange &data);
 
 } // namespace fxhost

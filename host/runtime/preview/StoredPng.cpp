@@ -24,7 +24,7 @@ struct Chunk
     QByteArray type;
     FileRange whole; //!< with length, type and checksum
 
-    //! The fifth bit of a type's first letter tells whether the picture can be had without the chunk.
+    //! The fifth bit of a type's first letter is set when the picture can be decoded without the chunk.
     bool matters() const { return (type.at(0) & 0x20) == 0 || type == "tRNS"; }
 };
 
@@ -66,7 +66,7 @@ void append(std::vector<FileRange> &ranges, const FileRange &range)
 
 } // namespace
 
-std::optional<PictureLayout> layOutPng(const RegularFile &file, const FileRange &data, DecodingBudget *budget)
+std::optional<PictureLayout> layOutPng(const RegularFile &file, const FileRange &data)
 {
     if (data.size < fileStartSize)
         return std::nullopt;
@@ -79,7 +79,8 @@ std::optional<PictureLayout> layOutPng(const RegularFile &file, const FileRange 
     layout.format = "png";
     layout.bitsPerPixel = bits;
     layout.ranges = {{data.offset, signatureSize}};
-    for (qint64 at = data.offset + signatureSize; budget->chunks > 0; --budget->chunks) {
+    int chunks = 0;
+    for (qint64 at = data.offset + signatureSize; chunks < maxChunks; ++chunks) {
         const std::optional<Chunk> chunk = chunkAt(file, at, data.end());
         if (!chunk)
             return std::nullopt;

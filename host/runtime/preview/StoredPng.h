@@ -7,13 +7,9 @@
 
 namespace fxhost {
 
-struct DecodingBudget;
-
 //! Lays the PNG that is stored in data out without its ancillary chunks, transparency apart. They do not
-//! change the picture, while compressed texts and colour profiles can make a decoder take gigabytes. The
-//! budget's chunks are spent. \return nothing for what is no PNG, ends early, has more chunks than the budget
-//! allows, or more pixels than the limits
-std::optional<PictureLayout> layOutPng(const RegularFile &file, const FileRange &data,
-                                       DecodingBudget *budget);
+//! change the picture, while compressed texts and colour profiles can make a decoder take gigabytes.
+//! \return nothing for what is not a PNG, ends early, or has more chunks or pixels than the limits
+std::optional<PictureLayout> layOutPng(const RegularFile &file, const FileRange &data);
 
 } // namespace fxhost

@@ -2,8 +2,8 @@
 #include "host/runtime/probe/FileProbe.h"
 
 #include "host/runtime/Paths.h"
+#include "host/runtime/interface/GuiThread.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
@@ -18,18 +18,17 @@ namespace fxhost {
 namespace {
 
 constexpr char helperName[] = "fxprobe";
-//! What the machine itself may take, being busy, until a file is looked at, in milliseconds; and the helper's
-//! start from a disk that was asleep.
-constexpr int machinesTime = 5000;
+//! What a busy machine may take until a file is accessed; and the helper's start from a disk that was asleep.
+constexpr std::chrono::milliseconds machineTime{5000};
 
-//! Those that could not end. To delete one would wait for it, so nobody ever does.
+//! Helpers that could not end. They are never deleted, since that would wait for them.
 std::vector<QProcess *> &leftBehind()
 {
     static auto *const helpers = new std::vector<QProcess *>;
     return *helpers;
 }
 
-//! The helper stands beside this library.
+//! The helper is in the folder of this library.
 QString helperPath()
 {
     Dl_info library;
@@ -51,7 +50,7 @@ FileProbe::~FileProbe()
         return;
     m_helper->closeWriteChannel();
     m_helper->kill();
-    if (m_helper->waitForFinished(deadline))
+    if (m_helper->waitForFinished(int(ProbeWait().deadline.count())))
         delete m_helper;
     else
         leftBehind().push_back(m_helper);
@@ -64,85 +63,85 @@ bool FileProbe::isRunning() const
 
 bool FileProbe::startHelper()
 {
-    m_asked.clear();
-    m_silent.clear();
+    m_requests.clear();
+    m_waiting.clear();
     if (!m_helper)
         m_helper = new QProcess;
-    // One that is left behind must not hold on to what is the host's: a pipe that somebody reads to its end,
-    // or a directory.
+    // A helper that is left behind must not keep what is the host's: a pipe that is read to its end, or a
+    // directory.
     m_helper->setStandardErrorFile(QProcess::nullDevice());
     m_helper->setWorkingDirectory(QDir::rootPath());
     m_helper->start(m_program, QStringList());
-    // The first start may take its time; whoever waits for files later does not wait for this.
+    // The first start may take long; later waits for files do not wait for this.
     const QString noFile;
-    if (m_helper->waitForStarted(machinesTime)) {
-        ask(noFile);
-        waitFor({noFile}, machinesTime);
-        if (!m_silent.contains(noFile))
+    if (m_helper->waitForStarted(int(machineTime.count()))) {
+        request(noFile);
+        waitFor({noFile}, machineTime);
+        if (!m_waiting.contains(noFile))
             return true;
     }
     m_failedAt = m_clock.elapsed();
-    m_problem = QCoreApplication::translate("fxhost::FileProbe", "The program %1 does not work: %2.")
-                    .arg(m_program, m_helper->errorString());
+    m_problem = tr("The program %1 does not work: %2.").arg(m_program, m_helper->errorString());
     return false;
 }
 
-void FileProbe::askFor(const QStringList &paths)
+void FileProbe::requestMissing(const QStringList &paths)
 {
     const qint64 now = m_clock.elapsed();
     for (const QString &path : paths) {
-        // A path of no file answers by itself; one with a zero byte is none that a system call can be told.
+        // An empty path needs no access, and a system call takes no path with a zero byte.
         const bool needsNoFile = path.isEmpty() || path.contains(QChar::Null);
-        if (needsNoFile || m_answered.contains(path))
+        if (needsNoFile || m_responded.contains(path))
             continue;
-        const auto silence = m_silent.constFind(path);
-        const bool isNew = silence == m_silent.constEnd();
-        if (isNew || (silence->since &&
-                      now - silence->askedAt >=
-                          qBound<qint64>(firstRepeat, silence->askedAt - *silence->since, lastRepeat)))
-            ask(path);
+        const auto waiting = m_waiting.constFind(path);
+        const bool isNew = waiting == m_waiting.constEnd();
+        if (isNew ||
+            (waiting->since && now - waiting->requestedAt >=
+                                   qBound<qint64>(firstRetry.count(), waiting->requestedAt - *waiting->since,
+                                                  lastRetry.count())))
+            request(path);
     }
 }
 
-void FileProbe::ask(const QString &path)
+void FileProbe::request(const QString &path)
 {
     const int number = ++m_lastNumber;
-    m_asked.insert(number, {path, false});
-    m_silent[path].askedAt = m_clock.elapsed();
+    m_requests.insert(number, {path, false});
+    m_waiting[path].requestedAt = m_clock.elapsed();
     m_helper->write(QByteArray::number(number) + ' ' + pathBytes(path) + '\0');
 }
 
-void FileProbe::hear()
+void FileProbe::readResponses()
 {
     while (m_helper->canReadLine()) {
-        const auto question = m_asked.find(m_helper->readLine().trimmed().toInt());
-        if (question == m_asked.end())
+        const auto request = m_requests.find(m_helper->readLine().trimmed().toInt());
+        if (request == m_requests.end())
             continue;
-        const auto silence = m_silent.find(question->path);
-        if (!question->hasBegun) {
-            question->hasBegun = true;
-            if (silence != m_silent.end() && !silence->since)
-                silence->since = m_clock.elapsed();
+        const auto waiting = m_waiting.find(request->path);
+        if (!request->hasBegun) {
+            request->hasBegun = true;
+            if (waiting != m_waiting.end() && !waiting->since)
+                waiting->since = m_clock.elapsed();
             continue;
         }
-        if (silence != m_silent.end()) {
-            m_silent.erase(silence);
-            m_answered.insert(question->path, m_clock.elapsed());
+        if (waiting != m_waiting.end()) {
+            m_waiting.erase(waiting);
+            m_responded.insert(request->path, m_clock.elapsed());
         }
-        m_asked.erase(question);
+        m_requests.erase(request);
     }
 }
 
-void FileProbe::waitFor(const QStringList &paths, int patience)
+void FileProbe::waitFor(const QStringList &paths, std::chrono::milliseconds deadline)
 {
     for (;;) {
-        hear();
+        readResponses();
         qint64 end = 0;
         for (const QString &path : paths) {
-            const auto silence = m_silent.constFind(path);
-            if (silence != m_silent.constEnd())
-                end = std::max(end,
-                               silence->since ? *silence->since + patience : silence->askedAt + machinesTime);
+            const auto waiting = m_waiting.constFind(path);
+            if (waiting != m_waiting.constEnd())
+                end = std::max<qint64>(end, waiting->since ? *waiting->since + deadline.count()
+                                                           : waiting->requestedAt + machineTime.count());
         }
         const qint64 left = end - m_clock.elapsed();
         if (left <= 0 || !isRunning())
@@ -151,41 +150,42 @@ void FileProbe::waitFor(const QStringList &paths, int patience)
     }
 }
 
-void FileProbe::forgetAnswersBefore(qint64 time)
+void FileProbe::forgetResponsesBefore(qint64 time)
 {
-    for (auto it = m_answered.begin(); it != m_answered.end();)
-        it = *it > time ? std::next(it) : m_answered.erase(it);
+    for (auto it = m_responded.begin(); it != m_responded.end();)
+        it = *it > time ? std::next(it) : m_responded.erase(it);
 }
 
-QStringList FileProbe::silent(const QStringList &paths, int freshFor, int patience)
+QStringList FileProbe::unresponsive(const QStringList &paths, const ProbeWait &wait)
 {
-    const bool hasJustFailed = !m_problem.isEmpty() && m_clock.elapsed() - m_failedAt < lastRepeat;
+    FXHOST_ASSERT_GUI_THREAD();
+    const bool hasJustFailed = !m_problem.isEmpty() && m_clock.elapsed() - m_failedAt < lastRetry.count();
     if (paths.isEmpty() || hasJustFailed)
         return {};
     m_problem.clear();
-    // The helper may have died since it was last heard of, or die of these very paths.
+    // The helper may have ended since its last response, or end because of these very paths.
     for (int helpers = 0; helpers < 2; ++helpers) {
         if (!isRunning() && !startHelper())
             return {};
-        // What is heard only now may have been said long ago: it ends a silence, and no more.
-        const QHash<QString, qint64> answered = m_answered;
+        // A response that is read only now may be old: the file is not waited for any more, but no newer.
+        const QHash<QString, qint64> responded = m_responded;
         do {
-            hear();
+            readResponses();
         } while (m_helper->waitForReadyRead(0));
-        m_answered = answered;
-        forgetAnswersBefore(m_clock.elapsed() - freshFor);
-        askFor(paths);
-        waitFor(paths, patience);
+        m_responded = responded;
+        forgetResponsesBefore(m_clock.elapsed() - wait.answersGoodFor.count());
+        requestMissing(paths);
+        waitFor(paths, wait.deadline);
         if (isRunning())
             break;
-        m_silent.clear();
+        m_waiting.clear();
     }
-    QStringList silentPaths;
+    QStringList missing;
     for (const QString &path : paths) {
-        if (m_silent.contains(path))
-            silentPaths.append(path);
+        if (m_waiting.contains(path))
+            missing.append(path);
     }
-    return silentPaths;
+    return missing;
 }
 
 } // namespace fxhost

@@ -3,29 +3,39 @@
 
 #include "host/runtime/FxHostApi.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QHash>
 #include <QStringList>
 
+#include <chrono>
 #include <optional>
 
 class QProcess;
 
 namespace fxhost {
 
-//! Finds out which files do not answer: those on a server that is away, say, where whoever looks at one waits
-//! for ever. A helper process looks at them, and is left behind when it cannot end. GUI thread.
+//! How long to wait for files.
+struct ProbeWait
+{
+    //! How long a file may take to respond.
+    std::chrono::milliseconds deadline{300};
+    //! A response that is no older than this counts as a new one.
+    std::chrono::milliseconds answersGoodFor{0};
+};
+
+//! Finds unresponsive files: those on a server that is away, for example, where every access waits without
+//! end. A helper process accesses them, and is left behind when it cannot end. GUI thread.
 class FXHOST_API FileProbe
 {
+    Q_DECLARE_TR_FUNCTIONS(fxhost::FileProbe)
 public:
-    //! How long a file may take to answer unless somebody says otherwise, in milliseconds.
-    static constexpr int deadline = 300;
-    //! A silent file is asked for again after so many milliseconds, and then after twice as many each time up
-    //! to the second number: its server may have been replaced by another while the old question still waits.
-    static constexpr int firstRepeat = 2000;
-    static constexpr int lastRepeat = 600000;
+    //! An unresponsive file is tried again after the first time, and then after twice as long each time, up
+    //! to the second: its server may have been replaced while the former access still waits.
+    static constexpr std::chrono::milliseconds firstRetry{2000};
+    static constexpr std::chrono::milliseconds lastRetry{600000};
 
-    //! \param helper the program to start; empty for the one that stands beside this library
+    //! \param helper the program to start; empty for the one in the folder of this library
     explicit FileProbe(const QString &helper = QString());
     //! Does not wait for files that do not answer.
     ~FileProbe();
@@ -33,49 +43,46 @@ public:
     FileProbe(const FileProbe &) = delete;
     FileProbe &operator=(const FileProbe &) = delete;
 
-    //! Looks at files, all at the same time, and waits until each has answered or had its time. That counts
-    //! from when the helper first began to look at it: what a busy machine needs until then is not the
-    //! file's, and a file that has been silent for longer is not waited for again. It is silent until its
-    //! answer has come. An error is an answer like any other.
-    //! \param paths full paths
-    //! \param freshFor an answer that is no older than so many milliseconds is taken for a new one
-    //! \param patience how long a file may take, in milliseconds
-    //! \return which of paths are silent. None when there is no helper: then nothing can be known.
-    QStringList silent(const QStringList &paths, int freshFor = 0, int patience = deadline);
+    //! Accesses files, all at the same time, and waits until each has responded or reached the deadline. That
+    //! counts from when the helper began to access it: what a busy machine needs until then is not the
+    //! file's. A file that has been unresponsive for longer is not waited for again, until its response has
+    //! come. An error is a response. \param paths full paths \return those of paths that are unresponsive.
+    //! None when there is no helper: then nothing can be known.
+    QStringList unresponsive(const QStringList &paths, const ProbeWait &wait = {});
 
-    //! Why there is no helper; empty when there is one, or none was needed yet. It is tried again after the
-    //! second number above.
+    //! Why there is no helper; empty when there is one, or none was needed yet. It is started again after
+    //! lastRetry.
     QString problem() const { return m_problem; }
 
 private:
-    struct Question
+    struct Request
     {
         QString path;
-        bool hasBegun; //!< whether the helper is looking at it
+        bool hasBegun; //!< whether the helper is accessing it
     };
-    struct Silence
+    struct Waiting
     {
-        qint64 askedAt = 0;          //!< last, in milliseconds of the clock, like all times here
-        std::optional<qint64> since; //!< when the helper first began to look, once it has
+        qint64 requestedAt = 0;      //!< last, in milliseconds of the clock, like all times here
+        std::optional<qint64> since; //!< when the helper first began to access it, once it has
     };
 
     bool startHelper();
     bool isRunning() const;
-    //! Asks for those of paths whose answers are missing, and for those that have long been silent once more.
-    void askFor(const QStringList &paths);
-    void ask(const QString &path);
-    void hear();
-    void waitFor(const QStringList &paths, int patience);
-    void forgetAnswersBefore(qint64 time);
+    //! Requests those of paths that have not responded, and once more those that have long been unresponsive.
+    void requestMissing(const QStringList &paths);
+    void request(const QString &path);
+    void readResponses();
+    void waitFor(const QStringList &paths, std::chrono::milliseconds deadline);
+    void forgetResponsesBefore(qint64 time);
 
     QString m_program;
     QProcess *m_helper = nullptr;
     QString m_problem;
     qint64 m_failedAt = 0;
     int m_lastNumber = 0;
-    QHash<int, Question> m_asked;      //!< by the number of the request, until it is answered
-    QHash<QString, Silence> m_silent;  //!< until one of their questions is answered
-    QHash<QString, qint64> m_answered; //!< when
+    QHash<int, Request> m_requests;     //!< by their numbers, until the response
+    QHash<QString, Waiting> m_waiting;  //!< until the response to one of their requests
+    QHash<QString, qint64> m_responded; //!< when
     QElapsedTimer m_clock;
 };
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
-// Looks at files for a host that must not wait for them. On a file system that does not answer, a system call
-// may hold its thread for ever, and even the end of the process that the thread belongs to; so neither is the
+// Accesses files for a host that must not wait for them. On a file system that does not respond, a system
+// call may block its thread without end, and even the end of the process of that thread; so neither is the
 // host's.
 //
 // Reads requests from the standard input, each "NUMBER PATH" and a zero byte, and writes NUMBER and a line
-// end to the standard output twice: when it begins to look at the file, so that nobody takes a busy machine
-// for a silent file, and once the file has answered, whatever the answer was. An empty path needs no file.
-// Ends with its input, and at once where it cannot have a thread.
+// end to the standard output twice: when it begins to access the file, so that a busy machine is not taken
+// for an unresponsive file, and once the file has responded, whatever the response was. An empty path needs
+// no file. Ends with its input, and at once where it cannot have a thread.
 #include <algorithm>
 #include <array>
 #include <condition_variable>
@@ -28,7 +28,7 @@
 namespace {
 
 //! Does what reading a drawing or a folder will do: a status alone may come from the system's memory.
-void lookAt(const std::string &path)
+void accessFile(const std::string &path)
 {
     struct stat status = {};
     if (::stat(path.c_str(), &status) != 0)
@@ -62,7 +62,7 @@ struct Request
 };
 
 //! What is to be looked at, and the threads that do: one, and more once it is held up.
-class Lookers
+class Workers
 {
 public:
     //! \return whether there are so many threads more
@@ -102,7 +102,7 @@ private:
             const Request request = take();
             write(request.number);
             if (!request.path.empty())
-                lookAt(request.path);
+                accessFile(request.path);
             write(request.number);
         }
     }
@@ -122,11 +122,11 @@ private:
     std::queue<Request> m_waiting;
 };
 
-void take(const std::string &request, Lookers &lookers)
+void take(const std::string &request, Workers &workers)
 {
     const std::size_t blank = request.find(' ');
     if (blank != std::string::npos)
-        lookers.add({request.substr(0, blank), request.substr(blank + 1)});
+        workers.add({request.substr(0, blank), request.substr(blank + 1)});
 }
 
 } // namespace
@@ -137,23 +137,23 @@ int main()
     constexpr std::size_t chunkSize = 65536; // bytes: as much as a pipe holds
     std::array<char, chunkSize> chunk = {};
     std::string input;
-    auto &lookers = *new Lookers; // for ever, as its threads may be
-    if (!lookers.start(1))
+    auto &workers = *new Workers; // never deleted, as its threads may never end
+    if (!workers.start(1))
         return EXIT_FAILURE;
     for (;;) {
         pollfd requests = {STDIN_FILENO, POLLIN, 0};
-        if (::poll(&requests, 1, lookers.waiting() > 0 ? moment : -1) == 0) {
-            // Those that there are may wait for ever. Those that cannot be had now are tried for again.
-            lookers.start(std::min(lookers.threads(), lookers.waiting()));
+        if (::poll(&requests, 1, workers.waiting() > 0 ? moment : -1) == 0) {
+            // The threads that exist may be blocked. Those that cannot be had now are tried again.
+            workers.start(std::min(workers.threads(), workers.waiting()));
             continue;
         }
         const ssize_t size = ::read(STDIN_FILENO, chunk.data(), chunk.size());
         if (size <= 0)
-            ::_exit(0); // without a word to the threads, which may never hear it
+            ::_exit(0); // without ending the threads, which may wait without end
         input.append(chunk.data(), static_cast<std::size_t>(size));
         std::size_t start = 0;
         for (std::size_t end = 0; (end = input.find('\0', start)) != std::string::npos; start = end + 1)
-            take(input.substr(start, end - start), lookers);
+            take(input.substr(start, end - start), workers);
         input.erase(0, start);
     }
 }

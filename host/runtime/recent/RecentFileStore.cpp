@@ -24,22 +24,12 @@ constexpr qint64 largestFile = qint64(RecentFiles::largestMaximum) * 4096 * 3; /
 
 QByteArray encoded(const QString &path)
 {
-    constexpr uchar firstPrintable = 0x20;
-    constexpr uchar deleteCharacter = 0x7f;
-    constexpr uchar lastAscii = 0x7f;
-    constexpr char digits[] = "0123456789ABCDEF";
-    QByteArray line;
     const QByteArray bytes = pathBytes(path);
     // By the bytes, which are all that will be read; others would make the file unreadable.
     const bool isUtf8 = pathFromBytes(bytes).toUtf8() == bytes;
-    for (const char c : bytes) {
-        const auto byte = static_cast<uchar>(c);
-        if (byte < firstPrintable || byte == deleteCharacter || byte == '%' || (byte > lastAscii && !isUtf8))
-            line.append('%').append(digits[byte / 16]).append(digits[byte % 16]);
-        else
-            line.append(c);
-    }
-    return line;
+    const auto isSpecial = [](uchar byte) { return isControl(byte) || byte == '%'; };
+    const auto isSpecialOrNotAscii = [](uchar byte) { return isControl(byte) || byte == '%' || byte > 0x7f; };
+    return isUtf8 ? percentEncoded(bytes, isSpecial) : percentEncoded(bytes, isSpecialOrNotAscii);
 }
 
 //! Nothing when line is not exactly what encoded() makes of a full path.
@@ -57,7 +47,7 @@ std::optional<QStringList> parsed(const QByteArray &content)
     if (!content.startsWith(header) || !content.endsWith('\n'))
         return std::nullopt;
     QList<QByteArray> lines = content.mid(int(qstrlen(header))).split('\n');
-    lines.removeLast(); // what stands behind the last line end: nothing
+    lines.removeLast(); // nothing follows the last line end
     if (lines.size() > RecentFiles::largestMaximum)
         return std::nullopt;
     QStringList paths;
@@ -70,8 +60,8 @@ std::optional<QStringList> parsed(const QByteArray &content)
     return paths;
 }
 
-//! How long to wait for another program to be done with the file, in milliseconds. Its write takes a few.
-constexpr int patience = 1000;
+//! How long to wait while another program writes the file, which takes a few milliseconds.
+constexpr std::chrono::milliseconds lockWait{1000};
 
 QString unreadable(const QString &file, const QString &error)
 {
@@ -86,10 +76,12 @@ QString lockFile(const QString &file)
     return file + QLatin1String(".lock");
 }
 
-//! Removes what writers have left that did not get to the end. Nobody may be writing.
+//! Removes what writers have left that were killed. To be called under the lock.
 void removeUnfinished(const QString &file)
 {
     const QFileInfo info(file);
+    static_assert(QT_VERSION_MAJOR == 5 && QT_VERSION_MINOR == 15,
+                  "needs the temporary names of Qt 5.15's QSaveFile");
     const QRegularExpression unfinished(QStringLiteral("^%1\\.[A-Za-z]{6}$") // as QSaveFile calls it
                                             .arg(QRegularExpression::escape(info.fileName())));
     QDir folder = info.dir();
@@ -100,7 +92,7 @@ void removeUnfinished(const QString &file)
 
 } // namespace
 
-//! What the file says of the list.
+//! The result of reading the file.
 class RecentFileStore::Reading
 {
 public:
@@ -123,7 +115,7 @@ RecentFileStore::Reading RecentFileStore::read() const
     const QFileInfo info(m_file);
     if (!info.exists())
         return {Reading::Outcome::NoFile, {}, {}};
-    // Opening a FIFO would wait for somebody to write to it.
+    // Opening a FIFO would wait for a writer.
     if (!info.isFile() || info.size() > largestFile)
         return {Reading::Outcome::Damaged, {}, {}};
     QFile file(m_file);
@@ -135,43 +127,45 @@ RecentFileStore::Reading RecentFileStore::read() const
     return {Reading::Outcome::Damaged, {}, {}};
 }
 
-RecentFileStore::Kept RecentFileStore::keepForLater(const QStringList &known, const Change &change,
-                                                    const QString &problem)
+RecentFileStore::Stored RecentFileStore::keepForLater(const QStringList &known, const Change &change,
+                                                      const QString &problem)
 {
     m_unwritten.push_back(change);
-    return {change(known), problem};
+    return {change(known), Outcome::failed(problem)};
 }
 
-QString RecentFileStore::setDamagedAside()
+Outcome RecentFileStore::setDamagedAside()
 {
     const QString aside = setAside(m_file);
     m_mayWrite = !aside.isEmpty();
     if (!m_mayWrite) {
-        return tr("The list of recent documents, %1, is damaged and cannot be set aside. It is left alone, "
-                  "and nothing is kept of this run.")
-            .arg(m_file);
+        return Outcome::failed(
+            tr("The list of recent documents, %1, is damaged and cannot be set aside. It is left "
+               "alone, and nothing is kept of this run.")
+                .arg(m_file));
     }
-    return tr("The list of recent documents, %1, is damaged. It was renamed to %2.").arg(m_file, aside);
+    return Outcome::failed(
+        tr("The list of recent documents, %1, is damaged. It was renamed to %2.").arg(m_file, aside));
 }
 
-RecentFileStore::Kept RecentFileStore::load()
+RecentFileStore::Stored RecentFileStore::load()
 {
-    const FileLock lock(lockFile(m_file), patience);
+    const FileLock lock(lockFile(m_file), lockWait);
     if (lock.isHeld())
         removeUnfinished(m_file);
     const Reading reading = read();
     if (reading.outcome == Reading::Outcome::Damaged)
         return {{}, setDamagedAside()};
     if (reading.outcome == Reading::Outcome::Unreadable)
-        return {{}, unreadable(m_file, reading.error)};
-    return {reading.paths, QString()};
+        return {{}, Outcome::failed(unreadable(m_file, reading.error))};
+    return {reading.paths, {}};
 }
 
-RecentFileStore::Kept RecentFileStore::update(const QStringList &known, const Change &change)
+RecentFileStore::Stored RecentFileStore::update(const QStringList &known, const Change &change)
 {
     if (!m_mayWrite)
-        return {change(known), QString()}; // it has been said why
-    const FileLock lock(lockFile(m_file), patience);
+        return {change(known), {}}; // load() has reported why
+    const FileLock lock(lockFile(m_file), lockWait);
     if (lock.isBusy()) {
         return keepForLater(known, change,
                             tr("The list of recent documents, %1, is in use by another program. What is new "
@@ -191,21 +185,23 @@ RecentFileStore::Kept RecentFileStore::update(const QStringList &known, const Ch
     }
     const QStringList paths = change(listed);
 
-    QString problem;
+    QStringList problems;
     bool isToWrite = isRead ? paths != reading.paths : paths != known || !m_unwritten.empty();
     if (reading.outcome == Reading::Outcome::Damaged) {
-        problem = setDamagedAside();
+        problems << setDamagedAside().reason();
         isToWrite = m_mayWrite;
     }
-    const QString failure = isToWrite ? write(paths) : QString();
-    if (failure.isEmpty())
+    const Outcome written = isToWrite ? write(paths) : Outcome();
+    if (written) {
         m_unwritten.clear();
-    else
+    } else {
         m_unwritten.push_back(change);
-    return {paths, QStringList{problem, failure}.join(QLatin1Char(' ')).trimmed()};
+        problems << written.reason();
+    }
+    return {paths, problems.isEmpty() ? Outcome() : Outcome::failed(problems.join(QLatin1Char(' ')))};
 }
 
-QString RecentFileStore::write(const QStringList &paths) const
+Outcome RecentFileStore::write(const QStringList &paths) const
 {
     QByteArray content = header;
     for (const QString &path : paths)
@@ -215,7 +211,8 @@ QString RecentFileStore::write(const QStringList &paths) const
     if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush() &&
         file.commit())
         return {};
-    return tr("The list of recent documents, %1, cannot be written: %2.").arg(m_file, file.errorString());
+    return Outcome::failed(
+        tr("The list of recent documents, %1, cannot be written: %2.").arg(m_file, file.errorString()));
 }
 
 } // namespace fxhost

@@ -1,39 +1,51 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/recent/RecentFiles.h"
 
+#include "host/runtime/HostSettings.h"
+#include "host/runtime/interface/GuiThread.h"
+#include "host/runtime/recent/RecentFileStore.h"
+
 #include <utility>
 
 namespace fxhost {
 
-RecentFiles::RecentFiles(QObject *parent) : QObject(parent) {}
-
-void RecentFiles::setKeeper(Keeper keeper)
+RecentFiles::RecentFiles(RecentFileStore &store, HostSettings &settings, MessageSink report)
+    : m_store(store), m_settings(settings), m_report(std::move(report))
 {
-    m_keeper = std::move(keeper);
+    const RecentFileStore::Stored stored = m_store.load();
+    m_paths = orderly(stored.paths);
+    if (!stored.outcome)
+        m_report(stored.outcome.reason());
 }
 
 void RecentFiles::refresh()
 {
-    make([](const QStringList &listed) { return listed; });
+    apply([](const QStringList &listed) { return listed; });
+}
+
+void RecentFiles::writeRest()
+{
+    if (!m_store.isAllWritten())
+        refresh();
 }
 
 void RecentFiles::setPaths(const QStringList &paths)
 {
-    make([paths](const QStringList &) { return paths; });
+    apply([paths](const QStringList &) { return paths; });
 }
 
 void RecentFiles::add(const QString &path)
 {
     if (!path.isEmpty())
-        make([path](const QStringList &listed) { return QStringList(path) + listed; });
+        apply([path](const QStringList &listed) { return QStringList(path) + listed; });
 }
 
 bool RecentFiles::remove(const QString &path)
 {
-    refresh(); // it may be another who has listed it
+    refresh(); // another program may have listed it
     const bool wasListed = m_paths.contains(path);
     if (wasListed) {
-        make([path](QStringList listed) {
+        apply([path](QStringList listed) {
             listed.removeOne(path);
             return listed;
         });
@@ -46,31 +58,39 @@ void RecentFiles::clear()
     setPaths({});
 }
 
+int RecentFiles::maximum() const
+{
+    return m_settings.recentMaximum();
+}
+
 bool RecentFiles::setMaximum(int maximum)
 {
     if (!isAllowedMaximum(maximum))
         return false;
-    if (maximum != m_maximum) {
-        m_maximum = maximum;
-        emit maximumChanged(maximum); // first: it may be kept at the same place as the list
+    if (maximum != this->maximum()) {
+        m_settings.setRecentMaximum(maximum);
         refresh();
     }
     return true;
 }
 
-void RecentFiles::make(const Change &change)
+QStringList RecentFiles::orderly(QStringList paths) const
 {
-    const Change orderly = [this, change](const QStringList &listed) {
-        QStringList kept = change(listed);
-        kept.removeAll(QString());
-        kept.removeDuplicates(); // the first of several stays
-        return kept.mid(0, m_maximum);
-    };
-    const QStringList paths = m_keeper ? m_keeper(m_paths, orderly) : orderly(m_paths);
-    if (paths == m_paths)
-        return;
-    m_paths = paths;
-    emit changed();
+    paths.removeAll(QString());
+    paths.removeDuplicates(); // the first of several stays
+    return paths.mid(0, maximum());
+}
+
+void RecentFiles::apply(const Change &change)
+{
+    FXHOST_ASSERT_GUI_THREAD();
+    // The store may make the change again later, to what another program has stored meanwhile.
+    const RecentFileStore::Stored stored = m_store.update(
+        m_paths, [this, change](const QStringList &listed) { return orderly(change(listed)); });
+    m_paths = stored.paths;
+    const QString former = std::exchange(m_reported, stored.outcome.reason());
+    if (!stored.outcome && m_reported != former) // else the user would read it with each drawing
+        m_report(m_reported);
 }
 
 } // namespace fxhost

@@ -2,70 +2,70 @@
 #pragma once
 
 #include "host/runtime/FxHostApi.h"
+#include "host/runtime/MessageSink.h"
 
-#include <QObject>
+#include <QString>
 #include <QStringList>
 
 #include <functional>
 
 namespace fxhost {
 
+class HostSettings;
+class RecentFileStore;
+
 //! The recent documents, most recent first, none twice. Two paths are the same when their characters are.
-//! Keeps nothing across runs: that is the keeper's. GUI thread.
-class FXHOST_API RecentFiles : public QObject
+//! Other programs may change the stored list and its maximum: every change is made to what is stored by then.
+//! GUI thread.
+class FXHOST_API RecentFiles
 {
-    Q_OBJECT
 public:
     static constexpr int defaultMaximum = 10;
     static constexpr int smallestMaximum = 1;
     static constexpr int largestMaximum = 1000;
 
-    //! What a list becomes.
-    using Change = std::function<QStringList(const QStringList &)>;
-    //! Makes a change to the list as it is kept, which others may have changed since, and returns what came
-    //! of it. It may make the change once more later, as long as the list lives that it came from.
-    //! \param known the list as it is here
-    using Keeper = std::function<QStringList(const QStringList &known, const Change &change)>;
+    //! Reads the stored list.
+    //! \param store and \param settings, which has the maximum, must outlive this
+    //! \param report gets what the user should know when the list cannot be read or written; once for each
+    //! reason
+    RecentFiles(RecentFileStore &store, HostSettings &settings, MessageSink report);
 
-    explicit RecentFiles(QObject *parent = nullptr);
-
-    //! Every change from now on goes through keeper. None: the list is kept here alone.
-    void setKeeper(Keeper keeper);
+    RecentFiles(const RecentFiles &) = delete;
+    RecentFiles &operator=(const RecentFiles &) = delete;
 
     QStringList paths() const { return m_paths; }
-    //! Takes over what others have made of the list as it is kept.
+    //! Reads what other programs have stored.
     void refresh();
+    //! Writes what could not be written until now. To be called at the end.
+    void writeRest();
     //! Replaces the list. Repetitions, empty paths and what is beyond the maximum are left out.
     void setPaths(const QStringList &paths);
-    //! Puts path at the top, whether or not it was listed; the last one falls out of a full list.
+    //! Puts path at the top, whether or not it was listed; the last one is removed from a full list.
     //! \param path full path; empty: nothing happens
     void add(const QString &path);
     //! \return whether path was listed
     bool remove(const QString &path);
     void clear();
 
-    int maximum() const { return m_maximum; }
+    int maximum() const;
     static bool isAllowedMaximum(int maximum)
     {
         return maximum >= smallestMaximum && maximum <= largestMaximum;
     }
     //! \return false, with nothing changed, unless isAllowedMaximum()
     bool setMaximum(int maximum);
-    //! Others that keep the same list have set the maximum: it counts from the next change on.
-    //! \param maximum an allowed one
-    void adoptMaximum(int maximum) { m_maximum = maximum; }
-
-signals:
-    //! The paths or their order are others now.
-    void changed();
-    void maximumChanged(int maximum);
 
 private:
-    void make(const Change &change);
+    using Change = std::function<QStringList(const QStringList &)>;
 
-    Keeper m_keeper;
+    QStringList orderly(QStringList paths) const;
+    void apply(const Change &change);
+
+    RecentFileStore &m_store;
+    HostSettings &m_settings;
+    MessageSink m_report;
+    QString m_reported; //!< the last problem; empty when the list could be stored
     QStringList m_paths;
-    int m_maximum = defaultMaximum;
 };
 
 } // namespace fxhost

@@ -77,10 +77,10 @@ SoakHost::SoakHost()
         m_paths.append(testbytes::writeFile(path, RealBrowser::drawingBytes(i)));
     }
     QFile menus(QStringLiteral(":/customization.json"));
-    if (!menus.open(QIODevice::ReadOnly) || !m_host->customization().load(menus.readAll()).isEmpty())
+    if (!menus.open(QIODevice::ReadOnly) || !m_host->customization().load(menus.readAll()))
         qFatal("the menus cannot be used");
     m_window = std::make_unique<fxhost::MainWindow>(*m_host);
-    // A dialog would wait for a person.
+    // A dialog would wait for a user.
     m_host->setPathChooser([this] { return m_paths.constFirst(); });
     m_host->modules().load(QStringLiteral(MODULE_FILE));
     m_window->setGeometry(60, 60, 1300, 900);

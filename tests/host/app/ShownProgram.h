@@ -23,7 +23,7 @@ struct ShownProgram
     QTemporaryDir dir;
     fxhost::FxHost host{dir.filePath(QStringLiteral("profile")), QString()};
     //! Empty when the shipped menus can be used.
-    QString menuProblem = host.customization().load(menus());
+    QString menuProblem = host.customization().load(menus()).reason();
     fxhost::MainWindow window{host};
     bool active = false; //!< whether the window is; a test of the keyboard focus counts on it
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/runtime/preview/PreviewReader.h"
+#include "host/runtime/preview/DrawingFile.h"
 #include "samples/DrawingWriter.h"
 #include "tests/support/PreviewBytes.h"
 #include "tests/support/TestCase.h"
@@ -54,7 +54,7 @@ private slots:
         QFETCH(bool, isAlone);
         const QTemporaryDir folder;
         const QString path = testbytes::writeFile(folder.filePath("drawing.dwg"), bytes);
-        QCOMPARE(fxhost::holdsPreviewAlone(path), isAlone);
+        QCOMPARE(fxhost::readDrawing(path).isPreviewAlone, isAlone);
     }
 };
 

@@ -163,7 +163,8 @@ private slots:
         const QString sound =
             writeFile(m_dir.filePath("sound.dwg"), drawingWith(pngEntry(blankPng({64, 64}))).bytes());
         QProcess child;
-        child.start(QCoreApplication::applicationFilePath(), {"tst_previewlimits", "-measure", sound, drawing});
+        child.start(QCoreApplication::applicationFilePath(),
+                    {"tst_previewlimits", "-measure", sound, drawing});
         QVERIFY(child.waitForFinished());
         QCOMPARE(child.exitCode(), 0);
         const QList<QByteArray> numbers = child.readAllStandardOutput().simplified().split(' ');

@@ -191,7 +191,12 @@ void addLists()
     add("a PNG, a bitmap", {png, bitmap}, otherPicture());
     add("a broken PNG, a bitmap", {zerosEntry(), brokenPng, bitmap}, goodPicture());
     add("a metafile, an unknown, a bitmap", {metafileEntry(), {77, "?"}, bitmap}, goodPicture());
-    add("as many as can be", QVector<StoredEntry>(254, broken) + QVector<StoredEntry>{bitmap}, goodPicture());
+    add("as many as can be", QVector<StoredEntry>(254, zerosEntry()) + QVector<StoredEntry>{bitmap},
+        goodPicture());
+    add("eight bitmaps, the last sound", QVector<StoredEntry>(7, broken) + QVector<StoredEntry>{bitmap},
+        goodPicture());
+    add("more bitmaps than are tried", QVector<StoredEntry>(8, broken) + QVector<StoredEntry>{bitmap},
+        QImage());
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/runtime/preview/DrawingHeader.h"
+#include "host/runtime/preview/DrawingFile.h"
 #include "host/runtime/preview/PreviewReader.h"
 
 #include "tests/support/TestCase.h"
@@ -69,14 +69,15 @@ private slots:
         QFETCH(QSize, size);
         const QString path = m_drawings.filePath(file);
 
-        const fxhost::DrawingHeader header = fxhost::readDrawingHeader(path);
+        const fxhost::DrawingFile drawing = fxhost::readDrawing(path);
         // The manifest has a file's first letters where they are no version.
         const bool isDrawing = version.startsWith("AC");
-        QCOMPARE(header.version, isDrawing ? version : QByteArray());
-        QCOMPARE(header.error, isDrawing ? fxhost::DrawingError::None : fxhost::DrawingError::NotADrawing);
-        QVERIFY(!fxhost::holdsPreviewAlone(path));
+        QCOMPARE(drawing.version, isDrawing ? version : QByteArray());
+        QCOMPARE(drawing.outcome.reason(), isDrawing ? QString() : QString("The file is not a drawing."));
+        QVERIFY(!drawing.isPreviewAlone);
 
         const QImage picture = fxhost::readPreview(path);
+        QCOMPARE(drawing.preview, picture);
         QCOMPARE(picture.size(), preview == "none" ? QSize(0, 0) : size);
         if (preview == "none")
             return;

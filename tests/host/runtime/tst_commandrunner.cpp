@@ -189,7 +189,6 @@ private slots:
         QFETCH(QString, meant);
         Commands commands;
         const RunHandle run(commands.runner.run(typed));
-        QCOMPARE(run->state(), CommandRun::State::Unknown);
         const QString told = "There is no command \"" + typed + "\".";
         QCOMPARE(commands.messages,
                  QStringList(meant.isEmpty() ? told : told + " Did you mean " + meant + '?'));
@@ -207,7 +206,7 @@ private slots:
         commands.runner.runLine("THROWNUMBER");
         commands.runner.runLine("ECHO still here");
         QCOMPARE(commands.messages,
-                 QStringList({"The command _THROW failed: paper jam", "The command _THROWNUMBER failed."}));
+                 QStringList({"The command _THROW failed: paper jam", "The command _THROWNUMBER failed: unknown exception"}));
         QCOMPARE(commands.logged(),
                  QStringList({"command _THROW 5102", "command _THROWNUMBER 5102", "command _ECHO 5100"}));
     }
@@ -264,7 +263,6 @@ private slots:
             QVERIFY(commands.runner.isRunning());
             second.reset(commands.runner.run("ECHO", "second"));
             third.reset(commands.runner.run("ECHO", "third"));
-            QCOMPARE(second->state(), CommandRun::State::Waiting);
             QVERIFY(!commands.runner.isIdle());
             commands.runner.cancel();
         });
@@ -274,7 +272,6 @@ private slots:
         QCOMPARE(commands.runs, QStringList({"WAIT begins", "WAIT ends", "ECHO second", "ECHO third"}));
         QCOMPARE(first->result(), CFxCommand::cancelled);
         QCOMPARE(third->result(), CFxCommand::normalCompletion);
-        QCOMPARE(third->state(), CommandRun::State::Ended);
         QCOMPARE(third->numRefs(), 1);
         QVERIFY(commands.runner.isIdle());
     }
@@ -312,7 +309,6 @@ private slots:
             commands.runner.stop();
         });
         commands.runner.runLine("WAIT");
-        QCOMPARE(waiting->state(), CommandRun::State::Dropped);
         QCOMPARE(waiting->numRefs(), 1);
         QCOMPARE(commands.runner.run("ECHO"), nullptr);
         commands.runner.runLine("ECHO");

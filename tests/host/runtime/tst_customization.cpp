@@ -38,9 +38,9 @@ struct LoadedCustomization : Customization
 {
     LoadedCustomization()
     {
-        const QString problem = load(twoGroups);
-        if (!problem.isEmpty())
-            qFatal("the test's data are damaged: %s", qPrintable(problem));
+        const fxhost::Outcome loaded = load(twoGroups);
+        if (!loaded)
+            qFatal("the test's data are damaged: %s", qPrintable(loaded.reason()));
     }
 
     CFxUIGroup *main() const { return primaryGroup(); }
@@ -110,7 +110,7 @@ private slots:
     {
         LoadedCustomization customization;
         CFxUIGroup *const main = customization.main();
-        QVERIFY(!customization.load("{}").isEmpty());
+        QVERIFY(!customization.load("{}"));
         QCOMPARE(customization.main(), main);
     }
 
@@ -236,7 +236,7 @@ private slots:
             { "identifier": "I3", "label": "Windows", "kind": "windows" },
             { "identifier": "I4", "label": "Zoom", "items": [
                 { "identifier": "I5", "label": "Fit", "command": "ID_Open" } ] })"));
-        QCOMPARE(data.error, QString());
+        QCOMPARE(data.outcome.reason(), QString());
         QCOMPARE(data.startUp, nullptr);
         QCOMPARE(data.groups.size(), std::size_t(1));
         const CFxUIMenuItem *const menu = data.groups.front()->GetMenu(0);
@@ -327,8 +327,8 @@ private slots:
         QFETCH(QByteArray, json);
         QFETCH(QString, place);
         const CustomizationData data = readCustomization(json);
-        QVERIFY(!data.error.isEmpty());
-        QVERIFY2(data.error.startsWith(place), qPrintable(data.error));
+        QVERIFY(!data.outcome);
+        QVERIFY2(data.outcome.reason().startsWith(place), qPrintable(data.outcome.reason()));
         QVERIFY(data.groups.empty());
         QCOMPARE(data.startUp, nullptr);
     }

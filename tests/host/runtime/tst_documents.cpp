@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/documents/DocumentManager.h"
+
+#include "host/runtime/Strings.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "tests/support/DocumentListener.h"
 #include "tests/support/PngBytes.h"
@@ -92,18 +94,18 @@ private slots:
         QStringList listed;
         running.listener.on("Created", [&](CFxDocument *) { listed = running.recent(); });
 
-        QCOMPARE(running.documents.open(path), QString());
+        QCOMPARE(running.documents.open(path).reason(), QString());
 
         QCOMPARE(listed, QStringList(path));
         QCOMPARE(running.listener.events.first(), "PreOpen " + path);
         QCOMPARE(running.logged(), QStringList("open " + path + " ok"));
         QCOMPARE(running.messages, QStringList());
-        const fxhost::DrawingFacts &facts = running.documents.current()->facts();
-        QCOMPARE(facts.path, path);
-        QCOMPARE(facts.version, QString("AC1032"));
-        QCOMPARE(facts.size, QFileInfo(path).size());
-        QCOMPARE(facts.modified, QFileInfo(path).lastModified());
-        QCOMPARE(facts.preview, storedPicture());
+        QCOMPARE(QString(running.documents.current()->path()), path);
+        const fxhost::DrawingFile &file = running.documents.current()->file();
+        QCOMPARE(file.version, QByteArray("AC1032"));
+        QCOMPARE(file.size, QFileInfo(path).size());
+        QCOMPARE(file.modified, QFileInfo(path).lastModified());
+        QCOMPARE(file.preview, storedPicture());
     }
 
     void closingIsToldStepByStepAndTheLastOneOpenedTakesOver()
@@ -220,9 +222,10 @@ private slots:
         OdString result;
         QVERIFY(!documents.OpenDocument(L"/missing.dwg", 0, 0, result));
         QVERIFY(!result.isEmpty());
-        QVERIFY(!isException || result == OdString(L"out of paper"));
-        // Whoever can be told hears of it.
-        QVERIFY2(told.contains(isException ? "out of paper" : "The host failed"), qPrintable(told));
+        const QString reason =
+            isException ? "The host failed: out of paper" : "The host failed: unknown exception";
+        QCOMPARE(fxhost::fromOdString(result), reason);
+        QVERIFY2(told.contains(reason), qPrintable(told));
 
         QVERIFY(documents.OpenDocument(running.makeDrawing("plan.dwg"), 0, 0, result));
         QVERIFY(result.isEmpty());
@@ -295,7 +298,7 @@ private slots:
         QVERIFY(!isDeleted || QFile::remove(first));
         QSignalSpy activateRequested(&running.documents, &DocumentManager::activateRequested);
 
-        QCOMPARE(running.documents.open(isLink ? link : first), QString());
+        QCOMPARE(running.documents.open(isLink ? link : first).reason(), QString());
 
         QCOMPARE(running.openCount(), std::size_t(2));
         QCOMPARE(running.documents.current(), document);
@@ -324,7 +327,7 @@ private slots:
     void closingWhatIsNotOpenDoesNothing()
     {
         ListenedHost running;
-        Document stranger("stranger", {});
+        Document stranger("stranger");
         running.documents.close(nullptr);
         running.documents.close(&stranger);
         running.documents.setCurrent(&stranger);

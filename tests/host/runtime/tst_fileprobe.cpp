@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/Paths.h"
 #include "host/runtime/probe/FileProbe.h"
-#include "host/runtime/recent/AnsweringRecentFiles.h"
+#include "host/runtime/recent/ReachableRecentFiles.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "tests/support/SpecialFiles.h"
 #include "tests/support/StuckFolder.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/real/RealProfile.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -14,10 +15,12 @@
 
 #include <csignal>
 
-using fxhost::AnsweringRecentFiles;
 using fxhost::FileProbe;
+using fxhost::ReachableRecentFiles;
 
 namespace {
+
+const qint64 usualDeadline = fxhost::ProbeWait().deadline.count(); // milliseconds
 
 //! The process that is the helper of this one; empty when there is none, or several.
 QString helperId()
@@ -79,17 +82,17 @@ private slots:
             paths.append(files.path(static_cast<SpecialFile>(kind)));
         FileProbe probe;
         for (const QString &path : qAsConst(paths))
-            QCOMPARE(probe.silent({path}), QStringList());
+            QCOMPARE(probe.unresponsive({path}), QStringList());
         for (int i = 0; i < 1000; ++i)
             paths.append(QString("/tmp/there is no drawing %1.dwg").arg(i));
-        QCOMPARE(probe.silent(paths), QStringList());
+        QCOMPARE(probe.unresponsive(paths), QStringList());
         QCOMPARE(probe.problem(), QString());
     }
 
     void aBusyMachineIsNoSilentFile()
     {
         FileProbe probe;
-        QCOMPARE(probe.silent({"/"}), QStringList());
+        QCOMPARE(probe.unresponsive({"/"}), QStringList());
         // The helper does not come to look for longer than a file has.
         QTRY_VERIFY(!helperId().isEmpty()); // those of former tests may take a moment to end
         const QString id = helperId();
@@ -97,14 +100,14 @@ private slots:
         clock.start(); // before the second below begins
         QVERIFY(id.toInt() > 0 && ::kill(id.toInt(), SIGSTOP) == 0);
         QVERIFY(QProcess::startDetached("sh", {"-c", "sleep 1; kill -CONT " + id}));
-        QCOMPARE(probe.silent({"/tmp"}), QStringList());
-        QVERIFY2(clock.elapsed() > FileProbe::deadline, "the helper was not kept from looking");
+        QCOMPARE(probe.unresponsive({"/tmp"}), QStringList());
+        QVERIFY2(clock.elapsed() > usualDeadline, "the helper was not kept from looking");
     }
 
     void aHelperLeftBehindHoldsNothingOfTheHost()
     {
         FileProbe probe;
-        QCOMPARE(probe.silent({"/tmp/a.dwg"}), QStringList());
+        QCOMPARE(probe.unresponsive({"/tmp/a.dwg"}), QStringList());
         QTRY_VERIFY(!helperId().isEmpty()); // those of former tests may take a moment to end
         const QString helper = QString("/proc/%1/").arg(helperId());
         QCOMPARE(QFile::symLinkTarget(helper + "cwd"), QString("/"));
@@ -124,14 +127,14 @@ private slots:
         const QStringList paths = {answering.at(0), first, missing, answering.at(1), link, answering.at(2)};
 
         FileProbe probe;
-        QCOMPARE(probe.silent(paths), QStringList());
+        QCOMPARE(probe.unresponsive(paths), QStringList());
         folder.stopAnswering();
         // Answers are good for a moment, and then asked for again.
-        QTRY_COMPARE(probe.silent(paths),
+        QTRY_COMPARE(probe.unresponsive(paths),
                      (kind == StuckFolder::Kind::Mount ? QStringList({first, missing, link})
                                                        : QStringList({first, missing})));
         folder.answerAgain();
-        QTRY_COMPARE(probe.silent(paths), QStringList());
+        QTRY_COMPARE(probe.unresponsive(paths), QStringList());
     }
 
     void silentFilesAreWaitedForOnce_data() { addStuckFolderRows(); }
@@ -143,19 +146,19 @@ private slots:
         FileProbe probe;
         QElapsedTimer clock;
         clock.start();
-        QCOMPARE(FileProbe::deadline, 300);
+        QCOMPARE(usualDeadline, 300);
         constexpr int times = 100; // which would take half a minute
         for (int i = 0; i < times; ++i)
-            QCOMPARE(probe.silent({file}), QStringList(file));
-        QVERIFY2(clock.elapsed() >= FileProbe::deadline, "it was not given its time");
-        QVERIFY2(clock.elapsed() < times * FileProbe::deadline / 2, "it was waited for again");
+            QCOMPARE(probe.unresponsive({file}), QStringList(file));
+        QVERIFY2(clock.elapsed() >= usualDeadline, "it was not given its time");
+        QVERIFY2(clock.elapsed() < times * usualDeadline / 2, "it was waited for again");
         // Whoever is patient waits longer, and that counts from the first question too.
         FileProbe other;
         clock.restart();
-        constexpr int longer = 4 * FileProbe::deadline;
-        QCOMPARE(other.silent({file}), QStringList(file));
+        const qint64 longer = 4 * usualDeadline;
+        QCOMPARE(other.unresponsive({file}), QStringList(file));
         for (int i = 0; i < times; ++i)
-            QCOMPARE(other.silent({file}, 0, longer), QStringList(file));
+            QCOMPARE(other.unresponsive({file}, {std::chrono::milliseconds(longer), {}}), QStringList(file));
         QVERIFY2(clock.elapsed() >= longer, "it was not given its longer time");
         QVERIFY2(clock.elapsed() < times * longer / 2, "it was waited for as long again");
     }
@@ -168,9 +171,9 @@ private slots:
         const QString file = folder.makeFile("a.dwg", "AC1032");
         folder.stopAnswering();
         FileProbe probe;
-        QCOMPARE(probe.silent({file}), QStringList(file));
+        QCOMPARE(probe.unresponsive({file}), QStringList(file));
         folder.replaceServer(); // the former one keeps the question
-        QTRY_COMPARE(probe.silent({file}), QStringList());
+        QTRY_COMPARE(probe.unresponsive({file}), QStringList());
     }
 
     void whatAnsweredLongAgoIsAskedAnew_data() { addStuckFolderRows(); }
@@ -181,14 +184,15 @@ private slots:
         FileProbe witness; // which keeps looking, so that we know when the answer has come
         FileProbe probe;
         folder.stopAnswering();
-        QCOMPARE(probe.silent({file}), QStringList(file));
-        QCOMPARE(witness.silent({file}), QStringList(file));
+        QCOMPARE(probe.unresponsive({file}), QStringList(file));
+        QCOMPARE(witness.unresponsive({file}), QStringList(file));
         folder.answerAgain();
-        QTRY_COMPARE(witness.silent({file}), QStringList());
+        QTRY_COMPARE(witness.unresponsive({file}), QStringList());
         folder.stopAnswering();
         // It did answer, while nobody listened.
-        constexpr int minute = 60000;
-        QCOMPARE(probe.silent({file}, minute), QStringList(file));
+        fxhost::ProbeWait wait;
+        wait.answersGoodFor = std::chrono::minutes(1);
+        QCOMPARE(probe.unresponsive({file}, wait), QStringList(file));
     }
 
     void theEndDoesNotWaitForSilentFiles_data() { addStuckFolderRows(); }
@@ -200,10 +204,10 @@ private slots:
         const Alarm alarm;
         {
             FileProbe probe;
-            QCOMPARE(probe.silent({file}), QStringList(file));
+            QCOMPARE(probe.unresponsive({file}), QStringList(file));
         }
         FileProbe another;
-        QCOMPARE(another.silent({file}), QStringList(file));
+        QCOMPARE(another.unresponsive({file}), QStringList(file));
     }
 
     void aHelperThatDiesIsReplaced()
@@ -213,15 +217,15 @@ private slots:
         const QString file = folder.makeFile("a.dwg", "AC1032");
         folder.stopAnswering();
         FileProbe probe;
-        QCOMPARE(probe.silent({file}), QStringList(file));
+        QCOMPARE(probe.unresponsive({file}), QStringList(file));
         QVERIFY(killHelper());
         folder.answerAgain();
         // What the old one was asked, the new one must be asked again.
-        QTRY_COMPARE(probe.silent({file}), QStringList());
+        QTRY_COMPARE(probe.unresponsive({file}), QStringList());
         // And a death is never a silence.
         for (int i = 0; i < 10; ++i) {
             QVERIFY(killHelper()); // there was a new one
-            QCOMPARE(probe.silent({QString("/tmp/there is no drawing %1.dwg").arg(i)}), QStringList());
+            QCOMPARE(probe.unresponsive({QString("/tmp/there is no drawing %1.dwg").arg(i)}), QStringList());
         }
         QCOMPARE(probe.problem(), QString());
     }
@@ -235,7 +239,7 @@ private slots:
             silent.append(folder.makeFile(QString("%1.dwg").arg(i), "AC1032"));
         folder.stopAnswering();
         FileProbe probe;
-        QCOMPARE(probe.silent(silent + QStringList("/tmp")), silent);
+        QCOMPARE(probe.unresponsive(silent + QStringList("/tmp")), silent);
     }
 
     void whatNoThreadLooksAtIsSilentUntilOneDoes()
@@ -247,14 +251,14 @@ private slots:
         const Threads threads(1); // as many as a machine with nothing else to do would need
         threads.runOut();
         FileProbe probe;
-        QCOMPARE(probe.silent({stuck, other}), QStringList());
+        QCOMPARE(probe.unresponsive({stuck, other}), QStringList());
         folder.stopAnswering();
-        QCOMPARE(probe.silent({stuck}), QStringList(stuck)); // and holds the only thread
-        QCOMPARE(probe.silent({stuck, other}), QStringList({stuck, other}));
+        QCOMPARE(probe.unresponsive({stuck}), QStringList(stuck)); // and holds the only thread
+        QCOMPARE(probe.unresponsive({stuck, other}), QStringList({stuck, other}));
         threads.areThereAgain();
-        QTRY_COMPARE(probe.silent({stuck, other}), QStringList(stuck));
+        QTRY_COMPARE(probe.unresponsive({stuck, other}), QStringList(stuck));
         folder.answerAgain();
-        QTRY_COMPARE(probe.silent({stuck, other}), QStringList());
+        QTRY_COMPARE(probe.unresponsive({stuck, other}), QStringList());
     }
 
     void aHelperWithoutAThreadIsNone()
@@ -264,7 +268,7 @@ private slots:
         FileProbe probe;
         QElapsedTimer clock;
         clock.start();
-        QCOMPARE(probe.silent({"/tmp"}), QStringList());
+        QCOMPARE(probe.unresponsive({"/tmp"}), QStringList());
         QVERIFY(!probe.problem().isEmpty());
         QVERIFY2(clock.elapsed() < 5000, "it was waited for as if it were busy");
     }
@@ -277,10 +281,10 @@ private slots:
         folder.stopAnswering();
         const QString nowhere = "/no such folder/fxprobe";
         FileProbe probe(nowhere);
-        QCOMPARE(probe.silent({file}), QStringList());
+        QCOMPARE(probe.unresponsive({file}), QStringList());
         QVERIFY2(probe.problem().contains(nowhere), qPrintable(probe.problem()));
         FileProbe silentOne("/bin/true"); // starts, and says nothing
-        QCOMPARE(silentOne.silent({file}), QStringList());
+        QCOMPARE(silentOne.unresponsive({file}), QStringList());
         QVERIFY(!silentOne.problem().isEmpty());
     }
 
@@ -289,11 +293,12 @@ private slots:
     void withoutAHelperModulesGetAllAndTheUserOneMessage()
     {
         const QString nowhere = "/no such folder/fxprobe";
-        fxhost::RecentFiles listed;
+        RealProfile profile;
+        fxhost::RecentFiles &listed = profile.list;
         listed.setPaths({"/a.dwg"});
         FileProbe probe(nowhere);
         QStringList said;
-        const AnsweringRecentFiles list(listed, probe, [&](const QString &text) { said.append(text); });
+        const ReachableRecentFiles list(listed, probe, [&](const QString &text) { said.append(text); });
         std::vector<CFxString> paths;
         for (int i = 0; i < 3; ++i) {
             list.GetPaths(paths);
@@ -309,11 +314,12 @@ private slots:
         STUCK_FOLDER_OR_SKIP(folder);
         const QString away = folder.makeFile("away.dwg", "AC1032");
         const QString astral = "/\u6771\u4eac \U0001F4D0.dwg";
-        fxhost::RecentFiles listed;
+        RealProfile profile;
+        fxhost::RecentFiles &listed = profile.list;
         listed.setPaths({astral, away, "/b.dwg"});
         FileProbe probe;
         QStringList said;
-        const AnsweringRecentFiles list(listed, probe, [&](const QString &text) { said.append(text); });
+        const ReachableRecentFiles list(listed, probe, [&](const QString &text) { said.append(text); });
         const auto given = [&list] {
             std::vector<CFxString> paths{CFxString(L"left over")};
             list.GetPaths(paths);

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/recent/RecentFiles.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/real/RealProfile.h"
 
-#include <QSignalSpy>
+#include <QFile>
 
 using fxhost::RecentFiles;
 
@@ -45,81 +46,62 @@ private slots:
         QFETCH(QStringList, listed);
         QFETCH(QString, path);
         QFETCH(QStringList, after);
-        RecentFiles list;
-        list.setPaths(listed);
-        QSignalSpy changed(&list, &RecentFiles::changed);
-        list.add(path);
-        list.add(path); // again, which changes nothing
-        QCOMPARE(list.paths(), after);
-        QCOMPARE(changed.size(), after == listed ? 0 : 1);
+        RealProfile profile;
+        profile.list.setPaths(listed);
+        profile.list.add(path);
+        profile.list.add(path); // again, which changes nothing
+        QCOMPARE(profile.list.paths(), after);
+        QCOMPARE(profile.stored(), after);
     }
 
     void theMaximumHolds()
     {
-        RecentFiles list;
-        QSignalSpy changed(&list, &RecentFiles::changed);
-        QSignalSpy maximumChanged(&list, &RecentFiles::maximumChanged);
+        RealProfile profile;
+        RecentFiles &list = profile.list;
         for (const int refused : {0, -1, 1001})
             QVERIFY(!list.setMaximum(refused));
         QCOMPARE(list.maximum(), 10);
-        QVERIFY(maximumChanged.isEmpty());
+        QVERIFY(!QFile::exists(profile.folder.filePath("settings.ini")));
         QVERIFY(list.setMaximum(RecentFiles::largestMaximum));
         list.setPaths(numbered(1, 1001));
         QCOMPARE(list.paths(), numbered(1, 1000));
         QVERIFY(list.setMaximum(4));
         QCOMPARE(list.paths(), numbered(1, 4));
         QVERIFY(list.setMaximum(5));
-        QCOMPARE(maximumChanged.size(), 3);
-        QCOMPARE(changed.size(), 2);
+        QCOMPARE(list.paths(), numbered(1, 4));
+        fxhost::HostSettings(profile.folder.path(), profile.report).setRecentMaximum(2); // by another program
+        list.refresh();
+        QCOMPARE(profile.stored(), numbered(1, 2));
     }
 
-    void removingTellsWhetherItWasListed()
+    void removingReturnsWhetherItWasListed()
     {
-        RecentFiles list;
-        list.setPaths(numbered(1, 2));
-        QVERIFY(list.remove("/drawings/1.dwg"));
-        QVERIFY(!list.remove("/drawings/1.dwg"));
-        QCOMPARE(list.paths(), numbered(2, 2));
-        list.clear();
-        QVERIFY(list.paths().isEmpty());
+        RealProfile profile;
+        profile.list.setPaths(numbered(1, 2));
+        QVERIFY(profile.list.remove("/drawings/1.dwg"));
+        QVERIFY(!profile.list.remove("/drawings/1.dwg"));
+        QCOMPARE(profile.list.paths(), numbered(2, 2));
+        profile.list.clear();
+        QCOMPARE(profile.stored(), QStringList());
     }
 
-    void changesAreMadeToWhatTheKeeperKeeps()
+    void changesAreMadeToWhatIsStored()
     {
-        RecentFiles list;
-        QStringList knownToTheList;
-        QStringList kept = numbered(7, 8); // by somebody else too
-        list.setKeeper([&](const QStringList &known, const RecentFiles::Change &change) {
-            knownToTheList = known;
-            kept = change(kept);
-            return kept;
-        });
-        QSignalSpy changed(&list, &RecentFiles::changed);
+        RealProfile profile;
+        RecentFiles &list = profile.list;
+        profile.changeElsewhere([](const QStringList &) { return numbered(7, 8); });
         list.add("/a.dwg");
-        QCOMPARE(knownToTheList, QStringList());
         QCOMPARE(list.paths(), QStringList("/a.dwg") + numbered(7, 8));
-        QCOMPARE(changed.size(), 1);
 
-        kept.prepend("/theirs.dwg");
+        const auto addTheirs = [](const QStringList &listed) { return QStringList("/theirs.dwg") + listed; };
+        profile.changeElsewhere(addTheirs);
         QVERIFY(list.remove("/theirs.dwg"));
-        QCOMPARE(list.paths(), QStringList("/a.dwg") + numbered(7, 8));
-        QCOMPARE(kept, list.paths());
+        QCOMPARE(profile.stored(), QStringList("/a.dwg") + numbered(7, 8));
 
-        kept.prepend("/theirs.dwg");
-        changed.clear();
+        profile.changeElsewhere(addTheirs);
         list.refresh();
-        QCOMPARE(list.paths(), kept);
-        QCOMPARE(changed.size(), 1);
-        list.adoptMaximum(2);
-        QCOMPARE(list.paths(), kept); // it counts from the next change on
-        list.refresh();
-        QCOMPARE(kept.size(), 2);
-        QVERIFY(list.setMaximum(1));
-        QCOMPARE(kept.size(), 1);
-        QCOMPARE(list.paths(), kept);
-        list.add(QString());
-        list.clear();
-        QCOMPARE(kept, QStringList());
+        QCOMPARE(list.paths(), QStringList({"/theirs.dwg", "/a.dwg"}) + numbered(7, 8));
+        QCOMPARE(profile.messages, QStringList());
     }
 };
 

@@ -94,7 +94,7 @@ QStringList unchanged(const QStringList &listed)
 //! \return what the user should know
 QString save(RecentFileStore &store, const QStringList &paths)
 {
-    return store.update({}, replacing(paths)).problem;
+    return store.update({}, replacing(paths)).outcome.reason();
 }
 
 } // namespace
@@ -137,15 +137,15 @@ private slots:
         QFETCH(QByteArray, content);
         const ListFile list;
         RecentFileStore store(list.path);
-        RecentFileStore::Kept loaded = store.load();
+        RecentFileStore::Stored loaded = store.load();
         QCOMPARE(loaded.paths, QStringList()); // there is no file yet, which is nothing to speak of
-        QCOMPARE(loaded.problem, QString());
+        QCOMPARE(loaded.outcome.reason(), QString());
         QCOMPARE(save(store, paths), QString());
         loaded = RecentFileStore(list.path).load();
         QCOMPARE(loaded.paths, paths);
-        QCOMPARE(loaded.problem, QString());
+        QCOMPARE(loaded.outcome.reason(), QString());
         QVERIFY(content.isNull() || contentOf(list.path) == content);
-        QCOMPARE(store.update(paths, replacing({})).problem, QString());
+        QCOMPARE(store.update(paths, replacing({})).outcome.reason(), QString());
         QCOMPARE(contentOf(list.path), listHeader);
     }
 
@@ -187,10 +187,10 @@ private slots:
         const QString aside = list.path + ".damaged";
         writeFile(list.path, damaged);
         RecentFileStore store(list.path);
-        const RecentFileStore::Kept loaded = store.load();
+        const RecentFileStore::Stored loaded = store.load();
         QCOMPARE(loaded.paths, QStringList());
-        QVERIFY2(loaded.problem.contains(list.path) && loaded.problem.contains(aside),
-                 qPrintable(loaded.problem));
+        QVERIFY2(loaded.outcome.reason().contains(list.path) && loaded.outcome.reason().contains(aside),
+                 qPrintable(loaded.outcome.reason()));
         QCOMPARE(contentOf(aside), damaged);
         QVERIFY(!QFile::exists(list.path));
         QCOMPARE(save(store, {"/new.dwg"}), QString());
@@ -215,10 +215,10 @@ private slots:
         RecentFileStore store(list.path);
         const Alarm alarm;
         QVERIFY(QDir().mkpath(list.path));
-        QVERIFY(!store.load().problem.isEmpty());
+        QVERIFY(!store.load().outcome.reason().isEmpty());
         QVERIFY(QFileInfo(list.path + ".damaged").isDir());
         QCOMPARE(mkfifo(QFile::encodeName(list.path).constData(), S_IRUSR | S_IWUSR), 0);
-        QVERIFY(!store.load().problem.isEmpty());
+        QVERIFY(!store.load().outcome.reason().isEmpty());
         QCOMPARE(save(store, {"/new.dwg"}), QString());
         QCOMPARE(list.listed(), QStringList("/new.dwg"));
     }
@@ -228,22 +228,22 @@ private slots:
         const ListFile list;
         writeFile(list.path, listHeader + "/former.dwg\n");
         RecentFileStore store(list.path);
-        RecentFileStore::Kept kept;
-        RecentFileStore::Kept loaded;
+        RecentFileStore::Stored kept;
+        RecentFileStore::Stored loaded;
         {
             const NoMoreFiles shortage;
             kept = store.update({"/known.dwg"}, adding("/new.dwg"));
             loaded = RecentFileStore(list.path).load();
         }
-        QVERIFY2(kept.problem.contains(list.path), qPrintable(kept.problem));
+        QVERIFY2(kept.outcome.reason().contains(list.path), qPrintable(kept.outcome.reason()));
         QCOMPARE(kept.paths, QStringList({"/new.dwg", "/known.dwg"}));
-        QVERIFY2(loaded.problem.contains(list.path), qPrintable(loaded.problem));
+        QVERIFY2(loaded.outcome.reason().contains(list.path), qPrintable(loaded.outcome.reason()));
         QCOMPARE(loaded.paths, QStringList());
         QCOMPARE(list.files(), QStringList("recent.txt"));
         QVERIFY(!store.isAllWritten());
         // What was new then is new still.
         kept = store.update(kept.paths, adding("/newer.dwg"));
-        QCOMPARE(kept.problem, QString());
+        QCOMPARE(kept.outcome.reason(), QString());
         QCOMPARE(list.listed(), QStringList({"/newer.dwg", "/new.dwg", "/former.dwg"}));
         QVERIFY(store.isAllWritten());
     }
@@ -275,7 +275,7 @@ private slots:
         const ListFile list(longestName);
         writeFile(list.path, "damaged");
         RecentFileStore store(list.path);
-        const QString problem = store.load().problem;
+        const QString problem = store.load().outcome.reason();
         QVERIFY2(problem.contains(list.path), qPrintable(problem));
         QCOMPARE(save(store, {"/new.dwg"}), QString()); // it has been said already
         QCOMPARE(contentOf(list.path), QByteArray("damaged"));
@@ -314,10 +314,10 @@ private slots:
             writeFile(list.path, "damaged");
         else
             QVERIFY(QFile::remove(list.path));
-        const RecentFileStore::Kept kept = store.update({"/a"}, adding("/b"));
+        const RecentFileStore::Stored kept = store.update({"/a"}, adding("/b"));
         QCOMPARE(kept.paths, QStringList({"/b", "/a"}));
-        QCOMPARE(kept.problem.contains(list.path + ".damaged"), isDamaged);
-        QCOMPARE(kept.problem.isEmpty(), !isDamaged);
+        QCOMPARE(kept.outcome.reason().contains(list.path + ".damaged"), isDamaged);
+        QCOMPARE(kept.outcome.reason().isEmpty(), !isDamaged);
         QCOMPARE(list.listed(), QStringList({"/b", "/a"}));
     }
 
@@ -327,11 +327,11 @@ private slots:
         RecentFileStore store(list.path);
         store.update({}, adding("/a"));
         {
-            const FileLock theirs(list.lockFile(), 0);
+            const FileLock theirs(list.lockFile(), {});
             QVERIFY(theirs.isHeld());
-            const RecentFileStore::Kept kept = store.update({"/a"}, adding("/b"));
+            const RecentFileStore::Stored kept = store.update({"/a"}, adding("/b"));
             QCOMPARE(kept.paths, QStringList({"/b", "/a"}));
-            QVERIFY2(kept.problem.contains(list.path), qPrintable(kept.problem));
+            QVERIFY2(kept.outcome.reason().contains(list.path), qPrintable(kept.outcome.reason()));
         }
         QCOMPARE(list.listed(), QStringList("/a"));
         RecentFileStore(list.path).update({"/a"}, adding("/c"));
@@ -348,7 +348,7 @@ private slots:
         RecentFileStore store(list.path);
         save(store, {"/a", "/b", "/c"});
         {
-            const FileLock theirs(list.lockFile(), 0);
+            const FileLock theirs(list.lockFile(), {});
             QCOMPARE(store.update({"/a", "/b", "/c"}, adding("/mine", 3)).paths,
                      QStringList({"/mine", "/a", "/b"}));
         }
@@ -362,7 +362,7 @@ private slots:
         const ListFile list;
         RecentFileStore store(list.path);
         {
-            const FileLock theirs(list.lockFile(), 0);
+            const FileLock theirs(list.lockFile(), {});
             store.update({"/a"}, adding("/b"));
         }
         RecentFileStore(list.path).update({"/a"}, adding("/b"));
@@ -374,11 +374,11 @@ private slots:
     {
         const ListFile list("away/recent.txt");
         RecentFileStore store(list.path);
-        const QString problem = store.update({}, adding("/a")).problem;
+        const QString problem = store.update({}, adding("/a")).outcome.reason();
         QVERIFY2(problem.contains(list.path), qPrintable(problem));
         QVERIFY(QDir().mkpath(list.beside("away")));
         RecentFileStore(list.path).update({}, adding("/c"));
-        QCOMPARE(store.update({"/a"}, adding("/b")).problem, QString());
+        QCOMPARE(store.update({"/a"}, adding("/b")).outcome.reason(), QString());
         QCOMPARE(list.listed(), QStringList({"/b", "/a", "/c"}));
         // And from then on the file is believed again.
         RecentFileStore(list.path).update({}, replacing({}));
@@ -398,7 +398,7 @@ private slots:
         };
         const ino_t before = inode();
         QVERIFY(before != 0);
-        QCOMPARE(store.update({"/a"}, unchanged).problem, QString());
+        QCOMPARE(store.update({"/a"}, unchanged).outcome.reason(), QString());
         QCOMPARE(inode(), before);
         store.update({"/a"}, adding("/b"));
         QVERIFY(inode() != before); // what is written is another file
@@ -413,7 +413,7 @@ private slots:
         for (const QString &name : all)
             writeFile(list.beside(name), "half a li");
         {
-            const FileLock theirs(list.lockFile(), 0); // and may be writing
+            const FileLock theirs(list.lockFile(), {}); // and may be writing
             list.listed();
             QCOMPARE(list.files().size(), kept.size() + 2);
         }
@@ -424,18 +424,18 @@ private slots:
     void aLockIsForOneAtATime()
     {
         const ListFile list;
-        auto first = std::make_unique<FileLock>(list.lockFile(), 0);
+        auto first = std::make_unique<FileLock>(list.lockFile(), std::chrono::milliseconds(0));
         QVERIFY(first->isHeld() && !first->isBusy());
-        const FileLock second(list.lockFile(), 10);
+        const FileLock second(list.lockFile(), std::chrono::milliseconds(10));
         QVERIFY(!second.isHeld() && second.isBusy());
         first.reset();
-        QVERIFY(FileLock(list.lockFile(), 0).isHeld());
+        QVERIFY(FileLock(list.lockFile(), {}).isHeld());
     }
 
     void whereNoLockCanBeHadNobodyIsBusy()
     {
         const ListFile list;
-        const FileLock nowhere(list.beside("no such folder/lock"), 10);
+        const FileLock nowhere(list.beside("no such folder/lock"), std::chrono::milliseconds(10));
         QVERIFY(!nowhere.isHeld() && !nowhere.isBusy());
         RecentFileStore store(list.path);
         QVERIFY(QDir().mkpath(list.lockFile())); // a folder, which cannot be opened for writing

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/runtime/FxHostApi.h"
-
 #include <CFxCommandContext.h>
 
 namespace fxhost {
 
-//! What a command is given while it runs, and where its result ends up. GUI thread.
-class FXHOST_API CommandContext : public CFxCommandContext
+//! What a command gets while it runs; holds its result. GUI thread.
+class FXSDK_API CommandContext : public CFxCommandContext
 {
 public:
     explicit CommandContext(const CFxString &argument);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/runtime/preview/DrawingHeader.h"
+#include "host/runtime/preview/DrawingFile.h"
 
 #include "host/runtime/preview/PreviewReader.h"
 #include "tests/support/PreviewBytes.h"
@@ -12,8 +12,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-using fxhost::DrawingError;
-using fxhost::DrawingHeader;
+using fxhost::DrawingFile;
 using namespace testbytes;
 
 namespace {
@@ -41,7 +40,7 @@ private:
 
 } // namespace
 
-class tst_DrawingHeader : public TestCase
+class tst_DrawingFile : public TestCase
 {
     Q_OBJECT
 
@@ -60,10 +59,10 @@ private slots:
         QFETCH(QByteArray, version);
         for (const QByteArray &rest :
              {QByteArray(), QByteArray(200, '\0'), QByteArray(" and a shopping list")}) {
-            const DrawingHeader header = read(version + rest);
-            QCOMPARE(header.error, DrawingError::None);
-            QCOMPARE(header.version, version);
-            QCOMPARE(header.reason, QString());
+            const DrawingFile drawing = read(version + rest);
+            QVERIFY(drawing.outcome);
+            QCOMPARE(drawing.version, version);
+            QCOMPARE(drawing.size, version.size() + rest.size());
         }
     }
 
@@ -104,10 +103,10 @@ private slots:
     void anythingElseIsNoDrawing()
     {
         QFETCH(QByteArray, bytes);
-        const DrawingHeader header = read(bytes);
-        QCOMPARE(header.error, DrawingError::NotADrawing);
-        QCOMPARE(header.version, QByteArray());
-        QCOMPARE(header.reason, QString("The file is not a drawing."));
+        const DrawingFile drawing = read(bytes);
+        QVERIFY(!drawing.outcome);
+        QCOMPARE(drawing.version, QByteArray());
+        QCOMPARE(drawing.outcome.reason(), QString("The file is not a drawing."));
     }
 
     void aSpecialFileIsToldByItsKind_data() { addSpecialFileRows(); }
@@ -116,8 +115,8 @@ private slots:
         QFETCH(SpecialFile, kind);
         const SpecialFiles files;
         const Alarm alarm;
-        const DrawingHeader header = fxhost::readDrawingHeader(files.path(kind));
-        QVERIFY(header.version.isEmpty());
+        const DrawingFile drawing = fxhost::readDrawing(files.path(kind));
+        QVERIFY(!drawing.outcome && drawing.version.isEmpty());
         QVERIFY(fxhost::readPreview(files.path(kind)).isNull());
         switch (kind) {
         case SpecialFile::Nothing:
@@ -125,20 +124,18 @@ private slots:
         case SpecialFile::PathWithNull:
         case SpecialFile::BelowAFile:
         case SpecialFile::LinkToNothing:
-            QCOMPARE(header.error, DrawingError::Missing);
-            QCOMPARE(header.reason, QString("The file does not exist."));
+            QCOMPARE(drawing.outcome.reason(), QString("The file does not exist."));
             break;
         case SpecialFile::LinkToItself:
-            QCOMPARE(header.error, DrawingError::Unreadable);
-            QCOMPARE(header.reason, QString("The file cannot be read: %1.").arg(qt_error_string(ELOOP)));
+            QCOMPARE(drawing.outcome.reason(),
+                     QString("The file cannot be read: %1.").arg(qt_error_string(ELOOP)));
             break;
         case SpecialFile::Directory:
         case SpecialFile::Fifo:
         case SpecialFile::Socket:
         case SpecialFile::EndlessDevice:
         case SpecialFile::SilentDevice:
-            QCOMPARE(header.error, DrawingError::NotAFile);
-            QCOMPARE(header.reason, QString("This is not a regular file."));
+            QCOMPARE(drawing.outcome.reason(), QString("This is not a regular file."));
         }
     }
 
@@ -147,10 +144,9 @@ private slots:
         const QString path = writeFile(m_dir.filePath("secret.dwg"), "AC1032");
         QVERIFY(::chmod(QFile::encodeName(path).constData(), 0) == 0);
         const NobodyInParticular user;
-        const DrawingHeader header = fxhost::readDrawingHeader(path);
+        const DrawingFile drawing = fxhost::readDrawing(path);
         QVERIFY(fxhost::readPreview(path).isNull());
-        QCOMPARE(header.error, DrawingError::Unreadable);
-        QVERIFY(header.reason.contains(qt_error_string(EACCES)));
+        QVERIFY(drawing.outcome.reason().contains(qt_error_string(EACCES)));
     }
 
     void aFormatIsNamedByItsYearWhereItHasOne()
@@ -162,13 +158,13 @@ private slots:
     }
 
 private:
-    DrawingHeader read(const QByteArray &bytes) const
+    DrawingFile read(const QByteArray &bytes) const
     {
-        return fxhost::readDrawingHeader(writeFile(m_dir.filePath("drawing.dwg"), bytes));
+        return fxhost::readDrawing(writeFile(m_dir.filePath("drawing.dwg"), bytes));
     }
 
     QTemporaryDir m_dir;
 };
 
-CORE_TEST_CLASS(tst_DrawingHeader);
-#include "tst_drawingheader.moc"
+CORE_TEST_CLASS(tst_DrawingFile);
+#include "tst_drawingfile.moc"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "host/runtime/preview/DrawingHeader.h"
+#include "host/runtime/preview/DrawingFile.h"
 
+#include "host/runtime/preview/PreviewReader.h"
+#include "host/runtime/preview/PreviewSection.h"
 #include "host/runtime/preview/RegularFile.h"
 
 #include <QCoreApplication>
@@ -19,10 +21,10 @@ constexpr int longestVersion = 6; // bytes
 //! The versions before the numbering with four digits began.
 constexpr std::array<const char *, 4> earliestVersions = {"AC1.2", "AC1.40", "AC1.50", "AC2.10"};
 
-QString text(const char *source)
+struct Texts
 {
-    return QCoreApplication::translate("fxhost::DrawingHeader", source);
-}
+    Q_DECLARE_TR_FUNCTIONS(fxhost::DrawingFile)
+};
 
 //! AC1001 to AC1009 and AC1012 to AC1032. The numbers between those that were released stand for their
 //! forerunners, which were given away as well.
@@ -47,53 +49,52 @@ QByteArray versionAt(const QByteArray &start)
     return isNumberedVersion(start) ? start.left(longestVersion) : QByteArray();
 }
 
-DrawingHeader failure(DrawingError error, const QString &reason)
-{
-    return {{}, error, reason};
-}
-
-DrawingHeader unreadable(int errorNumber)
+Outcome unreadable(int errorNumber)
 {
     const std::string cause = std::generic_category().message(errorNumber);
-    return failure(DrawingError::Unreadable,
-                   text(QT_TRANSLATE_NOOP("fxhost::DrawingHeader", "The file cannot be read: %1."))
-                       .arg(QString::fromLocal8Bit(cause.c_str())));
+    return Outcome::failed(
+        Texts::tr("The file cannot be read: %1.").arg(QString::fromLocal8Bit(cause.c_str())));
 }
 
-DrawingHeader couldNotOpen(int errorNumber)
+Outcome couldNotOpen(int errorNumber)
 {
     switch (errorNumber) {
     case ENOENT:
     case ENOTDIR: // something on the way is a file, so there can be nothing below it
-        return failure(DrawingError::Missing,
-                       text(QT_TRANSLATE_NOOP("fxhost::DrawingHeader", "The file does not exist.")));
+        return Outcome::failed(Texts::tr("The file does not exist."));
     case ENXIO:
-        return failure(DrawingError::NotAFile,
-                       text(QT_TRANSLATE_NOOP("fxhost::DrawingHeader", "This is not a regular file.")));
+        return Outcome::failed(Texts::tr("This is not a regular file."));
     default:
         return unreadable(errorNumber);
     }
 }
 
-} // namespace
-
-DrawingHeader readDrawingHeader(const QString &path)
+Outcome readVersion(const RegularFile &file, QByteArray &version)
 {
-    const RegularFile file(path);
     if (!file.isOpen())
         return couldNotOpen(file.openError());
-
     std::array<char, longestVersion> start = {};
     const qint64 count = file.read(0, start.data(), longestVersion);
     if (count < 0)
         return unreadable(errno);
+    version = versionAt(QByteArray(start.data(), static_cast<int>(count)));
+    return version.isEmpty() ? Outcome::failed(Texts::tr("The file is not a drawing.")) : Outcome();
+}
 
-    const QByteArray version = versionAt(QByteArray(start.data(), static_cast<int>(count)));
-    if (version.isEmpty()) {
-        return failure(DrawingError::NotADrawing,
-                       text(QT_TRANSLATE_NOOP("fxhost::DrawingHeader", "The file is not a drawing.")));
+} // namespace
+
+DrawingFile readDrawing(const QString &path)
+{
+    const RegularFile file(path);
+    DrawingFile drawing;
+    drawing.outcome = readVersion(file, drawing.version);
+    if (drawing.outcome) {
+        drawing.size = file.size();
+        drawing.modified = file.modified();
+        drawing.preview = readPreview(file);
+        drawing.isPreviewAlone = holdsPreviewAlone(file);
     }
-    return {version, DrawingError::None, {}};
+    return drawing;
 }
 
 QString drawingFormatName(const QByteArray &version)
@@ -113,9 +114,7 @@ QString drawingFormatName(const QByteArray &version)
     const QString name = QString::fromLatin1(version);
     for (const FormatYear &format : years) {
         if (version == format.version) {
-            return text(QT_TRANSLATE_NOOP("fxhost::DrawingHeader", "%1 (%2 format)"))
-                .arg(name)
-                .arg(format.year);
+            return Texts::tr("%1 (%2 format)").arg(name).arg(format.year);
         }
     }
     return name;

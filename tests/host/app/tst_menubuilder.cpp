@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "host/app/MenuBuilder.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/customization/Customization.h"
-#include "host/runtime/customization/MenuBuilder.h"
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/recent/RecentFiles.h"
@@ -49,9 +49,9 @@ class Window : public RunningHost
 public:
     Window()
     {
-        const QString problem = host.customization().load(menuData);
-        if (!problem.isEmpty())
-            qFatal("the test's data are damaged: %s", qPrintable(problem));
+        const fxhost::Outcome loaded = host.customization().load(menuData);
+        if (!loaded)
+            qFatal("the test's data are damaged: %s", qPrintable(loaded.reason()));
         builder.setGroup(host.customization().primaryGroup());
     }
 

@@ -1,27 +1,26 @@
 // SPDX-License-Identifier: MIT
 #include <CFxDialog.h>
 
-#include "host/runtime/FxHost.h"
-#include "host/runtime/editor/Editor.h"
-
-#include <CFxEditorReactor.h>
+#include "host/runtime/interface/InterfaceHost.h"
 
 #include <QHideEvent>
 #include <QShowEvent>
 
 #include <exception>
 
+using fxhost::InterfaceHost;
+
 namespace {
 
-void tellReactors(void (CFxEditorReactor::*event)())
+void setModalState(bool isModal)
 {
-    if (fxhost::FxHost *host = fxhost::FxHost::instance())
-        host->editor().reactors().notify(event);
+    if (InterfaceHost *host = InterfaceHost::installed())
+        host->setModalState(isModal);
 }
 
 void showFailure(const QString &text)
 {
-    if (fxhost::FxHost *host = fxhost::FxHost::instance())
+    if (InterfaceHost *host = InterfaceHost::installed())
         host->showMessage(text);
 }
 
@@ -87,7 +86,7 @@ void CFxDialog::showEvent(QShowEvent *event)
         }
         if (isModal() && !m_inModalState) {
             m_inModalState = true;
-            tellReactors(&CFxEditorReactor::beginModalState);
+            setModalState(true);
         }
     }
     QDialog::showEvent(event);
@@ -105,5 +104,5 @@ void CFxDialog::leaveModalState()
     if (!m_inModalState)
         return;
     m_inModalState = false;
-    tellReactors(&CFxEditorReactor::endModalState);
+    setModalState(false);
 }

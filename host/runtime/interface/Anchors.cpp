@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What the published interface declares and nobody else defines. These definitions pin each class's virtual
-// table and type information to this library, so that host and modules agree on what a dynamic_cast means.
+// What the programming interface declares and no other file defines. These definitions tie each class's
+// virtual table and type information to this library, so that host and modules agree on what a dynamic_cast
+// means.
 #include <CFxCommandContext.h>
 #include <CFxDocument.h>
 #include <CFxDocumentManager.h>

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "host/app/CommandLineOptions.h"
+#include "host/app/ProgramOptions.h"
 #include "host/app/StartArguments.h"
 #include "host/runtime/Paths.h"
 #include "tests/support/TestCase.h"
 
-using fxhost::CommandLineResult;
-using fxhost::readCommandLine;
-using Wish = CommandLineResult::Wish;
+using fxhost::ProgramStart;
+using fxhost::readProgramOptions;
+using Wish = ProgramStart::Wish;
 
 //! What the program's arguments mean, and which of them it refuses.
-class tst_CommandLineOptions : public TestCase
+class tst_ProgramOptions : public TestCase
 {
     Q_OBJECT
 
@@ -55,7 +55,7 @@ private slots:
     void argumentsReachTheirPlace()
     {
         QFETCH(QStringList, arguments);
-        const CommandLineResult result = read(arguments);
+        const ProgramStart result = read(arguments);
         QCOMPARE(result.wish, Wish::Start);
         QTEST(described(result.options), "options");
     }
@@ -108,11 +108,11 @@ private slots:
         row("two logs", {"--log", "a", "--log", "b"}, "--log is given more than once");
         row("a module and none", {"--module", "a", "--no-module"}, "exclude each other");
         row("a value where none belongs", {"--no-module=yes"}, "no-module");
-        row("words for a geometry", {"--geometry", "large"}, "\"large\" is no geometry");
-        row("half a geometry", {"--geometry", "800x600+10"}, "is no geometry");
-        row("a negative size", {"--geometry", "-800x600"}, "is no geometry");
-        row("a size past any screen", {"--geometry", "999999x600"}, "is no geometry");
-        row("something behind a geometry", {"--geometry", "800x600+1+1\n"}, "is no geometry");
+        row("words for a geometry", {"--geometry", "large"}, "\"large\" is not a geometry");
+        row("half a geometry", {"--geometry", "800x600+10"}, "is not a geometry");
+        row("a negative size", {"--geometry", "-800x600"}, "is not a geometry");
+        row("a size past any screen", {"--geometry", "999999x600"}, "is not a geometry");
+        row("something behind a geometry", {"--geometry", "800x600+1+1\n"}, "is not a geometry");
         row("too narrow", {"--geometry", "399x300"}, "smaller than 400x300");
         row("too low", {"--geometry", "400x299"}, "smaller than 400x300");
     }
@@ -121,7 +121,7 @@ private slots:
     {
         QFETCH(QStringList, arguments);
         QFETCH(QString, reason);
-        const CommandLineResult result = read(arguments);
+        const ProgramStart result = read(arguments);
         QCOMPARE(result.wish, Wish::Refuse);
         QVERIFY2(result.text.startsWith(QStringLiteral("fxhost: ")), qPrintable(result.text));
         QVERIFY2(result.text.contains(reason), qPrintable(result.text));
@@ -129,7 +129,7 @@ private slots:
 
     void helpNamesEveryOption()
     {
-        const CommandLineResult result = read({"--help"});
+        const ProgramStart result = read({"--help"});
         QCOMPARE(result.wish, Wish::PrintAndEnd);
         for (const char *option : {"--module", "--no-module", "--profile", "--script", "--log",
                                    "--no-document", "--geometry", "--help", "--version", "drawing"})
@@ -139,18 +139,18 @@ private slots:
 
     void versionIsTheProgramsOwn()
     {
-        const CommandLineResult result = read({"--version"});
+        const ProgramStart result = read({"--version"});
         QCOMPARE(result.wish, Wish::PrintAndEnd);
         QCOMPARE(result.text, QStringLiteral("fxhost 7.8.9"));
     }
 
 private:
-    static CommandLineResult read(const QStringList &arguments)
+    static ProgramStart read(const QStringList &arguments)
     {
-        return readCommandLine(QStringList("fxhost") + arguments);
+        return readProgramOptions(QStringList("fxhost") + arguments);
     }
 
-    static QStringList described(const fxhost::CommandLineOptions &options)
+    static QStringList described(const fxhost::ProgramOptions &options)
     {
         QStringList words;
         if (options.modules && options.modules->isEmpty())
@@ -174,6 +174,6 @@ private:
     }
 };
 
-CORE_TEST_CLASS(tst_CommandLineOptions);
+CORE_TEST_CLASS(tst_ProgramOptions);
 
-#include "tst_commandlineoptions.moc"
+#include "tst_programoptions.moc"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/runtime/commands/CommandContext.h"
+#include "host/runtime/interface/CommandContext.h"
 
 #include <CFxCommand.h>
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "host/runtime/preview/PreviewReader.h"
-
 #include <CFxPreviewBitmap.h>
+
+#include "host/runtime/interface/InterfaceHost.h"
+
+#include <QImage>
 
 namespace {
 
@@ -10,7 +12,8 @@ class PreviewBitmap : public CFxPreviewBitmap
 public:
     bool Load(const CFxString &path) override
     {
-        m_image = fxhost::readPreview(path);
+        const fxhost::InterfaceHost *host = fxhost::InterfaceHost::installed();
+        m_image = host ? host->readPreview(path) : QImage();
         return IsValid();
     }
 

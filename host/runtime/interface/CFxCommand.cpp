@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <CFxCommand.h>
 
-#include "host/runtime/FxHost.h"
-#include "host/runtime/commands/CommandContext.h"
+#include "host/runtime/interface/CommandContext.h"
+#include "host/runtime/interface/InterfaceHost.h"
 
 CFxCommand::~CFxCommand() = default;
 
@@ -27,7 +27,7 @@ std::uint32_t CFxCommand::flags() const
 
 void CFxCommand::Help()
 {
-    if (fxhost::FxHost *host = fxhost::FxHost::instance())
+    if (fxhost::InterfaceHost *host = fxhost::InterfaceHost::installed())
         host->requestHelp(GetHelpId());
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "host/app/CommandLineOptions.h"
+#include "host/app/ProgramOptions.h"
 
+#include "host/runtime/Outcome.h"
 #include "host/runtime/Paths.h"
 
 #include <QCommandLineParser>
@@ -12,24 +13,28 @@ namespace fxhost {
 
 namespace {
 
-CommandLineResult refuse(const QString &reason)
+struct Texts
 {
-    CommandLineResult result;
-    result.text =
-        QStringLiteral("%1: %2\nTry \"%1 --help\".").arg(QCoreApplication::applicationName(), reason);
+    Q_DECLARE_TR_FUNCTIONS(fxhost::ProgramOptions)
+};
+
+ProgramStart refuse(const QString &reason)
+{
+    ProgramStart result;
+    result.text = Texts::tr("%1: %2\nTry \"%1 --help\".").arg(QCoreApplication::applicationName(), reason);
     return result;
 }
 
-CommandLineResult print(const QString &text)
+ProgramStart print(const QString &text)
 {
-    CommandLineResult result;
-    result.wish = CommandLineResult::Wish::PrintAndEnd;
+    ProgramStart result;
+    result.wish = ProgramStart::Wish::PrintAndEnd;
     result.text = text;
     return result;
 }
 
-//! Reads WxH or WxH+X+Y into the options. \return why it cannot be used, else the empty string
-QString readGeometry(const QString &text, CommandLineOptions &options)
+//! Reads WxH or WxH+X+Y into the options.
+Outcome readGeometry(const QString &text, ProgramOptions &options)
 {
     // Five digits are more than any screen has, and keep the numbers far from an int's end. A second monitor
     // to the left or above has negative positions, written "+-10".
@@ -37,14 +42,14 @@ QString readGeometry(const QString &text, CommandLineOptions &options)
         QStringLiteral("(\\d{1,5})x(\\d{1,5})(?:\\+(-?\\d{1,5})\\+(-?\\d{1,5}))?")));
     const QRegularExpressionMatch match = pattern.match(text);
     if (!match.hasMatch())
-        return QStringLiteral("\"%1\" is no geometry; it is written WxH or WxH+X+Y").arg(text);
+        return Outcome::failed(Texts::tr("\"%1\" is not a geometry; it is written WxH or WxH+X+Y").arg(text));
 
     const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
     if (size.width() < smallestMainWindow.width() || size.height() < smallestMainWindow.height())
-        return QStringLiteral("the geometry \"%1\" is smaller than %2x%3")
-            .arg(text)
-            .arg(smallestMainWindow.width())
-            .arg(smallestMainWindow.height());
+        return Outcome::failed(Texts::tr("the geometry \"%1\" is smaller than %2x%3")
+                                   .arg(text)
+                                   .arg(smallestMainWindow.width())
+                                   .arg(smallestMainWindow.height()));
 
     options.windowSize = size;
     if (!match.captured(3).isEmpty())
@@ -65,37 +70,37 @@ QString pathGiven(const QString &drawing)
 
 } // namespace
 
-CommandLineResult readCommandLine(const QStringList &arguments)
+ProgramStart readProgramOptions(const QStringList &arguments)
 {
     // Not the parser's own, which lists a --help-all that is for Qt to answer.
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
-                                  QStringLiteral("Print this help."));
+                                  Texts::tr("Print this help."));
     const QCommandLineOption module(QStringLiteral("module"),
-                                    QStringLiteral("Load the module at <path>; may be given more than once. "
-                                                   "Without it the one beside the program is loaded."),
+                                    Texts::tr("Load the module at <path>; may be given more than once. "
+                                              "Without it the one beside the program is loaded."),
                                     QStringLiteral("path"));
-    const QCommandLineOption noModule(QStringLiteral("no-module"), QStringLiteral("Load no module."));
+    const QCommandLineOption noModule(QStringLiteral("no-module"), Texts::tr("Load no module."));
     const QCommandLineOption profile(QStringLiteral("profile"),
-                                     QStringLiteral("Keep settings and the recent-file list in <dir>."),
+                                     Texts::tr("Keep settings and the recent-file list in <dir>."),
                                      QStringLiteral("dir"));
     const QCommandLineOption script(QStringLiteral("script"),
-                                    QStringLiteral("Run the commands in <file>, a line each."),
+                                    Texts::tr("Run the commands in <file>, a line each."),
                                     QStringLiteral("file"));
     const QCommandLineOption log(QStringLiteral("log"),
-                                 QStringLiteral("Write what the program is asked to do to <file>."),
+                                 Texts::tr("Write what the program is asked to do to <file>."),
                                  QStringLiteral("file"));
     const QCommandLineOption noDocument(QStringLiteral("no-document"),
-                                        QStringLiteral("Start without a new drawing."));
+                                        Texts::tr("Start without a new drawing."));
     const QCommandLineOption geometry(QStringLiteral("geometry"),
-                                      QStringLiteral("Size and place of the main window, in pixels."),
+                                      Texts::tr("Size and place of the main window, in pixels."),
                                       QStringLiteral("WxH+X+Y"));
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Shows the pictures stored in DWG drawings, and hosts plug-in modules."));
+        Texts::tr("Shows the pictures stored in DWG drawings, and hosts plug-in modules."));
     const QCommandLineOption version = parser.addVersionOption();
     parser.addOptions({help, module, noModule, profile, script, log, noDocument, geometry});
-    parser.addPositionalArgument(QStringLiteral("drawing"), QStringLiteral("Drawings to open."),
+    parser.addPositionalArgument(QStringLiteral("drawing"), Texts::tr("Drawings to open."),
                                  QStringLiteral("[drawing...]"));
 
     if (!parser.parse(arguments))
@@ -110,22 +115,22 @@ CommandLineResult readCommandLine(const QStringList &arguments)
     // a test's settings into the user's own profile.
     for (const QCommandLineOption &option : {module, profile, script, log, geometry}) {
         if (parser.values(option).contains(QString()))
-            return refuse(QStringLiteral("--%1 needs a value").arg(option.names().constFirst()));
+            return refuse(Texts::tr("--%1 needs a value").arg(option.names().constFirst()));
     }
     for (const QCommandLineOption &option : {profile, script, log, geometry}) {
         if (parser.values(option).size() > 1)
-            return refuse(QStringLiteral("--%1 is given more than once").arg(option.names().constFirst()));
+            return refuse(Texts::tr("--%1 is given more than once").arg(option.names().constFirst()));
     }
     if (parser.isSet(module) && parser.isSet(noModule))
-        return refuse(QStringLiteral("--module and --no-module exclude each other"));
+        return refuse(Texts::tr("--module and --no-module exclude each other"));
     if (parser.positionalArguments().contains(QString()))
-        return refuse(QStringLiteral("a drawing needs a name"));
+        return refuse(Texts::tr("a drawing needs a name"));
 
-    CommandLineResult result;
+    ProgramStart result;
     if (parser.isSet(geometry)) {
-        const QString problem = readGeometry(parser.value(geometry), result.options);
-        if (!problem.isEmpty())
-            return refuse(problem);
+        const Outcome read = readGeometry(parser.value(geometry), result.options);
+        if (!read)
+            return refuse(read.reason());
     }
     if (parser.isSet(module) || parser.isSet(noModule))
         result.options.modules = parser.values(module);
@@ -136,7 +141,7 @@ CommandLineResult readCommandLine(const QStringList &arguments)
     const QStringList drawings = parser.positionalArguments();
     for (const QString &drawing : drawings)
         result.options.drawings << pathGiven(drawing);
-    result.wish = CommandLineResult::Wish::Start;
+    result.wish = ProgramStart::Wish::Start;
     return result;
 }
 

@@ -12,7 +12,7 @@ namespace fxhost {
 constexpr QSize smallestMainWindow(400, 300);
 
 //! How the program is to be started. A value type.
-struct CommandLineOptions
+struct ProgramOptions
 {
     //! Libraries to load, in this order; unset: the one that stands beside the program.
     std::optional<QStringList> modules;
@@ -33,7 +33,7 @@ struct CommandLineOptions
 };
 
 //! What became of reading a command line.
-struct CommandLineResult
+struct ProgramStart
 {
     enum class Wish {
         Start,       //!< start with the options
@@ -46,12 +46,12 @@ struct CommandLineResult
 
     Wish wish = Wish::Refuse;
     QString text;
-    CommandLineOptions options;
+    ProgramOptions options;
 };
 
 //! Reads a command line and checks what can be checked without touching the file system. Needs an application
 //! object, whose name and version appear in the texts.
 //! \param arguments the program's name first
-CommandLineResult readCommandLine(const QStringList &arguments);
+ProgramStart readProgramOptions(const QStringList &arguments);
 
 } // namespace fxhost

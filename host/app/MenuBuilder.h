@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/runtime/FxHostApi.h"
-
 #include <QList>
 #include <QObject>
 
@@ -19,9 +17,9 @@ namespace fxhost {
 class FxHost;
 
 //! Keeps a menu bar in step with a customisation group: menus, and the accelerators, which work while the bar
-//! is visible in the active window. What a person chooses is run as the definition's macro. Each menu and
+//! is visible in the active window. What the user chooses is run as the definition's macro. Each menu and
 //! action has its identifier as object name and its help string as status tip. GUI thread.
-class FXHOST_API MenuBuilder : public QObject
+class MenuBuilder : public QObject
 {
     Q_OBJECT
 public:

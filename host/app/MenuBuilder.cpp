@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/runtime/customization/MenuBuilder.h"
+#include "host/app/MenuBuilder.h"
 
 #include "host/runtime/FxHost.h"
 #include "host/runtime/commands/CommandRunner.h"

@@ -2,8 +2,8 @@
 #include "module/ModuleLifetime.h"
 
 #include "module/RecentDocumentBrowser.h"
-#include "state/BrowserLife.h"
 #include "state/ButtonIcons.h"
+#include "state/TileOwner.h"
 #include "ui/Accessibility.h"
 #include "ui/QBalloonTip.h"
 #include "ui/RecentDocMainWindow.h"
@@ -63,7 +63,7 @@ void keep(std::unique_ptr<OdRxObject> object)
 void end()
 {
     // The process ends, and the host is a static object: Qt's own ones, which widgets need, may be gone too.
-    if (!BrowserLife::registryExists())
+    if (!TileOwner::registryExists())
         return;
 
     // The registry points into what goes now. A host may create the module anew in the same process.

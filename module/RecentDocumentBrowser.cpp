@@ -6,7 +6,7 @@
 #include "module/MenuIntegration.h"
 #include "module/ModuleLifetime.h"
 #include "module/velaCommandHelp.h"
-#include "state/BrowserLife.h"
+#include "state/TileOwner.h"
 
 #include <QMenu>
 
@@ -27,7 +27,7 @@ namespace {
 //! Constructed after the containers, and so destroyed before them.
 const struct RegistryEnd
 {
-    ~RegistryEnd() { BrowserLife::registryGoes(); }
+    ~RegistryEnd() { TileOwner::registryDestroyed(); }
 } registryEnd;
 
 //! The one flag that the browser command carries. What the bit means is the host's.

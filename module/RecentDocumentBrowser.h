@@ -102,7 +102,7 @@ public:
     //! The pin buttons of the newest popup's tiles, in the order in which the tiles were made.
     static QList<FolderPinButton *> docPinButtonList;
     //! The menu that carries the entries, and the action that they stand in front of (null: the end). Whoever
-    //! handed them in owns them, and may delete them: BrowserLife knows.
+    //! handed them in owns them, and may delete them: TileOwner knows.
     static QMenu *recentDocMenu;
     static QAction *before;
 

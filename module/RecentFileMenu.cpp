@@ -3,7 +3,7 @@
 #include "module/ModuleLifetime.h"
 #include "module/RecentDocumentBrowser.h"
 #include "module/RecentFileAction.h"
-#include "state/BrowserLife.h"
+#include "state/TileOwner.h"
 
 #include <QDir>
 #include <QMenu>
@@ -28,5 +28,5 @@ void RecentDocumentBrowser::AddRecentFiles(QMenu *menu, QAction *successor)
     menu->insertSeparator(successor);
     before = successor;
     recentDocMenu = menu;
-    BrowserLife::watchMenu(menu, successor);
+    TileOwner::watchMenu(menu, successor);
 }

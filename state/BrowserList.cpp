@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "module/RecentDocumentBrowser.h"
-#include "state/BrowserLife.h"
 #include "state/FolderPinButton.h"
+#include "state/TileOwner.h"
 #include "ui/RecentDocDialog.h"
 
 #include <algorithm>
@@ -13,7 +13,7 @@ void RecentDocumentBrowser::CreateRecentDocList(QWidget *parent)
     const QList<FolderPinButton *> menuButtons = menuPinButtonList;
 
     recentDocDialogList.clear();
-    BrowserLife::setOwnerOfTiles(parent);
+    TileOwner::setOwnerOfTiles(parent);
     for (FolderPinButton *menuButton : menuButtons) {
         if (!menuButton)
             continue;
@@ -23,13 +23,13 @@ void RecentDocumentBrowser::CreateRecentDocList(QWidget *parent)
         QImage image = entry.value();
         auto *tile = new RecentDocDialog(parent, menuButton, entry.key(), image, false);
         recentDocDialogList.append(tile);
-        QObject::connect(tile, &QObject::destroyed, tile, &BrowserLife::tileGone);
+        QObject::connect(tile, &QObject::destroyed, tile, &TileOwner::tileDestroyed);
     }
 }
 
 RecentDocDialog *RecentDocumentBrowser::getHighlightedRecentDoc()
 {
-    const QList<RecentDocDialog *> tiles = BrowserLife::livingTiles();
+    const QList<RecentDocDialog *> tiles = TileOwner::livingTiles();
     const auto first = std::find_if(tiles.begin(), tiles.end(),
                                     [](const RecentDocDialog *tile) { return tile->isHighlighted(); });
     return first == tiles.end() ? nullptr : *first;
@@ -38,7 +38,7 @@ RecentDocDialog *RecentDocumentBrowser::getHighlightedRecentDoc()
 QList<RecentDocDialog *> RecentDocumentBrowser::getHighlightedRecentDocList()
 {
     QList<RecentDocDialog *> highlighted;
-    const QList<RecentDocDialog *> tiles = BrowserLife::livingTiles();
+    const QList<RecentDocDialog *> tiles = TileOwner::livingTiles();
     for (RecentDocDialog *tile : tiles) {
         if (tile->isHighlighted())
             highlighted.append(tile);

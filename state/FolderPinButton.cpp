@@ -3,7 +3,7 @@
 
 #include "module/HostAccess.h"
 #include "module/RecentDocumentBrowser.h"
-#include "state/BrowserLife.h"
+#include "state/TileOwner.h"
 #include "ui/QBalloonTip.h"
 #include "ui/RecentDocMainWindow.h"
 
@@ -150,7 +150,7 @@ void FolderPinButton::takeOverPinsOfTiles()
 {
     if (auto *popup = qobject_cast<RecentDocMainWindow *>(grandparent()))
         popup->haveTilesListed();
-    if (!BrowserLife::tilesExist())
+    if (!TileOwner::tilesExist())
         return;
     const QList<FolderPinButton *> menuButtons = RecentDocumentBrowser::menuPinButtonList;
     const QList<FolderPinButton *> tileButtons = RecentDocumentBrowser::docPinButtonList;

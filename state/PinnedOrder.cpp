@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "module/RecentDocumentBrowser.h"
 #include "module/RecentFileAction.h"
-#include "state/BrowserLife.h"
 #include "state/FolderPinButton.h"
+#include "state/TileOwner.h"
 
 #include <QMenu>
 
@@ -59,10 +59,10 @@ void RecentDocumentBrowser::UpdatePin(QString & /*unused*/)
         }
     }
 
-    QMenu *const menu = BrowserLife::livingMenu();
+    QMenu *const menu = TileOwner::livingMenu();
     if (!menu)
         return; // none yet, or its owner has deleted it
-    QAction *const successor = BrowserLife::livingSuccessor();
+    QAction *const successor = TileOwner::livingSuccessor();
     // Inserting an action that the menu holds already moves it.
     QAction *const behindPinned = others.isEmpty() ? successor : others.first();
     for (QAction *action : qAsConst(pinned))

@@ -3,7 +3,7 @@
 
 #include "module/HostAccess.h"
 #include "module/RecentDocumentBrowser.h"
-#include "state/BrowserLife.h"
+#include "state/TileOwner.h"
 #include "ui/Accessibility.h"
 
 #include <QKeyEvent>
@@ -82,7 +82,7 @@ void RecentDocDialog::keyPressEvent(QKeyEvent *event)
 
 void RecentDocDialog::selectMultiDocByShiftAndMouseCombination()
 {
-    const QList<RecentDocDialog *> tiles = BrowserLife::livingTiles();
+    const QList<RecentDocDialog *> tiles = TileOwner::livingTiles();
     bool runStarted = false;
     for (RecentDocDialog *tile : tiles) {
         if (tile->isHighlighted()) {

@@ -3,7 +3,7 @@
 
 #include "module/HostAccess.h"
 #include "module/RecentDocumentBrowser.h"
-#include "state/BrowserLife.h"
+#include "state/TileOwner.h"
 #include "ui/Accessibility.h"
 #include "ui/HelpLabel.h"
 #include "ui/HighlightEffect.h"
@@ -170,7 +170,7 @@ void RecentDocMainWindow::buildGrid()
 
 void RecentDocMainWindow::haveTilesListed()
 {
-    if (BrowserLife::listTilesOf(this))
+    if (TileOwner::listTilesOf(this))
         docPathLabel = main_label_path;
 }
 

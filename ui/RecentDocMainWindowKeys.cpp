@@ -3,7 +3,7 @@
 
 #include "module/HostAccess.h"
 #include "module/RecentDocumentBrowser.h"
-#include "state/BrowserLife.h"
+#include "state/TileOwner.h"
 #include "ui/Accessibility.h"
 #include "ui/RecentDocDialog.h"
 
@@ -126,12 +126,12 @@ void RecentDocMainWindow::keyPressEvent(QKeyEvent *event)
 
 void RecentDocMainWindow::gotoNextDialog()
 {
-    moveHighlight(BrowserLife::livingTiles());
+    moveHighlight(TileOwner::livingTiles());
 }
 
 void RecentDocMainWindow::gotoPreviousDialog()
 {
-    moveHighlight(reversed(BrowserLife::livingTiles()));
+    moveHighlight(reversed(TileOwner::livingTiles()));
 }
 
 RecentDocDialog *RecentDocMainWindow::tileAt(int row, int column) const
@@ -179,13 +179,13 @@ void RecentDocMainWindow::goUpPreviousDialog()
 
 void RecentDocMainWindow::selectForwardMultiDoc()
 {
-    if (extendRun(BrowserLife::livingTiles(), forwardSelectionActive))
+    if (extendRun(TileOwner::livingTiles(), forwardSelectionActive))
         forwardSelectionActive = true;
 }
 
 void RecentDocMainWindow::selectBackwardMultiDoc()
 {
-    if (extendRun(reversed(BrowserLife::livingTiles()), backwardSelectionActive))
+    if (extendRun(reversed(TileOwner::livingTiles()), backwardSelectionActive))
         backwardSelectionActive = true;
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "state/BrowserLife.h"
+#include "state/TileOwner.h"
 
 #include "module/RecentDocumentBrowser.h"
 #include "ui/RecentDocDialog.h"
@@ -34,19 +34,19 @@ QPointer<const QWidget> owner;
 bool hasOwner = false;
 Watch<QMenu> menuWatch;
 Watch<QAction> successorWatch;
-bool isRegistryGone = false;
+bool isRegistryDestroyed = false;
 
 } // namespace
 
-void BrowserLife::setOwnerOfTiles(const QWidget *popup)
+void TileOwner::setOwnerOfTiles(const QWidget *popup)
 {
     owner = popup;
     hasOwner = popup != nullptr;
 }
 
-void BrowserLife::tileGone(const QObject *tile)
+void TileOwner::tileDestroyed(const QObject *tile)
 {
-    if (isRegistryGone)
+    if (isRegistryDestroyed)
         return;
     const QList<RecentDocDialog *> &tiles = RecentDocumentBrowser::recentDocDialogList;
     if (std::any_of(tiles.begin(), tiles.end(),
@@ -54,14 +54,14 @@ void BrowserLife::tileGone(const QObject *tile)
         owner = nullptr;
 }
 
-bool BrowserLife::tilesExist()
+bool TileOwner::tilesExist()
 {
-    return !isRegistryGone && (!hasOwner || owner);
+    return !isRegistryDestroyed && (!hasOwner || owner);
 }
 
-bool BrowserLife::listTilesOf(const QWidget *popup)
+bool TileOwner::listTilesOf(const QWidget *popup)
 {
-    if (tilesExist() || isRegistryGone)
+    if (tilesExist() || isRegistryDestroyed)
         return false;
     setOwnerOfTiles(popup);
     // Children stand in the order in which they were made, which is the display order.
@@ -73,33 +73,33 @@ bool BrowserLife::listTilesOf(const QWidget *popup)
     return true;
 }
 
-QList<RecentDocDialog *> BrowserLife::livingTiles()
+QList<RecentDocDialog *> TileOwner::livingTiles()
 {
     return tilesExist() ? RecentDocumentBrowser::recentDocDialogList : QList<RecentDocDialog *>();
 }
 
-void BrowserLife::watchMenu(QMenu *menu, QAction *successor)
+void TileOwner::watchMenu(QMenu *menu, QAction *successor)
 {
     menuWatch.set(menu);
     successorWatch.set(successor);
 }
 
-QMenu *BrowserLife::livingMenu()
+QMenu *TileOwner::livingMenu()
 {
     return menuWatch.living(RecentDocumentBrowser::recentDocMenu);
 }
 
-QAction *BrowserLife::livingSuccessor()
+QAction *TileOwner::livingSuccessor()
 {
     return successorWatch.living(RecentDocumentBrowser::before);
 }
 
-bool BrowserLife::registryExists()
+bool TileOwner::registryExists()
 {
-    return !isRegistryGone;
+    return !isRegistryDestroyed;
 }
 
-void BrowserLife::registryGoes()
+void TileOwner::registryDestroyed()
 {
-    isRegistryGone = true;
+    isRegistryDestroyed = true;
 }

@@ -11,12 +11,12 @@ class RecentDocDialog;
 
 //! Whether what the registry points to still exists, and the registry itself. Its lists are not emptied when
 //! a popup goes away, and an older popup may outlive the newest, whose tiles they hold. GUI thread.
-namespace BrowserLife {
+namespace TileOwner {
 
 //! \param popup the window whose tiles are listed from now on
 void setOwnerOfTiles(const QWidget *popup);
 //! A tile is being destroyed, with its window or alone. \param tile an address, no longer a tile
-void tileGone(const QObject *tile);
+void tileDestroyed(const QObject *tile);
 //! False from the moment when that window, or one of its tiles, starts to be destroyed; true while there
 //! never was one, since then the lists hold what was put into them by hand.
 bool tilesExist();
@@ -35,6 +35,6 @@ QAction *livingSuccessor();
 //! False once the library's static objects are being destroyed. A host that is a static object itself ends
 //! later, and still has the module's code run.
 bool registryExists();
-void registryGoes();
+void registryDestroyed();
 
-} // namespace BrowserLife
+} // namespace TileOwner

@@ -9,31 +9,32 @@ class CFxCommandContext;
 class FXSDK_API CFxCommand : public OdEdCommand
 {
 public:
-    //! What Execute() returns when it has done its job.
+    //! Result of Execute(): the command has completed.
     static constexpr int normalCompletion = 5100;
-    //! What Execute() returns when the person has ended it.
+    //! Result of Execute(): the user has cancelled the command.
     static constexpr int cancelled = 5101;
-    //! What Execute() returns when it could not do its job; it has told the person why.
+    //! Result of Execute(): the command could not complete; it has shown the reason to the user.
     static constexpr int failed = 5102;
 
     ~CFxCommand() override;
 
     //! "FX_COMMANDS" unless overridden.
     OdString groupName() const override; // [gui-thread]
-    //! Calls Execute(). \param context must be a CFxCommandContext
+    //! Calls Execute().
+    //! \param context must be a CFxCommandContext
     void execute(OdEdCommandContext *context) override; // [gui-thread]
     void undefine() override;                           // [gui-thread]
     std::uint32_t flags() const override;               // [gui-thread]
 
-    //! Does the command's work.
-    //! \return one of the results above, or the command's own
+    //! Performs the command.
+    //! \return one of the results above, or a value of the command's own
     virtual int Execute(CFxCommandContext *context) = 0; // [gui-thread]
-    //! Opens the help for GetHelpId().
+    //! Opens the help page of GetHelpId().
     virtual void Help(); // [gui-thread]
-    //! The help topic of the command; 0, the host's front page, unless overridden.
+    //! The command's help topic; 0, the host's front page, unless overridden.
     virtual int GetHelpId() const; // [gui-thread]
 
-    //! Sets the given bits in addition to those that are set.
+    //! Sets the given bits in addition to those that are already set.
     void AddFlags(std::uint32_t flags); // [gui-thread]
 
 private:

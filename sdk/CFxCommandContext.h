@@ -4,14 +4,16 @@
 #include <CFxString.h>
 #include <OdEdCommandContext.h>
 
-//! What a running command may ask of the application. Lives as long as the call that it is passed to.
+//! The application's services for a running command. Valid until the call that it is passed to returns.
+//! GUI thread.
 class FXSDK_API CFxCommandContext : public OdEdCommandContext
 {
 public:
     ~CFxCommandContext() override;
 
-    //! What stood behind the command's name on its line, without the blanks around it; may be empty.
+    //! The text that follows the command's name on the command line, without leading and trailing blanks; may
+    //! be empty.
     virtual CFxString argument() const = 0; // [gui-thread]
-    //! True once the person has asked for the command to end. A command that waits looks at this.
+    //! True after the user has cancelled the command. A command that waits must check this.
     virtual bool isCancelled() const = 0; // [gui-thread]
 };

@@ -5,15 +5,15 @@
 
 #include <QDialog>
 
-//! Base of the dialogs of host and modules. While a modal one is shown the host is in the modal state, of
-//! which reactors hear. GUI thread.
+//! Base class of the dialogs of the host and its modules. While a modal dialog is shown, the host is in the
+//! modal state; editor reactors are notified when it begins and ends. GUI thread.
 class FXSDK_API CFxDialog : public QDialog
 {
     Q_OBJECT
 public:
     //! \param parent owns the dialog; may be null
     //! \param modal whether the dialog blocks the rest of the application
-    //! \param flags window flags, passed to QDialog as they are
+    //! \param flags window flags, passed to QDialog unchanged
     // [gui-thread]
     explicit CFxDialog(QWidget *parent = nullptr, bool modal = true, Qt::WindowFlags flags = {});
     ~CFxDialog() override;
@@ -26,7 +26,8 @@ public:
 protected:
     //! Called once, before the dialog is shown for the first time.
     virtual void onFirstShow(); // [gui-thread]
-    //! Called before the dialog ends. \return false keeps it open
+    //! Called before the dialog closes.
+    //! \return false to keep the dialog open
     virtual bool onAboutToEnd(int result); // [gui-thread]
 
     bool event(QEvent *event) override;         // [gui-thread]

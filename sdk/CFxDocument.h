@@ -11,9 +11,9 @@ public:
     CFxDocument() = default;
     virtual ~CFxDocument();
 
-    //! Full path exactly as the drawing was opened; empty for a new drawing.
+    //! The full path exactly as it was opened; empty for a new drawing.
     virtual CFxString path() const = 0; // [gui-thread]
-    //! What the window shows: the file's name, or the new drawing's.
+    //! The window title: the file name, or the name of a new drawing.
     virtual CFxString title() const = 0; // [gui-thread]
 
     CFxDocument(const CFxDocument &) = delete;

@@ -14,17 +14,18 @@ public:
     CFxDocumentManager() = default;
     virtual ~CFxDocumentManager();
 
-    //! \param reactor not null, not owned; must be removed before it goes away; listed once
+    //! Adds a reactor. Does nothing if it has been added already.
+    //! \param reactor not null, not owned; must be removed before it is destroyed
     virtual void AddReactor(CFxDocumentManagerReactor *reactor) = 0; // [gui-thread]
-    //! A reactor that is not listed: nothing happens.
+    //! Removes a reactor. Does nothing if it has not been added.
     virtual void RemoveReactor(CFxDocumentManagerReactor *reactor) = 0; // [gui-thread]
 
-    //! Opens a drawing, or brings its window to the front when it is open. What cannot be opened is told to
-    //! the person by the host. May run an event loop.
+    //! Opens a drawing, or activates its window if it is open. If this fails, the host shows the reason to
+    //! the user. May run an event loop.
     //! \param path full path
-    //! \param mode, flags 0: open for editing in a window of its own; other values are reserved
-    //! \param result set to why the drawing could not be opened, else to the empty string
-    //! \return whether the drawing is open now
+    //! \param mode, flags 0: open for editing in a separate window; other values are reserved
+    //! \param result set to the reason if the drawing cannot be opened, otherwise to the empty string
+    //! \return true if the drawing is open
     // [gui-thread]
     virtual bool OpenDocument(const CFxString &path, int mode, int flags, OdString &result) = 0;
 

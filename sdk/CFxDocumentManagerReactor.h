@@ -6,7 +6,8 @@
 class CFxDocument;
 class CFxString;
 
-//! Hears of drawings that come, go and change places. The handlers of this class do nothing. GUI thread.
+//! Is notified when drawings are created, opened, activated and closed. The default implementations do
+//! nothing. GUI thread.
 class FXSDK_API CFxDocumentManagerReactor
 {
 public:
@@ -14,12 +15,13 @@ public:
     virtual ~CFxDocumentManagerReactor();
 
     virtual void DocumentCreateStarted(CFxDocument *document); // [gui-thread]
-    //! A drawing was created or opened; an opened one is in the recent-file list already. A module that is
-    //! loaded while drawings are open is notified of the current one, after its initApp() and
+    //! A drawing was created or opened. The recent-file list already contains an opened drawing. A module
+    //! that is loaded while drawings are open is notified of the current one, after its initApp() and
     //! mainFrameCreated().
     virtual void DocumentCreated(CFxDocument *document);       // [gui-thread]
     virtual void DocumentToBeDestroyed(CFxDocument *document); // [gui-thread]
-    //! The drawing is gone. \param path where it was, empty for a new drawing
+    //! The drawing was closed.
+    //! \param path its full path; empty for a new drawing
     virtual void DocumentDestroyed(const CFxString &path);       // [gui-thread]
     virtual void DatabaseAttached(CFxDocument *document);        // [gui-thread]
     virtual void DatabaseDetached(CFxDocument *document);        // [gui-thread]

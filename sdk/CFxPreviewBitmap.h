@@ -6,22 +6,23 @@
 
 class QImage;
 
-//! Reads the picture that is stored in a drawing file. Different objects may be used from different threads
-//! at the same time; one object belongs to one thread. Any call may throw.
+//! Reads the picture stored in a drawing file. The class is reentrant: different threads can use different
+//! objects at the same time, but an object must not be shared between threads. Every call can throw.
 class FXSDK_API CFxPreviewBitmap
 {
 public:
     CFxPreviewBitmap() = default;
     virtual ~CFxPreviewBitmap();
 
-    //! A new object, owned by the caller. Any thread.
+    //! Creates a reader, which the caller owns.
     static CFxPreviewBitmap *Create(); // [any-thread]
 
-    //! Reads the picture of the drawing at path. \return false when the file holds none
+    //! Reads the picture of the drawing at path.
+    //! \return false if the file contains no picture
     virtual bool Load(const CFxString &path) = 0; // [any-thread]
-    //! Whether a picture is held.
+    //! True if a picture has been loaded.
     virtual bool IsValid() const = 0; // [any-thread]
-    //! Writes the picture that is held into image, in its own size and format.
+    //! Sets image to the loaded picture, in the picture's own size and format.
     virtual void ToImage(QImage &image) const = 0; // [any-thread]
 
     CFxPreviewBitmap(const CFxPreviewBitmap &) = delete;

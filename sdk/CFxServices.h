@@ -10,13 +10,13 @@ class CFxUICustomization;
 class OdRxObject;
 class QWidget;
 
-//! What the host remembers for the person who uses it. GUI thread.
+//! The data that the host stores for its user. GUI thread.
 class FXSDK_API CFxUserProfile
 {
 public:
     CFxUserProfile() = default;
     virtual ~CFxUserProfile();
-    //! Null when the host keeps no such list. Owned by the host.
+    //! The list of recent documents, owned by the host; null if the host has none.
     virtual CFxRecentFileList *GetRecentFileList() = 0; // [gui-thread]
 
     CFxUserProfile(const CFxUserProfile &) = delete;
@@ -29,28 +29,28 @@ class FXSDK_API CFxApplication
 public:
     CFxApplication() = default;
     virtual ~CFxApplication();
-    //! Null when nobody's profile is loaded. Owned by the host.
+    //! The current user's profile, owned by the host; null if none is loaded.
     virtual CFxUserProfile *GetUserProfile() = 0; // [gui-thread]
 
     CFxApplication(const CFxApplication &) = delete;
     CFxApplication &operator=(const CFxApplication &) = delete;
 };
 
-//! The application's main frame. GUI thread.
+//! Access to the application's main window. GUI thread.
 class FXSDK_API CFxMainFrame
 {
 public:
     CFxMainFrame() = default;
     virtual ~CFxMainFrame();
-    //! The main window, or null before it is built and after it is gone. Owned by the host.
+    //! The main window, owned by the host; null before it is created and after it is destroyed.
     virtual QWidget *GetMainWindow() = 0; // [gui-thread]
 
     CFxMainFrame(const CFxMainFrame &) = delete;
     CFxMainFrame &operator=(const CFxMainFrame &) = delete;
 };
 
-//! The way from a module to everything that the host offers. Any accessor may return null, and what it
-//! returns is owned by the host. GUI thread.
+//! A module's access to the host's services. Every accessor can return null; the host owns the returned
+//! objects. GUI thread.
 class FXSDK_API CFxSystemServices
 {
 public:
@@ -62,15 +62,15 @@ public:
     virtual CFxDocumentManager *GetDocumentManager() = 0; // [gui-thread]
     virtual CFxUICustomization *GetCustomization() = 0;   // [gui-thread]
 
-    //! Runs a command, now, or once the running one has ended.
+    //! Runs a command immediately, or after the running command has ended.
     //! \param name global or local name
-    //! \param argument what stands behind the name; null for nothing
-    //! \return a handle to the run, owned by the caller, or null
+    //! \param argument the text that follows the name; null for none
+    //! \return a reference that the caller owns and releases, or null
     virtual OdRxObject *RunCommand(const CFxString &name, const CFxString *argument) = 0; // [gui-thread]
 
     CFxSystemServices(const CFxSystemServices &) = delete;
     CFxSystemServices &operator=(const CFxSystemServices &) = delete;
 };
 
-//! The running host, or null while there is none. GUI thread.
+//! The running host's services; null if no host is running.
 FXSDK_API CFxSystemServices *GetFxSystemServices(); // [gui-thread]

@@ -7,9 +7,9 @@
 #include <cstdio>
 #include <string>
 
-//! The application framework's string, used at every border between a host and its modules: UTF-32, 4 bytes
-//! a character. Converts to and from QString without being asked, and every QString comes back as it was:
-//! half of a surrogate pair stays what it is, since file names may be carried that way. A value type.
+//! The application framework's string, used in all interfaces between a host and its modules. UTF-32, 4 bytes
+//! per character. Converts to and from QString implicitly. The conversion is lossless: unpaired surrogates
+//! are kept, because they can encode bytes of file names. A value type.
 class CFxString
 {
 public:
@@ -20,24 +20,24 @@ public:
 
     operator QString() const
     {
-        // Behind another character, since Qt drops a byte order mark that stands first.
+        // Qt drops a leading byte order mark, so convert the text with another character before it.
         return QString::fromStdWString(L'/' + m_text).mid(1);
     }
 
-    //! Never null; valid until the string changes or goes away.
+    //! Never null; valid until the string is changed or destroyed.
     const wchar_t *c_str() const { return m_text.c_str(); }
     bool isEmpty() const { return m_text.empty(); }
 
-    //! Negative, 0 or positive, as the code points compare.
+    //! Compares by code point. Returns a negative value, 0 or a positive value.
     int compare(const CFxString &other) const { return m_text.compare(other.m_text); }
-    //! The same with upper and lower case taken as equal, whatever the locale.
+    //! Compares without regard to case, independently of the locale.
     int compareNoCase(const CFxString &other) const
     {
         return QString(*this).compare(QString(other), Qt::CaseInsensitive);
     }
 
-    //! printf for short texts such as menu prefixes.
-    //! \param pattern ASCII, as for std::printf; a result that cannot be made is the empty string
+    //! Formats short texts such as menu prefixes. Returns the empty string if formatting fails.
+    //! \param pattern ASCII, as for std::printf
     [[gnu::format(printf, 1, 2)]] static CFxString format(const char *pattern, ...);
 
     friend bool operator==(const CFxString &a, const CFxString &b) { return a.m_text == b.m_text; }

@@ -8,7 +8,7 @@
 
 class CFxUICommand;
 
-//! A key that runs a command definition. Owned by the host. GUI thread.
+//! A key sequence that runs a command definition. Owned by the host. GUI thread.
 class FXSDK_API CFxUIAccelerator
 {
 public:
@@ -20,7 +20,7 @@ public:
     virtual void SetLabel(const CFxString &label) = 0; // [gui-thread]
     virtual QKeySequence GetKey() const = 0;           // [gui-thread]
     virtual void SetKey(const QKeySequence &key) = 0;  // [gui-thread]
-    //! Null while the definition that the accelerator is bound to does not exist.
+    //! The command definition that the key runs; null while it does not exist.
     virtual CFxUICommand *GetCommand() const = 0; // [gui-thread]
 
     CFxUIAccelerator(const CFxUIAccelerator &) = delete;

@@ -4,7 +4,7 @@
 #include <CFxString.h>
 #include <FxSdkApi.h>
 
-//! A command definition: what a menu entry or an accelerator does. Owned by the host. GUI thread.
+//! A command definition: what a menu entry or an accelerator runs. Owned by the host. GUI thread.
 class FXSDK_API CFxUICommand
 {
 public:
@@ -14,7 +14,7 @@ public:
     virtual CFxString GetIdentifier() const = 0;     // [gui-thread]
     virtual CFxString GetName() const = 0;           // [gui-thread]
     virtual void SetName(const CFxString &name) = 0; // [gui-thread]
-    //! What is run: `^C` ends the running command, the rest is a command line.
+    //! The macro to run: each leading `^C` cancels the running command, the rest is a command line.
     virtual CFxString GetMacro() const = 0;            // [gui-thread]
     virtual void SetMacro(const CFxString &macro) = 0; // [gui-thread]
     //! Shown in the status bar.

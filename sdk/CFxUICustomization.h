@@ -9,17 +9,17 @@ class CFxUICommand;
 class CFxUIGroup;
 class CFxUIMenuItem;
 
-//! Walks the customisation groups in the host's order.
+//! Iterates over the customisation groups in the host's order. GUI thread.
 class FXSDK_API CFxUIGroupEnumerator
 {
 public:
     CFxUIGroupEnumerator() = default;
-    //! For the host alone: modules call Release().
+    //! Only for the host; modules call Release().
     virtual ~CFxUIGroupEnumerator();
 
-    //! The next group, owned by the host; null behind the last.
+    //! The next group, owned by the host; null after the last one.
     virtual CFxUIGroup *Next() = 0; // [gui-thread]
-    //! Ends the walk; the enumerator is gone afterwards.
+    //! Destroys the enumerator.
     virtual void Release() = 0; // [gui-thread]
 
     CFxUIGroupEnumerator(const CFxUIGroupEnumerator &) = delete;
@@ -33,29 +33,31 @@ public:
     CFxUICustomization() = default;
     virtual ~CFxUICustomization();
 
-    //! Owned by the caller, who calls Release(). Never null.
+    //! Creates an enumerator. Never null. The caller must call Release().
     virtual CFxUIGroupEnumerator *EnumerateGroups() = 0;       // [gui-thread]
     virtual bool IsPrimary(const CFxUIGroup *group) const = 0; // [gui-thread]
-    //! The group of the menus that stand while no drawing is open; null when the host has none.
+    //! The group of the start-up menus, which are shown while no drawing is open. Owned by the host; null if
+    //! there is none.
     virtual CFxUIGroup *GetStartUpGroup() = 0; // [gui-thread]
 
-    //! \param groupName where to look; an unknown name finds nothing
+    //! Finds a command definition.
+    //! \param groupName the group to search; an unknown name finds nothing
     //! \param identifier compared exactly
-    //! \return owned by the host; null when there is none
+    //! \return the definition, owned by the host; null if there is none
     // [gui-thread]
     virtual CFxUICommand *FindCommand(const CFxString &groupName, const CFxString &identifier) const = 0;
-    //! A definition that belongs to the caller until it is appended to a group.
+    //! Creates a definition, which the caller owns until it is appended to a group.
     virtual CFxUICommand *CreateCommand(const CFxString &identifier) = 0; // [gui-thread]
-    //! An entry that belongs to the caller until it is inserted into a menu.
-    //! \param command what the entry runs; may be null
+    //! Creates an entry, which the caller owns until it is inserted into a menu.
+    //! \param command the definition that the entry runs; may be null
     // [gui-thread]
     virtual CFxUIMenuItem *CreateMenuItem(CFxUICommand *command, const CFxString &label,
                                           const CFxString &helpString, const CFxString &identifier) = 0;
-    //! An accelerator without a key that belongs to the caller until it is appended to a group.
+    //! Creates an accelerator without a key, which the caller owns until it is appended to a group.
     // [gui-thread]
     virtual CFxUIAccelerator *CreateAccelerator(CFxUICommand *command, const CFxString &identifier) = 0;
 
-    //! Brings the menus and keys on screen up to date with the data.
+    //! Updates the visible menus and the active keys from the data.
     virtual void Refresh() = 0; // [gui-thread]
 
     CFxUICustomization(const CFxUICustomization &) = delete;

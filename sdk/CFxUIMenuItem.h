@@ -6,7 +6,7 @@
 
 class CFxUICommand;
 
-//! A menu, a menu's entry or a separator, in the customisation data. Owned by the host. GUI thread.
+//! A menu, a menu entry or a separator in the customisation data. Owned by the host. GUI thread.
 class FXSDK_API CFxUIMenuItem
 {
 public:
@@ -22,10 +22,10 @@ public:
     virtual void SetCommand(CFxUICommand *command) = 0; // [gui-thread]
 
     virtual int GetChildCount() const = 0; // [gui-thread]
-    //! \return null when index is out of range
+    //! Returns null if index is out of range.
     virtual CFxUIMenuItem *GetChild(int index) const = 0; // [gui-thread]
-    //! Inserts item before the child at the reference position, and takes ownership.
-    //! \return false, with nothing inserted or owned, when reference is out of range
+    //! Inserts item before the child at index reference and takes ownership of it.
+    //! \return false if reference is out of range; the item is then not inserted and the caller keeps it
     virtual bool InsertChild(int reference, CFxUIMenuItem *item) = 0; // [gui-thread]
 
     CFxUIMenuItem(const CFxUIMenuItem &) = delete;

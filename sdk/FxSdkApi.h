@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-//! Marks what a host's runtime library defines and a module links against. Interfaces carry it too: their
-//! destructors are defined in the runtime, so that host and module share one vtable and one type
-//! information for each of them.
+//! Marks symbols that a host's runtime library defines and modules link against. Interfaces are marked too:
+//! their destructors are defined in the runtime, so that host and module share one vtable and one type
+//! information for each class.
 #define FXSDK_API __attribute__((visibility("default")))

@@ -8,21 +8,21 @@
 
 class OdEdCommandContext;
 
-//! A command that the engine's command stack can look up and run. GUI thread.
+//! A command that can be registered in the engine's command stack. GUI thread.
 class FXSDK_API OdEdCommand : public OdRxObject
 {
 public:
     ~OdEdCommand() override;
 
-    //! The group that the command is registered in; with the names it identifies the command.
+    //! The group of the command. Group and names together identify the command.
     virtual OdString groupName() const = 0; // [gui-thread]
     //! The name that is the same in every language, e.g. "_RECENT".
     virtual OdString globalName() const = 0; // [gui-thread]
     //! The name in the user's language.
     virtual OdString localName() const = 0;                // [gui-thread]
     virtual void execute(OdEdCommandContext *context) = 0; // [gui-thread]
-    //! Called when the command leaves the stack.
+    //! Called when the command is removed from the stack.
     virtual void undefine() = 0; // [gui-thread]
-    //! Bits whose meaning is the host's.
+    //! Bits that the host defines.
     virtual std::uint32_t flags() const = 0; // [gui-thread]
 };

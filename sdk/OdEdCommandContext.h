@@ -3,7 +3,7 @@
 
 #include <FxSdkApi.h>
 
-//! What a running command may ask of the engine.
+//! The engine's services for a running command.
 class FXSDK_API OdEdCommandContext
 {
 public:

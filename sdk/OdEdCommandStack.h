@@ -10,26 +10,27 @@ class OdEdCommand;
 class FXSDK_API OdEdCommandStack : public OdRxObject
 {
 public:
-    //! Which names lookupCommand() compares; the bits may be combined.
+    //! The names that lookupCommand() compares; can be combined.
     enum LookupFlags { GlobalNames = 1, LocalNames = 2 };
 
     ~OdEdCommandStack() override;
 
-    //! Registers a command and takes a reference to it. A command of the same group and global name is
-    //! replaced.
+    //! Registers a command and takes a reference to it. Replaces a command with the same group and global
+    //! name.
     //! \param command not null; must live until it is removed
     virtual void addCommand(OdEdCommand *command) = 0; // [gui-thread]
-    //! Removes the command of the same group and names, which need not be the same object; none: nothing
-    //! happens.
+    //! Removes the command with the same group and names, which need not be the same object. Does nothing if
+    //! there is none.
     //! \param command not null
     virtual void removeCommand(OdEdCommand *command) = 0; // [gui-thread]
-    //! \param name compared whatever the case
+    //! Finds a command.
+    //! \param name compared without regard to case
     //! \param flags LookupFlags
-    //! \param group the group to look in; empty: any
+    //! \param group the group to search; empty for all groups
     //! \return a reference owned by the caller, or null
     // [gui-thread]
     virtual OdEdCommand *lookupCommand(const OdString &name, int flags, const OdString &group) const = 0;
 };
 
-//! The engine's one command stack: a reference owned by the caller. Null while no host is running.
+//! The engine's command stack: a reference owned by the caller. Null if no host is running.
 FXSDK_API OdEdCommandStack *odedRegCmds(); // [gui-thread]

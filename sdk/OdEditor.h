@@ -5,18 +5,18 @@
 
 class OdEditorReactor;
 
-//! The drawing engine's editor, as far as modules listen to it. GUI thread.
+//! The drawing engine's editor, which notifies reactors of its events. GUI thread.
 class FXSDK_API OdEditor : public OdRxObject
 {
 public:
     ~OdEditor() override;
 
-    //! The reactor is told of events from now on; one that is listed already stays listed once.
-    //! \param reactor not null, not owned; must be removed before it goes away
+    //! Adds a reactor. Does nothing if it has been added already.
+    //! \param reactor not null, not owned; must be removed before it is destroyed
     virtual void addReactor(OdEditorReactor *reactor) = 0; // [gui-thread]
-    //! A reactor that is not listed: nothing happens.
+    //! Removes a reactor. Does nothing if it has not been added.
     virtual void removeReactor(OdEditorReactor *reactor) = 0; // [gui-thread]
 };
 
-//! The engine's one editor: a reference owned by the caller. Null while no host is running.
+//! The engine's editor: a reference owned by the caller. Null if no host is running.
 FXSDK_API OdEditor *odedEditor(); // [gui-thread]

@@ -5,7 +5,7 @@
 
 class OdString;
 
-//! Hears of what the drawing engine's editor does. The handlers of this class do nothing. GUI thread.
+//! Is notified of events of the drawing engine's editor. The default implementations do nothing. GUI thread.
 class FXSDK_API OdEditorReactor
 {
 public:
@@ -13,7 +13,7 @@ public:
     virtual ~OdEditorReactor();
 
     virtual void commandWillStart(const OdString &globalName); // [gui-thread]
-    //! \param result what the command returned
+    //! \param result the command's return value
     virtual void commandEnded(const OdString &globalName, int result); // [gui-thread]
 
     OdEditorReactor(const OdEditorReactor &) = delete;

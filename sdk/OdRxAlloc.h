@@ -5,10 +5,10 @@
 
 #include <cstddef>
 
-//! Memory for objects that cross the border between engine and module.
+//! Allocates memory for objects that the engine and a module pass to each other.
 //! \param size in bytes
-//! \return aligned for any type; null when there is none
+//! \return memory aligned for any type; null if there is not enough memory
 FXSDK_API void *odrxAlloc(std::size_t size); // [any-thread]
 
-//! Gives memory of odrxAlloc() back. Null is allowed.
+//! Frees memory allocated by odrxAlloc(). Null is allowed.
 FXSDK_API void odrxFree(void *memory); // [any-thread]

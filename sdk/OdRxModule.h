@@ -4,21 +4,22 @@
 #include <OdRxObject.h>
 #include <OdString.h>
 
-//! What a dynamically loaded library hands to the engine: one object through which it is started and ended.
+//! The object through which the engine starts and ends a dynamically loaded library.
 //!
-//! The library exports, under their plain names, the two functions below. The loader compares the version,
-//! creates the object, takes a reference, calls initApp(); later uninitApp(), release(), deleteModule(), and
-//! then unloads the library. All calls but addRef() and release() are made on the GUI thread.
+//! The library exports the two functions below with C linkage. The loader compares the version, creates the
+//! object, takes a reference and calls initApp(). Later it calls uninitApp(), release() and deleteModule(),
+//! and unloads the library. Only addRef(), release() and numRefs() can be called on other threads than the
+//! GUI thread.
 class FXSDK_API OdRxModule : public OdRxObject
 {
 public:
     ~OdRxModule() override;
 
-    //! The handle that the loader passed to odrxCreateModuleObject, untouched.
+    //! The handle that the loader passed to odrxCreateModuleObject, unchanged.
     virtual void *sysData() = 0; // [gui-thread]
-    //! Deletes the module object. Nothing of the module may be called afterwards.
+    //! Deletes the module object. The module must not be called afterwards.
     virtual void deleteModule() = 0; // [gui-thread]
-    //! Called once after loading. An exception means that the module could not start.
+    //! Called once after loading. Throws if the module cannot start.
     virtual void initApp() = 0; // [gui-thread]
     //! Called once before deleteModule().
     virtual void uninitApp() = 0; // [gui-thread]
@@ -26,10 +27,10 @@ public:
     virtual OdString moduleName() const = 0; // [gui-thread]
 };
 
-//! Type of the exported `odrxGetAPIVersion`: writes the interface version that the module was built against.
+//! Type of the exported `odrxGetAPIVersion`: returns the interface version that the module was built with.
 using OdrxGetApiVersionFn = void (*)(int &major, int &minor, int &majorBuild, int &minorBuild);
-//! Type of the exported `odrxCreateModuleObject`: the module object, whose count is still 0. May throw
-//! std::bad_alloc.
+//! Type of the exported `odrxCreateModuleObject`: returns the module object with a reference count of 0. Can
+//! throw std::bad_alloc.
 using OdrxCreateModuleObjectFn = OdRxModule *(*)(void *sysData, const OdChar *moduleName);
 
 //! The interface version of these headers: 4.3.2.0.

@@ -3,10 +3,10 @@
 
 #include <FxSdkApi.h>
 
-//! Root of everything that the drawing engine and its modules hand to each other by reference.
+//! Base class of the objects that the drawing engine and its modules share by reference.
 //!
-//! Whoever is given a reference that the giver's contract calls "owned by the caller" calls release() once.
-//! addRef() and release() may be called from any thread.
+//! A caller that receives a reference documented as "owned by the caller" must call release() once. addRef(),
+//! release() and numRefs() can be called on any thread.
 class FXSDK_API OdRxObject
 {
 public:
@@ -14,7 +14,7 @@ public:
     virtual ~OdRxObject();
 
     virtual void addRef() = 0; // [any-thread]
-    //! Gives one reference back. Whether the last one deletes the object is the object's own contract.
+    //! Releases one reference. The concrete class determines whether the last release deletes the object.
     virtual void release() = 0;      // [any-thread]
     virtual int numRefs() const = 0; // [any-thread]
 

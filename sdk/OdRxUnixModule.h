@@ -9,17 +9,19 @@
 #include <cstdint>
 #include <new>
 
-//! Every module library defines and exports this: it forgets the library's one module object.
+//! Resets the library's pointer to its only module object, without deleting the object. Every module library
+//! defines and exports this.
 extern "C" __attribute__((visibility("default"))) void deleteModuleObject();
 
-//! The part of a module object that is the same in every library: reference count, name, handle, memory.
-//! \tparam TCoClass the module's own class
+//! Implements what is the same for the module object of every library: reference count, name, handle and
+//! memory.
+//! \tparam TCoClass the module's class
 //! \tparam TInterface the class to derive from; TCoClass or a class derived from it
 template<class TCoClass, class TInterface>
 class OdRxUnixModule : public TInterface
 {
 public:
-    //! \param sysData kept as it is
+    //! \param sysData stored unchanged
     //! \param moduleName copied
     OdRxUnixModule(void *sysData, const OdChar *moduleName) : m_sysData(sysData), m_moduleName(moduleName) {}
 
@@ -45,7 +47,7 @@ public:
         delete this;
     }
 
-    // The loader may delete the object through its base: the memory must go back to where it came from.
+    // The loader may delete the object through its base class, so allocation and deallocation must match.
     // [any-thread]
     static void *operator new(std::size_t size)
     {

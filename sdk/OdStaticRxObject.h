@@ -3,8 +3,8 @@
 
 #include <utility>
 
-//! Makes a concrete object of an OdRxObject class T whose lifetime is not counted: a member, a static, or a
-//! heap object that is meant to stay.
+//! A concrete class for an OdRxObject class T without reference counting, for members, static objects and
+//! heap objects with an explicit owner.
 template<class T>
 class OdStaticRxObject : public T
 {
@@ -17,6 +17,6 @@ public:
 
     void addRef() override {}  // [any-thread]
     void release() override {} // [any-thread]
-    //! Always 1: the holder's.
+    //! Always 1: the owner's reference.
     int numRefs() const override { return 1; } // [any-thread]
 };

@@ -4,11 +4,11 @@
 #include <string>
 #include <utility>
 
-//! One character of the drawing engine's strings: UTF-32, 4 bytes.
+//! A character of the drawing engine's strings: UTF-32, 4 bytes.
 using OdChar = wchar_t;
 static_assert(sizeof(OdChar) == 4, "the engine's strings are UTF-32");
 
-//! The drawing engine's string. A value type; safe to copy between threads as any value is.
+//! The drawing engine's string. A value type; reentrant.
 class OdString
 {
 public:
@@ -17,7 +17,7 @@ public:
     OdString(const OdChar *text) : m_text(text ? text : L"") {}
     explicit OdString(std::wstring text) : m_text(std::move(text)) {}
 
-    //! Never null; valid until the string changes or goes away.
+    //! Never null; valid until the string is changed or destroyed.
     const OdChar *c_str() const { return m_text.c_str(); }
     bool isEmpty() const { return m_text.empty(); }
 

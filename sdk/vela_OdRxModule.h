@@ -3,7 +3,7 @@
 
 #include <OdRxModule.h>
 
-//! Base of the modules that this application loads.
+//! Base class of the modules of this application.
 class FXSDK_API vela_OdRxModule : public OdRxModule
 {
 public:

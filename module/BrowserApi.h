@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-//! Marks what the module shows outside itself; the version script lists the same names.
+//! Marks the symbols that the module exports; the version script exports.map lists the same names.
 #define BROWSER_API __attribute__((visibility("default")))

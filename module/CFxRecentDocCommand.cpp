@@ -23,7 +23,7 @@ int CFxRecentDocCommand::Execute(CFxCommandContext * /*context*/)
     if (!HostAccess::hasRecentFileList())
         return normalCompletion;
 
-    // A window that is open already stays: each call opens one, and each deletes itself when it is closed.
+    // Each call opens another popup, which deletes itself when it is closed.
     auto *window = new RecentDocMainWindow(HostAccess::mainFrame());
     window->show();
     window->setFocus(Qt::OtherFocusReason);

@@ -3,12 +3,13 @@
 
 #include <CFxCommand.h>
 
-//! "_RECENT": opens the browser. Where the host keeps no recent documents it does nothing, silently.
+//! The command "_RECENT": opens the browser. Does nothing, silently, if the host has no list of recent
+//! documents.
 class CFxRecentDocCommand : public CFxCommand
 {
 public:
     OdString globalName() const override;
     OdString localName() const override;
-    //! Returns at once, with the popup shown; always CFxCommand::normalCompletion.
+    //! Shows the popup without waiting for it to close. Always returns CFxCommand::normalCompletion.
     int Execute(CFxCommandContext *context) override;
 };

@@ -2,7 +2,7 @@
 #include "module/BrowserApi.h"
 #include "module/OdRxUnixModuleRecentDocumentBrowser.h"
 
-//! Writes the interface version that the module is built against.
+//! Returns the interface version that the module was built with.
 extern "C" BROWSER_API void odrxGetAPIVersion(int &major, int &minor, int &majorBuild, int &minorBuild)
 {
     major = odrxApiMajor;
@@ -11,7 +11,7 @@ extern "C" BROWSER_API void odrxGetAPIVersion(int &major, int &minor, int &major
     minorBuild = odrxApiMinorBuild;
 }
 
-//! The library's one module object, made on the first call. Throws std::bad_alloc.
+//! Returns the library's only module object, creating it on the first call. Throws std::bad_alloc.
 extern "C" BROWSER_API OdRxModule *odrxCreateModuleObject(void *sysData, const OdChar *moduleName)
 {
     if (!g_pSingletonModule)
@@ -19,7 +19,7 @@ extern "C" BROWSER_API OdRxModule *odrxCreateModuleObject(void *sysData, const O
     return g_pSingletonModule;
 }
 
-//! Forgets the module object without deleting it.
+//! Resets the pointer to the module object without deleting the object.
 extern "C" BROWSER_API void deleteModuleObject()
 {
     g_pSingletonModule = nullptr;

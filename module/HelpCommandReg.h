@@ -3,13 +3,13 @@
 
 class velaCommandHelp;
 
-//! Puts the help command on the host's command stack and takes it off again. GUI thread.
+//! Registers the help command in the host's command stack and removes it. GUI thread.
 class HelpCommandReg
 {
 public:
-    //! Registers command, unless the host knows a command of that name: the first one wins.
+    //! Registers command, unless a command with that name is already registered.
     static void AddHelpcommand(velaCommandHelp *command);
-    //! Removes the registered help command. command need not be the one that was added: its group and names
-    //! tell the host which one is meant.
+    //! Removes the registered help command. command need not be the object that was added: the host finds the
+    //! registered one by group and names.
     static void RemoveHelpcommand(velaCommandHelp *command);
 };

@@ -33,14 +33,14 @@ struct ReleaseEnumerator
     void operator()(CFxUIGroupEnumerator *enumerator) const { enumerator->Release(); }
 };
 
-//! A reference that the host counts and we give back, on every way out.
+//! Owns a reference to a host object, and releases it on every exit path.
 template<class T>
 using Reference = std::unique_ptr<T, ReleaseReference>;
 
 using GroupEnumerator = std::unique_ptr<CFxUIGroupEnumerator, ReleaseEnumerator>;
 
-//! All calls but readPreview() are the GUI thread's. In debug builds one from another thread is reported; it
-//! goes on, as the module may not end its host.
+//! Reports, in debug builds, a call from a thread other than the GUI thread. Execution continues, because the
+//! module must not terminate its host.
 void assertGuiThread()
 {
 #ifndef NDEBUG
@@ -122,7 +122,7 @@ QWidget *mainFrame()
 void openDocument(const CFxString &path)
 {
     if (CFxDocumentManager *manager = documentManager()) {
-        OdString result; // the host has told the person already
+        OdString result; // not used: the host has shown the reason to the user
         manager->OpenDocument(path, 0, 0, result);
     }
 }

@@ -18,31 +18,31 @@ class OdString;
 class QImage;
 class QWidget;
 
-//! The host operations that the module needs, by what they do for it. HostAccess.cpp is the one file that
-//! knows how a host's services are called: a host with its own SDK needs that file changed, and, where its
-//! menu classes differ, MenuIntegration.cpp.
+//! The host operations that the module uses. HostAccess.cpp is the only file that calls the host's services:
+//! to adapt the module to a host with an SDK of its own, change that file and, if the menu classes differ,
+//! MenuIntegration.cpp.
 //!
-//! Whatever the host lacks (no services, no list, no window) makes a query empty and a request void. GUI
-//! thread, but for readPreview(). Exceptions from the host pass through, after every reference that was
-//! taken has been released.
+//! If the host lacks something (services, list, window), queries return nothing and requests have no effect.
+//! Call all functions on the GUI thread; readPreview() can be called on any thread. Exceptions from the host
+//! are passed on after all references have been released.
 namespace HostAccess {
 
-//! Whether the host offers services at all.
+//! True if the host provides services.
 bool hasServices();
 
-//! The recent documents, most recent first, exactly as the host gives them; nothing when the host keeps no
-//! such list.
+//! The recent documents, most recent first, exactly as the host returns them; nullopt if the host has no such
+//! list.
 std::optional<std::vector<CFxString>> recentFiles();
-//! Whether the host keeps a list of recent documents, empty or not.
+//! True if the host has a list of recent documents, even an empty one.
 bool hasRecentFileList();
 
-//! The host's main window, owned by the host; null when there is none.
+//! The host's main window, owned by the host; null if there is none.
 QWidget *mainFrame();
 
-//! Asks the host to open the drawing at the full path. May run an event loop: the caller's widgets may be
-//! gone afterwards.
+//! Requests that the host open the drawing at the full path. May run an event loop, in which the caller's
+//! widgets may be deleted.
 void openDocument(const CFxString &path);
-//! Asks the host to run a command without an argument. May run an event loop as well.
+//! Requests that the host run a command without an argument. May run an event loop, too.
 void runCommand(const CFxString &name);
 
 void addDocumentReactor(CFxDocumentManagerReactor *reactor);
@@ -50,33 +50,33 @@ void removeDocumentReactor(CFxDocumentManagerReactor *reactor);
 void addEditorReactor(OdEditorReactor *reactor);
 void removeEditorReactor(OdEditorReactor *reactor);
 
-//! The command stack keeps no copy: command must live until it is removed.
+//! Registers command, which must live until it is removed.
 void addCommand(OdEdCommand *command);
-//! Removes the command of the same group and names.
+//! Removes the registered command with the same group and names.
 void removeCommand(OdEdCommand *command);
-//! Whether a command has this global or local name, in any group.
+//! True if any group contains a command with this global or local name.
 bool isCommandRegistered(const OdString &name);
 
-// The host's customisable menus and keys. Groups, and all that is in one, are owned by the host.
-//! The first group that the host calls primary; null when there is none.
+// The host's customisable menus and keys. The host owns the groups and their contents.
+//! The first primary group; null if there is none.
 CFxUIGroup *primaryGroup();
-//! All groups in the host's order, without that of the start-up menus.
+//! All groups in the host's order, except the group of the start-up menus.
 std::vector<CFxUIGroup *> groups();
-//! The group of the menus that stand while no drawing is open; null when there is none.
+//! The group of the start-up menus, which are shown while no drawing is open; null if there is none.
 CFxUIGroup *startUpGroup();
-//! The command definition with this identifier, compared exactly; null when group has none.
+//! The command definition in group with this identifier, compared exactly; null if there is none.
 CFxUICommand *findCommand(const CFxUIGroup &group, const CFxString &identifier);
-// New ones, without a place in any group or menu yet; null when the host cannot make any.
+// The following create objects that are not in any group or menu yet. Null if the host cannot create one.
 std::unique_ptr<CFxUICommand> createCommand(const CFxString &identifier);
-//! Runs nothing, and has neither label nor help string.
+//! The entry has no command, label or help string.
 std::unique_ptr<CFxUIMenuItem> createMenuItem(const CFxString &identifier);
-//! Has neither key nor identifier.
+//! The accelerator has no key or identifier.
 std::unique_ptr<CFxUIAccelerator> createAccelerator(CFxUICommand *command);
-//! Brings menus and keys on screen up to date.
+//! Updates the visible menus and the active keys.
 void refreshMenus();
 
-//! Writes the picture stored in the drawing at path into image; leaves image alone when there is none. Any
-//! thread, from several at once. Throws what the host's reader throws.
+//! Sets image to the picture stored in the drawing at path; leaves image unchanged if there is none. Can be
+//! called on several threads at the same time. Throws what the host's reader throws.
 void readPreview(const CFxString &path, QImage &image);
 
 } // namespace HostAccess

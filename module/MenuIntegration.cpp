@@ -13,7 +13,7 @@
 
 namespace {
 
-//! Also the host's name for its own recent-files menu. The definition is found again by it.
+//! Identifies the command definition. Hosts also use it for their own recent-files menu.
 constexpr const wchar_t *commandIdentifier = L"ID_RECENT_FILES";
 constexpr const wchar_t *entryIdentifier = L"PMI_RECENT_DOCUMENT_BROWSER";
 constexpr const wchar_t *acceleratorIdentifier = L"MA_RECENT_DOCUMENT_BROWSER_ACC";
@@ -38,7 +38,7 @@ CFxUIMenuItem *menuOf(const CFxUIGroup &group, const CFxString &id)
     return nullptr;
 }
 
-//! The browser's command definition in group, made where it is missing; null when the host cannot make it.
+//! The browser's command definition in group, created if missing; null if the host cannot create it.
 CFxUICommand *ensureCommand(CFxUIGroup &group)
 {
     if (CFxUICommand *existing = HostAccess::findCommand(group, commandIdentifier))
@@ -54,7 +54,8 @@ CFxUICommand *ensureCommand(CFxUIGroup &group)
     return made;
 }
 
-//! The first accelerator of group with this identifier in whatever case; null when there is none.
+//! The first accelerator of group with this identifier, compared without regard to case; null if there is
+//! none.
 CFxUIAccelerator *acceleratorOf(const CFxUIGroup &group, const CFxString &id)
 {
     for (int i = 0; i < group.GetAcceleratorCount(); ++i) {
@@ -99,13 +100,13 @@ void addRecentDocMenu(CFxUIMenuItem *fileMenu, CFxUIGroup *group)
     CFxUICommand *command = ensureCommand(*group);
     const auto recent = HostAccess::recentFiles();
     if (!command || !recent || recent->empty())
-        return; // the next document tries again
+        return; // tried again when the next document is created
     auto entry = HostAccess::createMenuItem(entryIdentifier);
     if (!entry)
         return;
     entry->SetCommand(command);
     entry->SetLabel(label());
-    // Near the end, where a File menu has its recent documents and its way out.
+    // Near the end, where a File menu contains its recent documents and Exit.
     if (fileMenu->InsertChild(fileMenu->GetChildCount() - 2, entry.get()))
         entry.release(); // NOLINT(bugprone-unused-return-value): the menu owns it now
 }
@@ -134,8 +135,7 @@ void RecentDocumentBrowser::UnLoadMenu(CFxUIMenuItem *fileMenu)
         if (child && isBrowserEntry(*child))
             break;
     }
-    // Looked at and left, all three: the host discards entry, definition and accelerator with its main
-    // window.
+    // Nothing is removed: the host discards entry, definition and accelerator with its main window.
     if (group)
         acceleratorOf(*group, acceleratorIdentifier);
 }

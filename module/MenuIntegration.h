@@ -6,16 +6,18 @@
 class CFxUIGroup;
 class CFxUIMenuItem;
 
-// The browser's place in the host's customisable menus. Everything found or made there belongs to the host.
+// The browser's entries in the host's customisable menus. The host owns everything found or created there.
 // GUI thread.
 
-//! The identifier of the menu that carries the browser's entry.
+//! The identifier of the menu that contains the browser's entry.
 inline constexpr const wchar_t *fileMenuIdentifier = L"ID_MnFile";
 
-//! The host's primary customisation group; null when it has none.
+//! The host's primary customisation group; null if it has none.
 CFxUIGroup *GetCommandGroup();
-//! The top-level menu of the start-up menus with this identifier, compared exactly; null when there is none.
+//! The top-level start-up menu with this identifier, compared exactly; null if there is none.
 CFxUIMenuItem *GetStartUpMenuItem(const CFxString &id);
-//! Makes the browser's command definition in group where it is missing and, if the host has recent documents,
-//! the entry in fileMenu. \param fileMenu null, or one that has the entry already: nothing is done
+//! Creates the browser's command definition in group if it is missing and, if the host has recent documents,
+//! the entry in fileMenu.
+//! \param fileMenu may be null. Nothing is done if it is null or already contains the entry
+//! \param group not null unless fileMenu is null
 void addRecentDocMenu(CFxUIMenuItem *fileMenu, CFxUIGroup *group);

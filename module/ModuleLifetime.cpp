@@ -25,11 +25,11 @@ struct Kept
     std::vector<std::unique_ptr<OdRxObject>> commands;
 };
 
-//! A plain pointer: a host that is a static object itself ends after the library's static objects, and still
-//! calls the commands and deletes the module object then.
+//! A plain pointer, because a host that is a static object is destroyed after the library's static objects;
+//! it still calls the commands and deletes the module object then.
 Kept *kept = nullptr;
 
-Kept &whatIsKept()
+Kept &ensureKept()
 {
     if (!kept)
         kept = new Kept;
@@ -52,21 +52,22 @@ namespace ModuleLifetime {
 
 void keep(QObject *object)
 {
-    whatIsKept().objects.emplace_back(object);
+    ensureKept().objects.emplace_back(object);
 }
 
 void keep(std::unique_ptr<OdRxObject> object)
 {
-    whatIsKept().commands.push_back(std::move(object));
+    ensureKept().commands.push_back(std::move(object));
 }
 
 void end()
 {
-    // The process ends, and the host is a static object: Qt's own ones, which widgets need, may be gone too.
+    // The process is exiting and the host is a static object: Qt's static objects, which widgets need, may
+    // already be destroyed, too.
     if (!TileOwner::registryExists())
         return;
 
-    // The registry points into what goes now. A host may create the module anew in the same process.
+    // The objects in the registry are deleted now. A host may create the module again in the same process.
     RecentDocumentBrowser::recentDocDialogList.clear();
     RecentDocumentBrowser::recentFileImageMap.clear();
     RecentDocumentBrowser::docPinButtonList.clear();
@@ -75,13 +76,14 @@ void end()
     RecentDocumentBrowser::recentDocMenu = nullptr;
     RecentDocumentBrowser::before = nullptr;
 
-    const std::unique_ptr<const Kept> going(std::exchange(kept, nullptr));
-    if (!QCoreApplication::closingDown()) // with the application Qt forgets who describes widgets
+    const std::unique_ptr<const Kept> remaining(std::exchange(kept, nullptr));
+    if (!QCoreApplication::closingDown()) // Qt removes accessibility factories with the application
         Accessibility::end();
-    if (QApplication::instance()) { // widgets die with the application at the latest
+    if (QApplication::instance()) { // without one, all widgets have been deleted
         deleteWindows<RecentDocMainWindow>();
         deleteWindows<QBalloonTip>();
-        for (const QPointer<QObject> &object : going ? going->objects : std::vector<QPointer<QObject>>())
+        for (const QPointer<QObject> &object :
+             remaining ? remaining->objects : std::vector<QPointer<QObject>>())
             delete object;
     }
     ButtonIcons::drop();

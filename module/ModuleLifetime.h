@@ -6,16 +6,17 @@
 class OdRxObject;
 class QObject;
 
-//! What the module makes and nothing deletes while it runs: the hidden menus with their entries, and the
-//! help commands. They run the library's code, so they may not outlive it: they are deleted with the module
-//! object. GUI thread.
+//! Owns the objects that stay as long as the module: the hidden menus with their entries, and the help
+//! commands. They run the library's code and must not outlive it, so they are deleted with the module object.
+//! GUI thread.
 namespace ModuleLifetime {
 
-//! Takes object over. One that is deleted elsewhere first is forgotten.
+//! Takes ownership of object, which may still be deleted elsewhere first.
 void keep(QObject *object);
+//! Takes ownership of object.
 void keep(std::unique_ptr<OdRxObject> object);
 
-//! Deletes the popups that are still open, a balloon, and what was kept.
+//! Deletes all open popups, the balloon and all kept objects, and clears the registry.
 void end();
 
 } // namespace ModuleLifetime

@@ -5,7 +5,7 @@
 
 #include <OdRxUnixModule.h>
 
-//! The module object that the host holds. GUI thread, but for the reference count.
+//! The module object that the host owns. GUI thread, except for the reference count.
 class OdRxUnixModuleRecentDocumentBrowser final
     : public OdRxUnixModule<RecentDocumentBrowser, RecentDocumentBrowser>
 {
@@ -15,5 +15,5 @@ public:
     void deleteModule() override;
 };
 
-//! The library's one module object; null before it is created and after it is deleted.
+//! The library's only module object; null before it is created and after it is deleted.
 extern OdRxUnixModuleRecentDocumentBrowser *g_pSingletonModule;

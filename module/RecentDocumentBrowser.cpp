@@ -24,16 +24,16 @@ QAction *RecentDocumentBrowser::before = nullptr;
 
 namespace {
 
-//! Constructed after the containers, and so destroyed before them.
+//! Constructed after the containers and therefore destroyed before them.
 const struct RegistryEnd
 {
     ~RegistryEnd() { TileOwner::registryDestroyed(); }
 } registryEnd;
 
-//! The one flag that the browser command carries. What the bit means is the host's.
+//! The only flag of the browser command. The host defines the meaning of the bit.
 constexpr std::uint32_t browserCommandFlags = 0x40000000;
 
-//! A help command that stays as long as the module: the command stack does not own what it lists.
+//! Creates a help command that lives as long as the module: the command stack does not own its commands.
 velaCommandHelp *newHelpCommand()
 {
     auto command = std::make_unique<OdStaticRxObject<velaCommandHelp>>();
@@ -88,7 +88,7 @@ void RecentDocumentBrowser::DocumentCreated(CFxDocument * /*document*/)
     LoadMenu();
     recentFileImageMap = {};
     menuPinButtonList.clear();
-    // Never shown: the browser's tiles and the pins are made from its entries.
+    // Never shown: its entries hold the pinned state and are the source of the browser's tiles.
     auto *hiddenMenu = new QMenu;
     ModuleLifetime::keep(hiddenMenu);
     AddRecentFiles(hiddenMenu, nullptr);

@@ -11,8 +11,8 @@
 
 namespace {
 
-//! Draws its text alone. Its style sheet makes both the text and the Fusion style's panel black, which is
-//! there under the pointer, pressed and at rest.
+//! Draws only its text. The style sheet would also make the panel black that the Fusion style draws for the
+//! button in every state.
 class MenuTextButton : public FolderPinButton
 {
 public:
@@ -24,7 +24,7 @@ protected:
         QStyleOptionToolButton option;
         initStyleOption(&option);
         QStylePainter painter(this);
-        painter.setLayoutDirection(option.direction); // else it has the application's
+        painter.setLayoutDirection(option.direction); // instead of the application's
         painter.drawControl(QStyle::CE_ToolButtonLabel, option);
     }
 };
@@ -47,7 +47,7 @@ RecentFileAction::RecentFileAction(const CFxString &text, const CFxString &path)
     textButton = new MenuTextButton(menu(), displayText);
     textButton->setObjectName(QStringLiteral("menuTextButton"));
     textButton->setText(text);
-    textButton->setLayoutDirection(Qt::LeftToRight); // in which paths read everywhere
+    textButton->setLayoutDirection(Qt::LeftToRight); // paths are always left to right
     textButton->setStyleSheet(
         QStringLiteral("QToolButton {                        color: rgba(0, 0, 0, 100%);"
                        "                        background-color: rgba(0, 0, 0, 0%);"

@@ -7,14 +7,14 @@
 
 class FolderPinButton;
 
-//! One recent document in a menu: its numbered path, "Show in Folder" and a pin. GUI thread.
+//! A menu entry for a recent document: its numbered path, "Show in Folder" and a pin. GUI thread.
 class RecentFileAction : public QWidgetAction
 {
     Q_OBJECT
 public:
-    //! Has no parent. Adds its pin button to the registry's menu pin buttons.
-    //! \param text what the menu shows: an ampersand, the entry's number, one blank, the path
-    //! \param path exactly as the host's list gives it
+    //! Creates an entry without a parent and adds its pin button to the registry's menu pin buttons.
+    //! \param text the menu text: an ampersand, the entry's number, a blank, the path
+    //! \param path exactly as in the host's list
     RecentFileAction(const CFxString &text, const CFxString &path);
 
     const CFxString filePath;

@@ -18,7 +18,7 @@ void RecentDocumentBrowser::AddRecentFiles(QMenu *menu, QAction *successor)
     menu->insertSeparator(successor);
     int number = 1;
     for (const CFxString &path : paths) {
-        // The number is the entry's mnemonic; from the tenth on its first digit is.
+        // The number is the entry's mnemonic; from the tenth entry on, its first digit is.
         const CFxString prefix = CFxString::format("&%i ", number++);
         auto *action = new RecentFileAction(QString(prefix) + QDir::toNativeSeparators(path), path);
         ModuleLifetime::keep(action);

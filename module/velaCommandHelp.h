@@ -3,14 +3,14 @@
 
 #include <CFxCommand.h>
 
-//! "_RHELP": opens the host's help at the browser's page.
+//! The command "_RHELP": opens the browser's page in the host's help.
 class velaCommandHelp : public CFxCommand
 {
 public:
     OdString globalName() const override;
     OdString localName() const override;
-    //! Always CFxCommand::normalCompletion.
+    //! Always returns CFxCommand::normalCompletion.
     int Execute(CFxCommandContext *context) override;
-    //! The number of the browser's page in the host's help.
+    //! The topic of the browser's page in the host's help.
     int GetHelpId() const override;
 };

@@ -8,7 +8,7 @@
 
 void RecentDocumentBrowser::CreateRecentDocList(QWidget *parent)
 {
-    // Copies: building a tile may run code that changes cache or list.
+    // Copies, because creating a tile may run code that changes the cache or the list.
     const QMap<QString, QImage> images = recentFileImageMap;
     const QList<FolderPinButton *> menuButtons = menuPinButtonList;
 

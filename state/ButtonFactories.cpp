@@ -7,7 +7,7 @@
 
 namespace {
 
-//! Where the buttons stand in their parent until a layout moves them, in pixels.
+//! Positions of the buttons in their parent until a layout moves them, in pixels.
 constexpr int pinButtonLeft = 130;
 constexpr int folderButtonLeft = 100;
 

@@ -7,7 +7,7 @@
 
 namespace {
 
-// Plain pointers, since a static host outlives the library's static objects, and buttons with them.
+// Plain pointers, because a static host, and with it the buttons, outlives the library's static objects.
 const QIcon *pinIcon = nullptr;
 const QIcon *folderIcon = nullptr;
 

@@ -5,18 +5,18 @@
 
 class QIcon;
 
-//! The pictures that all buttons of a kind share. If each button had its own, Qt would draw the folder anew
-//! for each one, and keep all of them in the application's cache of pictures, where they push out the
-//! application's. GUI thread.
+//! The icons shared by all buttons of a kind. If each button had an icon of its own, Qt would render the
+//! folder once per button, and the results would displace the application's pictures from QPixmapCache. GUI
+//! thread.
 namespace ButtonIcons {
 
-//! Of the pictures, in pixels, and of the buttons.
+//! Size of the icons and of the buttons, in pixels.
 constexpr QSize size(21, 21);
 
-//! A pin that is down where the button is checked, and up where it is not.
+//! A pin that points down if the button is checked, and up if it is not.
 const QIcon &pin();
 const QIcon &folder();
-//! Drops them, while the application that they were made for still exists.
+//! Deletes the icons, which should not outlive the application. They are created again on next use.
 void drop();
 
 } // namespace ButtonIcons

@@ -15,7 +15,7 @@
 
 namespace {
 
-//! How long the pointer must rest on a button, in milliseconds.
+//! How long the pointer must stay on a button, in milliseconds.
 constexpr int hoverDelay = 500;
 //! From a menu entry's lower edge up to where its balloon's tip would be, in pixels.
 constexpr int menuTipRise = 11;
@@ -27,7 +27,7 @@ FolderPinButton::FolderPinButton(QWidget *parent, QString &path) : QToolButton(p
     setAttribute(Qt::WA_MouseTracking);
     setStyleSheet(QStringLiteral("border: none;\nmargin: 0px;\npadding: 0px;"));
     setToolButtonStyle(Qt::ToolButtonIconOnly);
-    // The factories name the button later and make it checkable themselves.
+    // The factories set the object name later and make the button checkable themselves.
     if (objectName() == QLatin1String("pinButton"))
         setCheckable(true);
     connect(this, SIGNAL(clicked()), this, SLOT(pinDown())); // clazy:exclude=old-style-connect
@@ -45,7 +45,7 @@ QWidget *FolderPinButton::grandparent() const
     return parentWidget() ? parentWidget()->parentWidget() : nullptr;
 }
 
-//! A tile has a name; the widget that carries a menu entry has none.
+//! A tile has an object name; the widget of a menu entry has none.
 bool FolderPinButton::isInTile() const
 {
     return parentWidget() && !parentWidget()->objectName().isEmpty();
@@ -95,13 +95,13 @@ FolderPinButton::BalloonContent FolderPinButton::prepareBalloon()
 
 void FolderPinButton::showBalloonTip()
 {
-    // On purpose no balloon: over so small a button it would cover the neighbouring tiles.
+    // Deliberately shows no balloon: over such a small button it would cover the neighbouring tiles.
     prepareBalloon();
 }
 
 void FolderPinButton::OpenExplorer(QString &path)
 {
-    // The path stands between quotes as it is: one that holds a quote breaks the command, and only that.
+    // The path is quoted without escaping. A path that contains a quote only breaks this command.
     QStringList arguments =
         QProcess::splitCommand(QStringLiteral(BROWSER_FILE_MANAGER " \"") + path + QLatin1Char('"'));
     const QString program = arguments.takeFirst();
@@ -115,7 +115,7 @@ void FolderPinButton::OpenDocument(QString &path)
 
 void FolderPinButton::pinDown()
 {
-    const QPointer<FolderPinButton> self(this); // opening a document may delete us
+    const QPointer<FolderPinButton> self(this); // opening a document may delete this button
 
     if (objectName() == QLatin1String("menuTextButton")) {
         QString document = pathInMenuText(text());
@@ -144,8 +144,8 @@ void FolderPinButton::pinDown()
     }
 }
 
-//! Gives the menu's pin buttons the state of the tiles' ones. A menu button is listed again for each tile of
-//! its document, so one without a tile leaves the list.
+//! Copies the state of the tiles' pin buttons to those of the menu. The menu's list is rebuilt with one item
+//! per tile, so a menu button without a tile is removed from it.
 void FolderPinButton::takeOverPinsOfTiles()
 {
     if (auto *popup = qobject_cast<RecentDocMainWindow *>(grandparent()))
@@ -155,7 +155,7 @@ void FolderPinButton::takeOverPinsOfTiles()
     const QList<FolderPinButton *> menuButtons = RecentDocumentBrowser::menuPinButtonList;
     const QList<FolderPinButton *> tileButtons = RecentDocumentBrowser::docPinButtonList;
     if (!tileButtons.contains(this)) {
-        // The newest popup's are listed, and this one is in an older popup.
+        // This button is in an older popup; the list contains the newest popup's buttons.
         for (FolderPinButton *tileButton : tileButtons) {
             if (tileButton && tileButton->m_path == m_path)
                 tileButton->setChecked(isChecked());

@@ -8,13 +8,13 @@
 
 class QTimer;
 
-//! The small button of tiles and menu entries. Its object name says which of three it is: "pinButton" keeps a
-//! document in front, "folderButton" shows it in the file manager, "menuTextButton" opens it. GUI thread.
+//! The small button of tiles and menu entries. Its object name determines its role: "pinButton" keeps a
+//! document first, "folderButton" shows it in the file manager, "menuTextButton" opens it. GUI thread.
 class FolderPinButton : public QToolButton
 {
     Q_OBJECT
 public:
-    //! What a balloon over the button would show, and where its tip would be (global pixels).
+    //! The content of the button's balloon, and the position of its tip in global pixels.
     struct BalloonContent
     {
         QImage image;
@@ -23,7 +23,8 @@ public:
         QPoint position;
     };
 
-    //! \param path of the document that the button stands for, kept as it is
+    //! \param parent owns the button; may be null
+    //! \param path the path of the button's document, stored unchanged
     FolderPinButton(QWidget *parent, QString &path);
     ~FolderPinButton() override;
 
@@ -31,15 +32,17 @@ public:
     const QString &tipText() const { return m_tipText; }
     void setTipText(const QString &text) { m_tipText = text; }
 
-    //! Shows the file in the file manager; returns when that command has ended, whatever came of it.
+    //! Runs the command that shows the file in the file manager, and waits until it has ended. Its result is
+    //! ignored.
     void OpenExplorer(QString &path);
-    //! Asks the host to open the drawing.
+    //! Requests that the host open the drawing.
     void OpenDocument(QString &path);
 
-    //! What balloon the button would show now. Makes the file name a menu text button's tip text.
+    //! The content of the balloon for the current state. Also sets the tip text of a menu text button to the
+    //! file name.
     BalloonContent prepareBalloon();
 
-    //! The path in a menu text: what stands behind the first blank, or the whole text if there is none.
+    //! The path in a menu text: the text after the first blank, or the whole text if there is none.
     static QString pathInMenuText(const QString &text);
 
 protected:

@@ -10,8 +10,8 @@
 
 namespace {
 
-//! Gives an entry's text its new number. Of two-digit numbers only 10 is known as such: from the eleventh
-//! entry on the old second digit stays.
+//! Replaces the number in an entry's text. Of the two-digit numbers, only 10 is recognised: from the eleventh
+//! entry on, the old second digit remains.
 void renumber(const QAction *action, int number)
 {
     const auto *entry = qobject_cast<const RecentFileAction *>(action);
@@ -41,7 +41,7 @@ void RecentDocumentBrowser::UpdatePin(QString & /*unused*/)
         }
         pinnedButtons.append(button);
         for (QAction *action : actions) {
-            // The action's text keeps its first number for ever; the path behind it is all that counts here.
+            // The action's text always keeps its first number; only the path after it is compared.
             if (FolderPinButton::pathInMenuText(action->text()) == button->path()) {
                 renumber(action, number++);
                 pinned.append(action);
@@ -61,15 +61,15 @@ void RecentDocumentBrowser::UpdatePin(QString & /*unused*/)
 
     QMenu *const menu = TileOwner::livingMenu();
     if (!menu)
-        return; // none yet, or its owner has deleted it
+        return; // not created yet, or deleted by its owner
     QAction *const successor = TileOwner::livingSuccessor();
-    // Inserting an action that the menu holds already moves it.
-    QAction *const behindPinned = others.isEmpty() ? successor : others.first();
+    // Inserting an action that is already in the menu moves it.
+    QAction *const afterPinned = others.isEmpty() ? successor : others.first();
     for (QAction *action : qAsConst(pinned))
-        menu->insertAction(behindPinned, action);
-    // Each call adds a separator of its own; those of earlier calls stay where they are.
+        menu->insertAction(afterPinned, action);
+    // Each call adds another separator; those of earlier calls remain.
     if (!pinned.isEmpty() && !others.isEmpty())
-        menu->insertSeparator(behindPinned);
+        menu->insertSeparator(afterPinned);
     for (QAction *action : qAsConst(others))
         menu->insertAction(successor, action);
 }

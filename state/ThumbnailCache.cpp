@@ -13,16 +13,16 @@
 
 namespace {
 
-//! Keeps Qt's library of the worker threads in memory when the module goes. Its workers have nothing more to
-//! do with us once it has said that all is done, but may still be on their way out of its code, and the
-//! module may well be the only one that uses it.
+//! Keeps Qt's Concurrent library in memory when the module, which may be its only user, is unloaded. After
+//! all work is reported as finished, the worker threads no longer use the module, but may still be executing
+//! the library's code.
 void keepWorkersCode()
 {
     if (void *library = dlopen("libQt5Concurrent.so.5", RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE))
         dlclose(library);
 }
 
-//! A thread less for others to start in Qt's global pool.
+//! Reserves a thread in Qt's global pool, so that the pool starts one thread fewer.
 class ReservedThread
 {
 public:
@@ -44,20 +44,21 @@ void read(Picture &picture)
 
 static_assert(QT_VERSION_MAJOR == 5 && QT_VERSION_MINOR == 15, "needs Qt 5.15's parallel engine");
 
-//! What QtConcurrent::blockingMapped() promises: reads all pictures, spread over Qt's global thread pool, and
-//! returns when that is done. In Qt 5.15 that function returns as soon as the result is there, while the
-//! worker that reported it has still to pass through code that is the module's, and deletes what is the
-//! module's: when the module goes in that moment, the host crashes. It also waits without end when all
-//! threads of the pool wait for this one. So this asks the engine below it, whose workers leave by Qt's own
-//! code. It lets this thread read too, which therefore counts as one of the pool's; the others join as they
-//! get free.
+//! Reads all pictures on the threads of Qt's global thread pool and returns when all are read.
+//!
+//! QtConcurrent::blockingMapped() is documented to do this. But in Qt 5.15 it returns as soon as the result
+//! is available, while the worker that reported it still executes the module's code and deletes the module's
+//! objects: if the module is unloaded at that moment, the host crashes. It also waits forever if all threads
+//! of the pool wait for this one. This function therefore uses the engine that blockingMapped() is built on,
+//! whose workers finish in Qt's code. This thread reads, too, and is therefore counted as one of the pool's
+//! threads; the pool's own threads join when they become free.
 void readAll(QVector<Picture> &pictures)
 {
-    if (QThreadPool::globalInstance()->maxThreadCount() <= 1) { // else the pool would start one all the same
+    if (QThreadPool::globalInstance()->maxThreadCount() <= 1) { // the pool would start one nevertheless
         std::for_each(pictures.begin(), pictures.end(), read);
         return;
     }
-    const ReservedThread ourselves;
+    const ReservedThread thisThread;
     QtConcurrent::startMap(pictures.begin(), pictures.end(), read).startBlocking();
 }
 
@@ -77,7 +78,7 @@ QImage RecentDocumentBrowser::GetQImage(const QString &path)
 
 void RecentDocumentBrowser::CreateRecentFileImageMap()
 {
-    recentFileImageMap = {}; // and empty it stays when the host cannot tell its recent documents
+    recentFileImageMap = {}; // stays empty if the host has no list of recent documents
     const auto recent = HostAccess::recentFiles();
     if (!recent)
         return;
@@ -89,5 +90,5 @@ void RecentDocumentBrowser::CreateRecentFileImageMap()
         pictures.append({path, {}});
     readAll(pictures);
     for (const Picture &picture : qAsConst(pictures))
-        recentFileImageMap.insert(picture.path, picture.image); // of two equal paths the later one's stays
+        recentFileImageMap.insert(picture.path, picture.image); // of equal paths, the last one is kept
 }

@@ -12,8 +12,8 @@
 
 namespace {
 
-//! Tells whether an object that the registry points to is still there. What is put into the registry by hand
-//! is not watched, and counts as there.
+//! Detects whether an object in the registry still exists. An object that was put into the registry without
+//! set() is assumed to exist.
 template<class Object>
 class Watch
 {
@@ -64,7 +64,7 @@ bool TileOwner::listTilesOf(const QWidget *popup)
     if (tilesExist() || isRegistryDestroyed)
         return false;
     setOwnerOfTiles(popup);
-    // Children stand in the order in which they were made, which is the display order.
+    // Children are in the order of their creation, which is the display order.
     RecentDocumentBrowser::recentDocDialogList =
         popup->findChildren<RecentDocDialog *>(QString(), Qt::FindDirectChildrenOnly);
     RecentDocumentBrowser::docPinButtonList.clear();

@@ -9,32 +9,38 @@ class QObject;
 class QWidget;
 class RecentDocDialog;
 
-//! Whether what the registry points to still exists, and the registry itself. Its lists are not emptied when
-//! a popup goes away, and an older popup may outlive the newest, whose tiles they hold. GUI thread.
+//! Tracks the popup that owns the tiles in the registry, and whether the objects in the registry, and the
+//! registry itself, still exist. The registry's lists are not cleared when a popup is destroyed, and an older
+//! popup may outlive the newest one, whose tiles they contain. GUI thread.
 namespace TileOwner {
 
-//! \param popup the window whose tiles are listed from now on
+//! Sets the owner of the listed tiles.
+//! \param popup not owned; null if the tiles have no owner
 void setOwnerOfTiles(const QWidget *popup);
-//! A tile is being destroyed, with its window or alone. \param tile an address, no longer a tile
+//! Must be called when a tile is destroyed, with its popup or alone.
+//! \param tile only compared; no longer a tile
 void tileDestroyed(const QObject *tile);
-//! False from the moment when that window, or one of its tiles, starts to be destroyed; true while there
-//! never was one, since then the lists hold what was put into them by hand.
+//! False after the destruction of the owner or of one of its tiles has begun. True if no owner has been set:
+//! then the lists contain what was added to them directly.
 bool tilesExist();
-//! Lists the tiles of popup, and their pins, in place of those that are gone. \return whether it did: not
-//! while the listed ones exist
+//! If the listed tiles no longer exist, lists the tiles of popup and their pin buttons in their place.
+//! \return false if the listed tiles still exist
 bool listTilesOf(const QWidget *popup);
-//! The listed tiles in display order; empty once they are gone.
+//! The listed tiles in display order; empty if they no longer exist.
 QList<RecentDocDialog *> livingTiles();
 
-//! Remembers that the recent-file entries stand in menu before successor, which may be null.
+//! Tracks the menu that contains the recent-file entries, and the action that follows them.
+//! \param menu not owned
+//! \param successor not owned; null if the entries are at the end of the menu
 void watchMenu(QMenu *menu, QAction *successor);
-//! The registry's menu and successor; null once their owner has deleted them.
+//! The registry's menu and successor; null if their owner has deleted them.
 QMenu *livingMenu();
 QAction *livingSuccessor();
 
-//! False once the library's static objects are being destroyed. A host that is a static object itself ends
-//! later, and still has the module's code run.
+//! False after the destruction of the library's static objects has begun. A host that is a static object is
+//! destroyed later, and still calls the module's code.
 bool registryExists();
+//! Must be called when the registry is destroyed.
 void registryDestroyed();
 
 } // namespace TileOwner

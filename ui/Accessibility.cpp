@@ -12,12 +12,12 @@
 #include <QMouseEvent>
 #include <QPointer>
 
-// The popup keeps the keyboard focus itself and its tiles are its children side by side with the header. What
-// is described here differs: the tiles are in a list, and the tile that the highlight moved to last has the
-// focus.
+// The widgets differ from what is described here. In the widget tree, the popup keeps the keyboard focus and
+// the tiles are its children, next to the header. Here, the tiles are in a list, and the tile that the
+// highlight moved to last has the focus.
 //
-// Qt may ask about a widget until its very end, when the class that made it is gone already: what needs that
-// class casts each time.
+// Qt may query a widget until the end of its destruction, when the object is no longer of its derived class.
+// Code that needs the derived class therefore casts each time.
 
 namespace {
 
@@ -29,13 +29,13 @@ void notify(QObject *object, QAccessible::Event type)
     QAccessible::updateAccessibility(&event);
 }
 
-//! The popup's tiles in display order, without any that is being destroyed.
+//! The popup's tiles in display order, without tiles that are being destroyed.
 QList<RecentDocDialog *> tilesOf(const QWidget *popup)
 {
     return popup->findChildren<RecentDocDialog *>(QString(), Qt::FindDirectChildrenOnly);
 }
 
-//! The tile that stands for the popup's focus; null when none is highlighted.
+//! The tile that is presented as focused; null if none is highlighted.
 RecentDocDialog *currentTile(const QWidget *popup)
 {
     RecentDocDialog *current = nullptr;
@@ -47,8 +47,8 @@ RecentDocDialog *currentTile(const QWidget *popup)
     return current;
 }
 
-//! Uses the left button in the widget's middle. Later, since that may close the popup, or wait for another
-//! program: who asks for it does not wait.
+//! Sends left-button events to the widget's centre from the event loop. The events may close the popup or
+//! wait for another program, and the assistive program must not wait for that.
 void useMouseLater(QWidget *widget, const QVector<QEvent::Type> &types)
 {
     const auto send = [widget = QPointer<QWidget>(widget), types] {
@@ -62,7 +62,7 @@ void useMouseLater(QWidget *widget, const QVector<QEvent::Type> &types)
     QMetaObject::invokeMethod(widget, send, Qt::QueuedConnection);
 }
 
-//! The list of the tiles, which no widget stands for.
+//! The list of the tiles, which has no widget.
 class TileList final : public QAccessibleObject
 {
 public:
@@ -104,7 +104,7 @@ private:
     QWidget *m_popup;
 };
 
-//! The popup: its header's labels, and after them the list.
+//! The popup. Its children are the header's labels, followed by the list.
 class PopupInterface final : public QAccessibleWidget
 {
 public:
@@ -112,7 +112,7 @@ public:
         : QAccessibleWidget(popup, QAccessible::Dialog), m_list(new TileList(popup)),
           m_listId(QAccessible::registerAccessibleInterface(m_list))
     {
-        // Qt notifies of the popup's focus itself, right after this signal.
+        // Queued, because Qt notifies of the popup's focus itself right after this signal.
         QObject::connect(
             qApp, &QApplication::focusChanged, popup,
             [popup](const QWidget * /*old*/, const QWidget *now) {
@@ -158,7 +158,7 @@ private:
     QAccessible::Id m_listId;
 };
 
-//! A tile: its drawing's file name in full, and its path.
+//! A tile, with the full file name of its drawing as name and the path as description.
 class TileInterface final : public QAccessibleWidget
 {
 public:
@@ -193,8 +193,8 @@ public:
     }
 
     QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
-    //! Opens the drawing, or highlights the tile alone. The popup would close if it lost the focus to the
-    //! tile.
+    //! Opens the drawing, or highlights only this tile. Does not set the focus to the tile, because the popup
+    //! closes when it loses the focus.
     void doAction(const QString &name) override
     {
         if (name == pressAction())
@@ -204,7 +204,7 @@ public:
     }
 };
 
-//! What a click does something to: a small button, or the help icon.
+//! A widget that responds to clicks: a small button, or the help icon.
 class ButtonInterface final : public QAccessibleWidget
 {
 public:
@@ -212,7 +212,7 @@ public:
     explicit ButtonInterface(FolderPinButton *button)
         : QAccessibleWidget(button, button->isCheckable() ? QAccessible::CheckBox : QAccessible::Button)
     {
-        // Its tip says what a click would do.
+        // The name is the tip, which depends on the state.
         QObject::connect(button, &QAbstractButton::toggled, button,
                          [button] { notify(button, QAccessible::NameChanged); });
     }
@@ -240,7 +240,7 @@ public:
     {
         return {role() == QAccessible::CheckBox ? toggleAction() : pressAction()};
     }
-    //! Qt's own action toggles a button without a click, and nothing would be pinned.
+    //! Sends a click, because Qt's own action toggles a button without one, which pins nothing.
     void doAction(const QString &name) override
     {
         if (actionNames().contains(name))
@@ -248,8 +248,8 @@ public:
     }
 };
 
-//! Casts, and does not go by the name: another copy of the module may have a factory as well, and each is
-//! asked about the other's widgets.
+//! Casts instead of comparing class names: another copy of the module may have installed a factory, too, and
+//! Qt calls each factory for the widgets of both.
 QAccessibleInterface *newInterface(const QString & /*className*/, QObject *object)
 {
     if (auto *popup = qobject_cast<RecentDocMainWindow *>(object))
@@ -278,7 +278,7 @@ void Accessibility::end()
 
 void Accessibility::highlightChanged(RecentDocDialog *tile)
 {
-    // The one event of a selection that Qt's bridge on Linux hands on, whether it came or went.
+    // The only selection event that Qt's bridge on Linux forwards, for selecting and deselecting.
     notify(tile, QAccessible::Selection);
 }
 

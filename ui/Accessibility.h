@@ -3,21 +3,22 @@
 
 class RecentDocDialog;
 
-//! How the browser is described to assistive programs, such as screen readers: the popup is a dialog with a
-//! list of the drawings, a tile is a selectable item of that list, and the small buttons and the help icon
-//! can be pressed. Without such a program nothing is made and nothing is sent. GUI thread.
+//! Describes the browser to assistive programs, such as screen readers: the popup is a dialog with a list of
+//! the drawings, a tile is a selectable item of that list, and the small buttons and the help icon can be
+//! pressed. If no such program is running, nothing is created or sent. GUI thread.
 namespace Accessibility {
 
-//! From now on Qt asks the module for what describes its widgets, until the application ends. May be called
-//! again.
+//! Installs the factory of the module's accessible interfaces, until end() or the end of the application. Can
+//! be called more than once.
 void begin();
-//! No longer. What describes a widget is deleted with the widget, so the widgets go next.
+//! Removes the factory. Existing interfaces are deleted with their widgets, so the caller must delete the
+//! widgets next.
 void end();
 
-//! The tile's highlight has come or gone.
+//! Notifies assistive programs that the tile was highlighted or is no longer highlighted.
 void highlightChanged(RecentDocDialog *tile);
-//! The highlight has moved, and to this tile last: for users who cannot see it, the tile has the keyboard
-//! focus.
+//! Notifies assistive programs that the highlight moved to this tile, which is presented to them as having
+//! the keyboard focus.
 void highlightMovedTo(RecentDocDialog *tile);
 
 } // namespace Accessibility

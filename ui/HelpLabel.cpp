@@ -20,7 +20,7 @@ HelpLabel::~HelpLabel() = default;
 
 void HelpLabel::mousePressEvent(QMouseEvent * /*event*/)
 {
-    const QPointer<QWidget> popup(parentWidget()); // the help may run an event loop, and delete us
+    const QPointer<QWidget> popup(parentWidget()); // may be deleted while the help runs an event loop
     HostAccess::runCommand(L"_RHELP");
     if (popup)
         popup->close();

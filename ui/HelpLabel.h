@@ -3,8 +3,8 @@
 
 #include <QLabel>
 
-//! The help icon in the popup's header: a press of any mouse button runs the help command and closes the
-//! popup. GUI thread.
+//! The help icon in the popup's header. Pressing any mouse button runs the help command and closes the popup.
+//! GUI thread.
 class HelpLabel : public QLabel
 {
     Q_OBJECT

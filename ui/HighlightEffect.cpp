@@ -6,7 +6,7 @@
 
 namespace {
 
-//! A plate that reaches out no further than this, in pixels, is not worth drawing.
+//! Nothing is drawn if the plate extends no further than this, in pixels.
 constexpr double leastOffset = 2.0;
 //! The plate's corners, in percent of half its width and height.
 constexpr double cornerRadius = 5.0;
@@ -29,12 +29,12 @@ void HighlightEffect::draw(QPainter *painter)
 
     QPoint position;
     const QPixmap source = sourcePixmap(Qt::DeviceCoordinates, &position, PadToEffectiveBoundingRect);
-    // The position counts in the units of the widget, of which a pixel of a fine screen is a part.
+    // The position is in device-independent pixels, while the pixmap's size is in device pixels.
     QRectF plate = boundingRectFor(QRectF(QPointF(), QSizeF(source.size()) / source.devicePixelRatio()));
     plate.moveTopLeft(position - offset);
 
     painter->save();
-    // The position is the device's, but the painter still carries the widget's own translation.
+    // The position is in device coordinates, but the painter still has the widget's translation.
     painter->setWorldTransform(QTransform());
     painter->setPen(Qt::NoPen);
     painter->setBrush(color);

@@ -13,17 +13,18 @@ namespace {
 
 QBalloonTip *theSolitaryBalloonTip = nullptr;
 
-//! In place of a negative timeout, in milliseconds.
+//! Replaces a negative timeout, in milliseconds.
 constexpr int defaultTimeout = 10000;
 
-// The outline, in pixels: the body begins right of the pointer and below the content's upper margin.
+// The outline, in pixels. The body starts to the right of the pointer and below the content's top margin.
 constexpr int bodyLeft = 38;
 constexpr int bodyTop = 18;
 constexpr int cornerRadius = 7;
 constexpr int cornerSide = 2 * cornerRadius;
-constexpr int pointerTop = 25; // the tip's height as well
+constexpr int pointerTop = 25; // also the y coordinate of the tip
 constexpr int pointerBottom = 45;
-// The content keeps this distance from the widget's edges, in pixels; where the body's top is, more.
+// Margins of the content, in pixels. The margin is wide above the content, or below it if the balloon is
+// flipped.
 constexpr int sideMargin = 4;
 constexpr int narrowMargin = 3;
 constexpr int wideMargin = 21;
@@ -31,7 +32,7 @@ constexpr int wideMargin = 21;
 constexpr int messageWidth = 166;
 constexpr int pictureWidth = 161;
 constexpr int pictureHeight = 91;
-//! The border is this much darker than the ground, as QColor::darker() counts.
+//! How much darker the border is than the background, as a factor for QColor::darker().
 constexpr int borderFactor = 160;
 
 //! The body, a rounded rectangle, with the pointer on its left edge.
@@ -128,10 +129,10 @@ QBalloonTip::QBalloonTip(const QImage &icon, const QString &title, const QString
         layout->addWidget(titleLabel, 0, 1, Qt::AlignLeft);
         layout->addWidget(pictureLabel, 1, 1, Qt::AlignLeft);
     }
-    // Column 0 is the room for the pointer.
+    // Column 0 is the space for the pointer.
     layout->addWidget(new QLabel, 0, 0);
     layout->addItem(new QSpacerItem(40, 20, QSizePolicy::Expanding, QSizePolicy::Minimum), 0, 0, 1, 1);
-    // Without a picture the message stands at the balloon's corner, outside the layout.
+    // Without a picture, the message is at the balloon's corner, outside the layout.
     if (!icon.isNull())
         layout->addWidget(messageLabel, 2, 1, Qt::AlignLeft);
     layout->setSizeConstraint(QLayout::SetFixedSize);
@@ -146,7 +147,7 @@ QBalloonTip::QBalloonTip(const QImage &icon, const QString &title, const QString
 
 QBalloonTip::~QBalloonTip()
 {
-    // A balloon that was hidden goes away a little later, when the next one may be up.
+    // A hidden balloon is deleted later, when the next one may already be visible.
     if (theSolitaryBalloonTip == this)
         theSolitaryBalloonTip = nullptr;
 }

@@ -4,17 +4,17 @@
 #include <QPixmap>
 #include <QWidget>
 
-//! A speech balloon with title, picture and message whose pointer sticks out to the left. At most one exists
-//! in the process, and it stays until it is hidden. GUI thread.
+//! A speech balloon with title, picture and message, and a pointer on its left side. At most one balloon is
+//! visible in the process, and it remains until it is hidden. GUI thread.
 class QBalloonTip : public QWidget
 {
     Q_OBJECT
 public:
-    //! Shows a balloon in place of the current one; with an empty title and message it only hides that one.
+    //! Hides the current balloon and shows a new one. If title and message are empty, no balloon is shown.
     //! \param icon the picture; may be null
     //! \param position of the pointer's tip, in global pixels
-    //! \param timeout in milliseconds; taken and not used: no balloon hides by itself
-    //! \param showArrow taken and not used: the pointer is always drawn
+    //! \param timeout in milliseconds; ignored: a balloon does not hide automatically
+    //! \param showArrow ignored: the pointer is always drawn
     static void showBalloon(const QImage &icon, const QString &title, const QString &message,
                             const QPoint &position, int timeout, bool showArrow);
     static void hideBalloon();

@@ -15,16 +15,16 @@
 
 namespace {
 
-//! A tile, and where it stands until the grid places it, in pixels.
+//! Size of a tile, and its position until the grid places it, in pixels.
 constexpr QRect tileGeometry(10, 90, 161, 131);
-//! Names longer than this many characters keep fewer of them and end in dots.
+//! Names longer than nameLength characters are cut to keptOfName characters and padded with dots.
 constexpr int nameLength = 16;
 constexpr int keptOfName = 13;
-//! Likewise paths that are wider than the popup.
+//! The same for paths that are wider than the popup.
 constexpr int pathLength = 100;
 constexpr int keptOfPath = 97;
-//! The type icon: its side, and its corner seen from the picture's size before the layout has run, in
-//! pixels. Together they put it into the tile's lower right corner.
+//! The type icon: its side, and the offset of its corner from the picture's size before the layout is
+//! activated, in pixels. Together they place it in the tile's lower right corner.
 constexpr int typeIconSide = 21;
 constexpr QPoint typeIconShift(40, 80);
 
@@ -48,7 +48,7 @@ QString hoverSheet()
 
 } // namespace
 
-// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): setupUi() makes the form's members
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): setupUi() initialises the form's members
 RecentDocDialog::RecentDocDialog(QWidget *parent, FolderPinButton *menuPinButton, const QString &path,
                                  QImage &thumbnail, bool /*unused*/)
     : QDialog(parent), m_thumbnail(thumbnail), m_path(path)
@@ -80,7 +80,7 @@ void RecentDocDialog::buildName()
         name = name.left(keptOfName).leftJustified(nameLength, QLatin1Char('.'));
     m_nameLabel->setTextFormat(Qt::PlainText); // a file may be called <b>.dwg
     m_nameLabel->setText(name);
-    // The tile's ground is light on every desktop.
+    // The tile's background is light on every desktop.
     QPalette black;
     black.setBrush(QPalette::WindowText, Qt::black);
     m_nameLabel->setPalette(black);
@@ -155,11 +155,11 @@ void RecentDocDialog::OpenDocument()
 
 void RecentDocDialog::setMainWindowDocPathLabel(const QString &path)
 {
-    if (!RecentDocMainWindow::docPathLabel ||
-        !parentWidget()) // the newest popup is gone; this tile is in an older one
+    // The newest popup may have been deleted while this tile is in an older one.
+    if (!RecentDocMainWindow::docPathLabel || !parentWidget())
         return;
     QString text = path;
-    // The application's font, not the label's: that is how a path is judged too wide.
+    // The width is measured in the application's font, not in the label's.
     if (QFontMetrics(QFont()).horizontalAdvance(path) > parentWidget()->width())
         text = path.left(keptOfPath).leftJustified(pathLength, QLatin1Char('.'));
     RecentDocMainWindow::docPathLabel->setText(text);
@@ -197,8 +197,8 @@ void RecentDocDialog::leaveEvent(QEvent * /*event*/)
 
 void RecentDocDialog::focusInEvent(QFocusEvent * /*event*/)
 {
-    // Showing a dialog sends it a focus event that it has not earned; with tiles the last one would win the
-    // path line.
+    // A dialog receives a focus event when it is shown, even if it does not get the focus. Without this
+    // check, the path line would show the last tile's path.
     if (!hasFocus())
         return;
     haveTilesListed();

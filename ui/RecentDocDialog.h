@@ -10,38 +10,39 @@
 class FolderPinButton;
 class HighlightEffect;
 
-//! A tile of the popup: one recent document with its picture, name, "Show in Folder" and pin. It is a child
-//! of the popup, and no window of its own. GUI thread.
+//! A tile of the popup: a recent document with its picture, name, "Show in Folder" and pin. It is a child
+//! widget of the popup, not a window. GUI thread.
 class RecentDocDialog : public QDialog, public Ui_RecentDocDialog
 {
     Q_OBJECT
 public:
     //! \param parent the popup
-    //! \param menuPinButton the same document's pin in the recent-files menu; its state is taken over once
+    //! \param menuPinButton the same document's pin in the recent-files menu; its state is copied once
     //! \param path the document's full path
     //! \param thumbnail copied; null gives a blank picture
-    //! \param unused taken and not used
+    //! \param unused ignored
     RecentDocDialog(QWidget *parent, FolderPinButton *menuPinButton, const QString &path, QImage &thumbnail,
                     bool unused);
     ~RecentDocDialog() override;
 
     const QString &path() const { return m_path; }
     FolderPinButton *pinButton() const { return m_pinButton; }
-    //! Whether the tile's effect has the highlight's colour.
+    //! True if the tile's effect has the highlight colour.
     bool isHighlighted() const;
-    //! Installs a highlight of its own and repaints the tile.
+    //! Installs a new highlight effect and repaints the tile.
     void highlight();
-    //! Gives the effect, which stays, the tile's resting colour. Asks for no repaint. A tile that never was
-    //! highlighted has no effect and is left alone.
+    //! Sets the colour of the current effect to the resting colour. Does not repaint. Does nothing if the
+    //! tile was never highlighted, because it then has no effect.
     void clearHighlight();
 
-    //! Asks the host to open the tile's document.
+    //! Requests that the host open the tile's document.
     void OpenDocument();
-    //! Makes effect the tile's current one. The tile takes it over and deletes the one before.
+    //! Installs effect. The tile takes ownership of it and deletes the previous one.
     void setHighlightEffect(HighlightEffect *effect);
-    //! Writes path into the newest popup's path line, cut if it is wider than this tile's popup.
+    //! Shows path in the newest popup's path line, shortened if it is wider than this tile's popup.
     void setMainWindowDocPathLabel(const QString &path);
-    //! Highlights what lies between the first two highlighted tiles; with one alone, all behind it.
+    //! Highlights the tiles between the first two highlighted ones. If only one is highlighted, highlights
+    //! all tiles after it.
     void selectMultiDocByShiftAndMouseCombination();
 
 protected:

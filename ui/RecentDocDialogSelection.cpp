@@ -9,12 +9,12 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
-// How a tile answers the hand. What it does not take itself it leaves to the popup, by ignoring the event and
-// giving the popup the focus.
+// A tile's mouse and key events. The tile passes events that it does not handle to the popup, by ignoring
+// them and setting the focus to the popup.
 
 namespace {
 
-//! Shift or Control alone. Any other combination counts as a plain click.
+//! Only Shift or only Control. Any other combination counts as a plain click.
 bool extendsSelection(const QMouseEvent *event)
 {
     return event->modifiers() == Qt::ShiftModifier || event->modifiers() == Qt::ControlModifier;
@@ -46,8 +46,8 @@ void RecentDocDialog::mousePressEvent(QMouseEvent *event)
     QWidget::mousePressEvent(event);
 }
 
-//! A press on one of several highlighted tiles keeps them, so that they can be dragged together; the release
-//! leaves that one alone.
+//! A press on one of several highlighted tiles keeps all of them highlighted, so that they can be dragged
+//! together. The release highlights only that one.
 void RecentDocDialog::mouseReleaseEvent(QMouseEvent *event)
 {
     haveTilesListed();
@@ -69,7 +69,7 @@ void RecentDocDialog::mouseReleaseEvent(QMouseEvent *event)
 
 void RecentDocDialog::mouseDoubleClickEvent(QMouseEvent * /*event*/)
 {
-    const QString document = m_path; // closing the popup, and opening a drawing, may delete us
+    const QString document = m_path; // closing the popup and opening the drawing may delete this tile
     if (auto *popup = qobject_cast<QDialog *>(parentWidget()))
         popup->done(0);
     HostAccess::openDocument(document);

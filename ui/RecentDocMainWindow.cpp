@@ -16,39 +16,41 @@
 
 namespace {
 
-//! Width of a tile's column and height of a tile's row; a popup of one row is a little higher. In pixels.
+//! Width of a column and height of a row of tiles; a popup with one row is slightly higher. In pixels.
 constexpr int columnWidth = 181;
 constexpr int rowHeight = 175;
 constexpr int singleRowHeight = 201;
-//! Narrow and medium main windows get a fixed number of columns, wider ones a column for so many pixels.
+//! Narrow and medium main windows get a fixed number of columns, wider ones a column per frameWidthPerColumn.
+//! In pixels.
 constexpr int narrowFrame = 585;
 constexpr int narrowColumns = 4;
 constexpr int mediumFrame = 900;
 constexpr int mediumColumns = 3;
 constexpr int frameWidthPerColumn = 322;
-//! A popup that would begin at or before this pixel is put to the main window's corner.
+//! A popup whose computed position is at or before this pixel is moved to the main window's corner.
 constexpr int leastPosition = 1;
 
 void paintGround(QWidget *widget, const QPalette &palette)
 {
     widget->setAutoFillBackground(true);
     widget->setPalette(palette);
-    // A style sheet's polishing switches the filling off and paints instead. It keeps what it has found: set
-    // later, the palette would be lost when the application's style changes.
+    // Polishing by a style sheet disables the background filling and paints the background itself, so it must
+    // be enabled again. The style sheet stores the palette that it finds: a palette that is set after
+    // polishing would be lost when the application's style changes.
     widget->ensurePolished();
     widget->setAutoFillBackground(true);
 }
 
-//! How much of each row the layout may take away where it lacks room, in pixels. Tiles keep their size, so
-//! that the last row's reach into the grid's lower margin by as much, of which a highlighted tile needs 3
-//! itself.
+//! How much the layout may shorten each row if there is not enough space, in pixels. Tiles keep their size,
+//! so those in the last row extend into the grid's lower margin by as much. A highlighted tile needs 3 pixels
+//! of that margin.
 constexpr int spareHeight = 8;
 
 } // namespace
 
 QPointer<QLabel> RecentDocMainWindow::docPathLabel;
 
-// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): setupUi() makes the form's members
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): setupUi() initialises the form's members
 RecentDocMainWindow::RecentDocMainWindow(QWidget *parent) : CFxDialog(parent, false, Qt::FramelessWindowHint)
 {
     Accessibility::begin();
@@ -57,7 +59,8 @@ RecentDocMainWindow::RecentDocMainWindow(QWidget *parent) : CFxDialog(parent, fa
     setAcceptDrops(true);
     setAttribute(Qt::WA_MouseTracking);
     setAttribute(Qt::WA_DeleteOnClose);
-    // The tiles' colours are fixed, and the ring of a highlighted one is seen on a light ground alone.
+    // The tiles' colours are fixed, and the border of a highlighted one is only visible on a light
+    // background.
     QPalette ground;
     ground.setBrush(QPalette::Window, QColor(240, 240, 240));
     setPalette(ground);
@@ -70,13 +73,13 @@ RecentDocMainWindow::RecentDocMainWindow(QWidget *parent) : CFxDialog(parent, fa
 
     const auto recent = HostAccess::recentFiles();
     if (!recent)
-        return; // the header alone
+        return; // only the header
     const QWidget *mainFrame = HostAccess::mainFrame();
     const QRect frame = mainFrame ? mainFrame->geometry() : QRect(0, 0, 0, 0);
     computeSize(frame.width(), static_cast<int>(recent->size()));
     computePosition(frame);
-    // The layout's own minimum would make the window larger than computed, and a window that grows while the
-    // window manager takes it over reports a false place.
+    // The layout's minimum size would make the window larger than computed, and a window that grows while the
+    // window manager maps it reports a wrong position.
     verticalLayout->setSizeConstraint(QLayout::SetNoConstraint);
     setGeometry(popupX, popupY, popupWidth, popupHeight);
     buildGrid();
@@ -124,8 +127,8 @@ void RecentDocMainWindow::computeSize(int frameWidth, int documentCount)
     popupHeight = tileRows == 1 ? singleRowHeight : tileRows * rowHeight;
 }
 
-//! Centres the popup as if the main window stood at the screen's corner. Where there is no room for that, the
-//! main window's own corner comes in, with left and top exchanged when one side alone is too long.
+//! Centres the popup as if the main window were at the screen's top left corner. If there is not enough
+//! space, the position of the main window is used, with left and top swapped if only one side is too long.
 void RecentDocMainWindow::computePosition(const QRect &frame)
 {
     popupX = (frame.width() - popupWidth) / 2;
@@ -146,7 +149,7 @@ void RecentDocMainWindow::buildGrid()
     gridLayout->setSpacing(20);
     gridLayout->setContentsMargins(gridMargin, gridMargin, gridMargin, gridMargin);
     gridLayout->setObjectName(QStringLiteral("gridLayout"));
-    // The spacers stand beyond the last column and row, so that tiles keep to the upper left.
+    // The spacers are after the last column and row, so that the tiles stay at the upper left.
     horizontalSpacer = new QSpacerItem(horizontalSpace.width(), horizontalSpace.height(),
                                        QSizePolicy::Expanding, QSizePolicy::Minimum);
     gridLayout->addItem(horizontalSpacer, 0, tileColumns + 1);

@@ -14,59 +14,62 @@ class QLabel;
 class QSpacerItem;
 class RecentDocDialog;
 
-//! The browser's popup: a header with title, help icon and path line over a grid of tiles, one for each
-//! recent document. It closes when the focus leaves it with the pointer outside, and deletes itself when
+//! The browser's popup: a header with title, help icon and path line above a grid of tiles, one for each
+//! recent document. It closes when it loses the focus while the pointer is outside, and deletes itself when
 //! closed. GUI thread.
 class RecentDocMainWindow : public CFxDialog, public Ui_RecentDocMainWindow
 {
     Q_OBJECT
 public:
-    //! Builds and places the whole popup, blocking until the pictures are read if they are not cached.
+    //! Creates the popup with all tiles and places it. Blocks until the pictures are read, if they are not
+    //! cached.
     //! \param parent the host's main window, which owns the popup; may be null
     explicit RecentDocMainWindow(QWidget *parent);
     ~RecentDocMainWindow() override;
 
-    // Moving the highlight (ui/RecentDocMainWindowKeys.cpp). Nothing happens where there are no tiles, or
-    // where the tiles are those of a popup that is gone.
-    //! One tile on or back in display order, and round the ends. Several highlighted tiles become the one
-    //! behind, or in front of, them.
+    // Moving the highlight (ui/RecentDocMainWindowKeys.cpp). These do nothing if there are no tiles, or if
+    // the listed tiles belong to a popup that was deleted.
+    //! Moves the highlight to the next or previous tile in display order, wrapping around. A run of several
+    //! highlighted tiles is replaced by the tile after it, or before it.
     void gotoNextDialog();
     void gotoPreviousDialog();
-    //! One row down or up, round the ends of the column. Only the first highlighted tile moves.
+    //! Moves the highlight of the first highlighted tile one row down or up, wrapping around in the column.
+    //! Other tiles stay highlighted.
     void goDownNextDialog();
     void goUpPreviousDialog();
-    //! Grows the highlighted run at its end or its start, or, after a step the other way, shrinks it.
+    //! Extends the highlighted run by one tile at its end, or its start. After a step in the other
+    //! direction, shortens it instead.
     void selectForwardMultiDoc();
     void selectBackwardMultiDoc();
-    //! Closes the popup and asks the host to open every highlighted document, in display order. The host may
-    //! run an event loop meanwhile: the popup may be gone afterwards. Nothing highlighted: nothing happens.
+    //! Closes the popup and requests that the host open every highlighted document, in display order. Does
+    //! nothing if no tile is highlighted. The host may run an event loop, in which the popup may be deleted.
     void multiDocumentOpen();
 
-    //! Has the registry list this popup's tiles if those of the newest popup are gone: an older one that
-    //! outlives it works like an only one from its next event on.
+    //! Lists this popup's tiles in the registry if those of the newest popup were deleted. An older popup
+    //! that outlives the newest one thus works like a single one from its next event on.
     void haveTilesListed();
 
-    //! The grid column of the highlighted tile; -1 when none is highlighted.
+    //! The grid column of the first highlighted tile; -1 if none is highlighted.
     int getColumnPosition() const;
 
-    //! The path line of the popup that was made last; null when that popup is gone.
+    //! The path line of the newest popup; null if that popup was deleted.
     static QPointer<QLabel> docPathLabel;
 
     // Lengths in pixels, positions in global coordinates unless said otherwise.
-    QGridLayout *gridLayout = nullptr; //!< the tiles; null when the host keeps no recent documents
+    QGridLayout *gridLayout = nullptr; //!< the tiles; null if the host has no list of recent documents
     int tileColumns = 0;
     int tileRows = 0;
     QPointer<RecentDocDialog> dragDialog; //!< the tile under the last press; may be null
     QSpacerItem *horizontalSpacer = nullptr;
     QSpacerItem *verticalSpacer = nullptr;
-    int popupWidth = 0; //!< as computed; the popup comes back to it after a drag
+    int popupWidth = 0; //!< the computed size, which is restored after a drag
     int popupHeight = 0;
     bool isCollapsed = false; //!< shrunk to the header while a tile is dragged outside
     int popupX = 0;
     int popupY = 0;
     QPoint pressPoint;                    //!< of the last left press, in the popup's own coordinates
-    bool backwardSelectionActive = false; //!< the last step of a keyboard selection went left
-    bool forwardSelectionActive = false;  //!< or right
+    bool backwardSelectionActive = false; //!< the last step of a keyboard selection was to the left
+    bool forwardSelectionActive = false;  //!< or to the right
 
 public Q_SLOTS:
     //! Opens the browser's online help page in the desktop's web browser.
@@ -85,7 +88,7 @@ protected:
     bool focusNextPrevChild(bool next) override;
 
 private:
-    // The grid as built, and as it is again after a drag; in pixels.
+    // The grid's initial sizes, which are restored after a drag; in pixels.
     static constexpr int gridMargin = 11;
     static constexpr QSize horizontalSpace{40, 20};
     static constexpr QSize verticalSpace{20, 40};
@@ -102,6 +105,7 @@ private:
     void setGridSpace(int margin, const QSize &horizontal, const QSize &vertical) const;
     QList<QWidget *> widgetsInGrid() const;
 
-    //! What the content needs where that is more than popupHeight, as with larger text; else 0. In pixels.
+    //! The height that the content needs, in pixels, if that exceeds popupHeight, as with larger text;
+    //! otherwise 0.
     int m_leastHeight = 0;
 };

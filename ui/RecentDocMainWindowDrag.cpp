@@ -13,23 +13,24 @@
 #include <QMouseEvent>
 #include <QUrl>
 
-// Dragging a tile out of the popup. While the pointer is outside, the popup is a strip, so that the drawing
-// behind it can be reached; a drag that ends outside opens what is highlighted.
+// Dragging a tile out of the popup. While the pointer is outside, the popup is a strip, so that the user can
+// drop on the drawing behind it. A drag that ends outside opens the highlighted documents.
 
 namespace {
 
-//! The browser's own drags: the tile's picture (QPixmap) and where in it the pointer took hold (QPoint,
-//! pixels from its upper left corner), as a QDataStream writes them.
+//! MIME type of the browser's drags. The data are the tile's picture (QPixmap) and the position of the
+//! pointer in it (QPoint, pixels from its upper left corner), written by QDataStream.
 QString tileFormat()
 {
-    // No QStringLiteral: the drag's data may outlive the library, and with it a literal's letters.
+    // Not a QStringLiteral, whose characters are unloaded with the library, while the drag's data may outlive
+    // it.
     return QString::fromLatin1("application/corvel.DR.Layout");
 }
 
-//! A pointer this near to the popup's edge counts as outside, in pixels. Moves of a drag are told only to the
-//! window under the pointer: without a rim nothing would tell of leaving.
+//! A pointer this close to the popup's edge counts as outside, in pixels. Only the window under the pointer
+//! receives the moves of a drag, so without this rim the popup would not detect that the pointer leaves it.
 constexpr int rim = 11;
-//! What is left of the popup then: its header, in pixels.
+//! The height of the popup while the pointer is outside, in pixels: its header.
 constexpr int stripHeight = 32;
 
 QString tileName()
@@ -37,8 +38,8 @@ QString tileName()
     return QStringLiteral("RecentDocDialog");
 }
 
-//! Runs a drag of the tile from its start to its end, in an event loop. tile may be gone afterwards.
-//! \param grabOffset where the pointer holds the tile, pixels from its upper left corner
+//! Runs a drag of the tile in an event loop, until the drag ends. tile may be deleted meanwhile.
+//! \param grabOffset position of the pointer in the tile, in pixels from its upper left corner
 void runDrag(RecentDocDialog *tile, const QPoint &grabOffset)
 {
     const QPixmap picture = tile->grab();
@@ -51,14 +52,14 @@ void runDrag(RecentDocDialog *tile, const QPoint &grabOffset)
     payload->setUrls({QUrl(QStringLiteral("file:///") + tile->path(), QUrl::TolerantMode)});
 
     const QPointer<QDrag> drag(new QDrag(tile));
-    // The drag goes on when its tile is deleted, and Qt needs its object until the end.
+    // The drag continues if its tile is deleted, and Qt needs the drag object until it ends.
     QObject::connect(tile, &QObject::destroyed, drag,
                      [drag] { drag->setParent(QCoreApplication::instance()); });
     drag->setMimeData(payload);
     drag->setHotSpot(grabOffset);
     drag->setPixmap(picture);
     drag->exec(Qt::CopyAction);
-    // Another program fetches the data after the drop, when tile and popup may be gone.
+    // Another program requests the data after the drop, when tile and popup may have been deleted.
     if (drag)
         drag->setParent(QCoreApplication::instance());
 }
@@ -70,7 +71,7 @@ void RecentDocMainWindow::mousePressEvent(QMouseEvent *event)
     if (event->button() == Qt::LeftButton)
         pressPoint = event->pos();
     QWidget *widget = childAt(event->pos());
-    // A press on a tile's label or button is one on the tile.
+    // A press on a tile's label or button counts as a press on the tile.
     if (widget && widget->parentWidget()->objectName() == tileName())
         widget = widget->parentWidget();
     dragDialog =
@@ -85,7 +86,7 @@ void RecentDocMainWindow::mouseMoveEvent(QMouseEvent *event)
         return;
     if ((event->pos() - pressPoint).manhattanLength() < QApplication::startDragDistance())
         return;
-    // The drag runs an event loop, in which anything may have happened to us and to the tile.
+    // The drag runs an event loop, in which the popup and the tile may be deleted.
     const QPointer<RecentDocMainWindow> self(this);
     runDrag(dragDialog, event->pos() - dragDialog->pos());
     if (self && isCollapsed) {
@@ -114,7 +115,7 @@ void RecentDocMainWindow::dragMoveEvent(QDragMoveEvent * /*event*/)
         restore();
     else
         collapse();
-    dragDialog->hide(); // its cell stays empty until the drag has ended
+    dragDialog->hide(); // its cell stays empty until the drag ends
 }
 
 void RecentDocMainWindow::dragLeaveEvent(QDragLeaveEvent * /*event*/)
@@ -165,7 +166,7 @@ void RecentDocMainWindow::setGridSpace(int margin, const QSize &horizontal, cons
                                  QSizePolicy::Minimum);
 }
 
-//! All widgets of the grid, which has its spacers beyond the last row and column.
+//! All widgets of the grid. The last row and column contain only the spacers.
 QList<QWidget *> RecentDocMainWindow::widgetsInGrid() const
 {
     QList<QWidget *> widgets;

@@ -12,7 +12,8 @@
 
 #include <algorithm>
 
-// The popup's keys. The highlight is the tiles' own; the popup keeps only which way a run was last changed.
+// The popup's keys. The tiles store the highlight; the popup stores only the direction in which the keyboard
+// last changed the highlighted run.
 
 namespace {
 
@@ -29,8 +30,8 @@ void clearTile(RecentDocDialog *tile)
     tile->update();
 }
 
-//! Moves the highlight from each of tiles, in the order given, to the one that follows, until it reaches one
-//! that was not highlighted. The first follows the last.
+//! Clears the first run of highlighted tiles, in the given order, and highlights the tile that follows it.
+//! The first tile follows the last one.
 void moveHighlight(const QList<RecentDocDialog *> &tiles)
 {
     for (int i = 0; i < tiles.size(); ++i) {
@@ -45,10 +46,10 @@ void moveHighlight(const QList<RecentDocDialog *> &tiles)
     }
 }
 
-//! Adds the tile behind the first highlighted run of tiles to it.
-//! \param growing whether the step before went the same way; if not, the run loses its first tile instead,
-//! unless it has one tile only
-//! \return whether a tile was added
+//! Extends the first run of highlighted tiles by the tile after it.
+//! \param growing whether the previous step had the same direction. If not, the run's first tile is cleared
+//! instead, unless it is the run's only tile
+//! \return true if a tile was added
 bool extendRun(const QList<RecentDocDialog *> &tiles, bool growing)
 {
     for (int i = 0; i + 1 < tiles.size(); ++i) {
@@ -83,8 +84,8 @@ void RecentDocMainWindow::keyPressEvent(QKeyEvent *event)
         multiDocumentOpen();
         return;
     }
-    const QPointer<RecentDocMainWindow> self(this); // closing may delete us, and with us dragDialog
-    // The keypad's arrows carry a modifier of their own: they move, and select nothing.
+    const QPointer<RecentDocMainWindow> self(this); // closing may delete the popup, and dragDialog with it
+    // The keypad's arrow keys have a modifier of their own, so they always move and never select.
     const bool selects = event->modifiers() == Qt::ShiftModifier || event->modifiers() == Qt::ControlModifier;
     switch (event->key()) {
     case Qt::Key_Escape:
@@ -140,9 +141,9 @@ RecentDocDialog *RecentDocMainWindow::tileAt(int row, int column) const
     return item ? qobject_cast<RecentDocDialog *>(item->widget()) : nullptr;
 }
 
-//! Moves the first highlighted tile's highlight to the next tile of its column, round the column's ends and
-//! over the cells that a last row leaves empty. Other highlighted tiles stay so.
-//! \param step 1 down, -1 up
+//! Moves the first highlighted tile's highlight to the next tile of its column, wrapping around and skipping
+//! empty cells of the last row. Other tiles stay highlighted.
+//! \param step 1 for down, -1 for up
 void RecentDocMainWindow::moveAlongColumn(int step)
 {
     const RecentDocDialog *highlighted = RecentDocumentBrowser::getHighlightedRecentDoc();

@@ -30,12 +30,12 @@ Outcome writePng(const QImage &picture, const QString &path)
 {
     if (picture.isNull())
         return Outcome::failed(Texts::tr("No window is visible."));
-    // A picture that was only half written would look like one.
+    // A partly written file would still look like a picture, so replace the file only as a whole.
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return Outcome::failed(file.errorString());
-    // The format is the command's promise, whatever the file is called.
-    // flush(): what fails only as the buffer is written out, commit() would not notice.
+    // Always PNG, regardless of the file name. flush() is needed because commit() does not detect errors that
+    // occur when the buffer is written.
     if (!picture.save(&file, "PNG") || !file.flush() || !file.commit())
         return Outcome::failed(file.errorString());
     return {};
@@ -59,7 +59,7 @@ int takeScreenshot(FxHost &host, const QString &argument)
 
 void addAppCommands(CommandSet &set, FxHost &host, MainWindow &window)
 {
-    // Most take no argument and cannot fail.
+    // For commands that take no argument and cannot fail.
     const auto addAction = [&set](const QString &name, std::function<void()> action) {
         set.add(name, [action = std::move(action)](const CFxCommandContext &) {
             action();

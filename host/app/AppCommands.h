@@ -9,6 +9,7 @@ class MainWindow;
 
 //! Adds the commands that need the main window: QUIT, SCREENSHOT, CASCADE, TILE, NEXTWINDOW and
 //! PREVIOUSWINDOW.
+//! \param set receives the commands
 //! \param host, window must outlive set
 void addAppCommands(CommandSet &set, FxHost &host, MainWindow &window);
 

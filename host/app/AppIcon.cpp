@@ -10,7 +10,7 @@ namespace fxhost {
 
 namespace {
 
-// The icon is drawn on a square of this side, whatever size it is painted in.
+// Side of the icon in logical coordinates, which are scaled to each size.
 constexpr int side = 32;
 constexpr qreal lineWidth = 2.5;
 constexpr qreal cornerRadius = 5;

@@ -5,7 +5,7 @@
 
 namespace fxhost {
 
-//! The program's icon, drawn for the usual sizes: a sheet with the axes and a line of a drawing.
+//! The program's icon in the usual sizes: a sheet with the axes and a curve of a drawing.
 QIcon appIcon();
 
 } // namespace fxhost

@@ -19,15 +19,16 @@ namespace fxhost {
 namespace {
 
 const QString prompt = QStringLiteral("Command:");
-// A session's worth to read back, and a bound on what a script that runs all night can pile up.
+// Enough for a working session, and a limit for scripts that run for a long time.
 constexpr int historyLines = 2000;
 constexpr int recalledLines = 200;
-constexpr int listedCandidates = 100; // as many as anybody reads
-// Enough to see a command and its answer without taking the drawing's place.
+constexpr int listedCandidates = 100; // more would not be read
+// Enough to show a command and its output without taking space from the drawing.
 constexpr int visibleLines = 4;
 constexpr int fewestVisibleLines = 1;
 
-//! What a line takes in a text document, which rounds more generously than font metrics do; in pixels.
+//! The height of a line in a text document, in pixels. Text documents round it up further than QFontMetrics
+//! does.
 int lineHeight(const QFont &font)
 {
     QTextLayout layout(QStringLiteral("X"), font);
@@ -58,7 +59,7 @@ CommandLineWidget::CommandLineWidget(QWidget *parent) : QWidget(parent)
     m_input->setAccessibleName(tr("Command"));
     m_input->setFont(font);
     m_input->setFrame(false);
-    m_input->setAcceptDrops(false); // a file dropped here is one dropped on the window, which opens it
+    m_input->setAcceptDrops(false); // so that the window opens files dropped here
     m_input->installEventFilter(this);
     setFocusProxy(m_input);
 
@@ -92,7 +93,7 @@ CommandLineWidget::CommandLineWidget(QWidget *parent) : QWidget(parent)
 
 void CommandLineWidget::showMessage(const QString &text)
 {
-    // A person who reads further up keeps the place; who is at the end follows it.
+    // Scroll to the new text only if the end was visible, so that the user can read older lines undisturbed.
     QScrollBar *bar = m_history->verticalScrollBar();
     const bool atEnd = bar->value() == bar->maximum();
     m_history->appendPlainText(text);
@@ -133,7 +134,7 @@ QSize CommandLineWidget::minimumSizeHint() const
 
 int CommandLineWidget::heightForLines(int lines) const
 {
-    // One pixel more, since QPlainTextEdit scrolls when its text ends on the last one.
+    // One pixel more, because QPlainTextEdit scrolls if its text ends at the last pixel.
     const int frame = 2 * qRound(m_history->document()->documentMargin()) + 1;
     const int historyHeight = lines * lineHeight(m_history->font()) + frame;
     return historyHeight + layout()->sizeHint().height() - m_history->sizeHint().height();
@@ -149,8 +150,8 @@ bool CommandLineWidget::eventFilter(QObject *watched, QEvent *event)
     return QWidget::eventFilter(watched, event);
 }
 
-//! Pressed text that is selected would be dragged. Qt begins that drag from a timer too, and one that begins
-//! as the button goes up waits for a button that is up already.
+//! Clears the selection, so that a press on selected text does not drag it. Qt also starts such a drag from a
+//! timer, and a drag that starts while the button is released waits for a release that has already happened.
 void CommandLineWidget::deselectAt(const QMouseEvent *press)
 {
     if (press->button() == Qt::LeftButton && !(press->modifiers() & Qt::ShiftModifier))
@@ -162,7 +163,7 @@ bool CommandLineWidget::handleKey(const QKeyEvent *event)
     switch (event->key()) {
     case Qt::Key_Tab:
         if (event->modifiers() != Qt::NoModifier)
-            return false; // Control and Tab go through the drawings
+            return false; // Ctrl+Tab switches between the drawings
         complete();
         return true;
     case Qt::Key_Return:
@@ -182,7 +183,7 @@ bool CommandLineWidget::handleKey(const QKeyEvent *event)
         m_history->verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepAdd);
         return true;
     case Qt::Key_Escape:
-        // The first press takes back what was typed, the next one ends what runs.
+        // The first press clears the line, the next one cancels the running command.
         if (m_input->text().isEmpty())
             emit cancelRequested();
         m_input->clear();
@@ -200,7 +201,7 @@ void CommandLineWidget::complete()
     const QStringList &candidates = completion.candidates;
     if (completion.line != line) {
         m_input->setSelection(0, line.size());
-        m_input->insert(completion.line); // so that it can be undone
+        m_input->insert(completion.line); // unlike setText(), can be undone
     } else if (m_completed == line && candidates.size() > 1) {
         const QString shown = candidates.mid(0, listedCandidates).join(QLatin1String("  "));
         const int more = candidates.size() - listedCandidates;
@@ -219,7 +220,7 @@ void CommandLineWidget::enterLine()
     if (m_entered.size() > recalledLines)
         m_entered.removeFirst();
     m_recalled = m_entered.size();
-    // An answer is for whoever asked: show the end even if older lines were being read.
+    // Show the end, even if the user was reading older lines, so that the command's output is visible.
     m_history->verticalScrollBar()->setValue(m_history->verticalScrollBar()->maximum());
     if (line.isEmpty())
         echo(line);

@@ -16,28 +16,29 @@ class QPlainTextEdit;
 
 namespace fxhost {
 
-//! The command line: a history of what was entered and answered, and below it a line to type in. GUI thread.
+//! The command line: a history of commands and messages above an input line. GUI thread.
 class CommandLineWidget : public QWidget
 {
     Q_OBJECT
 public:
-    //! \param line what stands before the cursor
+    //! \param line the text before the cursor
     using Completer = std::function<Completion(const QString &line)>;
 
     explicit CommandLineWidget(QWidget *parent = nullptr);
 
-    //! What the Tab key asks. Without it nothing is completed.
+    //! Sets the function that the Tab key calls. Without one, nothing is completed.
     void setCompleter(Completer completer) { m_completer = std::move(completer); }
 
-    //! Adds a text of the program to the history.
-    //! \param text may have more than one line
+    //! Adds a message to the history.
+    //! \param text can have more than one line
     void showMessage(const QString &text);
-    //! Adds a command line to the history as if it had been typed, so that the history tells what ran.
+    //! Adds a command line to the history as if it had been typed, so that the history contains every command
+    //! that ran.
     void echo(const QString &line);
 
-    //! Gives the input the keyboard focus and lets it handle a key that was pressed elsewhere.
+    //! Sets the keyboard focus to the input line and passes it a key event that another widget received.
     void typeKey(QKeyEvent *event);
-    //! Whether key events reach the input already.
+    //! True if the input line has the window's keyboard focus.
     bool hasInputFocus() const;
 
     QString historyText() const;
@@ -46,9 +47,11 @@ public:
     QSize minimumSizeHint() const override;
 
 signals:
-    //! Enter was pressed behind something other than blanks. \param line without the blanks around it
+    //! Enter was pressed in a line that is not blank.
+    //! \param line without leading and trailing blanks
     void lineEntered(const QString &line);
-    //! Escape was pressed in an empty line: the user wants the running command to end, or to leave the line.
+    //! Escape was pressed in an empty line: the user wants to cancel the running command, or to leave the
+    //! line.
     void cancelRequested();
 
 protected:
@@ -65,10 +68,10 @@ private:
     QPlainTextEdit *m_history;
     QLineEdit *m_input;
     QStringList m_entered;
-    int m_recalled = 0; //!< index into m_entered; its size stands for the line being typed
+    int m_recalled = 0; //!< index into m_entered; m_entered.size() is the line being typed
     QString m_draft;    //!< the line being typed while an older one is shown
     Completer m_completer;
-    QString m_completed; //!< what the last Tab made of the line, up to the cursor
+    QString m_completed; //!< the line up to the cursor after the last Tab
 };
 
 } // namespace fxhost

@@ -15,7 +15,7 @@ namespace fxhost {
 
 namespace {
 
-// A window that shows a stored picture, which is seldom wider than 256 pixels, well enlarged.
+// In pixels. Stored pictures are rarely wider than 256 pixels, and are shown enlarged.
 constexpr QSize preferredSize(640, 440);
 constexpr int stripMargin = 8;
 constexpr int stripSpacing = 2;
@@ -36,7 +36,8 @@ QLabel *addLine(QVBoxLayout *layout, const QString &text, const QColor &color, Q
     return line;
 }
 
-//! A path, or facts in a row: on desktops that write from the right they begin there, and keep their order.
+//! Adds a path or a row of facts. It keeps its left-to-right order but is right-aligned on right-to-left
+//! desktops.
 QLabel *addOrderedLine(QVBoxLayout *layout, const QString &text, const QColor &color, Qt::TextElideMode mode)
 {
     QLabel *line = addLine(layout, text, color, mode);
@@ -64,9 +65,10 @@ DocumentView::DocumentView(const Document &document, QWidget *parent) : QWidget(
         addOrderedLine(lines, factsLine(document), look::faintInk, Qt::ElideRight)
             ->setObjectName(QStringLiteral("facts"));
     }
-    const QString note = document.file().isPreviewAlone
-                             ? tr("A sample: this file holds a file header and a preview, and nothing more.")
-                             : tr("This host shows the picture stored in a drawing; it does not draw.");
+    const QString note =
+        document.file().isPreviewAlone
+            ? tr("A sample: this file contains only a file header and a preview.")
+            : tr("This program shows the picture stored in a drawing; it does not render drawings.");
     addLine(lines, note, look::faintInk, Qt::ElideRight)->setObjectName(QStringLiteral("note"));
 
     auto *layout = new QVBoxLayout(this);
@@ -78,7 +80,8 @@ DocumentView::DocumentView(const Document &document, QWidget *parent) : QWidget(
 
 QSize DocumentView::sizeHint() const
 {
-    // Cascaded windows get this size, whatever the room: three quarters let each one's title be seen.
+    // Cascaded windows get this size regardless of the available space. Three quarters of it keep every title
+    // visible.
     const QWidget *area = parentWidget() ? parentWidget()->parentWidget() : nullptr;
     return area ? preferredSize.boundedTo(area->size() * 3 / 4) : preferredSize;
 }

@@ -45,7 +45,7 @@ Document *DrawingArea::documentOf(const QObject *window) const
 
 void DrawingArea::addWindow(Document *document)
 {
-    // As in other drawing programs a drawing takes the whole area, until the person arranges the windows.
+    // As in other drawing programs, a drawing fills the area until the user arranges the windows.
     const QMdiSubWindow *active = activeSubWindow();
     const bool maximized = !active || active->isMaximized();
 
@@ -63,7 +63,8 @@ void DrawingArea::addWindow(Document *document)
 
 void DrawingArea::removeWindow(Document *document)
 {
-    // Out of the map first: closing a window that is on its way already must not close the drawing again.
+    // Remove it from the map first: closing a window that is already being closed must not close the drawing
+    // again.
     if (QMdiSubWindow *window = m_windows.take(document))
         window->close();
 }

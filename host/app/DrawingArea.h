@@ -9,8 +9,7 @@ namespace fxhost {
 class Document;
 class DocumentManager;
 
-//! The middle of the main window: a window for each open drawing, and a word of advice while there is none.
-//! GUI thread.
+//! The centre of the main window: a window for each open drawing, and a hint while none is open. GUI thread.
 class DrawingArea : public QMdiArea
 {
     Q_OBJECT
@@ -18,7 +17,7 @@ public:
     //! \param documents must outlive the area
     explicit DrawingArea(DocumentManager &documents, QWidget *parent = nullptr);
 
-    //! The window of a drawing; null when it has none.
+    //! The window of a drawing; null if it has none.
     QMdiSubWindow *windowOf(const Document *document) const;
 
 protected:

@@ -7,8 +7,8 @@ namespace fxhost {
 
 class Document;
 
-//! Version, size and date of a drawing in one line, as the window's strip and the status bar show them. For a
-//! new drawing: that it is one.
+//! Version, size and date of a drawing in one line, for the window's strip and the status bar. For a new
+//! drawing, a text that says so.
 QString factsLine(const Document &document);
 
 } // namespace fxhost

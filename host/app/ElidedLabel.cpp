@@ -8,7 +8,7 @@ namespace fxhost {
 ElidedLabel::ElidedLabel(const QString &text, Qt::TextElideMode mode, QWidget *parent)
     : QLabel(text, parent), m_mode(mode)
 {
-    // A path is no markup, even if a directory is called "<b>".
+    // A path is not markup, even if a directory is called "<b>".
     setTextFormat(Qt::PlainText);
     setToolTip(text.toHtmlEscaped());
 }
@@ -21,7 +21,7 @@ QSize ElidedLabel::minimumSizeHint() const
 void ElidedLabel::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.setLayoutDirection(layoutDirection()); // else it has the application's
+    painter.setLayoutDirection(layoutDirection()); // instead of the application's
     const QString shown = fontMetrics().elidedText(text(), m_mode, contentsRect().width());
     painter.drawText(contentsRect(), static_cast<int>(alignment() | Qt::TextSingleLine), shown);
 }

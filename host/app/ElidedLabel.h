@@ -5,12 +5,13 @@
 
 namespace fxhost {
 
-//! A line of text that is shortened where it does not fit; the tool tip has the whole. GUI thread.
+//! A line of text that is elided if it does not fit; the tool tip shows the full text. GUI thread.
 class ElidedLabel : public QLabel
 {
     Q_OBJECT
 public:
-    //! \param mode what is given up
+    //! \param text plain text
+    //! \param mode where the text is elided
     ElidedLabel(const QString &text, Qt::TextElideMode mode, QWidget *parent = nullptr);
 
     QSize minimumSizeHint() const override;

@@ -15,9 +15,9 @@ namespace fxhost {
 
 namespace {
 
-// The handler may touch nothing but these.
+// The only data that the signal handler may access.
 int eventFile = -1;
-std::array<int, 3> handled = {}; //!< 0: one that is ignored
+std::array<int, 3> handled = {}; //!< signal numbers; 0 for a signal that is ignored
 
 void handleAtOnce()
 {
@@ -27,7 +27,7 @@ void handleAtOnce()
     }
 }
 
-//! Runs in whatever the program was doing: only calls that are safe there.
+//! Interrupts the program at any point: only async-signal-safe calls are allowed.
 void handle(int)
 {
     const int error = errno;
@@ -43,7 +43,7 @@ EndSignals::EndSignals(QObject *parent) : QObject(parent)
 {
     eventFile = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
     if (eventFile < 0)
-        return; // they end the program at once, as without this
+        return; // the signals terminate the program immediately, as by default
     auto *notifier = new QSocketNotifier(eventFile, QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, [this, notifier] {
         notifier->setEnabled(false);
@@ -58,7 +58,7 @@ EndSignals::EndSignals(QObject *parent) : QObject(parent)
         }
         struct sigaction action = {};
         action.sa_handler = handle;
-        action.sa_flags = SA_RESTART; // what the program was doing goes on
+        action.sa_flags = SA_RESTART; // interrupted system calls continue
         ::sigaction(number, &action, nullptr);
     }
 }

@@ -5,18 +5,19 @@
 
 namespace fxhost {
 
-//! Notifies when the system asks the program to end: by SIGTERM, SIGINT or SIGHUP, unless whoever started it
-//! had that one ignored, as nohup does. The next of them ends it at once. One object at a time. GUI thread.
+//! Notifies when SIGTERM, SIGINT or SIGHUP requests that the program quit. A signal that was ignored when the
+//! program was started, as with nohup, stays ignored. A second signal terminates the program immediately.
+//! Only one object can exist at a time. GUI thread.
 class EndSignals : public QObject
 {
     Q_OBJECT
 public:
     explicit EndSignals(QObject *parent = nullptr);
-    //! From now on each of them ends the program at once.
+    //! Afterwards, each of these signals terminates the program immediately.
     ~EndSignals() override;
 
 signals:
-    //! From the event loop that runs, which may be a dialog's.
+    //! Emitted from the running event loop, which may be a dialog's.
     void endRequested();
 };
 

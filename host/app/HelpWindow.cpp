@@ -11,7 +11,7 @@ namespace fxhost {
 
 namespace {
 
-// Room for about 70 characters a line, which is what reads well.
+// Wide enough for about 70 characters per line, which is easy to read.
 constexpr QSize firstSize(620, 520);
 constexpr QSize smallestSize(320, 240);
 

@@ -7,17 +7,18 @@ class QTextBrowser;
 
 namespace fxhost {
 
-//! Shows the program's help pages, which lie in its resources, one file a topic. GUI thread.
+//! Shows the program's help pages, which are in its resources, one file per topic. GUI thread.
 class HelpWindow : public QDialog
 {
     Q_OBJECT
 public:
-    //! The page that stands at the start of the help.
+    //! The topic of the first page.
     static constexpr int frontPage = 0;
 
     explicit HelpWindow(QWidget *parent);
 
-    //! Shows the window with the page of a topic in front; a topic without a page gets one that says so.
+    //! Shows and activates the window with the page of a topic. If the topic has no page, shows a page that
+    //! says so.
     void showTopic(int topic);
 
     QString text() const;

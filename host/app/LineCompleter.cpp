@@ -18,7 +18,7 @@ namespace fxhost {
 
 namespace {
 
-//! A name in the form that was begun: with the underscore or without.
+//! The name with or without the leading underscore, like the typed text.
 QString inForm(const QString &name, const QString &begun)
 {
     const bool isShort = !begun.startsWith(QLatin1Char('_')) && name.startsWith(QLatin1Char('_'));
@@ -32,7 +32,8 @@ bool takesPath(const QString &command)
     return names.contains(inForm(command, QString()), Qt::CaseInsensitive);
 }
 
-//! What all of words begin with, but at least typed. \param words not empty
+//! The longest common prefix of words, or typed if that is longer.
+//! \param words not empty
 QString commonStart(const QStringList &words, const QString &typed)
 {
     QString common = words.constFirst();
@@ -41,7 +42,7 @@ QString commonStart(const QStringList &words, const QString &typed)
             common.chop(1);
     }
     if (!common.isEmpty() && common.at(common.size() - 1).isHighSurrogate())
-        common.chop(1); // half a character
+        common.chop(1); // half of a surrogate pair
     return common.size() > typed.size() ? common : typed;
 }
 
@@ -96,20 +97,20 @@ Completion LineCompleter::completePath(const QString &before, const QString &typ
     return {before + quote + completed + (isWhole ? quote : QString()), candidates};
 }
 
-//! \param folder the working directory when empty
-//! \return the names with such a beginning, in order of the alphabet, those of folders with a slash after
-//! them. Hidden ones only where the beginning says so.
+//! \param folder empty for the working directory
+//! \return the sorted names that start with beginning, those of folders with a trailing slash. Hidden names
+//! only if beginning starts with a dot
 QStringList LineCompleter::namesIn(const QString &folder, const QString &beginning) const
 {
     namespace fs = std::filesystem;
     const QString fullPath = folder.isEmpty() ? QDir::currentPath() : absolutePath(folder);
     FileProbe &probe = m_host.fileProbe();
     if (!probe.unresponsive({fullPath}).isEmpty()) {
-        m_host.showMessage(tr("The folder %1 does not answer.").arg(fullPath));
+        m_host.showMessage(tr("The folder %1 does not respond.").arg(fullPath));
         return {};
     }
-    // Qt's own walk looks at what each link leads to, which may not answer. This one knows from the folder
-    // alone what is a folder and what is a link.
+    // Not QDir, which accesses the target of each link: it may be unresponsive. This iterator detects folders
+    // and links from the directory entries alone.
     QStringList names;
     QStringList links;
     std::error_code error;

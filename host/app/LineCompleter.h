@@ -8,14 +8,14 @@ namespace fxhost {
 
 class FxHost;
 
-//! What can be made of a command line that is being typed.
+//! The completion of a typed command line.
 struct Completion
 {
-    QString line;           //!< as far as it is certain; what was typed when nothing is
-    QStringList candidates; //!< what the last word of the line may become, for the user to read
+    QString line;           //!< the line, completed as far as it is unambiguous
+    QStringList candidates; //!< the possible completions of the last word, for display
 };
 
-//! Completes names of commands, and of files after a command that takes one. GUI thread.
+//! Completes names of commands, and names of files after a command that takes one. GUI thread.
 class LineCompleter
 {
     Q_DECLARE_TR_FUNCTIONS(fxhost::LineCompleter)
@@ -23,8 +23,9 @@ public:
     //! \param host must outlive the completer
     explicit LineCompleter(FxHost &host) : m_host(host) {}
 
-    //! Looks into a folder for names of files, unless it does not answer, of which the user is told.
-    //! \param line what stands before the cursor
+    //! Reads names of files from the folder. If the folder is unresponsive, shows a message to the user and
+    //! completes nothing.
+    //! \param line the text before the cursor
     Completion complete(const QString &line) const;
 
 private:

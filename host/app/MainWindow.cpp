@@ -42,12 +42,12 @@ namespace fxhost {
 
 namespace {
 
-// What a window shows that was maximised from the first, once it is not: a drawing of some size next to
-// others of its desktop.
+// Size of the normal window if it has always been maximised, in pixels: large enough for a drawing, and small
+// enough to leave space for other windows.
 constexpr QSize firstSize(1100, 760);
 
-//! Whether a key means something to the command line. Ctrl and its like must not: a mere Ctrl would take the
-//! focus from the text that Ctrl+C is about to copy.
+//! True if a key is passed on to the command line. Modifier keys are not: pressing Ctrl would take the focus
+//! from the text that the user is copying with Ctrl+C.
 bool isForCommandLine(const QKeyEvent &event)
 {
     if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
@@ -117,11 +117,11 @@ MainWindow::~MainWindow()
     m_menus->setGroup(nullptr);
 }
 
-//! As the window was left, as far as there is room: it may have been on a larger screen. A first start takes
-//! all of the screen.
+//! Restores the size and position that the window had when it was last closed, limited to the current
+//! screens, which may be smaller. Without stored geometry, the window is maximised.
 void MainWindow::restorePlace()
 {
-    const int titleBar = style()->pixelMetric(QStyle::PM_TitleBarHeight); // as high as can be known before
+    const int titleBar = style()->pixelMetric(QStyle::PM_TitleBarHeight); // estimated; no frame exists yet
     resize(firstSize.boundedTo(screen()->availableSize() - QSize(0, titleBar)));
     if (!restoreGeometry(m_host.settings().windowGeometry())) {
         setWindowState(Qt::WindowMaximized);
@@ -151,7 +151,7 @@ void MainWindow::connectCommandLine()
     });
     m_commandLine->setCompleter(
         [completer = LineCompleter(m_host)](const QString &line) { return completer.complete(line); });
-    // Whoever asked for a command, the history tells that it ran.
+    // The history contains every command that runs, whether it was typed or not.
     connect(&commands, &CommandRunner::commandStarted, m_commandLine,
             [this](const QString &name, const QString &argument) {
                 m_commandLine->echo((name + QLatin1Char(' ') + argument).trimmed());
@@ -173,7 +173,7 @@ void MainWindow::showState(const Document *current)
     const QString program = QCoreApplication::applicationName();
     setWindowTitle(current ? QStringLiteral("%1 - [%2]").arg(program, current->title()) : program);
     m_factsLabel->setText(current ? factsLine(*current) : QString());
-    // A drawing's window takes the focus when it comes to the front, and has no use for it.
+    // A drawing's window takes the focus when it is activated, but does not need it.
     m_commandLine->setFocus();
 }
 
@@ -184,7 +184,7 @@ void MainWindow::showHelp(int topic)
     m_helpWindow->showTopic(topic);
 }
 
-//! Where the last drawing was chosen, if that answers: the dialog would wait for it.
+//! The folder in which the last drawing was chosen, unless it is unresponsive: the dialog would wait for it.
 QString MainWindow::firstDirectory()
 {
     for (const QString &directory : {m_host.settings().lastDirectory(), QDir::homePath()}) {
@@ -201,11 +201,11 @@ QString MainWindow::choosePath()
     dialog->setFileMode(QFileDialog::ExistingFile);
     const bool isChosen = dialog->exec() == QDialog::Accepted;
     if (!dialog)
-        return {}; // it has gone with its window
+        return {}; // deleted with its parent
     const QString path = isChosen ? dialog->selectedFiles().value(0) : QString();
     if (!path.isEmpty())
         m_host.settings().setLastDirectory(QFileInfo(path).absolutePath());
-    // Qt remembers where a dialog was left, and looks there before the next one is up.
+    // Qt stores the folder of the last dialog and accesses it before the next one is shown.
     dialog->setDirectory(QDir::rootPath());
     delete dialog;
     return path;
@@ -219,7 +219,8 @@ void MainWindow::leaveCommandLine()
     drawing->setFocus(Qt::OtherFocusReason);
 }
 
-//! The drawing in front and the command line take turns. Qt would go through the drawings, and turn to each.
+//! Moves the focus between the active drawing and the command line. Qt's default would move it through all
+//! drawings and activate each.
 bool MainWindow::focusNextPrevChild(bool)
 {
     if (m_commandLine->hasInputFocus())
@@ -232,7 +233,7 @@ bool MainWindow::focusNextPrevChild(bool)
 void MainWindow::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
-    // Coming back from a popup or another program, the next thing that is typed is a command.
+    // When the user returns from a popup or another program, typed text goes to the command line.
     if (event->type() == QEvent::ActivationChange && isActiveWindow())
         m_commandLine->setFocus(Qt::ActiveWindowFocusReason);
 }
@@ -242,7 +243,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
     m_host.settings().setWindowGeometry(saveGeometry());
     m_host.commands().stop();
     event->accept();
-    // Popups and the help window may still be open, but a program without its main window is over.
+    // The program ends with its main window, even if popups or the help window are still open.
     QCoreApplication::quit();
 }
 
@@ -250,7 +251,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent *event)
 {
     if (filesIn(*event).isEmpty())
         return;
-    event->setDropAction(Qt::CopyAction); // whoever offers to move the file must not lose it
+    event->setDropAction(Qt::CopyAction); // so that a source that offers a move does not delete the file
     event->accept();
 }
 
@@ -259,12 +260,12 @@ void MainWindow::dropEvent(QDropEvent *event)
     const QStringList files = filesIn(*event);
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    // What was dragged from within is welcome, so that the pointer says so, and the module that began the
-    // drag opens it. It would be opened twice here.
+    // Drags from this program are accepted only so that the pointer shows it. The module that started the
+    // drag opens the files; opening them here would open them twice.
     if (event->source())
         return;
     CommandRunner &commands = m_host.commands();
-    // Later: the other program waits until its drop has been taken.
+    // From the event loop, because the other program waits until this function returns.
     const auto open = [&commands, files] {
         for (const QString &file : files) {
             if (CommandRun *run = commands.run(QStringLiteral("_OPEN"), file))
@@ -276,8 +277,8 @@ void MainWindow::dropEvent(QDropEvent *event)
 
 void MainWindow::keyPressEvent(QKeyEvent *event)
 {
-    // Reached by keys that nothing in the window had a use for. What comes back from the input had none
-    // there.
+    // Receives the keys that no widget in the window has handled. If the input line has the focus, it has
+    // already ignored the key.
     if (isForCommandLine(*event) && !m_commandLine->hasInputFocus())
         m_commandLine->typeKey(event);
     else

@@ -22,11 +22,11 @@ class MainWindow : public QMainWindow
 {
     Q_OBJECT
 public:
-    //! Registers the commands that need the window. The host learns of the window by FxHost::setMainWindow(),
-    //! which is the caller's to call once the window is shown.
+    //! Registers the commands that need the window. The caller must call FxHost::setMainWindow() after the
+    //! window is shown.
     //! \param host must outlive the window
     explicit MainWindow(FxHost &host);
-    //! Says goodbye to drawings and modules while everything they may ask for still stands.
+    //! Closes the drawings and notifies the modules while all services that they may use still exist.
     ~MainWindow() override;
 
     DrawingArea &drawingArea() { return *m_drawingArea; }
@@ -54,7 +54,7 @@ private:
     DrawingArea *m_drawingArea;
     CommandLineWidget *m_commandLine;
     QLabel *m_factsLabel;
-    HelpWindow *m_helpWindow = nullptr; //!< made when it is first asked for
+    HelpWindow *m_helpWindow = nullptr; //!< created on first use
     CommandSet m_commands;
 };
 

@@ -30,7 +30,7 @@ namespace {
 UIMenuItem::Kind kindOf(const CFxUIMenuItem &item)
 {
     if (item.GetChildCount() > 0)
-        return UIMenuItem::Kind::Menu; // a module may put children into what it made as an entry
+        return UIMenuItem::Kind::Menu; // a module may have inserted children into an entry
     const auto *own = dynamic_cast<const UIMenuItem *>(&item);
     return own ? own->kind() : UIMenuItem::Kind::Entry;
 }
@@ -43,13 +43,13 @@ QString helpOf(const CFxUIMenuItem &item)
     return item.GetCommand() ? QString(item.GetCommand()->GetHelpString()) : QString();
 }
 
-//! text as a menu shows it: no mnemonic, and no tabulator, which would begin the shortcut's column.
+//! The text escaped for a menu: without mnemonics, and without tabs, which would start the shortcut column.
 QString shown(QString text)
 {
     return text.replace(QLatin1Char('&'), QLatin1String("&&")).replace(QLatin1Char('\t'), QLatin1Char(' '));
 }
 
-//! Draws a menu's texts in the menu's direction. Qt's styles draw them in the application's.
+//! Draws a menu's texts in the menu's layout direction. Qt's styles use the application's.
 class OwnDirection : public QProxyStyle
 {
 public:
@@ -71,8 +71,8 @@ void addPlaceholder(QMenu *menu, const QString &text)
 
 } // namespace
 
-// Everything chosen is run by a queued call: the command may refresh the menus and run an event loop, and the
-// menu that was clicked must have returned from its event handler before it can be deleted.
+// Chosen entries are run by queued calls: the command may refresh the menus and run an event loop, and the
+// clicked menu must have returned from its event handler before it can be deleted.
 
 MenuBuilder::MenuBuilder(FxHost &host, QMenuBar *bar) : QObject(bar), m_host(host), m_bar(bar)
 {
@@ -113,14 +113,14 @@ void MenuBuilder::clear()
     m_menus.clear();
 }
 
-// NOLINTNEXTLINE(misc-no-recursion): menus hold menus
+// NOLINTNEXTLINE(misc-no-recursion): menus contain menus
 QMenu *MenuBuilder::makeMenu(QWidget *parent, const CFxUIMenuItem &item)
 {
     auto *menu = new QMenu(item.GetLabel(), parent);
     menu->setObjectName(item.GetIdentifier());
     menu->menuAction()->setObjectName(item.GetIdentifier());
     if (kindOf(item) == UIMenuItem::Kind::RecentFiles || kindOf(item) == UIMenuItem::Kind::Windows) {
-        menu->setLayoutDirection(Qt::LeftToRight); // in which paths and file names keep their order
+        menu->setLayoutDirection(Qt::LeftToRight); // paths and file names are always left to right
         auto *style = new OwnDirection(QApplication::style()->objectName());
         style->setParent(menu);
         menu->setStyle(style);
@@ -139,7 +139,7 @@ QMenu *MenuBuilder::makeMenu(QWidget *parent, const CFxUIMenuItem &item)
     return menu;
 }
 
-// NOLINTNEXTLINE(misc-no-recursion): menus hold menus
+// NOLINTNEXTLINE(misc-no-recursion): menus contain menus
 void MenuBuilder::addItem(QMenu *menu, const CFxUIMenuItem &item)
 {
     switch (kindOf(item)) {
@@ -211,7 +211,7 @@ void MenuBuilder::fillWindows(QMenu *menu)
 
 void MenuBuilder::addAccelerators()
 {
-    QSet<QString> taken; // Qt would run neither of two shortcuts with the same key
+    QSet<QString> taken; // Qt would activate neither of two shortcuts with the same key
     CommandRunner &commands = m_host.commands();
     for (int i = 0; i < m_group->GetAcceleratorCount(); ++i) {
         const CFxUIAccelerator *const accelerator = m_group->GetAccelerator(i);
@@ -223,7 +223,7 @@ void MenuBuilder::addAccelerators()
         taken.insert(keyText);
         auto *shortcut = new QShortcut(key, m_bar);
         shortcut->setObjectName(accelerator->GetIdentifier());
-        shortcut->setAutoRepeat(false); // a key that is held down should not run the command over and over
+        shortcut->setAutoRepeat(false); // holding the key down must not run the command repeatedly
         connect(
             shortcut, &QShortcut::activated, &commands,
             [&commands, macro = QString(command->GetMacro())] { commands.runMacro(macro); },
@@ -232,7 +232,7 @@ void MenuBuilder::addAccelerators()
     }
 }
 
-//! The first accelerator that runs command; null when none does.
+//! The first accelerator with a key that runs command; null if there is none.
 const CFxUIAccelerator *MenuBuilder::acceleratorOf(const CFxUICommand *command) const
 {
     for (int i = 0; command && i < m_group->GetAcceleratorCount(); ++i) {

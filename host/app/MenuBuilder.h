@@ -16,20 +16,21 @@ namespace fxhost {
 
 class FxHost;
 
-//! Keeps a menu bar in step with a customisation group: menus, and the accelerators, which work while the bar
-//! is visible in the active window. What the user chooses is run as the definition's macro. Each menu and
-//! action has its identifier as object name and its help string as status tip. GUI thread.
+//! Keeps a menu bar in sync with a customisation group: its menus, and its accelerators, which work while the
+//! bar is visible in the active window. Choosing an entry runs the macro of its definition. The object names
+//! of menus and actions are their identifiers, and the status tips of actions are their help strings. GUI
+//! thread.
 class MenuBuilder : public QObject
 {
     Q_OBJECT
 public:
-    //! \param bar owns the builder
     //! \param host must outlive the builder
+    //! \param bar owns the builder
     MenuBuilder(FxHost &host, QMenuBar *bar);
 
-    //! Fills the bar from another group, and again whenever the customisation is refreshed. It may be called
-    //! while one of the bar's entries is being run: what stood in the bar before is deleted later.
-    //! \param group null empties the bar; must live until it is replaced here
+    //! Sets the group that the bar is filled from, now and whenever the customisation is refreshed. Can be
+    //! called while an entry of the bar is running: the previous menus are deleted later.
+    //! \param group not owned; must live until it is replaced. Null clears the bar
     void setGroup(const CFxUIGroup *group);
 
 private:

@@ -9,14 +9,14 @@ namespace fxhost {
 
 namespace {
 
-// Air around the picture, so that its edge is seen whatever its own background is; in pixels.
+// Margin around the picture in pixels, so that its edge is visible on any background.
 constexpr int margin = 12;
 constexpr QSize smallestCanvas(120, 60);
 // Length of an axis of the coordinate symbol, and its distance from the corner, in pixels.
 constexpr int axisLength = 36;
 constexpr int axisInset = 18;
 
-//! The coordinate symbol that drawing programs put into the lower left corner: a sheet that waits.
+//! Draws the coordinate symbol that drawing programs show in the lower left corner of an empty sheet.
 void drawAxes(QPainter &painter, const QRect &sheet)
 {
     const QPoint origin(sheet.left() + axisInset, sheet.bottom() - axisInset);
@@ -65,7 +65,7 @@ void PictureCanvas::paintEvent(QPaintEvent *)
                          Qt::AlignCenter | Qt::TextWordWrap, m_text);
         return;
     }
-    // Scaled by QImage, which takes the mean of what falls on a pixel; the painter would drop thin lines.
+    // Scaled by QImage, which averages the source pixels; QPainter would drop thin lines.
     painter.drawImage(place, m_picture.scaled(place.size() * devicePixelRatioF(), Qt::IgnoreAspectRatio,
                                               Qt::SmoothTransformation));
     painter.setPen(look::outline);

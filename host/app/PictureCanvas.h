@@ -6,16 +6,16 @@
 
 namespace fxhost {
 
-//! A dark sheet with a picture in its middle, scaled to fit, or with a text instead. GUI thread.
+//! A dark sheet with a centred picture, scaled to fit, or with a text. GUI thread.
 class PictureCanvas : public QWidget
 {
     Q_OBJECT
 public:
     //! \param picture may be null
-    //! \param text what is said when there is no picture
+    //! \param text shown if picture is null
     PictureCanvas(const QImage &picture, const QString &text, QWidget *parent = nullptr);
 
-    //! Where the picture stands, in the widget's pixels; empty when there is none.
+    //! The picture's rectangle in widget coordinates; empty if there is no picture.
     QRect pictureRect() const;
 
     QSize minimumSizeHint() const override;

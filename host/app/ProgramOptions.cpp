@@ -36,8 +36,8 @@ ProgramStart print(const QString &text)
 //! Reads WxH or WxH+X+Y into the options.
 Outcome readGeometry(const QString &text, ProgramOptions &options)
 {
-    // Five digits are more than any screen has, and keep the numbers far from an int's end. A second monitor
-    // to the left or above has negative positions, written "+-10".
+    // Five digits are enough for every screen and cannot overflow an int. Positions on a monitor to the left
+    // or above are negative, written "+-10".
     static const QRegularExpression pattern(QRegularExpression::anchoredPattern(
         QStringLiteral("(\\d{1,5})x(\\d{1,5})(?:\\+(-?\\d{1,5})\\+(-?\\d{1,5}))?")));
     const QRegularExpressionMatch match = pattern.match(text);
@@ -57,8 +57,8 @@ Outcome readGeometry(const QString &text, ProgramOptions &options)
     return {};
 }
 
-//! The path that a drawing is given by: itself, or in a URL, as file managers and browsers have it. A file
-//! whose path begins like a URL can be given as "./file:".
+//! The path of a drawing argument, which is a path or, as file managers and browsers use it, a file URL. A
+//! path that starts like a URL can be given as "./file:".
 QString pathGiven(const QString &drawing)
 {
     if (!drawing.startsWith(QLatin1String("file:/"), Qt::CaseInsensitive))
@@ -72,32 +72,32 @@ QString pathGiven(const QString &drawing)
 
 ProgramStart readProgramOptions(const QStringList &arguments)
 {
-    // Not the parser's own, which lists a --help-all that is for Qt to answer.
+    // Not the parser's own help option, which also lists --help-all for Qt's options.
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
                                   Texts::tr("Print this help."));
     const QCommandLineOption module(QStringLiteral("module"),
-                                    Texts::tr("Load the module at <path>; may be given more than once. "
-                                              "Without it the one beside the program is loaded."),
+                                    Texts::tr("Load the module at <path>; can be given more than once. "
+                                              "By default, the module in the program's folder is loaded."),
                                     QStringLiteral("path"));
     const QCommandLineOption noModule(QStringLiteral("no-module"), Texts::tr("Load no module."));
     const QCommandLineOption profile(QStringLiteral("profile"),
-                                     Texts::tr("Keep settings and the recent-file list in <dir>."),
+                                     Texts::tr("Store settings and the recent-file list in <dir>."),
                                      QStringLiteral("dir"));
     const QCommandLineOption script(QStringLiteral("script"),
-                                    Texts::tr("Run the commands in <file>, a line each."),
+                                    Texts::tr("Run the commands in <file>, one per line."),
                                     QStringLiteral("file"));
     const QCommandLineOption log(QStringLiteral("log"),
-                                 Texts::tr("Write what the program is asked to do to <file>."),
+                                 Texts::tr("Log commands, drawings, help requests and modules to <file>."),
                                  QStringLiteral("file"));
     const QCommandLineOption noDocument(QStringLiteral("no-document"),
                                         Texts::tr("Start without a new drawing."));
     const QCommandLineOption geometry(QStringLiteral("geometry"),
-                                      Texts::tr("Size and place of the main window, in pixels."),
+                                      Texts::tr("Size and position of the main window, in pixels."),
                                       QStringLiteral("WxH+X+Y"));
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        Texts::tr("Shows the pictures stored in DWG drawings, and hosts plug-in modules."));
+        Texts::tr("Shows the pictures stored in DWG drawings and loads plug-in modules."));
     const QCommandLineOption version = parser.addVersionOption();
     parser.addOptions({help, module, noModule, profile, script, log, noDocument, geometry});
     parser.addPositionalArgument(QStringLiteral("drawing"), Texts::tr("Drawings to open."),
@@ -111,8 +111,8 @@ ProgramStart readProgramOptions(const QStringList &arguments)
         return print(QCoreApplication::applicationName() + QLatin1Char(' ') +
                      QCoreApplication::applicationVersion());
 
-    // An empty value is what an unset shell variable leaves; taking it for "not given" would, for one, put
-    // a test's settings into the user's own profile.
+    // An unset shell variable results in an empty value. Treating it as "not given" would, for example, store
+    // a test's settings in the user's own profile.
     for (const QCommandLineOption &option : {module, profile, script, log, geometry}) {
         if (parser.values(option).contains(QString()))
             return refuse(Texts::tr("--%1 needs a value").arg(option.names().constFirst()));

@@ -8,31 +8,31 @@
 
 namespace fxhost {
 
-//! The smallest main window that is still of use, in device-independent pixels.
+//! The smallest useful size of the main window, in device-independent pixels.
 constexpr QSize smallestMainWindow(400, 300);
 
-//! How the program is to be started. A value type.
+//! The options that the program is started with. A value type.
 struct ProgramOptions
 {
-    //! Libraries to load, in this order; unset: the one that stands beside the program.
+    //! Libraries to load, in this order; unset: the one in the program's folder.
     std::optional<QStringList> modules;
-    //! Where settings and the recent-file list live; empty: the place the desktop has for them.
+    //! Folder of the settings and the recent-file list; empty: the desktop's default.
     QString profileDir;
-    //! File of commands to run once the window stands; empty: none.
+    //! File with commands to run after the window is shown; empty: none.
     QString scriptFile;
-    //! File that receives a line for each thing the program is asked to do; empty: none.
+    //! File to which a line is written for each request to the program; empty: none.
     QString logFile;
     //! Whether the program starts with a new drawing.
     bool newDocument = true;
-    //! Size of the main window; unset: as it was left.
+    //! Size of the main window; unset: the last size.
     std::optional<QSize> windowSize;
-    //! Place of the main window's top left corner; unset: as it was left, or where the desktop puts it.
+    //! Position of the main window's top left corner; unset: the last position, or chosen by the desktop.
     std::optional<QPoint> windowPosition;
-    //! Paths of the drawings to open, as they were given.
+    //! Paths of the drawings to open, as given on the command line.
     QStringList drawings;
 };
 
-//! What became of reading a command line.
+//! The result of reading a command line.
 struct ProgramStart
 {
     enum class Wish {
@@ -41,7 +41,7 @@ struct ProgramStart
         Refuse,      //!< print text to the standard error stream; the exit code is usageError
     };
 
-    //! The exit code that says that the program was called wrongly.
+    //! The exit code for incorrect arguments.
     static constexpr int usageError = 2;
 
     Wish wish = Wish::Refuse;
@@ -49,9 +49,9 @@ struct ProgramStart
     ProgramOptions options;
 };
 
-//! Reads a command line and checks what can be checked without touching the file system. Needs an application
-//! object, whose name and version appear in the texts.
-//! \param arguments the program's name first
+//! Reads a command line and checks it without accessing the file system. Requires an application object,
+//! whose name and version are used in the texts.
+//! \param arguments includes the program's name as the first argument
 ProgramStart readProgramOptions(const QStringList &arguments);
 
 } // namespace fxhost

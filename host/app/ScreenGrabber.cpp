@@ -19,9 +19,9 @@ bool isOnScreen(const QWidget *window)
     return window->isVisible() && !window->isMinimized() && window->windowType() != Qt::Desktop;
 }
 
-//! From the lowest to the topmost, as far as a program can know: a window stands above the one it belongs to,
-//! and the active one above its like.
-bool standsBelow(const QWidget *a, const QWidget *b)
+//! Estimates the stacking order, which a program cannot query: a window is above its parent, and the active
+//! window is above others of the same level.
+bool isBelow(const QWidget *a, const QWidget *b)
 {
     const auto rank = [](const QWidget *window) {
         int owners = 0;
@@ -34,7 +34,7 @@ bool standsBelow(const QWidget *a, const QWidget *b)
 
 QImage paintWindows(QWidgetList windows)
 {
-    std::stable_sort(windows.begin(), windows.end(), standsBelow);
+    std::stable_sort(windows.begin(), windows.end(), isBelow);
     QRect area;
     for (const QWidget *window : qAsConst(windows))
         area |= window->geometry();
@@ -71,7 +71,7 @@ QImage grabWindows()
     if (windows.isEmpty())
         return {};
 
-    // Elsewhere reading the screen gives nothing, or one window's content for the whole area.
+    // On other platforms, reading the screen returns nothing, or one window's content for the whole area.
     QImage picture;
     if (QGuiApplication::platformName() == QLatin1String("xcb"))
         picture = readScreen(windows);

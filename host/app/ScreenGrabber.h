@@ -5,10 +5,10 @@
 
 namespace fxhost {
 
-//! A picture of the part of the screen that the program's visible windows take up, in the screen's own
-//! pixels. Where the desktop lets no program read the screen, the windows are painted instead, without the
-//! frames that the desktop draws around them. GUI thread.
-//! \return null when no window is visible
+//! A picture of the screen area that contains the program's visible windows, in device pixels. If the desktop
+//! does not allow programs to read the screen, the windows are painted instead, without the desktop's window
+//! frames. GUI thread.
+//! \return null if no window is visible
 QImage grabWindows();
 
 } // namespace fxhost

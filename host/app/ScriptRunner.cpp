@@ -36,7 +36,7 @@ Outcome ScriptRunner::load(const QString &path)
     if (file.error() != QFileDevice::NoError)
         return Outcome::failed(file.errorString());
 
-    QString text = pathFromBytes(content); // for it may name files
+    QString text = pathFromBytes(content); // because it may contain file names
     if (text.startsWith(QChar::ByteOrderMark))
         text.remove(0, 1);
     const QStringList lines = text.split(QLatin1Char('\n'));
@@ -55,17 +55,17 @@ void ScriptRunner::startWhenActive(QWidget *window)
         return;
     }
     connect(window->windowHandle(), &QWindow::activeChanged, &m_next, qOverload<>(&QTimer::start));
-    // Without a window manager no window becomes active.
+    // Without a window manager, no window becomes active.
     QTimer::singleShot(activationWait, &m_next, qOverload<>(&QTimer::start));
 }
 
 void ScriptRunner::runNext()
 {
-    // Another command may have started since; its end starts this again.
+    // Another command may have started meanwhile; when it ends, this is called again.
     if (m_lines.isEmpty() || !m_commands.isIdle())
         return;
     m_commands.runLine(m_lines.takeFirst());
-    // An unknown command, or a mere ^C, ran nothing that could end.
+    // An unknown command, or only ^C, ran nothing whose end would start the timer.
     if (m_commands.isIdle())
         m_next.start();
 }

@@ -13,8 +13,8 @@ namespace fxhost {
 
 class CommandRunner;
 
-//! Runs the commands of a script as a user would enter them: each line once the one before it has ended.
-//! GUI thread.
+//! Runs the commands of a script as if a user entered them: each line after the previous one has ended. GUI
+//! thread.
 class ScriptRunner : public QObject
 {
     Q_OBJECT
@@ -22,14 +22,14 @@ public:
     //! \param commands must outlive the runner
     explicit ScriptRunner(CommandRunner &commands, QObject *parent = nullptr);
 
-    //! Reads a script: UTF-8, a command line each line; blank lines and those that start with # are left out.
+    //! Reads a script: UTF-8, one command per line. Blank lines and lines that start with # are ignored.
     Outcome load(const QString &path);
-    //! Runs the first line once the window is active, the others in their turn. Until then a window manager
-    //! may still move the window, and a popup over it would be placed by where it was. \param window is being
-    //! shown; must live until the script has started
+    //! Starts the script when the window becomes active. Before that, a window manager may still move the
+    //! window, and a popup would be placed relative to the old position.
+    //! \param window already shown, but not necessarily active; must live until the script has started
     void startWhenActive(QWidget *window);
 
-    //! The lines that did not run yet.
+    //! The lines that have not run yet.
     const QStringList &lines() const { return m_lines; }
 
 private:
@@ -37,7 +37,7 @@ private:
 
     CommandRunner &m_commands;
     QStringList m_lines;
-    QTimer m_next; //!< runs the next line from the event loop, so that no line nests in another's call
+    QTimer m_next; //!< runs the next line from the event loop, so that lines do not run nested
 };
 
 } // namespace fxhost

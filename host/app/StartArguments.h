@@ -5,13 +5,13 @@
 
 namespace fxhost {
 
-//! The arguments that Qt's application object is to be given instead of the program's own. Qt takes some of
-//! them away before the program reads the rest. To be called before there is an application object.
+//! The arguments to pass to Qt's application object instead of the program's own. Qt removes some of its
+//! arguments before the program reads the rest. Must be called before the application object is created.
 //!
-//! With them, the geometry stays the program's: on X11 Qt would take it, and start with whatever it makes of
-//! a wrong one. Where there is an X server beside a Wayland one, Qt is asked to use X, on which windows can
-//! be placed and tiles dragged out; the user's own choice goes before. \param arguments the program's name
-//! first
+//! The result prevents Qt from handling the geometry option: on X11, Qt would use it, even with an invalid
+//! value. If both an X server and a Wayland compositor are available, the result selects X, on which windows
+//! can be placed and tiles dragged out, unless the user has selected a platform.
+//! \param arguments includes the program's name as the first argument
 QByteArrayList argumentsForQt(const QByteArrayList &arguments);
 
 } // namespace fxhost

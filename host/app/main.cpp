@@ -56,7 +56,7 @@ void loadMenus(FxHost &host)
     file.open(QIODevice::ReadOnly);
     const Outcome loaded = host.customization().load(file.readAll());
     if (!loaded)
-        host.showMessage(Texts::tr("The menus cannot be used: %1").arg(loaded.reason()));
+        host.showMessage(Texts::tr("The menus cannot be loaded: %1").arg(loaded.reason()));
 }
 
 void place(MainWindow &window, const ProgramOptions &options)
@@ -73,11 +73,11 @@ int run(const ProgramOptions &options)
 {
     const QString profile = profileDir(options);
     if (!QDir().mkpath(profile)) {
-        printError(Texts::tr("the profile directory %1 cannot be made").arg(profile));
+        printError(Texts::tr("the profile directory %1 cannot be created").arg(profile));
         return ProgramStart::usageError;
     }
 
-    // Where Qt's own dialogs keep what they remember.
+    // Qt's own dialogs store their settings here.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, profile);
     FxHost host(profile, options.logFile);
     QObject::connect(&host, &FxHost::message, &host, printError);
@@ -112,7 +112,7 @@ int run(const ProgramOptions &options)
     return QApplication::exec();
 }
 
-//! Programs that stand beside this one are found by their names, after all others: modules start fxshow so.
+//! Appends the program's folder to PATH, so that modules can start fxshow by its name.
 void findProgramsBeside()
 {
     const QByteArray folder = QFile::encodeName(QCoreApplication::applicationDirPath());
@@ -120,7 +120,8 @@ void findProgramsBeside()
     qputenv("PATH", (others.isEmpty() ? QByteArray("/usr/bin:/bin") : others) + ':' + folder);
 }
 
-//! Prints what there is to print instead of a start. \return the exit code
+//! Prints the text of a command line that does not start the program.
+//! \return the exit code
 int answer(const ProgramStart &commandLine)
 {
     const bool isRefused = commandLine.wish == ProgramStart::Wish::Refuse;
@@ -128,7 +129,8 @@ int answer(const ProgramStart &commandLine)
     return isRefused ? ProgramStart::usageError : 0;
 }
 
-//! Help and version are for whoever has no display as well. \return whether they were asked for
+//! Prints help or version, which also works without a display.
+//! \return true if help or version was requested
 bool printsAndEnds(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
@@ -136,7 +138,7 @@ bool printsAndEnds(int argc, char *argv[])
     const bool isAsked = commandLine.wish == ProgramStart::Wish::PrintAndEnd;
     if (isAsked)
         answer(commandLine);
-    return isAsked; // the rest may be for Qt
+    return isAsked; // other arguments may be Qt's, so errors are reported later
 }
 
 } // namespace
@@ -156,7 +158,7 @@ int main(int argc, char *argv[])
         arguments << argv[i];
     arguments = argumentsForQt(arguments);
     int count = arguments.size();
-    std::vector<char *> words; // Qt wants them writable, and a null after them
+    std::vector<char *> words; // Qt requires writable strings and a terminating null
     for (QByteArray &argument : arguments)
         words.push_back(argument.data());
     words.push_back(nullptr);

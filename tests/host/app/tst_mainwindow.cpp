@@ -253,7 +253,7 @@ private slots:
         ShownProgram program;
         const QPair<const char *, const char *> pages[] = {
             {"_HELP", "_RECENTLIMIT"},
-            {"_HELP 3087", "F4 or the command _RECENT show them with their pictures"},
+            {"_HELP 3087", "F4 or the command _RECENT opens the browser"},
             {"_HELP 12", "no help page for topic 12"}};
         for (const auto &page : pages) {
             program.enter(page.first);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Shows a file in the desktop's file manager: fxshow PATH
-// The asking is left to a second process. A file manager that is not running yet may need long to start, and
-// the session bus drops the request if the one who made it is gone by then; but whoever started us waits for
-// our end.
+// A second process sends the request. A file manager that is not running yet may take long to start, and the
+// session bus drops the request if its sender has ended by then. But the program that started fxshow waits
+// for it to end.
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -24,13 +24,13 @@
 
 namespace {
 
-//! How long whoever started us waits to hear that it did not work.
+//! How long to wait for the second process, in order to report its failure.
 constexpr timespec longestWait = {1, 0};
 
 constexpr int failure = 1;
 constexpr int wrongUse = 2;
 
-void complain(const QByteArray &text)
+void printError(const QByteArray &text)
 {
     std::fprintf(stderr, "fxshow: %s\n", text.constData());
 }
@@ -40,20 +40,21 @@ QByteArray errorText()
     return std::strerror(errno); // NOLINT(concurrency-mt-unsafe): there is one thread
 }
 
-//! \return path seen from the root; itself when the working directory is gone
+//! The absolute path; path itself if the working directory has been deleted.
 QByteArray absolute(const QByteArray &path)
 {
     const std::unique_ptr<char, decltype(&std::free)> folder(::get_current_dir_name(), &std::free);
     return path.startsWith('/') || !folder ? path : QByteArray(folder.get()) + '/' + path;
 }
 
-//! \return whether the file manager has shown the file
+//! Requests that the file manager show the file.
+//! \return true if it has done so
 bool askFileManager(const QByteArray &path)
 {
     const QString name = QStringLiteral("org.freedesktop.FileManager1");
     QDBusMessage request = QDBusMessage::createMethodCall(
         name, QStringLiteral("/org/freedesktop/FileManager1"), name, QStringLiteral("ShowItems"));
-    const QByteArray uri = "file://" + path.toPercentEncoding("/"); // byte by byte, whatever they are
+    const QByteArray uri = "file://" + path.toPercentEncoding("/"); // byte by byte, without decoding
     const QString startupId;
     request << QStringList(QString::fromLatin1(uri)) << startupId;
     return QDBusConnection::sessionBus().call(request).type() == QDBusMessage::ReplyMessage;
@@ -64,11 +65,11 @@ QByteArray folderOf(const QByteArray &path)
     return path.left(std::max(path.lastIndexOf('/'), 1));
 }
 
-//! Becomes the program that opens folders. \return only when that cannot be started
+//! Replaces this process with the program that opens folders. Only returns if that program cannot be started.
 int openFolder(const QByteArray &folder)
 {
     ::execlp("xdg-open", "xdg-open", folder.constData(), nullptr);
-    complain("no file manager answers, and xdg-open cannot be started: " + errorText());
+    printError("no file manager answers, and xdg-open cannot be started: " + errorText());
     return failure;
 }
 
@@ -77,10 +78,11 @@ int show(const QByteArray &path)
     struct stat facts = {};
     const bool exists = ::lstat(path.constData(), &facts) == 0;
     if (!exists && ::lstat(folderOf(path).constData(), &facts) != 0) {
-        complain("cannot show " + path + ": " + errorText());
+        printError("cannot show " + path + ": " + errorText());
         return failure;
     }
-    return exists && askFileManager(path) ? 0 : openFolder(folderOf(path)); // of a deleted file, where it was
+    // If the file has been deleted, open its folder.
+    return exists && askFileManager(path) ? 0 : openFolder(folderOf(path));
 }
 
 } // namespace
@@ -88,15 +90,15 @@ int show(const QByteArray &path)
 int main(int argc, char *argv[])
 {
     if (argc != 2 || !*argv[1]) {
-        complain("usage: fxshow PATH");
+        printError("usage: fxshow PATH");
         return wrongUse;
     }
-    std::signal(SIGCHLD, SIG_DFL); // whoever started us may have had it ignored
+    std::signal(SIGCHLD, SIG_DFL); // the parent process may have ignored it
     sigset_t childEnds;
     sigset_t former;
     sigemptyset(&childEnds);
     sigaddset(&childEnds, SIGCHLD);
-    pthread_sigmask(SIG_BLOCK, &childEnds, &former); // kept for the wait below, should the end come first
+    pthread_sigmask(SIG_BLOCK, &childEnds, &former); // pending if the child ends before the wait below
     const pid_t asking = fork();
     if (asking > 0) {
         int status = 0;
@@ -105,8 +107,8 @@ int main(int argc, char *argv[])
         return hasEnded && status != 0 ? failure : 0;
     }
     pthread_sigmask(SIG_SETMASK, &former, nullptr);
-    setsid(); // neither the end of a terminal nor that of the host takes the request away
-    const QByteArray path = absolute(argv[1]);      // before Qt takes arguments for its own
-    const QCoreApplication application(argc, argv); // which the bus needs
+    setsid(); // so that the request survives the end of the terminal and of the host
+    const QByteArray path = absolute(argv[1]);      // before Qt removes its own arguments
+    const QCoreApplication application(argc, argv); // required by the bus
     return show(path);
 }

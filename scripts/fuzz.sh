@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Builds the fuzz targets and lets clang's engine run them: fuzz.sh [--seconds N] [--jobs N] [TARGET...]
-# for N seconds each, 60 unless told otherwise; or fuzz.sh --executions N [--jobs N] [TARGET...].
-# Inputs that reached something new are kept in build/fuzz/corpus/TARGET, those that failed in
+# Builds the fuzz targets and runs them with clang's engine: fuzz.sh [--seconds N] [--jobs N] [TARGET...]
+# for N seconds each, 60 by default; or fuzz.sh --executions N [--jobs N] [TARGET...].
+# Inputs with new coverage are stored in build/fuzz/corpus/TARGET, those that failed in
 # build/fuzz/findings/TARGET; build/fuzz/bin/fuzz_TARGET FILE runs one again. Status 1 if any failed.
 set -euo pipefail
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
 
-# The longest input, in bytes. Longer ones are slower and hardly find more.
+# The longest input, in bytes. Longer ones are slower and hardly find more faults.
 declare -A longest=([preview]=8192 [customization]=16384 [script]=2048 [macro]=2048 [recentlist]=4096)
 declare -A dictionary=([preview]=preview [customization]=customization [script]=commands [macro]=commands
     [recentlist]=recentlist)
@@ -24,7 +24,7 @@ number() {
 }
 
 seconds=60
-executions=0 # as many as the time lets
+executions=0 # 0: no limit
 jobs=$(nproc)
 targets=()
 while (($# > 0)); do
@@ -35,7 +35,7 @@ while (($# > 0)); do
         ;;
     --executions)
         executions=$(number "$@")
-        seconds=0 # as long as it takes
+        seconds=0 # 0: no limit
         shift
         ;;
     --jobs)
@@ -47,7 +47,7 @@ while (($# > 0)); do
         exit 0
         ;;
     *)
-        [[ -n ${longest[$1]-} ]] || fail "no such target: $1 (there are ${all[*]})"
+        [[ -n ${longest[$1]-} ]] || fail "no such target: $1 (targets: ${all[*]})"
         targets+=("$1")
         ;;
     esac
@@ -61,17 +61,17 @@ echo "Building the fuzz preset ..."
 scripts/quietly.sh cmake --preset fuzz
 scripts/quietly.sh cmake --build --preset fuzz
 
-# A small quarantine: with the usual one, the large pictures that were freed are what fills the memory.
+# A small quarantine, because with the default size, freed large pictures fill the memory.
 export ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:quarantine_size_mb=32
 export LSAN_OPTIONS=print_suppressions=0
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
 
 pids=()
-# What runs in the background does not hear of an interrupt by itself.
+# Background processes do not receive an interrupt by themselves.
 trap '((${#pids[@]} == 0)) || kill "${pids[@]}" 2>/dev/null || true; exit 130' INT TERM
 
-# Of all jobs, in one line: three numbers that they share, see tests/fuzz/Costs.h.
+# Prints one line for all jobs, from the three numbers that they share (see tests/fuzz/Costs.h).
 summary() {
     local target=$1 taken=$2 findings=$3 count slowest largest
     read -r count slowest largest < <(od -An -v -w24 -t u8 -- "$build/logs/$target.costs")
@@ -81,8 +81,8 @@ summary() {
                 count / (taken > 0 ? taken : 1), slowest / 1000, largest / (1024 * 1024), findings }'
 }
 
-# Runs the engine in several processes, which tell each other of what is new through the corpus. Each ends at its
-# first finding.
+# Runs the engine in several processes, which share new inputs through the corpus. Each ends at its first
+# finding.
 fuzz() {
     local target=$1 job pid began findings=0
     local corpus=$build/corpus/$target found=$build/findings/$target seeds=$build/seeds/$target
@@ -90,9 +90,9 @@ fuzz() {
     mkdir -p -- "$corpus" "$found" "$build/logs"
     "$build/bin/make_seeds" "$target" "$seeds"
 
-    # The engine's own limits, in seconds and MiB, are wide: its clock runs on while a busy machine does other work.
-    # The target's are the ones that count. Inputs are chosen by their time as well, since a few large pictures would
-    # take most of it.
+    # The engine's own limits, in seconds and MiB, are wide, because it measures elapsed time, which is longer
+    # on a busy machine. The targets check the actual limits. Inputs are also weighted by their execution
+    # time, because a few large pictures would take most of it.
     local options=(-max_len="${longest[$target]}" -dict="tests/fuzz/${dictionary[$target]}.dict"
         -max_total_time="$seconds" -timeout=600 -rss_limit_mb=1024 -entropic_scale_per_exec_time=1
         -artifact_prefix="$found/" -reload=10 -close_fd_mask=2 -print_final_stats=1)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Installs what packages.txt lists for the given groups and this machine lacks: install-packages.sh GROUP...
+# Installs the missing packages of the given groups in packages.txt: install-packages.sh GROUP...
 set -euo pipefail
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
 
@@ -17,8 +17,8 @@ for group in "$@"; do
 done
 
 if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
-    # Another distribution names its packages otherwise; what is truly missing, the build will tell.
-    say "no apt-get here, so nothing is installed. Needed, by Debian's names: ${wanted[*]}"
+    # Other distributions use other package names. If something is missing, the build reports it.
+    say "apt-get is not available, so nothing is installed. Required Debian packages: ${wanted[*]}"
     exit 0
 fi
 
@@ -34,16 +34,16 @@ as_root=()
 if ((EUID != 0)); then
     if ! command -v sudo >/dev/null; then
         say "missing: ${missing[*]}"
-        say "neither root nor sudo here; please have them installed: apt-get install ${missing[*]}"
+        say "cannot install them without root or sudo; as root, run: apt-get install ${missing[*]}"
         exit 1
     fi
     as_root=(sudo)
 fi
 
-# Five minutes for another package run to end, which a fresh machine may well have going.
+# Wait up to five minutes for another package operation, which is often running on a new machine.
 apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=300)
 say "installing ${missing[*]}"
-scripts/quietly.sh "${apt[@]}" update || say "could not refresh the package lists; trying with those at hand"
+scripts/quietly.sh "${apt[@]}" update || say "could not update the package lists; using the existing ones"
 scripts/quietly.sh "${apt[@]}" install -y --no-install-recommends "${missing[@]}" || {
     say "could not install: ${missing[*]}"
     exit 1

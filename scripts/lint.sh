@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Holds the tree to the house's rules with every tool configured in the root: lint.sh [--fix] [PATH...]
-# --fix lets the formatter and the speller mend what they find first. PATHs narrow all of it to some rooms or
-# files: lint.sh state ui/QBalloonTip.cpp
+# Checks the source tree with all tools configured in the root: lint.sh [--fix] [PATH...]
+# --fix first corrects what the formatter and the spell checker find. PATHs restrict the checks to some
+# folders or files: lint.sh state ui/QBalloonTip.cpp
 # shellcheck disable=SC2317 # the checks are called by their names
 set -euo pipefail
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
@@ -13,18 +13,18 @@ if [[ ${1-} == --fix ]]; then
     shift
 fi
 
-# The Qt analyser's default level, and from the costlier ones what fits this code. Without the check on static
-# objects: the registry consists of them, and they come and go with the library.
+# The Qt analyser's default level, and the checks of the slower levels that suit this code. Without the check
+# for static objects: the registry consists of them, and they are created and destroyed with the library.
 clazy_checks=level1,no-non-pod-global-static,function-args-by-ref,heap-allocated-small-trivial-type
 clazy_checks+=,isempty-vs-count,old-style-connect,returning-void-expression,tr-non-literal,unneeded-cast
 
 scripts/install-packages.sh build run test lint
 
-# The files that git knows or would take up, sorted into kinds.
+# The files that git tracks or would add, by type.
 cpp=() units=() shell=() texts=()
 while IFS= read -r -d '' file; do
-    [[ -f $file ]] || continue # deleted, but not yet for git
-    grep -qI . -- "$file" || continue # no text
+    [[ -f $file ]] || continue # deleted, but not yet in git
+    grep -qI . -- "$file" || continue # not a text file
     texts+=("$file")
     case $file in
     tests/fixtures/*.cpp | *.h) cpp+=("$file") ;;
@@ -33,7 +33,7 @@ while IFS= read -r -d '' file; do
     if head -n 1 -- "$file" | grep -qE '^#!.*\b(ba|da)?sh\b'; then shell+=("$file"); fi
 done < <(git ls-files --cached --others --exclude-standard -z -- "$@")
 if ((${#texts[@]} == 0)); then
-    echo "lint: no file of the project lies at: $*" >&2
+    echo "lint: no file of the project matches: $*" >&2
     exit 2
 fi
 
@@ -49,10 +49,10 @@ check() {
 }
 
 format() {
-    local said
+    local output
     ((${#cpp[@]} > 0)) || return 0
-    said=$(clang-format --dry-run -Werror "${cpp[@]}" 2>&1) && return 0
-    grep 'error:' <<<"$said" # without the lines it quotes
+    output=$(clang-format --dry-run -Werror "${cpp[@]}" 2>&1) && return 0
+    grep 'error:' <<<"$output" # without the quoted lines
     return 1
 }
 
@@ -64,19 +64,19 @@ licence() {
     local file bare=0
     for file in "${texts[@]}"; do
         case $file in
-        # Prose says it in LICENSE; data has no room for it, or no comments.
+        # LICENSE covers documents and data files, some of which do not support comments.
         LICENSE | *.md | *.json | *.svg | *.qrc | *.ui | *.tsv | .gitignore | */.gitignore) continue ;;
         esac
-        # The second line is for scripts, whose first says who runs them.
+        # In scripts, the first line names the interpreter.
         if ! head -n 2 -- "$file" | grep -q 'SPDX-License-Identifier: MIT'; then
-            echo "$file: no SPDX line at its top"
+            echo "$file: the SPDX line is missing"
             bare=1
         fi
     done
     return "$bare"
 }
 
-# The tree is the same on every machine, and keeps no notes of what is still to do.
+# The tree contains no paths of this machine and no notes about open work.
 plain_words() {
     local notes='\b(TO[D]O|FIX[M]E|XX[X])\b'
     local found=0
@@ -89,16 +89,16 @@ shell_scripts() {
     ((${#shell[@]} == 0)) || shellcheck "${shell[@]}"
 }
 
-# The compile commands, without what only g++ takes and without the compiler's own verdict on warnings: clang's on
-# variadic macros is about Qt Test's, and g++ gives its own in the build.
+# Creates the compile commands for the analysers: without options that only g++ supports, and without warnings as errors:
+# clang's warning about variadic macros is caused by Qt Test, and g++ checks its own warnings in the build.
 database=build/lint
-product=()  # files, each by itself, so that each must include what it needs
-together=() # tests, several in one unit, as they are compiled
+product=()  # files, each of which must include what it needs
+together=() # units of several tests, as they are compiled
 compile_commands() {
     local unit found
-    rm -rf -- "$database" # from an earlier run, it would hide that this one has none
+    rm -rf -- "$database" # an old one would hide that this run has none
     scripts/quietly.sh cmake --preset dev -DBUILD_TESTING=ON || return 1
-    # The sources include what the build generates.
+    # The sources include generated files.
     scripts/quietly.sh cmake --build --preset dev || return 1
     mkdir -p "$database"
     sed -e 's/ -fno-gnu-unique / /; s/ -Werror / /; s/ -Wpedantic / /; s/ -Wno-subobject-linkage / /' \
@@ -115,12 +115,12 @@ compile_commands() {
     mapfile -t together < <(printf '%s\n' "${together[@]}" | sort -u)
 }
 
-# Runs an analyser on files that are compiled: each_of ARRAY COMMAND [ARG...]. Quietly, since clang counts its muted
-# warnings aloud.
+# Runs an analyser on files: each_of ARRAY COMMAND [ARG...]. Shows its output only on failure, because clang always prints
+# the number of suppressed warnings.
 each_of() {
     local -n of=$1
     if [[ ! -d $database ]]; then
-        echo "not run, for want of compile commands"
+        echo "not run, because there are no compile commands"
         return 1
     fi
     ((${#of[@]} == 0)) || printf '%s\0' "${of[@]}" | xargs -0 -n 1 -P "$(nproc)" scripts/quietly.sh "${@:2}"
@@ -144,7 +144,7 @@ clazy() {
 
 if "$fix"; then
     ((${#cpp[@]} == 0)) || clang-format -i "${cpp[@]}"
-    # What it has more than one word for it leaves to the check below.
+    # It does not correct words with more than one suggestion; the check below reports them.
     codespell --write-changes "${texts[@]}" >/dev/null || true
 fi
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Runs a command and shows what it said only when it fails: quietly.sh COMMAND [ARG...]
+# Runs a command and shows its output only if it fails: quietly.sh COMMAND [ARG...]
 set -euo pipefail
 
 log=$(mktemp)

@@ -1,20 +1,20 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Runs a command on a screen of its own with a window manager on it, and hands on the command's status:
+# Runs a command on a virtual screen with a window manager, and returns the command's exit status:
 # with-display.sh COMMAND [ARG...]
 set -euo pipefail
 
-# Pixels and bits. The usual size has room for the browser's grid of five tiles by six. Several screens, separated by
-# blanks, stand side by side from left to right.
+# Size in pixels, and colour depth. The default has space for the browser's grid of five by six tiles. Several
+# screens, separated by blanks, are placed side by side from left to right.
 read -r -a screens <<<"${VIRTUAL_SCREEN:-1920x1200x24}"
-patience=60         # seconds a server or a window manager may take to come up on a busy machine
+start_timeout=60 # seconds that a server or a window manager may take to start on a busy machine
 
 logs=$(mktemp -d)
-started=() # the last one last
+started=() # process IDs in the order of starting
 # shellcheck disable=SC2317 # the traps call it
 finish() {
     local i
-    # Backwards: what shows itself on the server complains when the server goes first.
+    # In reverse order, because clients print errors if their server ends first.
     for ((i = ${#started[@]} - 1; i >= 0; --i)); do
         kill "${started[i]}" 2>/dev/null || true
         wait "${started[i]}" 2>/dev/null || true
@@ -33,17 +33,18 @@ give_up() {
 
 unset WAYLAND_DISPLAY XAUTHORITY
 export QT_QPA_PLATFORM=xcb
-export QT_XCB_GL_INTEGRATION=none # nothing draws with OpenGL, and where its software driver is, loading it costs and leaks
+export QT_XCB_GL_INTEGRATION=none # OpenGL is not used, and loading its software driver is slow and leaks memory
 
-# Starts a server, which picks a free number itself and tells it, so two runs at a time do not meet. Only a server that
-# had the number before and is just ending may take the new one's socket away with its own: then another server is
-# started. Without -noreset the server starts anew when its last client leaves, and turns away who comes meanwhile.
+# Starts a server, which selects a free display number and prints it, so that concurrent runs do not conflict.
+# Only a server that had the same number before and is just exiting may delete the new server's socket
+# together with its own: then another server is started. Without -noreset, the server resets when its last
+# client disconnects, and meanwhile rejects new clients.
 start_server() {
     local attempt numbers number server
     for attempt in 1 2 3; do
         exec {numbers}< <(exec "$@" -displayfd 1 -nolisten tcp -noreset 2>"$logs/server")
         server=$!
-        read -r -t "$patience" -u "$numbers" number || give_up "$1 did not start"
+        read -r -t "$start_timeout" -u "$numbers" number || give_up "$1 did not start"
         ! DISPLAY=:$number xdpyinfo >/dev/null 2>&1 || break
         kill "$server" 2>/dev/null || true
         wait "$server" 2>/dev/null || true
@@ -56,8 +57,9 @@ start_server() {
 if ((${#screens[@]} == 1)); then
     start_server Xvfb -screen 0 "${screens[0]}"
 else
-    # Xvfb puts all its screens at the same place; Xephyr places them, in a window on a screen that has room for all.
-    # Without RANDR, which knows of one screen only there, clients ask Xinerama.
+    # Xvfb places all its screens at the same position. Xephyr can place them side by side, in a window on a
+    # screen that is large enough for all. RANDR would report only one screen there; without it, clients use
+    # Xinerama.
     inner=(-extension RANDR +xinerama)
     width=0
     height=0
@@ -71,21 +73,21 @@ else
     start_server Xephyr "${inner[@]}"
 fi
 
-# The distribution's own settings, since a user's might place windows or follow the pointer.
+# Use the distribution's configuration. A user's might place windows or make the focus follow the pointer.
 openbox --sm-disable --config-file /etc/xdg/openbox/rc.xml >"$logs/manager" 2>&1 &
 manager=$!
 started+=("$manager")
-deadline=$((SECONDS + patience))
+deadline=$((SECONDS + start_timeout))
 until xprop -root _NET_SUPPORTING_WM_CHECK 2>>"$logs/manager" | grep -q 'window id'; do
-    kill -0 "$manager" 2>/dev/null || give_up "openbox ended at once"
-    ((SECONDS < deadline)) || give_up "openbox did not come up"
+    kill -0 "$manager" 2>/dev/null || give_up "openbox exited"
+    ((SECONDS < deadline)) || give_up "openbox did not start"
     sleep 0.1
 done
 
-# The pointer starts in the middle, where it would hover over what is shown.
+# The pointer starts in the centre of the screen, where it would hover over the windows.
 xdotool mousemove 0 0
 
-# Waited for, because a signal interrupts a wait, but not a command in the foreground.
+# In the background, because a signal interrupts wait, but not a command in the foreground.
 "$@" <&0 &
 started+=($!)
 status=0

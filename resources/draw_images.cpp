@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Draws the PNG images: `draw_images DIRECTORY` writes them there. The committed files are its output, which
-// a test holds them to; the SVG images are written by hand.
+// Draws the PNG images and writes them to a directory: draw_images DIRECTORY
+// A test checks that the committed files are identical to the output. The SVG images are edited manually.
 #include <QColor>
 #include <QDir>
 #include <QImage>
@@ -12,9 +12,9 @@
 
 namespace {
 
-//! Samples along each side of a pixel. The pictures are painted this much too large, in opaque flat colours
-//! and without antialiasing, then averaged: Qt's antialiasing picks its blending code by the processor, and
-//! the files are to come out the same on all of them.
+//! Samples along each side of a pixel. The pictures are painted enlarged by this factor, in opaque plain
+//! colours and without antialiasing, and then averaged. Qt's antialiasing is not used, because its blending
+//! code depends on the processor, and the files must be identical on all processors.
 constexpr int samples = 16;
 
 QPainterPath polygon(std::initializer_list<QPointF> corners)
@@ -25,7 +25,8 @@ QPainterPath polygon(std::initializer_list<QPointF> corners)
     return path;
 }
 
-//! Sets single pixels: what is too small for curves. A string a row, '#' for ink.
+//! Sets single pixels, for details that are too small for curves.
+//! \param rows one string per row, '#' for pixels to set
 void drawBitmap(QPainter &painter, int left, int top, std::initializer_list<const char *> rows, QRgb ink)
 {
     int y = top;
@@ -38,7 +39,7 @@ void drawBitmap(QPainter &painter, int left, int top, std::initializer_list<cons
     }
 }
 
-//! The type icon of a tile: a sheet with its corner folded, a set square, the letters.
+//! The type icon of a tile: a sheet with a folded corner, a set square and letters.
 void drawDrawingFile(QPainter &painter)
 {
     constexpr QRgb outline = 0xFF869CB1; // light enough for the G to stand out where it touches
@@ -72,8 +73,8 @@ void drawDrawingFile(QPainter &painter)
                letters);
 }
 
-// The two states of the pin button. The buttons shrink them to 16 x 16, so the shapes are bold and told apart
-// by tone, not by fine lines.
+// The two states of the pin button. The buttons scale them down to 16 x 16, so the shapes are bold and
+// distinguished by tone, not by fine lines.
 constexpr QRgb pinOutline = 0xFF454545;
 constexpr QRgb pinShade = 0xFF7C7C7C;
 constexpr QRgb pinBody = 0xFF9A9A9A;
@@ -90,7 +91,7 @@ void drawPinGround(QPainter &painter, QRgb ground)
     painter.fillPath(face, QColor(ground));
 }
 
-//! Not pinned: the pin lies on its side, the needle points left.
+//! Not pinned: the pin is on its side, and its needle points left.
 void drawPinUp(QPainter &painter)
 {
     drawPinGround(painter, 0xFFE2E2E2);
@@ -103,11 +104,11 @@ void drawPinUp(QPainter &painter)
     painter.fillRect(QRectF(17, 6, 3, 11), QColor(pinOutline)); // cap
 }
 
-//! Pinned: the same pin from above, tilted, the needle gone into a ground that is pressed in with it.
+//! Pinned: the same pin seen from above, tilted, with its needle in a ground that looks pressed.
 void drawPinDown(QPainter &painter)
 {
     drawPinGround(painter, 0xFFD6D6D6);
-    // Upright around the origin, then turned: the cap comes to the upper right.
+    // Drawn upright around the origin, and rotated: the cap is at the upper right.
     painter.translate(11.5, 11.5);
     painter.rotate(45);
     const auto disc = [&painter](qreal y, qreal radiusX, qreal radiusY, QRgb colour) {
@@ -132,13 +133,14 @@ void drawPinDown(QPainter &painter)
 void drawQuestionMark(QPainter &painter, QRgb colour)
 {
     QPainterPath hook(QPointF(5, 5));
-    hook.arcTo(QRectF(5, 2, 6, 6), 180, -233.13); // to (9.8, 7.4): 3-4-5, so the curve leaves in line
+    hook.arcTo(QRectF(5, 2, 6, 6), 180,
+               -233.13); // to (9.8, 7.4): 3-4-5, so that the curve continues smoothly
     hook.cubicTo(8.6, 8.3, 8, 8.7, 8, 10);
     painter.strokePath(hook, QPen(QColor(colour), 2, Qt::SolidLine, Qt::FlatCap));
     painter.fillRect(QRectF(7, 12, 2, 2), QColor(colour));
 }
 
-//! Light with its shade below and to the right, for dark title bars.
+//! A light question mark with its shadow to the lower right, for dark title bars.
 void drawHelp(QPainter &painter)
 {
     painter.translate(1, 1);
@@ -147,7 +149,7 @@ void drawHelp(QPainter &painter)
     drawQuestionMark(painter, 0xFFF4F4F4);
 }
 
-//! An open folder, with the arrow of a button that drops down a list.
+//! An open folder with the arrow of a drop-down button.
 void drawOpen(QPainter &painter)
 {
     constexpr QRgb outline = 0xFF8A6D2F;
@@ -169,7 +171,8 @@ void drawOpen(QPainter &painter)
                arrow);
 }
 
-//! Every sample is opaque or clear: the colour is the mean of the opaque ones, the alpha their share.
+//! The average of a pixel's samples, which are opaque or transparent: the mean colour of the opaque ones, and
+//! their proportion as alpha.
 QRgb average(const QImage &large, int left, int top)
 {
     int red = 0, green = 0, blue = 0, opaque = 0;

@@ -45,6 +45,7 @@ void openDocument(const CFxString &path);
 //! Requests that the host run a command without an argument. May run an event loop, too.
 void runCommand(const CFxString &name);
 
+// Reactors are not owned; they must be removed before they are destroyed.
 void addDocumentReactor(CFxDocumentManagerReactor *reactor);
 void removeDocumentReactor(CFxDocumentManagerReactor *reactor);
 void addEditorReactor(OdEditorReactor *reactor);

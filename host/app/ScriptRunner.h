@@ -24,8 +24,8 @@ public:
 
     //! Reads a script: UTF-8, one command per line. Blank lines and lines that start with # are ignored.
     Outcome load(const QString &path);
-    //! Starts the script when the window becomes active. Before that, a window manager may still move the
-    //! window, and a popup would be placed relative to the old position.
+    //! Starts the script when the window becomes active, or after a few seconds if it does not. Before that,
+    //! a window manager may still move the window, and a popup would be placed relative to the old position.
     //! \param window already shown, but not necessarily active; must live until the script has started
     void startWhenActive(QWidget *window);
 

@@ -31,7 +31,7 @@ constexpr int maxChunks = 8192;
 //! many seconds. Real drawings have two pictures at most.
 struct DecodingLimit
 {
-    int pictures = 8; //!< that are tried
+    int pictures = 4; //!< that are tried
     //! Stored and decoded, of all pictures together: the largest picture fits, however it is stored.
     qint64 bytes = maxDecodedBytes * 5 / 2;
 };

@@ -193,9 +193,9 @@ void addLists()
     add("a metafile, an unknown, a bitmap", {metafileEntry(), {77, "?"}, bitmap}, goodPicture());
     add("as many as can be", QVector<StoredEntry>(254, zerosEntry()) + QVector<StoredEntry>{bitmap},
         goodPicture());
-    add("eight bitmaps, the last sound", QVector<StoredEntry>(7, broken) + QVector<StoredEntry>{bitmap},
+    add("four bitmaps, the last sound", QVector<StoredEntry>(3, broken) + QVector<StoredEntry>{bitmap},
         goodPicture());
-    add("more bitmaps than are tried", QVector<StoredEntry>(8, broken) + QVector<StoredEntry>{bitmap},
+    add("more bitmaps than are tried", QVector<StoredEntry>(4, broken) + QVector<StoredEntry>{bitmap},
         QImage());
 }
 

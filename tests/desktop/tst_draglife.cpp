@@ -2,7 +2,7 @@
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/modules/ModuleManager.h"
-#include "tests/support/DragScene.h"
+#include "tests/desktop/HandDragScene.h"
 #include "tests/support/TestCase.h"
 
 #include <QApplication>
@@ -11,7 +11,7 @@ namespace {
 
 //! Lets go of a drag that is inside or outside the popup, after something was done there and came about.
 QString dragAndDo(
-    DragScene &scene, bool outside, const std::function<void()> &action,
+    HandDragScene &scene, bool outside, const std::function<void()> &action,
     const std::function<bool()> &outcome = [] { return true; })
 {
     scene.dragTile(1);
@@ -50,7 +50,7 @@ private slots:
         QFETCH(bool, outside);
         QFETCH(bool, isDeleted);
         allowWarning(QStringLiteral("BadWindow")); // Qt tells the window of the drag's leaving, gone or not
-        DragScene scene(3);
+        HandDragScene scene(3);
         const auto go = [&] {
             if (isDeleted)
                 delete scene.popup;
@@ -74,7 +74,7 @@ private slots:
     void tileMayGoDuringTheDrag()
     {
         {
-            DragScene scene(3);
+            HandDragScene scene(3);
             QCOMPARE(dragAndDo(scene, false, [&] { delete scene.tiles.at(1); }), QString());
             drainEvents();
             QVERIFY(scene.popup && scene.popup->isVisible());
@@ -82,7 +82,7 @@ private slots:
             QCOMPARE(scene.shown(), QList<int>({0, 2}));
             QCOMPARE(scene.opened(), QStringList());
         }
-        DragScene scene(3);
+        HandDragScene scene(3);
         QCOMPARE(dragAndDo(scene, true, [&] { delete scene.tiles.at(1); }), QString());
         drainEvents();
         QCOMPARE(scene.opened(), QStringList()); // what was highlighted has gone
@@ -90,7 +90,7 @@ private slots:
 
     void mainWindowMayGoDuringTheDrag()
     {
-        DragScene scene(3);
+        HandDragScene scene(3);
         auto *frame = new QWidget; // in the place of the main window, of whose end the host would be notified
         scene.popup->setParent(frame, scene.popup->windowFlags());
         scene.popup->show();
@@ -103,7 +103,7 @@ private slots:
 
     void theModuleMayNotGoDuringTheDrag()
     {
-        DragScene scene(3);
+        HandDragScene scene(3);
         fxhost::ModuleManager &modules = scene.browser.host().modules();
         bool isUnloaded = true;
         QCOMPARE(dragAndDo(scene, true, [&] { isUnloaded = modules.unload(QStringLiteral(MODULE_FILE)); }),
@@ -124,7 +124,7 @@ private slots:
     void focusMayGoDuringTheDrag()
     {
         QFETCH(bool, outside);
-        DragScene scene(3);
+        HandDragScene scene(3);
         QWidget other;
         other.setGeometry(1500, 900, 200, 100);
         bool wasStrip = false;
@@ -151,7 +151,7 @@ private slots:
 
     void aDrawingMayBeOpenedDuringTheDrag()
     {
-        DragScene scene(3);
+        HandDragScene scene(3);
         const auto open = [&] {
             OdString problem;
             scene.browser.host().documents().OpenDocument(CFxString(scene.browser.paths().at(2)), 0, 0,
@@ -165,7 +165,7 @@ private slots:
 
     void anotherPopupMayComeDuringTheDrag()
     {
-        DragScene scene(3);
+        HandDragScene scene(3);
         const auto open = [&] { scene.browser.host().commands().runLine(QStringLiteral("_RECENT")); };
         QCOMPARE(dragAndDo(scene, true, open), QString());
         QTRY_VERIFY(!scene.popup);

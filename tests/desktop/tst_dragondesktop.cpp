@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/DragScene.h"
-#include "tests/support/Hand.h"
+#include "tests/desktop/Hand.h"
+#include "tests/desktop/HandDragScene.h"
 #include "tests/support/TestCase.h"
 
 #include <QApplication>
@@ -14,7 +14,7 @@ class tst_DragOnDesktop : public TestCase
 private slots:
     void dropOnTheHostOpensEveryHighlightedDrawing()
     {
-        DragScene scene(6);
+        HandDragScene scene(6);
         // Out of order: the drawings are opened in display order all the same.
         for (const int index : {4, 2}) {
             Hand::holdKey(QStringLiteral("ctrl"));
@@ -58,7 +58,7 @@ private slots:
         QFETCH(QString, part);
         QFETCH(bool, goesOut);
         QFETCH(bool, escapes);
-        DragScene scene(6);
+        HandDragScene scene(6);
         const QPoint cell = scene.tiles.at(5)->pos();
         scene.hand.takeHold(scene.tiles.at(5)->findChild<QLabel *>(part));
         scene.hand.startDrag();
@@ -79,7 +79,7 @@ private slots:
         drainEvents();
         QCOMPARE(scene.whatHasChanged(), QString());
         QCOMPARE(scene.tiles.at(5)->pos(), cell);
-        QTRY_COMPARE(DragHand::keptDrags(), 0);
+        QTRY_COMPARE(HandDrag::keptDrags(), 0);
 
         scene.dragTile(2); // the next drag is as good
         scene.carryOut();
@@ -103,7 +103,7 @@ private slots:
     {
         QFETCH(QPoint, place);
         QFETCH(bool, escapes);
-        DragScene scene(3);
+        HandDragScene scene(3);
         scene.dragTile(1);
         scene.carryOut();
         scene.hand.jumpTo(place);
@@ -115,12 +115,12 @@ private slots:
         QTRY_VERIFY(!scene.popup);
         drainEvents();
         QCOMPARE(scene.opened(), scene.opening({1})); // the press has highlighted it alone
-        QTRY_COMPARE(DragHand::keptDrags(), 0);
+        QTRY_COMPARE(HandDrag::keptDrags(), 0);
     }
 
     void pointerThatJumpsTheRimLeavesThePopupAtFullSize()
     {
-        DragScene scene(3);
+        HandDragScene scene(3);
         scene.dragTile(1);
         scene.hand.carryTo(scene.place.center());
         scene.hand.jumpTo(scene.outside);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/DragScene.h"
-#include "tests/support/Hand.h"
-#include "tests/support/OtherProgram.h"
+#include "tests/desktop/Hand.h"
+#include "tests/desktop/HandDragScene.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/TileLayout.h"
+#include "tests/support/process/ProgramInGtk.h"
 
 #include <QApplication>
 #include <QUrl>
@@ -18,7 +18,7 @@ const QString urlFormat = QStringLiteral("text/uri-list");
 const QString tileFormat = QStringLiteral("application/corvel.DR.Layout");
 
 //! Carries a tile into the other program's window. \param time the how many-th one there
-void carryInto(DragScene &scene, const OtherProgram &other, int time = 1)
+void carryInto(HandDragScene &scene, const ProgramInGtk &other, int time = 1)
 {
     scene.carryOut();
     scene.hand.jumpTo(other.place().center());
@@ -38,8 +38,8 @@ private slots:
     {
         // A per cent sign that begins nothing is one; a hash sign begins a fragment and stays.
         const QString name = QString::fromUtf8("100% Öl #3.dwg");
-        DragScene scene({QStringLiteral("other.dwg"), name});
-        const OtherProgram other(beside, OtherProgram::Fetching::AtOnce);
+        HandDragScene scene({QStringLiteral("other.dwg"), name});
+        const ProgramInGtk other(beside, ProgramInGtk::Fetching::AtOnce);
         QVERIFY(other.isReady());
         const QPoint hold(30, 100);
         scene.hand.takeHold(scene.tiles.at(1), hold);
@@ -68,8 +68,8 @@ private slots:
 
     void dataMayBeFetchedWhenTheModuleIsGone()
     {
-        auto scene = std::make_unique<DragScene>(3);
-        OtherProgram other(beside, OtherProgram::Fetching::Late);
+        auto scene = std::make_unique<HandDragScene>(3);
+        ProgramInGtk other(beside, ProgramInGtk::Fetching::Late);
         QVERIFY(other.isReady());
         scene->dragTile(1);
         carryInto(*scene, other);
@@ -87,8 +87,8 @@ private slots:
 
     void dragObjectsGoWhenTheOtherProgramHasFinished()
     {
-        DragScene scene(3);
-        OtherProgram other(beside, OtherProgram::Fetching::Late);
+        HandDragScene scene(3);
+        ProgramInGtk other(beside, ProgramInGtk::Fetching::Late);
         QVERIFY(other.isReady());
         for (int i = 1; i <= 2; ++i) {
             scene.dragTile(1);
@@ -98,11 +98,11 @@ private slots:
             QTRY_COMPARE(other.count(QStringLiteral("dropped")), i);
             QTRY_VERIFY(!scene.popup);
             drainEvents();
-            QCOMPARE(DragHand::keptDrags(), 1); // it is to be fetched from
+            QCOMPARE(HandDrag::keptDrags(), 1); // it is to be fetched from
             other.fetch();
             QTRY_COMPARE(other.count(QStringLiteral("finished")), i);
             QVERIFY(!other.received().value(tileFormat).isEmpty());
-            QTRY_COMPARE(DragHand::keptDrags(), 0);
+            QTRY_COMPARE(HandDrag::keptDrags(), 0);
             scene.openPopup();
         }
     }

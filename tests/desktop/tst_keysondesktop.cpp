@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/Hand.h"
+#include "tests/desktop/Hand.h"
 #include "tests/support/PathLine.h"
-#include "tests/support/RealBrowser.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/real/RealBrowser.h"
 
 #include <QDialog>
 #include <QFile>

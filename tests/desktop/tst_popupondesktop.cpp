@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/FileManager.h"
-#include "tests/support/Hand.h"
-#include "tests/support/RealBrowser.h"
+#include "tests/desktop/Hand.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/process/ProgramStandIn.h"
+#include "tests/support/real/RealBrowser.h"
 
 #include <QDialog>
 #include <QLabel>
@@ -245,7 +245,7 @@ private slots:
         QTRY_COMPARE(entries(), QStringLiteral("1 pinned 0 2 ")); // it moves under the hand that clicks it
         Hand::keepScreenshot(QStringLiteral("menu-entry-pinned"));
 
-        const FileManager fileManager(0, FileManager::Others::Found);
+        const ProgramStandIn fileManager(0, ProgramStandIn::Others::Found);
         Hand::moveTo(button(2, "folderButton"));
         Hand::click();
         QTRY_COMPARE(fileManager.starts(), QVector<QStringList>{QStringList(browser.paths().at(2))});

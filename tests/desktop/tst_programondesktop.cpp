@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/FileManager.h"
-#include "tests/support/Hand.h"
+#include "tests/desktop/Hand.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/process/ProgramOnScreen.h"
+#include "tests/support/process/ProgramStandIn.h"
 
 #include <QScreen>
 
@@ -138,7 +138,7 @@ private slots:
     {
         ProgramOnScreen program({QStringLiteral("--50%20off `id` \\ 'x' \u00dc.dwg")},
                                 QStringLiteral("a & b  $HOME"));
-        const FileManager fileManager(0, FileManager::Others::Found);
+        const ProgramStandIn fileManager(0, ProgramStandIn::Others::Found);
         QVERIFY(program.start({"_NEW", "_RECENT"}));
         QVERIFY(ProgramOnScreen::popupComes());
         Hand::moveTo(ProgramOnScreen::folderButton);

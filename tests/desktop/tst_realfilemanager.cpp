@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/Hand.h"
+#include "tests/desktop/Hand.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/process/ProgramOnScreen.h"
 

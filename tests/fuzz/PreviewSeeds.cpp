@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "samples/DrawingWriter.h"
 #include "tests/fuzz/Seeds.h"
-#include "tests/support/PngBytes.h"
-#include "tests/support/PreviewBytes.h"
+#include "tests/support/bytes/BytesOfPng.h"
+#include "tests/support/bytes/BytesOfPreview.h"
 
 #include <array>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/fuzz/Repair.h"
 
-#include "tests/support/PngBytes.h"
+#include "tests/support/bytes/BytesOfPng.h"
 
 #include <QtEndian>
 

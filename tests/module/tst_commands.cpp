@@ -3,8 +3,8 @@
 #include "module/HelpCommandReg.h"
 #include "module/OdRxUnixModuleRecentDocumentBrowser.h"
 #include "module/velaCommandHelp.h"
-#include "tests/support/Browser.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/fake/FakeBrowser.h"
 #include "ui/RecentDocDialog.h"
 #include "ui/RecentDocMainWindow.h"
 
@@ -106,13 +106,13 @@ private slots:
 
     void recentShowsAPopupThatTakesTheFocus()
     {
-        Browser browser(2);
+        FakeBrowser browser(2);
         browser.module().initApp();
         browser.createDocument();
         browser.host.mainWindow().show();
         browser.host.commands.front()->execute(nullptr);
-        QCOMPARE(Browser::popups().size(), 1);
-        const RecentDocMainWindow *popup = Browser::popups().constFirst();
+        QCOMPARE(FakeBrowser::popups().size(), 1);
+        const RecentDocMainWindow *popup = FakeBrowser::popups().constFirst();
         QVERIFY(!popup->isModal());
         QCOMPARE(popup->focusWidget(), popup);
         QTRY_COMPARE(QApplication::focusWidget(), popup);
@@ -120,7 +120,7 @@ private slots:
 
     void thePopupTakesTheFocusForAnotherReason()
     {
-        Browser browser(2);
+        FakeBrowser browser(2);
         browser.createDocument();
         const ActiveAtOnce popup;
         BrowserCommand().Execute(nullptr);
@@ -129,12 +129,12 @@ private slots:
 
     void aSecondCallOpensASecondPopup()
     {
-        Browser browser(2);
+        FakeBrowser browser(2);
         browser.createDocument();
         BrowserCommand command;
         QCOMPARE(command.Execute(nullptr), 5100);
         QCOMPARE(command.Execute(nullptr), 5100);
-        QCOMPARE(Browser::popups().size(), 2);
+        QCOMPARE(FakeBrowser::popups().size(), 2);
     }
 
     void helpIsOpenedAtTheBrowsersTopic()

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/Memory.h"
-#include "tests/support/ModuleInHost.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/fake/FakeModule.h"
 
 namespace {
 
@@ -21,7 +21,7 @@ Growth growthOf(int recent, int documents)
     QStringList paths;
     for (int i = 1; i <= recent; ++i)
         paths.append(QStringLiteral("/home/somebody/drawings/of a project/plan %1.dwg").arg(i));
-    ModuleInHost inHost;
+    FakeModule inHost;
     inHost.host.setRecent(paths);
     const auto costOf = [&inHost](int count) {
         const qint64 before = memory::allocated();

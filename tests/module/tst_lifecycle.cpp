@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "state/FolderPinButton.h"
-#include "tests/support/MenusInHost.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/fake/FakeMenus.h"
 #include "ui/QBalloonTip.h"
 #include "ui/RecentDocMainWindow.h"
 
@@ -38,7 +38,7 @@ struct Registry
 };
 
 //! The module in a host with three recent documents, which has notified it of one; a picture is in the cache.
-struct ModuleWithDocuments : ModuleInHost
+struct ModuleWithDocuments : FakeModule
 {
     ModuleWithDocuments()
     {
@@ -59,7 +59,7 @@ class tst_Lifecycle : public TestCase
 private slots:
     void registrationsComeAndGoInOrder()
     {
-        MenusInHost inHost;
+        FakeMenus inHost;
         FakeHost &host = inHost.host;
         inHost.module->initApp();
         QCOMPARE(host.calls,
@@ -92,7 +92,7 @@ private slots:
 
     void endingTheApplicationUndoesNothing()
     {
-        ModuleInHost inHost;
+        FakeModule inHost;
         inHost.module->initApp();
         inHost.host.calls.clear();
         inHost.module->uninitApp();
@@ -133,7 +133,7 @@ private slots:
             RecentDocumentBrowser::AddRecentFiles(&menu, menu.addAction("Quit"));
             (new RecentDocMainWindow(nullptr))->show();
         }
-        const ModuleInHost inHost;
+        const FakeModule inHost;
         QVERIFY(Registry() == (Registry{{}, {}, nullptr, {}}));
         QVERIFY(RecentDocumentBrowser::recentDocDialogList.isEmpty());
         QVERIFY(RecentDocumentBrowser::docPinButtonList.isEmpty());

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "module/MenuIntegration.h"
 #include "tests/support/MarkingTranslator.h"
-#include "tests/support/MenusInHost.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/fake/FakeMenus.h"
 
 #include <stdexcept>
 
@@ -36,7 +36,7 @@ private slots:
     {
         QFETCH(QString, mark);
         const Translation translation(mark);
-        MenusInHost inHost;
+        FakeMenus inHost;
         RecentDocumentBrowser::LoadMenu();
         const QString append =
             "append definition ID_RECENT_FILES \"Recent Document Browser\" ^C^C_RECENT \"" + mark +
@@ -64,7 +64,7 @@ private slots:
 
     void anExistingDefinitionIsUsedAsItIs()
     {
-        MenusInHost inHost;
+        FakeMenus inHost;
         inHost.extension.addCommand(browserDefinition); // which is of no use to the other groups
         FakeCommand &existing = inHost.primary.addCommand(browserDefinition);
         existing.macro = "^C_OTHER";
@@ -77,7 +77,7 @@ private slots:
 
     void twiceIsOnce()
     {
-        MenusInHost inHost;
+        FakeMenus inHost;
         RecentDocumentBrowser::LoadMenu();
         const int objects = inHost.menus.objectsAlive;
         inHost.host.calls.clear();
@@ -106,7 +106,7 @@ private slots:
         QFETCH(QString, identifier);
         QFETCH(int, position);
         QFETCH(bool, isEnough);
-        MenusInHost inHost;
+        FakeMenus inHost;
         inHost.file.children.insert(inHost.file.children.begin() + position,
                                     std::make_unique<FakeMenuItem>(inHost.menus, identifier));
         addRecentDocMenu(&inHost.file, &inHost.primary);
@@ -116,7 +116,7 @@ private slots:
 
     void anEntryElsewhereIsNotTheMenus()
     {
-        MenusInHost inHost;
+        FakeMenus inHost;
         inHost.file.child(1).add(browserEntry);
         inHost.primary.addMenu("ID_MnOther").add(browserEntry);
         RecentDocumentBrowser::LoadMenu();
@@ -139,7 +139,7 @@ private slots:
         QFETCH(int, count);
         QFETCH(QString, reference);
         QFETCH(int, countAfterwards);
-        MenusInHost inHost;
+        FakeMenus inHost;
         inHost.file.children.clear();
         for (int i = 0; i < count; ++i)
             inHost.file.add(QStringLiteral("MI_%1").arg(i));
@@ -155,7 +155,7 @@ private slots:
 
     void theFirstRecentDocumentBringsTheEntry()
     {
-        MenusInHost inHost;
+        FakeMenus inHost;
         inHost.host.setRecent({});
         inHost.editorReactor().mainFrameCreated(nullptr);
         QCOMPARE(inHost.definitions(), QList<int>({1, 1}));
@@ -172,7 +172,7 @@ private slots:
 
     void aDocumentFillsTheMenusBeforeTheCacheIsEmptied()
     {
-        MenusInHost inHost;
+        FakeMenus inHost;
         RecentDocumentBrowser::recentFileImageMap.insert("/drawings/a.dwg", QImage());
         int cachedAtRefresh = -1;
         inHost.menus.onCall = [&cachedAtRefresh](const QString &call) {
@@ -186,7 +186,7 @@ private slots:
 
     void nothingOfTheHostsIsKeptBetweenCalls()
     {
-        MenusInHost inHost;
+        FakeMenus inHost;
         RecentDocumentBrowser::LoadMenu();
         // A host that builds its menus anew; what was there is gone.
         inHost.menus.groups.clear();
@@ -202,7 +202,7 @@ private slots:
 
     void theHostsExceptionLeavesNothingBehind()
     {
-        MenusInHost inHost;
+        FakeMenus inHost;
         inHost.menus.onCall = [](const QString &call) {
             if (call.startsWith("insert"))
                 throw std::runtime_error("the host refuses");
@@ -218,7 +218,7 @@ private slots:
     {
         QFETCH(QString, mark);
         const Translation translation(mark);
-        MenusInHost inHost;
+        FakeMenus inHost;
         FakeCommand &definition = inHost.primary.addCommand(browserDefinition);
         for (FakeGroup *other : {&inHost.startUp, &inHost.extension}) // whose keys do not count
             other->addAccelerator("ACC_Other", QKeySequence(Qt::Key_F4));
@@ -236,7 +236,7 @@ private slots:
 
     void withoutADefinitionNoKeyIsBound()
     {
-        MenusInHost inHost;
+        FakeMenus inHost;
         for (FakeGroup *other : {&inHost.startUp, &inHost.extension})
             other->addCommand(browserDefinition);
         RecentDocumentBrowser::SetShortCutKey();
@@ -262,7 +262,7 @@ private slots:
     {
         QFETCH(QString, key);
         QFETCH(bool, isTaken);
-        MenusInHost inHost;
+        FakeMenus inHost;
         inHost.primary.addCommand(browserDefinition);
         inHost.primary.addAccelerator("ACC_New", QKeySequence("Ctrl+N"));
         const FakeAccelerator &owner = inHost.primary.addAccelerator("ACC_Other", QKeySequence(key));
@@ -275,7 +275,7 @@ private slots:
 
     void aKeyThatTheHostCannotMakeIsLeftOut()
     {
-        MenusInHost inHost;
+        FakeMenus inHost;
         inHost.primary.addCommand(browserDefinition);
         inHost.menus.makesAccelerators = false;
         RecentDocumentBrowser::SetShortCutKey();

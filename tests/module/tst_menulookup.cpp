@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "module/MenuIntegration.h"
-#include "tests/support/MenusInHost.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/fake/FakeMenus.h"
 
 #include <stdexcept>
 
@@ -29,7 +29,7 @@ class tst_MenuLookup : public TestCase
 private slots:
     void theFirstPrimaryGroupIsTakenInTheHostsOrder()
     {
-        MenusInHost inHost;
+        FakeMenus inHost;
         FakeGroup &second = inHost.menus.addGroup("SECOND", true);
         QCOMPARE(GetCommandGroup(), &inHost.primary);
         QCOMPARE(inHost.menuCalls(), primaryGroupSearch); // the groups behind it are not asked for
@@ -39,7 +39,7 @@ private slots:
 
     void theHostsExceptionsEndTheWalkToo()
     {
-        MenusInHost inHost;
+        FakeMenus inHost;
         for (const char *where : {"primary? MAIN", "next MAIN"}) {
             inHost.menus.onCall = [where](const QString &call) {
                 if (call == where)
@@ -54,7 +54,7 @@ private slots:
 
     void theFirstMenuOfTheIdentifierIsFound()
     {
-        MenusInHost inHost;
+        FakeMenus inHost;
         inHost.primary.addMenu("ID_MnFile"); // behind the one in its own group
         inHost.menus.addGroup("LAST", true).addMenu("ID_MnFile");
         QCOMPARE(inGroups("ID_MnFile"), &inHost.file);
@@ -70,7 +70,7 @@ private slots:
     {
         const QStringList identifiers = {"ID_MNFILE", "ID_MnFil", "ID_MnFile2", " ID_MnFile ", ""};
         for (const QString &identifier : identifiers) {
-            MenusInHost inHost;
+            FakeMenus inHost;
             inHost.file.identifier = identifier;
             inHost.startUpFile.identifier = identifier;
             QVERIFY2(!inGroups("ID_MnFile") && !inStartUpMenus("ID_MnFile"), qPrintable(identifier));
@@ -81,7 +81,7 @@ private slots:
 
     void eachSetOfMenusIsSearchedAloneAndOnlyAtItsTop()
     {
-        MenusInHost inHost;
+        FakeMenus inHost;
         FakeMenuItem &ofGroups = inHost.primary.addMenu("ID_MnWindow");
         FakeMenuItem &ofStartUp = inHost.startUp.addMenu("ID_MnWelcome");
         QCOMPARE(inGroups("ID_MnWindow"), &ofGroups);
@@ -108,7 +108,7 @@ private slots:
     {
         QFETCH(QStringList, children);
         QFETCH(int, visited);
-        MenusInHost inHost;
+        FakeMenus inHost;
         inHost.file.children.clear();
         for (const QString &child : qAsConst(children))
             inHost.file.add(child);
@@ -133,7 +133,7 @@ private slots:
     {
         QFETCH(QStringList, identifiers);
         QFETCH(int, last);
-        MenusInHost inHost;
+        FakeMenus inHost;
         for (const QString &identifier : qAsConst(identifiers))
             inHost.primary.addAccelerator(identifier, QKeySequence(Qt::Key_F9));
         RecentDocumentBrowser::UnLoadMenu(&inHost.file);
@@ -146,7 +146,7 @@ private slots:
 
     void withoutAGroupNoAcceleratorIsSought()
     {
-        MenusInHost inHost;
+        FakeMenus inHost;
         inHost.primary.addAccelerator(acceleratorIdentifier, QKeySequence(Qt::Key_F4));
         inHost.primary.isPrimary = false;
         RecentDocumentBrowser::UnLoadMenu(&inHost.file);
@@ -160,7 +160,7 @@ private slots:
 
     void withoutAMenuOrServicesNothingIsLookedAt()
     {
-        MenusInHost inHost;
+        FakeMenus inHost;
         RecentDocumentBrowser::UnLoadMenu(nullptr);
         inHost.host.hasServices = false;
         RecentDocumentBrowser::UnLoadMenu(&inHost.file);
@@ -169,7 +169,7 @@ private slots:
 
     void theMainFramesEndLooksAtTheStartUpMenusFirst()
     {
-        MenusInHost inHost;
+        FakeMenus inHost;
         inHost.editorReactor().mainFrameCreated(nullptr);
         inHost.host.calls.clear();
         inHost.editorReactor().mainFrameDestroyed(nullptr);
@@ -183,7 +183,7 @@ private slots:
 
     void afterTheMainFramesEndEverythingStands()
     {
-        MenusInHost inHost;
+        FakeMenus inHost;
         inHost.module->initApp();
         inHost.editorReactor().mainFrameCreated(nullptr);
         QCOMPARE(inHost.keys(), QList<int>({0, 0, 0})); // the key is only bound on request

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include "host/app/MenuBuilder.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/customization/Customization.h"
-#include "host/app/MenuBuilder.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/modules/ModuleManager.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "tests/support/MenuChildren.h"
-#include "tests/support/RealBrowser.h"
-#include "tests/support/RunningHost.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/real/RealBrowser.h"
+#include "tests/support/real/RealHost.h"
 
 #include <QDialog>
 #include <QMenuBar>
@@ -91,7 +91,7 @@ public:
         return lines;
     }
 
-    RunningHost running;
+    RealHost running;
     QMainWindow window;
 };
 

@@ -2,8 +2,8 @@
 #include "module/HostAccess.h"
 #include "module/OdRxUnixModuleRecentDocumentBrowser.h"
 #include "state/FolderPinButton.h"
-#include "tests/support/OpeningHost.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/fake/FakeOpening.h"
 #include "ui/RecentDocDialog.h"
 #include "ui/RecentDocMainWindow.h"
 
@@ -16,57 +16,57 @@
 
 namespace {
 
-using Way = OpeningHost::Way;
+using Way = FakeOpening::Way;
 
 //! What happens in the host's open operation, each time.
 struct Deed
 {
     const char *name = nullptr;
-    OpeningHost::Deed act = nullptr;
+    FakeOpening::Deed act = nullptr;
     bool ends = false; //!< nothing more can be opened then
 };
 
 const Deed deeds[] = {
-    {"nothing", [](OpeningHost &) {}},
+    {"nothing", [](FakeOpening &) {}},
     {"it opens another drawing",
-     [](OpeningHost &scene) {
+     [](FakeOpening &scene) {
          scene.host.onOpen = nullptr; // and that one is opened in peace
          HostAccess::openDocument(scene.browser.path(3));
          scene.browser.createDocument();
      }},
-    {"it tells of a new drawing", [](OpeningHost &scene) { scene.browser.createDocument(); }},
-    {"it runs events", [](OpeningHost &) { drainEvents(); }},
+    {"it tells of a new drawing", [](FakeOpening &scene) { scene.browser.createDocument(); }},
+    {"it runs events", [](FakeOpening &) { drainEvents(); }},
     {"it tells of a new drawing and runs events",
-     [](OpeningHost &scene) {
+     [](FakeOpening &scene) {
          scene.browser.createDocument();
          drainEvents();
      }},
     {"it closes the popups",
-     [](OpeningHost &) {
-         const auto shown = Browser::popups();
+     [](FakeOpening &) {
+         const auto shown = FakeBrowser::popups();
          std::for_each(shown.begin(), shown.end(), std::mem_fn(&QWidget::close));
      }},
-    {"it deletes the popups", [](OpeningHost &) { qDeleteAll(Browser::popups()); }},
-    {"it deletes the menu", [](OpeningHost &scene) { delete scene.menu; }},
+    {"it deletes the popups", [](FakeOpening &) { qDeleteAll(FakeBrowser::popups()); }},
+    {"it deletes the menu", [](FakeOpening &scene) { delete scene.menu; }},
     {"it deletes the menu's entries",
-     [](OpeningHost &scene) { qDeleteAll(scene.menu ? scene.menu->actions() : QList<QAction *>()); }},
-    {"it deletes the main window", [](OpeningHost &scene) { scene.host.deleteMainWindow(); }},
+     [](FakeOpening &scene) { qDeleteAll(scene.menu ? scene.menu->actions() : QList<QAction *>()); }},
+    {"it deletes the main window", [](FakeOpening &scene) { scene.host.deleteMainWindow(); }},
     {"it ends the main frame",
-     [](OpeningHost &scene) { scene.browser.module().mainFrameDestroyed(nullptr); }},
+     [](FakeOpening &scene) { scene.browser.module().mainFrameDestroyed(nullptr); }},
     {"it forgets the module",
-     [](OpeningHost &scene) {
+     [](FakeOpening &scene) {
          scene.host.commands.clear();
          scene.host.documentReactors.clear();
          scene.host.editorReactors.clear();
      }},
     {"it changes its recent documents",
-     [](OpeningHost &scene) {
+     [](FakeOpening &scene) {
          scene.host.setRecent({scene.browser.path(3)});
          scene.browser.createDocument();
      }},
-    {"it opens the browser anew", [](OpeningHost &) { OpeningHost::runRecent(); }},
-    {"its services go", [](OpeningHost &scene) { scene.host.hasServices = false; }, true},
-    {"its document manager goes", [](OpeningHost &scene) { scene.host.hasDocumentManager = false; }, true},
+    {"it opens the browser anew", [](FakeOpening &) { FakeOpening::runRecent(); }},
+    {"its services go", [](FakeOpening &scene) { scene.host.hasServices = false; }, true},
+    {"its document manager goes", [](FakeOpening &scene) { scene.host.hasDocumentManager = false; }, true},
 };
 
 } // namespace
@@ -93,7 +93,7 @@ private slots:
     {
         QFETCH(int, deed);
         QFETCH(Way, way);
-        OpeningHost scene;
+        FakeOpening scene;
         scene.host.onOpen = [&](const QString &) { deeds[deed].act(scene); };
 
         QStringList expected = scene.open(way);
@@ -105,13 +105,13 @@ private slots:
         QCOMPARE(opened, expected);
         drainEvents();
         QVERIFY(!scene.popup || way == Way::MenuEntry);
-        qDeleteAll(Browser::popups());
+        qDeleteAll(FakeBrowser::popups());
 
         // And everything works as before.
         scene.host.hasServices = true;
         scene.host.hasDocumentManager = true;
         scene.browser.createDocument();
-        QPointer<RecentDocMainWindow> popup = OpeningHost::runRecent();
+        QPointer<RecentDocMainWindow> popup = FakeOpening::runRecent();
         QVERIFY(popup && !scene.browser.tiles().isEmpty());
         const QString first = scene.browser.tiles().constFirst()->path();
         QTest::keyClick(popup, Qt::Key_Return);
@@ -135,8 +135,8 @@ private slots:
     {
         QFETCH(bool, isTold);
         QFETCH(bool, isHeld);
-        OpeningHost scene;
-        QTest::mouseMove(Browser::button(scene.tile(0), "pinButton")); // a balloon would be due soon
+        FakeOpening scene;
+        QTest::mouseMove(FakeBrowser::button(scene.tile(0), "pinButton")); // a balloon would be due soon
         if (isHeld)
             scene.hold(scene.tile(1));
         if (isTold)
@@ -147,7 +147,7 @@ private slots:
         QCOMPARE(scene.host.openedPaths(), QStringList());
 
         scene.browser.createDocument(); // which nobody should tell any more
-        const QPointer<RecentDocMainWindow> popup = OpeningHost::runRecent();
+        const QPointer<RecentDocMainWindow> popup = FakeOpening::runRecent();
         QVERIFY(popup && !popup->parentWidget());
         QTest::keyClick(popup, Qt::Key_Return);
         QCOMPARE(scene.host.openedPaths(), QStringList(scene.browser.path(0)));
@@ -155,33 +155,33 @@ private slots:
 
     void whatOpensIsWhatTheTileSays_data()
     {
-        using Change = OpeningHost::Deed;
+        using Change = FakeOpening::Deed;
         QTest::addColumn<Change>("change");
         const auto row = [](const char *name, Change change) { QTest::newRow(name) << change; };
-        row("the list is emptied", [](OpeningHost &scene) { scene.host.setRecent({}); });
-        row("the list is turned round", [](OpeningHost &scene) {
+        row("the list is emptied", [](FakeOpening &scene) { scene.host.setRecent({}); });
+        row("the list is turned round", [](FakeOpening &scene) {
             QStringList paths = scene.browser.paths();
             std::reverse(paths.begin(), paths.end());
             scene.host.setRecent(paths);
         });
-        row("the list is another", [](OpeningHost &scene) { scene.host.setRecent({"/x.dwg", "/y.dwg"}); });
-        row("there is no list", [](OpeningHost &scene) { scene.host.hasRecentFileList = false; });
+        row("the list is another", [](FakeOpening &scene) { scene.host.setRecent({"/x.dwg", "/y.dwg"}); });
+        row("there is no list", [](FakeOpening &scene) { scene.host.hasRecentFileList = false; });
         row("the files are gone",
-            [](OpeningHost &scene) { QDir(scene.browser.folder()).removeRecursively(); });
+            [](FakeOpening &scene) { QDir(scene.browser.folder()).removeRecursively(); });
     }
 
     void whatOpensIsWhatTheTileSays()
     {
-        using Change = OpeningHost::Deed;
+        using Change = FakeOpening::Deed;
         QFETCH(Change, change);
         for (const bool isTold : {false, true}) {
-            OpeningHost scene;
+            FakeOpening scene;
             change(scene);
             if (isTold)
                 scene.browser.createDocument();
             QTest::keyClick(scene.popup, Qt::Key_Right);
             QTest::keyClick(scene.popup, Qt::Key_Right, Qt::ShiftModifier);
-            Browser::button(scene.tile(1), "pinButton")->click(); // whose menu entry may be another now
+            FakeBrowser::button(scene.tile(1), "pinButton")->click(); // whose menu entry may be another now
             QTest::keyClick(scene.popup, Qt::Key_Return);
             QCOMPARE(scene.host.openedPaths(), QStringList({scene.browser.path(1), scene.browser.path(2)}));
         }
@@ -190,7 +190,7 @@ private slots:
     //! The drag itself, which needs a display, has its tests there.
     void aDrawingMayBeMadeWhileATileIsHeld()
     {
-        OpeningHost scene;
+        FakeOpening scene;
         const QPointer<RecentDocDialog> held = scene.tile(1);
         scene.hold(held);
         scene.host.setRecent({scene.browser.path(3)});
@@ -204,7 +204,7 @@ private slots:
 
     void aDrawingMayBeMadeUnderAnOpenMenu()
     {
-        OpeningHost scene;
+        FakeOpening scene;
         const auto pins = scene.menu->findChildren<FolderPinButton *>("pinButton");
         const auto texts = scene.menu->findChildren<FolderPinButton *>("menuTextButton");
         QCOMPARE(pins.size(), 4);
@@ -225,11 +225,11 @@ private slots:
     //! module.
     void whatOpeningThrowsPassesThrough()
     {
-        OpeningHost scene;
+        FakeOpening scene;
         QString path = scene.browser.path(2);
         const std::function<void()> openings[] = {
             [&] { scene.tile(1)->OpenDocument(); },
-            [&] { Browser::button(scene.menu, "menuTextButton")->OpenDocument(path); },
+            [&] { FakeBrowser::button(scene.menu, "menuTextButton")->OpenDocument(path); },
             [&] {
                 scene.tile(1)->highlight();
                 scene.popup->multiDocumentOpen();
@@ -245,7 +245,7 @@ private slots:
         QCOMPARE(scene.host.openReferences, 0);
 
         scene.host.onOpen = nullptr;
-        QTest::keyClick(OpeningHost::runRecent(), Qt::Key_Return);
+        QTest::keyClick(FakeOpening::runRecent(), Qt::Key_Return);
         QCOMPARE(scene.host.openedPaths().constLast(), scene.browser.path(0));
     }
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/TestCase.h"
-#include "tests/support/WholeLife.h"
+#include "tests/support/fake/FakeLife.h"
 
 #include <stdexcept>
 #include <utility>
 
-using Switch = WholeLife::Switch;
+using Switch = FakeLife::Switch;
 Q_DECLARE_METATYPE(Switch)
 Q_DECLARE_METATYPE(LifeReport)
 
@@ -84,14 +84,14 @@ const LifeReport noDocuments = {{"registered", "_RECENT editor"},
 //! The host loses one of what it says it has.
 Switch without(bool FakeHost::*what)
 {
-    return [what](WholeLife &life, bool has) { life.host.*what = has; };
+    return [what](FakeLife &life, bool has) { life.host.*what = has; };
 }
 
 //! An operation of the host throws when its line is written, until it is done with.
 template<class Exception>
 Switch throwing(std::function<void()> FakeHost::*hook, const char *line, Exception exception)
 {
-    return [=](WholeLife &life, bool has) {
+    return [=](FakeLife &life, bool has) {
         FakeHost &host = life.host;
         host.*hook = nullptr;
         if (!has) {
@@ -121,14 +121,14 @@ void rowsOfServices()
     withoutList("application", without(&FakeHost::hasApplication), noEntries);
     withoutList("user profile", without(&FakeHost::hasUserProfile), noEntries);
     withoutList("recent-file list", without(&FakeHost::hasRecentFileList), noEntries);
-    const Switch forgets = [](WholeLife &life, bool) { life.host.setRecent({}); };
+    const Switch forgets = [](FakeLife &life, bool) { life.host.setRecent({}); };
     row("recent documents", forgets, noEntries + noTiles + LifeReport{{"pictures", "0"}});
     row("main frame object", without(&FakeHost::hasMainFrame), {{"popup", "alone"}});
     row("main window", without(&FakeHost::hasMainWindow), {{"popup", "alone"}});
     row("document manager", without(&FakeHost::hasDocumentManager), noTiles + noDocuments);
     row("drawings that can be opened", without(&FakeHost::opensDocuments), {});
     row("handle to a command's run", without(&FakeHost::runCommandGivesHandle), {});
-    const Switch isFull = [](WholeLife &, bool has) { FakeMemory::isOut = !has; };
+    const Switch isFull = [](FakeLife &, bool has) { FakeMemory::isOut = !has; };
     QTest::newRow("memory") << isFull << Switch()
                             << LifeReport{{"created", "threw"},
                                           {"left behind", "nothing"},
@@ -137,31 +137,31 @@ void rowsOfServices()
 
 void rowsOfMenus()
 {
-    using Loss = void (*)(WholeLife &);
+    using Loss = void (*)(FakeLife &);
     const auto loses = [](const char *name, Loss loss, const LifeReport &changes) {
         row(
-            name, [loss](WholeLife &life, bool) { loss(life); }, changes);
+            name, [loss](FakeLife &life, bool) { loss(life); }, changes);
     };
     const LifeReport onlyFile = {{"menu entries", "file: yes, start-up: no"}};
     const LifeReport onlyStartUp = {{"menu entries", "file: no, start-up: yes"}};
     row("customisation", without(&FakeHost::hasCustomization), noMenus);
     loses(
-        "groups", [](WholeLife &life) { life.takenOut = std::move(life.menus.groups); }, noMenus);
+        "groups", [](FakeLife &life) { life.takenOut = std::move(life.menus.groups); }, noMenus);
     loses(
-        "primary group", [](WholeLife &life) { life.primary.isPrimary = false; }, noMenus);
+        "primary group", [](FakeLife &life) { life.primary.isPrimary = false; }, noMenus);
     loses(
-        "start-up group", [](WholeLife &life) { life.takenOut.push_back(std::move(life.menus.startUp)); },
+        "start-up group", [](FakeLife &life) { life.takenOut.push_back(std::move(life.menus.startUp)); },
         onlyFile + LifeReport{{"menus refreshed", "no"}});
     loses(
-        "File menu", [](WholeLife &life) { life.file.identifier = "ID_MnEdit"; }, onlyStartUp);
+        "File menu", [](FakeLife &life) { life.file.identifier = "ID_MnEdit"; }, onlyStartUp);
     loses(
-        "entries of the File menu", [](WholeLife &life) { life.file.children.clear(); }, onlyStartUp);
+        "entries of the File menu", [](FakeLife &life) { life.file.children.clear(); }, onlyStartUp);
     loses(
-        "start-up File menu", [](WholeLife &life) { life.startUpFile.identifier = "ID_Mn"; }, onlyFile);
+        "start-up File menu", [](FakeLife &life) { life.startUpFile.identifier = "ID_Mn"; }, onlyFile);
     loses(
-        "definitions", [](WholeLife &life) { life.menus.makesCommands = false; }, noEntries);
+        "definitions", [](FakeLife &life) { life.menus.makesCommands = false; }, noEntries);
     loses(
-        "menu entries", [](WholeLife &life) { life.menus.makesMenuItems = false; }, noEntries);
+        "menu entries", [](FakeLife &life) { life.menus.makesMenuItems = false; }, noEntries);
 }
 
 void rowsOfTheEngine()
@@ -191,7 +191,7 @@ template<class Exception>
 void rowsOfReaders(const char *kind, Exception exception)
 {
     for (const char *step : {"create", "load", "validate", "convert"}) {
-        const Switch gives = [=](WholeLife &life, bool) {
+        const Switch gives = [=](FakeLife &life, bool) {
             life.host.onPreviewStep = [=](const QString &now) {
                 if (now == step)
                     throw exception;
@@ -268,7 +268,7 @@ private slots:
         QFETCH(Switch, missingWithPopup);
         QFETCH(LifeReport, report);
         FakeMemory::isOut = false;
-        WholeLife life;
+        FakeLife life;
         QCOMPARE(linesOf(life.live(missing, missingWithPopup)), linesOf(report));
     }
 };

@@ -3,9 +3,9 @@
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/modules/ModuleManager.h"
-#include "tests/support/LoadedBalloon.h"
-#include "tests/support/RealBrowser.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/real/RealBalloon.h"
+#include "tests/support/real/RealBrowser.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -113,21 +113,21 @@ void live(RealBrowser &browser, QMenu &menu, const Scene &scene)
     if (scene.popup != State::Never)
         usePopups(browser, scene.popup);
     if (scene.balloon != State::Never) {
-        LoadedBalloon::show("title");
-        QVERIFY(LoadedBalloon::isVisible());
+        RealBalloon::show("title");
+        QVERIFY(RealBalloon::isVisible());
     }
     if (scene.balloon == State::Closed)
-        LoadedBalloon::close();
+        RealBalloon::close();
     if (scene.menu != State::Never)
         useMenu(browser, menu, scene.menu); // last: it closes when another window comes up
-    if (scene.balloon == State::Open && !LoadedBalloon::isVisible())
-        LoadedBalloon::show("again"); // leaving a button has hidden it
+    if (scene.balloon == State::Open && !RealBalloon::isVisible())
+        RealBalloon::show("again"); // leaving a button has hidden it
     if (scene.eventsAreDelivered) {
         drainEvents();
         browser.host().documents().newDocument(); // what is up has entries and tiles that count no longer
     }
     QCOMPARE(RealBrowser::popups().size(), scene.popup == State::Open ? 2 : 0);
-    QCOMPARE(LoadedBalloon::isVisible(), scene.balloon == State::Open);
+    QCOMPARE(RealBalloon::isVisible(), scene.balloon == State::Open);
     QCOMPARE(menu.isVisible(), scene.menu == State::Open);
 }
 

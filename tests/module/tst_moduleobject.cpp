@@ -2,8 +2,8 @@
 #include "module/OdRxUnixModuleRecentDocumentBrowser.h"
 #include "module/velaCommandHelp.h"
 #include "tests/support/Assertions.h"
-#include "tests/support/FakeHost.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/fake/FakeHost.h"
 
 #include <algorithm>
 #include <atomic>

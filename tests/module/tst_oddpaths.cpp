@@ -2,10 +2,10 @@
 #include "host/runtime/Paths.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/recent/RecentFiles.h"
-#include "tests/support/FileManager.h"
-#include "tests/support/RealBrowser.h"
-#include "tests/support/SpecialFiles.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/bytes/BytesOfSpecialFiles.h"
+#include "tests/support/process/ProgramStandIn.h"
+#include "tests/support/real/RealBrowser.h"
 
 #include <QDialog>
 #include <QDir>
@@ -26,7 +26,7 @@ constexpr int longestPath = 4095; // bytes, with the zero byte 4096
 //! again from the popup.
 void goesThroughEverything(RealBrowser &browser, const QString &path)
 {
-    const FileManager fileManager;
+    const ProgramStandIn fileManager;
     QCOMPARE(browser.host().documents().open(path).reason(), QString());
     QPointer<QDialog> popup = browser.openPopup();
     QVERIFY(popup);
@@ -121,7 +121,7 @@ private slots:
     {
         QFETCH(SpecialFile, kind);
         allowWarning("Broken filename passed to function"); // Qt's word on null characters
-        const SpecialFiles files;
+        const BytesOfSpecialFiles files;
         RealBrowser browser(2);
         const QStringList paths = {files.path(kind), browser.paths().at(0), "/proc/self/mem", "/dev/tty",
                                    browser.paths().at(1)};

@@ -2,8 +2,8 @@
 #include "module/RecentDocumentBrowser.h"
 #include "module/RecentFileAction.h"
 #include "state/FolderPinButton.h"
-#include "tests/support/ModuleInHost.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/fake/FakeModule.h"
 
 #include <QHBoxLayout>
 #include <QMenu>
@@ -22,7 +22,7 @@ struct HostMenu : QMenu
 };
 
 //! The module in a host with those recent documents, which it has put into a menu of the host's.
-struct FilledMenu : ModuleInHost
+struct FilledMenu : FakeModule
 {
     FilledMenu()
     {
@@ -127,7 +127,7 @@ private slots:
             paths.append(QStringLiteral("/drawings/%1.dwg").arg(i));
             texts.append('&' + QString::number(i) + ' ' + paths.last());
         }
-        ModuleInHost inHost;
+        FakeModule inHost;
         inHost.host.setRecent(paths);
         QMenu menu;
         RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);

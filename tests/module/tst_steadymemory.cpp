@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/modules/ModuleManager.h"
 #include "tests/support/Memory.h"
-#include "tests/support/RealBrowser.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/real/RealBrowser.h"
 
 #include <QDialog>
 #include <QMenu>

@@ -3,10 +3,10 @@
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/modules/ModuleManager.h"
 #include "host/runtime/recent/RecentFiles.h"
-#include "tests/support/RealBrowser.h"
-#include "tests/support/RunningHost.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/TestModules.h"
+#include "tests/support/real/RealBrowser.h"
+#include "tests/support/real/RealHost.h"
 
 #include <QDialog>
 #include <QMainWindow>
@@ -16,7 +16,7 @@ namespace {
 const QString browserModule = QStringLiteral(MODULE_FILE);
 
 //! A host with a window and two recent drawings.
-class TwoModulesHost : public RunningHost
+class TwoModulesHost : public RealHost
 {
 public:
     TwoModulesHost()

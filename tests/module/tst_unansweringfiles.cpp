@@ -3,10 +3,10 @@
 #include "host/runtime/probe/FileProbe.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "samples/DrawingWriter.h"
-#include "tests/support/RealBrowser.h"
-#include "tests/support/SpecialFiles.h"
-#include "tests/support/StuckFolder.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/bytes/BytesInStuckFolder.h"
+#include "tests/support/bytes/BytesOfSpecialFiles.h"
+#include "tests/support/real/RealBrowser.h"
 
 #include <CFxRecentFileList.h>
 

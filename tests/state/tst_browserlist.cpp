@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "module/RecentDocumentBrowser.h"
 #include "state/FolderPinButton.h"
-#include "tests/support/Browser.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/fake/FakeBrowser.h"
 #include "ui/HighlightEffect.h"
 #include "ui/RecentDocDialog.h"
 
@@ -74,7 +74,7 @@ struct ListedTiles
         return paths.join(QLatin1Char(' '));
     }
 
-    Browser browser;
+    FakeBrowser browser;
     WatchfulParent parent;
 };
 
@@ -127,7 +127,7 @@ private slots:
             QCOMPARE(tile->parent(), &listed.parent);
             QCOMPARE(tile->image_label->pixmap(Qt::ReturnByValue).toImage().pixel(0, 0),
                      pictureOf(tile->path()).pixel(0, 0));
-            pins.append(Browser::button(tile, "pinButton"));
+            pins.append(FakeBrowser::button(tile, "pinButton"));
             QCOMPARE(pins.constLast()->isChecked(), tile->path() == QLatin1String("b"));
         }
         QCOMPARE(RecentDocumentBrowser::docPinButtonList, pins);
@@ -147,7 +147,7 @@ private slots:
 
     void whatIsAddedIsAppendedUnseen()
     {
-        const Browser browser; // clears the lists in the end
+        const FakeBrowser browser; // clears the lists in the end
         QString path = QStringLiteral("/drawings/a.dwg");
         FolderPinButton first(nullptr, path);
         FolderPinButton second(nullptr, path);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/Browser.h"
+#include "tests/state/PinMenu.h"
 #include "tests/support/FocusReasons.h"
-#include "tests/support/PinMenu.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/fake/FakeBrowser.h"
 #include "ui/RecentDocDialog.h"
 #include "ui/RecentDocMainWindow.h"
 
@@ -131,23 +131,23 @@ private slots:
     {
         QFETCH(ListChange, change);
         QFETCH(QString, pins);
-        Browser browser(QStringList({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("B")}));
+        FakeBrowser browser(QStringList({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("B")}));
         browser.createDocument();
         browser.openPopup();
         change();
-        Browser::button(browser.tiles().at(1), "pinButton")->click();
+        FakeBrowser::button(browser.tiles().at(1), "pinButton")->click();
         QCOMPARE(menuPins(), pins);
     }
 
     void aTilesPinGivesTheFocusToThePopup()
     {
-        Browser browser(2);
+        FakeBrowser browser(2);
         browser.createDocument();
         const QPointer<RecentDocMainWindow> popup = browser.openPopup();
         QCursor::setPos(
             popup->geometry().center()); // with the pointer outside it closes when it loses the focus
         QVERIFY(waitForActive(popup));
-        FolderPinButton *pin = Browser::button(browser.tiles().at(0), "pinButton");
+        FolderPinButton *pin = FakeBrowser::button(browser.tiles().at(0), "pinButton");
         pin->setFocus();
         QCOMPARE(QApplication::focusWidget(), pin);
         const QWidget *focusInStep = nullptr;

@@ -3,8 +3,8 @@
 #include "state/FolderPinButton.h"
 #include "tests/support/FocusReasons.h"
 #include "tests/support/MarkingTranslator.h"
-#include "tests/support/ModuleInHost.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/fake/FakeModule.h"
 #include "ui/QBalloonTip.h"
 
 #include <QApplication>
@@ -168,7 +168,7 @@ private slots:
         QWidget parent;
         for (const auto create :
              {RecentDocumentBrowser::CreatePinButton, RecentDocumentBrowser::CreateFolderButton}) {
-            ModuleInHost inHost;
+            FakeModule inHost;
             const qint64 key = create(&parent, documentPath)->icon().cacheKey();
             QCOMPARE(create(&parent, documentPath)->icon().cacheKey(), key);
             inHost.end();

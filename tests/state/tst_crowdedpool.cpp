@@ -2,10 +2,10 @@
 #include "host/runtime/FxHost.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "module/RecentDocumentBrowser.h"
-#include "tests/support/PngBytes.h"
 #include "tests/support/PoolOf.h"
-#include "tests/support/PreviewBytes.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/bytes/BytesOfPng.h"
+#include "tests/support/bytes/BytesOfPreview.h"
 
 #include <QSemaphore>
 #include <QTemporaryDir>

@@ -2,10 +2,10 @@
 #include "module/RecentDocumentBrowser.h"
 #include "module/RecentFileAction.h"
 #include "state/FolderPinButton.h"
-#include "tests/support/Browser.h"
-#include "tests/support/FileManager.h"
 #include "tests/support/FocusReasons.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/fake/FakeBrowser.h"
+#include "tests/support/process/ProgramStandIn.h"
 #include "ui/QBalloonTip.h"
 #include "ui/RecentDocDialog.h"
 #include "ui/RecentDocMainWindow.h"
@@ -50,7 +50,7 @@ private slots:
     {
         QFETCH(QString, path);
         QFETCH(QStringList, arguments);
-        const FileManager fileManager;
+        const ProgramStandIn fileManager;
         QString other = QStringLiteral("/not this one.dwg");
         FolderPinButton button(nullptr, other);
         button.OpenExplorer(path);
@@ -59,8 +59,8 @@ private slots:
 
     void inATileItShowsTheFileAndClosesThePopup()
     {
-        const FileManager fileManager(3); // its failure is ignored
-        Browser browser(2);
+        const ProgramStandIn fileManager(3); // its failure is ignored
+        FakeBrowser browser(2);
         browser.createDocument();
         const QPointer<RecentDocMainWindow> popup = browser.openPopup();
         QCursor::setPos(
@@ -87,15 +87,15 @@ private slots:
 
     void inAMenuItShowsTheFileAndClosesNothing()
     {
-        const FileManager fileManager;
-        Browser browser(2);
+        const ProgramStandIn fileManager;
+        FakeBrowser browser(2);
         browser.createDocument();
         const QPointer<RecentDocMainWindow> popup = browser.openPopup();
         QWidget *entry = inMenu(1)->parentWidget();
         QDialog around; // what a careless click would close
         entry->setParent(&around);
         around.show();
-        Browser::button(entry, "folderButton")->click();
+        FakeBrowser::button(entry, "folderButton")->click();
         QCOMPARE(fileManager.starts(), QVector<QStringList>{QStringList(browser.path(1))});
         drainEvents();
         QVERIFY(popup && popup->isVisible());
@@ -113,8 +113,8 @@ private slots:
     void aBalloonIsHidden()
     {
         QFETCH(bool, isInTile);
-        const FileManager fileManager;
-        Browser browser(1);
+        const ProgramStandIn fileManager;
+        FakeBrowser browser(1);
         browser.createDocument();
         browser.openPopup();
         QBalloonTip::showBalloon(QImage(), QStringLiteral("title"), QStringLiteral("text"), QPoint(), 0,
@@ -135,9 +135,9 @@ private slots:
 
     void withoutAFileManagerThePopupClosesAllTheSame()
     {
-        const FileManager fileManager;
+        const ProgramStandIn fileManager;
         fileManager.uninstall();
-        Browser browser(1);
+        FakeBrowser browser(1);
         browser.createDocument();
         const QPointer<RecentDocMainWindow> popup = browser.openPopup();
         inTile(browser, 0)->click();
@@ -151,12 +151,12 @@ private:
     {
         const auto *entry =
             qobject_cast<RecentFileAction *>(RecentDocumentBrowser::recentDocActionList.at(index));
-        return Browser::button(entry->defaultWidget(), "folderButton");
+        return FakeBrowser::button(entry->defaultWidget(), "folderButton");
     }
     //! That of the popup's tile.
-    static FolderPinButton *inTile(const Browser &browser, int index)
+    static FolderPinButton *inTile(const FakeBrowser &browser, int index)
     {
-        return Browser::button(browser.tiles().at(index), "folderButton");
+        return FakeBrowser::button(browser.tiles().at(index), "folderButton");
     }
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/Browser.h"
-#include "tests/support/PinMenu.h"
+#include "tests/state/PinMenu.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/fake/FakeBrowser.h"
 
 #include <QMutex>
 
@@ -238,7 +238,7 @@ private slots:
 
     void beforeAnyMenuIsBuiltNothingHappens()
     {
-        const ModuleInHost inHost;
+        const FakeModule inHost;
         QVERIFY(!RecentDocumentBrowser::recentDocMenu);
         updatePins();
         QVERIFY(RecentDocumentBrowser::menuPinButtonList.isEmpty());
@@ -275,7 +275,7 @@ private slots:
 
     void theBrowserReordersBetweenPicturesAndTiles()
     {
-        Browser browser(3);
+        FakeBrowser browser(3);
         browser.createDocument();
         RecentDocumentBrowser::menuPinButtonList.at(2)->setChecked(true);
         QStringList orderAtReading;

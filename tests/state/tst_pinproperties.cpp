@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "tests/state/PinMenu.h"
 #include "tests/state/PinModel.h"
-#include "tests/support/PinMenu.h"
 #include "tests/support/Property.h"
 #include "tests/support/TestCase.h"
 #include "ui/RecentDocMainWindow.h"
@@ -214,7 +214,7 @@ private:
         m_model.openPopup(m_withTiles);
     }
 
-    ModuleInHost m_inHost;
+    FakeModule m_inHost;
     QMenu m_hostsMenu;
     QAction *m_create = nullptr;
     QAction *m_quit = nullptr;

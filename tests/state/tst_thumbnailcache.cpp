@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "module/RecentDocumentBrowser.h"
-#include "tests/support/Browser.h"
 #include "tests/support/PoolOf.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/fake/FakeBrowser.h"
 #include "ui/RecentDocMainWindow.h"
 
 #include <QDir>
@@ -65,7 +65,7 @@ private slots:
     {
         QFETCH(QString, name);
         QFETCH(bool, isRead);
-        const Browser browser(1);
+        const FakeBrowser browser(1);
         QVERIFY(QDir(browser.folder()).mkdir(QStringLiteral("folder.dwg")));
         QVERIFY(QFile::link(browser.path(0), browser.folder() + QStringLiteral("/link.dwg")));
         QVERIFY(QFile::link(browser.folder() + QStringLiteral("/gone.dwg"),
@@ -83,7 +83,7 @@ private slots:
               QImage(1200, 900, QImage::Format_RGB888), QImage()}) {
             if (!picture.isNull())
                 picture.fill(1);
-            Browser browser(1);
+            FakeBrowser browser(1);
             browser.host.onLoadPreview = [&](const QString & /*path*/, QImage &image) {
                 image = picture;
                 return true;
@@ -109,7 +109,7 @@ private slots:
         QFETCH(bool, loads);
         QFETCH(bool, isValid);
         QFETCH(QString, steps);
-        Browser browser(1);
+        FakeBrowser browser(1);
         QStringList loaded;
         browser.host.onLoadPreview = [&](const QString &path, QImage &image) {
             loaded.append(path);
@@ -130,7 +130,7 @@ private slots:
     {
         for (const char *step : {"create", "load", "validate", "convert", "converted"}) {
             for (const char *what : {"runtime_error", "bad_alloc", "int", "unrelated class"}) {
-                Browser browser(1);
+                FakeBrowser browser(1);
                 browser.host.onPreviewStep = [&](const QString &reached) {
                     if (reached == QLatin1String(step))
                         throwSomething(QLatin1String(what));
@@ -146,7 +146,7 @@ private slots:
 
     void readingTouchesNoState()
     {
-        const Browser browser(1);
+        const FakeBrowser browser(1);
         QImage read;
         std::thread reader([&] { read = RecentDocumentBrowser::GetQImage(browser.path(0)); });
         reader.join();
@@ -158,7 +158,7 @@ private slots:
     void threadsJoinAsTheyGetFree()
     {
         FullPool pool; // at first nobody but the caller reads
-        Browser browser(6);
+        FakeBrowser browser(6);
         const std::thread::id caller = std::this_thread::get_id();
         bool isFirst = true;
         bool hasCompany = false;
@@ -181,7 +181,7 @@ private slots:
     {
         for (const int threads : {1, 2, 3}) {
             const PoolOf pool(threads);
-            Browser browser(40);
+            FakeBrowser browser(40);
             std::atomic<int> reading{0};
             std::atomic<int> most{0};
             browser.host.onLoadPreview = [&](const QString & /*path*/, QImage & /*image*/) {
@@ -201,7 +201,7 @@ private slots:
     {
         const PoolOf pool(2);
         constexpr int count = 60; // more documents than threads
-        Browser browser(count);
+        FakeBrowser browser(count);
         QSemaphore othersDone;
         std::atomic<bool> firstWasLast{false};
         browser.host.onLoadPreview = [&](const QString &path, QImage &image) {
@@ -222,7 +222,7 @@ private slots:
     void ofEqualPathsTheLaterPictureStays()
     {
         const PoolOf pool(1); // one reader keeps to the list's order
-        Browser browser(2);
+        FakeBrowser browser(2);
         browser.host.setRecent({browser.path(0), browser.path(1), browser.path(0)});
         int reads = 0;
         std::set<std::thread::id> readers;
@@ -242,7 +242,7 @@ private slots:
 
     void keysAreThePathsExactlyAsListed()
     {
-        Browser browser;
+        FakeBrowser browser;
         QStringList paths;
         for (const char *name :
              {"/a.dwg", "/A.dwg", "//a.dwg", "/./a.dwg", "\\a.dwg", "/a.dwg ", "/\u00e9.dwg", // composed,
@@ -256,7 +256,7 @@ private slots:
 
     void aDocumentWithoutPictureKeepsItsKey()
     {
-        Browser browser(5);
+        FakeBrowser browser(5);
         QVERIFY(QFile::remove(browser.path(1)));
         browser.host.onLoadPreview = [&](const QString &path, QImage &image) {
             if (path == browser.path(2))
@@ -288,7 +288,7 @@ private slots:
     {
         QFETCH(WhatTheHostHas, lacking);
         QFETCH(int, documents);
-        Browser browser(documents);
+        FakeBrowser browser(documents);
         if (lacking)
             browser.host.*lacking = false;
         const QString stale = QStringLiteral("/no such/stale.dwg");
@@ -303,7 +303,7 @@ private slots:
 
     void aPopupBuildsTheCacheOnlyWhenItIsEmpty()
     {
-        Browser browser(3);
+        FakeBrowser browser(3);
         const QMap<QString, QImage> &map = RecentDocumentBrowser::recentFileImageMap;
         browser.host.setRecent({});
         browser.openPopup();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "state/FolderPinButton.h"
-#include "tests/support/MousedPopup.h"
-#include "tests/support/OpenGrid.h"
+#include "tests/ui/MousedPopup.h"
+#include "tests/ui/OpenGrid.h"
 #include "ui/HelpLabel.h"
 
 #include <QAccessible>
@@ -86,7 +86,7 @@ private slots:
         MousedPopup scene({QStringLiteral("a name of many letters.dwg"), QStringLiteral("roof.dwg")});
         QVERIFY(waitForActive(scene.popup));
         scene.popup->setFocus();
-        Browser::button(scene.tiles.at(1), "pinButton")->setChecked(true);
+        FakeBrowser::button(scene.tiles.at(1), "pinButton")->setChecked(true);
         const QString folder = QStringLiteral("   Show in Folder");
         QCOMPARE(
             tree(interfaceOf(scene.popup)),
@@ -188,7 +188,7 @@ private slots:
     {
         const OpenGrid grid(2);
         told.clear();
-        act(Browser::button(grid.tiles.at(1), "pinButton"));
+        act(FakeBrowser::button(grid.tiles.at(1), "pinButton"));
         QVERIFY(RecentDocumentBrowser::menuPinButtonList.at(1)->isChecked());
         QVERIFY(told.contains("named Unpin this document from the Recent Documents list"));
     }

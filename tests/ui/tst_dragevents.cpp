@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/DraggedTile.h"
+#include "tests/ui/DraggedTile.h"
 
 #include <QDropEvent>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "module/RecentDocumentBrowser.h"
-#include "tests/support/MousedPopup.h"
 #include "tests/support/TileLayout.h"
+#include "tests/ui/MousedPopup.h"
 
 #include <QApplication>
 #include <QChildEvent>
@@ -250,8 +250,8 @@ private slots:
         MousedPopup mouse(2);
         QImage picture(8, 8, QImage::Format_RGB32);
         picture.fill(Qt::white);
-        auto *nameless = new RecentDocDialog(mouse.popup, Browser::button(mouse.tiles.first(), "pinButton"),
-                                             QString(), picture, false);
+        auto *nameless = new RecentDocDialog(
+            mouse.popup, FakeBrowser::button(mouse.tiles.first(), "pinButton"), QString(), picture, false);
         nameless->move(mouse.tiles.at(1)->geometry().topRight() + QPoint(20, 0));
         nameless->show();
         const StartedDrags started({nameless});

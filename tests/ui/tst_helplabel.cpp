@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/Browser.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/fake/FakeBrowser.h"
 #include "ui/HelpLabel.h"
 #include "ui/RecentDocMainWindow.h"
 
@@ -24,7 +24,7 @@ struct PopupWithHelp
         QMouseEvent event(QEvent::MouseButtonPress, QPointF(5, 5), button, button, modifiers);
         QCoreApplication::sendEvent(label, &event);
     }
-    Browser browser;
+    FakeBrowser browser;
     QPointer<RecentDocMainWindow> popup;
     QPointer<HelpLabel> label;
 };
@@ -119,7 +119,7 @@ private slots:
 
     void closesWhateverItsParentIs()
     {
-        const Browser browser;
+        const FakeBrowser browser;
         QWidget window;
         HelpLabel label(&window);
         window.show();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/HighlightEffect.h"
 
-#include "tests/support/OpenGrid.h"
+#include "tests/ui/OpenGrid.h"
 
 #include <QGraphicsRectItem>
 #include <QGraphicsScene>

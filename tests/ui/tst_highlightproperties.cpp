@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/Keys.h"
-#include "tests/support/OpenGrid.h"
 #include "tests/support/Property.h"
 #include "tests/ui/HighlightModel.h"
+#include "tests/ui/Keys.h"
+#include "tests/ui/OpenGrid.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -275,7 +275,7 @@ public:
     QStringList opened() const { return m_browser.host.openedPaths(); }
 
 private:
-    Browser m_browser;
+    FakeBrowser m_browser;
     QPointer<RecentDocMainWindow> m_popup;
     QList<RecentDocDialog *> m_tiles;
     QStringList m_paths;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/Keys.h"
-#include "tests/support/OpenGrid.h"
+#include "tests/ui/Keys.h"
+#include "tests/ui/OpenGrid.h"
 
 #include <QKeySequence>
 #include <QPushButton>
@@ -237,7 +237,7 @@ private slots:
 
     void withoutARecentListNothingHappens()
     {
-        Browser browser;
+        FakeBrowser browser;
         browser.host.hasRecentFileList = false;
         const QPointer<RecentDocMainWindow> popup = browser.openPopup();
         for (const int key : everyKey)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "state/FolderPinButton.h"
-#include "tests/support/OpenGrid.h"
+#include "tests/ui/OpenGrid.h"
 
 #include <QEventLoop>
 #include <QMouseEvent>
@@ -135,7 +135,7 @@ private slots:
     void displayOrderIsPinnedFirst()
     {
         OpenGrid grid(4);
-        Browser::button(grid.tiles.at(2), "pinButton")->click();
+        FakeBrowser::button(grid.tiles.at(2), "pinButton")->click();
         grid.popup->done(0);
         drainEvents();
         RecentDocMainWindow *popup = grid.browser.openPopup();
@@ -168,7 +168,7 @@ private slots:
 
     void emptyPathsAreSkipped()
     {
-        Browser browser(2);
+        FakeBrowser browser(2);
         for (const QStringList &listed :
              {QStringList{browser.path(0), QString(), browser.path(1)}, {QString()}}) {
             browser.host.opened.clear();
@@ -198,7 +198,7 @@ private slots:
     void aRealDoubleClickOpensOnce()
     {
         QFETCH(QString, name);
-        Browser browser(QStringList({QStringLiteral("a.dwg"), name}));
+        FakeBrowser browser(QStringList({QStringLiteral("a.dwg"), name}));
         browser.createDocument();
         const QPointer<RecentDocMainWindow> popup = browser.openPopup();
         QTest::mouseDClick(browser.tiles().at(1), Qt::LeftButton); // press, release, press, double-click

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "state/FolderPinButton.h"
-#include "tests/support/FormText.h"
 #include "tests/support/MarkingTranslator.h"
-#include "tests/support/OpenGrid.h"
+#include "tests/ui/FormText.h"
+#include "tests/ui/OpenGrid.h"
 #include "ui/HelpLabel.h"
 
 #include <QLabel>
@@ -163,7 +163,7 @@ private slots:
         QCOMPARE(tiles, newer.findChildren<RecentDocDialog *>());
         QList<FolderPinButton *> pins;
         for (const RecentDocDialog *tile : tiles)
-            pins.append(Browser::button(tile, "pinButton"));
+            pins.append(FakeBrowser::button(tile, "pinButton"));
         QCOMPARE(pins.size(), 2);
         QCOMPARE(RecentDocumentBrowser::docPinButtonList, pins);
         QCOMPARE(older.popup->findChildren<RecentDocDialog *>(), older.tiles); // forgotten, not deleted
@@ -182,7 +182,7 @@ private slots:
 
     void aPopupWithoutTilesShowsNoPath()
     {
-        Browser browser(2); // listed, but the menu that tiles are made from is not there yet
+        FakeBrowser browser(2); // listed, but the menu that tiles are made from is not there yet
         RecentDocMainWindow popup(&browser.host.mainWindow());
         QVERIFY(browser.tiles().isEmpty());
         QCOMPARE(popup.main_label_path->text(), QString());

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/FormText.h"
-#include "tests/support/OpenGrid.h"
+#include "tests/ui/FormText.h"
+#include "tests/ui/OpenGrid.h"
 
 #include <QDragMoveEvent>
 #include <QMimeData>
@@ -115,7 +115,7 @@ private slots:
         QFont font = QApplication::font();
         font.setPointSize(points);
         QApplication::setFont(font);
-        Browser browser(documents);
+        FakeBrowser browser(documents);
         browser.createDocument();
         auto *popup = new RecentDocMainWindow(&browser.host.mainWindow());
         const QRect place = popup->geometry();
@@ -158,7 +158,7 @@ private slots:
 
     void opensWithoutAMainWindow()
     {
-        Browser browser(2);
+        FakeBrowser browser(2);
         browser.createDocument();
         browser.host.hasMainFrame = false;
         RecentDocMainWindow popup(nullptr);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "state/FolderPinButton.h"
-#include "tests/support/OpenGrid.h"
+#include "tests/ui/OpenGrid.h"
 
 #include <QDesktopServices>
 #include <QDropEvent>
@@ -122,7 +122,7 @@ private slots:
 
     void goesWithTheMainWindow()
     {
-        const Browser browser;
+        const FakeBrowser browser;
         auto mainWindow = std::make_unique<QWidget>();
         const QPointer<RecentDocMainWindow> popup = new RecentDocMainWindow(mainWindow.get());
         popup->show();
@@ -207,8 +207,9 @@ private slots:
             [](const SurvivingPopup &older) { QTest::mouseRelease(older.tiles.at(2), Qt::LeftButton); });
         QTest::newRow("a key") << SurvivorEvent(
             [](const SurvivingPopup &older) { QTest::keyClick(older.popup, Qt::Key_F1); });
-        QTest::newRow("a pin") << SurvivorEvent(
-            [](const SurvivingPopup &older) { Browser::button(older.tiles.at(2), "pinButton")->click(); });
+        QTest::newRow("a pin") << SurvivorEvent([](const SurvivingPopup &older) {
+            FakeBrowser::button(older.tiles.at(2), "pinButton")->click();
+        });
     }
 
     void theOlderPopupTakesOverWithItsFirstEvent()
@@ -221,7 +222,7 @@ private slots:
         QCOMPARE(RecentDocumentBrowser::recentDocDialogList, older.tiles);
         QList<FolderPinButton *> pins;
         for (const RecentDocDialog *tile : qAsConst(older.tiles))
-            pins.append(Browser::button(tile, "pinButton"));
+            pins.append(FakeBrowser::button(tile, "pinButton"));
         QCOMPARE(RecentDocumentBrowser::docPinButtonList, pins);
         QCOMPARE(RecentDocMainWindow::docPathLabel.data(), older.popup->main_label_path);
 
@@ -230,7 +231,7 @@ private slots:
         QTest::keyClick(older.popup, Qt::Key_Right);
         QCOMPARE(RecentDocumentBrowser::getHighlightedRecentDocPathList(), {older.browser.path(2)});
         QCOMPARE(older.line(), older.lineOf(2));
-        Browser::button(older.tiles.at(3), "pinButton")->click();
+        FakeBrowser::button(older.tiles.at(3), "pinButton")->click();
         QVERIFY(RecentDocumentBrowser::menuPinButtonList.at(3)->isChecked());
         QTest::keyClick(older.popup, Qt::Key_Return);
         QCOMPARE(older.browser.host.openedPaths(), {older.browser.path(2)});
@@ -249,7 +250,7 @@ private slots:
         RecentDocumentBrowser::docPinButtonList.prepend(nullptr); // which is passed over
         for (const QList<bool> &pinned :
              {QList<bool>{false, true, false}, QList<bool>{false, false, false}}) {
-            Browser::button(two.older.tiles.at(1), "pinButton")->click();
+            FakeBrowser::button(two.older.tiles.at(1), "pinButton")->click();
             QCOMPARE(pinsOf(RecentDocumentBrowser::docPinButtonList.mid(1)), pinned);
             QCOMPARE(pinsOf(RecentDocumentBrowser::menuPinButtonList), pinned);
         }

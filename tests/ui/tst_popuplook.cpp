@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/Browser.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/fake/FakeBrowser.h"
 #include "ui/RecentDocDialog.h"
 #include "ui/RecentDocMainWindow.h"
 
@@ -91,7 +91,7 @@ private slots:
             qApp->setStyleSheet(QStringLiteral("QLabel { color: white; } QDialog { background: black; }"
                                                "RecentDocDialog QLabel { color: black; }"
                                                "RecentDocMainWindow { background: #f0f0f0; }"));
-        Browser browser(2);
+        FakeBrowser browser(2);
         browser.createDocument();
         RecentDocMainWindow *popup = browser.openPopup();
         drainEvents();

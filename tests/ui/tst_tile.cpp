@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "state/FolderPinButton.h"
-#include "tests/support/FormText.h"
 #include "tests/support/MarkingTranslator.h"
-#include "tests/support/OpenGrid.h"
+#include "tests/ui/FormText.h"
+#include "tests/ui/OpenGrid.h"
 
 namespace {
 
@@ -17,7 +17,7 @@ struct FreshTile
         tile = new RecentDocDialog(&popup, menuPin, path, picture, false);
     }
 
-    Browser browser; // its end empties the lists that tiles enter themselves in
+    FakeBrowser browser; // its end empties the lists that tiles enter themselves in
     QWidget menu;
     QDialog popup;
     QString path;
@@ -83,7 +83,7 @@ private slots:
         QVERIFY(!name.wordWrap());
         QCOMPARE(tile.image_label->text(), QString());
         for (const char *button : {"pinButton", "folderButton"})
-            QCOMPARE(Browser::button(&tile, button)->path(), tile.path());
+            QCOMPARE(FakeBrowser::button(&tile, button)->path(), tile.path());
     }
 
     void textsAreTranslated()
@@ -157,7 +157,7 @@ private slots:
 
     void aDocumentWithoutPictureGetsABlankOne()
     {
-        Browser browser(1);
+        FakeBrowser browser(1);
         browser.host.onLoadPreview = nullptr;
         browser.createDocument();
         const RecentDocMainWindow *popup = browser.openPopup();
@@ -191,8 +191,8 @@ private slots:
         drainEvents(); // layouts have run
         const RecentDocDialog &tile = *grid.tiles.at(0);
         const QRect name = tile.title_label->geometry();
-        const QRect folder = Browser::button(&tile, "folderButton")->geometry();
-        const QRect pin = Browser::button(&tile, "pinButton")->geometry();
+        const QRect folder = FakeBrowser::button(&tile, "folderButton")->geometry();
+        const QRect pin = FakeBrowser::button(&tile, "pinButton")->geometry();
         const QRect picture = tile.image_label->geometry();
         const QRect inner = tile.rect().adjusted(11, 11, -11, -11);
         QCOMPARE(name.topLeft(), inner.topLeft());
@@ -209,7 +209,7 @@ private slots:
     {
         for (const bool pinned : {true, false}) {
             const FreshTile fresh(QStringLiteral("/a/gear.dwg"), pinned);
-            const FolderPinButton *pin = Browser::button(fresh.tile, "pinButton");
+            const FolderPinButton *pin = FakeBrowser::button(fresh.tile, "pinButton");
             QCOMPARE(pin->isChecked(), pinned);
             fresh.menuPin->setChecked(!pinned);
             QCOMPARE(pin->isChecked(), pinned);

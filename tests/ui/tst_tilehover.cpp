@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "state/FolderPinButton.h"
-#include "tests/support/OpenGrid.h"
+#include "tests/ui/OpenGrid.h"
 
 namespace {
 
@@ -37,7 +37,7 @@ struct TileInWindow
         return line.text();
     }
 
-    Browser browser; // its end empties the lists that tiles enter themselves in
+    FakeBrowser browser; // its end empties the lists that tiles enter themselves in
     QString path = QStringLiteral("/a/gear.dwg");
     QImage picture;
     FolderPinButton menuPin;
@@ -70,8 +70,8 @@ private slots:
         const OpenGrid grid(4);
         RecentDocDialog *tile = grid.tiles.at(1);
         const QString resting = tile->styleSheet();
-        const QList<FolderPinButton *> buttons = {Browser::button(tile, "pinButton"),
-                                                  Browser::button(tile, "folderButton")};
+        const QList<FolderPinButton *> buttons = {FakeBrowser::button(tile, "pinButton"),
+                                                  FakeBrowser::button(tile, "folderButton")};
         for (FolderPinButton *button : buttons)
             button->hide();
         sendPlain(tile, QEvent::Enter);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/FocusReasons.h"
-#include "tests/support/OpenGrid.h"
+#include "tests/ui/OpenGrid.h"
 
 //! What clicks on tiles do to the highlight, by examples that explain it; tst_highlightproperties has all the
 //! others. And what else they do.

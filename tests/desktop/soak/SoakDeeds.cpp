@@ -4,7 +4,7 @@
 
 #include "host/app/HelpWindow.h"
 #include "host/runtime/commands/CommandRunner.h"
-#include "tests/support/RealBrowser.h"
+#include "tests/support/real/RealBrowser.h"
 
 #include <QApplication>
 #include <QFile>

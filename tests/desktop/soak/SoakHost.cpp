@@ -7,8 +7,8 @@
 #include "host/runtime/recent/RecentFiles.h"
 #include "state/FolderPinButton.h"
 #include "tests/support/Patience.h"
-#include "tests/support/PreviewBytes.h"
-#include "tests/support/RealBrowser.h"
+#include "tests/support/bytes/BytesOfPreview.h"
+#include "tests/support/real/RealBrowser.h"
 
 #include <QApplication>
 #include <QFile>

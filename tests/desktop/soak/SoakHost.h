@@ -3,7 +3,7 @@
 
 #include "host/app/MainWindow.h"
 #include "host/runtime/FxHost.h"
-#include "tests/support/FileManager.h"
+#include "tests/support/process/ProgramStandIn.h"
 
 #include <QDialog>
 #include <QPointer>
@@ -69,7 +69,7 @@ private:
     QString meet(QDialog *popup);
 
     QTemporaryDir m_folder;
-    FileManager m_fileManager{0, FileManager::Others::Found};
+    ProgramStandIn m_fileManager{0, ProgramStandIn::Others::Found};
     QStringList m_paths;
     std::unique_ptr<fxhost::FxHost> m_host;
     std::unique_ptr<fxhost::MainWindow> m_window;

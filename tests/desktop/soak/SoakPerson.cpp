@@ -2,9 +2,9 @@
 #include "tests/desktop/soak/SoakPerson.h"
 
 #include "host/runtime/documents/DocumentManager.h"
-#include "tests/support/DragHand.h"
-#include "tests/support/Hand.h"
-#include "tests/support/RealBrowser.h"
+#include "tests/desktop/Hand.h"
+#include "tests/desktop/HandDrag.h"
+#include "tests/support/real/RealBrowser.h"
 
 #include <QApplication>
 #include <QPointer>
@@ -40,12 +40,12 @@ void SoakPerson::moveTo(const QPoint &place)
     Hand::moveTo(place);
     ++events;
     awaitInput([&] {
-        const bool wasDragging = std::exchange(m_isDragging, DragHand::isDragging());
+        const bool wasDragging = std::exchange(m_isDragging, HandDrag::isDragging());
         if (!m_isDragging)
             return m_arrivals.pointer() == place || !QApplication::topLevelAt(place);
         if (!wasDragging)
-            m_hotSpot = place - DragHand::pictureAt();
-        return DragHand::pictureAt() + m_hotSpot == place;
+            m_hotSpot = place - HandDrag::pictureAt();
+        return HandDrag::pictureAt() + m_hotSpot == place;
     });
 }
 
@@ -282,7 +282,7 @@ void SoakPerson::drag(const SoakStep &step)
         Hand::key(QStringLiteral("Escape"));
     Hand::release();
     events += 4;
-    if (!guiUntil([] { return !DragHand::isDragging(); }))
+    if (!guiUntil([] { return !HandDrag::isDragging(); }))
         problem = QStringLiteral("a drag does not end");
     m_isDragging = false;
 }

@@ -9,8 +9,8 @@
 #include "host/runtime/customization/Customization.h"
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
-#include "tests/support/PreviewBytes.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/bytes/BytesOfPreview.h"
 
 #include <QFile>
 #include <QLineEdit>

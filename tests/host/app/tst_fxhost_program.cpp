@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/SpecialFiles.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/bytes/BytesOfSpecialFiles.h"
 #include "tests/support/process/ProgramHome.h"
 
 #include <QDir>
@@ -70,7 +70,7 @@ private slots:
     {
         QFETCH(SpecialFile, kind);
         QFETCH(QString, reason);
-        const SpecialFiles files;
+        const BytesOfSpecialFiles files;
         refuses(ProgramHome(), files.path(kind), reason);
     }
 

@@ -3,10 +3,10 @@
 
 #include "host/runtime/Paths.h"
 #include "host/runtime/commands/CommandSet.h"
-#include "tests/support/RunningHost.h"
-#include "tests/support/SpecialFiles.h"
-#include "tests/support/StuckFolder.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/bytes/BytesInStuckFolder.h"
+#include "tests/support/bytes/BytesOfSpecialFiles.h"
+#include "tests/support/real/RealHost.h"
 
 #include <QDir>
 
@@ -74,7 +74,7 @@ private slots:
     void lineIsCompleted()
     {
         QFETCH(QString, line);
-        RunningHost running;
+        RealHost running;
         CommandSet set(running.host.commandStack());
         set.add(QStringLiteral("SCREENSHOT"), [](const CFxCommandContext &) { return 0; });
         const Completion completion = LineCompleter(running.host).complete(line);
@@ -92,7 +92,7 @@ private slots:
         const QString line = QStringLiteral("_OPEN ") + QFileInfo(path).path();
         const QString link = m_home.filePath(QStringLiteral("xlink"));
         QVERIFY(QFile::link(QFileInfo(path).path(), link));
-        RunningHost running;
+        RealHost running;
         const LineCompleter completer(running.host);
         QCOMPARE(completer.complete(line + QStringLiteral("/")).line, line + QStringLiteral("/a.dwg"));
 
@@ -103,7 +103,7 @@ private slots:
         QVERIFY2(running.messages.first().contains(QFileInfo(path).path()),
                  qPrintable(running.messages.first()));
         // In a folder that answers, a link that leads there is not followed. Only a mount is seen through it.
-        if (kind == StuckFolder::Kind::Mount)
+        if (kind == BytesInStuckFolder::Kind::Mount)
             QCOMPARE(completer.complete(QStringLiteral("_OPEN x")).line, QStringLiteral("_OPEN xlink"));
         folder.answerAgain();
         QVERIFY(QFile::remove(link));

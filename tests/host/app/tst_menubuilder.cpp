@@ -5,8 +5,8 @@
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/recent/RecentFiles.h"
-#include "tests/support/RunningHost.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/real/RealHost.h"
 
 #include <CFxUICommand.h>
 #include <CFxUIMenuItem.h>
@@ -44,7 +44,7 @@ const char menuData[] = R"({
 })";
 
 //! A host's window with a menu bar of the primary group.
-class Window : public RunningHost
+class Window : public RealHost
 {
 public:
     Window()

@@ -2,8 +2,8 @@
 #include "host/app/EndSignals.h"
 #include "host/runtime/HostSettings.h"
 #include "tests/host/app/ShownProgram.h"
-#include "tests/support/SpecialFiles.h"
-#include "tests/support/StuckFolder.h"
+#include "tests/support/bytes/BytesInStuckFolder.h"
+#include "tests/support/bytes/BytesOfSpecialFiles.h"
 
 #include <QDir>
 #include <QFileDialog>

@@ -2,9 +2,9 @@
 #include "host/runtime/preview/DrawingFile.h"
 
 #include "host/runtime/preview/PreviewReader.h"
-#include "tests/support/PreviewBytes.h"
-#include "tests/support/SpecialFiles.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/bytes/BytesOfPreview.h"
+#include "tests/support/bytes/BytesOfSpecialFiles.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -113,7 +113,7 @@ private slots:
     void aSpecialFileIsToldByItsKind()
     {
         QFETCH(SpecialFile, kind);
-        const SpecialFiles files;
+        const BytesOfSpecialFiles files;
         const Alarm alarm;
         const DrawingFile drawing = fxhost::readDrawing(files.path(kind));
         QVERIFY(!drawing.outcome && drawing.version.isEmpty());

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/preview/DrawingFile.h"
 #include "samples/DrawingWriter.h"
-#include "tests/support/PreviewBytes.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/bytes/BytesOfPreview.h"
 
 #include <QTemporaryDir>
 

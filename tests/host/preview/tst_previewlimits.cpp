@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/preview/PreviewReader.h"
 
-#include "tests/support/PngBytes.h"
-#include "tests/support/PreviewBytes.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/bytes/BytesOfPng.h"
+#include "tests/support/bytes/BytesOfPreview.h"
 
 #include <QFile>
 #include <QProcess>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/editor/Editor.h"
-#include "tests/support/RunningHost.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/real/RealHost.h"
 
 #include <CFxDialog.h>
 #include <CFxEditorReactor.h>
@@ -132,7 +132,7 @@ private slots:
 
     void aModalDialogPutsTheHostIntoTheModalState()
     {
-        RunningHost running;
+        RealHost running;
         ModalListener listener(running.host);
         CFxDialog shown(nullptr, false);
         shown.show();
@@ -168,7 +168,7 @@ private slots:
         dialog.throwsOnKeys = true;
         QTest::keyClick(&dialog, Qt::Key_A); // nobody to tell
         {
-            RunningHost running;
+            RealHost running;
             QTest::keyClick(&dialog, Qt::Key_A);
             QVERIFY(!running.messages.isEmpty());
             QVERIFY(running.messages.first().contains("stuck key"));

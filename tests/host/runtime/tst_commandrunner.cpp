@@ -3,8 +3,8 @@
 #include "host/runtime/commands/CommandSet.h"
 #include "host/runtime/commands/CommandStack.h"
 #include "host/runtime/editor/Editor.h"
-#include "tests/support/RunningHost.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/real/RealHost.h"
 
 #include <CFxCommand.h>
 #include <CFxEditorReactor.h>
@@ -46,7 +46,7 @@ public:
 
 //! A host with commands that write down their runs: ECHO; WAIT, which waits until it is cancelled; FAIL;
 //! THROW and THROWNUMBER.
-class Commands : public RunningHost
+class Commands : public RealHost
 {
 public:
     CommandRunner &runner = host.commands();
@@ -205,8 +205,8 @@ private slots:
         QCOMPARE(run->result(), CFxCommand::failed);
         commands.runner.runLine("THROWNUMBER");
         commands.runner.runLine("ECHO still here");
-        QCOMPARE(commands.messages,
-                 QStringList({"The command _THROW failed: paper jam", "The command _THROWNUMBER failed: unknown exception"}));
+        QCOMPARE(commands.messages, QStringList({"The command _THROW failed: paper jam",
+                                                 "The command _THROWNUMBER failed: unknown exception"}));
         QCOMPARE(commands.logged(),
                  QStringList({"command _THROW 5102", "command _THROWNUMBER 5102", "command _ECHO 5100"}));
     }

@@ -4,10 +4,10 @@
 #include "host/runtime/Strings.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "tests/support/DocumentListener.h"
-#include "tests/support/PngBytes.h"
-#include "tests/support/PreviewBytes.h"
-#include "tests/support/RunningHost.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/bytes/BytesOfPng.h"
+#include "tests/support/bytes/BytesOfPreview.h"
+#include "tests/support/real/RealHost.h"
 
 #include <CFxPreviewBitmap.h>
 
@@ -27,7 +27,7 @@ using namespace testbytes;
 namespace {
 
 //! A host, and what it tells of its drawings.
-struct ListenedHost : RunningHost
+struct ListenedHost : RealHost
 {
     std::size_t openCount() const { return documents.documents().size(); }
     QStringList recent() { return host.recentFiles().paths(); }
@@ -209,7 +209,7 @@ private slots:
     void noExceptionLeavesTheOpeningForAModule()
     {
         QFETCH(bool, isException);
-        RunningHost running;
+        RealHost running;
         QString told;
         const auto fail = [&](const QString &text) {
             told = text;
@@ -337,7 +337,7 @@ private slots:
 
     void aWindowThatGoesMayHandTheCurrentPlaceOn()
     {
-        RunningHost running;
+        RealHost running;
         DocumentManager &documents = running.host.documents();
         Document *const first = documents.newDocument();
         documents.newDocument();
@@ -355,7 +355,7 @@ private slots:
 
     void threadsReadTheSamePictures()
     {
-        RunningHost running;
+        RealHost running;
         const QString bitmap = running.makeFile("bitmap.dwg", drawingWithAPicture());
         const QString png = running.makeFile("png.dwg", drawingWithAPicture(true));
         std::vector<std::future<QImage>> images;
@@ -367,7 +367,7 @@ private slots:
 
     void whereThereIsNoPictureNoneIsRead()
     {
-        RunningHost running;
+        RealHost running;
         const std::unique_ptr<CFxPreviewBitmap> preview(CFxPreviewBitmap::Create());
         QVERIFY(!preview->IsValid());
         QVERIFY(preview->Load(running.makeFile("plan.dwg", drawingWithAPicture())));

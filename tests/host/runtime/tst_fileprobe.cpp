@@ -3,9 +3,9 @@
 #include "host/runtime/probe/FileProbe.h"
 #include "host/runtime/recent/ReachableRecentFiles.h"
 #include "host/runtime/recent/RecentFiles.h"
-#include "tests/support/SpecialFiles.h"
-#include "tests/support/StuckFolder.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/bytes/BytesInStuckFolder.h"
+#include "tests/support/bytes/BytesOfSpecialFiles.h"
 #include "tests/support/real/RealProfile.h"
 
 #include <QDir>
@@ -71,7 +71,7 @@ class tst_FileProbe : public TestCase
 private slots:
     void whateverIsThereAnswers()
     {
-        const SpecialFiles files;
+        const BytesOfSpecialFiles files;
         QStringList paths = {"/tmp/" + QString(300, 'n'), // too long a name, and too long a path
                              QString(2100, '/') + QString(2100, 'a'),
                              "/tmp/a\n1\n.dwg",
@@ -131,8 +131,8 @@ private slots:
         folder.stopAnswering();
         // Answers are good for a moment, and then asked for again.
         QTRY_COMPARE(probe.unresponsive(paths),
-                     (kind == StuckFolder::Kind::Mount ? QStringList({first, missing, link})
-                                                       : QStringList({first, missing})));
+                     (kind == BytesInStuckFolder::Kind::Mount ? QStringList({first, missing, link})
+                                                              : QStringList({first, missing})));
         folder.answerAgain();
         QTRY_COMPARE(probe.unresponsive(paths), QStringList());
     }
@@ -165,7 +165,7 @@ private slots:
 
     void filesOfAServerThatWasReplacedAnswer()
     {
-        StuckFolder folder(StuckFolder::Kind::Mount);
+        BytesInStuckFolder folder(BytesInStuckFolder::Kind::Mount);
         if (!folder.problem().isEmpty())
             QSKIP(qPrintable(folder.problem()));
         const QString file = folder.makeFile("a.dwg", "AC1032");
@@ -212,7 +212,7 @@ private slots:
 
     void aHelperThatDiesIsReplaced()
     {
-        StuckFolder folder(StuckFolder::Kind::Calls);
+        BytesInStuckFolder folder(BytesInStuckFolder::Kind::Calls);
         QVERIFY2(folder.problem().isEmpty(), qPrintable(folder.problem()));
         const QString file = folder.makeFile("a.dwg", "AC1032");
         folder.stopAnswering();
@@ -244,7 +244,7 @@ private slots:
 
     void whatNoThreadLooksAtIsSilentUntilOneDoes()
     {
-        StuckFolder folder(StuckFolder::Kind::Calls);
+        BytesInStuckFolder folder(BytesInStuckFolder::Kind::Calls);
         QVERIFY2(folder.problem().isEmpty(), qPrintable(folder.problem()));
         const QString stuck = folder.makeFile("a.dwg", "AC1032");
         const QString other = "/tmp";
@@ -275,7 +275,7 @@ private slots:
 
     void withoutAHelperNothingIsSilent()
     {
-        StuckFolder folder(StuckFolder::Kind::Calls);
+        BytesInStuckFolder folder(BytesInStuckFolder::Kind::Calls);
         QVERIFY2(folder.problem().isEmpty(), qPrintable(folder.problem()));
         const QString file = folder.makeFile("a.dwg", "AC1032");
         folder.stopAnswering();

@@ -7,10 +7,10 @@
 #include "host/runtime/log/HostLog.h"
 #include "host/runtime/recent/RecentFileStore.h"
 #include "host/runtime/recent/RecentFiles.h"
-#include "tests/support/FullDisk.h"
-#include "tests/support/PreviewBytes.h"
-#include "tests/support/RunningHost.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/bytes/BytesOfPreview.h"
+#include "tests/support/bytes/BytesOnFullDisk.h"
+#include "tests/support/real/RealHost.h"
 
 #include <CFxEditorReactor.h>
 #include <CFxRecentFileList.h>
@@ -116,7 +116,7 @@ private slots:
 
     void modulesReachEveryService()
     {
-        RunningHost running;
+        RealHost running;
         CFxSystemServices *const services = GetFxSystemServices();
         QCOMPARE(services, &running.host);
         QCOMPARE(services->GetDocumentManager(), &running.host.documents());
@@ -142,7 +142,7 @@ private slots:
 
     void theMainWindowComesAndGoes()
     {
-        RunningHost running;
+        RealHost running;
         WindowListener listener(running.host);
         QWidget first;
         first.setObjectName("first");
@@ -168,7 +168,7 @@ private slots:
 
     void comingToTheFrontIsTold()
     {
-        RunningHost running;
+        RealHost running;
         WindowListener listener(running.host);
         emit qGuiApp->applicationStateChanged(Qt::ApplicationActive);
         emit qGuiApp->applicationStateChanged(Qt::ApplicationInactive);
@@ -189,7 +189,7 @@ private slots:
             QStringList &m_list;
         } listener(order);
         {
-            RunningHost running;
+            RealHost running;
             running.host.setMainWindow(&window);
             running.host.editor().addReactor(&listener);
             running.host.documents().newDocument();
@@ -287,7 +287,8 @@ private slots:
             running.settings.setLastDirectory(QString(1000, 'd'));
             const QByteArray before = contentOfFile(profile.file("settings.ini"));
             {
-                const FullDisk disk(512); // bytes: Qt's lock file has room, so that it comes to the writing
+                const BytesOnFullDisk disk(
+                    512); // bytes: Qt's lock file has room, so that it comes to the writing
                 running.recent.setMaximum(20);
                 running.settings.setWindowGeometry("g");
             }

@@ -3,8 +3,8 @@
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/recent/RecentFiles.h"
-#include "tests/support/RunningHost.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/real/RealHost.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -17,7 +17,7 @@ class tst_HostCommands : public TestCase
 private slots:
     void drawingsAreMadeAndClosed()
     {
-        RunningHost running;
+        RealHost running;
         running.host.commands().runMacro("NEW;NEW;CLOSE");
         QCOMPARE(running.host.documents().documents().size(), std::size_t(1));
         QVERIFY(running.host.documents().current()->isNew());
@@ -25,7 +25,7 @@ private slots:
 
     void openOpensItsArgument()
     {
-        RunningHost running;
+        RealHost running;
         const QString path = running.makeDrawing("a plan; second floor.dwg");
         running.host.commands().runLine("_OPEN " + path);
         QCOMPARE(QString(running.host.documents().current()->path()), path);
@@ -52,7 +52,7 @@ private slots:
     {
         QFETCH(QString, typed);
         QFETCH(QString, name);
-        RunningHost running;
+        RealHost running;
         const QString folder = running.path(QString());
         qputenv("HOME", QFile::encodeName(folder));
         QVERIFY(QDir(folder).mkdir("~"));
@@ -71,7 +71,7 @@ private slots:
 
     void openWithoutAPathAsksForOne()
     {
-        RunningHost running;
+        RealHost running;
         QString path = running.makeDrawing("plan.dwg");
         running.host.setPathChooser([&] { return path; });
         running.host.commands().runLine("_OPEN");
@@ -84,7 +84,7 @@ private slots:
 
     void helpAsksForATopic()
     {
-        RunningHost running;
+        RealHost running;
         QSignalSpy helpRequested(&running.host, &fxhost::FxHost::helpRequested);
         running.host.commands().runMacro("HELP;HELP 3087");
         QCOMPARE(helpRequested, QList<QVariantList>({QVariantList({0}), QVariantList({3087})}));
@@ -94,7 +94,7 @@ private slots:
 
     void delayWaits()
     {
-        RunningHost running;
+        RealHost running;
         QElapsedTimer timer;
         timer.start();
         running.host.commands().runLine("DELAY 50");
@@ -104,7 +104,7 @@ private slots:
 
     void delayCanBeCancelled()
     {
-        RunningHost running;
+        RealHost running;
         QMetaObject::invokeMethod(
             &running.host, [&] { running.host.commands().runLine("^C"); }, Qt::QueuedConnection);
         running.host.commands().runLine("DELAY 3600000");
@@ -113,7 +113,7 @@ private slots:
 
     void recentLimitShowsAndSets()
     {
-        RunningHost running;
+        RealHost running;
         running.host.commands().runLine("RECENTLIMIT 25");
         QCOMPARE(running.host.recentFiles().maximum(), 25);
         running.host.commands().runLine("RECENTLIMIT");
@@ -123,7 +123,7 @@ private slots:
 
     void recentAddListsWithoutOpening()
     {
-        RunningHost running;
+        RealHost running;
         running.host.commands().runLine("RECENTADD /no such file.dwg");
         running.host.commands().runLine("RECENTADD here.dwg");
         QCOMPARE(running.host.recentFiles().paths(),
@@ -145,7 +145,7 @@ private slots:
     void whatMakesNoSenseFailsWithAMessage()
     {
         QFETCH(QString, line);
-        RunningHost running;
+        RealHost running;
         running.host.commands().runLine(line);
         QCOMPARE(running.messages.size(), 1);
         QVERIFY2(running.logged().constLast().endsWith(" 5102"), qPrintable(running.logged().constLast()));

@@ -5,11 +5,11 @@
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/editor/Editor.h"
 #include "host/runtime/modules/ModuleManager.h"
-#include "tests/support/PreviewBytes.h"
-#include "tests/support/RunningHost.h"
-#include "tests/support/SpecialFiles.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/TestModules.h"
+#include "tests/support/bytes/BytesOfPreview.h"
+#include "tests/support/bytes/BytesOfSpecialFiles.h"
+#include "tests/support/real/RealHost.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -23,7 +23,7 @@ using fxhost::CommandRunner;
 namespace {
 
 //! A host with a window, and what its modules are called for.
-struct Modules : RunningHost
+struct Modules : RealHost
 {
     Modules() { takeCalls(); }
     ~Modules() { host.setMainWindow(nullptr); }
@@ -107,7 +107,7 @@ private slots:
         QWidget window; // outlives the host
         QStringList messages;
         {
-            RunningHost running;
+            RealHost running;
             takeCalls();
             QStringList loaded;
             bool isShown = false;
@@ -373,7 +373,7 @@ private slots:
     }
 
 private:
-    const SpecialFiles m_special;
+    const BytesOfSpecialFiles m_special;
     const QTemporaryDir m_folder;
 };
 

@@ -3,10 +3,10 @@
 
 #include "host/runtime/FileLock.h"
 #include "host/runtime/Paths.h"
-#include "tests/support/FullDisk.h"
-#include "tests/support/PreviewBytes.h"
-#include "tests/support/SpecialFiles.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/bytes/BytesOfPreview.h"
+#include "tests/support/bytes/BytesOfSpecialFiles.h"
+#include "tests/support/bytes/BytesOnFullDisk.h"
 
 #include <QDir>
 #include <QFile>
@@ -262,7 +262,7 @@ private slots:
         QFETCH(int, room);
         const ListFile list(name);
         writeFile(list.path, listHeader + "/former.dwg\n");
-        const FullDisk disk(static_cast<rlim_t>(room));
+        const BytesOnFullDisk disk(static_cast<rlim_t>(room));
         RecentFileStore store(list.path);
         const QString problem = save(store, {"/new.dwg"});
         QVERIFY2(problem.contains(list.path), qPrintable(problem));

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/Paths.h"
-#include "tests/support/FileManager.h"
-#include "tests/support/PreviewBytes.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/bytes/BytesOfPreview.h"
+#include "tests/support/process/ProgramStandIn.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -139,7 +139,8 @@ private slots:
     {
         TestCase::init();
         m_folder = std::make_unique<QTemporaryDir>();
-        m_opener = std::make_unique<FileManager>(0, FileManager::Others::Found, QStringLiteral("xdg-open"));
+        m_opener =
+            std::make_unique<ProgramStandIn>(0, ProgramStandIn::Others::Found, QStringLiteral("xdg-open"));
     }
 
     void cleanup()
@@ -251,7 +252,7 @@ private slots:
         QFETCH(QStringList, arguments);
         QFETCH(int, status);
         QFETCH(QString, said);
-        const FileManager none(0, FileManager::Others::Hidden, QStringLiteral("another"));
+        const ProgramStandIn none(0, ProgramStandIn::Others::Hidden, QStringLiteral("another"));
         const Run run = fxshow(arguments);
         QTRY_COMPARE(run.errors(), said);
         if (status >= 0)
@@ -271,7 +272,7 @@ private:
     QVector<QStringList> theFolder() const { return {QStringList(m_folder->path())}; }
 
     std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<FileManager> m_opener; //!< stands where xdg-open is looked for
+    std::unique_ptr<ProgramStandIn> m_opener; //!< stands where xdg-open is looked for
 };
 
 CORE_TEST_CLASS(tst_FxShow);

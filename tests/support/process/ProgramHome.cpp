@@ -2,7 +2,7 @@
 #include "tests/support/process/ProgramHome.h"
 
 #include "tests/support/Patience.h"
-#include "tests/support/PreviewBytes.h"
+#include "tests/support/bytes/BytesOfPreview.h"
 
 #include <QDir>
 #include <QDirIterator>

@@ -2,9 +2,9 @@
 #include "tests/support/process/ProgramOnScreen.h"
 
 #include "samples/SampleSet.h"
-#include "tests/support/Hand.h"
+#include "tests/desktop/Hand.h"
 #include "tests/support/Patience.h"
-#include "tests/support/RealBrowser.h"
+#include "tests/support/real/RealBrowser.h"
 
 #include <QDir>
 #include <QRegularExpression>
@@ -30,8 +30,9 @@ ProgramOnScreen::ProgramOnScreen(int samples)
 {
     for (const fxsamples::Sample &sample : fxsamples::sampleSet()) {
         if (m_paths.size() < samples)
-            m_paths.append(m_home.write(
-                sample.fileName.toString(), fxsamples::drawingFile(fxsamples::paintPreview(sample), sample.form)));
+            m_paths.append(
+                m_home.write(sample.fileName.toString(),
+                             fxsamples::drawingFile(fxsamples::paintPreview(sample), sample.form)));
     }
 }
 

@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: MIT
+#include "tests/desktop/HandDrag.h"
+
+#include "tests/desktop/Hand.h"
+#include "tests/support/Patience.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QDrag>
+#include <QWidget>
+#include <QWindow>
+
+#include <cmath>
+
+namespace {
+
+//! Milliseconds between two looks at whether a step's outcome has come.
+constexpr int interval = 2;
+
+//! A drag's picture is a window of its own, which Qt moves whenever the drag has moved.
+QWindow *dragWindow()
+{
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    for (QWindow *window : windows) {
+        if (window->isVisible() && qstrcmp(window->metaObject()->className(), "QShapedPixmapWindow") == 0)
+            return window;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+HandDrag::HandDrag()
+{
+    connect(&m_timer, &QTimer::timeout, this, &HandDrag::goOn);
+}
+
+void HandDrag::step(const QString &what, std::function<void()> action, std::function<bool()> outcome)
+{
+    m_steps.push_back({what, std::move(action), std::move(outcome)});
+}
+
+void HandDrag::waitFor(const QString &what, std::function<bool()> outcome)
+{
+    step(
+        what, [] {}, std::move(outcome));
+}
+
+void HandDrag::justDo(std::function<void()> action)
+{
+    step(QString(), std::move(action), [] { return true; });
+}
+
+void HandDrag::takeHold(QWidget *widget, const QPoint &local)
+{
+    m_held = widget;
+    m_place = widget->mapToGlobal(local);
+    const QPoint place = m_place;
+    step(
+        QStringLiteral("the pointer enters the widget"), [place] { Hand::moveTo(place); },
+        [widget = m_held] { return widget && widget->underMouse(); });
+    step(
+        QStringLiteral("the button is pressed"), [] { Hand::press(); },
+        [] { return QApplication::mouseButtons() == Qt::LeftButton; });
+}
+
+void HandDrag::takeHold(QWidget *widget)
+{
+    takeHold(widget, widget->rect().center());
+}
+
+void HandDrag::startDrag()
+{
+    m_place += QPoint(QApplication::startDragDistance(), 0);
+    step(
+        QStringLiteral("a drag begins"), [place = m_place] { Hand::moveTo(place); },
+        [this, place = m_place] {
+            if (isDragging())
+                m_hotSpot = place - dragWindow()->position();
+            return isDragging();
+        });
+}
+
+void HandDrag::carryTo(const QPoint &place)
+{
+    const QPoint start = m_place;
+    const QPoint way = place - start;
+    const int strides = qMax(1, int(std::ceil(std::hypot(way.x(), way.y()) / stride)));
+    for (int i = 1; i <= strides; ++i)
+        jumpTo(start + way * (double(i) / strides));
+}
+
+void HandDrag::jumpTo(const QPoint &place)
+{
+    m_place = place;
+    step(
+        QStringLiteral("the drag follows to %1, %2").arg(place.x()).arg(place.y()),
+        [place] { Hand::moveTo(place); },
+        [this, place] {
+            const QWindow *window = dragWindow();
+            return window ? window->position() + m_hotSpot == place : QCursor::pos() == place;
+        });
+}
+
+void HandDrag::letGo()
+{
+    step(
+        QStringLiteral("the drag ends with the button let go"), [] { Hand::release(); },
+        [] { return !isDragging(); });
+}
+
+void HandDrag::escape()
+{
+    step(
+        QStringLiteral("the drag ends with Escape"), [] { Hand::key(QStringLiteral("Escape")); },
+        [] { return !isDragging(); });
+    justDo([] { Hand::release(); });
+}
+
+QString HandDrag::run()
+{
+    m_failure.clear();
+    m_hasBegun = false;
+    m_timer.start(interval);
+    m_loop.exec(); // returns after the drag's own loop
+    m_timer.stop();
+    return m_failure;
+}
+
+void HandDrag::goOn()
+{
+    if (m_steps.empty()) {
+        m_timer.stop();
+        m_loop.quit();
+        return;
+    }
+    if (!m_hasBegun) {
+        m_hasBegun = true;
+        m_sinceStep.start();
+        m_steps.front().action();
+        return; // the events that it caused come first
+    }
+    if (m_steps.front().outcome()) {
+        m_hasBegun = false;
+        m_steps.pop_front();
+    } else if (m_sinceStep.hasExpired(patience)) {
+        giveUp();
+    }
+}
+
+void HandDrag::giveUp()
+{
+    m_failure = QStringLiteral("did not come about: ") + m_steps.front().what;
+    m_steps.clear();
+    m_hasBegun = false;
+    QDrag::cancel();
+    Hand::release();
+}
+
+bool HandDrag::isDragging()
+{
+    return dragWindow() != nullptr;
+}
+
+int HandDrag::keptDrags()
+{
+    return qApp->findChildren<QDrag *>(QString(), Qt::FindDirectChildrenOnly).size();
+}
+
+QPoint HandDrag::pictureAt()
+{
+    const QWindow *window = dragWindow();
+    return window ? window->position() : QPoint();
+}

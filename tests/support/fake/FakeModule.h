@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "module/OdRxUnixModuleRecentDocumentBrowser.h"
+#include "tests/support/fake/FakeHost.h"
+
+//! The module object in a fake host, for tests of what the host's calls do: nothing has been called on it but
+//! its constructor. It ends as the host ends it, and leaves the registry empty.
+struct FakeModule
+{
+    FakeModule() = default;
+    ~FakeModule() { end(); }
+    Q_DISABLE_COPY(FakeModule)
+
+    //! Deletes the module object before its time.
+    void end();
+
+    // What the host's lists hold of it.
+    CFxEditorReactor &editorReactor() const { return *module; }
+    CFxDocumentManagerReactor &documentReactor() const { return *module; }
+
+    FakeHost host;
+    OdRxUnixModuleRecentDocumentBrowser *module =
+        new OdRxUnixModuleRecentDocumentBrowser(nullptr, L"browser");
+};
+
+//! How many menus without a parent exist.
+int parentlessMenus();

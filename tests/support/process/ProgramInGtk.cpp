@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/process/ProgramInGtk.h"
+
+#include "tests/support/Patience.h"
+
+ProgramInGtk::ProgramInGtk(const QRect &place, Fetching fetching) : m_place(place)
+{
+    QStringList arguments;
+    for (const int number : {place.x(), place.y(), place.width(), place.height()})
+        arguments.append(QString::number(number));
+    if (fetching == Fetching::Late)
+        arguments.append(QStringLiteral("late"));
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("NO_AT_BRIDGE"), QStringLiteral("1")); // there is no session to tell
+    environment.insert(QStringLiteral("LD_PRELOAD"), QString());             // it is not what is tested
+    m_process.setProcessEnvironment(environment);
+    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_process.start(QStringLiteral(GTK_WINDOW_PROGRAM), arguments);
+    m_isReady = waitUntil([this] { return has(QStringLiteral("ready")); });
+}
+
+ProgramInGtk::~ProgramInGtk()
+{
+    m_process.terminate();
+    if (!m_process.waitForFinished())
+        m_process.kill();
+}
+
+QStringList ProgramInGtk::lines() const
+{
+    m_process.waitForReadyRead(0); // reads without an event loop
+    m_output += m_process.readAllStandardOutput();
+    return QString::fromUtf8(m_output).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+QMap<QString, QByteArray> ProgramInGtk::received() const
+{
+    QMap<QString, QByteArray> data;
+    const QStringList all = lines();
+    for (const QString &line : all) {
+        const QStringList words = line.split(QLatin1Char(' '));
+        if (words.size() == 3 && words.first() == QLatin1String("data"))
+            data.insert(words.at(1), QByteArray::fromHex(words.at(2).toLatin1()));
+    }
+    return data;
+}
+
+void ProgramInGtk::fetch()
+{
+    m_process.write("fetch\n");
+}

@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/real/RealBrowser.h"
+
+#include "host/runtime/commands/CommandRunner.h"
+#include "host/runtime/documents/DocumentManager.h"
+#include "host/runtime/modules/ModuleManager.h"
+#include "host/runtime/recent/RecentFileStore.h"
+#include "host/runtime/recent/RecentFiles.h"
+#include "samples/DrawingWriter.h"
+#include "tests/support/Patience.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QFile>
+#include <QGraphicsEffect>
+#include <QLabel>
+#include <QMenu>
+#include <QToolButton>
+
+#include <dlfcn.h>
+
+namespace {
+
+QStringList numberedNames(int count)
+{
+    QStringList names;
+    for (int i = 1; i <= count; ++i)
+        names.append(QStringLiteral("plan %1.dwg").arg(i));
+    return names;
+}
+
+} // namespace
+
+QByteArray RealBrowser::drawingBytes(int number)
+{
+    QImage picture(180, 112, QImage::Format_RGB32);
+    picture.fill(QColor::fromHsv((number * 47) % 360, 160, 230));
+    return fxsamples::drawingFile(picture, {});
+}
+
+void *RealBrowser::exported(const char *name)
+{
+    void *library = dlopen(MODULE_FILE, RTLD_NOW | RTLD_NOLOAD);
+    if (!library)
+        return nullptr;
+    void *symbol = dlsym(library, name);
+    dlclose(library); // the host holds it
+    if (!symbol)
+        qFatal("the module does not export %s", name);
+    return symbol;
+}
+
+RealBrowser::RealBrowser(int count, const QRect &frame) : RealBrowser(numberedNames(count), frame) {}
+
+RealBrowser::RealBrowser(const QStringList &names, const QRect &frame)
+    : m_host(std::make_unique<fxhost::FxHost>(m_folder.filePath(QStringLiteral("profile")),
+                                              m_folder.filePath(QStringLiteral("log")))),
+      m_window(std::make_unique<QMainWindow>())
+{
+    makeDrawings(names);
+    if (!m_host->modules().load(QStringLiteral(MODULE_FILE)))
+        qFatal("the module cannot be loaded");
+    m_window->setGeometry(frame);
+    m_window->show();
+    if (!waitForActive(m_window.get()))
+        qFatal("the main window does not become active");
+    m_host->setMainWindow(m_window.get());
+    m_host->recentFiles().setMaximum(fxhost::RecentFiles::largestMaximum);
+    m_host->recentFiles().setPaths(m_paths);
+    m_host->documents().newDocument();
+}
+
+RealBrowser::~RealBrowser()
+{
+    m_host->setMainWindow(nullptr);
+    m_window.reset();
+    m_host.reset();
+}
+
+void RealBrowser::makeDrawings(const QStringList &names)
+{
+    for (const QString &name : names) {
+        QFile file(m_folder.filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(drawingBytes(m_paths.size())) < 0)
+            qFatal("cannot make %s", qPrintable(file.fileName()));
+        m_paths.append(file.fileName());
+    }
+}
+
+QStringList RealBrowser::storedPaths() const
+{
+    return fxhost::RecentFileStore(m_folder.filePath(QStringLiteral("profile/recent.txt"))).load().paths;
+}
+
+QStringList RealBrowser::log() const
+{
+    QFile file(m_folder.filePath(QStringLiteral("log")));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+QStringList RealBrowser::opening(const QList<int> &indices) const
+{
+    QStringList lines;
+    for (const int index : indices)
+        lines.append(QStringLiteral("open %1 ok").arg(m_paths.at(index)));
+    return lines;
+}
+
+QDialog *RealBrowser::openPopup()
+{
+    const QList<QDialog *> before = popups();
+    m_host->commands().runLine(QStringLiteral("_RECENT"));
+    const QList<QDialog *> after = popups();
+    for (QDialog *popup : after) {
+        if (before.contains(popup))
+            continue;
+        // Its own window must have the keyboard: a child window counts as active while its parent has it.
+        const bool isActive = waitUntil([popup] { return QApplication::activeWindow() == popup; });
+        return isActive ? popup : nullptr;
+    }
+    return nullptr;
+}
+
+QList<QDialog *> RealBrowser::popups()
+{
+    QList<QDialog *> found;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        if (window->objectName() == QLatin1String("RecentDocMainWindow") && window->isVisible())
+            found.append(qobject_cast<QDialog *>(window));
+    }
+    return found;
+}
+
+QList<QDialog *> RealBrowser::tiles(const QWidget *popup)
+{
+    return popup->findChildren<QDialog *>(QStringLiteral("RecentDocDialog"));
+}
+
+QString RealBrowser::pathLine(const QWidget *popup)
+{
+    return popup->findChild<QLabel *>(QStringLiteral("main_label_path"))->text();
+}
+
+QToolButton *RealBrowser::button(const QWidget *parent, const char *name)
+{
+    return parent->findChild<QToolButton *>(QLatin1String(name));
+}
+
+bool RealBrowser::isHighlighted(const QWidget *tile)
+{
+    const QGraphicsEffect *effect = tile->graphicsEffect();
+    return effect && effect->property("color").value<QColor>() == QColor(0, 0, 150, 100);
+}
+
+QList<int> RealBrowser::highlighted(const QList<QDialog *> &tiles)
+{
+    QList<int> indices;
+    for (int i = 0; i < tiles.size(); ++i) {
+        if (isHighlighted(tiles.at(i)))
+            indices.append(i);
+    }
+    return indices;
+}
+
+QStringList RealBrowser::menuLines() const
+{
+    const auto *menu = static_cast<QMenu **>(exported("_ZN21RecentDocumentBrowser13recentDocMenuE"));
+    QStringList lines;
+    const QList<QAction *> actions = (*menu)->actions();
+    for (const QAction *action : actions)
+        lines.append(action->isSeparator() ? QStringLiteral("-") : action->text());
+    return lines;
+}
+
+void RealBrowser::addRecentFiles(QMenu *menu, QAction *before)
+{
+    // For hosts that show the module's entries in a menu of theirs.
+    const auto function = reinterpret_cast<void (*)(QMenu *, QAction *)>(
+        exported("_ZN21RecentDocumentBrowser14AddRecentFilesEP5QMenuP7QAction"));
+    function(menu, before);
+}

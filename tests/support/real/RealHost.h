@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/runtime/FxHost.h"
+
+#include <QFile>
+#include <QStringList>
+#include <QTemporaryDir>
+
+//! A host over a profile of its own, for tests: what it says and what it logs, and drawings to open.
+class RealHost
+{
+    QTemporaryDir m_folder; // first, since the host writes into it to its end
+
+public:
+    RealHost()
+    {
+        QObject::connect(&host, &fxhost::FxHost::message, &host,
+                         [this](const QString &text) { messages.append(text); });
+    }
+
+    //! Where a file of this name is, or would be.
+    QString path(const QString &name) const { return m_folder.filePath(name); }
+
+    //! Makes a file that begins as a drawing does. \return its full path
+    QString makeDrawing(const QString &name) const { return makeFile(name, "AC1015 and what follows"); }
+
+    QString makeFile(const QString &name, const QByteArray &content) const
+    {
+        QFile file(path(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+            qFatal("the test cannot write %s", qPrintable(file.fileName()));
+        return file.fileName();
+    }
+
+    //! The log's lines so far.
+    QStringList logged() const
+    {
+        QFile file(path(QStringLiteral("host.log")));
+        if (!file.open(QIODevice::ReadOnly))
+            return {};
+        return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    }
+
+    QStringList messages;
+    fxhost::FxHost host{path(QStringLiteral("profile")), path(QStringLiteral("host.log"))};
+};

@@ -74,7 +74,7 @@ public:
     int delay(const CFxCommandContext &context) const
     {
         const std::chrono::milliseconds time(wholeNumber(context.argument()).value_or(-1));
-        if (time < time.zero() || time > longestDelay)
+        if (time < std::chrono::milliseconds::zero() || time > longestDelay)
             return fail(tr("The delay is a number of milliseconds, at most %1.").arg(longestDelay.count()));
         QEventLoop loop;
         QObject::connect(&m_host.commands(), &CommandRunner::cancelRequested, &loop, &QEventLoop::quit);

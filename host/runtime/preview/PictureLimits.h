@@ -32,8 +32,9 @@ constexpr int maxChunks = 8192;
 struct DecodingLimit
 {
     int pictures = 4; //!< that are tried
-    //! Stored and decoded, of all pictures together: the largest picture fits, however it is stored.
-    qint64 bytes = maxDecodedBytes * 5 / 2;
+    // Of all pictures together. The largest one fits, however it is stored, and no other one with it.
+    qint64 decodedBytes = maxDecodedBytes;
+    qint64 storedBytes = maxDecodedBytes * 3 / 2;
 };
 
 } // namespace fxhost

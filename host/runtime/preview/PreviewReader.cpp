@@ -28,8 +28,9 @@ QImage decode(const RegularFile &file, const PictureLayout &layout, DecodingLimi
     const QSize size(claimed.width(), std::abs(claimed.height()));
     if (!isDecodable(size.width(), size.height(), layout.bitsPerPixel))
         return {};
-    limit.bytes -= storedSize + qint64(size.width()) * size.height() * layout.bitsPerPixel / 8;
-    if (limit.bytes < 0)
+    limit.storedBytes -= storedSize;
+    limit.decodedBytes -= qint64(size.width()) * size.height() * layout.bitsPerPixel / 8;
+    if (limit.storedBytes < 0 || limit.decodedBytes < 0)
         return {};
 
     QImage image;

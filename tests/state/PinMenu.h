@@ -30,7 +30,7 @@ inline QStringList pathsOf(const QList<FolderPinButton *> &buttons)
     return paths;
 }
 
-//! The own texts of the listed actions.
+//! The texts of the listed actions themselves.
 inline QStringList ownTexts(const QList<QAction *> &actions)
 {
     QStringList texts;
@@ -49,10 +49,10 @@ inline void updatePins()
 //! two separators. Documents may have any path: nothing opens them.
 struct PinMenu : FakeModule
 {
-    explicit PinMenu(const QStringList &paths, bool inFrontOfQuit = true)
+    explicit PinMenu(const QStringList &paths, bool beforeQuit = true)
     {
         host.setRecent(paths);
-        RecentDocumentBrowser::AddRecentFiles(&menu, inFrontOfQuit ? quit : nullptr);
+        RecentDocumentBrowser::AddRecentFiles(&menu, beforeQuit ? quit : nullptr);
         buttons = RecentDocumentBrowser::menuPinButtonList;
         entries = RecentDocumentBrowser::recentDocActionList;
     }

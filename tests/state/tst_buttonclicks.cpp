@@ -17,7 +17,7 @@ Q_DECLARE_METATYPE(ListChange)
 
 namespace {
 
-//! Of each menu pin, as it is listed, the letter of its document, with a star when it is down.
+//! For each listed menu pin its document's letter, with a star if it is checked.
 QString menuPins()
 {
     QStringList pins;
@@ -38,13 +38,13 @@ FolderPinButton *menuTextButton(QWidget *parent, const QString &text)
 
 } // namespace
 
-//! What a click on a menu's text or on a tile's pin does; tst_pinproperties has what comes of many.
+//! What a click on a menu's text or on a tile's pin does; tst_pinproperties tests many in sequence.
 class tst_ButtonClicks : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void aMenuTextOpensThePathBehindItsNumber_data()
+    void aMenuTextOpensThePathAfterItsNumber_data()
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("path");
@@ -59,7 +59,7 @@ private slots:
         row("a number alone", "&1 ", "");
     }
 
-    void aMenuTextOpensThePathBehindItsNumber()
+    void aMenuTextOpensThePathAfterItsNumber()
     {
         QFETCH(QString, text);
         QFETCH(QString, path);
@@ -85,7 +85,7 @@ private slots:
         QCOMPARE(host.openedPaths(), QStringList(QStringLiteral("/d/a.dwg")));
     }
 
-    void theRoleIsThatOfTheNameAtTheClick()
+    void theNameAtTheClickDecidesWhatAButtonDoes()
     {
         PinMenu pins({QStringLiteral("W"), QStringLiteral("X")});
         const QStringList before = displayed(pins.menu);
@@ -110,9 +110,9 @@ private slots:
         QList<FolderPinButton *> &menuPins = RecentDocumentBrowser::menuPinButtonList;
         QList<FolderPinButton *> &tilePins = RecentDocumentBrowser::docPinButtonList;
         QTest::newRow("paths differ in case") << ListChange([] {}) << QStringLiteral("a b* B");
-        QTest::newRow("others that were changed in either") << ListChange([&] {
+        QTest::newRow("others that were changed in one of the lists") << ListChange([&] {
             menuPins.at(0)->setChecked(true);
-            tilePins.at(2)->setChecked(true); // by itself it tells nobody
+            tilePins.at(2)->setChecked(true); // by itself it notifies nothing
         }) << QStringLiteral("a b* B*");
         QTest::newRow("one without a tile leaves the list")
             << ListChange([&] { tilePins.removeFirst(); }) << QStringLiteral("b* B");
@@ -121,7 +121,7 @@ private slots:
         QTest::newRow("they keep their own order")
             << ListChange([&] { std::reverse(menuPins.begin(), menuPins.end()); })
             << QStringLiteral("B b* a");
-        QTest::newRow("empty places are skipped") << ListChange([&] {
+        QTest::newRow("null entries are skipped") << ListChange([&] {
             menuPins.insert(1, nullptr);
             tilePins.prepend(nullptr);
         }) << QStringLiteral("a b* B");
@@ -144,8 +144,7 @@ private slots:
         FakeBrowser browser(2);
         browser.createDocument();
         const QPointer<RecentDocMainWindow> popup = browser.openPopup();
-        QCursor::setPos(
-            popup->geometry().center()); // with the pointer outside it closes when it loses the focus
+        QCursor::setPos(popup->geometry().center()); // or it would close when it loses the focus
         QVERIFY(waitForActive(popup));
         FolderPinButton *pin = FakeBrowser::button(browser.tiles().at(0), "pinButton");
         pin->setFocus();
@@ -156,7 +155,7 @@ private slots:
         const FocusReasons focus(*popup);
         browser.host.calls.clear();
         pin->click();
-        QCOMPARE(focusInStep, pin); // the pins come first
+        QCOMPARE(focusInStep, pin); // the pins are changed first
         QCOMPARE(QApplication::focusWidget(), popup.data());
         QCOMPARE(focus.reasons, QList<Qt::FocusReason>{Qt::OtherFocusReason});
         drainEvents();

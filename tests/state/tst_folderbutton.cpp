@@ -35,14 +35,14 @@ private slots:
         };
         row("a plain path", "/drawings/a.dwg");
         row("blanks", "/my drawings/a  plan .dwg");
-        row("what a shell would take for itself", "/d/$HOME `id` $(id);a&b|c>d*'.dwg");
+        row("what a shell would expand", "/d/$HOME `id` $(id);a&b|c>d*'.dwg");
         row("a backslash", "/d\\ a.dwg");
         row("percent signs", "/d/100%1%20.dwg");
         row("letters of all planes", QStringLiteral("/d/\u00e9\u6f22\U0001D538.dwg"));
-        row("a line's end", "/d/a\nb.dwg");
+        row("a line break", "/d/a\nb.dwg");
         row("a leading dash", "-h /d/--help");
         row("4096 characters", "/" + QString(4095, QLatin1Char('d')));
-        QTest::newRow("a quote breaks the command and no more")
+        QTest::newRow("a quote splits the argument")
             << "/d/a\" b.dwg" << QStringList({QStringLiteral("/d/a"), QStringLiteral("b.dwg")});
     }
 
@@ -63,8 +63,7 @@ private slots:
         FakeBrowser browser(2);
         browser.createDocument();
         const QPointer<RecentDocMainWindow> popup = browser.openPopup();
-        QCursor::setPos(
-            popup->geometry().center()); // with the pointer outside it closes when it loses the focus
+        QCursor::setPos(popup->geometry().center()); // or it would close when it loses the focus
         QVERIFY(waitForActive(popup));
         inTile(browser, 1)->setFocus();
         const FocusReasons focus(*popup);
@@ -74,7 +73,7 @@ private slots:
         connect(popup, &QDialog::finished, this, [&] {
             startsAtClose = fileManager.starts().size(); // clazy:exclude=lambda-in-connect
         });
-        QVERIFY(QFile::remove(browser.path(1))); // that it has vanished is the file manager's affair
+        QVERIFY(QFile::remove(browser.path(1))); // a missing file is left to the file manager
         inTile(browser, 1)->click();
         QCOMPARE(fileManager.starts(), QVector<QStringList>{QStringList(browser.path(1))});
         QCOMPARE(startsAtClose, 1); // after the command has ended
@@ -92,7 +91,7 @@ private slots:
         browser.createDocument();
         const QPointer<RecentDocMainWindow> popup = browser.openPopup();
         QWidget *entry = inMenu(1)->parentWidget();
-        QDialog around; // what a careless click would close
+        QDialog around; // which must stay open
         entry->setParent(&around);
         around.show();
         FakeBrowser::button(entry, "folderButton")->click();
@@ -133,7 +132,7 @@ private slots:
         QCOMPARE(startsAtHiding, 1);
     }
 
-    void withoutAFileManagerThePopupClosesAllTheSame()
+    void thePopupClosesWithoutAFileManagerToo()
     {
         const ProgramStandIn fileManager;
         fileManager.uninstall();

@@ -9,8 +9,7 @@
 #include <QMouseEvent>
 #include <QPointer>
 
-//! A shown popup that gets its mouse events one by one, without a display's help. Positions are the popup's
-//! own.
+//! A shown popup that receives mouse events one by one. Positions are in its own coordinates.
 class MousedPopup
 {
 public:
@@ -19,7 +18,7 @@ public:
     //! The same with files of these names.
     explicit MousedPopup(const QStringList &names) : browser(names) { show(); }
 
-    //! Whether the popup has taken the event. The handlers of its base class leave every mouse event.
+    //! \return whether the popup accepted the event; its base class ignores mouse events
     bool press(const QPointF &position, Qt::MouseButton button = Qt::LeftButton) const
     {
         return send(QEvent::MouseButtonPress, position, button, button);

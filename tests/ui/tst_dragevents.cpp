@@ -45,7 +45,7 @@ private slots:
     {
         QFETCH(QStringList, formats);
         QFETCH(bool, accepted);
-        DraggedTile drag(3, -1); // it is not asked whether a tile is held
+        DraggedTile drag(3, -1); // whether a tile is held does not matter
         QMimeData data;
         for (const QString &format : formats)
             data.setData(format, "file:///home/u/a.dwg");
@@ -63,12 +63,12 @@ private slots:
         QVERIFY(!drag.popup->isCollapsed);
     }
 
-    void movesAreNeitherTakenNorRefused()
+    void movesAreNeitherAcceptedNorIgnored()
     {
         DraggedTile drag;
         for (const QPoint pointer : {DraggedTile::fullSize.center(), DraggedTile::outside}) {
             QCursor::setPos(pointer);
-            for (const bool before : {false, true}) { // as the answer to the entering was
+            for (const bool before : {false, true}) { // as the enter event was answered
                 QDragMoveEvent event(QPoint(40, 40), Qt::CopyAction, &drag.data, Qt::LeftButton,
                                      Qt::NoModifier);
                 event.setAccepted(before);
@@ -144,14 +144,14 @@ private slots:
 
         drag.popup->dragDialog = drag.tiles.first();
         drag.dragTo(DraggedTile::outside);
-        delete drag.tiles.takeFirst(); // it may go meanwhile
+        delete drag.tiles.takeFirst(); // it may be deleted meanwhile
         drag.dragTo(DraggedTile::strip.center());
         QVERIFY(drag.popup->isCollapsed);
         QCOMPARE(drag.popup->geometry(), DraggedTile::strip);
         QCOMPARE(drag.shown(), QList<int>());
     }
 
-    void everyMoveOutsideLeavesTheHeaderAlone()
+    void everyMoveOutsideShowsOnlyTheHeader()
     {
         DraggedTile drag(6); // two rows, the second of two tiles
         const QRect strip(drag.popup->popupX, drag.popup->popupY, 724, 32);
@@ -176,7 +176,7 @@ private slots:
         const QRect before = drag.popup->geometry();
         drag.dragTo(DraggedTile::outside);
         drainEvents();
-        drag.popup->move(100, 600); // it comes back to its own place
+        drag.popup->move(100, 600); // it returns to its own place
         const ShowCount restored(drag.tiles.at(0));
         const ShowCount flickered(drag.tiles.at(1));
         drag.dragTo(drag.popup->geometry().center());
@@ -233,7 +233,7 @@ private slots:
     {
         DraggedTile drag;
         drag.dragTo(DraggedTile::outside);
-        drag.popup->dragDialog = nullptr; // is not asked for
+        drag.popup->dragDialog = nullptr; // does not matter
         drag.tiles.first()->show();
         drag.disturb();
         drag.dragAway();

@@ -9,7 +9,7 @@
 
 namespace {
 
-//! An open popup with its help icon, or what is left of it.
+//! An open popup and its help icon.
 struct PopupWithHelp
 {
     PopupWithHelp() : browser(2)
@@ -18,7 +18,7 @@ struct PopupWithHelp
         popup = browser.openPopup();
         label = popup->findChild<HelpLabel *>();
     }
-    //! A press alone: what it calls may delete the label, and there would be nobody to take the release.
+    //! A press without a release, since what it calls may delete the label.
     void press(Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers modifiers = {}) const
     {
         QMouseEvent event(QEvent::MouseButtonPress, QPointF(5, 5), button, button, modifiers);
@@ -74,7 +74,7 @@ private slots:
         PopupWithHelp open;
         QMouseEvent release(QEvent::MouseButtonRelease, QPointF(5, 5), Qt::LeftButton, Qt::NoButton,
                             Qt::NoModifier);
-        QCoreApplication::sendEvent(open.label, &release); // which means nothing
+        QCoreApplication::sendEvent(open.label, &release); // which does nothing
         QCOMPARE(open.browser.host.commandsRun, QStringList());
 
         bool wasVisible = false;

@@ -8,7 +8,7 @@
 
 #include <functional>
 
-//! How drawings are opened; the popup may be gone afterwards.
+//! How drawings are opened; the popup may be deleted by it.
 using WayToOpen = std::function<void(OpenGrid &)>;
 Q_DECLARE_METATYPE(WayToOpen)
 
@@ -22,7 +22,7 @@ void sendDoubleClick(RecentDocDialog *tile)
     QCoreApplication::sendEvent(tile, &event);
 }
 
-//! Lets events run as a progress dialog does.
+//! Processes events as a progress dialog does.
 void runEvents()
 {
     QEventLoop loop;
@@ -33,8 +33,8 @@ void runEvents()
 
 } // namespace
 
-//! Opening every highlighted document at once, and one by a double-click. tst_highlightproperties has which
-//! are opened, in which order.
+//! Opening every highlighted document at once, and one by a double-click. tst_highlightproperties tests which
+//! are opened, and in which order.
 class tst_MultiOpen : public TestCase
 {
     Q_OBJECT
@@ -71,24 +71,24 @@ private slots:
         QFETCH(Indices, opened);
         for (const bool deletes : {true, false}) {
             OpenGrid grid(5);
-            grid.popup->dragDialog = deletes ? grid.tiles.at(1) : nullptr; // which goes with the popup
-            bool wasGone = true;
+            grid.popup->dragDialog = deletes ? grid.tiles.at(1) : nullptr; // which is deleted with the popup
+            bool wasDeleted = true;
             grid.browser.host.onOpen = [&](const QString & /*path*/) {
                 if (deletes)
                     delete grid.popup;
                 else
                     runEvents();
-                wasGone = wasGone && !grid.popup; // while popup or tile was still at work
+                wasDeleted = wasDeleted && !grid.popup; // within a function of the popup or the tile
             };
             open(grid);
-            QVERIFY(wasGone);
+            QVERIFY(wasDeleted);
             QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, opened));
         }
     }
 
-    void withoutADocumentServiceThePopupClosesAllTheSame_data() { rowsOfWays(); }
+    void thePopupClosesWithoutADocumentServiceToo_data() { rowsOfWays(); }
 
-    void withoutADocumentServiceThePopupClosesAllTheSame()
+    void thePopupClosesWithoutADocumentServiceToo()
     {
         QFETCH(WayToOpen, open);
         for (const auto lacking : {&FakeHost::hasServices, &FakeHost::hasDocumentManager}) {
@@ -101,7 +101,7 @@ private slots:
         }
     }
 
-    void everyPathIsTriedThoughAPopupIsOpenedAnew()
+    void everyPathIsTriedWhenAnotherPopupIsOpened()
     {
         for (const auto &[menuIsRebuilt, eventsRun] : {std::pair(false, false), std::pair(true, false),
                                                        std::pair(false, true), std::pair(true, true)}) {
@@ -109,15 +109,15 @@ private slots:
             grid.highlight({1, 2, 4});
             const QStringList expected = pathsAt(grid, {1, 2, 4});
             QCursor::setPos(grid.popup->geometry().center()); // else losing the focus would close the new one
-            QPointer<RecentDocMainWindow> anew;
+            QPointer<RecentDocMainWindow> another;
             grid.browser.host.onOpen = [&, rebuilds = menuIsRebuilt, runs = eventsRun](const QString &path) {
                 if (path != expected.first())
                     return;
-                if (rebuilds) { // as the host's word of a created drawing makes it
+                if (rebuilds) { // as after a drawing has been created
                     grid.browser.host.setRecent({path, grid.browser.path(0)});
                     grid.browser.createDocument();
                 }
-                anew = grid.browser.openPopup();
+                another = grid.browser.openPopup();
                 if (runs)
                     drainEvents();
             };
@@ -125,9 +125,9 @@ private slots:
             QCOMPARE(grid.browser.host.openedPaths(), expected);
             drainEvents();
             QVERIFY(!grid.popup);
-            QVERIFY(anew && anew->isVisible());
+            QVERIFY(another && another->isVisible());
             QCOMPARE(highlightedIn(grid.browser.tiles()), Indices({0}));
-            pressKey(anew, Qt::Key_Right);
+            pressKey(another, Qt::Key_Right);
             QCOMPARE(highlightedIn(grid.browser.tiles()), Indices({1}));
         }
     }

@@ -12,8 +12,8 @@ Q_DECLARE_METATYPE(WhatAHostHas)
 
 namespace {
 
-const QColor titleGround(51, 51, 102);
-const QColor pathGround(0, 0, 94);
+const QColor titleColor(51, 51, 102);
+const QColor pathColor(0, 0, 94);
 const QColor pathText(188, 188, 253);
 
 //! Whether an area of a picture, in pixels, shows a colour at all.
@@ -51,7 +51,7 @@ private slots:
         QVERIFY(popup.inherits("CFxDialog"));
         QCOMPARE(popup.windowModality(), Qt::NonModal);
         QCOMPARE(popup.focusPolicy(), Qt::StrongFocus);
-        QVERIFY(!popup.isVisible()); // whoever makes it shows it
+        QVERIFY(!popup.isVisible()); // the caller shows it
         QVERIFY(popup.acceptDrops());
         QVERIFY(popup.testAttribute(Qt::WA_MouseTracking));
         QVERIFY(popup.testAttribute(Qt::WA_DeleteOnClose));
@@ -89,7 +89,7 @@ private slots:
         QCOMPARE(popup.getColumnPosition(), -1);
     }
 
-    void titleIsStyledToTheLetter()
+    void titleHasItsStyleSheet()
     {
         const UnshownPopup made;
         const QLabel &title = *made.popup->main_label_title;
@@ -122,22 +122,22 @@ private slots:
         QLabel *help = popup.findChild<HelpLabel *>();
         for (const QLabel *label : {popup.main_label_title, popup.main_label_path, help})
             QVERIFY(label->autoFillBackground());
-        compareBrushOfAllGroups(popup.main_label_title->palette(), QPalette::Window, titleGround);
-        compareBrushOfAllGroups(help->palette(), QPalette::Window, titleGround);
-        compareBrushOfAllGroups(popup.main_label_path->palette(), QPalette::Window, pathGround);
+        compareBrushOfAllGroups(popup.main_label_title->palette(), QPalette::Window, titleColor);
+        compareBrushOfAllGroups(help->palette(), QPalette::Window, titleColor);
+        compareBrushOfAllGroups(popup.main_label_path->palette(), QPalette::Window, pathColor);
         compareBrushOfAllGroups(popup.main_label_path->palette(), QPalette::WindowText, pathText);
 
         const QImage picture = grid.popup->grab().toImage();
         const QRect title = popup.main_label_title->geometry();
         const QRect path = popup.main_label_path->geometry();
-        QCOMPARE(title.topLeft(), QPoint(0, 0)); // the header runs to the window's edges
+        QCOMPARE(title.topLeft(), QPoint(0, 0)); // the header extends to the window's edges
         QCOMPARE(help->geometry().right(), popup.rect().right());
         QCOMPARE(path.width(), popup.width());
         for (const QPoint &corner : {title.topLeft(), title.bottomRight(), help->geometry().topRight(),
                                      help->geometry().bottomRight()})
-            QCOMPARE(picture.pixelColor(corner), titleGround);
+            QCOMPARE(picture.pixelColor(corner), titleColor);
         for (const QPoint &corner : {path.topLeft(), path.bottomRight()})
-            QCOMPARE(picture.pixelColor(corner), pathGround);
+            QCOMPARE(picture.pixelColor(corner), pathColor);
         QVERIFY(shows(picture, title, Qt::white));
         QVERIFY(shows(picture, path, pathText));
     }
@@ -182,14 +182,14 @@ private slots:
 
     void aPopupWithoutTilesShowsNoPath()
     {
-        FakeBrowser browser(2); // listed, but the menu that tiles are made from is not there yet
+        FakeBrowser browser(2); // listed, but the menu that tiles are made from does not exist yet
         RecentDocMainWindow popup(&browser.host.mainWindow());
         QVERIFY(browser.tiles().isEmpty());
         QCOMPARE(popup.main_label_path->text(), QString());
         QCOMPARE(popup.popupHeight, 201); // sized for the documents nevertheless
     }
 
-    void withoutARecentListOnlyTheHeaderStands_data()
+    void withoutARecentListOnlyTheHeaderIsShown_data()
     {
         QTest::addColumn<WhatAHostHas>("what");
         QTest::newRow("no services") << &FakeHost::hasServices;
@@ -198,7 +198,7 @@ private slots:
         QTest::newRow("no list") << &FakeHost::hasRecentFileList;
     }
 
-    void withoutARecentListOnlyTheHeaderStands()
+    void withoutARecentListOnlyTheHeaderIsShown()
     {
         QFETCH(WhatAHostHas, what);
         UnshownPopup older(3);
@@ -212,7 +212,7 @@ private slots:
         QCOMPARE(popup.verticalLayout->contentsMargins(), QMargins(11, 11, 11, 11));
         QCOMPARE(RecentDocMainWindow::docPathLabel.data(), popup.main_label_path);
         QVERIFY(popup.findChild<HelpLabel *>());
-        compareBrushOfAllGroups(popup.main_label_title->palette(), QPalette::Window, titleGround);
+        compareBrushOfAllGroups(popup.main_label_title->palette(), QPalette::Window, titleColor);
         QCOMPARE(popup.getColumnPosition(), -1);
         QCOMPARE(older.browser.tiles(), older.tiles); // the former ones stay listed
         QCOMPARE(RecentDocumentBrowser::docPinButtonList.size(), 3);

@@ -10,7 +10,7 @@
 #include <functional>
 #include <memory>
 
-//! Takes the place of the desktop's web browser.
+//! Replaces the desktop's web browser.
 class WebBrowser : public QObject
 {
     Q_OBJECT
@@ -32,7 +32,8 @@ void loseFocus(QWidget *widget)
     QCoreApplication::sendEvent(widget, &event);
 }
 
-//! The older of two popups over the same documents, once the newer is gone: the registry's tiles are.
+//! The older of two popups over the same documents, after the newer one and its tiles in the registry were
+//! deleted.
 struct SurvivingPopup : OpenGrid
 {
     explicit SurvivingPopup(int documents) : OpenGrid(documents)
@@ -52,7 +53,7 @@ struct SurvivingPopup : OpenGrid
 using SurvivorEvent = std::function<void(const SurvivingPopup &)>;
 Q_DECLARE_METATYPE(SurvivorEvent)
 
-//! When the popup closes, what goes with it, and how an older one lives on.
+//! When the popup closes, what is deleted with it, and how an older one continues.
 class tst_PopupLife : public TestCase
 {
     Q_OBJECT
@@ -87,7 +88,7 @@ private slots:
         made.popup->dragDialog = made.tiles.at(0);
         QCursor::setPos(pointer);
         loseFocus(made.popup);
-        QVERIFY(!made.popup->dragDialog); // forgotten in any case
+        QVERIFY(!made.popup->dragDialog); // reset in any case
         QCOMPARE(made.popup->isVisible(), !closes);
         QCOMPARE(finished, closes ? QList<QVariantList>{{int(QDialog::Rejected)}} : QList<QVariantList>());
         drainEvents();
@@ -107,20 +108,20 @@ private slots:
         QTRY_VERIFY(!grid.popup);
     }
 
-    void takesItsTilesAlongButLeavesTheLists()
+    void closingDeletesTheTilesButLeavesTheLists()
     {
         const OpenGrid grid(2);
         const QPointer<RecentDocDialog> tile = grid.tiles.at(0);
         grid.popup->done(0);
         drainEvents();
         QVERIFY(!tile);
-        QCOMPARE(grid.browser.tiles(), grid.tiles); // not to be looked into
+        QCOMPARE(grid.browser.tiles(), grid.tiles); // the pointers are invalid
         QCOMPARE(RecentDocumentBrowser::docPinButtonList.size(), 2);
         QVERIFY(!RecentDocumentBrowser::getHighlightedRecentDoc());
         QVERIFY(RecentDocumentBrowser::getHighlightedRecentDocPathList().isEmpty());
     }
 
-    void goesWithTheMainWindow()
+    void isDeletedWithTheMainWindow()
     {
         const FakeBrowser browser;
         auto mainWindow = std::make_unique<QWidget>();
@@ -130,7 +131,7 @@ private slots:
         QVERIFY(!popup);
     }
 
-    void leavingItWithThePointerKeepsIt()
+    void staysOpenWhenThePointerLeaves()
     {
         const OpenGrid grid(1);
         QCursor::setPos(5, 5);
@@ -153,14 +154,14 @@ private slots:
         QCOMPARE(grid.browser.host.openedPaths(), QStringList());
     }
 
-    void tabMovesNoFocus_data()
+    void tabLeavesTheFocus_data()
     {
         QTest::addColumn<QString>("focused");
         for (const char *name : {"RecentDocMainWindow", "RecentDocDialog", "pinButton", "folderButton"})
             QTest::newRow(name) << name;
     }
 
-    void tabMovesNoFocus()
+    void tabLeavesTheFocus()
     {
         QFETCH(QString, focused);
         const OpenGrid grid(3);
@@ -226,7 +227,7 @@ private slots:
         QCOMPARE(RecentDocumentBrowser::docPinButtonList, pins);
         QCOMPARE(RecentDocMainWindow::docPathLabel.data(), older.popup->main_label_path);
 
-        // From now on it works like an only popup.
+        // From now on it works like a single popup.
         QTest::mouseClick(older.tiles.at(1), Qt::LeftButton);
         QTest::keyClick(older.popup, Qt::Key_Right);
         QCOMPARE(RecentDocumentBrowser::getHighlightedRecentDocPathList(), {older.browser.path(2)});
@@ -247,7 +248,7 @@ private slots:
                 pinned.append(button->isChecked());
             return pinned;
         };
-        RecentDocumentBrowser::docPinButtonList.prepend(nullptr); // which is passed over
+        RecentDocumentBrowser::docPinButtonList.prepend(nullptr); // which is skipped
         for (const QList<bool> &pinned :
              {QList<bool>{false, true, false}, QList<bool>{false, false, false}}) {
             FakeBrowser::button(two.older.tiles.at(1), "pinButton")->click();
@@ -256,7 +257,7 @@ private slots:
         }
     }
 
-    void theNextPopupStartsAfresh()
+    void theNextPopupTakesOverFromASurvivor()
     {
         SurvivingPopup older(3);
         QVERIFY(older.isReady);

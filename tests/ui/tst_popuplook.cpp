@@ -12,14 +12,15 @@
 
 namespace {
 
-QPalette paletteOf(const QColor &ground, const QColor &text)
+QPalette paletteOf(const QColor &background, const QColor &text)
 {
-    QPalette palette(text, ground, ground.lighter(), ground.darker(), Qt::gray, text, text, ground, ground);
+    QPalette palette(text, background, background.lighter(), background.darker(), Qt::gray, text, text,
+                     background, background);
     palette.setColor(QPalette::Highlight, Qt::yellow);
     return palette;
 }
 
-//! Of light, as the web's contrast guidelines (WCAG 2) define it.
+//! As the web's contrast guidelines (WCAG 2) define it.
 double luminance(const QColor &color)
 {
     const auto linear = [](double part) {
@@ -35,20 +36,20 @@ double contrast(const QColor &a, const QColor &b)
     return (qMax(first, second) + 0.05) / (qMin(first, second) + 0.05);
 }
 
-//! The greatest contrast of any pixel of image to its ground.
-double contrastWithin(const QImage &image, const QColor &ground)
+//! The greatest contrast of any pixel of image to its background.
+double contrastWithin(const QImage &image, const QColor &background)
 {
     double greatest = 0;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x)
-            greatest = qMax(greatest, contrast(image.pixelColor(x, y), ground));
+            greatest = qMax(greatest, contrast(image.pixelColor(x, y), background));
     }
     return greatest;
 }
 
 } // namespace
 
-//! Whether what the popup shows can be read on desktops of other colours.
+//! Whether the popup can be read on desktops with other colours.
 class tst_PopupLook : public TestCase
 {
     Q_OBJECT
@@ -62,7 +63,7 @@ private slots:
         TestCase::cleanup();
     }
 
-    void namesAndRingStandOut_data()
+    void namesAndRingHaveContrast_data()
     {
         QTest::addColumn<QPalette>("palette");
         QTest::addColumn<QPalette>("later"); // while the popup is open
@@ -81,7 +82,7 @@ private slots:
         QTest::newRow("an application that styles all labels and dialogs") << light << light << QString();
     }
 
-    void namesAndRingStandOut()
+    void namesAndRingHaveContrast()
     {
         QFETCH(QPalette, palette);
         QFETCH(QPalette, later);
@@ -114,12 +115,13 @@ private slots:
             const QRect place = label->geometry();
             const double found = contrastWithin(image.copy(place), image.pixelColor(place.topRight()));
             QVERIFY2(found >= 4.5, qPrintable(QString::number(found)));
-            QVERIFY(luminance(image.pixelColor(place.topRight())) < 0.1); // the header's own ground
+            QVERIFY(luminance(image.pixelColor(place.topRight())) < 0.1); // the header's own background
         }
         const int middle = highlighted->geometry().center().y();
         const QColor ring = image.pixelColor(highlighted->x() - 2, middle);
-        const QColor ground = image.pixelColor(highlighted->x() - 6, middle);
-        QVERIFY2(contrast(ring, ground) >= 2.5, qPrintable(ring.name() + QLatin1Char(' ') + ground.name()));
+        const QColor background = image.pixelColor(highlighted->x() - 6, middle);
+        QVERIFY2(contrast(ring, background) >= 2.5,
+                 qPrintable(ring.name() + QLatin1Char(' ') + background.name()));
     }
 
 private:

@@ -17,7 +17,7 @@ struct FreshTile
         tile = new RecentDocDialog(&popup, menuPin, path, picture, false);
     }
 
-    FakeBrowser browser; // its end empties the lists that tiles enter themselves in
+    FakeBrowser browser; // its destructor clears the lists that tiles add themselves to
     QWidget menu;
     QDialog popup;
     QString path;
@@ -44,7 +44,7 @@ class tst_Tile : public TestCase
     Q_OBJECT
 
 private slots:
-    void isAChildOfThePopupAndNoWindow()
+    void isAChildOfThePopupAndNotAWindow()
     {
         const FreshTile fresh;
         const RecentDocDialog &tile = *fresh.tile;
@@ -92,10 +92,10 @@ private slots:
         QVERIFY(QCoreApplication::installTranslator(&translator));
         const FreshTile fresh;
         QCOMPARE(fresh.tile->windowTitle(), QStringLiteral("RecentDocDialog/RecentDocDialog"));
-        QCOMPARE(fresh.tile->title_label->text(), QStringLiteral("gear.dwg")); // names are not
+        QCOMPARE(fresh.tile->title_label->text(), QStringLiteral("gear.dwg")); // not translated
     }
 
-    void restsInItsStyleSheetToTheLetter()
+    void hasItsStyleSheet()
     {
         const FreshTile fresh;
         QCOMPARE(fresh.tile->styleSheet(),
@@ -107,7 +107,7 @@ private slots:
                                 "                                  }"));
     }
 
-    void longNamesAreCutAndPathsKept_data()
+    void longNamesAreCutButNotPaths_data()
     {
         QTest::addColumn<QString>("path");
         QTest::addColumn<QString>("shown");
@@ -122,14 +122,14 @@ private slots:
         row("umlauts count once", "/a/äöüäöüäöüäöü.dwg", "äöüäöüäöüäöü.dwg");
         row("no folder", "gear.dwg", "gear.dwg");
         row("no path", "", "");
-        row("no markup", "/a/<b>x.dwg", "<b>x.dwg");
+        row("markup is plain text", "/a/<b>x.dwg", "<b>x.dwg");
         row("doubled slashes and dots", "/a//b/../gear.dwg", "gear.dwg");
         row("backslashes", "C:\\a\\b.dwg", "C:\\a\\b.dwg");
         row("blanks around", " /a/gear.dwg ", "gear.dwg ");
         row("beyond the first plane", "/a/\xF0\x9F\x93\x90.dwg", "\xF0\x9F\x93\x90.dwg");
     }
 
-    void longNamesAreCutAndPathsKept()
+    void longNamesAreCutButNotPaths()
     {
         QFETCH(QString, path);
         QFETCH(QString, shown);
@@ -144,7 +144,7 @@ private slots:
         FreshTile fresh;
         const QLabel &picture = *fresh.tile->image_label;
         const QImage before = fresh.picture.copy();
-        fresh.picture.fill(Qt::black); // it has a copy
+        fresh.picture.fill(Qt::black); // the tile has a copy
         QVERIFY(picture.hasScaledContents());
         QCOMPARE(shownIn(picture), QPixmap::fromImage(before).toImage());
         QCOMPARE(picture.styleSheet(), QStringLiteral("QLabel {"
@@ -170,7 +170,7 @@ private slots:
         QCOMPARE(painted.pixelColor(0, painted.height() / 2), QColor(QStringLiteral("#C0C0C0"))); // its frame
     }
 
-    void typeIconStandsInTheCorner()
+    void typeIconIsInTheCorner()
     {
         const FreshTile fresh;
         const QLabel *icon = typeIcon(*fresh.tile);
@@ -179,13 +179,12 @@ private slots:
         QCOMPARE(icon->geometry().bottomRight(), fresh.tile->rect().bottomRight());
         const QImage stored(QStringLiteral(":/Images/Resources/VELA_DWG.png"));
         QVERIFY(!stored.isNull());
-        QCOMPARE(shownIn(*icon).size(),
-                 stored.size()); // an icon is never enlarged to the 21 pixels that it is asked for
+        QCOMPARE(shownIn(*icon).size(), stored.size()); // and not the 21 pixels that are asked for
         constexpr QImage::Format painted = QImage::Format_ARGB32_Premultiplied; // what a pixmap keeps
         QCOMPARE(shownIn(*icon).convertToFormat(painted), stored.convertToFormat(painted));
     }
 
-    void partsStandInTheirPlaces()
+    void partsAreInTheirPlaces()
     {
         const OpenGrid grid(1);
         drainEvents(); // layouts have run
@@ -205,7 +204,7 @@ private slots:
         QCOMPARE(typeIcon(tile)->geometry(), QRect(140, 110, 21, 21));
     }
 
-    void pinTakesOverTheMenusStateOnce()
+    void pinCopiesTheMenusStateOnce()
     {
         for (const bool pinned : {true, false}) {
             const FreshTile fresh(QStringLiteral("/a/gear.dwg"), pinned);
@@ -223,7 +222,7 @@ private slots:
         tile->close();
         drainEvents();
         QVERIFY(!tile);
-        QCOMPARE(grid.browser.tiles().size(), 2); // the second not to be looked at any more
+        QCOMPARE(grid.browser.tiles().size(), 2); // the second pointer is invalid
         QCOMPARE(RecentDocumentBrowser::docPinButtonList.size(), 2);
     }
 };

@@ -2,8 +2,8 @@
 #include "tests/support/FocusReasons.h"
 #include "tests/ui/OpenGrid.h"
 
-//! What clicks on tiles do to the highlight, by examples that explain it; tst_highlightproperties has all the
-//! others. And what else they do.
+//! What clicks on tiles do to the highlight, by examples (tst_highlightproperties tests the rules), and to
+//! the focus.
 class tst_TileSelection : public TestCase
 {
     Q_OBJECT
@@ -73,12 +73,12 @@ private slots:
         QVERIFY(waitForActive(grid.popup));
         grid.tiles.at(1)->setFocus();
         QCOMPARE(QApplication::focusWidget(), grid.tiles.at(1));
-        grid.tiles.at(clicked)->setFocusPolicy(Qt::StrongFocus); // as the pointer leaves it: Qt focuses it
+        grid.tiles.at(clicked)->setFocusPolicy(Qt::StrongFocus); // as after the pointer was on it
         const FocusReasons focus(*grid.popup);
         QTest::mousePress(grid.tiles.at(clicked), Qt::MouseButton(button));
         QCOMPARE(QApplication::focusWidget(), grid.popup.data());
         QCOMPARE(focus.reasons, QList<Qt::FocusReason>{Qt::OtherFocusReason});
-        QCOMPARE(grid.popup->dragDialog.data(), grid.tiles.at(clicked)); // the press reaches it too
+        QCOMPARE(grid.popup->dragDialog.data(), grid.tiles.at(clicked)); // the popup receives the press too
     }
 
     void releaseGivesTheFocusToThePopupOnlyWhenItSelects()
@@ -111,7 +111,7 @@ private slots:
         const QPointer<QGraphicsEffect> second = grid.tiles.at(2)->graphicsEffect();
         QCOMPARE(second->property("offset").toPointF(), QPointF(2.5, 2.5));
         QVERIFY(!grid.tiles.at(1)->graphicsEffect());
-        QCOMPARE(grid.tiles.at(0)->graphicsEffect(), first.data()); // stays, in the tile's resting colour
+        QCOMPARE(grid.tiles.at(0)->graphicsEffect(), first.data()); // is kept, in the tile's resting colour
         QCOMPARE(first->property("color").value<QColor>(), QColor(248, 248, 248, 255));
 
         QTest::mousePress(grid.tiles.at(0), Qt::LeftButton, Qt::ControlModifier);
@@ -119,7 +119,7 @@ private slots:
         QTest::mousePress(grid.tiles.at(2), Qt::LeftButton);
         QVERIFY(second); // a press on a selected tile leaves it alone,
         QTest::mouseRelease(grid.tiles.at(2), Qt::LeftButton);
-        QVERIFY(!second); // and the release selects it anew
+        QVERIFY(!second); // and the release selects it again
         QCOMPARE(grid.highlighted(), Indices({2}));
     }
 };

@@ -21,7 +21,7 @@ QString nameOf(const CFxUICommand *command)
     return command ? QString(command->GetIdentifier()) : "nothing";
 }
 
-//! Walks the groups; says when it steps and when it ends.
+//! Enumerates the groups; records each step and the release.
 class FakeEnumerator : public CFxUIGroupEnumerator
 {
 public:

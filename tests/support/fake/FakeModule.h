@@ -5,17 +5,17 @@
 #include "tests/support/fake/FakeHost.h"
 
 //! The module object in a fake host, for tests of what the host's calls do: nothing has been called on it but
-//! its constructor. It ends as the host ends it, and leaves the registry empty.
+//! its constructor. It is deleted as the host deletes it, and leaves the registry empty.
 struct FakeModule
 {
     FakeModule() = default;
     ~FakeModule() { end(); }
     Q_DISABLE_COPY(FakeModule)
 
-    //! Deletes the module object before its time.
+    //! Deletes the module object early.
     void end();
 
-    // What the host's lists hold of it.
+    // As the host's lists contain it.
     CFxEditorReactor &editorReactor() const { return *module; }
     CFxDocumentManagerReactor &documentReactor() const { return *module; }
 

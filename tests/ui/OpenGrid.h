@@ -43,20 +43,44 @@ inline void sendPlain(QWidget *widget, QEvent::Type type)
     QCoreApplication::sendEvent(widget, &event);
 }
 
+//! Records which objects get events of a type, once for each event.
+class ReceiversOf : public QObject
+{
+public:
+    explicit ReceiversOf(QEvent::Type type) : m_type(type) {}
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == m_type)
+            receivers.append(watched);
+        return false;
+    }
+    QList<QObject *> receivers;
+
+private:
+    QEvent::Type m_type;
+};
+
 //! A popup as its constructor leaves it.
 struct UnshownPopup
 {
     explicit UnshownPopup(int documents = 0, const QRect &frame = QRect(0, 0, 1300, 800)) : browser(documents)
     {
         browser.host.mainWindow().setGeometry(frame);
-        browser.createDocument();
-        popup = new RecentDocMainWindow(&browser.host.mainWindow());
-        tiles = browser.tiles();
+        create();
     }
+    explicit UnshownPopup(const QStringList &names) : browser(names) { create(); }
 
     FakeBrowser browser;
     QPointer<RecentDocMainWindow> popup;
     QList<RecentDocDialog *> tiles;
+
+private:
+    void create()
+    {
+        browser.createDocument();
+        popup = new RecentDocMainWindow(&browser.host.mainWindow());
+        tiles = browser.tiles();
+    }
 };
 
 //! An open popup over a fake host, whose highlight tests can set.
@@ -97,6 +121,13 @@ struct OpenGrid
     QString line() const { return popup->main_label_path->text(); }
     static QString asItWas() { return QStringLiteral("as it was"); }
 
+    QStringList pathsAt(const Indices &indices) const
+    {
+        QStringList paths;
+        for (const int index : indices)
+            paths.append(browser.path(index));
+        return paths;
+    }
     bool press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
     {
         return pressKey(popup, key, modifiers);

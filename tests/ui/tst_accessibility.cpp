@@ -84,7 +84,7 @@ private slots:
 
     void popupIsAListOfDrawings()
     {
-        MousedPopup scene({QStringLiteral("a name of many letters.dwg"), QStringLiteral("roof.dwg")});
+        MousedPopup scene(QStringList({"a name of many letters.dwg", "roof.dwg"}));
         QVERIFY(waitForActive(scene.popup));
         scene.popup->setFocus();
         FakeBrowser::button(scene.tiles.at(1), "pinButton")->setChecked(true);

@@ -146,9 +146,8 @@ private slots:
     void plateIsRoundedInProportion_data()
     {
         QTest::addColumn<int>("ratio");
-        QTest::newRow("one pixel") << 1;
-        QTest::newRow("two pixels") << 2;
-        QTest::newRow("three pixels") << 3;
+        for (const int ratio : {1, 2, 3})
+            QTest::addRow("ratio %d", ratio) << ratio;
     }
 
     void plateIsRoundedInProportion()

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/Property.h"
 #include "tests/ui/HighlightModel.h"
-#include "tests/ui/Keys.h"
 #include "tests/ui/OpenGrid.h"
 
 #include <QApplication>
@@ -34,12 +33,19 @@ struct HighlightStep
     bool isKey() const { return kind == KeyOnPopup || kind == KeyOnTile; }
     std::string inWords(int tileCount) const
     {
-        const char *const kinds[] = {"", "", "press", "release", "click", "toggle"};
-        std::string words = nameOf(isKey() ? key : 0, modifiers).toStdString() + kinds[kind];
-        if (!isKey() && kind != Toggle)
-            words += " of button " + std::to_string(button);
-        return kind == KeyOnPopup ? words
-                                  : words + " on tile " + std::to_string(tile % std::max(tileCount, 1));
+        const char *const kinds[] = {"key", "key", "press", "release", "click", "toggle"};
+        QString words;
+        QDebug text(&words);
+        text << kinds[kind];
+        if (kind != Toggle)
+            text << modifiers;
+        if (isKey())
+            text << Qt::Key(key);
+        else if (kind != Toggle)
+            text << "button" << int(button);
+        if (kind != KeyOnPopup)
+            text << "on tile" << tile % std::max(tileCount, 1);
+        return words.toStdString();
     }
 };
 
@@ -120,7 +126,10 @@ std::vector<Qt::KeyboardModifiers> triedModifiers()
     std::vector<Qt::KeyboardModifiers> all(8, Qt::NoModifier);
     all.insert(all.end(), 12, Qt::ShiftModifier);
     all.insert(all.end(), 6, Qt::ControlModifier);
-    all.insert(all.end(), others.begin(), others.end());
+    all.insert(all.end(), {Qt::NoModifier, Qt::AltModifier, Qt::MetaModifier, Qt::KeypadModifier,
+                           Qt::GroupSwitchModifier, Qt::ShiftModifier | Qt::ControlModifier,
+                           Qt::ShiftModifier | Qt::KeypadModifier, Qt::ControlModifier | Qt::KeypadModifier,
+                           Qt::ShiftModifier | Qt::AltModifier, Qt::ControlModifier | Qt::AltModifier});
     return all;
 }
 

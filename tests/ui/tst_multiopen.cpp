@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "state/FolderPinButton.h"
 #include "tests/ui/OpenGrid.h"
 
-#include <QEventLoop>
 #include <QMouseEvent>
-#include <QTimer>
 
 #include <functional>
 
@@ -22,15 +19,6 @@ void sendDoubleClick(RecentDocDialog *tile)
     QCoreApplication::sendEvent(tile, &event);
 }
 
-//! Processes events as a progress dialog does.
-void runEvents()
-{
-    QEventLoop loop;
-    QTimer::singleShot(0, &loop, &QEventLoop::quit);
-    loop.exec();
-    drainEvents();
-}
-
 } // namespace
 
 //! Opening every highlighted document at once, and one by a double-click. tst_highlightproperties tests which
@@ -40,7 +28,17 @@ class tst_MultiOpen : public TestCase
     Q_OBJECT
 
 private slots:
-    void thePopupClosesFirst_data() { rowsOfWays(); }
+    void thePopupClosesFirst_data()
+    {
+        QTest::addColumn<WayToOpen>("open");
+        QTest::addColumn<Indices>("opened");
+        QTest::newRow("Enter") << WayToOpen([](OpenGrid &grid) {
+            grid.highlight({4, 2, 1});
+            grid.press(Qt::Key_Return);
+        }) << Indices{1, 2, 4};
+        QTest::newRow("double-click")
+            << WayToOpen([](OpenGrid &grid) { sendDoubleClick(grid.tiles.at(4)); }) << Indices{4};
+    }
 
     void thePopupClosesFirst()
     {
@@ -53,52 +51,14 @@ private slots:
             QCOMPARE(finished.count(), 1);
         };
         open(grid);
-        QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, opened));
+        QCOMPARE(grid.browser.host.openedPaths(), grid.pathsAt(opened));
         for (const FakeHost::OpenCall &call : grid.browser.host.opened)
             QVERIFY(call.mode == 0 && call.flags == 0 && call.resultWasEmpty);
         QCOMPARE(finished, QList<QVariantList>{{0}});
         QVERIFY(grid.popup); // deleted later
         drainEvents();
         QVERIFY(!grid.popup);
-        QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, opened));
-    }
-
-    void everyPathIsTriedWhateverTheHostDoes_data() { rowsOfWays(); }
-
-    void everyPathIsTriedWhateverTheHostDoes()
-    {
-        QFETCH(WayToOpen, open);
-        QFETCH(Indices, opened);
-        for (const bool deletes : {true, false}) {
-            OpenGrid grid(5);
-            grid.popup->dragDialog = deletes ? grid.tiles.at(1) : nullptr; // which is deleted with the popup
-            bool wasDeleted = true;
-            grid.browser.host.onOpen = [&](const QString & /*path*/) {
-                if (deletes)
-                    delete grid.popup;
-                else
-                    runEvents();
-                wasDeleted = wasDeleted && !grid.popup; // within a function of the popup or the tile
-            };
-            open(grid);
-            QVERIFY(wasDeleted);
-            QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, opened));
-        }
-    }
-
-    void thePopupClosesWithoutADocumentServiceToo_data() { rowsOfWays(); }
-
-    void thePopupClosesWithoutADocumentServiceToo()
-    {
-        QFETCH(WayToOpen, open);
-        for (const auto lacking : {&FakeHost::hasServices, &FakeHost::hasDocumentManager}) {
-            OpenGrid grid(5);
-            grid.browser.host.*lacking = false;
-            open(grid);
-            drainEvents();
-            QVERIFY(!grid.popup);
-            QCOMPARE(grid.browser.host.openedPaths(), QStringList());
-        }
+        QCOMPARE(grid.browser.host.openedPaths(), grid.pathsAt(opened));
     }
 
     void everyPathIsTriedWhenAnotherPopupIsOpened()
@@ -107,7 +67,7 @@ private slots:
                                                        std::pair(false, true), std::pair(true, true)}) {
             OpenGrid grid(5);
             grid.highlight({1, 2, 4});
-            const QStringList expected = pathsAt(grid, {1, 2, 4});
+            const QStringList expected = grid.pathsAt({1, 2, 4});
             QCursor::setPos(grid.popup->geometry().center()); // else losing the focus would close the new one
             QPointer<RecentDocMainWindow> another;
             grid.browser.host.onOpen = [&, rebuilds = menuIsRebuilt, runs = eventsRun](const QString &path) {
@@ -132,38 +92,12 @@ private slots:
         }
     }
 
-    void displayOrderIsPinnedFirst()
-    {
-        OpenGrid grid(4);
-        FakeBrowser::button(grid.tiles.at(2), "pinButton")->click();
-        grid.popup->done(0);
-        drainEvents();
-        RecentDocMainWindow *popup = grid.browser.openPopup();
-        const QList<RecentDocDialog *> tiles = grid.browser.tiles();
-        for (RecentDocDialog *tile : tiles)
-            tile->highlight();
-        popup->multiDocumentOpen();
-        QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, {2, 0, 1, 3}));
-    }
-
     void oneDocumentListedTwiceIsOpenedTwice()
     {
         OpenGrid grid(3, {0, 1, 2, 0});
         grid.highlight({0, 1, 3});
         grid.popup->multiDocumentOpen();
-        QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, {0, 1, 0}));
-    }
-
-    void nothingHighlightedLeavesThePopupOpen()
-    {
-        OpenGrid grid(5);
-        grid.highlight({});
-        const QSignalSpy finished(grid.popup, &QDialog::finished);
-        grid.popup->multiDocumentOpen();
-        drainEvents();
-        QVERIFY(grid.popup && grid.popup->isVisible());
-        QCOMPARE(finished.count(), 0);
-        QCOMPARE(grid.browser.host.openedPaths(), QStringList());
+        QCOMPARE(grid.browser.host.openedPaths(), grid.pathsAt({0, 1, 0}));
     }
 
     void emptyPathsAreSkipped()
@@ -211,30 +145,9 @@ private slots:
     {
         const OpenGrid grid(3);
         grid.tiles.at(1)->OpenDocument();
-        QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, {1}));
+        QCOMPARE(grid.browser.host.openedPaths(), grid.pathsAt({1}));
         drainEvents();
         QVERIFY(grid.popup && grid.popup->isVisible());
-    }
-
-private:
-    //! One row for Enter, with the drawings 1, 2 and 4 highlighted, one for a double-click on 4.
-    static void rowsOfWays()
-    {
-        QTest::addColumn<WayToOpen>("open");
-        QTest::addColumn<Indices>("opened");
-        QTest::newRow("Enter") << WayToOpen([](OpenGrid &grid) {
-            grid.highlight({4, 2, 1});
-            grid.press(Qt::Key_Return);
-        }) << Indices{1, 2, 4};
-        QTest::newRow("double-click")
-            << WayToOpen([](OpenGrid &grid) { sendDoubleClick(grid.tiles.at(4)); }) << Indices{4};
-    }
-    static QStringList pathsAt(const OpenGrid &grid, const Indices &indices)
-    {
-        QStringList paths;
-        for (const int index : indices)
-            paths.append(grid.browser.path(index));
-        return paths;
     }
 };
 

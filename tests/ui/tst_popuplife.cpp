@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "state/FolderPinButton.h"
 #include "tests/ui/OpenGrid.h"
+#include "ui/HelpLabel.h"
 
 #include <QDesktopServices>
-#include <QDropEvent>
-#include <QMimeData>
 #include <QUrl>
 
 #include <functional>
@@ -48,12 +47,24 @@ struct SurvivingPopup : OpenGrid
     bool isReady = false;
 };
 
+//! An open popup and its help icon.
+struct PopupWithHelp : UnshownPopup
+{
+    PopupWithHelp() : UnshownPopup(2) { popup->show(); }
+    //! A press without a release, since what it calls may delete the label.
+    void press(Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        QTest::mousePress(label, button, modifiers);
+    }
+    QPointer<HelpLabel> label = popup->findChild<HelpLabel *>();
+};
+
 } // namespace
 
 using SurvivorEvent = std::function<void(const SurvivingPopup &)>;
 Q_DECLARE_METATYPE(SurvivorEvent)
 
-//! When the popup closes, what is deleted with it, and how an older one continues.
+//! When the popup closes, by its help icon too, what is deleted with it, and how an older one continues.
 class tst_PopupLife : public TestCase
 {
     Q_OBJECT
@@ -138,20 +149,6 @@ private slots:
         sendPlain(grid.popup, QEvent::Leave);
         drainEvents();
         QVERIFY(grid.popup && grid.popup->isVisible());
-    }
-
-    void takesNothingThatIsDroppedOnIt()
-    {
-        const OpenGrid grid(1);
-        QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(grid.browser.path(0))});
-        QDropEvent drop(QPointF(20, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        static_cast<QObject *>(grid.popup)
-            ->event(&drop); // the application would ask for the drag that it ends
-        drainEvents();
-        QVERIFY(!drop.isAccepted());
-        QVERIFY(grid.popup->isVisible());
-        QCOMPARE(grid.browser.host.openedPaths(), QStringList());
     }
 
     void tabLeavesTheFocus_data()
@@ -266,6 +263,94 @@ private slots:
         QCOMPARE(older.browser.tiles(), third->findChildren<RecentDocDialog *>());
         QCOMPARE(RecentDocumentBrowser::getHighlightedRecentDoc(), older.browser.tiles().at(0));
         QCOMPARE(RecentDocumentBrowser::docPinButtonList.size(), 3);
+    }
+
+    void helpIconIsAPlainLabel()
+    {
+        QWidget window;
+        const HelpLabel label(&window);
+        QCOMPARE(label.parentWidget(), &window);
+        QCOMPARE(label.objectName(), QStringLiteral("help_label"));
+        QCOMPARE(label.sizePolicy(), QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred));
+        QCOMPARE(label.frameShadow(), QFrame::Plain);
+        QCOMPARE(label.lineWidth(), 0);
+        QVERIFY(label.autoFillBackground());
+
+        const QMetaObject &meta = HelpLabel::staticMetaObject;
+        QCOMPARE(meta.className(), "HelpLabel");
+        QCOMPARE(meta.superClass(), &QLabel::staticMetaObject);
+        QCOMPARE(meta.methodCount(), meta.methodOffset());
+        QCOMPARE(meta.propertyCount(), meta.propertyOffset());
+    }
+
+    void anyButtonOnTheHelpIconRunsTheHelpAndCloses_data()
+    {
+        QTest::addColumn<int>("button");
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::newRow("left") << int(Qt::LeftButton) << Qt::KeyboardModifiers();
+        QTest::newRow("right") << int(Qt::RightButton) << Qt::KeyboardModifiers();
+        QTest::newRow("middle") << int(Qt::MiddleButton) << Qt::KeyboardModifiers();
+        QTest::newRow("left with Control")
+            << int(Qt::LeftButton) << Qt::KeyboardModifiers(Qt::ControlModifier);
+    }
+
+    void anyButtonOnTheHelpIconRunsTheHelpAndCloses()
+    {
+        QFETCH(int, button);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        PopupWithHelp open;
+        QTest::mouseRelease(open.label, Qt::LeftButton); // which does nothing
+        QCOMPARE(open.browser.host.commandsRun, QStringList());
+
+        bool wasVisible = false;
+        open.browser.host.onRunCommand = [&](const QString & /*name*/) {
+            wasVisible = open.popup->isVisible();
+        };
+        int heldAtTheEnd = -1;
+        connect(open.popup, &QDialog::finished, this,
+                [&] { heldAtTheEnd = open.browser.host.openReferences; });
+        open.press(Qt::MouseButton(button), modifiers);
+        QVERIFY(wasVisible); // while the command ran
+        QCOMPARE(heldAtTheEnd, 0);
+        QCOMPARE(open.browser.host.commandsRun, QStringList(QStringLiteral("_RHELP")));
+        QCOMPARE(open.browser.host.calls.filter(QStringLiteral("run ")), // nothing follows the name
+                 QStringList({"run _RHELP", "run taken", "run released"}));
+        QVERIFY(!open.popup->isVisible());
+        drainEvents();
+        QVERIFY(!open.popup); // deletes itself
+        QCOMPARE(open.browser.host.openedPaths(), QStringList());
+    }
+
+    void helpIconClosesWhateverTheHostLacks()
+    {
+        for (const bool hasServices : {false, true}) {
+            PopupWithHelp open;
+            open.browser.host.hasServices = hasServices;
+            open.browser.host.runCommandGivesHandle = false;
+            open.press();
+            QCOMPARE(open.browser.host.commandsRun.size(), hasServices ? 1 : 0);
+            QVERIFY(!open.popup->isVisible());
+        }
+    }
+
+    void helpCommandMayDeleteThePopup()
+    {
+        PopupWithHelp open;
+        open.browser.host.onRunCommand = [&](const QString & /*name*/) { delete open.popup; };
+        open.press();
+        QVERIFY(!open.label);
+        QCOMPARE(open.browser.host.openReferences, 0);
+    }
+
+    void helpIconClosesAnyParent()
+    {
+        const FakeBrowser browser;
+        QWidget window;
+        HelpLabel label(&window);
+        window.show();
+        QTest::mousePress(&label, Qt::LeftButton);
+        QVERIFY(!window.isVisible());
+        QCOMPARE(browser.host.commandsRun.size(), 1);
     }
 };
 

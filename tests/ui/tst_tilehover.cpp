@@ -84,6 +84,7 @@ private slots:
                                 "                         border-color: #C0C0C0"
                                 "                                  }"));
         QCOMPARE(backgroundOf(tile), QColor(240, 240, 240));
+        QCOMPARE(grid.popup->main_label_path->textFormat(), Qt::PlainText);
 
         sendPlain(tile, QEvent::Leave);
         QCOMPARE(tile->styleSheet(), resting);
@@ -191,15 +192,6 @@ private slots:
         const QString cut = in.shown(path, width);
         QApplication::setFont(usual);
         QCOMPARE(cut, path.leftJustified(100, QLatin1Char('.')));
-    }
-
-    void thePathLineIsNoMarkup()
-    {
-        const OpenGrid grid(1);
-        const QString path = QStringLiteral("/<b>drawings/gear.dwg");
-        grid.tiles.at(0)->setMainWindowDocPathLabel(path);
-        QCOMPARE(grid.line(), path);
-        QCOMPARE(grid.popup->main_label_path->textFormat(), Qt::PlainText);
     }
 
     void withoutAPathLineNothingIsWritten()

@@ -100,12 +100,6 @@ QSet<QRgb> opaqueColours(const QImage &image)
     return {pixels.begin(), pixels.end()};
 }
 
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 //! The rectangle around the pixels that are opaque and darker than mid-grey.
 QRect darkPart(const QImage &image)
 {
@@ -189,7 +183,9 @@ private slots:
         QFETCH(QString, path);
         QFETCH(int, side);
         QCOMPARE(QPixmap(path).size(), QSize(side, side));
-        const QByteArray hidden = contentOf(path);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray hidden = file.readAll();
         QXmlStreamReader xml(hidden);
         QVERIFY(xml.readNextStartElement());
         QCOMPARE(xml.name().toString(), QStringLiteral("svg"));
@@ -220,13 +216,6 @@ private slots:
         // The question marks in SVG have their one colour and nothing else, see below.
         if (!path.contains(QLatin1String("help_32x")))
             QVERIFY(opaqueColours(rendered(path)).size() > 1);
-    }
-
-    void iconsAreNotEnlarged()
-    {
-        QIcon icon;
-        icon.addFile(pathOf(QStringLiteral("VELA_DWG.png")), QSize(21, 21));
-        QCOMPARE(icon.pixmap(21, 21).size(), QSize(16, 16));
     }
 
     void questionMarksAreOfOneColour_data() { addPictures("help_32x"); }

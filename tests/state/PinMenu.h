@@ -30,15 +30,6 @@ inline QStringList pathsOf(const QList<FolderPinButton *> &buttons)
     return paths;
 }
 
-//! The texts of the listed actions themselves.
-inline QStringList ownTexts(const QList<QAction *> &actions)
-{
-    QStringList texts;
-    for (const QAction *action : actions)
-        texts.append(action->text());
-    return texts;
-}
-
 inline void updatePins()
 {
     QString unused;
@@ -49,10 +40,10 @@ inline void updatePins()
 //! two separators. Documents may have any path: nothing opens them.
 struct PinMenu : FakeModule
 {
-    explicit PinMenu(const QStringList &paths, bool beforeQuit = true)
+    explicit PinMenu(const QStringList &paths)
     {
         host.setRecent(paths);
-        RecentDocumentBrowser::AddRecentFiles(&menu, beforeQuit ? quit : nullptr);
+        RecentDocumentBrowser::AddRecentFiles(&menu, quit);
         buttons = RecentDocumentBrowser::menuPinButtonList;
         entries = RecentDocumentBrowser::recentDocActionList;
     }

@@ -247,11 +247,6 @@ void FakeHost::deleteMainWindow()
     m_mainWindow.reset();
 }
 
-void FakeHost::setRecent(const QStringList &paths)
-{
-    m_recent.assign(paths.begin(), paths.end());
-}
-
 int FakeHost::previewsCreated() const
 {
     return previewsCreatedSoFar;

@@ -44,7 +44,7 @@ public:
     ~FakeHost();
 
     //! The recent documents, most recent first.
-    void setRecent(const QStringList &paths);
+    void setRecent(const QStringList &paths) { m_recent.assign(paths.begin(), paths.end()); }
 
     // What the host lacks.
     bool hasServices = true;

@@ -347,7 +347,8 @@ private:
     void compare(const std::string &after) const
     {
         QStringList due;
-        for (const int tile : m_model.opened())
+        const QList<int> opened = m_model.opened();
+        for (const int tile : opened)
             due.append(m_real.paths().at(tile));
         if (m_real.isOpen() == m_model.isClosed() || m_real.opened() != due) {
             RC_FAIL("after " + after + (m_real.isOpen() ? ": open, " : ": closed, ") +

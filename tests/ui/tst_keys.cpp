@@ -70,7 +70,8 @@ private slots:
         for (const auto &step : qAsConst(steps)) {
             QVERIFY(pressNamed(grid, step.first)); // accepted, with or without an effect
             QStringList highlighted;
-            for (const int index : grid.highlighted())
+            const Indices indices = grid.highlighted();
+            for (const int index : indices)
                 highlighted.append(QString::number(index));
             QString shown;
             for (int i = 0; i < 10; ++i) {

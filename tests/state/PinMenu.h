@@ -30,15 +30,6 @@ inline QStringList pathsOf(const QList<FolderPinButton *> &buttons)
     return paths;
 }
 
-//! The own texts of the listed actions.
-inline QStringList ownTexts(const QList<QAction *> &actions)
-{
-    QStringList texts;
-    for (const QAction *action : actions)
-        texts.append(action->text());
-    return texts;
-}
-
 inline void updatePins()
 {
     QString unused;
@@ -49,10 +40,10 @@ inline void updatePins()
 //! two separators. Documents may have any path: nothing opens them.
 struct PinMenu : FakeModule
 {
-    explicit PinMenu(const QStringList &paths, bool inFrontOfQuit = true)
+    explicit PinMenu(const QStringList &paths)
     {
         host.setRecent(paths);
-        RecentDocumentBrowser::AddRecentFiles(&menu, inFrontOfQuit ? quit : nullptr);
+        RecentDocumentBrowser::AddRecentFiles(&menu, quit);
         buttons = RecentDocumentBrowser::menuPinButtonList;
         entries = RecentDocumentBrowser::recentDocActionList;
     }

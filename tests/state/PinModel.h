@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <vector>
 
-//! The rules by which pinned documents come first, told a second time: plain values, no widgets, and nothing
-//! of the module's. What the module does is held against it.
+//! A model of the rules by which pinned documents come first, in plain values and without the module's code,
+//! to compare the module with.
 class PinModel
 {
 public:
@@ -22,14 +22,14 @@ public:
         bool checked = false;
     };
 
-    // What stands in the menu: the number of an entry, or one of these.
+    // What the menu contains: the number of an entry, or one of these.
     static constexpr int separator = -1;
-    static constexpr int create = -2; //!< the host's own entry in front
-    static constexpr int quit = -3;   //!< the host's own entry behind
+    static constexpr int create = -2; //!< the host's own entry before the documents
+    static constexpr int quit = -3;   //!< the host's own entry after the documents
     static constexpr int none = -4;
 
-    //! A menu for these documents is built. \param inHostsMenu in front of the host's last entry, else in a
-    //! menu of their own
+    //! A menu for these documents is built. \param inHostsMenu before the host's last entry, else in a menu
+    //! of their own
     void build(const std::vector<QString> &paths, bool inHostsMenu)
     {
         entries.clear();
@@ -136,7 +136,7 @@ private:
         text = text.at(0) + QString::number(number) + text.mid(1 + replaced);
     }
 
-    //! In front of reference, or at the end when that is not there; what is in the menu already is moved.
+    //! Before reference, or at the end if that is not in the menu; what is in the menu already is moved.
     void insert(int item, int reference)
     {
         if (item != separator)

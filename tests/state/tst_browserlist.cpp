@@ -24,7 +24,7 @@ protected:
     }
 };
 
-//! Tiles in a window that is no popup: what the list is made of, and nothing of what a popup does to it.
+//! Tiles in a window that is not a popup: tests the list without what a popup does to it.
 struct ListedTiles
 {
     explicit ListedTiles(const QStringList &paths)
@@ -61,7 +61,7 @@ struct ListedTiles
         effect->color = color;
         browser.tiles().at(tile)->setHighlightEffect(effect);
     }
-    //! What the three queries tell, which must be the same: the paths of highlighted tiles.
+    //! What the three queries return, which must agree: the paths of highlighted tiles.
     static QString highlighted()
     {
         const QList<RecentDocDialog *> tiles = RecentDocumentBrowser::getHighlightedRecentDocList();
@@ -109,17 +109,17 @@ private slots:
         QFETCH(QString, tiles);
         ListedTiles listed(entries.split(QLatin1Char(' '), Qt::SkipEmptyParts));
         ListedTiles::cache(cached.split(QLatin1Char(' ')));
-        RecentDocumentBrowser::menuPinButtonList.prepend(nullptr); // which is passed over
+        RecentDocumentBrowser::menuPinButtonList.prepend(nullptr); // which is skipped
         listed.make();
         QCOMPARE(listed.paths(), tiles);
     }
 
-    void aTileTakesOverPathPictureAndPin()
+    void aTileHasThePathPictureAndPinOfItsEntry()
     {
         ListedTiles listed(QStringList({"c", "b", "a"}));
         RecentDocumentBrowser::menuPinButtonList.at(1)->setChecked(true);
         QList<FolderPinButton *> pins = {RecentDocumentBrowser::menuPinButtonList.first()};
-        RecentDocumentBrowser::AddInToDocPinButtonList(pins.first()); // what was listed before is left alone
+        RecentDocumentBrowser::AddInToDocPinButtonList(pins.first()); // former entries of the list are kept
         listed.make();
         QCOMPARE(listed.paths(), QStringLiteral("c b a"));
         const QList<RecentDocDialog *> tiles = listed.browser.tiles();
@@ -134,7 +134,7 @@ private slots:
         QVERIFY(folderButtonList.isEmpty());
     }
 
-    void whatATileChangesWhileItIsMadeDoesNotDisturbTheOthers()
+    void listsMayChangeWhileTilesAreCreated()
     {
         ListedTiles listed(QStringList({"c", "b", "a"}));
         listed.parent.onChild = [] {
@@ -145,9 +145,9 @@ private slots:
         QCOMPARE(listed.paths(), QStringLiteral("c b a"));
     }
 
-    void whatIsAddedIsAppendedUnseen()
+    void anyButtonIsAppended()
     {
-        const FakeBrowser browser; // clears the lists in the end
+        const FakeBrowser browser; // clears the lists
         QString path = QStringLiteral("/drawings/a.dwg");
         FolderPinButton first(nullptr, path);
         FolderPinButton second(nullptr, path);
@@ -186,7 +186,7 @@ private slots:
         QCOMPARE(ListedTiles::highlighted(), counts ? listed.browser.tiles().at(1)->path() : QString());
     }
 
-    void highlightedTilesComeInDisplayOrder()
+    void highlightedTilesAreInDisplayOrder()
     {
         const ListedTiles listed(4);
         QCOMPARE(ListedTiles::highlighted(), QString());

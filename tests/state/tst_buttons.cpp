@@ -107,7 +107,7 @@ private slots:
         QCOMPARE(meta.propertyCount(), meta.propertyOffset());
     }
 
-    void factoriesMakeThem_data()
+    void factoriesCreateThem_data()
     {
         QTest::addColumn<ButtonFactory>("create");
         QTest::addColumn<QString>("name");
@@ -122,7 +122,7 @@ private slots:
                                 << "Open_32x-32.svg";
     }
 
-    void factoriesMakeThem()
+    void factoriesCreateThem()
     {
         QFETCH(ButtonFactory, create);
         QFETCH(QString, name);
@@ -163,7 +163,7 @@ private slots:
         QCOMPARE(pin->grab().toImage(), unpinned);
     }
 
-    void buttonsOfAKindShareTheirPictureAsLongAsTheModuleLives()
+    void buttonsOfAKindShareTheirPictureWhileTheModuleExists()
     {
         QWidget parent;
         for (const auto create :
@@ -217,7 +217,7 @@ private slots:
     void everyEntryStartsATimerOfHalfASecondAndLeavingStopsTheLatest()
     {
         const ButtonInTile hovered;
-        hovered.leave(); // without a timer it is harmless
+        hovered.leave(); // without a timer nothing happens
         QCOMPARE(hovered.timers(), QList<bool>());
         hovered.enter();
         QCOMPARE(hovered.timers(), QList<bool>{true});
@@ -225,12 +225,12 @@ private slots:
         QVERIFY(timer->isSingleShot());
         QCOMPARE(timer->interval(), 500);
         hovered.enter();
-        QCOMPARE(hovered.timers(), QList<bool>({true, true})); // the former one is left to run out
+        QCOMPARE(hovered.timers(), QList<bool>({true, true})); // the former one still runs
         hovered.leave();
         QCOMPARE(hovered.timers(), QList<bool>({true, false}));
     }
 
-    void leavingHidesWhateverBalloonIsUp()
+    void leavingHidesAnyBalloon()
     {
         const ButtonInTile hovered;
         hovered.enter();
@@ -264,7 +264,7 @@ private slots:
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("cached"); // the path of the picture in the cache
         QTest::addColumn<QString>("tip");
-        QTest::addColumn<QPoint>("position"); // seen from the button
+        QTest::addColumn<QPoint>("position"); // relative to the button
         const auto plain = [](const char *row, const char *name, const QSize &size, const QPoint &centre) {
             QTest::newRow(row) << name << size << "/d/b.dwg"
                                << "/d/b.dwg"
@@ -275,7 +275,7 @@ private slots:
         plain("even lengths", "pinButton", {20, 32}, {9, 15});
         plain("one pixel", "pinButton", {1, 1}, {0, 0});
         const auto menuText = [](const char *row, const char *text, const char *cached, const char *tip) {
-            // At the entry's lower right, but measured from the button.
+            // The entry's size, but relative to the button.
             QTest::newRow(row) << "menuTextButton" << QSize(21, 21) << text << cached << tip
                                << QPoint(160, 120);
         };

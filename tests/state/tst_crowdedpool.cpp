@@ -52,7 +52,7 @@ QThreadPool &pool()
 
 } // namespace
 
-//! The pictures of a thousand documents, read by the real host while it needs the shared threads itself.
+//! The pictures of a thousand documents, read by the real host while the shared threads are busy.
 class tst_CrowdedPool : public TestCase
 {
     Q_OBJECT
@@ -73,11 +73,11 @@ private slots:
         TestCase::cleanup();
     }
 
-    void whateverThePoolDoesTheyAreRead_data()
+    void picturesAreReadWhateverThePoolDoes_data()
     {
         QTest::addColumn<int>("threads");
         QTest::addColumn<int>("reserved");
-        QTest::addColumn<int>("waiting"); // tasks that wait until the caller is back
+        QTest::addColumn<int>("waiting"); // tasks that wait until the caller has returned
         QTest::newRow("many threads") << 16 << 0 << 0;
         QTest::newRow("a few") << 4 << 0 << 0;
         QTest::newRow("one") << 1 << 0 << 0;
@@ -92,7 +92,7 @@ private slots:
         QTest::newRow("all but one thread wait") << 4 << 0 << 3;
     }
 
-    void whateverThePoolDoesTheyAreRead()
+    void picturesAreReadWhateverThePoolDoes()
     {
         QFETCH(int, threads);
         QFETCH(int, reserved);
@@ -101,21 +101,21 @@ private slots:
         for (int i = 0; i < reserved; ++i)
             pool().reserveThread();
         QSemaphore started;
-        QSemaphore callerIsBack;
+        QSemaphore callerHasReturned;
         std::atomic<int> ended{0};
         for (int i = 0; i < waiting; ++i) {
             pool().start([&] {
                 started.release();
-                callerIsBack.acquire();
+                callerHasReturned.acquire();
                 ++ended;
             });
         }
         started.acquire(qBound(0, threads, waiting));
         QMetaObject::invokeMethod(
-            this, [&] { callerIsBack.release(waiting); }, Qt::QueuedConnection);
+            this, [&] { callerHasReturned.release(waiting); }, Qt::QueuedConnection);
         for (int round = 0; round < 2; ++round) { // the second finds the threads of the first waiting
             RecentDocumentBrowser::CreateRecentFileImageMap();
-            QCOMPARE(wrongOnes(), QList<int>());
+            QCOMPARE(wrongDocuments(), QList<int>());
         }
         QCOMPARE(ended.load(), 0); // they still wait
         drainEvents();
@@ -125,7 +125,7 @@ private slots:
             pool().releaseThread();
     }
 
-    void aPoolThatReadsTheSameFilesLetsThemBeRead()
+    void picturesAreReadWhileThePoolReadsTheSameFiles()
     {
         constexpr int threads = 3;
         constexpr int tasks = 2 * threads; // as many again wait in the pool's queue
@@ -143,14 +143,14 @@ private slots:
         }
         started.acquire(threads);
         RecentDocumentBrowser::CreateRecentFileImageMap();
-        QCOMPARE(wrongOnes(), QList<int>());
+        QCOMPARE(wrongDocuments(), QList<int>());
         pool().waitForDone();
         QCOMPARE(pictures.load(), tasks * count);
     }
 
 private:
     //! The documents that do not have their picture in the cache; -1 for others that it holds.
-    QList<int> wrongOnes() const
+    QList<int> wrongDocuments() const
     {
         QList<int> wrong;
         for (int i = 0; i < count; ++i) {

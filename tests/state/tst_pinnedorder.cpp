@@ -8,7 +8,7 @@
 #include <functional>
 #include <memory>
 
-//! What becomes of a menu and its lists before they are put in order.
+//! A change to a menu and its lists before they are put in order.
 using PinMenuChange = std::function<void(PinMenu &)>;
 Q_DECLARE_METATYPE(PinMenuChange)
 
@@ -29,57 +29,13 @@ QString joinedPins()
 } // namespace
 
 //! Pinned documents come first: in the menu, and in the list that the browser's tiles follow. Examples, and
-//! what tst_pinproperties does not try: lists and menus that were changed by hand.
+//! what tst_pinproperties does not test: lists and menus that were changed by other code.
 class tst_PinnedOrder : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void pinnedEntriesComeFirst_data()
-    {
-        QTest::addColumn<QStringList>("rounds"); // which pins are toggled before each ordering
-        QTest::addColumn<QString>("menu");
-        QTest::addColumn<QString>("pins");
-        const auto row = [](const char *name, const QStringList &rounds, const char *menu, const char *pins) {
-            QTest::newRow(name) << rounds << QString::fromLatin1(menu) << QString::fromLatin1(pins);
-        };
-        row("none", {""}, "New | &1 W | &2 X | &3 Y | &4 Z | Quit", "W X Y Z");
-        row("one", {"2"}, "New | &1 Y | --- | &2 W | &3 X | &4 Z | Quit", "Y W X Z");
-        row("all", {"0123"}, "New | &1 W | &2 X | &3 Y | &4 Z | Quit", "W X Y Z");
-        row("each call adds a separator", {"2", ""}, "New | --- | &1 Y | --- | &2 W | &3 X | &4 Z | Quit",
-            "Y W X Z");
-        row("in the order in which they were pinned", {"3", "1"},
-            "New | --- | &1 Z | &2 X | --- | &3 W | &4 Y | Quit", "Z X W Y");
-        row("an unpinned one's button stays in front", {"2", "2"},
-            "New | --- | &1 W | &2 X | &3 Y | &4 Z | Quit", "Y W X Z");
-    }
-
-    void pinnedEntriesComeFirst()
-    {
-        QFETCH(QStringList, rounds);
-        QFETCH(QString, menu);
-        QFETCH(QString, pins);
-        PinMenu built(wxyz);
-        const QList<QAction *> actions = built.menu.actions();
-        for (QAction *action : actions) {
-            if (action->isSeparator())
-                built.menu.removeAction(action); // without those around the entries the order is clearer
-        }
-        const QStringList own = ownTexts(built.entries);
-        QString argument = QStringLiteral("Z");
-        for (const QString &round : qAsConst(rounds)) {
-            for (const QChar index : round)
-                built.buttons.at(index.digitValue())->toggle();
-            RecentDocumentBrowser::UpdatePin(argument);
-        }
-        QCOMPARE(joinedMenu(built), menu);
-        QCOMPARE(joinedPins(), pins);
-        QCOMPARE(RecentDocumentBrowser::recentDocActionList, built.entries);
-        QCOMPARE(ownTexts(built.entries), own);
-        QCOMPARE(argument, QStringLiteral("Z"));
-    }
-
-    void whateverTheListsHold_data()
+    void anyListsCanBeOrdered_data()
     {
         QTest::addColumn<PinMenuChange>("change");
         QTest::addColumn<QString>("menu");
@@ -89,6 +45,13 @@ private slots:
             QTest::newRow(name) << change << QString::fromLatin1(menu) << QString::fromLatin1(pins);
         };
         QList<FolderPinButton *> &listed = RecentDocumentBrowser::menuPinButtonList;
+        row(
+            "pinned entries are before the others",
+            [](const PinMenu &pins) {
+                pins.setPinned(3);
+                pins.setPinned(1);
+            },
+            "New | --- | &1 X | &2 Z | --- | --- | &3 W | &4 Y | Quit", "X Z W Y");
         row(
             "a button without an entry moves alone",
             [](const PinMenu &pins) {
@@ -107,7 +70,7 @@ private slots:
             },
             "New | --- | --- | &1 W | &2 X | &3 Y | &4 Z | Quit", "");
         row(
-            "null buttons stand among the unpinned",
+            "null buttons are among the unpinned",
             [&](const PinMenu &pins) {
                 listed.insert(2, nullptr);
                 listed.prepend(nullptr);
@@ -129,7 +92,7 @@ private slots:
             },
             "New | --- | &1 Z | --- | --- | &2 W | &3 X | &4 Y | Quit", "Z W X Y");
         row(
-            "the remembered action tells the place",
+            "the remembered action is the place",
             [](PinMenu &pins) {
                 RecentDocumentBrowser::before = pins.menu.addAction(QStringLiteral("Options"));
                 pins.setPinned(0);
@@ -144,25 +107,24 @@ private slots:
             },
             "&1 W | &2 X | &3 Y | &4 Z | New | --- | --- | Quit", "W X Y Z");
         row(
-            "an action that is gone means the menu's end",
+            "a deleted action means the menu's end",
             [](const PinMenu &pins) {
                 pins.setPinned(2);
                 delete pins.quit;
             },
             "New | --- | &1 Y | --- | --- | &2 W | &3 X | &4 Z", "Y W X Z");
         row(
-            "an entry's own text tells its path",
+            "an entry's own text contains its path",
             [](const PinMenu &pins) {
                 pins.entry(0).textButton->setText(QStringLiteral("&1 Y"));
-                pins.entries.at(1)->setText(QStringLiteral("Y")); // no blank: the whole text
-                pins.entries.at(3)->setText(
-                    QStringLiteral("any Y")); // whatever stands before the first blank
+                pins.entries.at(1)->setText(QStringLiteral("Y"));     // no blank: the whole text
+                pins.entries.at(3)->setText(QStringLiteral("any Y")); // whatever precedes the first blank
                 pins.setPinned(2);
             },
             "New | --- | &1 X | &2 Y | &3 Z | --- | --- | &4 Y | Quit", "Y W X Z");
     }
 
-    void whateverTheListsHold()
+    void anyListsCanBeOrdered()
     {
         QFETCH(PinMenuChange, change);
         QFETCH(QString, menu);
@@ -170,7 +132,9 @@ private slots:
         PinMenu built(wxyz);
         change(built);
         const QList<QAction *> entries = RecentDocumentBrowser::recentDocActionList;
-        updatePins();
+        QString argument = QStringLiteral("Z");
+        RecentDocumentBrowser::UpdatePin(argument);
+        QCOMPARE(argument, QStringLiteral("Z"));
         QCOMPARE(joinedMenu(built), menu);
         QCOMPARE(joinedPins(), pins);
         QCOMPARE(RecentDocumentBrowser::recentDocActionList, entries);
@@ -193,9 +157,9 @@ private slots:
         row("&20 a", 3, "&30 a");
         row("&100 a", 7, "&70 a"); // begins with &10
         row("&110 a", 2, "&210 a");
-        row("&2 &10 a", 4, "&4 &10 a"); // what looks so in a path
+        row("&2 &10 a", 4, "&4 &10 a"); // the same text in a path
         row("&1 0 a", 4, "&4 0 a");
-        row("x10 a", 4, "x40 a"); // another sign in front: one character
+        row("x10 a", 4, "x40 a"); // another first character
     }
 
     void aNumberReplacesTheFormerOne()
@@ -226,14 +190,14 @@ private slots:
         RecentDocumentBrowser::menuPinButtonList.clear();
         RecentDocumentBrowser::AddRecentFiles(owned.get(), end);
         FolderPinButton *pin = RecentDocumentBrowser::menuPinButtonList.at(2);
-        owned.reset(); // with the action before which the entries stood
+        owned.reset(); // with the action that the entries precede
         pin->click();  // a button outlives its menu
         QCOMPARE(joinedPins(), QStringLiteral("Y W X Z"));
         QStringList texts;
         for (QAction *action : qAsConst(RecentDocumentBrowser::recentDocActionList))
             texts.append(qobject_cast<RecentFileAction *>(action)->textButton->text());
         QCOMPARE(texts, QStringList({"&2 W", "&3 X", "&1 Y", "&4 Z"}));
-        QCOMPARE(joinedMenu(earlier), before); // an earlier menu is no substitute
+        QCOMPARE(joinedMenu(earlier), before); // an earlier menu is not used instead
     }
 
     void beforeAnyMenuIsBuiltNothingHappens()
@@ -290,7 +254,7 @@ private slots:
         const QStringList ordered = {browser.path(2), browser.path(0), browser.path(1)};
         QCOMPARE(pathsOf(RecentDocumentBrowser::docPinButtonList), ordered);
 
-        // Without a list there are no tiles, but an order all the same.
+        // Without a list there are no tiles, but the pins are ordered.
         browser.createDocument();
         RecentDocumentBrowser::menuPinButtonList.at(2)->setChecked(true);
         browser.host.hasRecentFileList = false;

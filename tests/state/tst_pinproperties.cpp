@@ -10,34 +10,34 @@
 
 namespace {
 
-enum class Deed { ClickMenuPin, SetMenuPin, Update, OpenPopup, ClosePopup, ClickTilePin, CreateDocument };
+enum class Action { ClickMenuPin, SetMenuPin, Update, OpenPopup, ClosePopup, ClickTilePin, CreateDocument };
 
 struct Step
 {
-    Deed deed;
+    Action action;
     int which; //!< of the pins or tiles, counted around
 };
 
-//! What a person and the host do, one after the other.
-struct Story
+//! What the user and the host do in turn.
+struct Sequence
 {
     bool inHostsMenu;           //!< else, and after CreateDocument, in the module's hidden one
     std::vector<QString> paths; //!< of the recent documents
     std::vector<Step> steps;
 };
 
-void showValue(const Story &story, std::ostream &out)
+void showValue(const Sequence &sequence, std::ostream &out)
 {
     static const char *const names[] = {"click menu pin", "set menu pin",   "update",         "open popup",
                                         "close popup",    "click tile pin", "create document"};
-    out << (story.inHostsMenu ? "a host's menu" : "the hidden menu") << " with";
-    for (const QString &path : story.paths)
+    out << (sequence.inHostsMenu ? "a host's menu" : "the hidden menu") << " with";
+    for (const QString &path : sequence.paths)
         out << " \"" << path.toStdString() << '"';
-    for (const Step &step : story.steps)
-        out << "\n  " << names[int(step.deed)] << ' ' << step.which;
+    for (const Step &step : sequence.steps)
+        out << "\n  " << names[int(step.action)] << ' ' << step.which;
 }
 
-//! Some alike, some differing in case or blanks alone, some like the numbers in front of them.
+//! Some are equal, some differ only in case or blanks, some look like the numbers before them.
 rc::Gen<std::string> anyPath()
 {
     using namespace rc;
@@ -55,42 +55,42 @@ rc::Gen<std::vector<std::string>> anyPaths()
         {{8, gen::resize(4, list)}, {3, gen::resize(11, list)}, {1, gen::resize(30, list)}});
 }
 
-//! \param distinct no document twice, as hosts list them; else some are
-rc::Gen<Story> anyStory(const std::vector<Deed> &deeds, bool distinct)
+//! \param distinct no document twice, as in hosts' lists; else some are
+rc::Gen<Sequence> anySequence(const std::vector<Action> &actions, bool distinct)
 {
     using namespace rc;
-    const auto step = gen::construct<Step>(gen::elementOf(deeds), gen::inRange(0, 30));
+    const auto step = gen::construct<Step>(gen::elementOf(actions), gen::inRange(0, 30));
     return gen::map(gen::tuple(gen::arbitrary<bool>(), anyPaths(),
                                gen::resize(16, gen::container<std::vector<Step>>(step))),
                     [distinct](const std::tuple<bool, std::vector<std::string>, std::vector<Step>> &parts) {
-                        Story story{std::get<0>(parts), {}, std::get<2>(parts)};
+                        Sequence sequence{std::get<0>(parts), {}, std::get<2>(parts)};
                         for (const std::string &text : std::get<1>(parts)) {
                             const QString path = QString::fromStdString(text);
-                            if (!distinct ||
-                                std::find(story.paths.begin(), story.paths.end(), path) == story.paths.end())
-                                story.paths.push_back(path);
+                            if (!distinct || std::find(sequence.paths.begin(), sequence.paths.end(), path) ==
+                                                 sequence.paths.end())
+                                sequence.paths.push_back(path);
                         }
-                        return story;
+                        return sequence;
                     });
 }
 
-//! The module and the model, told the same story.
+//! The module and the model in the same sequence of actions.
 class SideBySide
 {
 public:
     //! \param withTiles whether the pictures of documents are known, so that popups have tiles
-    SideBySide(const Story &story, bool withTiles) : m_paths(story.paths), m_withTiles(withTiles)
+    SideBySide(const Sequence &sequence, bool withTiles) : m_paths(sequence.paths), m_withTiles(withTiles)
     {
         QStringList paths;
         for (const QString &path : m_paths)
             paths.append(path);
         m_inHost.host.setRecent(paths);
-        if (story.inHostsMenu) {
+        if (sequence.inHostsMenu) {
             m_create = m_hostsMenu.addAction(QStringLiteral("New"));
             m_quit = m_hostsMenu.addAction(QStringLiteral("Quit"));
         }
         RecentDocumentBrowser::AddRecentFiles(&m_hostsMenu, m_quit);
-        m_model.build(m_paths, story.inHostsMenu);
+        m_model.build(m_paths, sequence.inHostsMenu);
         noteObjects();
     }
     ~SideBySide() { m_popup.reset(); }
@@ -99,23 +99,23 @@ public:
     void take(const Step &step)
     {
         const auto which = std::size_t(step.which);
-        switch (step.deed) {
-        case Deed::ClickMenuPin:
-        case Deed::SetMenuPin:
+        switch (step.action) {
+        case Action::ClickMenuPin:
+        case Action::SetMenuPin:
             if (!m_model.order.empty())
-                switchMenuPin(int(which % m_model.order.size()), step.deed == Deed::ClickMenuPin);
+                switchMenuPin(int(which % m_model.order.size()), step.action == Action::ClickMenuPin);
             break;
-        case Deed::Update:
+        case Action::Update:
             updatePins();
             m_model.update();
             break;
-        case Deed::OpenPopup:
+        case Action::OpenPopup:
             openPopup();
             break;
-        case Deed::ClosePopup:
+        case Action::ClosePopup:
             m_popup.reset();
             break;
-        case Deed::ClickTilePin:
+        case Action::ClickTilePin:
             // Documents listed twice multiply with each click; a few are enough.
             if (m_popup && !m_model.tiles.empty() && m_model.tiles.size() * m_model.order.size() < 1000) {
                 const std::size_t tile = which % m_model.tiles.size();
@@ -123,7 +123,7 @@ public:
                 m_model.clickTile(tile);
             }
             break;
-        case Deed::CreateDocument:
+        case Action::CreateDocument:
             m_inHost.documentReactor().DocumentCreated(nullptr);
             if (!m_paths.empty()) {
                 m_model.build(m_paths, false);
@@ -136,38 +136,38 @@ public:
     //! Everything that can be seen of the order, line by line.
     std::string inModule() const
     {
-        std::ostringstream told;
+        std::ostringstream text;
         const QList<QAction *> actions = RecentDocumentBrowser::recentDocMenu->actions();
         for (QAction *action : actions)
-            told << line(m_entries.indexOf(action), action) << '\n';
+            text << line(m_entries.indexOf(action), action) << '\n';
         for (QAction *action : qAsConst(RecentDocumentBrowser::recentDocActionList))
-            told << "listed " << m_entries.indexOf(action) << ' ' << action->text().toStdString() << '\n';
+            text << "listed " << m_entries.indexOf(action) << ' ' << action->text().toStdString() << '\n';
         for (FolderPinButton *pin : qAsConst(RecentDocumentBrowser::menuPinButtonList))
-            told << "pin " << m_pins.indexOf(pin) << (pin->isChecked() ? " down\n" : " up\n");
+            text << "pin " << m_pins.indexOf(pin) << (pin->isChecked() ? " down\n" : " up\n");
         if (m_popup) {
             for (FolderPinButton *pin : qAsConst(RecentDocumentBrowser::docPinButtonList))
-                told << "tile " << pin->path().toStdString() << (pin->isChecked() ? " down\n" : " up\n");
+                text << "tile " << pin->path().toStdString() << (pin->isChecked() ? " down\n" : " up\n");
         }
-        return told.str();
+        return text.str();
     }
     std::string inModel() const
     {
-        std::ostringstream told;
+        std::ostringstream text;
         for (const int item : m_model.menu) {
-            told << item;
+            text << item;
             if (item >= 0)
-                told << ' ' << m_model.entries[std::size_t(item)].shown.toStdString();
-            told << '\n';
+                text << ' ' << m_model.entries[std::size_t(item)].shown.toStdString();
+            text << '\n';
         }
         for (std::size_t i = 0; i < m_model.entries.size(); ++i)
-            told << "listed " << i << ' ' << m_model.entries[i].ownText.toStdString() << '\n';
+            text << "listed " << i << ' ' << m_model.entries[i].ownText.toStdString() << '\n';
         for (const int pin : m_model.order)
-            told << "pin " << pin << (m_model.pins[std::size_t(pin)].checked ? " down\n" : " up\n");
+            text << "pin " << pin << (m_model.pins[std::size_t(pin)].checked ? " down\n" : " up\n");
         if (m_popup) {
             for (const PinModel::Pin &tile : m_model.tiles)
-                told << "tile " << tile.path.toStdString() << (tile.checked ? " down\n" : " up\n");
+                text << "tile " << tile.path.toStdString() << (tile.checked ? " down\n" : " up\n");
         }
-        return told.str();
+        return text.str();
     }
 
     const PinModel &model() const { return m_model; }
@@ -226,11 +226,11 @@ private:
     PinModel m_model;
 };
 
-void tell(const Story &story, bool withTiles, int &separations)
+void compare(const Sequence &sequence, bool withTiles, int &separations)
 {
-    SideBySide both(story, withTiles);
+    SideBySide both(sequence, withTiles);
     RC_ASSERT(both.inModule() == both.inModel());
-    for (const Step &step : story.steps) {
+    for (const Step &step : sequence.steps) {
         both.take(step);
         RC_ASSERT(both.inModule() == both.inModel());
     }
@@ -239,7 +239,7 @@ void tell(const Story &story, bool withTiles, int &separations)
 
 } // namespace
 
-//! Whatever is pinned, clicked and opened in whatever order: the module does as the rules say.
+//! Pins, clicks and openings in any order: the module follows the rules.
 class tst_PinProperties : public TestCase
 {
     Q_OBJECT
@@ -247,27 +247,27 @@ class tst_PinProperties : public TestCase
 private slots:
     void menusFollowTheRules()
     {
-        const std::vector<Deed> deeds = {Deed::ClickMenuPin, Deed::ClickMenuPin, Deed::ClickMenuPin,
-                                         Deed::ClickMenuPin, Deed::SetMenuPin,   Deed::SetMenuPin,
-                                         Deed::SetMenuPin,   Deed::Update,       Deed::Update,
-                                         Deed::Update,       Deed::OpenPopup,    Deed::CreateDocument};
+        const std::vector<Action> actions = {
+            Action::ClickMenuPin, Action::ClickMenuPin, Action::ClickMenuPin, Action::ClickMenuPin,
+            Action::SetMenuPin,   Action::SetMenuPin,   Action::SetMenuPin,   Action::Update,
+            Action::Update,       Action::Update,       Action::OpenPopup,    Action::CreateDocument};
         int separations = 0;
         QVERIFY(holds("menus follow the rules of pinned documents",
-                      [&] { tell(*anyStory(deeds, false), false, separations); }));
-        QVERIFY2(separations > 100, "the stories hardly ever have both pinned and unpinned documents");
+                      [&] { compare(*anySequence(actions, false), false, separations); }));
+        QVERIFY2(separations > 100, "the sequences hardly ever have both pinned and unpinned documents");
     }
 
     void tilesFollowTheRules()
     {
-        const std::vector<Deed> deeds = {Deed::ClickMenuPin, Deed::OpenPopup,     Deed::OpenPopup,
-                                         Deed::ClosePopup,   Deed::ClickTilePin,  Deed::ClickTilePin,
-                                         Deed::ClickTilePin, Deed::CreateDocument};
+        const std::vector<Action> actions = {
+            Action::ClickMenuPin, Action::OpenPopup,    Action::OpenPopup,    Action::ClosePopup,
+            Action::ClickTilePin, Action::ClickTilePin, Action::ClickTilePin, Action::CreateDocument};
         int separations = 0;
         // With a document listed twice each click would give more tiles.
         QVERIFY(holds(
             "tiles follow the rules of pinned documents",
-            [&] { tell(*anyStory(deeds, true), true, separations); }, 150));
-        QVERIFY2(separations > 20, "the stories hardly ever have both pinned and unpinned documents");
+            [&] { compare(*anySequence(actions, true), true, separations); }, 150));
+        QVERIFY2(separations > 20, "the sequences hardly ever have both pinned and unpinned documents");
     }
 };
 

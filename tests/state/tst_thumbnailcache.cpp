@@ -32,8 +32,8 @@ void throwSomething(const QString &what)
     throw Unrelated();
 }
 
-//! The cache, read anew.
-const QMap<QString, QImage> &cacheReadAnew()
+//! The cache, after it was read again.
+const QMap<QString, QImage> &cacheReadAgain()
 {
     RecentDocumentBrowser::CreateRecentFileImageMap();
     return RecentDocumentBrowser::recentFileImageMap;
@@ -41,8 +41,8 @@ const QMap<QString, QImage> &cacheReadAnew()
 
 } // namespace
 
-//! How pictures are read, one and many, what the cache holds of them, and when. tst_crowdedpool has more
-//! threads, and more documents.
+//! How pictures are read, one and many, and when the cache contains them. tst_crowdedpool tests more threads,
+//! and more documents.
 class tst_ThumbnailCache : public TestCase
 {
     Q_OBJECT
@@ -68,7 +68,7 @@ private slots:
         const FakeBrowser browser(1);
         QVERIFY(QDir(browser.folder()).mkdir(QStringLiteral("folder.dwg")));
         QVERIFY(QFile::link(browser.path(0), browser.folder() + QStringLiteral("/link.dwg")));
-        QVERIFY(QFile::link(browser.folder() + QStringLiteral("/gone.dwg"),
+        QVERIFY(QFile::link(browser.folder() + QStringLiteral("/missing.dwg"),
                             browser.folder() + QStringLiteral("/dangling.dwg")));
         const QString path = name.isEmpty() ? QString() : browser.folder() + name;
         QCOMPARE(RecentDocumentBrowser::GetQImage(path), isRead ? pictureOf(path) : QImage());
@@ -126,7 +126,7 @@ private slots:
         QCOMPARE(browser.host.previewsAlive(), 0);
     }
 
-    void whateverTheHostThrowsIsDropped()
+    void anyExceptionOfTheHostIsIgnored()
     {
         for (const char *step : {"create", "load", "validate", "convert", "converted"}) {
             for (const char *what : {"runtime_error", "bad_alloc", "int", "unrelated class"}) {
@@ -155,9 +155,9 @@ private slots:
         QCOMPARE(browser.host.calls, QStringList());
     }
 
-    void threadsJoinAsTheyGetFree()
+    void threadsJoinWhenTheyBecomeIdle()
     {
-        FullPool pool; // at first nobody but the caller reads
+        FullPool pool; // at first only the caller reads
         FakeBrowser browser(6);
         const std::thread::id caller = std::this_thread::get_id();
         bool isFirst = true;
@@ -167,7 +167,7 @@ private slots:
             if (std::this_thread::get_id() != caller) {
                 company.release(6);
             } else if (std::exchange(isFirst, false)) {
-                pool.letGo();
+                pool.release();
             } else {
                 hasCompany = company.tryAcquire(1, patience);
             }
@@ -193,7 +193,7 @@ private slots:
             };
             RecentDocumentBrowser::CreateRecentFileImageMap();
             QVERIFY2(most.load() >= 1 && most.load() <= threads, qPrintable(QString::number(most.load())));
-            QCOMPARE(QThreadPool::globalInstance()->maxThreadCount(), threads); // and it is the host's again
+            QCOMPARE(QThreadPool::globalInstance()->maxThreadCount(), threads); // as the host set it
         }
     }
 
@@ -212,7 +212,7 @@ private slots:
             image = pictureOf(path);
             return true;
         };
-        const QMap<QString, QImage> &map = cacheReadAnew();
+        const QMap<QString, QImage> &map = cacheReadAgain();
         QVERIFY(firstWasLast);
         QCOMPARE(map.size(), count);
         for (auto entry = map.begin(); entry != map.end(); ++entry)
@@ -232,7 +232,7 @@ private slots:
             image.fill(Qt::red);
             return true;
         };
-        const QMap<QString, QImage> &map = cacheReadAnew();
+        const QMap<QString, QImage> &map = cacheReadAgain();
         QCOMPARE(reads, 3);
         QCOMPARE(readers, std::set<std::thread::id>{std::this_thread::get_id()});
         QCOMPARE(map.size(), 2);
@@ -251,7 +251,7 @@ private slots:
             paths.append(browser.folder() + QString::fromUtf8(name));
         browser.host.setRecent(paths);
         paths.sort(); // by operator<, as the map's keys are
-        QCOMPARE(cacheReadAnew().keys(), paths);
+        QCOMPARE(cacheReadAgain().keys(), paths);
     }
 
     void aDocumentWithoutPictureKeepsItsKey()
@@ -260,11 +260,11 @@ private slots:
         QVERIFY(QFile::remove(browser.path(1)));
         browser.host.onLoadPreview = [&](const QString &path, QImage &image) {
             if (path == browser.path(2))
-                throw 5; // whatever it is, it is the host's
+                throw 5; // any exception
             image = pictureOf(path);
             return path != browser.path(3);
         };
-        const QMap<QString, QImage> &map = cacheReadAnew();
+        const QMap<QString, QImage> &map = cacheReadAgain();
         QCOMPARE(map.keys(), browser.paths());
         for (int i = 0; i < 5; ++i)
             QCOMPARE(map.value(browser.path(i)), i == 0 || i == 4 ? pictureOf(browser.path(i)) : QImage());
@@ -295,7 +295,7 @@ private slots:
         const QImage image(1, 1, QImage::Format_RGB32);
         RecentDocumentBrowser::recentFileImageMap = {{stale, image}, {browser.paths().value(0), image}};
         const bool isRead = documents > 0 && !lacking;
-        QCOMPARE(cacheReadAnew().keys(), isRead ? browser.paths() : QStringList());
+        QCOMPARE(cacheReadAgain().keys(), isRead ? browser.paths() : QStringList());
         QCOMPARE(RecentDocumentBrowser::recentFileImageMap.value(browser.paths().value(0)),
                  isRead ? pictureOf(browser.path(0)) : QImage());
         QCOMPARE(browser.host.previewsCreated(), isRead ? 1 : 0);

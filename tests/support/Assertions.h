@@ -8,7 +8,7 @@
 
 #include <vector>
 
-//! A failed assertion, as the handler hears of it.
+//! A failed assertion, as the handler receives it.
 struct Assertion
 {
     QByteArray expression;
@@ -23,7 +23,7 @@ inline void noteAssertion(const char *expression, const char *source, int line)
     assertions.push_back({expression, source, line});
 }
 
-//! Collects what is asserted while it lives.
+//! Collects failed assertions while it exists.
 class AssertionsAreNoted
 {
 public:

@@ -13,7 +13,7 @@
 #include <functional>
 #include <utility>
 
-//! Writes every event down, with the document's title, and does something at one of them if it is asked to.
+//! Records every event with the document's title, and can call a function at one of them.
 class DocumentListener : public CFxDocumentManagerReactor, public CFxEditorReactor
 {
 public:

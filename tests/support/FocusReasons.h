@@ -6,7 +6,7 @@
 #include <QObject>
 #include <QWidget>
 
-//! Notes with which reasons a widget is given the focus.
+//! Records the reasons with which a widget gets the focus.
 class FocusReasons : public QObject
 {
 public:

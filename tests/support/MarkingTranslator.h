@@ -3,7 +3,7 @@
 
 #include <QTranslator>
 
-//! Marks what it has translated.
+//! Marks each text that it translates.
 class MarkingTranslator : public QTranslator
 {
 public:

@@ -8,7 +8,7 @@
 
 qint64 memory::resident()
 {
-    // Exact, which what the system counts by itself is not.
+    // Exact, unlike the counters in /proc/self/status.
     QFile file(QStringLiteral("/proc/self/smaps_rollup"));
     if (!file.open(QIODevice::ReadOnly))
         qFatal("cannot read %s", qPrintable(file.fileName()));
@@ -24,13 +24,13 @@ qint64 memory::resident()
 qint64 memory::allocated()
 {
     const struct mallinfo2 heap = mallinfo2();
-    // The small ones, and those with a mapping of their own.
+    // Blocks of the heap, and those with a mapping of their own.
     return static_cast<qint64>(heap.uordblks) + static_cast<qint64>(heap.hblkhd);
 }
 
 int memory::rounds(int full)
 {
-    constexpr int part = isMeasurable ? 10 : 50; // under a sanitizer all is slow, and nothing is compared
+    constexpr int part = isMeasurable ? 10 : 50; // a sanitizer is slow, and nothing is compared under it
     return qEnvironmentVariableIsSet("LONG_RUN") ? full : full / part;
 }
 
@@ -39,5 +39,5 @@ void memory::tell(const char *what, qint64 bytes)
     if (isMeasurable)
         qInfo("%s: %lld bytes", what, static_cast<long long>(bytes));
     else
-        qInfo("%s: not measured, since a sanitizer keeps books in the same memory", what);
+        qInfo("%s: not measured, since a sanitizer uses the same memory", what);
 }

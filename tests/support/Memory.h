@@ -3,10 +3,10 @@
 
 #include <QtGlobal>
 
-//! What the test program takes of the machine's memory.
+//! How much memory the test program uses.
 namespace memory {
 
-//! Whether the figures mean anything. A sanitizer keeps what is freed, and books of its own.
+//! Whether the figures are meaningful: a sanitizer keeps freed memory, and allocates some for itself.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr bool isMeasurable = false;
 #else
@@ -18,11 +18,11 @@ qint64 resident();
 //! Bytes that are allocated and not freed.
 qint64 allocated();
 
-//! How often to do a thing: a tenth of it, or less where nothing is measured, unless LONG_RUN is set,
+//! How often to repeat an action: a tenth of full, or less where nothing is measured, unless LONG_RUN is set,
 //! as in the preset `long`.
 int rounds(int full);
 
-//! Says a figure, or that there is none. \param what in the test's own words
+//! Prints a figure, or that there is none. \param what describes it
 void tell(const char *what, qint64 bytes);
 
 } // namespace memory

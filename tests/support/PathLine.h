@@ -5,7 +5,7 @@
 #include <QFontMetrics>
 #include <QString>
 
-//! What the path line of a popup of that width, in pixels, shows of a path.
+//! The text of the path line for a path, in a popup of that width in pixels.
 inline QString shownPath(const QString &path, int popupWidth)
 {
     if (QFontMetrics(QFont()).horizontalAdvance(path) <= popupWidth)

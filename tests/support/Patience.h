@@ -5,18 +5,18 @@
 
 #include <utility>
 
-//! How long the tests wait for what must come about, in milliseconds. It ends what hangs and nothing else:
+//! How long tests wait for an outcome, in milliseconds. The limit only ends tests that hang:
 //! far more than anything takes on a machine that is twenty times as busy as usual.
 constexpr int patience = 60000;
 
-//! \return whether condition came true; events are processed until it does
+//! \return whether condition became true; events are processed until then
 template<class Condition>
 [[nodiscard]] bool waitUntil(Condition &&condition)
 {
     return QTest::qWaitFor(std::forward<Condition>(condition), patience);
 }
 
-//! \return whether the window has the keyboard
+//! \return whether the window is active
 [[nodiscard]] inline bool waitForActive(QWidget *window)
 {
     return QTest::qWaitForWindowActive(window, patience);
@@ -28,7 +28,7 @@ template<class Condition>
     return QTest::qWaitForWindowExposed(window, patience);
 }
 
-// Qt Test's own give up after five seconds.
+// Qt Test's own macros time out after five seconds.
 #undef QTRY_VERIFY
 #undef QTRY_VERIFY2
 #undef QTRY_COMPARE

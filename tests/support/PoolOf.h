@@ -4,7 +4,7 @@
 #include <QSemaphore>
 #include <QThreadPool>
 
-//! Gives Qt's shared pool a size that does not depend on the machine. Its threads are idle to begin with.
+//! Sets the size of Qt's shared pool, independent of the machine. Its threads are idle at first.
 class PoolOf
 {
 public:
@@ -34,7 +34,7 @@ public:
         }
         m_started.acquire(threads);
     }
-    void letGo()
+    void release()
     {
         m_end.release(threads);
         QThreadPool::globalInstance()->waitForDone();

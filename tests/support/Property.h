@@ -12,13 +12,13 @@
 #include <utility>
 
 //! Tries a property on random cases within a test function: QVERIFY(holds("what must hold", [] { ... })).
-//! The property asserts with RC_ASSERT (QVERIFY would leave the property alone) and takes its cases as
-//! arguments or by *rc::gen. Every run tries the same cases, so that a failure on one machine is one on all;
-//! RC_PARAMS in the environment changes that ("seed=7 max_success=100000", or the "reproduce=..." that a
-//! failure prints).
-//! \param text what must hold; also what RC_PARAMS knows the property by, so no two in a program are equal
-//! \param cases how many to try, unless RC_PARAMS says otherwise
-//! \return false once a case has failed. The smallest such case is in the test's output then.
+//! The property asserts with RC_ASSERT (QVERIFY would only return from the property) and takes its cases as
+//! arguments or by *rc::gen. Every run tries the same cases, so that failures can be reproduced on any
+//! machine. RC_PARAMS in the environment changes that ("seed=7 max_success=100000", or the "reproduce=..."
+//! that a failure prints).
+//! \param text what must hold; also the property's name in RC_PARAMS, so it is unique in a program
+//! \param cases how many to try, unless RC_PARAMS specifies otherwise
+//! \return false after a case has failed. The output then contains the smallest such case.
 template<class Testable>
 bool holds(const char *text, Testable &&property, int cases = 1000)
 {
@@ -35,18 +35,18 @@ bool holds(const char *text, Testable &&property, int cases = 1000)
     }
 
     const TestMetadata metadata{text, text};
-    TestListenerAdapter silent;
+    TestListenerAdapter listener;
     const TestResult result = checkTestable(std::forward<Testable>(property), metadata,
-                                            configuration.testParams, silent, configuration.reproduce);
+                                            configuration.testParams, listener, configuration.reproduce);
 
-    std::ostringstream told;
-    told << text << " (seed " << configuration.testParams.seed << "): ";
-    printResultMessage(result, told);
+    std::ostringstream report;
+    report << text << " (seed " << configuration.testParams.seed << "): ";
+    printResultMessage(result, report);
     const bool isGood = result.template is<SuccessResult>();
     if (result.template is<FailureResult>()) {
         configuration.reproduce = {{metadata.id, result.template get<FailureResult>().reproduce}};
-        told << "\n\nRC_PARAMS=\"" << configToMinimalString(configuration) << "\" tries this case alone.";
+        report << "\n\nRC_PARAMS=\"" << configToMinimalString(configuration) << "\" tries this case alone.";
     }
-    qInfo("%s", told.str().c_str());
+    qInfo("%s", report.str().c_str());
     return isGood;
 }

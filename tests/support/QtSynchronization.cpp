@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Tells the thread sanitizer what Qt orders. Qt's libraries are not built for it, and they make threads wait
-// for each other by system calls that it does not know: without this everything that one thread hands to
-// another through Qt would look like a race. The functions below stand in front of Qt's own of the same
-// names, do what those do, and say what is ordered by it; nothing else is, so a race in our code remains one.
+// Reports to the thread sanitizer in which order Qt executes code of several threads. Qt's libraries are not
+// built with the sanitizer, and they synchronize threads by system calls that it does not know: without this
+// file everything that one thread passes to another through Qt would be reported as a race. The functions
+// below replace Qt's functions of the same names, call those, and report what they order; nothing else is
+// reported, so a race in our own code remains one.
 #include <QBasicMutex>
 #include <QMutex>
 #include <QRunnable>
@@ -29,10 +30,10 @@ Function real(const char *mangledName)
     return reinterpret_cast<Function>(dlsym(RTLD_NEXT, mangledName));
 }
 
-//! What a pooled thread has done so far is seen by whoever waits for all of a pool or of a loop.
+//! What pooled threads have done: visible to a thread that waits for all of a pool or of a parallel loop.
 char endOfWork;
 
-//! Runs what somebody has given to a pool: it sees what he had done until then.
+//! Runs a pool's task, which sees what the caller of start() had done before.
 class Ordered : public QRunnable
 {
 public:
@@ -134,7 +135,7 @@ bool QThreadPool::waitForDone(int timeout)
     return isDone;
 }
 
-//! The threads of a parallel loop ask this between two pieces of work, and once more when none is left.
+//! The threads of a parallel loop call this between two pieces of work, and again when none is left.
 bool QtConcurrent::ThreadEngineBase::isCanceled()
 {
     static const auto function =
@@ -143,7 +144,7 @@ bool QtConcurrent::ThreadEngineBase::isCanceled()
     return function(this);
 }
 
-//! Whoever waits for all of a parallel loop has seen what its threads have done.
+//! The caller of a parallel loop sees what its threads have done.
 void QtConcurrent::ThreadEngineBase::startBlocking()
 {
     static const auto function =

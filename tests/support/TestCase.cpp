@@ -13,12 +13,12 @@ QStringList allowed;
 QStringList unexpected;
 QtMessageHandler previousHandler = nullptr;
 
-//! What the platforms that tests run on say of themselves, whatever the program does.
+//! What the platforms of the tests print, whatever the program does.
 const char *const harmless[] = {
-    "This plugin does not support propagateSizeHints()", // offscreen: no window manager to tell
+    "This plugin does not support propagateSizeHints()", // offscreen: no window manager to notify
     "This plugin does not support raise()",              // offscreen: no window manager to ask
     "This plugin does not support grabbing the keyboard",
-    "This plugin does not support setting window masks", // a balloon keeps its shape to itself there
+    "This plugin does not support setting window masks", // balloons set one
     "XDG_RUNTIME_DIR not set",                           // a build machine has no session
 };
 
@@ -71,7 +71,7 @@ void TestCase::init()
 {
     const QMutexLocker lock(&mutex);
     if (!previousHandler)
-        previousHandler = qInstallMessageHandler(noteMessage); // now, so that it stands before Qt Test's own
+        previousHandler = qInstallMessageHandler(noteMessage); // called before Qt Test's own
     allowed.clear();
     unexpected.clear();
     if (qobject_cast<QGuiApplication *>(QCoreApplication::instance())) {

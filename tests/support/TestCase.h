@@ -8,9 +8,8 @@
 #include <QStringList>
 #include <QtTest>
 
-//! Base of the tests: a test function that makes Qt warn fails, unless the warning is in the short list of
-//! what is let through or the function expected it. A test that has init() or cleanup() of its own calls
-//! these.
+//! Base class of the tests. A test function fails if Qt prints a warning that the function does not expect
+//! and that is not in a short list of exceptions. A class with its own init() or cleanup() calls these.
 class TestCase : public QObject
 {
     Q_OBJECT
@@ -18,7 +17,7 @@ public:
     TestCase();
     ~TestCase() override;
 
-    //! Lets warnings that contain text pass until the running test function ends.
+    //! Ignores warnings that contain text until the current test function ends.
     void allowWarning(const QString &text);
 
 protected slots:
@@ -26,6 +25,6 @@ protected slots:
     void cleanup();
 };
 
-//! Delivers everything that is queued, deferred deletion included, until nothing is left: what has not
-//! happened then will not happen by itself.
+//! Delivers all queued events, deferred deletion included. What has not happened afterwards does not happen
+//! by itself.
 void drainEvents();

@@ -7,7 +7,7 @@
 #include <QStringList>
 #include <QVariant>
 
-// The small modules of tests/support/modules, as their loader's tests see them.
+// The small modules of tests/support/modules, for the tests of the module loader.
 
 //! The path of one of the test modules.
 inline QString modulePath(const char *name)
@@ -16,7 +16,7 @@ inline QString modulePath(const char *name)
            QStringLiteral("/modules/%1_module.so").arg(QLatin1String(name));
 }
 
-//! What the modules have noted since the last call of this.
+//! The calls that the modules have recorded since the last call of this function.
 inline QStringList takeCalls()
 {
     const QStringList calls = qApp->property("moduleCalls").toStringList();
@@ -24,11 +24,11 @@ inline QStringList takeCalls()
     return calls;
 }
 
-//! Whether a file is in this process's memory.
+//! Whether a file is mapped into this process.
 inline bool isMapped(const QString &path)
 {
     QFile maps(QStringLiteral("/proc/self/maps"));
     if (!maps.open(QIODevice::ReadOnly))
-        qFatal("the test cannot see what is mapped");
+        qFatal("cannot read /proc/self/maps");
     return maps.readAll().contains(QFile::encodeName(QFileInfo(path).fileName()));
 }

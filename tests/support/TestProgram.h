@@ -25,6 +25,6 @@ int runTests(int argc, char **argv)
 
 //! Adds a class to the program under its name, in which case does not count.
 #define TEST_CLASS(Class) static const bool Class##IsAdded = addTests(#Class, runTests<Class, QApplication>)
-//! The same for a class that does without a display.
+//! The same for a class that needs no display.
 #define CORE_TEST_CLASS(Class)                                                                               \
     static const bool Class##IsAdded = addTests(#Class, runTests<Class, QCoreApplication>)

@@ -9,19 +9,18 @@
 #include <QMimeData>
 #include <QSpacerItem>
 
-//! The events of a drag, handed to the popup itself: the application would ask for the drag that it belongs
-//! to.
+//! Delivers an event of a drag to the popup itself: QApplication would look for the drag it belongs to.
 inline void deliver(QObject *receiver, QEvent *event)
 {
     receiver->event(event);
 }
 
-//! A popup over which one of its tiles is dragged, event by event. Three tiles stand in one row, in the
-//! middle of 1300 x 800.
+//! A popup over which one of its tiles is dragged, event by event. Three tiles are in one row, in the middle
+//! of 1300 x 800.
 class DraggedTile : public MousedPopup
 {
 public:
-    // The popup's rectangle with one row of four columns, and what is left of it when collapsed.
+    // The popup's rectangle with one row of four columns, and when it is collapsed.
     static constexpr QRect fullSize{288, 299, 724, 201};
     static constexpr QRect strip{288, 299, 724, 32};
     static constexpr QPoint outside{5, 5};
@@ -34,7 +33,7 @@ public:
         data.setData(format(), "tile");
     }
 
-    //! Of the browser's own drags.
+    //! The format of the browser's own drags.
     static QString format() { return QStringLiteral("application/corvel.DR.Layout"); }
     //! A move of the drag with the pointer there, in global coordinates.
     void dragTo(const QPoint &global)
@@ -69,7 +68,7 @@ public:
         }
         return indices;
     }
-    //! Spoils all that collapsing and restoring set.
+    //! Changes everything that collapsing and restoring set.
     void disturb()
     {
         popup->setGeometry(disturbed);

@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <QWidget>
 
-//! What stands in a layout, item by item: a widget's name, "spacer", or a layout with its name, its spacing
+//! The items of a layout: a widget's name, "spacer", or a layout with its name, its spacing
 //! and its own items. Those of a grid begin with row and column.
 // NOLINTNEXTLINE(misc-no-recursion): no deeper than the form
 inline QString formText(QLayoutItem *item)

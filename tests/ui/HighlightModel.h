@@ -5,9 +5,9 @@
 #include <QVector>
 
 //! The popup's highlight without the popup: which tiles are highlighted, which tile's path the path line
-//! shows and which way a selection by keys last grew. Tiles are numbers in display order, from 0. Says what
-//! must come of keys and of mouse buttons on tiles, for the popup to be measured against; it thinks in runs
-//! of highlighted tiles and in numbers, where the popup walks its widgets.
+//! shows and which way a selection by keys last grew. Tiles are numbers in display order, from 0. Predicts
+//! what keys, and mouse buttons on tiles, do in the popup. It works with numbers and runs of highlighted
+//! tiles, whereas the popup iterates over its widgets.
 class HighlightModel
 {
 public:
@@ -19,7 +19,7 @@ public:
             highlightAndShow(0);
     }
 
-    // A closed popup answers to nothing any more.
+    // A closed popup ignores everything.
     void key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
         if (m_isClosed)
@@ -56,7 +56,7 @@ public:
             fillRange();
     }
 
-    //! Of whichever button.
+    //! Of any button.
     void release(int tile, Qt::KeyboardModifiers modifiers)
     {
         if (m_isClosed || highlighted().size() < 2 || !m_tiles.at(tile) || isShiftOrControlAlone(modifiers))
@@ -65,7 +65,7 @@ public:
         m_tiles[tile] = true;
     }
 
-    //! What others may do to a tile's highlight.
+    //! Changes a tile's highlight as other code may.
     void toggle(int tile) { m_tiles[tile] = !m_tiles.at(tile); }
 
     QList<int> highlighted() const
@@ -89,7 +89,7 @@ private:
         int last;
     };
 
-    //! Shift or Control, and no other bit beside it, that of the keypad included.
+    //! Shift or Control, without any other modifier, the keypad's included.
     static bool isShiftOrControlAlone(Qt::KeyboardModifiers modifiers)
     {
         return modifiers == Qt::ShiftModifier || modifiers == Qt::ControlModifier;
@@ -138,8 +138,8 @@ private:
             replaceByOne(lastRun(), (lastRun().first + m_tiles.size() - 1) % m_tiles.size());
     }
 
-    //! Round the ends of the first highlighted tile's column. Other highlighted tiles stay so, and the
-    //! target, when it is one of them, is not shown anew.
+    //! Wraps around in the first highlighted tile's column. Other highlighted tiles stay so; if the target is
+    //! one of them, the path line does not change.
     void moveInColumn(int step)
     {
         if (highlighted().isEmpty())

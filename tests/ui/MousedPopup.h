@@ -1,25 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "tests/support/TestCase.h"
-#include "tests/support/fake/FakeBrowser.h"
-#include "ui/RecentDocDialog.h"
-#include "ui/RecentDocMainWindow.h"
+#include "tests/ui/OpenGrid.h"
 
 #include <QMouseEvent>
-#include <QPointer>
 
-//! A shown popup that gets its mouse events one by one, without a display's help. Positions are the popup's
-//! own.
-class MousedPopup
+//! A shown popup that receives mouse events one by one. Positions are in its own coordinates.
+class MousedPopup : public UnshownPopup
 {
 public:
-    //! Shows the popup of so many drawings, laid out.
-    explicit MousedPopup(int documents) : browser(documents) { show(); }
-    //! The same with files of these names.
-    explicit MousedPopup(const QStringList &names) : browser(names) { show(); }
+    //! \param documents how many, or the names of their files
+    template<class Documents>
+    explicit MousedPopup(const Documents &documents) : UnshownPopup(documents)
+    {
+        popup->show();
+        drainEvents(); // layouts have run
+    }
 
-    //! Whether the popup has taken the event. The handlers of its base class leave every mouse event.
+    //! \return whether the popup accepted the event; its base class ignores mouse events
     bool press(const QPointF &position, Qt::MouseButton button = Qt::LeftButton) const
     {
         return send(QEvent::MouseButtonPress, position, button, button);
@@ -33,19 +31,7 @@ public:
     //! A place between the tiles.
     QPoint gap() const { return tiles.first()->geometry().topRight() + QPoint(5, 20); }
 
-    FakeBrowser browser;
-    QPointer<RecentDocMainWindow> popup;
-    QList<RecentDocDialog *> tiles;
-
 private:
-    void show()
-    {
-        browser.createDocument();
-        popup = browser.openPopup();
-        tiles = browser.tiles();
-        drainEvents(); // layouts have run
-    }
-
     bool send(QEvent::Type type, const QPointF &position, Qt::MouseButton button,
               Qt::MouseButtons buttons) const
     {

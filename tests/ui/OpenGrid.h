@@ -15,7 +15,7 @@
 
 using Indices = QList<int>;
 
-//! The highlighted ones of tiles, by the colour of their effect.
+//! The indices of highlighted tiles, by the colour of their effect.
 inline Indices highlightedIn(const QList<RecentDocDialog *> &tiles)
 {
     Indices indices;
@@ -27,8 +27,8 @@ inline Indices highlightedIn(const QList<RecentDocDialog *> &tiles)
     return indices;
 }
 
-//! Presses a key in a widget, with exactly these modifiers. The widget may be gone afterwards.
-//! \return whether the key was taken
+//! Presses a key in a widget, with exactly these modifiers. The widget may be deleted by it.
+//! \return whether the key was accepted
 inline bool pressKey(QWidget *widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
 {
     QKeyEvent event(QEvent::KeyPress, key, modifiers);
@@ -43,33 +43,57 @@ inline void sendPlain(QWidget *widget, QEvent::Type type)
     QCoreApplication::sendEvent(widget, &event);
 }
 
+//! Records which objects get events of a type, once for each event.
+class ReceiversOf : public QObject
+{
+public:
+    explicit ReceiversOf(QEvent::Type type) : m_type(type) {}
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == m_type)
+            receivers.append(watched);
+        return false;
+    }
+    QList<QObject *> receivers;
+
+private:
+    QEvent::Type m_type;
+};
+
 //! A popup as its constructor leaves it.
 struct UnshownPopup
 {
     explicit UnshownPopup(int documents = 0, const QRect &frame = QRect(0, 0, 1300, 800)) : browser(documents)
     {
         browser.host.mainWindow().setGeometry(frame);
-        browser.createDocument();
-        popup = new RecentDocMainWindow(&browser.host.mainWindow());
-        tiles = browser.tiles();
+        create();
     }
+    explicit UnshownPopup(const QStringList &names) : browser(names) { create(); }
 
     FakeBrowser browser;
     QPointer<RecentDocMainWindow> popup;
     QList<RecentDocDialog *> tiles;
+
+private:
+    void create()
+    {
+        browser.createDocument();
+        popup = new RecentDocMainWindow(&browser.host.mainWindow());
+        tiles = browser.tiles();
+    }
 };
 
-//! An open popup over a fake host, whose highlight is put where a test wants it.
+//! An open popup over a fake host, whose highlight tests can set.
 struct OpenGrid
 {
-    //! \param columns 4 or 2: what the narrowest main windows give, and those around 930 pixels
+    //! \param columns 4 or 2, for a main window that is very narrow, or around 930 pixels wide
     //! \param documentsWithoutTile their pictures are not cached
     explicit OpenGrid(int documents, int columns = 4, const Indices &documentsWithoutTile = {})
         : browser(documents)
     {
         open(columns, documentsWithoutTile);
     }
-    //! Lists the paths of these drawings, in this order; one may come twice.
+    //! Lists the paths of these drawings, in this order; one may be listed twice.
     OpenGrid(int documents, const Indices &listed) : browser(documents)
     {
         QStringList recent;
@@ -80,7 +104,7 @@ struct OpenGrid
     }
 
     Indices highlighted() const { return highlightedIn(tiles); }
-    //! Highlights these tiles alone, and makes the path line tell nothing.
+    //! Highlights only these tiles, and resets the path line.
     void highlight(const Indices &indices)
     {
         for (RecentDocDialog *tile : qAsConst(tiles))
@@ -89,7 +113,7 @@ struct OpenGrid
             tiles.at(index)->highlight();
         popup->main_label_path->setText(asItWas());
     }
-    //! What the path line shows once a tile has been highlighted; of -1, what it was before any was.
+    //! The path line after a tile has been highlighted; for -1, as highlight() leaves it.
     QString lineOf(int tile) const
     {
         return tile < 0 ? asItWas() : shownPath(tiles.at(tile)->path(), popup->width());
@@ -97,6 +121,13 @@ struct OpenGrid
     QString line() const { return popup->main_label_path->text(); }
     static QString asItWas() { return QStringLiteral("as it was"); }
 
+    QStringList pathsAt(const Indices &indices) const
+    {
+        QStringList paths;
+        for (const int index : indices)
+            paths.append(browser.path(index));
+        return paths;
+    }
     bool press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
     {
         return pressKey(popup, key, modifiers);

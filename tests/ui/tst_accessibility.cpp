@@ -22,21 +22,22 @@ QAccessibleInterface *interfaceOf(QObject *object)
     return QAccessible::queryAccessibleInterface(object);
 }
 
-QStringList told; //!< "selected NAME" and "unselected NAME" of tiles, "focused NAME", "named NAME" of pins
+//! "selected NAME" and "unselected NAME" of tiles, "focused NAME", "named NAME" of pins.
+QStringList notifications;
 
 void note(QAccessibleEvent *event)
 {
-    const QAccessibleInterface *thing = event->accessibleInterface();
-    const QString name = thing->text(QAccessible::Name);
+    const QAccessibleInterface *source = event->accessibleInterface();
+    const QString name = source->text(QAccessible::Name);
     if (event->type() == QAccessible::Selection)
-        told.append((thing->state().selected ? "selected " : "unselected ") + name);
+        notifications.append((source->state().selected ? "selected " : "unselected ") + name);
     if (event->type() == QAccessible::Focus)
-        told.append("focused " + name);
-    if (event->type() == QAccessible::NameChanged && thing->role() == QAccessible::CheckBox)
-        told.append("named " + name);
+        notifications.append("focused " + name);
+    if (event->type() == QAccessible::NameChanged && source->role() == QAccessible::CheckBox)
+        notifications.append("named " + name);
 }
 
-//! A line each for what is in the tree below item, but for labels.
+//! A line for each item of the tree, except labels.
 // NOLINTNEXTLINE(misc-no-recursion): no deeper than the tree, which has four levels
 QStringList tree(QAccessibleInterface *item, const QString &indent = {})
 {
@@ -66,7 +67,7 @@ void act(QObject *object, int action = 0)
 
 } // namespace
 
-//! What assistive programs are told of the browser, at Qt's side: desktop/tst_screenreader is at theirs.
+//! What Qt reports of the browser to assistive programs; desktop/tst_screenreader tests what they receive.
 class tst_Accessibility : public TestCase
 {
     Q_OBJECT
@@ -74,7 +75,7 @@ class tst_Accessibility : public TestCase
 private slots:
     void initTestCase()
     {
-        // As if a screen reader had asked: without one Qt tells of nothing.
+        // As if a screen reader were running: without one Qt sends no notifications.
         QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
         QAccessible::installUpdateHandler(note);
     }
@@ -83,7 +84,7 @@ private slots:
 
     void popupIsAListOfDrawings()
     {
-        MousedPopup scene({QStringLiteral("a name of many letters.dwg"), QStringLiteral("roof.dwg")});
+        MousedPopup scene(QStringList({"a name of many letters.dwg", "roof.dwg"}));
         QVERIFY(waitForActive(scene.popup));
         scene.popup->setFocus();
         FakeBrowser::button(scene.tiles.at(1), "pinButton")->setChecked(true);
@@ -107,7 +108,7 @@ private slots:
         QCOMPARE(list->parent()->role(), QAccessible::Dialog);
     }
 
-    void movesOfTheHighlightAreTold_data()
+    void changesOfTheHighlightAreReported_data()
     {
         QTest::addColumn<Indices>("highlighted");
         QTest::addColumn<Keys>("keys");
@@ -128,7 +129,7 @@ private slots:
             << Indices{2, 3} << Keys{} << "focused 3, unselected 3, unselected 4, selected 3";
     }
 
-    void movesOfTheHighlightAreTold()
+    void changesOfTheHighlightAreReported()
     {
         QFETCH(Indices, highlighted);
         QFETCH(Keys, keys);
@@ -138,31 +139,31 @@ private slots:
         grid.popup->setFocus();
         grid.highlight(highlighted);
         drainEvents();
-        told.clear();
+        notifications.clear();
         for (const auto &[key, modifier] : keys)
             grid.press(key, modifier);
         if (keys.isEmpty())
             QTest::mouseClick(grid.tiles.at(2), Qt::LeftButton);
         drainEvents();
-        QCOMPARE(told.join(QStringLiteral(", ")).remove("drawing ").remove(".dwg"), expected);
+        QCOMPARE(notifications.join(QStringLiteral(", ")).remove("drawing ").remove(".dwg"), expected);
         for (RecentDocDialog *tile : qAsConst(grid.tiles)) {
             const QAccessibleInterface *item = interfaceOf(tile);
-            QCOMPARE(item->state().focused,
-                     told.filter("focused").constLast() == "focused " + item->text(QAccessible::Name));
+            QCOMPARE(item->state().focused, notifications.filter("focused").constLast() ==
+                                                "focused " + item->text(QAccessible::Name));
         }
     }
 
-    void popupHandsItsFocusToTheTile()
+    void popupPassesItsFocusToTheTile()
     {
         OpenGrid grid(3);
         QVERIFY(waitForActive(grid.popup));
         grid.highlight({1, 2});
         drainEvents();
-        told.clear();
+        notifications.clear();
         grid.tiles.at(0)->setFocus();
         grid.popup->setFocus();
         drainEvents();
-        QCOMPARE(told,
+        QCOMPARE(notifications,
                  QStringList({"focused drawing 1.dwg", "focused Recent Documents", "focused drawing 2.dwg"}));
         QVERIFY(!interfaceOf(grid.popup)->state().focused);
         QVERIFY(interfaceOf(grid.tiles.at(1))->state().focused);
@@ -178,7 +179,7 @@ private slots:
         QCursor::setPos(grid.popup->geometry().bottomRight() + QPoint(50, 50));
         act(grid.tiles.at(1), 1);
         QCOMPARE(grid.highlighted(), Indices{1});
-        QVERIFY(grid.popup); // for who has no pointer inside it keeps the focus
+        QVERIFY(grid.popup); // losing the focus would have closed it, with the pointer outside
         act(grid.tiles.at(2), 0);
         QVERIFY(!grid.popup);
         QCOMPARE(grid.browser.host.openedPaths(), QStringList(grid.browser.path(2)));
@@ -187,10 +188,10 @@ private slots:
     void pinIsToggledAsByAClick()
     {
         const OpenGrid grid(2);
-        told.clear();
+        notifications.clear();
         act(FakeBrowser::button(grid.tiles.at(1), "pinButton"));
         QVERIFY(RecentDocumentBrowser::menuPinButtonList.at(1)->isChecked());
-        QVERIFY(told.contains("named Unpin this document from the Recent Documents list"));
+        QVERIFY(notifications.contains("named Unpin this document from the Recent Documents list"));
     }
 
     void helpIsPressedAsByAClick()

@@ -20,7 +20,7 @@
 
 namespace {
 
-const QString balloonTitle = QStringLiteral("<b>Gear</b>"); // no markup
+const QString balloonTitle = QStringLiteral("<b>Gear</b>"); // plain text
 const QString balloonMessage = QStringLiteral("<i>Show in Folder</i>");
 const QPoint somewhere(300, 200);
 
@@ -31,7 +31,7 @@ QImage greenPicture()
     return image;
 }
 
-//! The balloons that exist, deleted ones that are still waiting for it included.
+//! All balloons, those whose deletion is pending included.
 QList<QBalloonTip *> balloons()
 {
     QList<QBalloonTip *> found;
@@ -43,7 +43,7 @@ QList<QBalloonTip *> balloons()
     return found;
 }
 
-//! Shows a balloon in place of all before and returns it.
+//! Shows a balloon in place of the former ones and returns it.
 QBalloonTip *shownAt(const QPoint &position, const QImage &icon = greenPicture(), int timeout = 1000,
                      bool showArrow = true)
 {
@@ -56,7 +56,7 @@ QBalloonTip *shownAt(const QPoint &position, const QImage &icon = greenPicture()
     return balloons().constFirst();
 }
 
-//! What stands in the balloon's layout, each with its row, column, extent and alignment.
+//! The items of the balloon's layout, with row, column, extent and alignment.
 QStringList contentOf(const QWidget *balloon)
 {
     QStringList content;
@@ -73,8 +73,8 @@ QStringList contentOf(const QWidget *balloon)
     return content;
 }
 
-//! The lowest tip at which the balloon's content still stands low: it and 18 pixels end on the screen. Before
-//! its margins are set the balloon is 24 pixels less high.
+//! The lowest position at which the margins are not flipped: the balloon and 18 pixels fit on the screen.
+//! Before its margins are set the balloon is 24 pixels less high.
 int lowestUnflipped(const QWidget *balloon)
 {
     constexpr int margins = 21 + 3;
@@ -82,7 +82,7 @@ int lowestUnflipped(const QWidget *balloon)
            (balloon->sizeHint().height() - margins);
 }
 
-//! A primary screen that does not begin at the corner.
+//! A primary screen whose top left corner is not 0, 0.
 class ScreenElsewhere : public QPlatformScreen
 {
 public:
@@ -127,7 +127,7 @@ private slots:
         drainEvents();
     }
 
-    void isAPaleTooltipWindowOfItsOwn()
+    void isAPaleToolTipWindow()
     {
         QVERIFY(!QBalloonTip::isBalloonVisible());
         const QBalloonTip *balloon = shownAt(somewhere);
@@ -149,7 +149,7 @@ private slots:
         QCOMPARE(meta.propertyCount(), meta.propertyOffset());
     }
 
-    void takesThePlaceOfTheFormer_data()
+    void replacesTheFormerBalloon_data()
     {
         QTest::addColumn<QString>("title");
         QTest::addColumn<QString>("message");
@@ -161,7 +161,7 @@ private slots:
         QTest::newRow("neither: it only hides the former") << QString() << QString("") << false;
     }
 
-    void takesThePlaceOfTheFormer()
+    void replacesTheFormerBalloon()
     {
         QFETCH(QString, title);
         QFETCH(QString, message);
@@ -170,22 +170,22 @@ private slots:
         QBalloonTip::showBalloon(greenPicture(), title, message, somewhere, 1000, true);
         QVERIFY(!former->isVisible());
         QCOMPARE(QBalloonTip::isBalloonVisible(), shows);
-        drainEvents(); // the former is deleted now, when the next one is up
+        drainEvents(); // only now is the former one deleted
         QVERIFY(!former);
         QCOMPARE(QBalloonTip::isBalloonVisible(), shows);
         QCOMPARE(balloons().size(), shows ? 1 : 0);
     }
 
-    void mayGoInAnyWay()
+    void canBeEndedInAnyWay()
     {
         const QList<std::function<void(QBalloonTip *)>> ways = {
             [](QBalloonTip * /*balloon*/) { QBalloonTip::hideBalloon(); },
             [](QBalloonTip *balloon) { balloon->close(); },
             [](QBalloonTip *balloon) { delete balloon; },
         };
-        for (const auto &letGo : ways) {
+        for (const auto &end : ways) {
             const QPointer<QBalloonTip> balloon = shownAt(somewhere);
-            letGo(balloon);
+            end(balloon);
             QVERIFY(!QBalloonTip::isBalloonVisible());
             drainEvents();
             QVERIFY(!balloon);
@@ -208,7 +208,7 @@ private slots:
             QVERIFY(balloon->findChildren<QTimer *>().isEmpty());
         }
         QBalloonTip *balloon = balloons().constFirst();
-        QTimerEvent timer(1); // not even a timer of somebody's
+        QTimerEvent timer(1); // nor does another timer
         QCoreApplication::sendEvent(balloon, &timer);
         for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
             QMouseEvent press(QEvent::MouseButtonPress, QPointF(60, 40), button, button, Qt::NoModifier);
@@ -221,9 +221,9 @@ private slots:
         QCOMPARE(balloons(), QList<QBalloonTip *>({balloon}));
     }
 
-    void messageStandsInTheLayoutOnlyWithAPicture()
+    void messageIsInTheLayoutOnlyWithAPicture()
     {
-        // The labels without text: the picture, and an empty one in the pointer's room, as the spacer.
+        // The labels without text: the picture, and an empty one beside the pointer, like the spacer.
         const QBalloonTip *balloon = shownAt(somewhere);
         QCOMPARE(contentOf(balloon), QStringList({balloonTitle + " 0 1 1x1 1", " 1 1 1x1 1", " 0 0 1x1 0",
                                                   "spacer 0 0 1x1 0", balloonMessage + " 2 1 1x1 1"}));
@@ -237,7 +237,7 @@ private slots:
         QCOMPARE(balloon->findChildren<QLabel *>().at(1)->pos(), QPoint(0, 0));
     }
 
-    void labelsAreOfTheirKind()
+    void labelsHaveTheirProperties()
     {
         const QList<QLabel *> labels = shownAt(somewhere)->findChildren<QLabel *>();
         const QLabel *title = labels.at(0);
@@ -267,9 +267,9 @@ private slots:
                  "background-color: rgb(255, 255, 255) }");
     }
 
-    void tipStandsAtThePosition()
+    void tipIsAtThePosition()
     {
-        // Amid the screen and at its edges: it may reach out at the right and at the bottom.
+        // In the middle of the screen and at its edges: it may extend beyond the right and the bottom.
         for (const QPoint position :
              {somewhere, QPoint(0, 200), QPoint(300, 30), QPoint(790, 200), QPoint(300, 790)})
             QCOMPARE(shownAt(position)->pos() + QPoint(0, 25), position);
@@ -297,7 +297,7 @@ private slots:
         }
     }
 
-    void outlineHasAPointerAlways()
+    void outlineAlwaysHasAPointer()
     {
         QBalloonTip *balloon = nullptr;
         for (const bool showArrow : {false, true}) {
@@ -311,9 +311,9 @@ private slots:
             QImage image(balloon->size(), QImage::Format_ARGB32_Premultiplied);
             image.fill(Qt::transparent);
             QImage expected = image;
-            balloon->render(&image, balloon->mask().boundingRect().topLeft(), balloon->mask(),
-                            {}); // without what stands in it
-            // The border is the ground, darker by 1.6.
+            const QWidget::RenderFlags alone; // without its children
+            balloon->render(&image, balloon->mask().boundingRect().topLeft(), balloon->mask(), alone);
+            // The border is the background, darker by 1.6.
             drawOutline(&expected, balloon->mask(), QColor(155, 155, 155), QColor(248, 248, 248));
             QCOMPARE(image, expected);
         }

@@ -2,25 +2,7 @@
 #include "tests/ui/DraggedTile.h"
 
 #include <QDropEvent>
-
-namespace {
-
-//! Counts how often a widget is shown.
-class ShowCount : public QObject
-{
-public:
-    explicit ShowCount(QWidget *widget) { widget->installEventFilter(this); }
-    int shows = 0;
-
-protected:
-    bool eventFilter(QObject * /*widget*/, QEvent *event) override
-    {
-        shows += event->type() == QEvent::Show ? 1 : 0;
-        return false;
-    }
-};
-
-} // namespace
+#include <QUrl>
 
 //! Which drags the popup tracks, the strip that it becomes while a tile is outside, and the way back.
 class tst_DragEvents : public TestCase
@@ -45,7 +27,7 @@ private slots:
     {
         QFETCH(QStringList, formats);
         QFETCH(bool, accepted);
-        DraggedTile drag(3, -1); // it is not asked whether a tile is held
+        DraggedTile drag(3, -1); // whether a tile is held does not matter
         QMimeData data;
         for (const QString &format : formats)
             data.setData(format, "file:///home/u/a.dwg");
@@ -63,12 +45,12 @@ private slots:
         QVERIFY(!drag.popup->isCollapsed);
     }
 
-    void movesAreNeitherTakenNorRefused()
+    void movesAreNeitherAcceptedNorIgnored()
     {
         DraggedTile drag;
         for (const QPoint pointer : {DraggedTile::fullSize.center(), DraggedTile::outside}) {
             QCursor::setPos(pointer);
-            for (const bool before : {false, true}) { // as the answer to the entering was
+            for (const bool before : {false, true}) { // as the enter event was answered
                 QDragMoveEvent event(QPoint(40, 40), Qt::CopyAction, &drag.data, Qt::LeftButton,
                                      Qt::NoModifier);
                 event.setAccepted(before);
@@ -82,6 +64,7 @@ private slots:
     {
         for (const bool collapsed : {false, true}) {
             DraggedTile drag;
+            drag.data.setUrls({QUrl::fromLocalFile(drag.browser.path(0))});
             drag.dragTo(collapsed ? DraggedTile::outside : DraggedTile::fullSize.center());
             QDropEvent event(QPointF(20, 20), Qt::CopyAction, &drag.data, Qt::LeftButton, Qt::NoModifier);
             deliver(drag.popup, &event);
@@ -144,14 +127,14 @@ private slots:
 
         drag.popup->dragDialog = drag.tiles.first();
         drag.dragTo(DraggedTile::outside);
-        delete drag.tiles.takeFirst(); // it may go meanwhile
+        delete drag.tiles.takeFirst(); // it may be deleted meanwhile
         drag.dragTo(DraggedTile::strip.center());
         QVERIFY(drag.popup->isCollapsed);
         QCOMPARE(drag.popup->geometry(), DraggedTile::strip);
         QCOMPARE(drag.shown(), QList<int>());
     }
 
-    void everyMoveOutsideLeavesTheHeaderAlone()
+    void everyMoveOutsideShowsOnlyTheHeader()
     {
         DraggedTile drag(6); // two rows, the second of two tiles
         const QRect strip(drag.popup->popupX, drag.popup->popupY, 724, 32);
@@ -176,16 +159,16 @@ private slots:
         const QRect before = drag.popup->geometry();
         drag.dragTo(DraggedTile::outside);
         drainEvents();
-        drag.popup->move(100, 600); // it comes back to its own place
-        const ShowCount restored(drag.tiles.at(0));
-        const ShowCount flickered(drag.tiles.at(1));
+        drag.popup->move(100, 600); // it returns to its own place
+        ReceiversOf shown(QEvent::Show);
+        for (const int tile : {0, 1}) // the dragged one is not even shown for a moment
+            drag.tiles.at(tile)->installEventFilter(&shown);
         drag.dragTo(drag.popup->geometry().center());
         QVERIFY(!drag.popup->isCollapsed);
         QCOMPARE(drag.popup->geometry(), before);
         QVERIFY(drag.hasFullForm());
         QCOMPARE(drag.shown(), QList<int>({0, 2, 3, 4, 5}));
-        QCOMPARE(restored.shows, 1);
-        QCOMPARE(flickered.shows, 0);
+        QCOMPARE(shown.receivers, QList<QObject *>{drag.tiles.at(0)});
         drainEvents();
         QCOMPARE(drag.popup->geometry(), before);
         QCOMPARE(drag.tiles.at(2)->pos().y(), drag.tiles.at(0)->pos().y());
@@ -233,7 +216,7 @@ private slots:
     {
         DraggedTile drag;
         drag.dragTo(DraggedTile::outside);
-        drag.popup->dragDialog = nullptr; // is not asked for
+        drag.popup->dragDialog = nullptr; // does not matter
         drag.tiles.first()->show();
         drag.disturb();
         drag.dragAway();

@@ -15,8 +15,7 @@ namespace {
 
 const QString tileFormat = QStringLiteral("application/corvel.DR.Layout");
 
-//! The drags that are started from a popup's tiles. Without a display they are over at once, and ended by
-//! nobody.
+//! The drags that are started from a popup's tiles. Without a display they end at once, without a drop.
 class StartedDrags : public QObject
 {
 public:
@@ -26,7 +25,7 @@ public:
             tile->installEventFilter(this);
     }
 
-    //! All that still exist.
+    //! Those that still exist.
     QList<QDrag *> drags() const
     {
         QList<QDrag *> found;
@@ -54,8 +53,8 @@ private:
     QPointer<QObject> m_parent;
 };
 
-//! Drags a tile to an end outside of the popup, as far as events can.
-//! \return whether the popup has taken the move; the handlers of its base class leave it
+//! Drags a tile until the drag ends outside of the popup.
+//! \return whether the popup accepted the move; its base class ignores it
 bool dragOutside(const MousedPopup &mouse, int tile)
 {
     mouse.press(mouse.middleOf(mouse.tiles.at(tile)));
@@ -66,13 +65,13 @@ bool dragOutside(const MousedPopup &mouse, int tile)
 } // namespace
 
 //! The press that takes hold of a tile, the move that starts its drag, what the drag carries, and what
-//! follows when it is over.
+//! follows it.
 class tst_DragStart : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void pressTakesHoldOfATileOrLetsGo_data()
+    void pressHoldsTheTileUnderThePointer_data()
     {
         QTest::addColumn<QString>("part");
         QTest::addColumn<bool>("isOfATile");
@@ -83,7 +82,7 @@ private slots:
             QTest::newRow(part) << QString(part) << false;
     }
 
-    void pressTakesHoldOfATileOrLetsGo()
+    void pressHoldsTheTileUnderThePointer()
     {
         QFETCH(QString, part);
         QFETCH(bool, isOfATile);
@@ -102,14 +101,14 @@ private slots:
             const QPoint before = mouse.middleOf(mouse.tiles.at(0));
             mouse.press(before);
             QCOMPARE(mouse.popup->dragDialog.data(), mouse.tiles.at(0));
-            QCOMPARE(mouse.press(place + QPointF(0.4, -0.4), button),
-                     !isOfATile); // left to the base class, or kept
+            // Only a press on a tile is passed to the base class, which ignores it.
+            QCOMPARE(mouse.press(place + QPointF(0.4, -0.4), button), !isOfATile);
             QCOMPARE(mouse.popup->dragDialog.data(), isOfATile ? tile : nullptr);
             QCOMPARE(mouse.popup->pressPoint, button == Qt::LeftButton ? place : before);
         }
     }
 
-    void tilesAreKnownByTheirName()
+    void tilesAreRecognizedByTheirName()
     {
         MousedPopup mouse(2);
         mouse.tiles.at(1)->setObjectName(QStringLiteral("AnotherDialog"));
@@ -120,7 +119,7 @@ private slots:
         }
     }
 
-    void onlyOneLevelOfParentIsLookedAt()
+    void onlyTheDirectParentCanBeATile()
     {
         MousedPopup mouse(2);
         mouse.press(mouse.middleOf(mouse.tiles.at(0)));
@@ -134,17 +133,18 @@ private slots:
         QVERIFY(!mouse.popup->dragDialog);
     }
 
-    void typedPressReachesThePopupThroughTheTile()
+    void pressOnALabelSelectsTheTileAndReachesThePopup()
     {
         MousedPopup mouse(3);
         RecentDocDialog *tile = mouse.tiles.at(2);
         for (const char *part : {"title_label", "image_label", "Iconlabel"}) {
             auto *pressed = tile->findChild<QWidget *>(part);
             mouse.popup->dragDialog = nullptr;
+            tile->clearHighlight();
             QTest::mousePress(pressed, Qt::LeftButton);
             QCOMPARE(mouse.popup->dragDialog.data(), tile);
             QCOMPARE(mouse.popup->pressPoint, mouse.middleOf(pressed));
-            QVERIFY(tile->isHighlighted());
+            QCOMPARE(highlightedIn(mouse.tiles), Indices{2});
             QTest::mouseRelease(pressed, Qt::LeftButton);
             QCOMPARE(mouse.popup->dragDialog.data(), tile); // the release changes nothing
         }
@@ -165,7 +165,7 @@ private slots:
         row("one less in all", false, {-4, 5});
         row("equal to the left", true, {-10, 0});
         row("equal in all", true, {5, -5});
-        row("no longer than it as the crow flies, but longer in all", true, {7, 7});
+        row("shorter in a straight line, but longer in all", true, {7, 7});
         row("one less of a longer one", false, {12, 12}, 25);
         row("equal to a longer one", true, {12, 13}, 25);
         row("left button and others", true, {40, 30}, 10,
@@ -188,7 +188,7 @@ private slots:
         MousedPopup mouse(3);
         const StartedDrags started(mouse.tiles);
         mouse.press(holds ? mouse.middleOf(mouse.tiles.at(1)) : mouse.gap());
-        // The base class, which leaves the event, comes last.
+        // The base class, which ignores the event, is called last.
         QCOMPARE(mouse.move(mouse.popup->pressPoint + moved, buttons), !starts);
         QCOMPARE(started.drags().size(), starts ? 1 : 0);
     }
@@ -216,9 +216,9 @@ private slots:
         QCOMPARE(layout.grabOffset(), grabOffset);
 
         QCOMPARE(started.latestParent(), tile);
-        QCOMPARE(drag->parent(), qApp); // fetched from when the tile is gone
+        QCOMPARE(drag->parent(), qApp); // since the data is fetched after the tile is deleted
         drainEvents();
-        QVERIFY(started.drags().isEmpty()); // nobody has taken it
+        QVERIFY(started.drags().isEmpty()); // no target has accepted it
     }
 
     void dragCarriesExactlyOneUrl()
@@ -237,7 +237,7 @@ private slots:
             const QString text = QStringLiteral("file:///") + tile->path();
             QVERIFY(text.startsWith(QLatin1String("file:////")));
             QCOMPARE(carried->urls(), QList<QUrl>({QUrl(text, QUrl::TolerantMode)}));
-            QVERIFY(carried->urls().constFirst().isValid()); // which a stricter reading would not make it
+            QVERIFY(carried->urls().constFirst().isValid()); // which it is not in strict mode
             QStringList formats = carried->formats();
             formats.sort();
             QCOMPARE(formats, QStringList({tileFormat, QStringLiteral("text/uri-list")}));
@@ -320,22 +320,11 @@ private slots:
         QCOMPARE(mouse.browser.host.openedPaths(), QStringList());
     }
 
-    void openingMayDeleteThePopup()
-    {
-        MousedPopup mouse(3);
-        mouse.tiles.at(1)->highlight();
-        mouse.browser.host.onOpen = [&](const QString & /*path*/) { delete mouse.popup; };
-        dragOutside(mouse, 1);
-        QVERIFY(!mouse.popup);
-        QCOMPARE(mouse.browser.host.openedPaths(),
-                 mouse.browser.paths().mid(0, 2)); // the second all the same
-    }
-
     void openingMayDeleteTheTile()
     {
         MousedPopup mouse(3);
         mouse.browser.host.onOpen = [&](const QString & /*path*/) { delete mouse.tiles.at(1); };
-        QVERIFY(dragOutside(mouse, 1)); // without a tile the base class gets nothing
+        QVERIFY(dragOutside(mouse, 1)); // without a tile the base class is not called
         QCOMPARE(mouse.browser.host.openedPaths(), QStringList(mouse.browser.path(0)));
     }
 };

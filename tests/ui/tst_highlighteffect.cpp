@@ -17,7 +17,7 @@ namespace {
 const QColor colorOfPlate(0, 0, 150, 100);
 const QColor colorAtRest(248, 248, 248, 255);
 
-//! Draws when it is told to.
+//! Can be drawn directly.
 class DirectEffect : public HighlightEffect
 {
 public:
@@ -25,7 +25,7 @@ public:
     using HighlightEffect::HighlightEffect;
 };
 
-//! A picture of a widget, of so many pixels for each of the widget's; of 0, what the window system has got.
+//! A picture of a widget. \param ratio device pixels for a pixel; 0: what the window system shows
 QImage photo(QWidget *widget, int ratio)
 {
     drainEvents();
@@ -41,11 +41,11 @@ QImage photo(QWidget *widget, int ratio)
     return image;
 }
 
-//! What a colour over another looks like.
-QColor over(const QColor &ground, const QColor &color)
+//! A colour that is painted over another.
+QColor over(const QColor &background, const QColor &color)
 {
     QImage pixel(1, 1, QImage::Format_RGB32);
-    pixel.fill(ground);
+    pixel.fill(background);
     QPainter painter(&pixel);
     painter.fillRect(pixel.rect(), color);
     return pixel.pixelColor(0, 0);
@@ -58,10 +58,10 @@ bool isNearly(const QColor &a, const QColor &b)
            std::abs(a.blue() - b.blue()) <= rounding;
 }
 
-//! The first pixel of an area that differs from what it should be, in words; empty when there is none.
+//! The first wrong pixel of an area, described; empty when there is none.
 //! \param area in the popup's units
-QString firstStrangePixel(const QImage &picture, const QRect &area,
-                          const std::function<QColor(const QPoint &)> &wanted)
+QString firstWrongPixel(const QImage &picture, const QRect &area,
+                        const std::function<QColor(const QPoint &)> &wanted)
 {
     const int ratio = qRound(picture.devicePixelRatio());
     for (int y = area.top() * ratio; y < (area.bottom() + 1) * ratio; ++y) {
@@ -78,7 +78,7 @@ QString firstStrangePixel(const QImage &picture, const QRect &area,
     return {};
 }
 
-//! What is wrong with a tile's plate at so many pixels' distance from the tile, over a picture without it.
+//! The wrong pixels of a tile's plate at a distance from the tile, in pixels. \param plain without the plate
 //! The corners, which are rounded, are left out.
 QString faultOfSides(const QImage &picture, const QImage &plain, const QRect &tile, int distance,
                      const QColor &color)
@@ -91,8 +91,8 @@ QString faultOfSides(const QImage &picture, const QImage &plain, const QRect &ti
     };
     QString fault;
     for (const QRect &side : sides) {
-        fault += firstStrangePixel(picture, side,
-                                   [&](const QPoint &pixel) { return over(plain.pixelColor(pixel), color); });
+        fault += firstWrongPixel(picture, side,
+                                 [&](const QPoint &pixel) { return over(plain.pixelColor(pixel), color); });
     }
     return fault;
 }
@@ -146,9 +146,8 @@ private slots:
     void plateIsRoundedInProportion_data()
     {
         QTest::addColumn<int>("ratio");
-        QTest::newRow("one pixel") << 1;
-        QTest::newRow("two pixels") << 2;
-        QTest::newRow("three pixels") << 3;
+        for (const int ratio : {1, 2, 3})
+            QTest::addRow("ratio %d", ratio) << ratio;
     }
 
     void plateIsRoundedInProportion()
@@ -164,7 +163,7 @@ private slots:
         QPainter painter(&image);
         scene.render(&painter, scene.sceneRect());
 
-        // In a scene nothing cuts the plate off: it reaches out from the effect's bounds, once more.
+        // In a scene the plate is not clipped: it extends beyond the effect's bounds, by the offset again.
         QPainter drawing(&expected);
         drawing.setPen(Qt::NoPen);
         drawing.setBrush(colorOfPlate);
@@ -173,7 +172,7 @@ private slots:
         QCOMPARE(image, expected);
     }
 
-    void painterStaysAsItWas()
+    void painterKeepsItsState()
     {
         QImage image(10, 10, QImage::Format_RGB32);
         QPainter painter(&image);
@@ -212,19 +211,19 @@ private slots:
         const QImage plain = photoWithoutEffect(grid, index, ratio);
         const QImage picture = photo(grid.popup, ratio);
         const auto asPlain = [&plain](const QPoint &pixel) { return plain.pixelColor(pixel); };
-        QCOMPARE(firstStrangePixel(picture, tile, asPlain), QString());
+        QCOMPARE(firstWrongPixel(picture, tile, asPlain), QString());
         QCOMPARE(faultOfSides(picture, plain, tile, 1, colorOfPlate), QString());
         QCOMPARE(faultOfSides(picture, plain, tile, 2, colorOfPlate), QString());
 
         constexpr int reach = 4; // the plate's two and a half and their neighbour
         const QRect around = tile.adjusted(-reach, -reach, reach, reach);
-        const QString outside = firstStrangePixel(picture, grid.popup->rect(), [&](const QPoint &pixel) {
+        const QString outside = firstWrongPixel(picture, grid.popup->rect(), [&](const QPoint &pixel) {
             return (around.contains(pixel / picture.devicePixelRatio()) ? picture : plain).pixelColor(pixel);
         });
         QCOMPARE(outside, QString());
     }
 
-    void writtenPropertiesShowAtTheNextRepaint_data()
+    void propertiesTakeEffectAtTheNextRepaint_data()
     {
         QTest::addColumn<QByteArray>("name");
         QTest::addColumn<QVariant>("value");
@@ -234,7 +233,7 @@ private slots:
         QTest::newRow("offset") << QByteArray("offset") << QVariant(QPointF(9, 9)) << 8 << colorOfPlate;
     }
 
-    void writtenPropertiesShowAtTheNextRepaint()
+    void propertiesTakeEffectAtTheNextRepaint()
     {
         QFETCH(QByteArray, name);
         QFETCH(QVariant, value);
@@ -272,10 +271,10 @@ private slots:
         const QImage plain = photoWithoutEffect(grid, 1, 1);
         grid.tiles.at(1)->graphicsEffect()->setProperty("offset", offset);
         const QRect tile = grid.tiles.at(1)->geometry();
-        const QColor ground = plain.pixelColor(tile.topLeft() - QPoint(10, 0)); // between two tiles
-        QCOMPARE(firstStrangePixel(
+        const QColor background = plain.pixelColor(tile.topLeft() - QPoint(10, 0)); // between two tiles
+        QCOMPARE(firstWrongPixel(
                      photo(grid.popup, 1), tile,
-                     [&](const QPoint &pixel) { return vanishes ? ground : plain.pixelColor(pixel); }),
+                     [&](const QPoint &pixel) { return vanishes ? background : plain.pixelColor(pixel); }),
                  QString());
     }
 };

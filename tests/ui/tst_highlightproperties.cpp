@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/Property.h"
 #include "tests/ui/HighlightModel.h"
-#include "tests/ui/Keys.h"
 #include "tests/ui/OpenGrid.h"
 
 #include <QApplication>
@@ -12,9 +11,8 @@
 
 namespace {
 
-//! What a user does to an open popup, to be tried at random. Numbers that are too large for the popup they
-//! meet count modulo what it has, so that any part of a sequence is a sequence: that is how the smallest one
-//! that fails is found.
+//! What a user does to an open popup, to be tried at random. Numbers count modulo what the popup has, so that
+//! any part of a sequence is a sequence too, which the search for the smallest failing one needs.
 struct HighlightStep
 {
     enum Kind {
@@ -23,7 +21,7 @@ struct HighlightStep
         Press,
         Release,
         Click,
-        Toggle, //!< of a tile's highlight, by others
+        Toggle, //!< of a tile's highlight, by other code
     };
 
     Kind kind = KeyOnPopup;
@@ -35,12 +33,19 @@ struct HighlightStep
     bool isKey() const { return kind == KeyOnPopup || kind == KeyOnTile; }
     std::string inWords(int tileCount) const
     {
-        const char *const kinds[] = {"", "", "press", "release", "click", "toggle"};
-        std::string words = nameOf(isKey() ? key : 0, modifiers).toStdString() + kinds[kind];
-        if (!isKey() && kind != Toggle)
-            words += " of button " + std::to_string(button);
-        return kind == KeyOnPopup ? words
-                                  : words + " on tile " + std::to_string(tile % std::max(tileCount, 1));
+        const char *const kinds[] = {"key", "key", "press", "release", "click", "toggle"};
+        QString words;
+        QDebug text(&words);
+        text << kinds[kind];
+        if (kind != Toggle)
+            text << modifiers;
+        if (isKey())
+            text << Qt::Key(key);
+        else if (kind != Toggle)
+            text << "button" << int(button);
+        if (kind != KeyOnPopup)
+            text << "on tile" << tile % std::max(tileCount, 1);
+        return words.toStdString();
     }
 };
 
@@ -93,7 +98,7 @@ void showValue(const HighlightCase &tried, std::ostream &out)
 
 constexpr std::size_t mostDocuments = 30;
 
-// One entry is as likely as another; what comes first is what a failing case is reduced to.
+// All entries are equally likely; failing cases are reduced towards the first.
 const std::vector<int> triedKeys = {
     Qt::Key_Right,  Qt::Key_Left,   Qt::Key_Down,     Qt::Key_Up,      Qt::Key_Tab,   Qt::Key_Right,
     Qt::Key_Left,   Qt::Key_Down,   Qt::Key_Up,       Qt::Key_Right,   Qt::Key_Left,  Qt::Key_Right,
@@ -121,11 +126,14 @@ std::vector<Qt::KeyboardModifiers> triedModifiers()
     std::vector<Qt::KeyboardModifiers> all(8, Qt::NoModifier);
     all.insert(all.end(), 12, Qt::ShiftModifier);
     all.insert(all.end(), 6, Qt::ControlModifier);
-    all.insert(all.end(), others.begin(), others.end());
+    all.insert(all.end(), {Qt::NoModifier, Qt::AltModifier, Qt::MetaModifier, Qt::KeypadModifier,
+                           Qt::GroupSwitchModifier, Qt::ShiftModifier | Qt::ControlModifier,
+                           Qt::ShiftModifier | Qt::KeypadModifier, Qt::ControlModifier | Qt::KeypadModifier,
+                           Qt::ShiftModifier | Qt::AltModifier, Qt::ControlModifier | Qt::AltModifier});
     return all;
 }
 
-//! Any number from 0 up to and without end, from the first case on: small cases are short, not tame.
+//! Any number from 0 and below end, in all cases: small cases are short, but not simple.
 rc::Gen<int> below(std::size_t end)
 {
     return rc::gen::resize(rc::kNominalSize, rc::gen::inRange(0, static_cast<int>(end)));
@@ -175,19 +183,19 @@ std::string sightOf(const QList<int> &highlighted, const QString &pathLine)
     return words + " and path line \"" + pathLine.toStdString() + '"';
 }
 
-//! A real popup on a case's documents. Its tiles get what is sent to them and nothing else: the path line
-//! would follow the pointer and the focus too, and those are not part of a case.
+//! The popup of a case's documents. Its tiles receive only the events of the case: the path line would follow
+//! the pointer and the focus too.
 class RealPopup
 {
 public:
     explicit RealPopup(const HighlightCase &tried)
     {
-        // A cache that is empty would be filled anew: an entry that no document has keeps it from that.
+        // An empty cache would be filled: an entry without a document prevents that.
         QMap<QString, QImage> cache = {{QStringLiteral("/d/of no document.dwg"), QImage()}};
         const QVector<bool> hasTile = tried.hasTile();
         QStringList documents;
         for (int i = 0; i < tried.documents; ++i) {
-            documents.append(QStringLiteral("/d/%1.dwg").arg(i)); // short, so that the path line never cuts
+            documents.append(QStringLiteral("/d/%1.dwg").arg(i)); // short: the path line shows all of it
             if (hasTile.at(i)) {
                 cache.insert(documents.last(), QImage());
                 m_paths.append(documents.last());
@@ -198,8 +206,8 @@ public:
         m_browser.createDocument();
         RecentDocumentBrowser::recentFileImageMap = cache;
 
-        // Not a pixel of it is looked at, and a window for each case would take most of the time and tell of
-        // each what the platform cannot do.
+        // Its pixels are not compared, and a window for each case would take most of the time and print a
+        // warning of the platform each time.
         m_popup = new RecentDocMainWindow(&m_browser.host.mainWindow());
         m_popup->setAttribute(Qt::WA_DontShowOnScreen);
         m_popup->show();
@@ -214,7 +222,7 @@ public:
         RC_ASSERT(QApplication::focusWidget() == m_popup);
     }
 
-    //! Back to a popup that has just opened, without the time that making one takes.
+    //! Resets it to a popup that has just opened, since creating one takes long.
     void reset()
     {
         m_popup->forwardSelectionActive = false;
@@ -267,7 +275,7 @@ public:
     std::string seen() const { return sightOf(highlightedIn(m_tiles), m_popup->main_label_path->text()); }
 
     bool isOpen() const { return m_popup && m_popup->isVisible(); }
-    bool isGone() const
+    bool isDeleted() const
     {
         drainEvents();
         return !m_popup;
@@ -302,7 +310,7 @@ public:
             }
         }
         take(tried.last);
-        RC_ASSERT(m_real.isGone() == m_model.isClosed());
+        RC_ASSERT(m_real.isDeleted() == m_model.isClosed());
     }
 
     const HighlightModel &model() const { return m_model; }
@@ -339,7 +347,8 @@ private:
     void compare(const std::string &after) const
     {
         QStringList due;
-        for (const int tile : m_model.opened())
+        const QList<int> opened = m_model.opened();
+        for (const int tile : opened)
             due.append(m_real.paths().at(tile));
         if (m_real.isOpen() == m_model.isClosed() || m_real.opened() != due) {
             RC_FAIL("after " + after + (m_real.isOpen() ? ": open, " : ": closed, ") +
@@ -367,7 +376,7 @@ class tst_HighlightProperties : public TestCase
     Q_OBJECT
 
 private slots:
-    void keysAndMouseDoWhatTheRulesSay()
+    void keysAndMouseFollowTheModel()
     {
         const auto property = [] {
             const HighlightCase tried = *anyCase();
@@ -380,7 +389,7 @@ private slots:
             RC_CLASSIFY(tried.tileCount() < tried.documents, "has documents without tile");
         };
         constexpr int cases = 1800 / HighlightCase::sequenceCount;
-        QVERIFY(holds("keys and mouse do to the highlight what the rules say", property, cases));
+        QVERIFY(holds("keys and mouse change the highlight as in the model", property, cases));
     }
 };
 

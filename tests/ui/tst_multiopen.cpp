@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "state/FolderPinButton.h"
 #include "tests/ui/OpenGrid.h"
 
-#include <QEventLoop>
 #include <QMouseEvent>
-#include <QTimer>
 
 #include <functional>
 
-//! How drawings are opened; the popup may be gone afterwards.
+//! How drawings are opened; the popup may be deleted by it.
 using WayToOpen = std::function<void(OpenGrid &)>;
 Q_DECLARE_METATYPE(WayToOpen)
 
@@ -22,25 +19,26 @@ void sendDoubleClick(RecentDocDialog *tile)
     QCoreApplication::sendEvent(tile, &event);
 }
 
-//! Lets events run as a progress dialog does.
-void runEvents()
-{
-    QEventLoop loop;
-    QTimer::singleShot(0, &loop, &QEventLoop::quit);
-    loop.exec();
-    drainEvents();
-}
-
 } // namespace
 
-//! Opening every highlighted document at once, and one by a double-click. tst_highlightproperties has which
-//! are opened, in which order.
+//! Opening every highlighted document at once, and one by a double-click. tst_highlightproperties tests which
+//! are opened, and in which order.
 class tst_MultiOpen : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void thePopupClosesFirst_data() { rowsOfWays(); }
+    void thePopupClosesFirst_data()
+    {
+        QTest::addColumn<WayToOpen>("open");
+        QTest::addColumn<Indices>("opened");
+        QTest::newRow("Enter") << WayToOpen([](OpenGrid &grid) {
+            grid.highlight({4, 2, 1});
+            grid.press(Qt::Key_Return);
+        }) << Indices{1, 2, 4};
+        QTest::newRow("double-click")
+            << WayToOpen([](OpenGrid &grid) { sendDoubleClick(grid.tiles.at(4)); }) << Indices{4};
+    }
 
     void thePopupClosesFirst()
     {
@@ -53,71 +51,33 @@ private slots:
             QCOMPARE(finished.count(), 1);
         };
         open(grid);
-        QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, opened));
+        QCOMPARE(grid.browser.host.openedPaths(), grid.pathsAt(opened));
         for (const FakeHost::OpenCall &call : grid.browser.host.opened)
             QVERIFY(call.mode == 0 && call.flags == 0 && call.resultWasEmpty);
         QCOMPARE(finished, QList<QVariantList>{{0}});
         QVERIFY(grid.popup); // deleted later
         drainEvents();
         QVERIFY(!grid.popup);
-        QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, opened));
+        QCOMPARE(grid.browser.host.openedPaths(), grid.pathsAt(opened));
     }
 
-    void everyPathIsTriedWhateverTheHostDoes_data() { rowsOfWays(); }
-
-    void everyPathIsTriedWhateverTheHostDoes()
-    {
-        QFETCH(WayToOpen, open);
-        QFETCH(Indices, opened);
-        for (const bool deletes : {true, false}) {
-            OpenGrid grid(5);
-            grid.popup->dragDialog = deletes ? grid.tiles.at(1) : nullptr; // which goes with the popup
-            bool wasGone = true;
-            grid.browser.host.onOpen = [&](const QString & /*path*/) {
-                if (deletes)
-                    delete grid.popup;
-                else
-                    runEvents();
-                wasGone = wasGone && !grid.popup; // while popup or tile was still at work
-            };
-            open(grid);
-            QVERIFY(wasGone);
-            QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, opened));
-        }
-    }
-
-    void withoutADocumentServiceThePopupClosesAllTheSame_data() { rowsOfWays(); }
-
-    void withoutADocumentServiceThePopupClosesAllTheSame()
-    {
-        QFETCH(WayToOpen, open);
-        for (const auto lacking : {&FakeHost::hasServices, &FakeHost::hasDocumentManager}) {
-            OpenGrid grid(5);
-            grid.browser.host.*lacking = false;
-            open(grid);
-            drainEvents();
-            QVERIFY(!grid.popup);
-            QCOMPARE(grid.browser.host.openedPaths(), QStringList());
-        }
-    }
-
-    void everyPathIsTriedThoughAPopupIsOpenedAnew()
+    void everyPathIsTriedWhenAnotherPopupIsOpened()
     {
         for (const auto &[menuIsRebuilt, eventsRun] : {std::pair(false, false), std::pair(true, false),
                                                        std::pair(false, true), std::pair(true, true)}) {
             OpenGrid grid(5);
             grid.highlight({1, 2, 4});
-            const QStringList expected = pathsAt(grid, {1, 2, 4});
+            const QStringList expected = grid.pathsAt({1, 2, 4});
             QCursor::setPos(grid.popup->geometry().center()); // else losing the focus would close the new one
-            QPointer<RecentDocMainWindow> anew;
+            QPointer<RecentDocMainWindow> another;
             grid.browser.host.onOpen = [&, rebuilds = menuIsRebuilt, runs = eventsRun](const QString &path) {
                 if (path != expected.first())
                     return;
-                if (rebuilds) { // as the host's word of a created drawing makes it
+                if (rebuilds) { // as after a drawing has been created
                     grid.browser.host.setRecent({path, grid.browser.path(0)});
                     grid.browser.createDocument();
                 }
-                anew = grid.browser.openPopup();
+                another = grid.browser.openPopup();
                 if (runs)
                     drainEvents();
             };
@@ -125,25 +85,11 @@ private slots:
             QCOMPARE(grid.browser.host.openedPaths(), expected);
             drainEvents();
             QVERIFY(!grid.popup);
-            QVERIFY(anew && anew->isVisible());
+            QVERIFY(another && another->isVisible());
             QCOMPARE(highlightedIn(grid.browser.tiles()), Indices({0}));
-            pressKey(anew, Qt::Key_Right);
+            pressKey(another, Qt::Key_Right);
             QCOMPARE(highlightedIn(grid.browser.tiles()), Indices({1}));
         }
-    }
-
-    void displayOrderIsPinnedFirst()
-    {
-        OpenGrid grid(4);
-        FakeBrowser::button(grid.tiles.at(2), "pinButton")->click();
-        grid.popup->done(0);
-        drainEvents();
-        RecentDocMainWindow *popup = grid.browser.openPopup();
-        const QList<RecentDocDialog *> tiles = grid.browser.tiles();
-        for (RecentDocDialog *tile : tiles)
-            tile->highlight();
-        popup->multiDocumentOpen();
-        QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, {2, 0, 1, 3}));
     }
 
     void oneDocumentListedTwiceIsOpenedTwice()
@@ -151,19 +97,7 @@ private slots:
         OpenGrid grid(3, {0, 1, 2, 0});
         grid.highlight({0, 1, 3});
         grid.popup->multiDocumentOpen();
-        QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, {0, 1, 0}));
-    }
-
-    void nothingHighlightedLeavesThePopupOpen()
-    {
-        OpenGrid grid(5);
-        grid.highlight({});
-        const QSignalSpy finished(grid.popup, &QDialog::finished);
-        grid.popup->multiDocumentOpen();
-        drainEvents();
-        QVERIFY(grid.popup && grid.popup->isVisible());
-        QCOMPARE(finished.count(), 0);
-        QCOMPARE(grid.browser.host.openedPaths(), QStringList());
+        QCOMPARE(grid.browser.host.openedPaths(), grid.pathsAt({0, 1, 0}));
     }
 
     void emptyPathsAreSkipped()
@@ -211,30 +145,9 @@ private slots:
     {
         const OpenGrid grid(3);
         grid.tiles.at(1)->OpenDocument();
-        QCOMPARE(grid.browser.host.openedPaths(), pathsAt(grid, {1}));
+        QCOMPARE(grid.browser.host.openedPaths(), grid.pathsAt({1}));
         drainEvents();
         QVERIFY(grid.popup && grid.popup->isVisible());
-    }
-
-private:
-    //! One row for Enter, with the drawings 1, 2 and 4 highlighted, one for a double-click on 4.
-    static void rowsOfWays()
-    {
-        QTest::addColumn<WayToOpen>("open");
-        QTest::addColumn<Indices>("opened");
-        QTest::newRow("Enter") << WayToOpen([](OpenGrid &grid) {
-            grid.highlight({4, 2, 1});
-            grid.press(Qt::Key_Return);
-        }) << Indices{1, 2, 4};
-        QTest::newRow("double-click")
-            << WayToOpen([](OpenGrid &grid) { sendDoubleClick(grid.tiles.at(4)); }) << Indices{4};
-    }
-    static QStringList pathsAt(const OpenGrid &grid, const Indices &indices)
-    {
-        QStringList paths;
-        for (const int index : indices)
-            paths.append(grid.browser.path(index));
-        return paths;
     }
 };
 

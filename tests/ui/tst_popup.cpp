@@ -6,14 +6,17 @@
 #include "ui/HelpLabel.h"
 
 #include <QLabel>
+#include <QStyle>
+
+#include <cmath>
 
 using WhatAHostHas = bool FakeHost::*;
 Q_DECLARE_METATYPE(WhatAHostHas)
 
 namespace {
 
-const QColor titleGround(51, 51, 102);
-const QColor pathGround(0, 0, 94);
+const QColor titleColor(51, 51, 102);
+const QColor pathColor(0, 0, 94);
 const QColor pathText(188, 188, 253);
 
 //! Whether an area of a picture, in pixels, shows a colour at all.
@@ -34,14 +37,57 @@ void compareBrushOfAllGroups(const QPalette &palette, QPalette::ColorRole role, 
         QCOMPARE(palette.brush(group, role), QBrush(color, Qt::SolidPattern));
 }
 
+QPalette paletteOf(const QColor &background, const QColor &text)
+{
+    QPalette palette(text, background, background.lighter(), background.darker(), Qt::gray, text, text,
+                     background, background);
+    palette.setColor(QPalette::Highlight, Qt::yellow);
+    return palette;
+}
+
+//! As the web's contrast guidelines (WCAG 2) define it.
+double luminance(const QColor &color)
+{
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor &a, const QColor &b)
+{
+    const double first = luminance(a);
+    const double second = luminance(b);
+    return (qMax(first, second) + 0.05) / (qMin(first, second) + 0.05);
+}
+
+//! The greatest contrast of any pixel of image to its background.
+double contrastWithin(const QImage &image, const QColor &background)
+{
+    double greatest = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            greatest = qMax(greatest, contrast(image.pixelColor(x, y), background));
+    }
+    return greatest;
+}
+
 } // namespace
 
-//! What the popup is made of.
+//! What the popup is made of, and whether it can be read on desktops with other colours.
 class tst_Popup : public TestCase
 {
     Q_OBJECT
 
 private slots:
+    void cleanup()
+    {
+        qApp->setStyleSheet(QString());
+        QApplication::setStyle(m_style);
+        QApplication::setPalette(m_palette);
+        TestCase::cleanup();
+    }
+
     void isAFramelessDialogOfTheMainWindow()
     {
         UnshownPopup made(3);
@@ -51,7 +97,7 @@ private slots:
         QVERIFY(popup.inherits("CFxDialog"));
         QCOMPARE(popup.windowModality(), Qt::NonModal);
         QCOMPARE(popup.focusPolicy(), Qt::StrongFocus);
-        QVERIFY(!popup.isVisible()); // whoever makes it shows it
+        QVERIFY(!popup.isVisible()); // the caller shows it
         QVERIFY(popup.acceptDrops());
         QVERIFY(popup.testAttribute(Qt::WA_MouseTracking));
         QVERIFY(popup.testAttribute(Qt::WA_DeleteOnClose));
@@ -89,7 +135,7 @@ private slots:
         QCOMPARE(popup.getColumnPosition(), -1);
     }
 
-    void titleIsStyledToTheLetter()
+    void titleHasItsStyleSheet()
     {
         const UnshownPopup made;
         const QLabel &title = *made.popup->main_label_title;
@@ -122,22 +168,22 @@ private slots:
         QLabel *help = popup.findChild<HelpLabel *>();
         for (const QLabel *label : {popup.main_label_title, popup.main_label_path, help})
             QVERIFY(label->autoFillBackground());
-        compareBrushOfAllGroups(popup.main_label_title->palette(), QPalette::Window, titleGround);
-        compareBrushOfAllGroups(help->palette(), QPalette::Window, titleGround);
-        compareBrushOfAllGroups(popup.main_label_path->palette(), QPalette::Window, pathGround);
+        compareBrushOfAllGroups(popup.main_label_title->palette(), QPalette::Window, titleColor);
+        compareBrushOfAllGroups(help->palette(), QPalette::Window, titleColor);
+        compareBrushOfAllGroups(popup.main_label_path->palette(), QPalette::Window, pathColor);
         compareBrushOfAllGroups(popup.main_label_path->palette(), QPalette::WindowText, pathText);
 
         const QImage picture = grid.popup->grab().toImage();
         const QRect title = popup.main_label_title->geometry();
         const QRect path = popup.main_label_path->geometry();
-        QCOMPARE(title.topLeft(), QPoint(0, 0)); // the header runs to the window's edges
+        QCOMPARE(title.topLeft(), QPoint(0, 0)); // the header extends to the window's edges
         QCOMPARE(help->geometry().right(), popup.rect().right());
         QCOMPARE(path.width(), popup.width());
         for (const QPoint &corner : {title.topLeft(), title.bottomRight(), help->geometry().topRight(),
                                      help->geometry().bottomRight()})
-            QCOMPARE(picture.pixelColor(corner), titleGround);
+            QCOMPARE(picture.pixelColor(corner), titleColor);
         for (const QPoint &corner : {path.topLeft(), path.bottomRight()})
-            QCOMPARE(picture.pixelColor(corner), pathGround);
+            QCOMPARE(picture.pixelColor(corner), pathColor);
         QVERIFY(shows(picture, title, Qt::white));
         QVERIFY(shows(picture, path, pathText));
     }
@@ -182,14 +228,14 @@ private slots:
 
     void aPopupWithoutTilesShowsNoPath()
     {
-        FakeBrowser browser(2); // listed, but the menu that tiles are made from is not there yet
+        FakeBrowser browser(2); // listed, but the menu that tiles are made from does not exist yet
         RecentDocMainWindow popup(&browser.host.mainWindow());
         QVERIFY(browser.tiles().isEmpty());
         QCOMPARE(popup.main_label_path->text(), QString());
         QCOMPARE(popup.popupHeight, 201); // sized for the documents nevertheless
     }
 
-    void withoutARecentListOnlyTheHeaderStands_data()
+    void withoutARecentListOnlyTheHeaderIsShown_data()
     {
         QTest::addColumn<WhatAHostHas>("what");
         QTest::newRow("no services") << &FakeHost::hasServices;
@@ -198,7 +244,7 @@ private slots:
         QTest::newRow("no list") << &FakeHost::hasRecentFileList;
     }
 
-    void withoutARecentListOnlyTheHeaderStands()
+    void withoutARecentListOnlyTheHeaderIsShown()
     {
         QFETCH(WhatAHostHas, what);
         UnshownPopup older(3);
@@ -212,7 +258,7 @@ private slots:
         QCOMPARE(popup.verticalLayout->contentsMargins(), QMargins(11, 11, 11, 11));
         QCOMPARE(RecentDocMainWindow::docPathLabel.data(), popup.main_label_path);
         QVERIFY(popup.findChild<HelpLabel *>());
-        compareBrushOfAllGroups(popup.main_label_title->palette(), QPalette::Window, titleGround);
+        compareBrushOfAllGroups(popup.main_label_title->palette(), QPalette::Window, titleColor);
         QCOMPARE(popup.getColumnPosition(), -1);
         QCOMPARE(older.browser.tiles(), older.tiles); // the former ones stay listed
         QCOMPARE(RecentDocumentBrowser::docPinButtonList.size(), 3);
@@ -220,6 +266,71 @@ private slots:
         drainEvents();
         QCOMPARE(popup.size(), QSize(228, 64).expandedTo(popup.minimumSizeHint())); // large fonts need more
     }
+
+    void namesAndRingHaveContrast_data()
+    {
+        QTest::addColumn<QPalette>("palette");
+        QTest::addColumn<QPalette>("later"); // while the popup is open
+        QTest::addColumn<QString>("laterStyle");
+        const QPalette light = paletteOf(QColor(239, 239, 239), Qt::black);
+        const QPalette dark = paletteOf(QColor(45, 45, 45), Qt::white);
+        const QPalette highContrast = paletteOf(Qt::black, Qt::yellow);
+        QTest::newRow("light") << light << light << QString();
+        QTest::newRow("dark") << dark << dark << QString();
+        QTest::newRow("high contrast") << highContrast << highContrast << QString();
+        QTest::newRow("light, then dark") << light << dark << QString();
+        QTest::newRow("dark, then light") << dark << light << QString();
+        QTest::newRow("dark, then another style") << dark << dark << QStringLiteral("Windows");
+        QTest::newRow("light, then a style sheet of the application")
+            << light << light << QStringLiteral("QMenu { color: red; }");
+        QTest::newRow("an application that styles all labels and dialogs") << light << light << QString();
+    }
+
+    void namesAndRingHaveContrast()
+    {
+        QFETCH(QPalette, palette);
+        QFETCH(QPalette, later);
+        QFETCH(QString, laterStyle);
+        QApplication::setPalette(palette);
+        if (qstrcmp(QTest::currentDataTag(), "an application that styles all labels and dialogs") == 0)
+            qApp->setStyleSheet(QStringLiteral("QLabel { color: white; } QDialog { background: black; }"
+                                               "RecentDocDialog QLabel { color: black; }"
+                                               "RecentDocMainWindow { background: #f0f0f0; }"));
+        FakeBrowser browser(2);
+        browser.createDocument();
+        RecentDocMainWindow *popup = browser.openPopup();
+        drainEvents();
+        if (laterStyle.contains(QLatin1Char('{')))
+            qApp->setStyleSheet(laterStyle);
+        else if (!laterStyle.isEmpty())
+            QApplication::setStyle(laterStyle);
+        QApplication::setPalette(later);
+        drainEvents();
+
+        const QImage image = popup->grab().toImage();
+        const QList<RecentDocDialog *> tiles = browser.tiles();
+        const RecentDocDialog *highlighted = tiles.first();
+        for (const RecentDocDialog *tile : tiles) {
+            const QRect name(tile->title_label->mapTo(popup, QPoint()), tile->title_label->size());
+            const double found = contrastWithin(image.copy(name), image.pixelColor(name.topRight()));
+            QVERIFY2(found >= 4.5, qPrintable(QString::number(found)));
+        }
+        for (const QLabel *label : {popup->main_label_title, popup->main_label_path}) {
+            const QRect place = label->geometry();
+            const double found = contrastWithin(image.copy(place), image.pixelColor(place.topRight()));
+            QVERIFY2(found >= 4.5, qPrintable(QString::number(found)));
+            QVERIFY(luminance(image.pixelColor(place.topRight())) < 0.1); // the header's own background
+        }
+        const int middle = highlighted->geometry().center().y();
+        const QColor ring = image.pixelColor(highlighted->x() - 2, middle);
+        const QColor background = image.pixelColor(highlighted->x() - 6, middle);
+        QVERIFY2(contrast(ring, background) >= 2.5,
+                 qPrintable(ring.name() + QLatin1Char(' ') + background.name()));
+    }
+
+private:
+    const QPalette m_palette = QApplication::palette();
+    const QString m_style = QApplication::style()->objectName();
 };
 
 TEST_CLASS(tst_Popup);

@@ -16,7 +16,7 @@ QWidget *inCell(const RecentDocMainWindow &popup, int row, int column)
 
 } // namespace
 
-//! How large the popup is, where it stands, and where its tiles do.
+//! The popup's size and place, and the places of its tiles.
 class tst_PopupGeometry : public TestCase
 {
     Q_OBJECT
@@ -36,7 +36,7 @@ private slots:
         row("the last narrow width", 585, 1, {4, 1}, {724, 201});
         row("the first medium width", 586, 1, {3, 1}, {543, 201});
         row("the last medium width", 900, 1, {3, 1}, {543, 201});
-        row("only two columns behind the medium widths", 901, 1, {2, 1}, {362, 201});
+        row("only two columns after the medium widths", 901, 1, {2, 1}, {362, 201});
         row("the last width of two columns", 965, 1, {2, 1}, {362, 201});
         row("the first width of three columns again", 966, 1, {3, 1}, {543, 201});
         row("the last width of three columns", 1287, 1, {3, 1}, {543, 201});
@@ -69,7 +69,7 @@ private slots:
         QTest::addColumn<QRect>("frame");
         QTest::addColumn<QPoint>("place");
         // One document: the popup is 201 high. 500 wide makes it 724 wide, 1300 as well, 700 makes it 543.
-        QTest::newRow("centred as if the window stood at 0, 0")
+        QTest::newRow("centred as if the window were at 0, 0")
             << QRect(100, 50, 1300, 801) << QPoint(288, 300);
         QTest::newRow("an odd rest is dropped") << QRect(100, 50, 701, 802) << QPoint(79, 300);
         QTest::newRow("wider than the window, shorter: its top for x")
@@ -139,9 +139,9 @@ private slots:
         }
         const bool isUsualSize = points * popup->logicalDpiY() <= 9 * 96;
         if (documents > 0 && (isUsualSize || content.bottom() < popup->popupHeight))
-            QCOMPARE(place.height(), popup->popupHeight); // no more than it takes
+            QCOMPARE(place.height(), popup->popupHeight); // no more than is needed
 
-        // As a strip it takes no more than its header, and then is what it was.
+        // Collapsed it is only as high as its header, and restored as before.
         if (documents == 0)
             return;
         popup->dragDialog = tiles.first();
@@ -166,11 +166,11 @@ private slots:
         QCOMPARE(browser.tiles().size(), 2);
     }
 
-    void spacersStandBehindTheTiles()
+    void spacersFollowTheTiles()
     {
         const UnshownPopup made(5);
         const QString tile = QStringLiteral(", %1 RecentDocDialog");
-        QCOMPARE(formText(made.popup->gridLayout), // one column stays empty behind the four
+        QCOMPARE(formText(made.popup->gridLayout), // one column after the four is empty
                  QStringLiteral("gridLayout 20 (0:5 spacer, 2:0 spacer") + tile.arg("0:0") + tile.arg("0:1") +
                      tile.arg("0:2") + tile.arg("0:3") + tile.arg("1:0") + QLatin1Char(')'));
         const QSpacerItem &right = *made.popup->horizontalSpacer;
@@ -214,7 +214,7 @@ private slots:
     void tilesBeyondTheLastCellStayOutOfTheGrid()
     {
         UnshownPopup made(6);
-        made.browser.host.setRecent(made.browser.paths().mid(0, 2)); // the menu has not heard of it yet
+        made.browser.host.setRecent(made.browser.paths().mid(0, 2)); // the menu is not updated yet
         const RecentDocMainWindow popup(&made.browser.host.mainWindow());
         QCOMPARE(popup.tileRows, 1);
         const QList<RecentDocDialog *> tiles = made.browser.tiles();
@@ -232,7 +232,7 @@ private slots:
         QTest::newRow("the first tile") << nine << Indices{0} << 0;
         QTest::newRow("the first row's end") << nine << Indices{3} << 3;
         QTest::newRow("the second row") << nine << Indices{5} << 1;
-        QTest::newRow("behind the last row's empty cells") << nine << Indices{7} << 3;
+        QTest::newRow("above the last row's empty cells") << nine << Indices{7} << 3;
         QTest::newRow("the tile of the last row") << nine << Indices{8} << 0;
         QTest::newRow("the first of several") << nine << Indices{3, 2} << 2;
         QTest::newRow("none") << nine << Indices{} << -1;

@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "state/FolderPinButton.h"
 #include "tests/ui/OpenGrid.h"
+#include "ui/HelpLabel.h"
 
 #include <QDesktopServices>
-#include <QDropEvent>
-#include <QMimeData>
 #include <QUrl>
 
 #include <functional>
 #include <memory>
 
-//! Takes the place of the desktop's web browser.
+//! Replaces the desktop's web browser.
 class WebBrowser : public QObject
 {
     Q_OBJECT
@@ -32,7 +31,8 @@ void loseFocus(QWidget *widget)
     QCoreApplication::sendEvent(widget, &event);
 }
 
-//! The older of two popups over the same documents, once the newer is gone: the registry's tiles are.
+//! The older of two popups over the same documents, after the newer one and its tiles in the registry were
+//! deleted.
 struct SurvivingPopup : OpenGrid
 {
     explicit SurvivingPopup(int documents) : OpenGrid(documents)
@@ -47,12 +47,24 @@ struct SurvivingPopup : OpenGrid
     bool isReady = false;
 };
 
+//! An open popup and its help icon.
+struct PopupWithHelp : UnshownPopup
+{
+    PopupWithHelp() : UnshownPopup(2) { popup->show(); }
+    //! A press without a release, since what it calls may delete the label.
+    void press(Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        QTest::mousePress(label, button, modifiers);
+    }
+    QPointer<HelpLabel> label = popup->findChild<HelpLabel *>();
+};
+
 } // namespace
 
 using SurvivorEvent = std::function<void(const SurvivingPopup &)>;
 Q_DECLARE_METATYPE(SurvivorEvent)
 
-//! When the popup closes, what goes with it, and how an older one lives on.
+//! When the popup closes, by its help icon too, what is deleted with it, and how an older one continues.
 class tst_PopupLife : public TestCase
 {
     Q_OBJECT
@@ -87,7 +99,7 @@ private slots:
         made.popup->dragDialog = made.tiles.at(0);
         QCursor::setPos(pointer);
         loseFocus(made.popup);
-        QVERIFY(!made.popup->dragDialog); // forgotten in any case
+        QVERIFY(!made.popup->dragDialog); // reset in any case
         QCOMPARE(made.popup->isVisible(), !closes);
         QCOMPARE(finished, closes ? QList<QVariantList>{{int(QDialog::Rejected)}} : QList<QVariantList>());
         drainEvents();
@@ -107,20 +119,20 @@ private slots:
         QTRY_VERIFY(!grid.popup);
     }
 
-    void takesItsTilesAlongButLeavesTheLists()
+    void closingDeletesTheTilesButLeavesTheLists()
     {
         const OpenGrid grid(2);
         const QPointer<RecentDocDialog> tile = grid.tiles.at(0);
         grid.popup->done(0);
         drainEvents();
         QVERIFY(!tile);
-        QCOMPARE(grid.browser.tiles(), grid.tiles); // not to be looked into
+        QCOMPARE(grid.browser.tiles(), grid.tiles); // the pointers are invalid
         QCOMPARE(RecentDocumentBrowser::docPinButtonList.size(), 2);
         QVERIFY(!RecentDocumentBrowser::getHighlightedRecentDoc());
         QVERIFY(RecentDocumentBrowser::getHighlightedRecentDocPathList().isEmpty());
     }
 
-    void goesWithTheMainWindow()
+    void isDeletedWithTheMainWindow()
     {
         const FakeBrowser browser;
         auto mainWindow = std::make_unique<QWidget>();
@@ -130,7 +142,7 @@ private slots:
         QVERIFY(!popup);
     }
 
-    void leavingItWithThePointerKeepsIt()
+    void staysOpenWhenThePointerLeaves()
     {
         const OpenGrid grid(1);
         QCursor::setPos(5, 5);
@@ -139,28 +151,14 @@ private slots:
         QVERIFY(grid.popup && grid.popup->isVisible());
     }
 
-    void takesNothingThatIsDroppedOnIt()
-    {
-        const OpenGrid grid(1);
-        QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(grid.browser.path(0))});
-        QDropEvent drop(QPointF(20, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        static_cast<QObject *>(grid.popup)
-            ->event(&drop); // the application would ask for the drag that it ends
-        drainEvents();
-        QVERIFY(!drop.isAccepted());
-        QVERIFY(grid.popup->isVisible());
-        QCOMPARE(grid.browser.host.openedPaths(), QStringList());
-    }
-
-    void tabMovesNoFocus_data()
+    void tabLeavesTheFocus_data()
     {
         QTest::addColumn<QString>("focused");
         for (const char *name : {"RecentDocMainWindow", "RecentDocDialog", "pinButton", "folderButton"})
             QTest::newRow(name) << name;
     }
 
-    void tabMovesNoFocus()
+    void tabLeavesTheFocus()
     {
         QFETCH(QString, focused);
         const OpenGrid grid(3);
@@ -226,7 +224,7 @@ private slots:
         QCOMPARE(RecentDocumentBrowser::docPinButtonList, pins);
         QCOMPARE(RecentDocMainWindow::docPathLabel.data(), older.popup->main_label_path);
 
-        // From now on it works like an only popup.
+        // From now on it works like a single popup.
         QTest::mouseClick(older.tiles.at(1), Qt::LeftButton);
         QTest::keyClick(older.popup, Qt::Key_Right);
         QCOMPARE(RecentDocumentBrowser::getHighlightedRecentDocPathList(), {older.browser.path(2)});
@@ -247,7 +245,7 @@ private slots:
                 pinned.append(button->isChecked());
             return pinned;
         };
-        RecentDocumentBrowser::docPinButtonList.prepend(nullptr); // which is passed over
+        RecentDocumentBrowser::docPinButtonList.prepend(nullptr); // which is skipped
         for (const QList<bool> &pinned :
              {QList<bool>{false, true, false}, QList<bool>{false, false, false}}) {
             FakeBrowser::button(two.older.tiles.at(1), "pinButton")->click();
@@ -256,7 +254,7 @@ private slots:
         }
     }
 
-    void theNextPopupStartsAfresh()
+    void theNextPopupTakesOverFromASurvivor()
     {
         SurvivingPopup older(3);
         QVERIFY(older.isReady);
@@ -265,6 +263,94 @@ private slots:
         QCOMPARE(older.browser.tiles(), third->findChildren<RecentDocDialog *>());
         QCOMPARE(RecentDocumentBrowser::getHighlightedRecentDoc(), older.browser.tiles().at(0));
         QCOMPARE(RecentDocumentBrowser::docPinButtonList.size(), 3);
+    }
+
+    void helpIconIsAPlainLabel()
+    {
+        QWidget window;
+        const HelpLabel label(&window);
+        QCOMPARE(label.parentWidget(), &window);
+        QCOMPARE(label.objectName(), QStringLiteral("help_label"));
+        QCOMPARE(label.sizePolicy(), QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred));
+        QCOMPARE(label.frameShadow(), QFrame::Plain);
+        QCOMPARE(label.lineWidth(), 0);
+        QVERIFY(label.autoFillBackground());
+
+        const QMetaObject &meta = HelpLabel::staticMetaObject;
+        QCOMPARE(meta.className(), "HelpLabel");
+        QCOMPARE(meta.superClass(), &QLabel::staticMetaObject);
+        QCOMPARE(meta.methodCount(), meta.methodOffset());
+        QCOMPARE(meta.propertyCount(), meta.propertyOffset());
+    }
+
+    void anyButtonOnTheHelpIconRunsTheHelpAndCloses_data()
+    {
+        QTest::addColumn<int>("button");
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::newRow("left") << int(Qt::LeftButton) << Qt::KeyboardModifiers();
+        QTest::newRow("right") << int(Qt::RightButton) << Qt::KeyboardModifiers();
+        QTest::newRow("middle") << int(Qt::MiddleButton) << Qt::KeyboardModifiers();
+        QTest::newRow("left with Control")
+            << int(Qt::LeftButton) << Qt::KeyboardModifiers(Qt::ControlModifier);
+    }
+
+    void anyButtonOnTheHelpIconRunsTheHelpAndCloses()
+    {
+        QFETCH(int, button);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        PopupWithHelp open;
+        QTest::mouseRelease(open.label, Qt::LeftButton); // which does nothing
+        QCOMPARE(open.browser.host.commandsRun, QStringList());
+
+        bool wasVisible = false;
+        open.browser.host.onRunCommand = [&](const QString & /*name*/) {
+            wasVisible = open.popup->isVisible();
+        };
+        int heldAtTheEnd = -1;
+        connect(open.popup, &QDialog::finished, this,
+                [&] { heldAtTheEnd = open.browser.host.openReferences; });
+        open.press(Qt::MouseButton(button), modifiers);
+        QVERIFY(wasVisible); // while the command ran
+        QCOMPARE(heldAtTheEnd, 0);
+        QCOMPARE(open.browser.host.commandsRun, QStringList(QStringLiteral("_RHELP")));
+        QCOMPARE(open.browser.host.calls.filter(QStringLiteral("run ")), // nothing follows the name
+                 QStringList({"run _RHELP", "run taken", "run released"}));
+        QVERIFY(!open.popup->isVisible());
+        drainEvents();
+        QVERIFY(!open.popup); // deletes itself
+        QCOMPARE(open.browser.host.openedPaths(), QStringList());
+    }
+
+    void helpIconClosesWhateverTheHostLacks()
+    {
+        for (const bool hasServices : {false, true}) {
+            PopupWithHelp open;
+            open.browser.host.hasServices = hasServices;
+            open.browser.host.runCommandGivesHandle = false;
+            open.press();
+            QCOMPARE(open.browser.host.commandsRun.size(), hasServices ? 1 : 0);
+            QVERIFY(!open.popup->isVisible());
+        }
+    }
+
+    void helpCommandMayDeleteThePopup()
+    {
+        PopupWithHelp open;
+        open.browser.host.onRunCommand = [&](const QString & /*name*/) { delete open.popup; };
+        open.press();
+        QVERIFY(!open.label);
+        QCOMPARE(open.browser.host.openReferences, 0);
+    }
+
+    void helpIconClosesAnyParent()
+    {
+        const FakeBrowser browser;
+        QWidget window;
+        HelpLabel label(&window);
+        window.show();
+        QTest::mousePress(&label, Qt::LeftButton);
+        QVERIFY(!window.isVisible());
+        QCOMPARE(browser.host.commandsRun.size(), 1);
     }
 };
 

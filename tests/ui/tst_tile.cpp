@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "state/FolderPinButton.h"
+#include "tests/support/FocusReasons.h"
 #include "tests/support/MarkingTranslator.h"
 #include "tests/ui/FormText.h"
 #include "tests/ui/OpenGrid.h"
@@ -17,7 +18,7 @@ struct FreshTile
         tile = new RecentDocDialog(&popup, menuPin, path, picture, false);
     }
 
-    FakeBrowser browser; // its end empties the lists that tiles enter themselves in
+    FakeBrowser browser; // its destructor clears the lists that tiles add themselves to
     QWidget menu;
     QDialog popup;
     QString path;
@@ -38,13 +39,13 @@ QImage shownIn(const QLabel &label)
 
 } // namespace
 
-//! What a tile is made of.
+//! What a tile is made of, and what clicks on tiles do to the highlight and to the focus.
 class tst_Tile : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void isAChildOfThePopupAndNoWindow()
+    void isAChildOfThePopupAndNotAWindow()
     {
         const FreshTile fresh;
         const RecentDocDialog &tile = *fresh.tile;
@@ -92,10 +93,10 @@ private slots:
         QVERIFY(QCoreApplication::installTranslator(&translator));
         const FreshTile fresh;
         QCOMPARE(fresh.tile->windowTitle(), QStringLiteral("RecentDocDialog/RecentDocDialog"));
-        QCOMPARE(fresh.tile->title_label->text(), QStringLiteral("gear.dwg")); // names are not
+        QCOMPARE(fresh.tile->title_label->text(), QStringLiteral("gear.dwg")); // not translated
     }
 
-    void restsInItsStyleSheetToTheLetter()
+    void hasItsStyleSheet()
     {
         const FreshTile fresh;
         QCOMPARE(fresh.tile->styleSheet(),
@@ -107,7 +108,7 @@ private slots:
                                 "                                  }"));
     }
 
-    void longNamesAreCutAndPathsKept_data()
+    void longNamesAreCutButNotPaths_data()
     {
         QTest::addColumn<QString>("path");
         QTest::addColumn<QString>("shown");
@@ -122,14 +123,14 @@ private slots:
         row("umlauts count once", "/a/äöüäöüäöüäöü.dwg", "äöüäöüäöüäöü.dwg");
         row("no folder", "gear.dwg", "gear.dwg");
         row("no path", "", "");
-        row("no markup", "/a/<b>x.dwg", "<b>x.dwg");
+        row("markup is plain text", "/a/<b>x.dwg", "<b>x.dwg");
         row("doubled slashes and dots", "/a//b/../gear.dwg", "gear.dwg");
         row("backslashes", "C:\\a\\b.dwg", "C:\\a\\b.dwg");
         row("blanks around", " /a/gear.dwg ", "gear.dwg ");
         row("beyond the first plane", "/a/\xF0\x9F\x93\x90.dwg", "\xF0\x9F\x93\x90.dwg");
     }
 
-    void longNamesAreCutAndPathsKept()
+    void longNamesAreCutButNotPaths()
     {
         QFETCH(QString, path);
         QFETCH(QString, shown);
@@ -144,7 +145,7 @@ private slots:
         FreshTile fresh;
         const QLabel &picture = *fresh.tile->image_label;
         const QImage before = fresh.picture.copy();
-        fresh.picture.fill(Qt::black); // it has a copy
+        fresh.picture.fill(Qt::black); // the tile has a copy
         QVERIFY(picture.hasScaledContents());
         QCOMPARE(shownIn(picture), QPixmap::fromImage(before).toImage());
         QCOMPARE(picture.styleSheet(), QStringLiteral("QLabel {"
@@ -170,7 +171,7 @@ private slots:
         QCOMPARE(painted.pixelColor(0, painted.height() / 2), QColor(QStringLiteral("#C0C0C0"))); // its frame
     }
 
-    void typeIconStandsInTheCorner()
+    void typeIconIsInTheCorner()
     {
         const FreshTile fresh;
         const QLabel *icon = typeIcon(*fresh.tile);
@@ -179,13 +180,12 @@ private slots:
         QCOMPARE(icon->geometry().bottomRight(), fresh.tile->rect().bottomRight());
         const QImage stored(QStringLiteral(":/Images/Resources/VELA_DWG.png"));
         QVERIFY(!stored.isNull());
-        QCOMPARE(shownIn(*icon).size(),
-                 stored.size()); // an icon is never enlarged to the 21 pixels that it is asked for
+        QCOMPARE(shownIn(*icon).size(), stored.size()); // and not the 21 pixels that are asked for
         constexpr QImage::Format painted = QImage::Format_ARGB32_Premultiplied; // what a pixmap keeps
         QCOMPARE(shownIn(*icon).convertToFormat(painted), stored.convertToFormat(painted));
     }
 
-    void partsStandInTheirPlaces()
+    void partsAreInTheirPlaces()
     {
         const OpenGrid grid(1);
         drainEvents(); // layouts have run
@@ -205,7 +205,7 @@ private slots:
         QCOMPARE(typeIcon(tile)->geometry(), QRect(140, 110, 21, 21));
     }
 
-    void pinTakesOverTheMenusStateOnce()
+    void pinCopiesTheMenusStateOnce()
     {
         for (const bool pinned : {true, false}) {
             const FreshTile fresh(QStringLiteral("/a/gear.dwg"), pinned);
@@ -223,8 +223,106 @@ private slots:
         tile->close();
         drainEvents();
         QVERIFY(!tile);
-        QCOMPARE(grid.browser.tiles().size(), 2); // the second not to be looked at any more
+        QCOMPARE(grid.browser.tiles().size(), 2); // the second pointer is invalid
         QCOMPARE(RecentDocumentBrowser::docPinButtonList.size(), 2);
+    }
+
+    // Examples; tst_highlightproperties tests the rules.
+    void clicksSelect_data()
+    {
+        QTest::addColumn<Indices>("before");
+        QTest::addColumn<int>("clicked");
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::addColumn<Indices>("pressed");
+        QTest::addColumn<Indices>("released");
+        const auto row = [](const char *name, const Indices &before, int clicked,
+                            Qt::KeyboardModifiers modifiers, const Indices &pressed,
+                            const Indices &released) {
+            QTest::newRow(name) << before << clicked << modifiers << pressed << released;
+        };
+        constexpr Qt::KeyboardModifiers none = Qt::NoModifier;
+        constexpr Qt::KeyboardModifiers control = Qt::ControlModifier;
+        constexpr Qt::KeyboardModifiers shift = Qt::ShiftModifier;
+        row("a click drops several", {0, 1, 4}, 2, none, {2}, {2});
+        row("a click on one of several keeps them until the release", {0, 2, 3}, 2, none, {0, 2, 3}, {2});
+        row("Control never removes", {0, 2}, 2, control, {0, 2}, {0, 2});
+        row("Shift backward", {4}, 1, shift, {1, 2, 3, 4}, {1, 2, 3, 4});
+        row("Shift between two fills the first gap alone", {0, 4}, 2, shift, {0, 1, 2, 4}, {0, 1, 2, 4});
+        row("Shift on the only selected tile runs to the end", {2}, 2, shift, {2, 3, 4, 5}, {2, 3, 4, 5});
+    }
+
+    void clicksSelect()
+    {
+        QFETCH(Indices, before);
+        QFETCH(int, clicked);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        QFETCH(Indices, pressed);
+        QFETCH(Indices, released);
+        OpenGrid grid(6);
+        grid.highlight(before);
+        QTest::mousePress(grid.tiles.at(clicked), Qt::LeftButton, modifiers);
+        QCOMPARE(grid.highlighted(), pressed);
+        QTest::mouseRelease(grid.tiles.at(clicked), Qt::LeftButton, modifiers);
+        QCOMPARE(grid.highlighted(), released);
+    }
+
+    void pressGivesTheFocusToThePopup_data()
+    {
+        QTest::addColumn<int>("button");
+        QTest::addColumn<int>("clicked");
+        QTest::newRow("left, selecting") << int(Qt::LeftButton) << 2;
+        QTest::newRow("left, on the selected tile") << int(Qt::LeftButton) << 0;
+        QTest::newRow("right") << int(Qt::RightButton) << 2;
+        QTest::newRow("middle") << int(Qt::MiddleButton) << 2;
+    }
+
+    void pressGivesTheFocusToThePopup()
+    {
+        QFETCH(int, button);
+        QFETCH(int, clicked);
+        const OpenGrid grid(6);
+        QVERIFY(waitForActive(grid.popup));
+        grid.tiles.at(1)->setFocus();
+        QCOMPARE(QApplication::focusWidget(), grid.tiles.at(1));
+        grid.tiles.at(clicked)->setFocusPolicy(Qt::StrongFocus); // as after the pointer was on it
+        const FocusReasons focus(*grid.popup);
+        QTest::mousePress(grid.tiles.at(clicked), Qt::MouseButton(button));
+        QCOMPARE(QApplication::focusWidget(), grid.popup.data());
+        QCOMPARE(focus.reasons, QList<Qt::FocusReason>{Qt::OtherFocusReason});
+        QCOMPARE(grid.popup->dragDialog.data(), grid.tiles.at(clicked)); // the popup receives the press too
+    }
+
+    void releaseGivesTheFocusToThePopupOnlyWhenItSelects()
+    {
+        OpenGrid grid(6);
+        grid.highlight({0, 2});
+        QVERIFY(waitForActive(grid.popup));
+        grid.tiles.at(1)->setFocus();
+        QTest::mouseRelease(grid.tiles.at(2), Qt::LeftButton, Qt::ControlModifier);
+        QCOMPARE(QApplication::focusWidget(), grid.tiles.at(1));
+        QTest::mouseRelease(grid.tiles.at(2), Qt::LeftButton);
+        QCOMPARE(grid.highlighted(), Indices({2}));
+        QCOMPARE(QApplication::focusWidget(), grid.popup.data());
+    }
+
+    void selectingInstallsAnEffectAndDeselectingRecoloursIt()
+    {
+        const OpenGrid grid(6);
+        const QPointer<QGraphicsEffect> first = grid.tiles.at(0)->graphicsEffect();
+        QTest::mousePress(grid.tiles.at(2), Qt::LeftButton);
+        const QPointer<QGraphicsEffect> second = grid.tiles.at(2)->graphicsEffect();
+        QCOMPARE(second->property("offset").toPointF(), QPointF(2.5, 2.5));
+        QVERIFY(!grid.tiles.at(1)->graphicsEffect());
+        QCOMPARE(grid.tiles.at(0)->graphicsEffect(), first.data()); // is kept, in the tile's resting colour
+        QCOMPARE(first->property("color").value<QColor>(), QColor(248, 248, 248, 255));
+
+        QTest::mousePress(grid.tiles.at(0), Qt::LeftButton, Qt::ControlModifier);
+        QVERIFY(!first); // replaced
+        QTest::mousePress(grid.tiles.at(2), Qt::LeftButton);
+        QVERIFY(second); // a press on a selected tile leaves it alone,
+        QTest::mouseRelease(grid.tiles.at(2), Qt::LeftButton);
+        QVERIFY(!second); // and the release selects it again
+        QCOMPARE(grid.highlighted(), Indices({2}));
     }
 };
 

@@ -4,7 +4,7 @@
 
 namespace {
 
-//! Takes the key presses that reach a widget, and handles them by doing nothing.
+//! Records and accepts the key presses that reach a widget.
 class KeyTaker : public QObject
 {
 public:
@@ -29,7 +29,7 @@ struct TileInWindow
         RecentDocMainWindow::docPathLabel = &line;
         tile = new RecentDocDialog(&window, &menuPin, path, picture, false);
     }
-    //! What the line shows of a path when the window is so many pixels wide.
+    //! The path line's text for a path, with a window of that width in pixels.
     QString shown(const QString &document, int width)
     {
         window.resize(width, window.height());
@@ -37,7 +37,7 @@ struct TileInWindow
         return line.text();
     }
 
-    FakeBrowser browser; // its end empties the lists that tiles enter themselves in
+    FakeBrowser browser; // its destructor clears the lists that tiles add themselves to
     QString path = QStringLiteral("/a/gear.dwg");
     QImage picture;
     FolderPinButton menuPin;
@@ -51,8 +51,8 @@ int textWidth(const QString &text)
     return QFontMetrics(QFont()).horizontalAdvance(text);
 }
 
-//! The colour of a tile's ground: left of the picture, below the frame.
-QColor groundOf(RecentDocDialog *tile)
+//! The colour of a tile's background: left of the picture, below the frame.
+QColor backgroundOf(RecentDocDialog *tile)
 {
     return tile->grab().toImage().pixelColor(5, 20);
 }
@@ -83,13 +83,14 @@ private slots:
                                 "                         border: 1px solid;"
                                 "                         border-color: #C0C0C0"
                                 "                                  }"));
-        QCOMPARE(groundOf(tile), QColor(240, 240, 240));
+        QCOMPARE(backgroundOf(tile), QColor(240, 240, 240));
+        QCOMPARE(grid.popup->main_label_path->textFormat(), Qt::PlainText);
 
         sendPlain(tile, QEvent::Leave);
         QCOMPARE(tile->styleSheet(), resting);
-        QCOMPARE(groundOf(tile), QColor(248, 248, 248));
+        QCOMPARE(backgroundOf(tile), QColor(248, 248, 248));
         for (const FolderPinButton *button : buttons)
-            QVERIFY(button->isVisible()); // from the entry on
+            QVERIFY(button->isVisible()); // since the pointer entered
         QCOMPARE(tile->focusPolicy(), Qt::StrongFocus);
     }
 
@@ -128,7 +129,7 @@ private slots:
         QCOMPARE(grid.highlighted(), Indices{0});
     }
 
-    void keysGoToThePopup_data()
+    void keysArePassedToThePopup_data()
     {
         QTest::addColumn<Qt::Key>("key");
         QTest::newRow("a letter") << Qt::Key_A;
@@ -138,7 +139,7 @@ private slots:
         QTest::newRow("Shift+Tab") << Qt::Key_Backtab;
     }
 
-    void keysGoToThePopup()
+    void keysArePassedToThePopup()
     {
         QFETCH(Qt::Key, key);
         const OpenGrid grid(4);
@@ -175,7 +176,7 @@ private slots:
         QCOMPARE(in.shown(path, textWidth(path) - 1), path.left(kept) + QString(dots, QLatin1Char('.')));
     }
 
-    void widthIsJudgedByTheApplicationsFont()
+    void widthIsMeasuredInTheApplicationsFont()
     {
         TileInWindow in;
         const QString path = QStringLiteral("/drawings/abcdefghijklmnopqrstuvwxyz.dwg");
@@ -191,15 +192,6 @@ private slots:
         const QString cut = in.shown(path, width);
         QApplication::setFont(usual);
         QCOMPARE(cut, path.leftJustified(100, QLatin1Char('.')));
-    }
-
-    void thePathLineIsNoMarkup()
-    {
-        const OpenGrid grid(1);
-        const QString path = QStringLiteral("/<b>drawings/gear.dwg");
-        grid.tiles.at(0)->setMainWindowDocPathLabel(path);
-        QCOMPARE(grid.line(), path);
-        QCOMPARE(grid.popup->main_label_path->textFormat(), Qt::PlainText);
     }
 
     void withoutAPathLineNothingIsWritten()

@@ -57,7 +57,7 @@ FakeBrowser::FakeBrowser(const QStringList &names)
 
 FakeBrowser::~FakeBrowser()
 {
-    m_module.reset(); // takes popups and menus with it
+    m_module.reset(); // deletes popups and menus too
     drainEvents();
     RecentDocumentBrowser::recentFileImageMap.clear();
 }

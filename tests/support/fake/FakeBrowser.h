@@ -31,7 +31,7 @@ private:
 };
 
 //! The browser over a fake host with documents, for tests of its parts: menu entries with pin buttons, a
-//! popup on demand. Takes everything down with itself and leaves the registry empty.
+//! popup on demand. Its destructor deletes everything and leaves the registry empty.
 class FakeBrowser : public DrawingsInHost
 {
 public:
@@ -43,9 +43,9 @@ public:
     //! The module object; nothing has been called on it but its constructor.
     OdRxUnixModuleRecentDocumentBrowser &module() { return *m_module; }
 
-    //! What the host does when a drawing has been created: the hidden menu is built, the cache emptied.
+    //! Notifies the module of a created drawing: it builds the hidden menu and empties the cache.
     void createDocument();
-    //! Makes a popup, with the main window's geometry as set, and shows it. createDocument() comes first.
+    //! Creates a popup and shows it. createDocument() must have been called.
     RecentDocMainWindow *openPopup();
     //! All popups that are shown.
     static QList<RecentDocMainWindow *> popups();

@@ -21,7 +21,7 @@ QString nameOf(const CFxUICommand *command)
     return command ? QString(command->GetIdentifier()) : "nothing";
 }
 
-//! Walks the groups; says when it steps and when it ends.
+//! Enumerates the groups; records each step and the release.
 class FakeEnumerator : public CFxUIGroupEnumerator
 {
 public:
@@ -60,8 +60,7 @@ FakeMenuObject::~FakeMenuObject()
 
 FakeMenuItem &FakeMenuItem::add(const QString &id)
 {
-    children.push_back(std::make_unique<FakeMenuItem>(m_menus, id));
-    return *children.back();
+    return *children.emplace_back(std::make_unique<FakeMenuItem>(m_menus, id));
 }
 
 CFxUIMenuItem *FakeMenuItem::GetChild(int index) const
@@ -83,14 +82,12 @@ bool FakeMenuItem::InsertChild(int reference, CFxUIMenuItem *item)
 
 FakeMenuItem &FakeGroup::addMenu(const QString &id)
 {
-    menus.push_back(std::make_unique<FakeMenuItem>(m_menus, id));
-    return *menus.back();
+    return *menus.emplace_back(std::make_unique<FakeMenuItem>(m_menus, id));
 }
 
 FakeCommand &FakeGroup::addCommand(const QString &id)
 {
-    commands.push_back(std::make_unique<FakeCommand>(m_menus, id));
-    return *commands.back();
+    return *commands.emplace_back(std::make_unique<FakeCommand>(m_menus, id));
 }
 
 FakeAccelerator &FakeGroup::addAccelerator(const QString &id, const QKeySequence &key)

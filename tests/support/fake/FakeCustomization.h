@@ -15,8 +15,7 @@
 
 class FakeCustomization;
 
-//! What a definition, an entry and a key of the fake host have in common. Fields may be read and set by
-//! tests.
+//! Base class of the fake host's definitions, entries and keys. Tests may read and set the fields.
 class FakeMenuObject
 {
 public:
@@ -55,7 +54,7 @@ class FakeMenuItem : public CFxUIMenuItem, public FakeMenuObject
 public:
     using FakeMenuObject::FakeMenuObject;
 
-    //! Puts a child behind the others.
+    //! Appends a child.
     FakeMenuItem &add(const QString &id);
     FakeMenuItem &child(int index) const { return *children.at(std::size_t(index)); }
 
@@ -116,31 +115,31 @@ public:
     std::vector<std::unique_ptr<FakeMenuItem>> menus;
     std::vector<std::unique_ptr<FakeCommand>> commands;
     std::vector<std::unique_ptr<FakeAccelerator>> accelerators;
-    mutable QList<int> acceleratorsFetched; //!< what was asked of GetAccelerator(), in order
+    mutable QList<int> acceleratorsFetched; //!< the arguments of GetAccelerator(), in order
 
 private:
     FakeCustomization &m_menus;
 };
 
-//! The menus and keys of a FakeHost: nothing but what tests put there, and it may refuse anything. Each call
-//! of the service, and each that hands an object over, is a line that begins with "menus".
+//! The menus and keys of a FakeHost: only what tests add, and any creation can fail. Each call of the
+//! service, and each that passes an object to it, is recorded as a line that begins with "menus".
 class FakeCustomization : public CFxUICustomization
 {
 public:
-    //! \param calls where the lines go; must outlive this
+    //! \param calls receives the lines; must outlive this
     explicit FakeCustomization(QStringList &calls) : m_calls(calls) {}
 
     FakeGroup &addGroup(const QString &name, bool isPrimary);
     FakeGroup &setStartUpGroup(const QString &name);
 
-    //! Told of each line once it is written. May throw.
+    //! Called with each line after it is recorded. May throw.
     std::function<void(const QString &call)> onCall;
     bool makesCommands = true;
     bool makesMenuItems = true;
     bool makesAccelerators = true;
 
     int enumeratorsAlive = 0;
-    int objectsAlive = 0; //!< definitions, menus with their entries, and accelerators, whoever owns them
+    int objectsAlive = 0; //!< definitions, menus with their entries, and accelerators, with any owner
     std::vector<std::unique_ptr<FakeGroup>> groups; //!< in the order in which they are enumerated
     std::unique_ptr<FakeGroup> startUp;
 

@@ -44,22 +44,22 @@ public:
 
     bool Load(const CFxString &path) override
     {
-        tellStep("load");
+        reportStep("load");
         return fakeHost && fakeHost->onLoadPreview && fakeHost->onLoadPreview(path, m_image);
     }
     bool IsValid() const override
     {
-        tellStep("validate");
+        reportStep("validate");
         return fakeHost && fakeHost->previewsAreValid;
     }
     void ToImage(QImage &image) const override
     {
-        tellStep("convert");
+        reportStep("convert");
         image = m_image;
-        tellStep("converted");
+        reportStep("converted");
     }
 
-    static void tellStep(const char *step)
+    static void reportStep(const char *step)
     {
         if (fakeHost && fakeHost->onPreviewStep)
             fakeHost->onPreviewStep(QLatin1String(step));
@@ -247,11 +247,6 @@ void FakeHost::deleteMainWindow()
     m_mainWindow.reset();
 }
 
-void FakeHost::setRecent(const QStringList &paths)
-{
-    m_recent.assign(paths.begin(), paths.end());
-}
-
 int FakeHost::previewsCreated() const
 {
     return previewsCreatedSoFar;
@@ -270,7 +265,7 @@ QStringList FakeHost::openedPaths() const
     return paths;
 }
 
-// In place of the runtime library's own, in this program alone.
+// These replace the runtime library's own functions, in this program alone.
 
 void *odrxAlloc(std::size_t size)
 {
@@ -310,6 +305,6 @@ OdEditor *odedEditor()
 
 CFxPreviewBitmap *CFxPreviewBitmap::Create()
 {
-    FakePreview::tellStep("create");
+    FakePreview::reportStep("create");
     return fakeHost && !fakeHost->previewFactoryGivesObjects ? nullptr : new FakePreview;
 }

@@ -19,16 +19,16 @@
 
 class FakeCustomization;
 
-//! What odrxAlloc() gives in a program with fake hosts.
+//! What odrxAlloc() does in a program with fake hosts.
 struct FakeMemory
 {
     static inline bool isOut = false;
     static inline std::set<void *> inUse;
 };
 
-//! A host that does nothing but remember what it was asked for, and that may lack anything: for what the real
-//! host cannot be made to do. While one exists, GetFxSystemServices(), odedRegCmds(), odedEditor() and
-//! CFxPreviewBitmap::Create() of the test program lead here. Every call is a line in calls, in order.
+//! A host that only records calls and that can lack any service, for what the real host cannot be made to do.
+//! While one exists, GetFxSystemServices(), odedRegCmds(), odedEditor() and CFxPreviewBitmap::Create() of the
+//! test program use it. Each call is a line in calls, in order.
 class FakeHost
 {
 public:
@@ -44,7 +44,7 @@ public:
     ~FakeHost();
 
     //! The recent documents, most recent first.
-    void setRecent(const QStringList &paths);
+    void setRecent(const QStringList &paths) { m_recent.assign(paths.begin(), paths.end()); }
 
     // What the host lacks.
     bool hasServices = true;
@@ -60,21 +60,21 @@ public:
     bool hasEditor = true;
     bool previewFactoryGivesObjects = true;
 
-    // What happens inside the host's operations; may be empty. They may throw.
+    // Called within the host's operations; may be empty. They may throw.
     std::function<void(const QString &path)> onOpen;
     std::function<void(const QString &name)> onRunCommand;
     std::function<void()> onCommandStack; //!< before each addCommand, removeCommand and lookupCommand
     std::function<void()> onEditor;       //!< before each addReactor and removeReactor
-    //! In place of reading a file's picture: fills image and returns whether there was one. Runs on worker
+    //! Replaces reading a file's picture: fills image and returns whether there was one. Runs on worker
     //! threads. Empty: no file has a picture.
     std::function<bool(const QString &path, QImage &image)> onLoadPreview;
     bool previewsAreValid = true;
-    //! Told of each step in reading a file's picture, before it is taken: "create", "load", "validate",
+    //! Called before each step of reading a file's picture: "create", "load", "validate",
     //! "convert", and "converted" once the image has been filled. Runs on worker threads.
     std::function<void(const QString &step)> onPreviewStep;
     bool runCommandGivesHandle = true;
 
-    // What came of it.
+    // The results.
     QStringList calls;
     std::vector<OpenCall> opened;
     QStringList commandsRun;
@@ -88,7 +88,7 @@ public:
     //! The main window: a plain widget whose geometry tests set.
     QWidget &mainWindow() { return *m_mainWindow; }
 
-    //! The main window goes, whatever the module knows of that; from now on there is none.
+    //! Deletes the main window without notifying the module. From then on there is none.
     void deleteMainWindow();
 
     //! The host's menus and keys, empty at first; the module sees them while hasCustomization.

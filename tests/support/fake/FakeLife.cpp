@@ -47,7 +47,7 @@ LifeReport FakeLife::live(const Switch &missing, const Switch &missingWithPopup)
         beginWith(module);
         useCommand(missingWithPopup);
         m_report["window's end told"] =
-            outcomeOf([&] { tellReactors(&CFxEditorReactor::mainFrameDestroyed); });
+            outcomeOf([&] { notifyReactors(&CFxEditorReactor::mainFrameDestroyed); });
         m_report["registered at the end"] = listed();
         m_report["told the end"] = outcomeOf([&] { module->uninitApp(); });
         module->release();
@@ -69,7 +69,7 @@ void FakeLife::beginWith(OdRxModule *module)
 {
     m_report["started"] = outcomeOf([&] { module->initApp(); });
     m_report["registered"] = listed();
-    m_report["window told"] = outcomeOf([&] { tellReactors(&CFxEditorReactor::mainFrameCreated); });
+    m_report["window told"] = outcomeOf([&] { notifyReactors(&CFxEditorReactor::mainFrameCreated); });
     m_report["registered with a window"] = listed();
     m_report["menu entries"] = QStringLiteral("file: %1, start-up: %2")
                                    .arg(yes(childrenOf(file).contains(browserEntry)),
@@ -164,7 +164,7 @@ void FakeLife::useDoubleClick(RecentDocMainWindow * /*popup*/)
     m_report["double-click opens"] = namesOf(host.openedPaths());
 }
 
-void FakeLife::tellReactors(void (CFxEditorReactor::*event)(QWidget *))
+void FakeLife::notifyReactors(void (CFxEditorReactor::*event)(QWidget *))
 {
     const std::vector<OdEditorReactor *> reactors = host.editorReactors;
     for (OdEditorReactor *reactor : reactors)

@@ -11,16 +11,16 @@
 class OdRxModule;
 class RecentDocMainWindow;
 
-//! What came of a life, by name: "created", "pins", "opened" and so on.
+//! The results of a life by name: "created", "pins", "opened" and so on.
 using LifeReport = QMap<QString, QString>;
 
 //! The module from its creation to its deletion in a host with two drawings, a.dwg and the older b.dwg, and
-//! with menus. The host tells what its lists of reactors hold, runs the command, and the user uses the popup
+//! with menus. The host notifies the reactors in its lists and runs the command, and the user uses the popup
 //! in every way. Exceptions are caught where a host catches them: around each call into the module.
 class FakeLife : public DrawingsInHost, public FileMenus
 {
 public:
-    //! Called with false when something shall be missing in the host, and with true when it is back.
+    //! Called with false when something must be missing in the host, and with true when it is back.
     using Switch = std::function<void(FakeLife &life, bool has)>;
 
     FakeLife() : DrawingsInHost({"a.dwg", "b.dwg"}), FileMenus(host) {}
@@ -38,7 +38,7 @@ private:
     void useHelp(RecentDocMainWindow *popup);
     void useFolder(RecentDocMainWindow *popup);
     void useDoubleClick(RecentDocMainWindow *popup);
-    void tellReactors(void (CFxEditorReactor::*event)(QWidget *));
+    void notifyReactors(void (CFxEditorReactor::*event)(QWidget *));
     QString namesOf(const QStringList &paths) const;
     QString listed() const;
 

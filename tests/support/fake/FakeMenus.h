@@ -10,7 +10,7 @@
 inline const QString browserEntry = QStringLiteral("PMI_RECENT_DOCUMENT_BROWSER");
 inline const QString browserDefinition = QStringLiteral("ID_RECENT_FILES");
 
-//! What finding the primary group asks of FileMenus.
+//! The calls by which the primary group of FileMenus is found.
 inline const QStringList primaryGroupSearch = {"enumerate", "next EXTENSION", "primary? EXTENSION",
                                                "next MAIN", "primary? MAIN",  "enumerator released"};
 
@@ -31,13 +31,13 @@ struct FileMenus
             startUpFile.add(entry);
     }
 
-    //! What was asked of the menus, without the word that begins each line.
+    //! The calls of the menu service, each without the word "menus".
     QStringList menuCalls() const
     {
         QStringList lines = m_calls.filter(QRegularExpression("^menus "));
         return lines.replaceInStrings(QRegularExpression("^menus "), QString());
     }
-    //! How many entries of the browser's are in the File menu and in that of the start-up menus.
+    //! How many of the browser's entries are in the File menu and in that of the start-up menus.
     QList<int> entries() const
     {
         return {childrenOf(file).count(browserEntry), childrenOf(startUpFile).count(browserEntry)};

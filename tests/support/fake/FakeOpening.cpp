@@ -20,7 +20,7 @@ FakeOpening::FakeOpening() : menu(new QMenu)
     RecentDocumentBrowser::AddRecentFiles(menu, nullptr);
     popup = browser.openPopup();
     drainEvents();
-    QCursor::setPos(popup->geometry().center()); // lest it closes when the menu takes the focus
+    QCursor::setPos(popup->geometry().center()); // so that it stays open when the menu takes the focus
     menu->popup(popup->geometry().topLeft() + QPoint(5, 5));
 }
 

@@ -11,7 +11,7 @@ class RecentDocDialog;
 class RecentDocMainWindow;
 
 //! A host with four drawings, a menu of the module's entries that is open, and a popup; and the ways in which
-//! the user opens drawings there. What the host does meanwhile is FakeHost's onOpen.
+//! the user opens drawings there. FakeHost::onOpen is called meanwhile.
 class FakeOpening
 {
 public:

@@ -17,22 +17,22 @@ using namespace testbytes;
 
 namespace {
 
-//! As long as it lives, this process has a user's rights, also when it is root's.
-class NobodyInParticular
+//! While it exists, this process has no more rights than an ordinary user, even if it runs as root.
+class OrdinaryUser
 {
 public:
-    NobodyInParticular()
+    OrdinaryUser()
     {
-        constexpr uid_t nobody = 65534;
-        if (m_user == 0 && ::seteuid(nobody) != 0)
-            qFatal("cannot be somebody else");
+        constexpr uid_t ordinary = 65534;
+        if (m_user == 0 && ::seteuid(ordinary) != 0)
+            qFatal("cannot drop the rights of root");
     }
-    ~NobodyInParticular()
+    ~OrdinaryUser()
     {
         if (::seteuid(m_user) != 0)
-            qFatal("cannot be myself again");
+            qFatal("cannot restore the rights of root");
     }
-    Q_DISABLE_COPY(NobodyInParticular)
+    Q_DISABLE_COPY(OrdinaryUser)
 
 private:
     uid_t m_user = ::geteuid();
@@ -66,7 +66,7 @@ private slots:
         }
     }
 
-    void anythingElseIsNoDrawing_data()
+    void anythingElseIsNotADrawing_data()
     {
         QTest::addColumn<QByteArray>("bytes");
         for (const char *start : {"A",
@@ -100,7 +100,7 @@ private slots:
         QTest::newRow("zeros") << QByteArray(100, '\0');
     }
 
-    void anythingElseIsNoDrawing()
+    void anythingElseIsNotADrawing()
     {
         QFETCH(QByteArray, bytes);
         const DrawingFile drawing = read(bytes);
@@ -109,8 +109,8 @@ private slots:
         QCOMPARE(drawing.outcome.reason(), QString("The file is not a drawing."));
     }
 
-    void aSpecialFileIsToldByItsKind_data() { addSpecialFileRows(); }
-    void aSpecialFileIsToldByItsKind()
+    void specialFilesAreRefusedWithTheReason_data() { addSpecialFileRows(); }
+    void specialFilesAreRefusedWithTheReason()
     {
         QFETCH(SpecialFile, kind);
         const BytesOfSpecialFiles files;
@@ -134,22 +134,22 @@ private slots:
         case SpecialFile::Fifo:
         case SpecialFile::Socket:
         case SpecialFile::EndlessDevice:
-        case SpecialFile::SilentDevice:
+        case SpecialFile::EmptyDevice:
             QCOMPARE(drawing.outcome.reason(), QString("This is not a regular file."));
         }
     }
 
-    void aFileThatMayNotBeReadSaysWhy()
+    void unreadableFileIsRefusedWithTheReason()
     {
         const QString path = writeFile(m_dir.filePath("secret.dwg"), "AC1032");
         QVERIFY(::chmod(QFile::encodeName(path).constData(), 0) == 0);
-        const NobodyInParticular user;
+        const OrdinaryUser user;
         const DrawingFile drawing = fxhost::readDrawing(path);
         QVERIFY(fxhost::readPreview(path).isNull());
         QVERIFY(drawing.outcome.reason().contains(qt_error_string(EACCES)));
     }
 
-    void aFormatIsNamedByItsYearWhereItHasOne()
+    void formatIsNamedByItsYear()
     {
         for (const char *name :
              {"AC1015 (2000 format)", "AC1018 (2004 format)", "AC1021 (2007 format)", "AC1024 (2010 format)",

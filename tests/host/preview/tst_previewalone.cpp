@@ -17,19 +17,19 @@ QByteArray sample(const DrawingForm &form)
 
 } // namespace
 
-//! Telling samples, which hold a header and a preview and nothing more, from drawings.
+//! Samples contain a header and a preview and nothing more, unlike drawings.
 class tst_PreviewAlone : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void samplesHoldTheirPreviewAlone_data()
+    void onlySamplesContainAPreviewAlone_data()
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<bool>("isAlone");
         for (const Version version : allVersions) {
             const QByteArray tag = versionTag(version);
-            QTest::newRow(tag + " behind the header")
+            QTest::newRow(tag + " after the header")
                 << sample({version, Picture::Bitmap8, Placement::BehindHeader}) << true;
             QTest::newRow(tag + " after filling")
                 << sample({version, Picture::Bitmap24, Placement::AfterFilling}) << true;
@@ -39,8 +39,8 @@ private slots:
             }
         }
         const QByteArray whole = sample({Version::AC1018, Picture::Bitmap8, Placement::AfterFilling});
-        QTest::newRow("a byte behind the preview") << whole + 'x' << false;
-        QTest::newRow("a byte in front of it") << QByteArray(whole).replace(0x200, 1, "x") << false;
+        QTest::newRow("a byte after the preview") << whole + 'x' << false;
+        QTest::newRow("a byte before it") << QByteArray(whole).replace(0x200, 1, "x") << false;
         QTest::newRow("no preview at all")
             << QByteArray(whole).replace(0x0D, 2, QByteArray(2, '\0')) << false;
         QTest::newRow("cut off") << whole.chopped(1) << false;
@@ -48,7 +48,7 @@ private slots:
         QTest::newRow("an empty file") << QByteArray() << false;
     }
 
-    void samplesHoldTheirPreviewAlone()
+    void onlySamplesContainAPreviewAlone()
     {
         QFETCH(QByteArray, bytes);
         QFETCH(bool, isAlone);

@@ -41,9 +41,9 @@ int peakMemory()
     return at < 0 ? -1 : text.mid(at + title.size()).trimmed().split(' ').first().toInt();
 }
 
-//! The other life of this program: reads a sound drawing, so that what decoding needs once is there, and then
-//! the one in question. Prints its picture's sides, what it takes in bytes, and by how much the peak has
-//! risen in KiB.
+//! What this program does as a child process: reads a sound drawing first, so that what decoding allocates
+//! once is allocated, and then another one. Prints the picture's width and height, its size in bytes, and by
+//! how many KiB the peak has risen.
 int measure(const QStringList &drawings)
 {
     fxhost::readPreview(drawings.at(0));
@@ -54,12 +54,12 @@ int measure(const QStringList &drawings)
     return 0;
 }
 
-//! Writes a drawing whose data goes on behind what its entries hold: as zeros that take no room on disk, and
-//! then end. \param more bytes, end included
+//! Writes a drawing, after its entries zeros that take no room on disk, and then end. \param more bytes, end
+//! included
 void writeSparse(const QString &path, DrawingBytes drawing, qint64 more, const QByteArray &end)
 {
     drawing.endSentinel = QByteArray();
-    drawing.bytesBehind = 0;
+    drawing.bytesAfter = 0;
     QFile file(writeFile(path, drawing.bytes()));
     if (!file.resize(file.size() + more - end.size()) || !file.open(QIODevice::Append) ||
         file.write(end) != end.size())
@@ -76,7 +76,7 @@ BitmapBytes blankBitmap(int bits, int width, int height)
     return bitmap;
 }
 
-//! Texts that are a few kilobytes each and seven megabytes when read.
+//! Texts of a few kilobytes each that decompress to seven megabytes.
 QByteArray swellingTexts()
 {
     constexpr int qtsOwnPrefix = 4; // bytes before the zlib stream
@@ -87,7 +87,7 @@ QByteArray swellingTexts()
     return chunks;
 }
 
-//! A PNG with two gigabytes behind what its picture needs, in a chunk that a decoder reads for its checksum.
+//! A PNG with two gigabytes more than its picture needs, in a chunk that a decoder reads for its checksum.
 struct EndlessPng
 {
     static constexpr quint32 chunkSize = 0x7F000000; // bytes
@@ -97,7 +97,7 @@ struct EndlessPng
     quint32 size() const { return static_cast<quint32>(start.size() + end.size()) + chunkSize; }
 };
 
-//! A drawing with as many entries as there can be, all of them the same data.
+//! A drawing with as many entries as possible, all with the same data.
 DrawingBytes drawingOfMany(const StoredEntry &entry)
 {
     constexpr int most = 255;
@@ -112,7 +112,7 @@ DrawingBytes drawingOfMany(const StoredEntry &entry)
 
 } // namespace
 
-//! What a drawing can make its reader spend.
+//! The memory and time that reading a drawing takes.
 class tst_PreviewLimits : public TestCase
 {
     Q_OBJECT
@@ -121,7 +121,7 @@ private slots:
     void memoryIsBounded_data()
     {
         if (isSanitized)
-            QSKIP("a sanitizer's own memory drowns what is measured here");
+            QSKIP("a sanitizer's own memory is too large to measure this");
         QTest::addColumn<QString>("drawing");
         QTest::addColumn<QSize>("picture");
         const QSize none(0, 0);
@@ -151,7 +151,7 @@ private slots:
         addPng("a larger deep PNG", blankPng({2560, 1281, 16, 6}), none);
         addPng("a PNG of 16000 by 16000", blankPng({16000, 16000, 8, 0}), none);
         addPng("a PNG of one column", blankPng({1, 1000000, 8, 0, true}), none);
-        addPng("a PNG with swelling texts", blankPng({64, 64}, swellingTexts()), small);
+        addPng("a PNG with compressed texts", blankPng({64, 64}, swellingTexts()), small);
         const EndlessPng endless;
         addDrawing("a PNG with an endless chunk", pngEntry(endless.start), none, endless.size(), endless.end);
     }
@@ -173,18 +173,18 @@ private slots:
         QCOMPARE(QSize(numbers[0].toInt(), numbers[1].toInt()), picture);
         const double held = numbers[2].toInt() / mebibyte;
         const double taken = numbers[3].toInt() * 1024 / mebibyte;
-        QVERIFY2(taken > held - 1, "what the picture itself takes shows that the measure works");
+        QVERIFY2(taken > held - 1, "less than the picture itself: the measurement does not work");
         const double most =
-            held > 1 ? 32 : 8; // MiB; of the largest picture 25, of a small one next to nothing
+            held > 1 ? 32 : 8; // MiB; the largest picture takes 25, a small one almost nothing
         QVERIFY2(taken < most, qPrintable(QString("%1 MiB").arg(taken)));
     }
 
     void effortIsBounded_data()
     {
-        // Each entry is refused only at its very end; all of them read to that point would take a row several
-        // times as long as it may.
+        // Each entry is refused only at its very end. A reader that reads all of them to that point takes
+        // several times as long as allowed.
         QTest::addColumn<DrawingBytes>("drawing");
-        QTest::addColumn<qint64>("more"); // bytes, as zeros and then end
+        QTest::addColumn<qint64>("more"); // bytes: zeros and then end
         QTest::addColumn<QByteArray>("end");
         const auto add = [](const char *name, const StoredEntry &entry) {
             QTest::newRow(name) << drawingOfMany(entry) << qint64(0) << QByteArray();
@@ -215,10 +215,10 @@ private slots:
         runs.compression = 1;
         for (int jump = 0; jump < 500000; ++jump)
             runs.pixels += QByteArray("\0\2\0\0", 4);
-        add("bitmaps in runs that do not get on", bitmapEntry(runs.bytes()));
+        add("bitmaps in runs without progress", bitmapEntry(runs.bytes()));
         runs.width = 1;
         runs.height = 32767;
-        add("bitmaps of one column in runs that do not get on", bitmapEntry(runs.bytes()));
+        add("bitmaps of one column in runs without progress", bitmapEntry(runs.bytes()));
     }
 
     void effortIsBounded()
@@ -228,7 +228,7 @@ private slots:
         QFETCH(QByteArray, end);
         const QString path = m_dir.filePath("many.dwg");
         writeSparse(path, drawing, more, end);
-        // The time of this process, whatever else a busy machine does.
+        // Processor time, which a busy machine does not change.
         const std::clock_t start = std::clock();
         QVERIFY(fxhost::readPreview(path).isNull());
         const double seconds = double(std::clock() - start) / CLOCKS_PER_SEC;
@@ -238,7 +238,8 @@ private slots:
     }
 
 private:
-    //! \param picture its size \param dataSize of the entry, in bytes; what its data lack are zeros, and end
+    //! \param picture its size \param dataSize of the entry, in bytes; its data are filled up with zeros and
+    //! end
     void addDrawing(const char *name, const StoredEntry &entry, const QSize &picture, quint32 dataSize,
                     const QByteArray &end = {})
     {

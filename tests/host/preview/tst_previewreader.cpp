@@ -48,7 +48,7 @@ void addBitmap(const char *name, const BitmapBytes &bitmap, const QImage &pictur
 void addBitmap(const char *name, const BitmapBytes &bitmap)
 {
     QImage picture = patternPicture(static_cast<int>(bitmap.bits), bitmap.width, qAbs(bitmap.height));
-    if (bitmap.bits == 16) // which says nothing of a channel's low bits
+    if (bitmap.bits == 16) // without the channels' low bits
         picture = picture.convertToFormat(QImage::Format_RGB555);
     addBitmap(name, bitmap, picture);
 }
@@ -66,11 +66,11 @@ void addPlainBitmaps()
         odd = bitmap;
         if (bits <= 8) {
             odd.colorsUsed = 0;
-            addBitmap(", with all colours unless told", odd);
+            addBitmap(", with all colours by default", odd);
         } else {
             odd.colorsUsed = 5;
             odd.palette = QByteArray(5 * 4, '\x33');
-            addBitmap(", with a palette as a mere hint", odd);
+            addBitmap(", with a palette as a hint", odd);
         }
         for (const quint32 headerSize : {52U, 56U, 64U, 108U, 124U}) {
             odd = bitmap;
@@ -104,14 +104,14 @@ void addMaskedBitmaps()
     masked = goodBitmap(32);
     masked.compression = 3;
     masked.masks = {0xFF0000, 0xFF00, 0xFF};
-    addBitmap(", with masks behind the header", masked);
+    addBitmap(", with masks after the header", masked);
     addBitmap(", with masks, top row first", topDown(masked));
     for (const quint32 headerSize : {52U, 56U, 108U, 124U}) {
         masked.headerSize = headerSize;
         addBitmap(qPrintable(QStringLiteral(", with masks in a header of %1 bytes").arg(headerSize)), masked);
     }
 
-    // Ten bits each: what a pixel of five bits would be, five bits further up.
+    // Ten bits each: a channel of five bits, shifted by five.
     masked = goodBitmap(32);
     masked.compression = 3;
     masked.masks = {0x3FF00000, 0xFFC00, 0x3FF};
@@ -150,10 +150,10 @@ void addPlaces()
     DrawingBytes drawing = drawingWith(bitmapEntry(goodBitmap().bytes()));
     const auto add = [&drawing](const char *name) { QTest::newRow(name) << drawing << goodPicture(); };
     drawing.sectionAt = 17;
-    add("right behind the start");
+    add("right after the start");
     drawing.sectionAt = 300000;
-    add("far behind");
-    drawing.bytesBehind = 0;
+    add("far from the start");
+    drawing.bytesAfter = 0;
     add("at the very end");
     drawing.endSentinel = QByteArray(16, '\0');
     add("with a wrong end sentinel");
@@ -166,8 +166,8 @@ void addPlaces()
     apart.address = static_cast<quint32>(drawingWith(apart).bytes().size());
     apart.size = static_cast<quint32>(bitmap.size());
     drawing = drawingWith(apart);
-    drawing.endSentinel = drawing.bytes().right(16 + drawing.bytesBehind) + bitmap;
-    drawing.bytesBehind = 0;
+    drawing.endSentinel = drawing.bytes().right(16 + drawing.bytesAfter) + bitmap;
+    drawing.bytesAfter = 0;
     add("apart from its picture");
 }
 
@@ -191,7 +191,7 @@ void addLists()
     add("a PNG, a bitmap", {png, bitmap}, otherPicture());
     add("a broken PNG, a bitmap", {zerosEntry(), brokenPng, bitmap}, goodPicture());
     add("a metafile, an unknown, a bitmap", {metafileEntry(), {77, "?"}, bitmap}, goodPicture());
-    add("as many as can be", QVector<StoredEntry>(254, zerosEntry()) + QVector<StoredEntry>{bitmap},
+    add("as many as possible", QVector<StoredEntry>(254, zerosEntry()) + QVector<StoredEntry>{bitmap},
         goodPicture());
     add("four bitmaps, the last sound", QVector<StoredEntry>(3, broken) + QVector<StoredEntry>{bitmap},
         goodPicture());
@@ -201,7 +201,7 @@ void addLists()
 
 } // namespace
 
-//! Pictures that are there and must be found.
+//! Pictures that must be found.
 class tst_PreviewReader : public TestCase
 {
     Q_OBJECT
@@ -225,7 +225,7 @@ private slots:
         QFETCH(QImage, picture);
         const QImage image = read(drawing.bytes());
         QVERIFY(!image.hasAlphaChannel());
-        // A format with alpha also tells whether single colours are opaque.
+        // A format with alpha also shows whether single colours are opaque.
         const bool isExact = picture.format() == QImage::Format_RGB32;
         const QImage::Format format = isExact ? QImage::Format_ARGB32 : picture.format();
         QCOMPARE(image.convertToFormat(format), picture.convertToFormat(format));
@@ -256,7 +256,7 @@ private slots:
         QCOMPARE(read(drawingWith(pngEntry(png)).bytes()), whole);
     }
 
-    void aLinkLeadsToThePicture()
+    void linksAreFollowed()
     {
         const QString link = m_dir.filePath("link.dwg");
         QVERIFY(QFile::link(m_dir.filePath("drawing.dwg"), link));

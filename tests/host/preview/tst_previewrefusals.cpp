@@ -30,7 +30,7 @@ DrawingBytes soundDrawing()
     return drawingWith(bitmapEntry(soundBitmap().bytes()));
 }
 
-//! One wrong thing in an else good value: rows are made of these.
+//! A copy with one other value.
 template<typename T, typename Field, typename Value>
 T with(T whole, Field T::*field, const Value &value)
 {
@@ -48,7 +48,7 @@ void addFile(const char *name, const QByteArray &file)
     QTest::newRow(name) << file;
 }
 
-//! Rows with one wrong value each of a field. \param name with a place for the value
+//! Adds a row for each value of a field. \param name with a placeholder for the value
 template<typename T, typename Field, typename Value>
 void addWrong(const char *name, void (*add)(const char *, const T &), const T &whole, Field T::*field,
               std::initializer_list<Value> values)
@@ -62,12 +62,12 @@ void addDrawing(const char *name, const DrawingBytes &drawing)
     addFile(name, drawing.bytes());
 }
 
-//! At the file's end: what a reader takes too much must come from behind it.
+//! At the file's end, so that a reader that reads too much reads past it.
 void addBadBitmap(const char *name, const BitmapBytes &bitmap)
 {
     DrawingBytes drawing = drawingWith(bitmapEntry(bitmap.bytes()));
     drawing.endSentinel = QByteArray();
-    drawing.bytesBehind = 0;
+    drawing.bytesAfter = 0;
     addDrawing(name, drawing);
 }
 
@@ -81,7 +81,7 @@ void addFilesWithoutAPicture()
     addFile("an empty file", {});
     addFile("a version and no more", "AC1018");
     addFile("XML", "<?xml version=\"1.0\"?><drawing><preview/></drawing>");
-    addFile("a PNG named as a drawing", soundPng());
+    addFile("a PNG with the name of a drawing", soundPng());
     for (const char *version : {"AC1.2", "AC2.10", "AC1009", "AC1016", "AC1033", "ac1032", "AD1032"})
         addDrawing(version, with(soundDrawing(), &DrawingBytes::version, version));
     addDrawing("no entries", drawingOf({}));
@@ -109,7 +109,7 @@ void addWrongSections()
     manyEntries.overallSize = 1 + 255 * 9;
     addDrawing("more entries than the file has room for", manyEntries);
     addDrawing("an entry less than there are", with(good, &DrawingBytes::count, quint8(1)));
-    // A sound picture whose first bytes double as the table's end.
+    // A sound picture whose first bytes are the table's end too.
     addDrawing("a picture that the table runs into",
                with(drawingOf({bitmapEntry(soundBitmap().bytes())}), &DrawingBytes::count, quint8(2)));
 
@@ -192,7 +192,7 @@ void addWrongBitmapData()
             addBadBitmap(name, with(masked, &BitmapBytes::headerSize, headerSize));
     }
     masked.masks = {0xFF0000, 0xFF00, 0xFF};
-    addBadBitmap("masks in a header that knows none", with(masked, &BitmapBytes::headerSize, 64U));
+    addBadBitmap("masks in a header that has none", with(masked, &BitmapBytes::headerSize, 64U));
     masked = with(soundBitmap(16), &BitmapBytes::compression, 3U);
     masked.masks = {0xF80000, 0x7E0, 0x1F};
     addBadBitmap("a mask above the pixel", masked);
@@ -207,7 +207,7 @@ void addWrongBitmapData()
         addBadBitmap("runs without an end", with(bitmap, &BitmapBytes::pixels, QByteArray("\x05\x12", 2)));
     }
     addBadBitmap("a jump that ends early", with(runs, &BitmapBytes::pixels, QByteArray("\0\2\1", 3)));
-    addBadBitmap("runs, none there", with(runs, &BitmapBytes::pixels, QByteArray()));
+    addBadBitmap("runs, without data", with(runs, &BitmapBytes::pixels, QByteArray()));
 }
 
 void addWrongPngs()
@@ -235,17 +235,17 @@ void addWrongPngs()
                                           {2561, 2560, 8, 2},
                                           {1, 32768, 8, 2},
                                           {soundWidth, soundHeight, 7, 2},    // unknown
-                                          {soundWidth, soundHeight, 16, 3},   // cannot be
+                                          {soundWidth, soundHeight, 16, 3},   // invalid
                                           {soundWidth, soundHeight, 8, 3}}) { // no palette
-        addPng(qPrintable(QString::asprintf("a claim of %u by %u pixels, depth %d, colours %d", header.width,
+        addPng(qPrintable(QString::asprintf("%u by %u pixels, depth %d, colours %d", header.width,
                                             header.height, header.bitDepth, header.colorType)),
                withHeader(good, header));
     }
-    addPng("deep and larger than its share of memory", blankPng({2560, 1281, 16, 0}));
+    addPng("deep and larger than its memory limit", blankPng({2560, 1281, 16, 0}));
 
-    const auto damaged = [&good](const char *chunk, int behind) {
+    const auto damaged = [&good](const char *chunk, int offset) {
         QByteArray png = good;
-        const int at = png.indexOf(chunk) + behind;
+        const int at = png.indexOf(chunk) + offset;
         png[at] = static_cast<char>(png.at(at) ^ 1);
         return png;
     };
@@ -253,15 +253,15 @@ void addWrongPngs()
     addPng("a wrong byte in the data", damaged("IDAT", 4 + 10));
     addPng("a wrong byte in the last checksum of the data", damaged("IEND", -5));
     addPng("a chunk longer than the file", damaged("IDAT", -4));
-    addPng("a chunk longer than a chunk can be",
+    addPng("a chunk longer than allowed",
            QByteArray(good).replace(good.indexOf("IDAT") - 4, 4, QByteArray(4, '\xFF')));
     addPng("no data", QByteArray(good).replace("IDAT", "itXt"));
-    addPng("an unknown chunk that matters", QByteArray(good).insert(33, pngChunk("ABCD", "?")));
+    addPng("an unknown critical chunk", QByteArray(good).insert(33, pngChunk("ABCD", "?")));
 }
 
 } // namespace
 
-//! Files that hold no picture, or claim one that must not be believed.
+//! Files without a picture, or with one that must be refused.
 class tst_PreviewRefusals : public TestCase
 {
     Q_OBJECT
@@ -279,7 +279,7 @@ private slots:
 
     void noPictureIsRead()
     {
-        allowWarning("libpng warning"); // the decoder tells what is wrong
+        allowWarning("libpng warning"); // the decoder reports errors
         QFETCH(QByteArray, file);
         QVERIFY(read(file).isNull());
     }
@@ -297,7 +297,7 @@ private slots:
         QFETCH(StoredEntry, entry);
         DrawingBytes drawing = drawingOf({entry});
         drawing.sectionAt = 17;
-        drawing.bytesBehind = 0;
+        drawing.bytesAfter = 0;
         const QByteArray whole = drawing.bytes();
         const QImage picture = read(whole);
         QVERIFY(!picture.isNull());

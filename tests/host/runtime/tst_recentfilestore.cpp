@@ -26,11 +26,11 @@ namespace {
 
 const QByteArray listHeader = "fxhost recent documents 1\n";
 
-//! As long as a file's name can be: no other file beside it can have this name and a suffix, neither the one
+//! The longest name that a file can have. No other file can have this name and a suffix: neither the one
 //! that a list is written to first nor the one that a damaged list is renamed to.
 const QString longestName = QString(NAME_MAX, 'n');
 
-//! As long as it lives, this process cannot open files.
+//! While it exists, this process cannot open files.
 class NoMoreFiles
 {
 public:
@@ -61,7 +61,7 @@ public:
     QString beside(const QString &name) const { return m_folder.filePath(name); }
     QStringList files() const { return QDir(m_folder.path()).entryList(QDir::Files); }
     QString lockFile() const { return path + ".lock"; }
-    //! What another program finds in it.
+    //! As another program reads it.
     QStringList listed() const { return RecentFileStore(path).load().paths; }
 };
 
@@ -71,7 +71,7 @@ QByteArray contentOf(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
 }
 
-//! The change that puts path in front, and leaves out where it was before; of a list of so many at most.
+//! The change that moves or adds path to the front of a list of at most so many.
 RecentFileStore::Change adding(const QString &path, int most = 1000)
 {
     return [path, most](const QStringList &listed) {
@@ -91,7 +91,7 @@ QStringList unchanged(const QStringList &listed)
     return listed;
 }
 
-//! \return what the user should know
+//! \return what is reported to the user
 QString save(RecentFileStore &store, const QStringList &paths)
 {
     return store.update({}, replacing(paths)).outcome.reason();
@@ -99,23 +99,23 @@ QString save(RecentFileStore &store, const QStringList &paths)
 
 } // namespace
 
-//! One list, which several programs keep, and what may happen to its file.
+//! A list that several programs share, and what can happen to its file.
 class tst_RecentFileStore : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void aListComesBackAsItWasSaved_data()
+    void savedListIsLoadedUnchanged_data()
     {
         QTest::addColumn<QStringList>("paths");
-        QTest::addColumn<QByteArray>("content"); // null where nobody cares
+        QTest::addColumn<QByteArray>("content"); // null: not checked
         const QStringList odd = {
             "/with blanks /and % percent%41.dwg ",
             "/line\nend\rand\ttab\x7f.dwg",
             "/\u00fcml\u00e4ut/\u6771\u4eac/\U0001F4D0.dwg",
             "//twice//slashed/../dotted.dwg",
             "/\u2028line separator.dwg",
-            QString("/null ") + QChar::Null, // which no file has, but a script may have said
+            QString("/null ") + QChar::Null, // which no file has, but a script may contain
             fxhost::pathFromBytes("/no\xff UTF-8 \xc3.dwg"),
             '/' + fxhost::pathFromBytes("\xef\xbb\xbf mark.dwg"),
         };
@@ -124,21 +124,21 @@ private slots:
             many.append('/' + QString(4090, '\n') + QString::number(i));
         QTest::newRow("odd paths") << odd << QByteArray();
         QTest::newRow("a thousand long paths") << many << QByteArray();
-        QTest::newRow("for a reader") << QStringList({"/pl\u00e4ne/100% neu.dwg", "/b.dwg"})
-                                      << listHeader + "/pl\xc3\xa4ne/100%25 neu.dwg\n/b.dwg\n";
-        QTest::newRow("bytes that are no UTF-8")
+        QTest::newRow("readable content") << QStringList({"/pl\u00e4ne/100% neu.dwg", "/b.dwg"})
+                                          << listHeader + "/pl\xc3\xa4ne/100%25 neu.dwg\n/b.dwg\n";
+        QTest::newRow("bytes that are not UTF-8")
             << QStringList(fxhost::pathFromBytes("/pl\xe4ne/\xc3\xa4.dwg"))
             << listHeader + "/pl%E4ne/%C3%A4.dwg\n";
     }
 
-    void aListComesBackAsItWasSaved()
+    void savedListIsLoadedUnchanged()
     {
         QFETCH(QStringList, paths);
         QFETCH(QByteArray, content);
         const ListFile list;
         RecentFileStore store(list.path);
         RecentFileStore::Stored loaded = store.load();
-        QCOMPARE(loaded.paths, QStringList()); // there is no file yet, which is nothing to speak of
+        QCOMPARE(loaded.paths, QStringList()); // a file that does not exist yet is not an error
         QCOMPARE(loaded.outcome.reason(), QString());
         QCOMPARE(save(store, paths), QString());
         loaded = RecentFileStore(list.path).load();
@@ -149,11 +149,11 @@ private slots:
         QCOMPARE(contentOf(list.path), listHeader);
     }
 
-    void aNameInOddWordsLeavesTheFileReadable()
+    void oddNameKeepsTheFileReadable()
     {
         const ListFile list;
         RecentFileStore store(list.path);
-        // Two bytes, each carried as if it were none of UTF-8; together they are.
+        // Two bytes, each stored as if it were not UTF-8; together they are.
         save(store, {'/' + fxhost::pathFromBytes("\xc3") + fxhost::pathFromBytes("\xa4"), "/b.dwg"});
         QCOMPARE(list.listed(), QStringList({"/\u00e4", "/b.dwg"}));
     }
@@ -171,7 +171,7 @@ private slots:
         QTest::newRow("a percent sign without digits") << listHeader + "/100%.dwg\n";
         QTest::newRow("a percent sign with one digit") << listHeader + "/a%2\n";
         QTest::newRow("an escape that was not needed") << listHeader + "/%41.dwg\n";
-        QTest::newRow("bytes that are no UTF-8") << listHeader + "/\xff\xfe.dwg\n";
+        QTest::newRow("bytes that are not UTF-8") << listHeader + "/\xff\xfe.dwg\n";
         QTest::newRow("an escaped letter that is UTF-8") << listHeader + "/%C3%A4.dwg\n";
         QTest::newRow("a control character") << listHeader + "/a\x01.dwg\n";
         QTest::newRow("a zero byte") << listHeader + QByteArray("/a\0.dwg\n", 8);
@@ -197,7 +197,7 @@ private slots:
         QCOMPARE(list.listed(), QStringList("/new.dwg"));
     }
 
-    void whatWasSetAsideBeforeIsKept()
+    void filesSetAsideBeforeAreKept()
     {
         const ListFile list;
         for (const char *generation : {"first", "second", "third"}) {
@@ -209,7 +209,7 @@ private slots:
         QCOMPARE(contentOf(list.path + ".damaged-3"), QByteArray("third"));
     }
 
-    void whatIsNoFileIsSetAside()
+    void anythingButAFileIsSetAside()
     {
         const ListFile list;
         RecentFileStore store(list.path);
@@ -223,7 +223,7 @@ private slots:
         QCOMPARE(list.listed(), QStringList("/new.dwg"));
     }
 
-    void aListThatCannotBeReadJustNowIsLeftAlone()
+    void unreadableListIsLeftUnchanged()
     {
         const ListFile list;
         writeFile(list.path, listHeader + "/former.dwg\n");
@@ -241,7 +241,7 @@ private slots:
         QCOMPARE(loaded.paths, QStringList());
         QCOMPARE(list.files(), QStringList("recent.txt"));
         QVERIFY(!store.isAllWritten());
-        // What was new then is new still.
+        // The entry that was new then is still new.
         kept = store.update(kept.paths, adding("/newer.dwg"));
         QCOMPARE(kept.outcome.reason(), QString());
         QCOMPARE(list.listed(), QStringList({"/newer.dwg", "/new.dwg", "/former.dwg"}));
@@ -269,21 +269,21 @@ private slots:
         QCOMPARE(list.listed(), QStringList("/former.dwg"));
     }
 
-    void aDamagedFileThatCannotBeRenamedIsLeftAlone()
+    void damagedFileThatCannotBeRenamedIsLeftUnchanged()
     {
-        allowWarning("File name too long"); // Qt says why it cannot look for such a name
+        allowWarning("File name too long"); // Qt warns that it cannot look for such a name
         const ListFile list(longestName);
         writeFile(list.path, "damaged");
         RecentFileStore store(list.path);
         const QString problem = store.load().outcome.reason();
         QVERIFY2(problem.contains(list.path), qPrintable(problem));
-        QCOMPARE(save(store, {"/new.dwg"}), QString()); // it has been said already
+        QCOMPARE(save(store, {"/new.dwg"}), QString()); // already reported
         QCOMPARE(contentOf(list.path), QByteArray("damaged"));
     }
 
-    // Two programs.
+    // Several programs.
 
-    void eachChangesWhatTheOtherHasWritten()
+    void changesApplyToTheListOfAnotherProgram()
     {
         const ListFile list;
         RecentFileStore one(list.path);
@@ -292,19 +292,19 @@ private slots:
         QCOMPARE(other.update({}, adding("/b")).paths, QStringList({"/b", "/a"}));
         QCOMPARE(one.update({"/a"}, adding("/c")).paths, QStringList({"/c", "/b", "/a"}));
         QCOMPARE(list.listed(), QStringList({"/c", "/b", "/a"}));
-        // What the one has removed the other does not bring back.
+        // An entry that one has removed is not restored by the other.
         one.update({"/c", "/b", "/a"}, replacing({}));
         QCOMPARE(other.update({"/b", "/a"}, adding("/b")).paths, QStringList("/b"));
     }
 
-    void theListInMemoryStandsInForTheFile_data()
+    void listInMemoryReplacesTheFile_data()
     {
         QTest::addColumn<bool>("isDamaged");
-        QTest::newRow("that is gone") << false;
+        QTest::newRow("that was deleted") << false;
         QTest::newRow("that was damaged") << true;
     }
 
-    void theListInMemoryStandsInForTheFile()
+    void listInMemoryReplacesTheFile()
     {
         QFETCH(bool, isDamaged);
         const ListFile list;
@@ -321,7 +321,7 @@ private slots:
         QCOMPARE(list.listed(), QStringList({"/b", "/a"}));
     }
 
-    void whileTheOtherHoldsTheListNothingIsWrittenNorLost()
+    void nothingIsWrittenOrLostWhileTheListIsLocked()
     {
         const ListFile list;
         RecentFileStore store(list.path);
@@ -336,13 +336,13 @@ private slots:
         QCOMPARE(list.listed(), QStringList("/a"));
         RecentFileStore(list.path).update({"/a"}, adding("/c"));
         QVERIFY(!store.isAllWritten());
-        // What could not be written counts as newer than what was.
+        // Entries that could not be written count as newer than those that were.
         QCOMPARE(store.update({"/b", "/a"}, unchanged).paths, QStringList({"/b", "/c", "/a"}));
         QVERIFY(store.isAllWritten());
         QCOMPARE(list.listed(), QStringList({"/b", "/c", "/a"}));
     }
 
-    void whatCouldNotBeWrittenPushesOutWhatIsOldest()
+    void unwrittenEntriesPushOutTheOldest()
     {
         const ListFile list;
         RecentFileStore store(list.path);
@@ -357,7 +357,7 @@ private slots:
                  QStringList({"/next", "/mine", "/theirs"}));
     }
 
-    void whatTheOtherHasWrittenAlreadyIsNotWrittenAgain()
+    void entriesOfAnotherProgramAreNotWrittenAgain()
     {
         const ListFile list;
         RecentFileStore store(list.path);
@@ -370,7 +370,7 @@ private slots:
         QVERIFY(store.isAllWritten());
     }
 
-    void whatCouldNotBeWrittenIsWrittenWithTheNextChange()
+    void unwrittenEntriesAreWrittenWithTheNextChange()
     {
         const ListFile list("away/recent.txt");
         RecentFileStore store(list.path);
@@ -380,12 +380,12 @@ private slots:
         RecentFileStore(list.path).update({}, adding("/c"));
         QCOMPARE(store.update({"/a"}, adding("/b")).outcome.reason(), QString());
         QCOMPARE(list.listed(), QStringList({"/b", "/a", "/c"}));
-        // And from then on the file is believed again.
+        // From then on the file counts again.
         RecentFileStore(list.path).update({}, replacing({}));
         QCOMPARE(store.update({"/b", "/a", "/c"}, adding("/b")).paths, QStringList("/b"));
     }
 
-    void whatIsAsItWasIsNotWritten()
+    void unchangedListIsNotWritten()
     {
         const ListFile list;
         RecentFileStore store(list.path);
@@ -401,10 +401,10 @@ private slots:
         QCOMPARE(store.update({"/a"}, unchanged).outcome.reason(), QString());
         QCOMPARE(inode(), before);
         store.update({"/a"}, adding("/b"));
-        QVERIFY(inode() != before); // what is written is another file
+        QVERIFY(inode() != before); // a written list is another file
     }
 
-    void whatKilledWritersHaveLeftIsRemoved()
+    void filesOfKilledWritersAreRemoved()
     {
         const ListFile list;
         const QStringList kept = {"recent.txt.ab12cd", "recent.txt.abc", "recent.txt.damaged",
@@ -413,7 +413,7 @@ private slots:
         for (const QString &name : all)
             writeFile(list.beside(name), "half a li");
         {
-            const FileLock theirs(list.lockFile(), {}); // and may be writing
+            const FileLock theirs(list.lockFile(), {}); // another program may be writing
             list.listed();
             QCOMPARE(list.files().size(), kept.size() + 2);
         }
@@ -421,7 +421,7 @@ private slots:
         QCOMPARE(list.files(), kept);
     }
 
-    void aLockIsForOneAtATime()
+    void lockHasOneHolderAtATime()
     {
         const ListFile list;
         auto first = std::make_unique<FileLock>(list.lockFile(), std::chrono::milliseconds(0));
@@ -432,7 +432,7 @@ private slots:
         QVERIFY(FileLock(list.lockFile(), {}).isHeld());
     }
 
-    void whereNoLockCanBeHadNobodyIsBusy()
+    void lockThatCannotBeTakenIsNotBusy()
     {
         const ListFile list;
         const FileLock nowhere(list.beside("no such folder/lock"), std::chrono::milliseconds(10));

@@ -38,7 +38,7 @@ constexpr Named specialFiles[] = {
     {SpecialFile::Fifo, "a FIFO", "fifo.dwg"},
     {SpecialFile::Socket, "a socket", "socket.dwg"},
     {SpecialFile::EndlessDevice, "an endless device", "/dev/zero"},
-    {SpecialFile::SilentDevice, "a silent device", "/dev/null"},
+    {SpecialFile::EmptyDevice, "an empty device", "/dev/null"},
 };
 
 void require(bool isDone, const char *what)

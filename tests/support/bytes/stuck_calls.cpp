@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// Preloaded into a program, makes a folder look like one on a server that went away: calls that look at files
-// below $STUCK_FOLDER do not return while the file $STUCK_SWITCH exists. Stands in for a real file system
-// where none can be mounted. And no thread but the first $STUCK_SPARED_THREADS can be had while the file
-// $STUCK_THREADS exists. Without these variables nothing changes.
+// A library to preload. Makes a folder unresponsive, like one on a server that is down: calls on files in
+// $STUCK_FOLDER do not return while the file $STUCK_SWITCH exists. Replaces a real file system where none can
+// be mounted. Also, no more than $STUCK_SPARED_THREADS threads can be started while the file $STUCK_THREADS
+// exists. Without these variables nothing changes.
 #include <atomic>
 #include <cerrno>
 #include <cstdarg>
@@ -21,7 +21,7 @@
 
 namespace {
 
-//! By the system call itself: the functions of that name are below.
+//! By the system call, since the functions are replaced below.
 bool exists(const char *path)
 {
     const int before = errno;
@@ -33,7 +33,7 @@ bool exists(const char *path)
 void waitWhileStuck(const char *path)
 {
     constexpr timespec pause = {0, 2'000'000}; // ns
-    // NOLINTBEGIN(concurrency-mt-unsafe): whoever sets them does so before other threads look
+    // NOLINTBEGIN(concurrency-mt-unsafe): they are set before other threads read them
     const char *const folder = std::getenv("STUCK_FOLDER");
     const char *const lever = std::getenv("STUCK_SWITCH");
     // NOLINTEND(concurrency-mt-unsafe)
@@ -49,7 +49,7 @@ Function *next(Function * /*ours*/, const char *name)
     return reinterpret_cast<Function *>(::dlsym(RTLD_NEXT, name));
 }
 
-//! Open's third argument is there only when a file may be made.
+//! The mode argument of open(), which is passed only if a file may be created.
 #define MODE_OF(last, flags, mode)                                                                           \
     std::va_list arguments;                                                                                  \
     va_start(arguments, last);                                                                               \
@@ -58,7 +58,7 @@ Function *next(Function * /*ours*/, const char *name)
 
 } // namespace
 
-// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the library has none of its own
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the C library has no such names
 extern "C" {
 
 #define STUCK_CALL [[gnu::visibility("default")]] int
@@ -131,10 +131,10 @@ STUCK_CALL pthread_create(pthread_t *thread, const pthread_attr_t *attributes, v
 {
     const char *const lever = std::getenv("STUCK_THREADS");         // NOLINT(concurrency-mt-unsafe): as above
     const char *const spared = std::getenv("STUCK_SPARED_THREADS"); // NOLINT(concurrency-mt-unsafe): as above
-    static std::atomic<long> had{0};
-    if (lever && exists(lever) && had >= (spared ? std::strtol(spared, nullptr, 10) : 0))
+    static std::atomic<long> started{0};
+    if (lever && exists(lever) && started >= (spared ? std::strtol(spared, nullptr, 10) : 0))
         return EAGAIN;
-    ++had;
+    ++started;
     return next(&pthread_create, "pthread_create")(thread, attributes, start, argument);
 }
 

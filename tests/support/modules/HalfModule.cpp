@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// A library that says its version and makes no module object.
+// A library that reports its version and creates no module object.
 #include "tests/support/modules/TestModule.h"
 
 MODULE_EXPORT void odrxGetAPIVersion(int &major, int &minor, int &majorBuild, int &minorBuild)
 {
-    tellVersion(major, minor, majorBuild, minorBuild);
+    reportVersion(major, minor, majorBuild, minorBuild);
 }

@@ -12,8 +12,8 @@
 #include <QStringList>
 #include <QVariant>
 
-//! Appends a line to the calls that the test reads, which outlive the module's library: they are the
-//! application's property.
+//! Appends a line to the calls that the test reads: a property of the application, since it outlives the
+//! module's library.
 inline void noteCall(const char *module, const QString &call)
 {
     constexpr char property[] = "moduleCalls";
@@ -22,9 +22,9 @@ inline void noteCall(const char *module, const QString &call)
     qApp->setProperty(property, calls);
 }
 
-//! Has the host tell module, a reactor of both sorts, of everything, and adds its command, if it has one.
+//! Registers module, a reactor of both kinds, and its command, if it has one, with the host.
 template<class Module>
-void comeIn(Module *module, OdEdCommand *command = nullptr)
+void registerModule(Module *module, OdEdCommand *command = nullptr)
 {
     if (command) {
         OdEdCommandStack *const commands = odedRegCmds();
@@ -39,7 +39,7 @@ void comeIn(Module *module, OdEdCommand *command = nullptr)
 
 //! The reverse.
 template<class Module>
-void goOut(Module *module, OdEdCommand *command = nullptr)
+void unregisterModule(Module *module, OdEdCommand *command = nullptr)
 {
     if (command) {
         OdEdCommandStack *const commands = odedRegCmds();
@@ -52,11 +52,11 @@ void goOut(Module *module, OdEdCommand *command = nullptr)
     GetFxSystemServices()->GetDocumentManager()->RemoveReactor(module);
 }
 
-//! Marks what a module library shows to the loader.
+//! Marks the entry points of a module library.
 #define MODULE_EXPORT extern "C" __attribute__((visibility("default")))
 
 //! As odrxGetAPIVersion() of a module that fits the host.
-inline void tellVersion(int &major, int &minor, int &majorBuild, int &minorBuild)
+inline void reportVersion(int &major, int &minor, int &majorBuild, int &minorBuild)
 {
     major = odrxApiMajor;
     minor = odrxApiMinor;

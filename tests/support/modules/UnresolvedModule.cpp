@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// A library that needs what nobody has.
-extern "C" int nobodyDefinesThis();
+// A library with an undefined symbol.
+extern "C" int undefinedFunction();
 
 extern "C" __attribute__((visibility("default"))) int anything()
 {
-    return nobodyDefinesThis();
+    return undefinedFunction();
 }

@@ -19,11 +19,11 @@ public:
     {
         seeds.push_back({QStringLiteral("drawing-%1").arg(seeds.size() + 1), bytes, isCostly});
     }
-    //! A drawing that begins close to its picture and ends behind it, since every byte costs time.
+    //! A drawing without padding, because every byte costs time.
     void add(DrawingBytes drawing)
     {
         drawing.sectionAt = 24;
-        drawing.bytesBehind = 0;
+        drawing.bytesAfter = 0;
         add(drawing.bytes());
     }
     void addList(const QVector<StoredEntry> &entries)
@@ -35,7 +35,7 @@ public:
     void addBitmap(const BitmapBytes &bitmap) { add(drawingWith(bitmapEntry(bitmap.bytes()))); }
     void addPng(const QByteArray &png) { add(drawingWith(pngEntry(png))); }
 
-    bool isCostly = false; //!< what is added next
+    bool isCostly = false; //!< of the next seeds
     std::vector<Seed> seeds;
 };
 
@@ -83,7 +83,7 @@ void addRunsAndMasks(Seeds &to)
     runs.colorsUsed = 16;
     to.addBitmap(inRuns(runs));
 
-    // Run, pixels as they are, jump, row's end, picture's end.
+    // Run, literal pixels, jump, row's end, picture's end.
     runs.compression = 1;
     runs.pixels = QByteArray::fromHex("0503"
                                       "00030102030000"
@@ -153,7 +153,7 @@ void addPngs(Seeds &to)
                                             pngChunk("tEXt", QByteArray("Title\0a drawing", 15))));
 }
 
-//! Small files whose pictures are as large as can be.
+//! Small files with pictures as large as allowed.
 void addLargest(Seeds &to)
 {
     constexpr int side = 2560;
@@ -168,7 +168,7 @@ void addLargest(Seeds &to)
     runs.width = 1;
     runs.height = longest;
     to.addBitmap(runs);
-    // What these claim does not follow; there are more of them than the reader tries.
+    // Pictures without their data; there are more of them than the reader tries.
     const StoredEntry claimed = pngEntry(withHeader(blankPng({width, height}), {side, side}));
     const StoredEntry interlaced = pngEntry(withHeader(blankPng({width, height}), {side, side, 8, 6, true}));
     to.addList({claimed, interlaced, claimed, interlaced});

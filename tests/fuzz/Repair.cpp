@@ -31,7 +31,7 @@ void moveNumber(std::uint8_t *place, quint32 distance)
     qToLittleEndian(qFromLittleEndian<quint32>(place) + distance, place);
 }
 
-//! \return behind the last chunk that could be followed
+//! \return the end of the last complete chunk
 std::uint8_t *repairChunks(std::uint8_t *chunk, const std::uint8_t *end)
 {
     constexpr std::size_t frameSize = lengthSize + typeSize + checksumSize;

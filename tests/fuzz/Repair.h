@@ -4,13 +4,13 @@
 #include <cstddef>
 #include <cstdint>
 
-// What a chance change breaks in a drawing file is mended here, so that the reader gets past it.
+// Repairs what random changes break in a drawing file, so that the reader does not stop there.
 namespace fuzz {
 
-//! Where the preview section has moved, has the header's address and the table's entries follow it.
+//! If the preview section has moved, adapts the header's address and the table's entries.
 void repairAddresses(std::uint8_t *data, std::size_t size);
 
-//! Gives every chunk of every PNG its right checksum, as far as the chunks' lengths lead.
+//! Gives every chunk of every PNG its right checksum, as far as the chunks' lengths are valid.
 void repairPngChecksums(std::uint8_t *data, std::size_t size);
 
 } // namespace fuzz

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A drawing file in, its picture or none out.
+// Input: a drawing file. Output: its picture or none.
 #include "host/runtime/preview/DrawingFile.h"
 #include "host/runtime/preview/PictureLimits.h"
 #include "host/runtime/preview/PreviewReader.h"
@@ -23,15 +23,15 @@ QImage pictureIn(const QString &path)
     return picture;
 }
 
-//! Reads the picture again while all memory is handed out full of the one and then of the other rubbish:
-//! pixels that the reader leaves as they were differ.
+//! Reads the picture again while all allocated memory is filled with one value, then with another: pixels
+//! that the reader does not write differ.
 void requireEveryPixelWritten(const QString &path, const QImage &picture)
 {
-    for (const int rubbish : {0x55, 0xAA}) {
-        ::mallopt(M_PERTURB, rubbish); // NOLINT(concurrency-mt-unsafe): there is this thread alone
+    for (const int filling : {0x55, 0xAA}) {
+        ::mallopt(M_PERTURB, filling); // NOLINT(concurrency-mt-unsafe): there is only this thread
         const QImage again = fxhost::readPreview(path);
         ::mallopt(M_PERTURB, 0); // NOLINT(concurrency-mt-unsafe)
-        require(again == picture, "a picture is made of the file alone");
+        require(again == picture, "a picture depends on the file only");
     }
 }
 
@@ -52,8 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     static fuzz::MemoryFile file;
     static const bool isPrepared = [] {
         fuzz::dropWarnings();
-        // Both decoders are Qt's own; to learn from every plug-in that it does not want the data takes longer
-        // than all the rest.
+        // Both decoders are built in; asking every plug-in takes longer than everything else.
         QCoreApplication::setLibraryPaths({});
         return true;
     }();
@@ -63,7 +62,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     file.write(bytes);
     const QImage picture = pictureIn(file.path());
     checkPicture(picture, bytes);
-    if (!picture.isNull() && !fuzz::isSanitized()) // which has an allocator of its own
+    if (!picture.isNull() && !fuzz::isSanitized()) // which has its own allocator
         requireEveryPixelWritten(file.path(), picture);
 
     const fxhost::DrawingFile drawing = fxhost::readDrawing(file.path());
@@ -79,7 +78,7 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t *data, std::size_t s
                                                unsigned int seed)
 {
     const std::size_t newSize = LLVMFuzzerMutate(data, size, maxSize);
-    // Not always: that the reader notices is to be seen as well.
+    // Not always, because the reader must notice wrong ones too.
     if (seed % 4 != 0)
         fuzz::repairAddresses(data, newSize);
     if (seed % 8 != 1)

@@ -28,9 +28,7 @@ public:
     }
     void addList(const QVector<StoredEntry> &entries)
     {
-        DrawingBytes drawing;
-        drawing.entries = entries;
-        add(drawing);
+        add(with(DrawingBytes(), &DrawingBytes::entries, entries));
     }
     void addBitmap(const BitmapBytes &bitmap) { add(drawingWith(bitmapEntry(bitmap.bytes()))); }
     void addPng(const QByteArray &png) { add(drawingWith(pngEntry(png))); }
@@ -39,13 +37,13 @@ public:
     std::vector<Seed> seeds;
 };
 
-constexpr int width = 13; // odd, so that rows are padded
-constexpr int height = 7;
+constexpr int width = patternSize.width();
+constexpr int height = patternSize.height();
 
 void addWrittenDrawings(Seeds &to)
 {
     using namespace fxsamples;
-    const QImage picture = patternPicture(24, width, height);
+    const QImage picture = patternPicture(24);
     for (const Version version : allVersions) {
         to.add(drawingFile(picture, {version, Picture::Bitmap8}));
         if (carriesPng(version))
@@ -60,25 +58,22 @@ void addWrittenDrawings(Seeds &to)
 void addBitmaps(Seeds &to)
 {
     for (const int bits : {1, 4, 8, 16, 24, 32}) {
-        const BitmapBytes bitmap = patternBitmap(bits, width, height);
+        const BitmapBytes bitmap = patternBitmap(bits);
         to.addBitmap(bitmap);
         to.addBitmap(topDown(bitmap));
     }
-    BitmapBytes fewColors = patternBitmap(8, width, height);
+    BitmapBytes fewColors = patternBitmap(8);
     constexpr int colors = 5;
     fewColors.colorsUsed = colors;
     fewColors.palette.truncate(4 * colors);
     to.addBitmap(fewColors);
-    for (const quint32 headerSize : {52U, 56U, 64U, 108U, 124U}) {
-        BitmapBytes bitmap = patternBitmap(4, width, height);
-        bitmap.headerSize = headerSize;
-        to.addBitmap(bitmap);
-    }
+    for (const quint32 headerSize : {52U, 56U, 64U, 108U, 124U})
+        to.addBitmap(with(patternBitmap(4), &BitmapBytes::headerSize, headerSize));
 }
 
 void addRunsAndMasks(Seeds &to)
 {
-    BitmapBytes runs = patternBitmap(8, width, height);
+    BitmapBytes runs = patternBitmap(8);
     runs.palette.truncate(4 * 16);
     runs.colorsUsed = 16;
     to.addBitmap(inRuns(runs));
@@ -106,7 +101,7 @@ void addRunsAndMasks(Seeds &to)
     to.addBitmap(runs);
 
     for (const int bits : {16, 32}) {
-        BitmapBytes masked = patternBitmap(bits, width, height);
+        BitmapBytes masked = patternBitmap(bits);
         masked.compression = 3;
         masked.masks = bits == 16 ? std::array<quint32, 3>{0xF800, 0x07E0, 0x001F}
                                   : std::array<quint32, 3>{0xFF000000, 0x00FF0000, 0x0000FF00};
@@ -118,31 +113,19 @@ void addRunsAndMasks(Seeds &to)
 
 void addPngs(Seeds &to)
 {
-    to.addPng(pngOf(patternPicture(24, width, height)));
-    to.addPng(pngOf(patternPicture(4, width, height).convertToFormat(QImage::Format_Indexed8)));
-    to.addPng(pngOf(patternPicture(1, width, height).convertToFormat(QImage::Format_Mono)));
-    for (const PngHeader &kind : std::initializer_list<PngHeader>{{width, height, 1, 0},
-                                                                  {width, height, 2, 0},
-                                                                  {width, height, 4, 0},
-                                                                  {width, height, 8, 0},
-                                                                  {width, height, 16, 0},
-                                                                  {width, height, 8, 2},
-                                                                  {width, height, 16, 2},
-                                                                  {width, height, 1, 3},
-                                                                  {width, height, 2, 3},
-                                                                  {width, height, 4, 3},
-                                                                  {width, height, 8, 3},
-                                                                  {width, height, 8, 4},
-                                                                  {width, height, 16, 4},
-                                                                  {width, height, 8, 6},
-                                                                  {width, height, 16, 6}}) {
+    to.addPng(pngOf(patternPicture(24)));
+    to.addPng(pngOf(patternPicture(4).convertToFormat(QImage::Format_Indexed8)));
+    to.addPng(pngOf(patternPicture(1).convertToFormat(QImage::Format_Mono)));
+    // Colour type and depths.
+    const std::initializer_list<std::pair<int, std::vector<int>>> kinds = {
+        {0, {1, 2, 4, 8, 16}}, {2, {8, 16}}, {3, {1, 2, 4, 8}}, {4, {8, 16}}, {6, {8, 16}}};
+    for (const auto &[colorType, depths] : kinds) {
         constexpr int withPalette = 3;
         const QByteArray palette =
-            kind.colorType == withPalette ? pngChunk("PLTE", "redgrnblu") + pngChunk("tRNS", "\x20\x80") : "";
-        PngHeader header = kind;
-        for (const bool isInterlaced : {false, true}) {
-            header.isInterlaced = isInterlaced;
-            to.addPng(blankPng(header, palette));
+            colorType == withPalette ? pngChunk("PLTE", "redgrnblu") + pngChunk("tRNS", "\x20\x80") : "";
+        for (const int depth : depths) {
+            for (const bool isInterlaced : {false, true})
+                to.addPng(blankPng({width, height, depth, colorType, isInterlaced}, palette));
         }
     }
     to.addPng(blankPng({width, height, 8, 2}, pngChunk("tRNS", QByteArray(6, '\0'))));
@@ -157,7 +140,7 @@ void addPngs(Seeds &to)
 void addLargest(Seeds &to)
 {
     constexpr int side = 2560;
-    BitmapBytes runs = inRuns(patternBitmap(8, width, height));
+    BitmapBytes runs = inRuns(patternBitmap(8));
     runs.width = runs.height = side;
     to.addBitmap(runs);
     to.addPng(blankPng({side, side, 1, 0}));
@@ -176,8 +159,8 @@ void addLargest(Seeds &to)
 
 void addLists(Seeds &to)
 {
-    const StoredEntry bitmap = bitmapEntry(patternBitmap(24, width, height).bytes());
-    const StoredEntry png = pngEntry(pngOf(patternPicture(24, width, height)));
+    const StoredEntry bitmap = bitmapEntry(patternBitmap(24).bytes());
+    const StoredEntry png = pngEntry(pngOf(patternPicture(24)));
     StoredEntry broken = bitmap;
     broken.data.chop(1);
     to.addList({});
@@ -185,9 +168,7 @@ void addLists(Seeds &to)
     to.addList({zerosEntry(), broken, bitmap});
     to.addList({zerosEntry(), bitmap, png});
     to.addList({bitmapEntry(png.data), pngEntry(bitmap.data)});
-    DrawingBytes old = drawingWith(bitmap);
-    old.version = "AC1009"; // which has no preview
-    to.add(old);
+    to.add(with(drawingWith(bitmap), &DrawingBytes::version, "AC1009")); // which has no preview
     to.add("AC2.10");
 }
 

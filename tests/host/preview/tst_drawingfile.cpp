@@ -2,6 +2,7 @@
 #include "host/runtime/preview/DrawingFile.h"
 
 #include "host/runtime/preview/PreviewReader.h"
+#include "samples/DrawingWriter.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/bytes/BytesOfPreview.h"
 #include "tests/support/bytes/BytesOfSpecialFiles.h"
@@ -13,6 +14,7 @@
 #include <unistd.h>
 
 using fxhost::DrawingFile;
+using namespace fxsamples;
 using namespace testbytes;
 
 namespace {
@@ -37,6 +39,12 @@ public:
 private:
     uid_t m_user = ::geteuid();
 };
+
+//! A sample, which contains a header and a preview and nothing more, unlike a drawing.
+QByteArray sample(const DrawingForm &form)
+{
+    return drawingFile(patternPicture(24), form);
+}
 
 } // namespace
 
@@ -155,6 +163,38 @@ private slots:
              {"AC1015 (2000 format)", "AC1018 (2004 format)", "AC1021 (2007 format)", "AC1024 (2010 format)",
               "AC1027 (2013 format)", "AC1032 (2018 format)", "AC1009", "AC1014", "AC1.2", ""})
             QCOMPARE(fxhost::drawingFormatName(QByteArray(name).split(' ').first()), QString(name));
+    }
+
+    void onlySamplesContainAPreviewAlone_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<bool>("isAlone");
+        for (const Version version : allVersions) {
+            const QByteArray tag = versionTag(version);
+            QTest::newRow(tag + " after the header")
+                << sample({version, Picture::Bitmap8, Placement::BehindHeader}) << true;
+            QTest::newRow(tag + " after filling")
+                << sample({version, Picture::Bitmap24, Placement::AfterFilling}) << true;
+            if (carriesPng(version)) {
+                QTest::newRow(tag + " PNG")
+                    << sample({version, Picture::Png, Placement::AfterFilling}) << true;
+            }
+        }
+        const QByteArray whole = sample({Version::AC1018, Picture::Bitmap8, Placement::AfterFilling});
+        QTest::newRow("a byte after the preview") << whole + 'x' << false;
+        QTest::newRow("a byte before it") << QByteArray(whole).replace(0x200, 1, "x") << false;
+        QTest::newRow("no preview at all")
+            << QByteArray(whole).replace(0x0D, 2, QByteArray(2, '\0')) << false;
+        QTest::newRow("cut off") << whole.chopped(1) << false;
+        QTest::newRow("an old version") << QByteArray(whole).replace(0, 6, "AC1009") << false;
+        QTest::newRow("an empty file") << QByteArray() << false;
+    }
+
+    void onlySamplesContainAPreviewAlone()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(bool, isAlone);
+        QCOMPARE(read(bytes).isPreviewAlone, isAlone);
     }
 
 private:

@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QImage>
 #include <QMetaType>
+#include <QSize>
 #include <QVector>
 
 #include <array>
@@ -15,6 +16,14 @@ namespace testbytes {
 
 QByteArray number16(quint32 value);
 QByteArray number32(quint32 value);
+
+//! A copy with one other value.
+template<typename T, typename Field, typename Value>
+T with(T whole, Field T::*field, const Value &value)
+{
+    whole.*field = value;
+    return whole;
+}
 
 //! A bitmap as drawings store it: a header, masks, a palette and pixels.
 struct BitmapBytes
@@ -35,13 +44,15 @@ struct BitmapBytes
     QByteArray bytes() const;
 };
 
+//! The usual size of the pictures below. An odd width leaves padding at the rows' ends, at all depths.
+constexpr QSize patternSize(13, 7);
 //! The colour of a pixel of every picture below. Bitmaps of 16 bits keep only each channel's high five bits.
 QRgb patternColor(int bits, int x, int y);
 //! The picture in patternBitmap() of the same arguments, in Format_RGB32.
-QImage patternPicture(int bits, int width, int height);
+QImage patternPicture(int bits = 8, int width = patternSize.width(), int height = patternSize.height());
 //! A sound bitmap, bottom-up and uncompressed. The palette's fourth bytes and the unused byte of 32-bit
 //! pixels have arbitrary values, as in drawings.
-BitmapBytes patternBitmap(int bits, int width, int height);
+BitmapBytes patternBitmap(int bits = 8, int width = patternSize.width(), int height = patternSize.height());
 //! The same with the top row first.
 BitmapBytes topDown(BitmapBytes bitmap);
 //! The same (8 bits) with each row as runs of one pixel.
@@ -84,7 +95,7 @@ struct DrawingBytes
 };
 
 //! A drawing with the usual entries: zeros, then this.
-DrawingBytes drawingWith(const StoredEntry &picture);
+DrawingBytes drawingWith(const StoredEntry &picture = bitmapEntry(patternBitmap().bytes()));
 
 //! Writes a file. \return path
 QString writeFile(const QString &path, const QByteArray &bytes);

@@ -71,8 +71,7 @@ void addSpecialFileRows()
 
 BytesOfSpecialFiles::BytesOfSpecialFiles()
 {
-    writeFile(m_dir.filePath(QStringLiteral("sound.dwg")),
-              drawingWith(bitmapEntry(patternBitmap(8, 4, 4).bytes())).bytes());
+    writeFile(m_dir.filePath(QStringLiteral("sound.dwg")), drawingWith().bytes());
     require(QDir().mkpath(path(SpecialFile::Directory)), "a directory");
     require(QFile::link(path(SpecialFile::LinkToItself), path(SpecialFile::LinkToItself)),
             "a link to itself");

@@ -85,13 +85,8 @@ void noteFree(const volatile void *memory)
         held -= static_cast<std::int64_t>(__sanitizer_get_allocated_size(memory));
 }
 
-void watchMemory()
-{
-    static const bool isWatching = [] {
-        return isSanitized() && __sanitizer_install_malloc_and_free_hooks(noteMalloc, noteFree) != 0;
-    }();
-    static_cast<void>(isWatching);
-}
+[[maybe_unused]] const bool isMemoryWatched =
+    isSanitized() && __sanitizer_install_malloc_and_free_hooks(noteMalloc, noteFree) != 0;
 
 std::uint64_t processorTime()
 {
@@ -116,7 +111,6 @@ std::uint64_t timeOf(const std::function<void()> &work)
 
 void runWithinLimits(const std::function<void()> &work)
 {
-    watchMemory();
     std::uint64_t least = timeOf(work);
     for (int attempt = 1; attempt < attempts && least > longest; ++attempt)
         least = std::min(least, timeOf(work));

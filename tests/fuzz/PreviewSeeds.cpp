@@ -15,10 +15,7 @@ namespace {
 class Seeds
 {
 public:
-    void add(const QByteArray &bytes)
-    {
-        seeds.push_back({QStringLiteral("drawing-%1").arg(seeds.size() + 1), bytes, isCostly});
-    }
+    void add(const QByteArray &bytes) { seeds.push_back({bytes, isCostly}); }
     //! A drawing without padding, because every byte costs time.
     void add(DrawingBytes drawing)
     {

@@ -11,7 +11,6 @@ namespace fuzz {
 //! An initial input: sound, or nearly so.
 struct Seed
 {
-    QString name; //!< of a file
     QByteArray bytes;
     bool isCostly = false; //!< takes many times as long as others, as do its changes
 };

@@ -8,7 +8,6 @@
 #include "tests/support/bytes/BytesOfSpecialFiles.h"
 
 #include <QTemporaryDir>
-#include <QtTest>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -126,25 +125,13 @@ private slots:
         const DrawingFile drawing = fxhost::readDrawing(files.path(kind));
         QVERIFY(!drawing.outcome && drawing.version.isEmpty());
         QVERIFY(fxhost::readPreview(files.path(kind)).isNull());
-        switch (kind) {
-        case SpecialFile::Nothing:
-        case SpecialFile::EmptyPath:
-        case SpecialFile::PathWithNull:
-        case SpecialFile::BelowAFile:
-        case SpecialFile::LinkToNothing:
+        if (kind <= SpecialFile::LinkToNothing)
             QCOMPARE(drawing.outcome.reason(), QString("The file does not exist."));
-            break;
-        case SpecialFile::LinkToItself:
+        else if (kind == SpecialFile::LinkToItself)
             QCOMPARE(drawing.outcome.reason(),
                      QString("The file cannot be read: %1.").arg(qt_error_string(ELOOP)));
-            break;
-        case SpecialFile::Directory:
-        case SpecialFile::Fifo:
-        case SpecialFile::Socket:
-        case SpecialFile::EndlessDevice:
-        case SpecialFile::EmptyDevice:
+        else
             QCOMPARE(drawing.outcome.reason(), QString("This is not a regular file."));
-        }
     }
 
     void unreadableFileIsRefusedWithTheReason()

@@ -6,7 +6,6 @@
 #include "tests/support/bytes/BytesOfPreview.h"
 
 #include <QTemporaryDir>
-#include <QtTest>
 
 using namespace testbytes;
 

@@ -61,6 +61,28 @@ private:
     const QString m_lever = m_folder.filePath("no threads");
 };
 
+//! A list of recent documents, and what modules get of it.
+class ModulesList
+{
+public:
+    ModulesList(FileProbe &probe, const QStringList &paths) : m_list(m_profile.list, probe, m_profile.report)
+    {
+        m_profile.list.setPaths(paths);
+    }
+    QStringList given() const
+    {
+        std::vector<CFxString> paths{CFxString(L"left over")};
+        m_list.GetPaths(paths);
+        return {paths.begin(), paths.end()};
+    }
+    QStringList listed() const { return m_profile.list.paths(); }
+    QStringList messages() const { return m_profile.messages; }
+
+private:
+    RealProfile m_profile;
+    const ReachableRecentFiles m_list;
+};
+
 } // namespace
 
 //! Which files respond, found without waiting for those that do not.
@@ -293,19 +315,12 @@ private slots:
     void withoutAHelperModulesGetAllAndTheUserOneMessage()
     {
         const QString nowhere = "/no such folder/fxprobe";
-        RealProfile profile;
-        fxhost::RecentFiles &listed = profile.list;
-        listed.setPaths({"/a.dwg"});
         FileProbe probe(nowhere);
-        QStringList messages;
-        const ReachableRecentFiles list(listed, probe, [&](const QString &text) { messages.append(text); });
-        std::vector<CFxString> paths;
-        for (int i = 0; i < 3; ++i) {
-            list.GetPaths(paths);
-            QCOMPARE(QStringList(paths.begin(), paths.end()), listed.paths());
-        }
-        QCOMPARE(messages.size(), 1);
-        QVERIFY2(messages.constFirst().contains(nowhere), qPrintable(messages.constFirst()));
+        const ModulesList list(probe, {"/a.dwg"});
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(list.given(), QStringList("/a.dwg"));
+        QCOMPARE(list.messages().size(), 1);
+        QVERIFY2(list.messages().constFirst().contains(nowhere), qPrintable(list.messages().constFirst()));
     }
 
     void modulesGetOnlyResponsiveFiles_data() { addStuckFolderRows(); }
@@ -314,31 +329,22 @@ private slots:
         STUCK_FOLDER_OR_SKIP(folder);
         const QString away = folder.makeFile("away.dwg", "AC1032");
         const QString astral = "/\u6771\u4eac \U0001F4D0.dwg";
-        RealProfile profile;
-        fxhost::RecentFiles &listed = profile.list;
-        listed.setPaths({astral, away, "/b.dwg"});
+        const QStringList all = {astral, away, "/b.dwg"};
         FileProbe probe;
-        QStringList messages;
-        const ReachableRecentFiles list(listed, probe, [&](const QString &text) { messages.append(text); });
-        const auto given = [&list] {
-            std::vector<CFxString> paths{CFxString(L"left over")};
-            list.GetPaths(paths);
-            return QStringList(paths.begin(), paths.end());
-        };
-        QCOMPARE(given(), listed.paths());
-        QCOMPARE(messages, QStringList());
-
-        const QStringList all = listed.paths();
+        const ModulesList list(probe, all);
+        QCOMPARE(list.given(), all);
+        QCOMPARE(list.messages(), QStringList());
         for (int round = 1; round <= 2; ++round) {
             folder.stopAnswering();
-            QTRY_COMPARE(given(), QStringList({astral, "/b.dwg"}));
-            QCOMPARE(given().size(), 2);
-            QCOMPARE(listed.paths(), all);    // kept nevertheless
-            QCOMPARE(messages.size(), round); // one each round
+            QTRY_COMPARE(list.given(), QStringList({astral, "/b.dwg"}));
+            QCOMPARE(list.given().size(), 2);
+            QCOMPARE(list.listed(), all);
+            const QStringList messages = list.messages();
+            QCOMPARE(messages.size(), round);
             QVERIFY2(messages.constLast().contains(away) && !messages.constLast().contains(astral),
                      qPrintable(messages.constLast()));
             folder.answerAgain();
-            QTRY_COMPARE(given(), all);
+            QTRY_COMPARE(list.given(), all);
         }
     }
 };

@@ -48,23 +48,6 @@ private:
     rlimit m_usual = {};
 };
 
-//! A list in a folder of its own.
-class ListFile
-{
-    QTemporaryDir m_folder;
-
-public:
-    explicit ListFile(const QString &name = "recent.txt") : path(m_folder.filePath(name)) {}
-
-    const QString path;
-
-    QString beside(const QString &name) const { return m_folder.filePath(name); }
-    QStringList files() const { return QDir(m_folder.path()).entryList(QDir::Files); }
-    QString lockFile() const { return path + ".lock"; }
-    //! As another program reads it.
-    QStringList listed() const { return RecentFileStore(path).load().paths; }
-};
-
 QByteArray contentOf(const QString &path)
 {
     QFile file(path);
@@ -91,11 +74,29 @@ QStringList unchanged(const QStringList &listed)
     return listed;
 }
 
-//! \return what is reported to the user
-QString save(RecentFileStore &store, const QStringList &paths)
+//! A list in a folder of its own, with a store.
+class ListFile
 {
-    return store.update({}, replacing(paths)).outcome.reason();
-}
+    QTemporaryDir m_folder;
+
+public:
+    explicit ListFile(const QString &name = "recent.txt") : path(m_folder.filePath(name)) {}
+
+    const QString path;
+    RecentFileStore store{path};
+
+    QString beside(const QString &name) const { return m_folder.filePath(name); }
+    QStringList files() const { return QDir(m_folder.path()).entryList(QDir::Files); }
+    QString lockFile() const { return path + ".lock"; }
+    //! \return what is reported to the user
+    QString save(const QStringList &paths) { return store.update({}, replacing(paths)).outcome.reason(); }
+    //! What another program does.
+    QStringList listed() const { return RecentFileStore(path).load().paths; }
+    void changeElsewhere(const RecentFileStore::Change &change) const
+    {
+        RecentFileStore(path).update({}, change);
+    }
+};
 
 } // namespace
 
@@ -135,26 +136,24 @@ private slots:
     {
         QFETCH(QStringList, paths);
         QFETCH(QByteArray, content);
-        const ListFile list;
-        RecentFileStore store(list.path);
-        RecentFileStore::Stored loaded = store.load();
+        ListFile list;
+        RecentFileStore::Stored loaded = list.store.load();
         QCOMPARE(loaded.paths, QStringList()); // a file that does not exist yet is not an error
         QCOMPARE(loaded.outcome.reason(), QString());
-        QCOMPARE(save(store, paths), QString());
+        QCOMPARE(list.save(paths), QString());
         loaded = RecentFileStore(list.path).load();
         QCOMPARE(loaded.paths, paths);
         QCOMPARE(loaded.outcome.reason(), QString());
         QVERIFY(content.isNull() || contentOf(list.path) == content);
-        QCOMPARE(store.update(paths, replacing({})).outcome.reason(), QString());
+        QCOMPARE(list.store.update(paths, replacing({})).outcome.reason(), QString());
         QCOMPARE(contentOf(list.path), listHeader);
     }
 
     void oddNameKeepsTheFileReadable()
     {
-        const ListFile list;
-        RecentFileStore store(list.path);
+        ListFile list;
         // Two bytes, each stored as if it were not UTF-8; together they are.
-        save(store, {'/' + fxhost::pathFromBytes("\xc3") + fxhost::pathFromBytes("\xa4"), "/b.dwg"});
+        list.save({'/' + fxhost::pathFromBytes("\xc3") + fxhost::pathFromBytes("\xa4"), "/b.dwg"});
         QCOMPARE(list.listed(), QStringList({"/\u00e4", "/b.dwg"}));
     }
 
@@ -183,17 +182,16 @@ private slots:
     void aDamagedFileIsSetAside()
     {
         QFETCH(QByteArray, damaged);
-        const ListFile list;
+        ListFile list;
         const QString aside = list.path + ".damaged";
         writeFile(list.path, damaged);
-        RecentFileStore store(list.path);
-        const RecentFileStore::Stored loaded = store.load();
+        const RecentFileStore::Stored loaded = list.store.load();
         QCOMPARE(loaded.paths, QStringList());
         QVERIFY2(loaded.outcome.reason().contains(list.path) && loaded.outcome.reason().contains(aside),
                  qPrintable(loaded.outcome.reason()));
         QCOMPARE(contentOf(aside), damaged);
         QVERIFY(!QFile::exists(list.path));
-        QCOMPARE(save(store, {"/new.dwg"}), QString());
+        QCOMPARE(list.save({"/new.dwg"}), QString());
         QCOMPARE(list.listed(), QStringList("/new.dwg"));
     }
 
@@ -211,28 +209,26 @@ private slots:
 
     void anythingButAFileIsSetAside()
     {
-        const ListFile list;
-        RecentFileStore store(list.path);
+        ListFile list;
         const Alarm alarm;
         QVERIFY(QDir().mkpath(list.path));
-        QVERIFY(!store.load().outcome.reason().isEmpty());
+        QVERIFY(!list.store.load().outcome.reason().isEmpty());
         QVERIFY(QFileInfo(list.path + ".damaged").isDir());
         QCOMPARE(mkfifo(QFile::encodeName(list.path).constData(), S_IRUSR | S_IWUSR), 0);
-        QVERIFY(!store.load().outcome.reason().isEmpty());
-        QCOMPARE(save(store, {"/new.dwg"}), QString());
+        QVERIFY(!list.store.load().outcome.reason().isEmpty());
+        QCOMPARE(list.save({"/new.dwg"}), QString());
         QCOMPARE(list.listed(), QStringList("/new.dwg"));
     }
 
     void unreadableListIsLeftUnchanged()
     {
-        const ListFile list;
+        ListFile list;
         writeFile(list.path, listHeader + "/former.dwg\n");
-        RecentFileStore store(list.path);
         RecentFileStore::Stored kept;
         RecentFileStore::Stored loaded;
         {
             const NoMoreFiles shortage;
-            kept = store.update({"/known.dwg"}, adding("/new.dwg"));
+            kept = list.store.update({"/known.dwg"}, adding("/new.dwg"));
             loaded = RecentFileStore(list.path).load();
         }
         QVERIFY2(kept.outcome.reason().contains(list.path), qPrintable(kept.outcome.reason()));
@@ -240,12 +236,12 @@ private slots:
         QVERIFY2(loaded.outcome.reason().contains(list.path), qPrintable(loaded.outcome.reason()));
         QCOMPARE(loaded.paths, QStringList());
         QCOMPARE(list.files(), QStringList("recent.txt"));
-        QVERIFY(!store.isAllWritten());
+        QVERIFY(!list.store.isAllWritten());
         // The entry that was new then is still new.
-        kept = store.update(kept.paths, adding("/newer.dwg"));
+        kept = list.store.update(kept.paths, adding("/newer.dwg"));
         QCOMPARE(kept.outcome.reason(), QString());
         QCOMPARE(list.listed(), QStringList({"/newer.dwg", "/new.dwg", "/former.dwg"}));
-        QVERIFY(store.isAllWritten());
+        QVERIFY(list.store.isAllWritten());
     }
 
     void theFormerListSurvivesAFailedWrite_data()
@@ -260,11 +256,10 @@ private slots:
     {
         QFETCH(QString, name);
         QFETCH(int, room);
-        const ListFile list(name);
+        ListFile list(name);
         writeFile(list.path, listHeader + "/former.dwg\n");
         const BytesOnFullDisk disk(static_cast<rlim_t>(room));
-        RecentFileStore store(list.path);
-        const QString problem = save(store, {"/new.dwg"});
+        const QString problem = list.save({"/new.dwg"});
         QVERIFY2(problem.contains(list.path), qPrintable(problem));
         QCOMPARE(list.listed(), QStringList("/former.dwg"));
     }
@@ -272,12 +267,11 @@ private slots:
     void damagedFileThatCannotBeRenamedIsLeftUnchanged()
     {
         allowWarning("File name too long"); // Qt warns that it cannot look for such a name
-        const ListFile list(longestName);
+        ListFile list(longestName);
         writeFile(list.path, "damaged");
-        RecentFileStore store(list.path);
-        const QString problem = store.load().outcome.reason();
+        const QString problem = list.store.load().outcome.reason();
         QVERIFY2(problem.contains(list.path), qPrintable(problem));
-        QCOMPARE(save(store, {"/new.dwg"}), QString()); // already reported
+        QCOMPARE(list.save({"/new.dwg"}), QString()); // already reported
         QCOMPARE(contentOf(list.path), QByteArray("damaged"));
     }
 
@@ -307,14 +301,13 @@ private slots:
     void listInMemoryReplacesTheFile()
     {
         QFETCH(bool, isDamaged);
-        const ListFile list;
-        RecentFileStore store(list.path);
-        store.update({}, adding("/a"));
+        ListFile list;
+        list.store.update({}, adding("/a"));
         if (isDamaged)
             writeFile(list.path, "damaged");
         else
             QVERIFY(QFile::remove(list.path));
-        const RecentFileStore::Stored kept = store.update({"/a"}, adding("/b"));
+        const RecentFileStore::Stored kept = list.store.update({"/a"}, adding("/b"));
         QCOMPARE(kept.paths, QStringList({"/b", "/a"}));
         QCOMPARE(kept.outcome.reason().contains(list.path + ".damaged"), isDamaged);
         QCOMPARE(kept.outcome.reason().isEmpty(), !isDamaged);
@@ -323,84 +316,79 @@ private slots:
 
     void nothingIsWrittenOrLostWhileTheListIsLocked()
     {
-        const ListFile list;
-        RecentFileStore store(list.path);
-        store.update({}, adding("/a"));
+        ListFile list;
+        list.store.update({}, adding("/a"));
         {
             const FileLock theirs(list.lockFile(), {});
             QVERIFY(theirs.isHeld());
-            const RecentFileStore::Stored kept = store.update({"/a"}, adding("/b"));
+            const RecentFileStore::Stored kept = list.store.update({"/a"}, adding("/b"));
             QCOMPARE(kept.paths, QStringList({"/b", "/a"}));
             QVERIFY2(kept.outcome.reason().contains(list.path), qPrintable(kept.outcome.reason()));
         }
         QCOMPARE(list.listed(), QStringList("/a"));
         RecentFileStore(list.path).update({"/a"}, adding("/c"));
-        QVERIFY(!store.isAllWritten());
+        QVERIFY(!list.store.isAllWritten());
         // Entries that could not be written count as newer than those that were.
-        QCOMPARE(store.update({"/b", "/a"}, unchanged).paths, QStringList({"/b", "/c", "/a"}));
-        QVERIFY(store.isAllWritten());
+        QCOMPARE(list.store.update({"/b", "/a"}, unchanged).paths, QStringList({"/b", "/c", "/a"}));
+        QVERIFY(list.store.isAllWritten());
         QCOMPARE(list.listed(), QStringList({"/b", "/c", "/a"}));
     }
 
     void unwrittenEntriesPushOutTheOldest()
     {
-        const ListFile list;
-        RecentFileStore store(list.path);
-        save(store, {"/a", "/b", "/c"});
+        ListFile list;
+        list.save({"/a", "/b", "/c"});
         {
             const FileLock theirs(list.lockFile(), {});
-            QCOMPARE(store.update({"/a", "/b", "/c"}, adding("/mine", 3)).paths,
+            QCOMPARE(list.store.update({"/a", "/b", "/c"}, adding("/mine", 3)).paths,
                      QStringList({"/mine", "/a", "/b"}));
         }
-        RecentFileStore(list.path).update({}, adding("/theirs", 3));
-        QCOMPARE(store.update({"/mine", "/a", "/b"}, adding("/next", 3)).paths,
+        list.changeElsewhere(adding("/theirs", 3));
+        QCOMPARE(list.store.update({"/mine", "/a", "/b"}, adding("/next", 3)).paths,
                  QStringList({"/next", "/mine", "/theirs"}));
     }
 
     void entriesOfAnotherProgramAreNotWrittenAgain()
     {
-        const ListFile list;
-        RecentFileStore store(list.path);
+        ListFile list;
         {
             const FileLock theirs(list.lockFile(), {});
-            store.update({"/a"}, adding("/b"));
+            list.store.update({"/a"}, adding("/b"));
         }
         RecentFileStore(list.path).update({"/a"}, adding("/b"));
-        QCOMPARE(store.update({"/b", "/a"}, unchanged).paths, QStringList({"/b", "/a"}));
-        QVERIFY(store.isAllWritten());
+        QCOMPARE(list.store.update({"/b", "/a"}, unchanged).paths, QStringList({"/b", "/a"}));
+        QVERIFY(list.store.isAllWritten());
     }
 
     void unwrittenEntriesAreWrittenWithTheNextChange()
     {
-        const ListFile list("away/recent.txt");
-        RecentFileStore store(list.path);
-        const QString problem = store.update({}, adding("/a")).outcome.reason();
+        ListFile list("away/recent.txt");
+        const QString problem = list.store.update({}, adding("/a")).outcome.reason();
         QVERIFY2(problem.contains(list.path), qPrintable(problem));
         QVERIFY(QDir().mkpath(list.beside("away")));
-        RecentFileStore(list.path).update({}, adding("/c"));
-        QCOMPARE(store.update({"/a"}, adding("/b")).outcome.reason(), QString());
+        list.changeElsewhere(adding("/c"));
+        QCOMPARE(list.store.update({"/a"}, adding("/b")).outcome.reason(), QString());
         QCOMPARE(list.listed(), QStringList({"/b", "/a", "/c"}));
         // From then on the file counts again.
-        RecentFileStore(list.path).update({}, replacing({}));
-        QCOMPARE(store.update({"/b", "/a", "/c"}, adding("/b")).paths, QStringList("/b"));
+        list.changeElsewhere(replacing({}));
+        QCOMPARE(list.store.update({"/b", "/a", "/c"}, adding("/b")).paths, QStringList("/b"));
     }
 
     void unchangedListIsNotWritten()
     {
-        const ListFile list;
-        RecentFileStore store(list.path);
-        QCOMPARE(store.update({"/a"}, unchanged).paths, QStringList("/a"));
+        ListFile list;
+        QCOMPARE(list.store.update({"/a"}, unchanged).paths, QStringList("/a"));
         QVERIFY(!QFile::exists(list.path));
-        store.update({}, adding("/a"));
+        list.store.update({}, adding("/a"));
         const auto inode = [&list] {
             struct stat status = {};
             return ::stat(QFile::encodeName(list.path).constData(), &status) == 0 ? status.st_ino : 0;
         };
         const ino_t before = inode();
         QVERIFY(before != 0);
-        QCOMPARE(store.update({"/a"}, unchanged).outcome.reason(), QString());
+        QCOMPARE(list.store.update({"/a"}, unchanged).outcome.reason(), QString());
         QCOMPARE(inode(), before);
-        store.update({"/a"}, adding("/b"));
+        list.store.update({"/a"}, adding("/b"));
         QVERIFY(inode() != before); // a written list is another file
     }
 
@@ -434,13 +422,12 @@ private slots:
 
     void lockThatCannotBeTakenIsNotBusy()
     {
-        const ListFile list;
+        ListFile list;
         const FileLock nowhere(list.beside("no such folder/lock"), std::chrono::milliseconds(10));
         QVERIFY(!nowhere.isHeld() && !nowhere.isBusy());
-        RecentFileStore store(list.path);
         QVERIFY(QDir().mkpath(list.lockFile())); // a folder, which cannot be opened for writing
-        QCOMPARE(save(store, {"/a"}), QString());
-        QCOMPARE(store.load().paths, QStringList("/a"));
+        QCOMPARE(list.save({"/a"}), QString());
+        QCOMPARE(list.store.load().paths, QStringList("/a"));
     }
 };
 

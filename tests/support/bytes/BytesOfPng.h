@@ -24,8 +24,6 @@ struct PngHeader
 
     //! The chunk.
     QByteArray bytes() const;
-    //! Size in bytes of the picture before compression, filter bytes included.
-    int rawSize() const;
 };
 
 //! A PNG of zeros. \param extraChunks are placed between header and data

@@ -11,9 +11,9 @@ enum class SpecialFile {
     EmptyPath,
     PathWithNull, //!< before it, the path of a file
     BelowAFile,   //!< the path of a file, and another name
-    Directory,
-    LinkToItself,
     LinkToNothing,
+    LinkToItself,
+    Directory,
     Fifo,          //!< without a writer
     Socket,        //!< without a listener
     EndlessDevice, //!< /dev/zero

@@ -22,18 +22,21 @@ inline void noteCall(const char *module, const QString &call)
     qApp->setProperty(property, calls);
 }
 
+//! Calls a member of an engine object, which is counted, and releases it.
+template<class Object, class Function, class Argument>
+void callOnce(Object *object, Function member, Argument *argument)
+{
+    (object->*member)(argument);
+    object->release();
+}
+
 //! Registers module, a reactor of both kinds, and its command, if it has one, with the host.
 template<class Module>
 void registerModule(Module *module, OdEdCommand *command = nullptr)
 {
-    if (command) {
-        OdEdCommandStack *const commands = odedRegCmds();
-        commands->addCommand(command);
-        commands->release();
-    }
-    OdEditor *const editor = odedEditor();
-    editor->addReactor(module);
-    editor->release();
+    if (command)
+        callOnce(odedRegCmds(), &OdEdCommandStack::addCommand, command);
+    callOnce(odedEditor(), &OdEditor::addReactor, module);
     GetFxSystemServices()->GetDocumentManager()->AddReactor(module);
 }
 
@@ -41,14 +44,9 @@ void registerModule(Module *module, OdEdCommand *command = nullptr)
 template<class Module>
 void unregisterModule(Module *module, OdEdCommand *command = nullptr)
 {
-    if (command) {
-        OdEdCommandStack *const commands = odedRegCmds();
-        commands->removeCommand(command);
-        commands->release();
-    }
-    OdEditor *const editor = odedEditor();
-    editor->removeReactor(module);
-    editor->release();
+    if (command)
+        callOnce(odedRegCmds(), &OdEdCommandStack::removeCommand, command);
+    callOnce(odedEditor(), &OdEditor::removeReactor, module);
     GetFxSystemServices()->GetDocumentManager()->RemoveReactor(module);
 }
 

@@ -23,10 +23,6 @@ public:
         drawing.bytesAfter = 0;
         add(drawing.bytes());
     }
-    void addList(const QVector<StoredEntry> &entries)
-    {
-        add(with(DrawingBytes(), &DrawingBytes::entries, entries));
-    }
     void addBitmap(const BitmapBytes &bitmap) { add(drawingWith(bitmapEntry(bitmap.bytes()))); }
     void addPng(const QByteArray &png) { add(drawingWith(pngEntry(png))); }
 
@@ -151,7 +147,7 @@ void addLargest(Seeds &to)
     // Pictures without their data; there are more of them than the reader tries.
     const StoredEntry claimed = pngEntry(withHeader(blankPng({width, height}), {side, side}));
     const StoredEntry interlaced = pngEntry(withHeader(blankPng({width, height}), {side, side, 8, 6, true}));
-    to.addList({claimed, interlaced, claimed, interlaced});
+    to.add(drawingOf({claimed, interlaced, claimed, interlaced}));
 }
 
 void addLists(Seeds &to)
@@ -160,11 +156,11 @@ void addLists(Seeds &to)
     const StoredEntry png = pngEntry(pngOf(patternPicture(24)));
     StoredEntry broken = bitmap;
     broken.data.chop(1);
-    to.addList({});
-    to.addList({zerosEntry(), metafileEntry()});
-    to.addList({zerosEntry(), broken, bitmap});
-    to.addList({zerosEntry(), bitmap, png});
-    to.addList({bitmapEntry(png.data), pngEntry(bitmap.data)});
+    to.add(drawingOf({}));
+    to.add(drawingOf({zerosEntry(), metafileEntry()}));
+    to.add(drawingOf({zerosEntry(), broken, bitmap}));
+    to.add(drawingOf({zerosEntry(), bitmap, png}));
+    to.add(drawingOf({bitmapEntry(png.data), pngEntry(bitmap.data)}));
     to.add(with(drawingWith(bitmap), &DrawingBytes::version, "AC1009")); // which has no preview
     to.add("AC2.10");
 }

@@ -125,9 +125,8 @@ private slots:
         addBitmap("the largest bitmap of 32 bits", blankBitmap(32, 2560, 2560), largest, 26214440);
         addBitmap("the largest bitmap of 24 bits, top row first", blankBitmap(24, 2560, -2560), largest,
                   19660840);
-        BitmapBytes runs = blankBitmap(8, 2560, 2560);
-        runs.compression = 1;
-        addBitmap("the largest bitmap in runs, with a gigabyte of them", runs, largest, 1 << 30);
+        addBitmap("the largest bitmap in runs, with a gigabyte of them",
+                  with(blankBitmap(8, 2560, 2560), &BitmapBytes::compression, 1U), largest, 1 << 30);
         addBitmap("a bitmap of 32000 by 32000", blankBitmap(1, 32000, 32000), none, 0x7FFF0000);
         addBitmap("a small bitmap of two gigabytes", blankBitmap(8, 64, 64), small, 0x7FFF0000);
 
@@ -201,8 +200,7 @@ private slots:
         QTest::newRow("PNGs with an endless chunk")
             << drawingOfMany(endlessEntry) << qint64(endless.size()) - endless.start.size() << endless.end;
 
-        BitmapBytes runs = blankBitmap(8, 2560, 2560);
-        runs.compression = 1;
+        BitmapBytes runs = with(blankBitmap(8, 2560, 2560), &BitmapBytes::compression, 1U);
         for (int jump = 0; jump < 500000; ++jump)
             runs.pixels += QByteArray("\0\2\0\0", 4);
         add("bitmaps in runs without progress", bitmapEntry(runs.bytes()));

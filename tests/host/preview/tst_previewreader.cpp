@@ -150,9 +150,7 @@ void addPlaces()
 void addLists()
 {
     const auto add = [](const char *name, const QVector<StoredEntry> &entries, const QImage &picture) {
-        DrawingBytes drawing;
-        drawing.entries = entries;
-        QTest::newRow(name) << drawing << picture;
+        QTest::newRow(name) << drawingOf(entries) << picture;
     };
     const StoredEntry bitmap = bitmapEntry(patternBitmap().bytes());
     const StoredEntry broken = bitmapEntry(patternBitmap().bytes().chopped(1));

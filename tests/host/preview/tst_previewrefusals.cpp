@@ -19,11 +19,6 @@ QByteArray soundPng()
     return pngOf(patternPicture(24));
 }
 
-DrawingBytes drawingOf(const QVector<StoredEntry> &entries)
-{
-    return with(DrawingBytes(), &DrawingBytes::entries, entries);
-}
-
 void addFile(const char *name, const QByteArray &file)
 {
     QTest::newRow(name) << file;

@@ -159,13 +159,6 @@ private slots:
         QCOMPARE(circle.references, 1);
     }
 
-    void aMacroRunsItsCommandsInOrder()
-    {
-        Commands commands;
-        commands.runner.runMacro("^C^C_ECHO one;_ECHO two\n_ECHO three;");
-        QCOMPARE(commands.runs, QStringList({"ECHO one", "ECHO two", "ECHO three"}));
-    }
-
     void unknownCommandIsReportedWithTheNearestName_data()
     {
         QTest::addColumn<QString>("typed");

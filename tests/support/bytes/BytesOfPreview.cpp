@@ -207,11 +207,14 @@ QByteArray DrawingBytes::bytes() const
     return file + QByteArray(bytesAfter, '\x5A');
 }
 
+DrawingBytes drawingOf(const QVector<StoredEntry> &entries)
+{
+    return with(DrawingBytes(), &DrawingBytes::entries, entries);
+}
+
 DrawingBytes drawingWith(const StoredEntry &picture)
 {
-    DrawingBytes drawing;
-    drawing.entries = {zerosEntry(), picture};
-    return drawing;
+    return drawingOf({zerosEntry(), picture});
 }
 
 QString writeFile(const QString &path, const QByteArray &bytes)

@@ -94,6 +94,7 @@ struct DrawingBytes
     QByteArray bytes() const;
 };
 
+DrawingBytes drawingOf(const QVector<StoredEntry> &entries);
 //! A drawing with the usual entries: zeros, then this.
 DrawingBytes drawingWith(const StoredEntry &picture = bitmapEntry(patternBitmap().bytes()));
 

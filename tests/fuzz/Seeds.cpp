@@ -90,8 +90,9 @@ std::vector<Seed> seedsOf(const QString &target)
                                                          {"macro", macroSeeds},
                                                          {"recentlist", recentListSeeds}};
     const auto make = makers.value(target);
+    const QByteArrayList inputs = make ? make() : QByteArrayList();
     std::vector<Seed> seeds;
-    for (const QByteArray &bytes : make ? make() : QByteArrayList())
+    for (const QByteArray &bytes : inputs)
         seeds.push_back({bytes});
     return seeds;
 }

@@ -51,7 +51,8 @@ Function *next(Function * /*ours*/, const char *name)
 
 } // namespace
 
-// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the C library has no such names
+// NOLINTBEGIN(bugprone-macro-parentheses, readability-inconsistent-declaration-parameter-name): the macros'
+// arguments are parts of declarations, and the C library has no such names
 extern "C" {
 
 #define REPLACEMENT [[gnu::visibility("default")]]
@@ -104,4 +105,4 @@ REPLACEMENT int pthread_create(pthread_t *thread, const pthread_attr_t *attribut
 }
 
 } // extern "C"
-// NOLINTEND(readability-inconsistent-declaration-parameter-name)
+// NOLINTEND(bugprone-macro-parentheses, readability-inconsistent-declaration-parameter-name)

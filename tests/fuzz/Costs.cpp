@@ -12,7 +12,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-// Both are the sanitizers'; null in a program without one.
+// Defined by sanitizers; null in a program without one.
 extern "C" {
 using MallocHook = void (*)(const volatile void *, std::size_t);
 using FreeHook = void (*)(const volatile void *);
@@ -40,13 +40,13 @@ SharedCosts &sharedCosts()
 {
     static SharedCosts own;
     static SharedCosts *const shared = [] {
-        const char *const path = std::getenv("FUZZ_COSTS"); // NOLINT(concurrency-mt-unsafe): nobody sets it
+        const char *const path = std::getenv("FUZZ_COSTS"); // NOLINT(concurrency-mt-unsafe): it is never set
         if (!path)
             return &own;
         const int descriptor = ::open(path, O_RDWR | O_CREAT | O_CLOEXEC, 0666);
         require(descriptor >= 0 && ::ftruncate(descriptor, sizeof(SharedCosts)) == 0,
                 "the file that FUZZ_COSTS names can be written");
-        // A new file is zeros, which is what the numbers begin with.
+        // A new file contains zeros, the initial values.
         void *const memory =
             ::mmap(nullptr, sizeof(SharedCosts), PROT_READ | PROT_WRITE, MAP_SHARED, descriptor, 0);
         require(memory != MAP_FAILED, "the file that FUZZ_COSTS names can be mapped");
@@ -62,9 +62,9 @@ void raise(std::atomic<std::uint64_t> &number, std::uint64_t value)
     while (former < value && !number.compare_exchange_weak(former, value, std::memory_order_relaxed)) {}
 }
 
-// Of the thread that works, for the engine has others.
+// Of the thread that works; the engine has others.
 thread_local bool isWorking = false;
-thread_local std::int64_t held = 0; // bytes; may be negative, where what was there before is freed
+thread_local std::int64_t held = 0; // bytes; negative if older memory is freed
 thread_local std::int64_t mostHeld = 0;
 
 void noteMalloc(const volatile void * /*memory*/, std::size_t size)
@@ -74,8 +74,8 @@ void noteMalloc(const volatile void * /*memory*/, std::size_t size)
     held += static_cast<std::int64_t>(size);
     mostHeld = std::max(mostHeld, held);
     if (held > mostMemory) {
-        isWorking = false;                                // the complaint may allocate
-        require(false, "an input takes 160 MiB at most"); // here, so that the stack tells who asked for it
+        isWorking = false;                                // the message may allocate
+        require(false, "an input takes 160 MiB at most"); // here, so that the stack shows the caller
     }
 }
 
@@ -85,13 +85,8 @@ void noteFree(const volatile void *memory)
         held -= static_cast<std::int64_t>(__sanitizer_get_allocated_size(memory));
 }
 
-void watchMemory()
-{
-    static const bool isWatching = [] {
-        return isSanitized() && __sanitizer_install_malloc_and_free_hooks(noteMalloc, noteFree) != 0;
-    }();
-    static_cast<void>(isWatching);
-}
+[[maybe_unused]] const bool isMemoryWatched =
+    isSanitized() && __sanitizer_install_malloc_and_free_hooks(noteMalloc, noteFree) != 0;
 
 std::uint64_t processorTime()
 {
@@ -116,7 +111,6 @@ std::uint64_t timeOf(const std::function<void()> &work)
 
 void runWithinLimits(const std::function<void()> &work)
 {
-    watchMemory();
     std::uint64_t least = timeOf(work);
     for (int attempt = 1; attempt < attempts && least > longest; ++attempt)
         least = std::min(least, timeOf(work));

@@ -17,29 +17,29 @@ bool isBlank(QChar c)
     return c == QLatin1Char(' ') || (c >= QLatin1Char('\t') && c <= QLatin1Char('\r'));
 }
 
-//! What is left of text without its first count characters and the blanks behind these.
-QString behind(const QString &text, int count)
+//! The rest of text after its first count characters and the blanks that follow.
+QString rest(const QString &text, int count)
 {
     while (count < text.size() && isBlank(text.at(count)))
         ++count;
     return text.mid(count);
 }
 
-//! The line after its leading `^C`, as the runner's contract has it: name, blanks, argument.
+//! The line without its leading `^C`, as in the runner's contract: name, blanks, argument.
 CommandLine commandLine(const QString &line)
 {
-    QString rest = behind(line, 0);
-    while (rest.startsWith(QLatin1String("^C"), Qt::CaseInsensitive))
-        rest = behind(rest, 2);
-    while (!rest.isEmpty() && isBlank(rest.back()))
-        rest.chop(1);
+    QString text = rest(line, 0);
+    while (text.startsWith(QLatin1String("^C"), Qt::CaseInsensitive))
+        text = rest(text, 2);
+    while (!text.isEmpty() && isBlank(text.back()))
+        text.chop(1);
     int nameSize = 0;
-    while (nameSize < rest.size() && !isBlank(rest.at(nameSize)))
+    while (nameSize < text.size() && !isBlank(text.at(nameSize)))
         ++nameSize;
-    return {rest.left(nameSize), behind(rest, nameSize)};
+    return {text.left(nameSize), rest(text, nameSize)};
 }
 
-//! The global name that a typed one means; empty if there is no such command.
+//! The global name of a typed one; empty if there is no such command.
 QString globalName(const QString &typed)
 {
     for (const char *name : {"ECHO", "FAIL", "THROW", "NEST", "WAIT", "STOP"}) {
@@ -61,7 +61,7 @@ bool isAscii(const QString &text)
 } // namespace
 
 HarmlessHost::HarmlessHost(const QStringList &macros)
-    : m_macros(macros), m_runner(m_stack, m_editor, m_log, [this](const QString &) { ++m_complaints; })
+    : m_macros(macros), m_runner(m_stack, m_editor, m_log, [this](const QString &) { ++m_messages; })
 {
     const auto add = [this](const char *name, const fxhost::CommandSet::Function &function) {
         m_set.add(QString::fromLatin1(name), function);
@@ -123,9 +123,9 @@ void HarmlessHost::check(const QStringList &lines) const
             ++unknown;
         thrown += name == QLatin1String("_THROW") ? 1 : 0;
     }
-    require(m_started == known, "each line's command has run, in order, with the argument as it was");
-    require(m_complaints == unknown + thrown,
-            "a person hears of commands that do not exist, and of those that throw");
+    require(m_started == known, "each line's command has run, in order, with its argument");
+    require(m_messages == unknown + thrown,
+            "the user is notified of commands that do not exist, and of those that throw");
     require(m_logFile.read().count('\n') == known.size() + unknown, "the log has a line for each");
 }
 

@@ -18,24 +18,24 @@ namespace fuzz {
 //! A command's global name and its argument.
 using CommandLine = QPair<QString, QString>;
 
-//! As much of a host as it takes to run commands, and commands that do no harm:
-//! - ECHO, FAIL and THROW end well, badly and with an exception;
-//! - NEST asks for the line that is its argument;
-//! - WAIT runs the macros that are left, as a person may while a command waits, until it is cancelled;
+//! The parts of a host that run commands, with harmless commands:
+//! - ECHO, FAIL and THROW succeed, fail and throw;
+//! - NEST runs its argument as a line;
+//! - WAIT runs the remaining macros, as the user may while a command waits, until it is cancelled;
 //! - STOP stops the runner.
 class HarmlessHost
 {
 public:
-    //! \param macros left to be run
+    //! \param macros to run
     explicit HarmlessHost(const QStringList &macros = {});
     ~HarmlessHost();
 
-    //! Runs the next macro. \return false if there was none
+    //! Runs the next macro. \return false if there is none
     bool runNextMacro();
 
-    //! Holds what has run against what the lines say. They are read by another hand than the runner's, which
-    //! knows ASCII alone; of other lines, and where commands ran others, less is said. \param lines what was
-    //! to run, in order; nothing is running any more
+    //! Compares the commands that have run with lines. A separate parser reads these; it supports only ASCII,
+    //! so that less is checked of other lines, and where commands ran others. \param lines in order; nothing
+    //! is running any more
     void check(const QStringList &lines) const;
 
     fxhost::CommandRunner &runner() { return m_runner; }
@@ -52,7 +52,7 @@ private:
     QStringList m_macros;
     QVector<CommandLine> m_started;
     int m_ended = 0;
-    int m_complaints = 0;     //!< that the person hears
+    int m_messages = 0;       //!< to the user
     bool m_isStraight = true; //!< no command has run others, so that all ran in the lines' order
     fxhost::CommandRunner m_runner;
 };

@@ -10,7 +10,7 @@
 
 namespace fuzz {
 
-//! A file without a place on disk, for what reads files by path, thousands of times a second.
+//! A file in memory, for code that reads files by path thousands of times a second.
 class MemoryFile
 {
 public:
@@ -18,13 +18,13 @@ public:
     ~MemoryFile() { ::close(m_descriptor); }
     Q_DISABLE_COPY(MemoryFile)
 
-    //! Under which it can be opened while this lives.
+    //! Valid while this object exists.
     QString path() const { return QStringLiteral("/proc/self/fd/%1").arg(m_descriptor); }
 
-    //! Has the file hold these bytes and nothing else.
+    //! Replaces the content.
     void write(const QByteArray &bytes) const
     {
-        // The length is set, not first to nothing: the pages that are there are used again.
+        // Not truncated to nothing first, so that its pages are used again.
         const auto size = static_cast<std::size_t>(bytes.size());
         require(::ftruncate(m_descriptor, bytes.size()) == 0 &&
                     ::pwrite(m_descriptor, bytes.constData(), size, 0) == bytes.size(),

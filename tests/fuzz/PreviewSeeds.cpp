@@ -15,37 +15,28 @@ namespace {
 class Seeds
 {
 public:
-    void add(const QByteArray &bytes)
-    {
-        seeds.push_back({QStringLiteral("drawing-%1").arg(seeds.size() + 1), bytes, isCostly});
-    }
-    //! A drawing that begins close to its picture and ends behind it, since every byte costs time.
+    void add(const QByteArray &bytes) { seeds.push_back({bytes, isCostly}); }
+    //! A drawing without padding, because every byte costs time.
     void add(DrawingBytes drawing)
     {
         drawing.sectionAt = 24;
-        drawing.bytesBehind = 0;
+        drawing.bytesAfter = 0;
         add(drawing.bytes());
-    }
-    void addList(const QVector<StoredEntry> &entries)
-    {
-        DrawingBytes drawing;
-        drawing.entries = entries;
-        add(drawing);
     }
     void addBitmap(const BitmapBytes &bitmap) { add(drawingWith(bitmapEntry(bitmap.bytes()))); }
     void addPng(const QByteArray &png) { add(drawingWith(pngEntry(png))); }
 
-    bool isCostly = false; //!< what is added next
+    bool isCostly = false; //!< of the next seeds
     std::vector<Seed> seeds;
 };
 
-constexpr int width = 13; // odd, so that rows are padded
-constexpr int height = 7;
+constexpr int width = patternSize.width();
+constexpr int height = patternSize.height();
 
 void addWrittenDrawings(Seeds &to)
 {
     using namespace fxsamples;
-    const QImage picture = patternPicture(24, width, height);
+    const QImage picture = patternPicture(24);
     for (const Version version : allVersions) {
         to.add(drawingFile(picture, {version, Picture::Bitmap8}));
         if (carriesPng(version))
@@ -60,30 +51,27 @@ void addWrittenDrawings(Seeds &to)
 void addBitmaps(Seeds &to)
 {
     for (const int bits : {1, 4, 8, 16, 24, 32}) {
-        const BitmapBytes bitmap = patternBitmap(bits, width, height);
+        const BitmapBytes bitmap = patternBitmap(bits);
         to.addBitmap(bitmap);
         to.addBitmap(topDown(bitmap));
     }
-    BitmapBytes fewColors = patternBitmap(8, width, height);
+    BitmapBytes fewColors = patternBitmap(8);
     constexpr int colors = 5;
     fewColors.colorsUsed = colors;
     fewColors.palette.truncate(4 * colors);
     to.addBitmap(fewColors);
-    for (const quint32 headerSize : {52U, 56U, 64U, 108U, 124U}) {
-        BitmapBytes bitmap = patternBitmap(4, width, height);
-        bitmap.headerSize = headerSize;
-        to.addBitmap(bitmap);
-    }
+    for (const quint32 headerSize : {52U, 56U, 64U, 108U, 124U})
+        to.addBitmap(with(patternBitmap(4), &BitmapBytes::headerSize, headerSize));
 }
 
 void addRunsAndMasks(Seeds &to)
 {
-    BitmapBytes runs = patternBitmap(8, width, height);
+    BitmapBytes runs = patternBitmap(8);
     runs.palette.truncate(4 * 16);
     runs.colorsUsed = 16;
     to.addBitmap(inRuns(runs));
 
-    // Run, pixels as they are, jump, row's end, picture's end.
+    // Run, literal pixels, jump, row's end, picture's end.
     runs.compression = 1;
     runs.pixels = QByteArray::fromHex("0503"
                                       "00030102030000"
@@ -106,7 +94,7 @@ void addRunsAndMasks(Seeds &to)
     to.addBitmap(runs);
 
     for (const int bits : {16, 32}) {
-        BitmapBytes masked = patternBitmap(bits, width, height);
+        BitmapBytes masked = patternBitmap(bits);
         masked.compression = 3;
         masked.masks = bits == 16 ? std::array<quint32, 3>{0xF800, 0x07E0, 0x001F}
                                   : std::array<quint32, 3>{0xFF000000, 0x00FF0000, 0x0000FF00};
@@ -118,31 +106,19 @@ void addRunsAndMasks(Seeds &to)
 
 void addPngs(Seeds &to)
 {
-    to.addPng(pngOf(patternPicture(24, width, height)));
-    to.addPng(pngOf(patternPicture(4, width, height).convertToFormat(QImage::Format_Indexed8)));
-    to.addPng(pngOf(patternPicture(1, width, height).convertToFormat(QImage::Format_Mono)));
-    for (const PngHeader &kind : std::initializer_list<PngHeader>{{width, height, 1, 0},
-                                                                  {width, height, 2, 0},
-                                                                  {width, height, 4, 0},
-                                                                  {width, height, 8, 0},
-                                                                  {width, height, 16, 0},
-                                                                  {width, height, 8, 2},
-                                                                  {width, height, 16, 2},
-                                                                  {width, height, 1, 3},
-                                                                  {width, height, 2, 3},
-                                                                  {width, height, 4, 3},
-                                                                  {width, height, 8, 3},
-                                                                  {width, height, 8, 4},
-                                                                  {width, height, 16, 4},
-                                                                  {width, height, 8, 6},
-                                                                  {width, height, 16, 6}}) {
+    to.addPng(pngOf(patternPicture(24)));
+    to.addPng(pngOf(patternPicture(4).convertToFormat(QImage::Format_Indexed8)));
+    to.addPng(pngOf(patternPicture(1).convertToFormat(QImage::Format_Mono)));
+    // Colour type and depths.
+    const std::initializer_list<std::pair<int, std::vector<int>>> kinds = {
+        {0, {1, 2, 4, 8, 16}}, {2, {8, 16}}, {3, {1, 2, 4, 8}}, {4, {8, 16}}, {6, {8, 16}}};
+    for (const auto &[colorType, depths] : kinds) {
         constexpr int withPalette = 3;
         const QByteArray palette =
-            kind.colorType == withPalette ? pngChunk("PLTE", "redgrnblu") + pngChunk("tRNS", "\x20\x80") : "";
-        PngHeader header = kind;
-        for (const bool isInterlaced : {false, true}) {
-            header.isInterlaced = isInterlaced;
-            to.addPng(blankPng(header, palette));
+            colorType == withPalette ? pngChunk("PLTE", "redgrnblu") + pngChunk("tRNS", "\x20\x80") : "";
+        for (const int depth : depths) {
+            for (const bool isInterlaced : {false, true})
+                to.addPng(blankPng({width, height, depth, colorType, isInterlaced}, palette));
         }
     }
     to.addPng(blankPng({width, height, 8, 2}, pngChunk("tRNS", QByteArray(6, '\0'))));
@@ -153,11 +129,11 @@ void addPngs(Seeds &to)
                                             pngChunk("tEXt", QByteArray("Title\0a drawing", 15))));
 }
 
-//! Small files whose pictures are as large as can be.
+//! Small files with pictures as large as allowed.
 void addLargest(Seeds &to)
 {
     constexpr int side = 2560;
-    BitmapBytes runs = inRuns(patternBitmap(8, width, height));
+    BitmapBytes runs = inRuns(patternBitmap(8));
     runs.width = runs.height = side;
     to.addBitmap(runs);
     to.addPng(blankPng({side, side, 1, 0}));
@@ -168,26 +144,24 @@ void addLargest(Seeds &to)
     runs.width = 1;
     runs.height = longest;
     to.addBitmap(runs);
-    // What these claim does not follow; there are more of them than the reader tries.
+    // Pictures without their data; there are more of them than the reader tries.
     const StoredEntry claimed = pngEntry(withHeader(blankPng({width, height}), {side, side}));
     const StoredEntry interlaced = pngEntry(withHeader(blankPng({width, height}), {side, side, 8, 6, true}));
-    to.addList({claimed, interlaced, claimed, interlaced});
+    to.add(drawingOf({claimed, interlaced, claimed, interlaced}));
 }
 
 void addLists(Seeds &to)
 {
-    const StoredEntry bitmap = bitmapEntry(patternBitmap(24, width, height).bytes());
-    const StoredEntry png = pngEntry(pngOf(patternPicture(24, width, height)));
+    const StoredEntry bitmap = bitmapEntry(patternBitmap(24).bytes());
+    const StoredEntry png = pngEntry(pngOf(patternPicture(24)));
     StoredEntry broken = bitmap;
     broken.data.chop(1);
-    to.addList({});
-    to.addList({zerosEntry(), metafileEntry()});
-    to.addList({zerosEntry(), broken, bitmap});
-    to.addList({zerosEntry(), bitmap, png});
-    to.addList({bitmapEntry(png.data), pngEntry(bitmap.data)});
-    DrawingBytes old = drawingWith(bitmap);
-    old.version = "AC1009"; // which has no preview
-    to.add(old);
+    to.add(drawingOf({}));
+    to.add(drawingOf({zerosEntry(), metafileEntry()}));
+    to.add(drawingOf({zerosEntry(), broken, bitmap}));
+    to.add(drawingOf({zerosEntry(), bitmap, png}));
+    to.add(drawingOf({bitmapEntry(png.data), pngEntry(bitmap.data)}));
+    to.add(with(drawingWith(bitmap), &DrawingBytes::version, "AC1009")); // which has no preview
     to.add("AC2.10");
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Runs a fuzz target without a fuzzing engine: over the given files; without any, over its seeds and twenty
-// thousand changes of them, the same in every run. An input that fails is left in the working directory.
+// Runs a fuzz target without a fuzzing engine: on the given files or, without any, on its seeds and twenty
+// thousand changes of them, the same in every run. An input that fails is kept in the working directory.
 #include "tests/fuzz/Costs.h"
 #include "tests/fuzz/Seeds.h"
 #include "tests/fuzz/Target.h"
@@ -17,7 +17,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-// Both are null where there is none: not every target has the one, and not every build a sanitizer.
+// Both are null if undefined: not every target has a mutator, and not every build a sanitizer.
 #pragma weak LLVMFuzzerCustomMutator
 extern "C" __attribute__((weak)) void __sanitizer_set_death_callback(void (*callback)());
 
@@ -32,7 +32,7 @@ using Bytes = std::vector<std::uint8_t>;
 
 const Bytes *running = nullptr;
 
-//! Called when the process is lost, so it does little.
+//! Called when the process crashes, so it does little.
 void keepInput()
 {
     const int file = ::open(failedInputName, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
@@ -54,7 +54,7 @@ void run(const Bytes &input)
     running = nullptr;
 }
 
-//! The engine's part of changing inputs; reads its random numbers from here.
+//! The random numbers of all changes.
 std::mt19937 randomness;
 
 std::size_t below(std::size_t limit)
@@ -73,7 +73,7 @@ void changeOnce(Bytes &bytes)
     const auto length = static_cast<std::ptrdiff_t>(
         std::min(1 + below(below(4) == 0 ? bytes.size() : 8), bytes.size() - static_cast<std::size_t>(at)));
     const auto place = bytes.begin() + at;
-    // Sizes and counts break at these.
+    // Sizes and counts often fail at these.
     static constexpr std::uint32_t edges[] = {0,      1,      0x7F,       0x80,       0xFF,      0x7FFF,
                                               0x8000, 0xFFFF, 0x7FFFFFFF, 0x80000000, 0xFFFFFFFF};
     switch (below(6)) {

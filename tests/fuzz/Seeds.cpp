@@ -3,21 +3,13 @@
 
 #include "tests/fuzz/Target.h"
 
+#include <QByteArrayList>
 #include <QFile>
 #include <QHash>
 
 namespace fuzz {
 
 namespace {
-
-std::vector<Seed> numbered(const QString &name, const std::vector<QByteArray> &inputs)
-{
-    std::vector<Seed> seeds;
-    seeds.reserve(inputs.size());
-    for (const QByteArray &input : inputs)
-        seeds.push_back({QStringLiteral("%1-%2").arg(name).arg(seeds.size() + 1), input});
-    return seeds;
-}
 
 QByteArray shippedMenus()
 {
@@ -26,14 +18,12 @@ QByteArray shippedMenus()
     return file.readAll();
 }
 
-std::vector<Seed> customizationSeeds()
+QByteArrayList customizationSeeds()
 {
-    return numbered(
-        QStringLiteral("menus"),
-        {
-            shippedMenus(),
-            R"({"groups": [ {"name": "A", "primary": true}, {"name": "B"} ], "startUp": {"name": "S"}})",
-            R"({"groups": [ {"name": "A", "primary": true,
+    return {
+        shippedMenus(),
+        R"({"groups": [ {"name": "A", "primary": true}, {"name": "B"} ], "startUp": {"name": "S"}})",
+        R"({"groups": [ {"name": "A", "primary": true,
             "commands": [ {"identifier": "C", "name": "N", "macro": "^C^C_M"} ],
             "menus": [ {"identifier": "F", "label": "&F\u00fc", "items": [
                 {"separator": true},
@@ -42,68 +32,69 @@ std::vector<Seed> customizationSeeds()
                 {"identifier": "R", "label": "L", "kind": "recentFiles"},
                 {"identifier": "W", "label": "L", "kind": "windows"} ]} ],
             "accelerators": [ {"identifier": "K", "label": "L", "key": "Ctrl+Shift+F4", "command": "C"} ]} ]})",
-            R"({"groups": [ {"name": "A"} ]})",
-            R"({"groups": [ {"name": "A", "primary": true, "commands": [
+        R"({"groups": [ {"name": "A"} ]})",
+        R"({"groups": [ {"name": "A", "primary": true, "commands": [
                 {"identifier": "C", "name": "N", "macro": "M"},
                 {"identifier": "C", "name": "N", "macro": "M"} ]} ]})",
-            R"({"groups": [ oops ]})",
-        });
+        R"({"groups": [ oops ]})",
+    };
 }
 
-std::vector<Seed> scriptSeeds()
+QByteArrayList scriptSeeds()
 {
-    return numbered(QStringLiteral("script"),
-                    {
-                        "# a comment\n\n  ECHO hello, world \r\n\t_echo\tagain\n^C^CFAIL\nTHROW\n_NOSUCH "
-                        "command\n#ECHO\n",
-                        "NEST NEST ECHO later\nWAIT\nSTOP\nECHO never",
-                        "\xEF\xBB\xBF"
-                        "ECHO \xC3\xBCml\xC3\xA4ut/\xF0\x9F\x93\x90.dwg\n",
-                    });
+    return {
+        "# a comment\n\n  ECHO hello, world \r\n\t_echo\tagain\n^C^CFAIL\nTHROW\n_NOSUCH "
+        "command\n#ECHO\n",
+        "NEST NEST ECHO later\nWAIT\nSTOP\nECHO never",
+        "\xEF\xBB\xBF"
+        "ECHO \xC3\xBCml\xC3\xA4ut/\xF0\x9F\x93\x90.dwg\n",
+    };
 }
 
-std::vector<Seed> macroSeeds()
+QByteArrayList macroSeeds()
 {
-    return numbered(
-        QStringLiteral("macro"),
-        {
-            "^C^C_RECENT",
-            "^C^C_ECHO /home/me/plan.dwg;FAIL;\n THROW \r_NOSUCH  x  y ;; ^c _echo",
-            QByteArray("NEST NEST ECHO later\0WAIT\0ECHO meanwhile;^C\0WAIT;ECHO a\0STOP;ECHO never", 72),
-            QByteArray("\xFF\xFE"
-                       "E\0C\0H\0O\0 \0\x3D\xD8\xD0\xDC",
-                       16),
-            QByteArray("\xFF\xFE"
-                       "E\0C\0H\0O\0 \0\x3D\xD8",
-                       14),
-        });
+    return {
+        "^C^C_RECENT",
+        "^C^C_ECHO /home/me/plan.dwg;FAIL;\n THROW \r_NOSUCH  x  y ;; ^c _echo",
+        QByteArray("NEST NEST ECHO later\0WAIT\0ECHO meanwhile;^C\0WAIT;ECHO a\0STOP;ECHO never", 72),
+        QByteArray("\xFF\xFE"
+                   "E\0C\0H\0O\0 \0\x3D\xD8\xD0\xDC",
+                   16),
+        QByteArray("\xFF\xFE"
+                   "E\0C\0H\0O\0 \0\x3D\xD8",
+                   14),
+    };
 }
 
-std::vector<Seed> recentListSeeds()
+QByteArrayList recentListSeeds()
 {
     const QByteArray header = "fxhost recent documents 1\n";
-    return numbered(QStringLiteral("list"),
-                    {
-                        header,
-                        header + "/home/me/plan.dwg\n/pl\xC3\xA4ne/100%25 neu.dwg\n",
-                        header + "/line%0Aend%0Dand%09tab%7F.dwg\n//twice//slashed/../dotted.dwg\n",
-                        header + "/a%FF%FEb.dwg\n",
-                        header + "relative.dwg\n",
-                        header + "/cut",
-                    });
+    return {
+        header,
+        header + "/home/me/plan.dwg\n/pl\xC3\xA4ne/100%25 neu.dwg\n",
+        header + "/line%0Aend%0Dand%09tab%7F.dwg\n//twice//slashed/../dotted.dwg\n",
+        header + "/a%FF%FEb.dwg\n",
+        header + "relative.dwg\n",
+        header + "/cut",
+    };
 }
 
 } // namespace
 
 std::vector<Seed> seedsOf(const QString &target)
 {
-    const QHash<QString, std::vector<Seed> (*)()> makers = {{"preview", previewSeeds},
-                                                            {"customization", customizationSeeds},
-                                                            {"script", scriptSeeds},
-                                                            {"macro", macroSeeds},
-                                                            {"recentlist", recentListSeeds}};
+    if (target == QLatin1String("preview"))
+        return previewSeeds();
+    const QHash<QString, QByteArrayList (*)()> makers = {{"customization", customizationSeeds},
+                                                         {"script", scriptSeeds},
+                                                         {"macro", macroSeeds},
+                                                         {"recentlist", recentListSeeds}};
     const auto make = makers.value(target);
-    return make ? make() : std::vector<Seed>();
+    const QByteArrayList inputs = make ? make() : QByteArrayList();
+    std::vector<Seed> seeds;
+    for (const QByteArray &bytes : inputs)
+        seeds.push_back({bytes});
+    return seeds;
 }
 
 } // namespace fuzz

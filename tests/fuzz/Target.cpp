@@ -12,7 +12,7 @@ namespace fuzz {
 
 namespace {
 
-//! The engine closes the usual one when it begins: the PNG library complains there of every broken picture.
+//! A copy: the engine closes the standard error stream, because of the PNG library's messages.
 const int standardError = ::dup(STDERR_FILENO);
 
 } // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Customisation data in, menus or the reason why not out.
+// Input: customisation data. Output: menus or an error.
 #include "host/runtime/customization/CustomizationReader.h"
 #include "host/runtime/customization/UIMenuItem.h"
 #include "tests/fuzz/Costs.h"
@@ -23,12 +23,12 @@ void checkItem(const CFxUIMenuItem &item, const UIGroup &group)
     const UIMenuItem::Kind kind = dynamic_cast<const UIMenuItem &>(item).kind();
     require((kind == UIMenuItem::Kind::Separator) == item.GetIdentifier().isEmpty() &&
                 (kind == UIMenuItem::Kind::Separator) == item.GetLabel().isEmpty(),
-            "what is no separator has an identifier and a label");
+            "everything but a separator has an identifier and a label");
     require((kind == UIMenuItem::Kind::Entry) == (item.GetCommand() != nullptr),
             "entries have a command, and nothing else has");
     require(!item.GetCommand() || group.findCommand(item.GetCommand()->GetIdentifier()) == item.GetCommand(),
             "an entry's command is its group's");
-    require(kind == UIMenuItem::Kind::Menu || item.GetChildCount() == 0, "menus alone have entries");
+    require(kind == UIMenuItem::Kind::Menu || item.GetChildCount() == 0, "only menus have entries");
     for (int i = 0; i < item.GetChildCount(); ++i)
         checkItem(*item.GetChild(i), group);
 }
@@ -39,7 +39,7 @@ void checkGroup(const UIGroup &group)
     for (int i = 0; i < group.GetCommandCount(); ++i) {
         const CFxUICommand *const command = group.GetCommand(i);
         require(group.findCommand(command->GetIdentifier()) == command,
-                "no two commands are called the same");
+                "no two commands have the same identifier");
         require(!command->GetMacro().isEmpty(), "a command has a macro");
     }
     for (int i = 0; i < group.GetMenuCount(); ++i)
@@ -66,12 +66,10 @@ void check(const CustomizationData &data)
 
 } // namespace
 
-// Where an object has a member twice, and the member is a list or an object, Qt's JSON parser loses the first
-// one.
+// Qt's JSON parser leaks a list or an object that is a member twice.
 extern "C" __attribute__((visibility("default"))) const char *__lsan_default_suppressions()
 {
-    return "leak:libQt5Core.so\n"; // its inner functions have no frames to name them by; ours are on top of
-                                   // theirs
+    return "leak:libQt5Core.so\n"; // Qt's inner functions have no names to suppress
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)

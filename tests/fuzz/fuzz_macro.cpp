@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Menus' macros in, commands run. A zero byte ends a macro; the next one is run while a command waits, or
-// after it. UTF-8, or UTF-16 where a byte order mark says so.
+// Input: macros, which are run. A zero byte ends a macro; the next one is run while a command waits, or after
+// it. UTF-8, or UTF-16 after a byte order mark.
 #include "tests/fuzz/Costs.h"
 #include "tests/fuzz/HarmlessHost.h"
 #include "tests/fuzz/Target.h"
@@ -10,15 +10,15 @@ namespace {
 QString textOf(const QByteArray &bytes)
 {
     if (!bytes.startsWith("\xFF\xFE"))
-        return QString::fromUtf8(bytes.constData(), bytes.size()); // the array itself only as far as a zero
-    // By hand: Qt's decoder would mend halves of pairs, and a module may hand over anything.
+        return QString::fromUtf8(bytes.constData(), bytes.size()); // not up to the first zero
+    // Qt's decoder would replace halves of surrogate pairs, which a module may pass.
     QString text;
     for (int at = 2; at + 1 < bytes.size(); at += 2)
         text.append(QChar(static_cast<uchar>(bytes.at(at)), static_cast<uchar>(bytes.at(at + 1))));
     return text;
 }
 
-//! The lines of a macro, as the runner's contract has it: `;` and line ends separate them.
+//! The lines of a macro: `;` and line ends separate them.
 QStringList linesOf(QString macro)
 {
     for (const char separator : {';', '\r'})

@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: MIT
-// A drawing file in, its picture or none out.
+// Input: a drawing file. Output: its picture or none.
 #include "host/runtime/preview/DrawingFile.h"
 #include "host/runtime/preview/PictureLimits.h"
 #include "host/runtime/preview/PreviewReader.h"
 #include "tests/fuzz/Costs.h"
 #include "tests/fuzz/MemoryFile.h"
-#include "tests/fuzz/Repair.h"
 #include "tests/fuzz/Target.h"
+#include "tests/support/bytes/BytesOfPng.h"
 
 #include <QCoreApplication>
+#include <QtEndian>
+
+#include <algorithm>
+#include <array>
 
 #include <malloc.h>
 
@@ -23,15 +27,15 @@ QImage pictureIn(const QString &path)
     return picture;
 }
 
-//! Reads the picture again while all memory is handed out full of the one and then of the other rubbish:
-//! pixels that the reader leaves as they were differ.
+//! Reads the picture again while all allocated memory is filled with one value, then with another: pixels
+//! that the reader does not write differ.
 void requireEveryPixelWritten(const QString &path, const QImage &picture)
 {
-    for (const int rubbish : {0x55, 0xAA}) {
-        ::mallopt(M_PERTURB, rubbish); // NOLINT(concurrency-mt-unsafe): there is this thread alone
+    for (const int filling : {0x55, 0xAA}) {
+        ::mallopt(M_PERTURB, filling); // NOLINT(concurrency-mt-unsafe): there is only this thread
         const QImage again = fxhost::readPreview(path);
         ::mallopt(M_PERTURB, 0); // NOLINT(concurrency-mt-unsafe)
-        require(again == picture, "a picture is made of the file alone");
+        require(again == picture, "a picture depends on the file only");
     }
 }
 
@@ -45,6 +49,77 @@ void checkPicture(const QImage &picture, const QByteArray &file)
     require(!picture.hasAlphaChannel() || file.contains("\x89PNG"), "a bitmap is opaque");
 }
 
+// What random changes break in a drawing file is repaired, so that the reader does not stop there.
+
+// Sizes and places in bytes.
+constexpr std::size_t addressAt = 0x0D;
+constexpr std::size_t addressEnd = addressAt + 4;
+constexpr std::size_t countAt = 20; //!< from the section's start
+constexpr std::size_t tableAt = 21;
+constexpr std::size_t tableEntrySize = 9;
+constexpr std::array<std::uint8_t, 16> sentinel = {0x1F, 0x25, 0x6D, 0x07, 0xD4, 0x36, 0x28, 0x28,
+                                                   0x9D, 0x57, 0xCA, 0x3F, 0x9D, 0x44, 0x10, 0x2B};
+
+constexpr std::array<std::uint8_t, 8> pngSignature = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+constexpr std::size_t lengthSize = 4;
+constexpr std::size_t typeSize = 4;
+constexpr std::size_t checksumSize = 4;
+
+void moveNumber(std::uint8_t *place, quint32 distance)
+{
+    qToLittleEndian(qFromLittleEndian<quint32>(place) + distance, place);
+}
+
+//! \return the end of the last complete chunk
+std::uint8_t *repairChunks(std::uint8_t *chunk, const std::uint8_t *end)
+{
+    constexpr std::size_t frameSize = lengthSize + typeSize + checksumSize;
+    while (static_cast<std::size_t>(end - chunk) >= frameSize) {
+        const std::size_t length = qFromBigEndian<quint32>(chunk);
+        if (static_cast<std::size_t>(end - chunk) - frameSize < length)
+            break;
+        std::uint8_t *const dataEnd = chunk + lengthSize + typeSize + length;
+        qToBigEndian(testbytes::pngChecksum(chunk + lengthSize, dataEnd), dataEnd);
+        chunk = dataEnd + checksumSize;
+    }
+    return chunk;
+}
+
+//! If the preview section has moved, adapts the header's address and the table's entries.
+void repairAddresses(std::uint8_t *data, std::size_t size)
+{
+    if (size < addressEnd)
+        return;
+    std::uint8_t *const end = data + size;
+    std::uint8_t *const section = std::search(data + addressEnd, end, sentinel.begin(), sentinel.end());
+    if (static_cast<std::size_t>(end - section) < tableAt)
+        return;
+    const quint32 distance =
+        static_cast<quint32>(section - data) - qFromLittleEndian<quint32>(data + addressAt);
+    if (distance == 0)
+        return;
+    moveNumber(data + addressAt, distance);
+    std::uint8_t *entry = section + tableAt;
+    for (int left = section[countAt]; left > 0 && static_cast<std::size_t>(end - entry) >= tableEntrySize;
+         --left) {
+        moveNumber(entry + 1, distance);
+        entry += tableEntrySize;
+    }
+}
+
+//! Gives every chunk of every PNG its right checksum, as far as the chunks' lengths are valid.
+void repairPngChecksums(std::uint8_t *data, std::size_t size)
+{
+    std::uint8_t *const end = data + size;
+    std::uint8_t *from = data;
+    while (true) {
+        std::uint8_t *const png = std::search(from, end, pngSignature.begin(), pngSignature.end());
+        if (png == end)
+            return;
+        from = repairChunks(png + pngSignature.size(), end);
+    }
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
@@ -52,8 +127,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     static fuzz::MemoryFile file;
     static const bool isPrepared = [] {
         fuzz::dropWarnings();
-        // Both decoders are Qt's own; to learn from every plug-in that it does not want the data takes longer
-        // than all the rest.
+        // Both decoders are built in; asking every plug-in takes longer than everything else.
         QCoreApplication::setLibraryPaths({});
         return true;
     }();
@@ -63,7 +137,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     file.write(bytes);
     const QImage picture = pictureIn(file.path());
     checkPicture(picture, bytes);
-    if (!picture.isNull() && !fuzz::isSanitized()) // which has an allocator of its own
+    if (!picture.isNull() && !fuzz::isSanitized()) // which has its own allocator
         requireEveryPixelWritten(file.path(), picture);
 
     const fxhost::DrawingFile drawing = fxhost::readDrawing(file.path());
@@ -79,10 +153,10 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t *data, std::size_t s
                                                unsigned int seed)
 {
     const std::size_t newSize = LLVMFuzzerMutate(data, size, maxSize);
-    // Not always: that the reader notices is to be seen as well.
+    // Not always, because the reader must notice wrong ones too.
     if (seed % 4 != 0)
-        fuzz::repairAddresses(data, newSize);
+        repairAddresses(data, newSize);
     if (seed % 8 != 1)
-        fuzz::repairPngChecksums(data, newSize);
+        repairPngChecksums(data, newSize);
     return newSize;
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The file of recent documents in; what is accepted must come out again byte by byte, what is not stays as it
-// is under another name.
+// Input: a file of recent documents. An accepted one must be written again byte by byte, a refused one kept
+// under another name.
 #include "host/runtime/recent/RecentFileStore.h"
 #include "tests/fuzz/Costs.h"
 #include "tests/fuzz/Target.h"
@@ -14,7 +14,7 @@ using fxhost::RecentFileStore;
 
 namespace {
 
-//! A folder in memory where there is one: a list is written to disk before its file is renamed.
+//! A folder in memory if possible, because a list is flushed to disk before its file is renamed.
 QString folderPattern()
 {
     const QDir memory(QStringLiteral("/dev/shm"));
@@ -42,7 +42,7 @@ public:
     static QByteArray contentOf(const QString &path)
     {
         QFile file(path);
-        require(file.open(QIODevice::ReadOnly), "a file is there");
+        require(file.open(QIODevice::ReadOnly), "the file exists");
         return file.readAll();
     }
 };
@@ -52,14 +52,14 @@ void check(const ListFolder &folder, const QByteArray &bytes)
     const RecentFileStore::Stored loaded = RecentFileStore(folder.list).load();
     if (!loaded.outcome) {
         require(loaded.paths.isEmpty(), "a damaged list is an empty one");
-        require(ListFolder::contentOf(folder.aside) == bytes, "a damaged list is kept as it is");
+        require(ListFolder::contentOf(folder.aside) == bytes, "a damaged list is kept unchanged");
         return;
     }
-    const QStringList another = {QStringLiteral("/another")}; // what is as it was would not be written
+    const QStringList another = {QStringLiteral("/another")}; // an unchanged list is not written
     const auto asLoaded = [&](const QStringList &) { return loaded.paths; };
     require(RecentFileStore(folder.other).update(another, asLoaded).outcome.reason().isEmpty(),
             "a list can be written");
-    require(ListFolder::contentOf(folder.other) == bytes, "a list that was accepted is written as it was");
+    require(ListFolder::contentOf(folder.other) == bytes, "an accepted list is written unchanged");
 }
 
 } // namespace

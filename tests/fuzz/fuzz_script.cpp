@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A script file in, commands run.
+// Input: a script file, whose commands are run.
 #include "host/app/ScriptRunner.h"
 #include "tests/fuzz/Costs.h"
 #include "tests/fuzz/HarmlessHost.h"
@@ -12,7 +12,7 @@ using fuzz::require;
 
 namespace {
 
-//! The lines of a plain script, as the contract has it.
+//! The commands of a plain script.
 QStringList linesOf(const QByteArray &script)
 {
     QStringList lines;
@@ -45,14 +45,14 @@ void runScript(const QString &path, const QByteArray &bytes)
 {
     fuzz::HarmlessHost host;
     fxhost::ScriptRunner script(host.runner());
-    require(bool(script.load(path)), "a file that is there can be read");
+    require(bool(script.load(path)), "the file can be read");
     const QStringList lines = script.lines();
     check(lines, bytes);
 
-    emit host.runner().idle(); // which is what starts the next line
+    emit host.runner().idle(); // starts the next line
     for (int turns = lines.size(); turns > 0; --turns)
         QCoreApplication::processEvents();
-    require(script.lines().isEmpty(), "every line gets its turn");
+    require(script.lines().isEmpty(), "every line is run");
     host.check(lines);
 }
 

@@ -20,9 +20,9 @@ int main(int argc, char **argv)
     }
     const QDir directory(QString::fromLocal8Bit(argv[2]));
     directory.mkpath(QStringLiteral("."));
-    for (const fuzz::Seed &seed : seeds) {
-        QFile file(directory.filePath(seed.name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(seed.bytes) != seed.bytes.size()) {
+    for (std::size_t i = 0; i < seeds.size(); ++i) {
+        QFile file(directory.filePath(QString::number(i + 1)));
+        if (!file.open(QIODevice::WriteOnly) || file.write(seeds[i].bytes) != seeds[i].bytes.size()) {
             std::fprintf(stderr, "make_seeds: cannot write %s\n", qPrintable(file.fileName()));
             return EXIT_FAILURE;
         }

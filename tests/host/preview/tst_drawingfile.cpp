@@ -2,41 +2,48 @@
 #include "host/runtime/preview/DrawingFile.h"
 
 #include "host/runtime/preview/PreviewReader.h"
+#include "samples/DrawingWriter.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/bytes/BytesOfPreview.h"
 #include "tests/support/bytes/BytesOfSpecialFiles.h"
 
 #include <QTemporaryDir>
-#include <QtTest>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
 using fxhost::DrawingFile;
+using namespace fxsamples;
 using namespace testbytes;
 
 namespace {
 
-//! As long as it lives, this process has a user's rights, also when it is root's.
-class NobodyInParticular
+//! While it exists, this process has no more rights than an ordinary user, even if it runs as root.
+class OrdinaryUser
 {
 public:
-    NobodyInParticular()
+    OrdinaryUser()
     {
-        constexpr uid_t nobody = 65534;
-        if (m_user == 0 && ::seteuid(nobody) != 0)
-            qFatal("cannot be somebody else");
+        constexpr uid_t ordinary = 65534;
+        if (m_user == 0 && ::seteuid(ordinary) != 0)
+            qFatal("cannot drop the rights of root");
     }
-    ~NobodyInParticular()
+    ~OrdinaryUser()
     {
         if (::seteuid(m_user) != 0)
-            qFatal("cannot be myself again");
+            qFatal("cannot restore the rights of root");
     }
-    Q_DISABLE_COPY(NobodyInParticular)
+    Q_DISABLE_COPY(OrdinaryUser)
 
 private:
     uid_t m_user = ::geteuid();
 };
+
+//! A sample, which contains a header and a preview and nothing more, unlike a drawing.
+QByteArray sample(const DrawingForm &form)
+{
+    return drawingFile(patternPicture(24), form);
+}
 
 } // namespace
 
@@ -66,7 +73,7 @@ private slots:
         }
     }
 
-    void anythingElseIsNoDrawing_data()
+    void anythingElseIsNotADrawing_data()
     {
         QTest::addColumn<QByteArray>("bytes");
         for (const char *start : {"A",
@@ -100,7 +107,7 @@ private slots:
         QTest::newRow("zeros") << QByteArray(100, '\0');
     }
 
-    void anythingElseIsNoDrawing()
+    void anythingElseIsNotADrawing()
     {
         QFETCH(QByteArray, bytes);
         const DrawingFile drawing = read(bytes);
@@ -109,8 +116,8 @@ private slots:
         QCOMPARE(drawing.outcome.reason(), QString("The file is not a drawing."));
     }
 
-    void aSpecialFileIsToldByItsKind_data() { addSpecialFileRows(); }
-    void aSpecialFileIsToldByItsKind()
+    void specialFilesAreRefusedWithTheReason_data() { addSpecialFileRows(); }
+    void specialFilesAreRefusedWithTheReason()
     {
         QFETCH(SpecialFile, kind);
         const BytesOfSpecialFiles files;
@@ -118,43 +125,63 @@ private slots:
         const DrawingFile drawing = fxhost::readDrawing(files.path(kind));
         QVERIFY(!drawing.outcome && drawing.version.isEmpty());
         QVERIFY(fxhost::readPreview(files.path(kind)).isNull());
-        switch (kind) {
-        case SpecialFile::Nothing:
-        case SpecialFile::EmptyPath:
-        case SpecialFile::PathWithNull:
-        case SpecialFile::BelowAFile:
-        case SpecialFile::LinkToNothing:
+        if (kind <= SpecialFile::LinkToNothing)
             QCOMPARE(drawing.outcome.reason(), QString("The file does not exist."));
-            break;
-        case SpecialFile::LinkToItself:
+        else if (kind == SpecialFile::LinkToItself)
             QCOMPARE(drawing.outcome.reason(),
                      QString("The file cannot be read: %1.").arg(qt_error_string(ELOOP)));
-            break;
-        case SpecialFile::Directory:
-        case SpecialFile::Fifo:
-        case SpecialFile::Socket:
-        case SpecialFile::EndlessDevice:
-        case SpecialFile::SilentDevice:
+        else
             QCOMPARE(drawing.outcome.reason(), QString("This is not a regular file."));
-        }
     }
 
-    void aFileThatMayNotBeReadSaysWhy()
+    void unreadableFileIsRefusedWithTheReason()
     {
         const QString path = writeFile(m_dir.filePath("secret.dwg"), "AC1032");
         QVERIFY(::chmod(QFile::encodeName(path).constData(), 0) == 0);
-        const NobodyInParticular user;
+        const OrdinaryUser user;
         const DrawingFile drawing = fxhost::readDrawing(path);
         QVERIFY(fxhost::readPreview(path).isNull());
         QVERIFY(drawing.outcome.reason().contains(qt_error_string(EACCES)));
     }
 
-    void aFormatIsNamedByItsYearWhereItHasOne()
+    void formatIsNamedByItsYear()
     {
         for (const char *name :
              {"AC1015 (2000 format)", "AC1018 (2004 format)", "AC1021 (2007 format)", "AC1024 (2010 format)",
               "AC1027 (2013 format)", "AC1032 (2018 format)", "AC1009", "AC1014", "AC1.2", ""})
             QCOMPARE(fxhost::drawingFormatName(QByteArray(name).split(' ').first()), QString(name));
+    }
+
+    void onlySamplesContainAPreviewAlone_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<bool>("isAlone");
+        for (const Version version : allVersions) {
+            const QByteArray tag = versionTag(version);
+            QTest::newRow(tag + " after the header")
+                << sample({version, Picture::Bitmap8, Placement::BehindHeader}) << true;
+            QTest::newRow(tag + " after filling")
+                << sample({version, Picture::Bitmap24, Placement::AfterFilling}) << true;
+            if (carriesPng(version)) {
+                QTest::newRow(tag + " PNG")
+                    << sample({version, Picture::Png, Placement::AfterFilling}) << true;
+            }
+        }
+        const QByteArray whole = sample({Version::AC1018, Picture::Bitmap8, Placement::AfterFilling});
+        QTest::newRow("a byte after the preview") << whole + 'x' << false;
+        QTest::newRow("a byte before it") << QByteArray(whole).replace(0x200, 1, "x") << false;
+        QTest::newRow("no preview at all")
+            << QByteArray(whole).replace(0x0D, 2, QByteArray(2, '\0')) << false;
+        QTest::newRow("cut off") << whole.chopped(1) << false;
+        QTest::newRow("an old version") << QByteArray(whole).replace(0, 6, "AC1009") << false;
+        QTest::newRow("an empty file") << QByteArray() << false;
+    }
+
+    void onlySamplesContainAPreviewAlone()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(bool, isAlone);
+        QCOMPARE(read(bytes).isPreviewAlone, isAlone);
     }
 
 private:

@@ -6,7 +6,6 @@
 #include "tests/support/bytes/BytesOfPreview.h"
 
 #include <QTemporaryDir>
-#include <QtTest>
 
 #include <cstdio>
 #include <functional>
@@ -19,11 +18,11 @@ using namespace testbytes;
 
 namespace {
 
-//! What the reader's reads of a file go through, see pread() below.
+//! A change of the file between two reads, see pread() below.
 struct ChangingFile
 {
-    int readsBefore = std::numeric_limits<int>::max(); //!< that still find the file as it was
-    std::function<void()> change;                      //!< comes then
+    int readsBefore = std::numeric_limits<int>::max(); //!< reads of the unchanged file
+    std::function<void()> change;                      //!< is called then
     int reads = 0;
 };
 
@@ -31,8 +30,8 @@ ChangingFile changing;
 
 } // namespace
 
-//! Stands before the C library's for the whole program, libfxhost included: the one way to have a file change
-//! between two given reads, each time.
+//! Replaces the C library's function in the whole program, libfxhost included: only so a file can be changed
+//! reliably between two given reads.
 extern "C" __attribute__((visibility("default"))) ssize_t pread(int fd, void *buf, size_t nbytes,
                                                                 off_t offset)
 {
@@ -41,7 +40,7 @@ extern "C" __attribute__((visibility("default"))) ssize_t pread(int fd, void *bu
     return static_cast<ssize_t>(::syscall(SYS_pread64, fd, buf, nbytes, offset));
 }
 
-//! Files that do not keep still while they are read.
+//! Files that change while they are read.
 class tst_PreviewFiles : public TestCase
 {
     Q_OBJECT
@@ -74,8 +73,7 @@ private slots:
             readWithChanges(drawing.bytes(), shrink,
                             [&](int reads, const QImage &picture, const QImage &read) {
                                 QVERIFY(read.isNull() || read == picture);
-                                if (reads == 0 &&
-                                    size < dataEnd - 1) // the last byte of all may be one that no pixel needs
+                                if (reads == 0 && size < dataEnd - 1) // no pixel may need the last byte
                                     QVERIFY(read.isNull());
                             });
         }
@@ -110,7 +108,7 @@ private:
     template<class Check>
     void readWithChanges(const QByteArray &file, const std::function<void()> &change, const Check &check)
     {
-        allowWarning("libpng"); // the decoder tells what is wrong
+        allowWarning("libpng"); // the decoder reports errors
         changing = {};
         const QImage picture = fxhost::readPreview(writeFile(m_path, file));
         const int readsInAll = changing.reads;
@@ -127,7 +125,7 @@ private:
 
     void overwrite(const QByteArray &bytes) const
     {
-        QFile file(m_path); // the same one, other than writeFile() would
+        QFile file(m_path); // the same one, unlike writeFile()
         if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
             qFatal("cannot write over the file");
     }

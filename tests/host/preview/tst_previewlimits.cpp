@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/preview/PreviewReader.h"
 
+#include "tests/support/Memory.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/bytes/BytesOfPng.h"
 #include "tests/support/bytes/BytesOfPreview.h"
@@ -8,20 +9,9 @@
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QtTest>
 
 #include <cstdio>
 #include <ctime>
-
-#ifndef __has_feature // g++ names its sanitizers by macros of their own
-#define __has_feature(name) 0
-#endif
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || __has_feature(address_sanitizer) ||     \
-    __has_feature(thread_sanitizer)
-constexpr bool isSanitized = true;
-#else
-constexpr bool isSanitized = false;
-#endif
 
 using namespace testbytes;
 
@@ -41,9 +31,9 @@ int peakMemory()
     return at < 0 ? -1 : text.mid(at + title.size()).trimmed().split(' ').first().toInt();
 }
 
-//! The other life of this program: reads a sound drawing, so that what decoding needs once is there, and then
-//! the one in question. Prints its picture's sides, what it takes in bytes, and by how much the peak has
-//! risen in KiB.
+//! What this program does as a child process: reads a sound drawing first, so that what decoding allocates
+//! once is allocated, and then another one. Prints the picture's width and height, its size in bytes, and by
+//! how many KiB the peak has risen.
 int measure(const QStringList &drawings)
 {
     fxhost::readPreview(drawings.at(0));
@@ -54,12 +44,12 @@ int measure(const QStringList &drawings)
     return 0;
 }
 
-//! Writes a drawing whose data goes on behind what its entries hold: as zeros that take no room on disk, and
-//! then end. \param more bytes, end included
+//! Writes a drawing, after its entries zeros that take no room on disk, and then end. \param more bytes, end
+//! included
 void writeSparse(const QString &path, DrawingBytes drawing, qint64 more, const QByteArray &end)
 {
     drawing.endSentinel = QByteArray();
-    drawing.bytesBehind = 0;
+    drawing.bytesAfter = 0;
     QFile file(writeFile(path, drawing.bytes()));
     if (!file.resize(file.size() + more - end.size()) || !file.open(QIODevice::Append) ||
         file.write(end) != end.size())
@@ -76,7 +66,7 @@ BitmapBytes blankBitmap(int bits, int width, int height)
     return bitmap;
 }
 
-//! Texts that are a few kilobytes each and seven megabytes when read.
+//! Texts of a few kilobytes each that decompress to seven megabytes.
 QByteArray swellingTexts()
 {
     constexpr int qtsOwnPrefix = 4; // bytes before the zlib stream
@@ -87,7 +77,7 @@ QByteArray swellingTexts()
     return chunks;
 }
 
-//! A PNG with two gigabytes behind what its picture needs, in a chunk that a decoder reads for its checksum.
+//! A PNG with two gigabytes more than its picture needs, in a chunk that a decoder reads for its checksum.
 struct EndlessPng
 {
     static constexpr quint32 chunkSize = 0x7F000000; // bytes
@@ -97,7 +87,7 @@ struct EndlessPng
     quint32 size() const { return static_cast<quint32>(start.size() + end.size()) + chunkSize; }
 };
 
-//! A drawing with as many entries as there can be, all of them the same data.
+//! A drawing with as many entries as possible, all with the same data.
 DrawingBytes drawingOfMany(const StoredEntry &entry)
 {
     constexpr int most = 255;
@@ -112,7 +102,7 @@ DrawingBytes drawingOfMany(const StoredEntry &entry)
 
 } // namespace
 
-//! What a drawing can make its reader spend.
+//! The memory and time that reading a drawing takes.
 class tst_PreviewLimits : public TestCase
 {
     Q_OBJECT
@@ -120,8 +110,8 @@ class tst_PreviewLimits : public TestCase
 private slots:
     void memoryIsBounded_data()
     {
-        if (isSanitized)
-            QSKIP("a sanitizer's own memory drowns what is measured here");
+        if (!memory::isMeasurable)
+            QSKIP("a sanitizer's own memory is too large to measure this");
         QTest::addColumn<QString>("drawing");
         QTest::addColumn<QSize>("picture");
         const QSize none(0, 0);
@@ -135,9 +125,8 @@ private slots:
         addBitmap("the largest bitmap of 32 bits", blankBitmap(32, 2560, 2560), largest, 26214440);
         addBitmap("the largest bitmap of 24 bits, top row first", blankBitmap(24, 2560, -2560), largest,
                   19660840);
-        BitmapBytes runs = blankBitmap(8, 2560, 2560);
-        runs.compression = 1;
-        addBitmap("the largest bitmap in runs, with a gigabyte of them", runs, largest, 1 << 30);
+        addBitmap("the largest bitmap in runs, with a gigabyte of them",
+                  with(blankBitmap(8, 2560, 2560), &BitmapBytes::compression, 1U), largest, 1 << 30);
         addBitmap("a bitmap of 32000 by 32000", blankBitmap(1, 32000, 32000), none, 0x7FFF0000);
         addBitmap("a small bitmap of two gigabytes", blankBitmap(8, 64, 64), small, 0x7FFF0000);
 
@@ -151,7 +140,7 @@ private slots:
         addPng("a larger deep PNG", blankPng({2560, 1281, 16, 6}), none);
         addPng("a PNG of 16000 by 16000", blankPng({16000, 16000, 8, 0}), none);
         addPng("a PNG of one column", blankPng({1, 1000000, 8, 0, true}), none);
-        addPng("a PNG with swelling texts", blankPng({64, 64}, swellingTexts()), small);
+        addPng("a PNG with compressed texts", blankPng({64, 64}, swellingTexts()), small);
         const EndlessPng endless;
         addDrawing("a PNG with an endless chunk", pngEntry(endless.start), none, endless.size(), endless.end);
     }
@@ -173,18 +162,18 @@ private slots:
         QCOMPARE(QSize(numbers[0].toInt(), numbers[1].toInt()), picture);
         const double held = numbers[2].toInt() / mebibyte;
         const double taken = numbers[3].toInt() * 1024 / mebibyte;
-        QVERIFY2(taken > held - 1, "what the picture itself takes shows that the measure works");
+        QVERIFY2(taken > held - 1, "less than the picture itself: the measurement does not work");
         const double most =
-            held > 1 ? 32 : 8; // MiB; of the largest picture 25, of a small one next to nothing
+            held > 1 ? 32 : 8; // MiB; the largest picture takes 25, a small one almost nothing
         QVERIFY2(taken < most, qPrintable(QString("%1 MiB").arg(taken)));
     }
 
     void effortIsBounded_data()
     {
-        // Each entry is refused only at its very end; all of them read to that point would take a row several
-        // times as long as it may.
+        // Each entry is refused only at its very end. A reader that reads all of them to that point takes
+        // several times as long as allowed.
         QTest::addColumn<DrawingBytes>("drawing");
-        QTest::addColumn<qint64>("more"); // bytes, as zeros and then end
+        QTest::addColumn<qint64>("more"); // bytes: zeros and then end
         QTest::addColumn<QByteArray>("end");
         const auto add = [](const char *name, const StoredEntry &entry) {
             QTest::newRow(name) << drawingOfMany(entry) << qint64(0) << QByteArray();
@@ -211,14 +200,13 @@ private slots:
         QTest::newRow("PNGs with an endless chunk")
             << drawingOfMany(endlessEntry) << qint64(endless.size()) - endless.start.size() << endless.end;
 
-        BitmapBytes runs = blankBitmap(8, 2560, 2560);
-        runs.compression = 1;
+        BitmapBytes runs = with(blankBitmap(8, 2560, 2560), &BitmapBytes::compression, 1U);
         for (int jump = 0; jump < 500000; ++jump)
             runs.pixels += QByteArray("\0\2\0\0", 4);
-        add("bitmaps in runs that do not get on", bitmapEntry(runs.bytes()));
+        add("bitmaps in runs without progress", bitmapEntry(runs.bytes()));
         runs.width = 1;
         runs.height = 32767;
-        add("bitmaps of one column in runs that do not get on", bitmapEntry(runs.bytes()));
+        add("bitmaps of one column in runs without progress", bitmapEntry(runs.bytes()));
     }
 
     void effortIsBounded()
@@ -228,17 +216,18 @@ private slots:
         QFETCH(QByteArray, end);
         const QString path = m_dir.filePath("many.dwg");
         writeSparse(path, drawing, more, end);
-        // The time of this process, whatever else a busy machine does.
+        // Processor time, which a busy machine does not change.
         const std::clock_t start = std::clock();
         QVERIFY(fxhost::readPreview(path).isNull());
         const double seconds = double(std::clock() - start) / CLOCKS_PER_SEC;
         qInfo("%.3f s", seconds);
-        const double most = isSanitized ? 5 : 0.8; // ten times what it takes
+        const double most = memory::isMeasurable ? 0.8 : 5; // ten times what it takes
         QVERIFY2(seconds < most, qPrintable(QString("%1 s").arg(seconds)));
     }
 
 private:
-    //! \param picture its size \param dataSize of the entry, in bytes; what its data lack are zeros, and end
+    //! \param picture its size \param dataSize of the entry, in bytes; its data are filled up with zeros and
+    //! end
     void addDrawing(const char *name, const StoredEntry &entry, const QSize &picture, quint32 dataSize,
                     const QByteArray &end = {})
     {

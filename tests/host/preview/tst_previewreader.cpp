@@ -6,23 +6,10 @@
 #include "tests/support/bytes/BytesOfPreview.h"
 
 #include <QTemporaryDir>
-#include <QtTest>
 
 using namespace testbytes;
 
 namespace {
-
-constexpr QSize pictureSize(13, 7); // an odd width leaves padding at the rows' ends, whatever the depth
-
-BitmapBytes goodBitmap(int bits = 8)
-{
-    return patternBitmap(bits, pictureSize.width(), pictureSize.height());
-}
-
-QImage goodPicture(int bits = 8)
-{
-    return patternPicture(bits, pictureSize.width(), pictureSize.height());
-}
 
 QImage otherPicture()
 {
@@ -31,11 +18,11 @@ QImage otherPicture()
 
 void addVersions()
 {
-    DrawingBytes drawing = drawingWith(bitmapEntry(goodBitmap().bytes()));
+    DrawingBytes drawing = drawingWith();
     for (const char *version :
          {"AC1012", "AC1014", "AC1015", "AC1018", "AC1021", "AC1024", "AC1027", "AC1032"}) {
         drawing.version = version;
-        QTest::newRow(version) << drawing << goodPicture();
+        QTest::newRow(version) << drawing << patternPicture();
     }
 }
 
@@ -48,7 +35,7 @@ void addBitmap(const char *name, const BitmapBytes &bitmap, const QImage &pictur
 void addBitmap(const char *name, const BitmapBytes &bitmap)
 {
     QImage picture = patternPicture(static_cast<int>(bitmap.bits), bitmap.width, qAbs(bitmap.height));
-    if (bitmap.bits == 16) // which says nothing of a channel's low bits
+    if (bitmap.bits == 16) // without the channels' low bits
         picture = picture.convertToFormat(QImage::Format_RGB555);
     addBitmap(name, bitmap, picture);
 }
@@ -56,35 +43,29 @@ void addBitmap(const char *name, const BitmapBytes &bitmap)
 void addPlainBitmaps()
 {
     for (const int bits : {1, 4, 8, 16, 24, 32}) {
-        const BitmapBytes bitmap = goodBitmap(bits);
+        const BitmapBytes bitmap = patternBitmap(bits);
         addBitmap("", bitmap);
         addBitmap(", top row first", topDown(bitmap));
 
-        BitmapBytes odd = bitmap;
-        odd.imageSize = 0xFFFFFFFF;
-        addBitmap(", with a wrong image size", odd);
-        odd = bitmap;
+        addBitmap(", with a wrong image size", with(bitmap, &BitmapBytes::imageSize, 0xFFFFFFFF));
         if (bits <= 8) {
-            odd.colorsUsed = 0;
-            addBitmap(", with all colours unless told", odd);
+            addBitmap(", with all colours by default", with(bitmap, &BitmapBytes::colorsUsed, 0U));
         } else {
-            odd.colorsUsed = 5;
-            odd.palette = QByteArray(5 * 4, '\x33');
-            addBitmap(", with a palette as a mere hint", odd);
+            const BitmapBytes hinted = with(bitmap, &BitmapBytes::colorsUsed, 5U);
+            addBitmap(", with a palette as a hint",
+                      with(hinted, &BitmapBytes::palette, QByteArray(5 * 4, '\x33')));
         }
-        for (const quint32 headerSize : {52U, 56U, 64U, 108U, 124U}) {
-            odd = bitmap;
-            odd.headerSize = headerSize;
-            addBitmap(qPrintable(QStringLiteral(", with a header of %1 bytes").arg(headerSize)), odd);
-        }
+        for (const quint32 size : {52U, 56U, 64U, 108U, 124U})
+            addBitmap(qPrintable(QStringLiteral(", with a header of %1 bytes").arg(size)),
+                      with(bitmap, &BitmapBytes::headerSize, size));
     }
     addBitmap(", one pixel", patternBitmap(32, 1, 1));
     addBitmap(", one column", patternBitmap(1, 1, 7));
 
-    BitmapBytes fewColors = goodBitmap();
+    BitmapBytes fewColors = patternBitmap();
     fewColors.colorsUsed = 3;
     fewColors.palette.truncate(3 * 4);
-    QImage picture = goodPicture();
+    QImage picture = patternPicture();
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
             if (3 * x + 5 * y >= 3)
@@ -96,48 +77,43 @@ void addPlainBitmaps()
 
 void addMaskedBitmaps()
 {
-    BitmapBytes masked = goodBitmap(16);
-    masked.compression = 3;
+    BitmapBytes masked = with(patternBitmap(16), &BitmapBytes::compression, 3U);
     masked.masks = {0x7C00, 0x3E0, 0x1F};
     addBitmap(", with masks", masked);
 
-    masked = goodBitmap(32);
-    masked.compression = 3;
+    masked = with(patternBitmap(32), &BitmapBytes::compression, 3U);
     masked.masks = {0xFF0000, 0xFF00, 0xFF};
-    addBitmap(", with masks behind the header", masked);
+    addBitmap(", with masks after the header", masked);
     addBitmap(", with masks, top row first", topDown(masked));
-    for (const quint32 headerSize : {52U, 56U, 108U, 124U}) {
-        masked.headerSize = headerSize;
-        addBitmap(qPrintable(QStringLiteral(", with masks in a header of %1 bytes").arg(headerSize)), masked);
-    }
+    for (const quint32 size : {52U, 56U, 108U, 124U})
+        addBitmap(qPrintable(QStringLiteral(", with masks in a header of %1 bytes").arg(size)),
+                  with(masked, &BitmapBytes::headerSize, size));
 
-    // Ten bits each: what a pixel of five bits would be, five bits further up.
-    masked = goodBitmap(32);
-    masked.compression = 3;
+    // Ten bits each: a channel of five bits, shifted by five.
     masked.masks = {0x3FF00000, 0xFFC00, 0x3FF};
     masked.pixels.clear();
-    for (int y = pictureSize.height() - 1; y >= 0; --y) {
-        for (int x = 0; x < pictureSize.width(); ++x) {
+    for (int y = patternSize.height() - 1; y >= 0; --y) {
+        for (int x = 0; x < patternSize.width(); ++x) {
             const QRgb color = patternColor(32, x, y);
             masked.pixels +=
                 number32(static_cast<quint32>(qRed(color) << 22 | qGreen(color) << 12 | qBlue(color) << 2));
         }
     }
-    addBitmap(", with masks of ten bits", masked, goodPicture(32).convertToFormat(QImage::Format_RGB555));
+    addBitmap(", with masks of ten bits", masked, patternPicture(32).convertToFormat(QImage::Format_RGB555));
 }
 
 void addBitmapsInRuns()
 {
-    addBitmap(", in runs", inRuns(goodBitmap()));
+    addBitmap(", in runs", inRuns(patternBitmap()));
 
     // Pixels that runs leave out have the palette's first colour.
     for (const int bits : {4, 8}) {
-        BitmapBytes runs = goodBitmap(bits);
+        BitmapBytes runs = patternBitmap(bits);
         runs.compression = bits == 4 ? 2 : 1;
         runs.pixels = QByteArray("\2\3\0\1", 4); // two pixels, then the picture's end
         if (bits == 4)
             runs.pixels[1] = '\x33';
-        QImage picture(pictureSize, QImage::Format_RGB32);
+        QImage picture(patternSize, QImage::Format_RGB32);
         picture.fill(patternColor(bits, 0, 0));
         for (const int x : {0, 1})
             picture.setPixel(x, picture.height() - 1, patternColor(bits, 1, 0)); // the colour of index 3
@@ -147,13 +123,13 @@ void addBitmapsInRuns()
 
 void addPlaces()
 {
-    DrawingBytes drawing = drawingWith(bitmapEntry(goodBitmap().bytes()));
-    const auto add = [&drawing](const char *name) { QTest::newRow(name) << drawing << goodPicture(); };
+    DrawingBytes drawing = drawingWith();
+    const auto add = [&drawing](const char *name) { QTest::newRow(name) << drawing << patternPicture(); };
     drawing.sectionAt = 17;
-    add("right behind the start");
+    add("right after the start");
     drawing.sectionAt = 300000;
-    add("far behind");
-    drawing.bytesBehind = 0;
+    add("far from the start");
+    drawing.bytesAfter = 0;
     add("at the very end");
     drawing.endSentinel = QByteArray(16, '\0');
     add("with a wrong end sentinel");
@@ -161,47 +137,45 @@ void addPlaces()
     add("without an end sentinel");
 
     // The picture apart from the section, at the file's end.
-    const QByteArray bitmap = goodBitmap().bytes();
+    const QByteArray bitmap = patternBitmap().bytes();
     StoredEntry apart = bitmapEntry({});
     apart.address = static_cast<quint32>(drawingWith(apart).bytes().size());
     apart.size = static_cast<quint32>(bitmap.size());
     drawing = drawingWith(apart);
-    drawing.endSentinel = drawing.bytes().right(16 + drawing.bytesBehind) + bitmap;
-    drawing.bytesBehind = 0;
+    drawing.endSentinel = drawing.bytes().right(16 + drawing.bytesAfter) + bitmap;
+    drawing.bytesAfter = 0;
     add("apart from its picture");
 }
 
 void addLists()
 {
     const auto add = [](const char *name, const QVector<StoredEntry> &entries, const QImage &picture) {
-        DrawingBytes drawing;
-        drawing.entries = entries;
-        QTest::newRow(name) << drawing << picture;
+        QTest::newRow(name) << drawingOf(entries) << picture;
     };
-    const StoredEntry bitmap = bitmapEntry(goodBitmap().bytes());
-    const StoredEntry broken = bitmapEntry(goodBitmap().bytes().chopped(1));
+    const StoredEntry bitmap = bitmapEntry(patternBitmap().bytes());
+    const StoredEntry broken = bitmapEntry(patternBitmap().bytes().chopped(1));
     const StoredEntry otherBitmap = bitmapEntry(patternBitmap(24, 20, 5).bytes());
     const StoredEntry png = pngEntry(pngOf(otherPicture()));
     const StoredEntry brokenPng = pngEntry(pngOf(otherPicture()).replace("IDAT", "IDOT"));
-    add("a bitmap alone", {bitmap}, goodPicture());
+    add("a bitmap alone", {bitmap}, patternPicture());
     add("zeros, a PNG", {zerosEntry(), png}, otherPicture());
-    add("two bitmaps, the first broken", {zerosEntry(), broken, bitmap}, goodPicture());
-    add("two bitmaps", {bitmap, otherBitmap}, goodPicture());
+    add("two bitmaps, the first broken", {zerosEntry(), broken, bitmap}, patternPicture());
+    add("two bitmaps", {bitmap, otherBitmap}, patternPicture());
     add("a bitmap, a PNG", {bitmap, png}, otherPicture());
     add("a PNG, a bitmap", {png, bitmap}, otherPicture());
-    add("a broken PNG, a bitmap", {zerosEntry(), brokenPng, bitmap}, goodPicture());
-    add("a metafile, an unknown, a bitmap", {metafileEntry(), {77, "?"}, bitmap}, goodPicture());
-    add("as many as can be", QVector<StoredEntry>(254, zerosEntry()) + QVector<StoredEntry>{bitmap},
-        goodPicture());
+    add("a broken PNG, a bitmap", {zerosEntry(), brokenPng, bitmap}, patternPicture());
+    add("a metafile, an unknown, a bitmap", {metafileEntry(), {77, "?"}, bitmap}, patternPicture());
+    add("as many as possible", QVector<StoredEntry>(254, zerosEntry()) + QVector<StoredEntry>{bitmap},
+        patternPicture());
     add("four bitmaps, the last sound", QVector<StoredEntry>(3, broken) + QVector<StoredEntry>{bitmap},
-        goodPicture());
+        patternPicture());
     add("more bitmaps than are tried", QVector<StoredEntry>(4, broken) + QVector<StoredEntry>{bitmap},
         QImage());
 }
 
 } // namespace
 
-//! Pictures that are there and must be found.
+//! Pictures that must be found.
 class tst_PreviewReader : public TestCase
 {
     Q_OBJECT
@@ -225,7 +199,7 @@ private slots:
         QFETCH(QImage, picture);
         const QImage image = read(drawing.bytes());
         QVERIFY(!image.hasAlphaChannel());
-        // A format with alpha also tells whether single colours are opaque.
+        // A format with alpha also shows whether single colours are opaque.
         const bool isExact = picture.format() == QImage::Format_RGB32;
         const QImage::Format format = isExact ? QImage::Format_ARGB32 : picture.format();
         QCOMPARE(image.convertToFormat(format), picture.convertToFormat(format));
@@ -238,9 +212,9 @@ private slots:
              {QImage::Format_Mono, QImage::Format_Indexed8, QImage::Format_Grayscale8,
               QImage::Format_Grayscale16, QImage::Format_RGB32, QImage::Format_ARGB32, QImage::Format_RGBX64,
               QImage::Format_RGBA64})
-            QTest::addRow("of format %d", format) << pngOf(goodPicture(24).convertToFormat(format));
+            QTest::addRow("of format %d", format) << pngOf(patternPicture(24).convertToFormat(format));
 
-        QImage glass(pictureSize, QImage::Format_ARGB32);
+        QImage glass(patternSize, QImage::Format_ARGB32);
         glass.fill(qRgba(10, 20, 30, 40));
         QTest::newRow("glass") << pngOf(glass);
         QTest::newRow("palette of glass") << pngOf(glass.convertToFormat(QImage::Format_Indexed8));
@@ -256,12 +230,12 @@ private slots:
         QCOMPARE(read(drawingWith(pngEntry(png)).bytes()), whole);
     }
 
-    void aLinkLeadsToThePicture()
+    void linksAreFollowed()
     {
         const QString link = m_dir.filePath("link.dwg");
         QVERIFY(QFile::link(m_dir.filePath("drawing.dwg"), link));
-        const QImage picture = read(drawingWith(bitmapEntry(goodBitmap().bytes())).bytes());
-        QCOMPARE(picture.size(), pictureSize);
+        const QImage picture = read(drawingWith().bytes());
+        QCOMPARE(picture.size(), patternSize);
         QCOMPARE(fxhost::readPreview(link), picture);
     }
 

@@ -6,41 +6,17 @@
 #include "tests/support/bytes/BytesOfPreview.h"
 
 #include <QTemporaryDir>
-#include <QtTest>
 
 using namespace testbytes;
 
 namespace {
 
-constexpr int soundWidth = 13; // an odd width leaves padding at the rows' ends
-constexpr int soundHeight = 7;
-
-BitmapBytes soundBitmap(int bits = 8)
-{
-    return patternBitmap(bits, soundWidth, soundHeight);
-}
+constexpr int width = patternSize.width();
+constexpr int height = patternSize.height();
 
 QByteArray soundPng()
 {
-    return pngOf(patternPicture(24, soundWidth, soundHeight));
-}
-
-DrawingBytes soundDrawing()
-{
-    return drawingWith(bitmapEntry(soundBitmap().bytes()));
-}
-
-//! One wrong thing in an else good value: rows are made of these.
-template<typename T, typename Field, typename Value>
-T with(T whole, Field T::*field, const Value &value)
-{
-    whole.*field = value;
-    return whole;
-}
-
-DrawingBytes drawingOf(const QVector<StoredEntry> &entries)
-{
-    return with(DrawingBytes(), &DrawingBytes::entries, entries);
+    return pngOf(patternPicture(24));
 }
 
 void addFile(const char *name, const QByteArray &file)
@@ -48,7 +24,7 @@ void addFile(const char *name, const QByteArray &file)
     QTest::newRow(name) << file;
 }
 
-//! Rows with one wrong value each of a field. \param name with a place for the value
+//! Adds a row for each value of a field. \param name with a placeholder for the value
 template<typename T, typename Field, typename Value>
 void addWrong(const char *name, void (*add)(const char *, const T &), const T &whole, Field T::*field,
               std::initializer_list<Value> values)
@@ -62,12 +38,12 @@ void addDrawing(const char *name, const DrawingBytes &drawing)
     addFile(name, drawing.bytes());
 }
 
-//! At the file's end: what a reader takes too much must come from behind it.
+//! At the file's end, so that a reader that reads too much reads past it.
 void addBadBitmap(const char *name, const BitmapBytes &bitmap)
 {
     DrawingBytes drawing = drawingWith(bitmapEntry(bitmap.bytes()));
     drawing.endSentinel = QByteArray();
-    drawing.bytesBehind = 0;
+    drawing.bytesAfter = 0;
     addDrawing(name, drawing);
 }
 
@@ -81,18 +57,18 @@ void addFilesWithoutAPicture()
     addFile("an empty file", {});
     addFile("a version and no more", "AC1018");
     addFile("XML", "<?xml version=\"1.0\"?><drawing><preview/></drawing>");
-    addFile("a PNG named as a drawing", soundPng());
+    addFile("a PNG with the name of a drawing", soundPng());
     for (const char *version : {"AC1.2", "AC2.10", "AC1009", "AC1016", "AC1033", "ac1032", "AD1032"})
-        addDrawing(version, with(soundDrawing(), &DrawingBytes::version, version));
+        addDrawing(version, with(drawingWith(), &DrawingBytes::version, version));
     addDrawing("no entries", drawingOf({}));
     addDrawing("zeros alone", drawingOf({zerosEntry()}));
     addDrawing("a metafile alone", drawingOf({zerosEntry(), metafileEntry()}));
-    addDrawing("an unknown code", drawingOf({{4, soundBitmap().bytes()}}));
+    addDrawing("an unknown code", drawingOf({{4, patternBitmap().bytes()}}));
 }
 
 void addWrongSections()
 {
-    const DrawingBytes good = soundDrawing();
+    const DrawingBytes good = drawingWith();
     const auto fileSize = static_cast<quint32>(good.bytes().size());
     addWrong("an address of %u", addDrawing, good, &DrawingBytes::address,
              {0U, 1U, 6U, 13U, 16U, 447U, 449U, fileSize - 1, fileSize, fileSize + 1, 0x7FFFFFFFU,
@@ -109,15 +85,15 @@ void addWrongSections()
     manyEntries.overallSize = 1 + 255 * 9;
     addDrawing("more entries than the file has room for", manyEntries);
     addDrawing("an entry less than there are", with(good, &DrawingBytes::count, quint8(1)));
-    // A sound picture whose first bytes double as the table's end.
+    // A sound picture whose first bytes are the table's end too.
     addDrawing("a picture that the table runs into",
-               with(drawingOf({bitmapEntry(soundBitmap().bytes())}), &DrawingBytes::count, quint8(2)));
+               with(drawingOf({bitmapEntry(patternBitmap().bytes())}), &DrawingBytes::count, quint8(2)));
 
     const auto add = [](const char *name, quint32 number, quint32 address, std::optional<quint32> size) {
         addDrawing(qPrintable(QString::asprintf(name, number)),
-                   drawingWith({2, soundBitmap().bytes(), address, size}));
+                   drawingWith({2, patternBitmap().bytes(), address, size}));
     };
-    const auto dataSize = static_cast<quint32>(soundBitmap().bytes().size());
+    const auto dataSize = static_cast<quint32>(patternBitmap().bytes().size());
     const auto dataAt = static_cast<quint32>(good.dataAt() + 80);
     const auto tableAt = static_cast<quint32>(good.tableAt());
     for (const quint32 address : {0U, 13U, 448U, tableAt, dataAt - 1, dataAt + 1, fileSize - dataSize + 1,
@@ -135,11 +111,11 @@ void addWrongBitmapHeaders()
 {
     constexpr qint32 most = std::numeric_limits<qint32>::max();
     constexpr qint32 least = std::numeric_limits<qint32>::min();
-    const BitmapBytes good = soundBitmap();
+    const BitmapBytes good = patternBitmap();
     addWrong("a width of %d", addBadBitmap, good, &BitmapBytes::width,
-             {0, -1, -soundWidth, most, least, 0x10000, 32768});
+             {0, -1, -width, most, least, 0x10000, 32768});
     addWrong("a height of %d", addBadBitmap, good, &BitmapBytes::height,
-             {0, soundHeight + 1, -soundHeight - 1, most, least, -most, 0x10000, 32768});
+             {0, height + 1, -height - 1, most, least, -most, 0x10000, 32768});
     for (const auto &[w, h] : std::initializer_list<std::pair<qint32, qint32>>{
              {0x10000, 0x10000}, {0x8000, 0x20000}, {most, most}, {2561, 2560}, {32767, 32767}})
         addWrong("a large width, and a height of %d", addBadBitmap, with(good, &BitmapBytes::width, w),
@@ -152,33 +128,33 @@ void addWrongBitmapHeaders()
     addWrong("8 bits in compression %u", addBadBitmap, good, &BitmapBytes::compression,
              {2U, 3U, 4U, 5U, 6U, 11U, 0xFFFFFFFFU});
     for (const int bits : {1, 4, 16, 24, 32})
-        addWrong("other bits in compression %u", addBadBitmap, soundBitmap(bits), &BitmapBytes::compression,
+        addWrong("other bits in compression %u", addBadBitmap, patternBitmap(bits), &BitmapBytes::compression,
                  {1U});
     addWrong("%u colours for 8 bits", addBadBitmap, good, &BitmapBytes::colorsUsed,
              {257U, 65536U, 0x40000000U, 0x80000000U, 0xFFFFFFFFU});
-    BitmapBytes manyColors = soundBitmap(4);
+    BitmapBytes manyColors = patternBitmap(4);
     manyColors.palette += QByteArray(4, '\0');
     addWrong("%u colours for 4 bits", addBadBitmap, manyColors, &BitmapBytes::colorsUsed, {17U});
-    addWrong("%u colours for 24 bits", addBadBitmap, soundBitmap(24), &BitmapBytes::colorsUsed, {257U});
-    addWrong("%u colours for 32 bits", addBadBitmap, soundBitmap(32), &BitmapBytes::colorsUsed,
+    addWrong("%u colours for 24 bits", addBadBitmap, patternBitmap(24), &BitmapBytes::colorsUsed, {257U});
+    addWrong("%u colours for 32 bits", addBadBitmap, patternBitmap(32), &BitmapBytes::colorsUsed,
              {0xFFFFFFFFU});
 }
 
 void addWrongBitmapData()
 {
     for (const int bits : {1, 4, 8, 16, 24, 32}) {
-        BitmapBytes shortened = soundBitmap(bits);
+        BitmapBytes shortened = patternBitmap(bits);
         shortened.pixels.chop(1);
         addBadBitmap("a byte short", shortened);
         addBadBitmap("top row first, a byte short",
-                     with(topDown(soundBitmap(bits)), &BitmapBytes::pixels, shortened.pixels));
+                     with(topDown(patternBitmap(bits)), &BitmapBytes::pixels, shortened.pixels));
         shortened.pixels.clear();
         addBadBitmap("without pixels", shortened);
         shortened.palette.clear();
         addBadBitmap("a header alone", shortened);
     }
 
-    BitmapBytes masked = soundBitmap(32);
+    BitmapBytes masked = patternBitmap(32);
     masked.compression = 3;
     addBadBitmap("masks missing", with(masked, &BitmapBytes::pixels, QByteArray()));
     for (const auto &[name, masks] : std::initializer_list<std::pair<const char *, std::array<quint32, 3>>>{
@@ -192,30 +168,30 @@ void addWrongBitmapData()
             addBadBitmap(name, with(masked, &BitmapBytes::headerSize, headerSize));
     }
     masked.masks = {0xFF0000, 0xFF00, 0xFF};
-    addBadBitmap("masks in a header that knows none", with(masked, &BitmapBytes::headerSize, 64U));
-    masked = with(soundBitmap(16), &BitmapBytes::compression, 3U);
+    addBadBitmap("masks in a header that has none", with(masked, &BitmapBytes::headerSize, 64U));
+    masked = with(patternBitmap(16), &BitmapBytes::compression, 3U);
     masked.masks = {0xF80000, 0x7E0, 0x1F};
     addBadBitmap("a mask above the pixel", masked);
 
-    const BitmapBytes runs = inRuns(soundBitmap());
-    BitmapBytes smallRuns = with(soundBitmap(4), &BitmapBytes::compression, 2U);
+    const BitmapBytes runs = inRuns(patternBitmap());
+    BitmapBytes smallRuns = with(patternBitmap(4), &BitmapBytes::compression, 2U);
     smallRuns.pixels = QByteArray("\0\1", 2);
     for (const BitmapBytes &bitmap : {runs, smallRuns}) {
-        addBadBitmap("runs, top row first", with(bitmap, &BitmapBytes::height, -soundHeight));
+        addBadBitmap("runs, top row first", with(bitmap, &BitmapBytes::height, -height));
         addBadBitmap("a literal run that ends early",
                      with(bitmap, &BitmapBytes::pixels, QByteArray("\0\xFF\x12\x34", 4)));
         addBadBitmap("runs without an end", with(bitmap, &BitmapBytes::pixels, QByteArray("\x05\x12", 2)));
     }
     addBadBitmap("a jump that ends early", with(runs, &BitmapBytes::pixels, QByteArray("\0\2\1", 3)));
-    addBadBitmap("runs, none there", with(runs, &BitmapBytes::pixels, QByteArray()));
+    addBadBitmap("runs, without data", with(runs, &BitmapBytes::pixels, QByteArray()));
 }
 
 void addWrongPngs()
 {
     const QByteArray good = soundPng();
     addDrawing("a PNG stored as a bitmap", drawingWith(bitmapEntry(good)));
-    addPng("a bitmap stored as a PNG", soundBitmap().bytes());
-    addPng("a BMP file stored as a PNG", "BM" + soundBitmap().bytes());
+    addPng("a bitmap stored as a PNG", patternBitmap().bytes());
+    addPng("a BMP file stored as a PNG", "BM" + patternBitmap().bytes());
     addPng("a signature alone", good.left(8));
     addPng("a signature and zeros", good.left(8) + QByteArray(100, '\0'));
     addPng("a wrong signature", QByteArray(good).replace(1, 3, "MNG"));
@@ -225,27 +201,26 @@ void addWrongPngs()
                drawingWith({6, good, std::nullopt, static_cast<quint32>(good.size() - 1)}));
     addPng("half of it", good.left(good.size() / 2));
 
-    for (const PngHeader &header :
-         std::initializer_list<PngHeader>{{0, soundHeight, 8, 2},
-                                          {soundWidth, 0, 8, 2},
-                                          {soundWidth, soundHeight + 1, 8, 2},
-                                          {0x80000000U, 1, 8, 2},
-                                          {0xFFFFFFFFU, 0xFFFFFFFFU, 8, 2},
-                                          {16000, 16000, 8, 2},
-                                          {2561, 2560, 8, 2},
-                                          {1, 32768, 8, 2},
-                                          {soundWidth, soundHeight, 7, 2},    // unknown
-                                          {soundWidth, soundHeight, 16, 3},   // cannot be
-                                          {soundWidth, soundHeight, 8, 3}}) { // no palette
-        addPng(qPrintable(QString::asprintf("a claim of %u by %u pixels, depth %d, colours %d", header.width,
+    for (const PngHeader &header : std::initializer_list<PngHeader>{{0, height, 8, 2},
+                                                                    {width, 0, 8, 2},
+                                                                    {width, height + 1, 8, 2},
+                                                                    {0x80000000U, 1, 8, 2},
+                                                                    {0xFFFFFFFFU, 0xFFFFFFFFU, 8, 2},
+                                                                    {16000, 16000, 8, 2},
+                                                                    {2561, 2560, 8, 2},
+                                                                    {1, 32768, 8, 2},
+                                                                    {width, height, 7, 2},    // unknown
+                                                                    {width, height, 16, 3},   // invalid
+                                                                    {width, height, 8, 3}}) { // no palette
+        addPng(qPrintable(QString::asprintf("%u by %u pixels, depth %d, colours %d", header.width,
                                             header.height, header.bitDepth, header.colorType)),
                withHeader(good, header));
     }
-    addPng("deep and larger than its share of memory", blankPng({2560, 1281, 16, 0}));
+    addPng("deep and larger than its memory limit", blankPng({2560, 1281, 16, 0}));
 
-    const auto damaged = [&good](const char *chunk, int behind) {
+    const auto damaged = [&good](const char *chunk, int offset) {
         QByteArray png = good;
-        const int at = png.indexOf(chunk) + behind;
+        const int at = png.indexOf(chunk) + offset;
         png[at] = static_cast<char>(png.at(at) ^ 1);
         return png;
     };
@@ -253,15 +228,15 @@ void addWrongPngs()
     addPng("a wrong byte in the data", damaged("IDAT", 4 + 10));
     addPng("a wrong byte in the last checksum of the data", damaged("IEND", -5));
     addPng("a chunk longer than the file", damaged("IDAT", -4));
-    addPng("a chunk longer than a chunk can be",
+    addPng("a chunk longer than allowed",
            QByteArray(good).replace(good.indexOf("IDAT") - 4, 4, QByteArray(4, '\xFF')));
     addPng("no data", QByteArray(good).replace("IDAT", "itXt"));
-    addPng("an unknown chunk that matters", QByteArray(good).insert(33, pngChunk("ABCD", "?")));
+    addPng("an unknown critical chunk", QByteArray(good).insert(33, pngChunk("ABCD", "?")));
 }
 
 } // namespace
 
-//! Files that hold no picture, or claim one that must not be believed.
+//! Files without a picture, or with one that must be refused.
 class tst_PreviewRefusals : public TestCase
 {
     Q_OBJECT
@@ -279,7 +254,7 @@ private slots:
 
     void noPictureIsRead()
     {
-        allowWarning("libpng warning"); // the decoder tells what is wrong
+        allowWarning("libpng warning"); // the decoder reports errors
         QFETCH(QByteArray, file);
         QVERIFY(read(file).isNull());
     }
@@ -287,8 +262,8 @@ private slots:
     void aFileCutAnywhereGivesThePictureOrNone_data()
     {
         QTest::addColumn<StoredEntry>("entry");
-        QTest::newRow("4 bit") << bitmapEntry(soundBitmap(4).bytes());
-        QTest::newRow("24 bit") << bitmapEntry(soundBitmap(24).bytes());
+        QTest::newRow("4 bit") << bitmapEntry(patternBitmap(4).bytes());
+        QTest::newRow("24 bit") << bitmapEntry(patternBitmap(24).bytes());
         QTest::newRow("PNG") << pngEntry(soundPng());
     }
 
@@ -297,7 +272,7 @@ private slots:
         QFETCH(StoredEntry, entry);
         DrawingBytes drawing = drawingOf({entry});
         drawing.sectionAt = 17;
-        drawing.bytesBehind = 0;
+        drawing.bytesAfter = 0;
         const QByteArray whole = drawing.bytes();
         const QImage picture = read(whole);
         QVERIFY(!picture.isNull());

@@ -6,7 +6,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QtTest>
 
 namespace {
 
@@ -20,7 +19,7 @@ QString drawingsDir()
     return named;
 }
 
-//! The size that the manifest means by "256x149"; an invalid one by "-".
+//! The size of "256x149"; an invalid one of "-".
 QSize sizeNamed(const QString &pixels)
 {
     const QStringList sides = pixels.split('x');
@@ -29,8 +28,8 @@ QSize sizeNamed(const QString &pixels)
 
 } // namespace
 
-//! Drawings made by real programs, where a collection of them is at hand: a directory with a manifest.tsv,
-//! named by the environment variable DRAWINGS_DIR or when the tests are built.
+//! Drawings of real programs, if there is a collection of them: a directory with a manifest.tsv, named by the
+//! environment variable DRAWINGS_DIR or when the tests are built.
 class tst_RealPreviews : public TestCase
 {
     Q_OBJECT
@@ -39,10 +38,10 @@ private slots:
     void initTestCase()
     {
         if (drawingsDir().isEmpty() || !m_drawings.exists("manifest.tsv"))
-            QSKIP("no collection of real drawings at hand");
+            QSKIP("no collection of real drawings");
     }
 
-    void theFileIsWhatTheManifestSays_data()
+    void fileMatchesTheManifest_data()
     {
         QFile manifest(m_drawings.filePath("manifest.tsv"));
         QVERIFY(manifest.open(QIODevice::ReadOnly | QIODevice::Text));
@@ -61,7 +60,7 @@ private slots:
         }
     }
 
-    void theFileIsWhatTheManifestSays()
+    void fileMatchesTheManifest()
     {
         QFETCH(QString, file);
         QFETCH(QByteArray, version);
@@ -70,7 +69,7 @@ private slots:
         const QString path = m_drawings.filePath(file);
 
         const fxhost::DrawingFile drawing = fxhost::readDrawing(path);
-        // The manifest has a file's first letters where they are no version.
+        // If the file is not a drawing, the manifest has its first letters instead of a version.
         const bool isDrawing = version.startsWith("AC");
         QCOMPARE(drawing.version, isDrawing ? version : QByteArray());
         QCOMPARE(drawing.outcome.reason(), isDrawing ? QString() : QString("The file is not a drawing."));
@@ -86,7 +85,7 @@ private slots:
                                                        {"PNG(ct2)", QImage::Format_RGB32}};
         QCOMPARE(picture.format(), formats.value(preview));
 
-        // A picture that was found but not understood would be of one colour, or of noise.
+        // A picture that is decoded wrongly has one colour or is noise.
         QSet<QRgb> colors;
         int alikeNeighbours = 0;
         for (int y = 0; y < picture.height(); ++y) {

@@ -32,7 +32,7 @@ private:
     fxhost::FxHost &m_host;
 };
 
-const QStringList once = {"begin", "end"};
+const QStringList beginAndEnd = {"begin", "end"};
 
 class HookedDialog : public CFxDialog
 {
@@ -73,7 +73,7 @@ class tst_CFxDialog : public TestCase
     Q_OBJECT
 
 private slots:
-    void aDialogIsWhatItsConstructorSays()
+    void constructorArgumentsAreUsed()
     {
         QWidget parent;
         CFxDialog modal(&parent);
@@ -84,7 +84,7 @@ private slots:
         QVERIFY(popup.windowFlags() & Qt::FramelessWindowHint);
     }
 
-    void theFirstShowIsToldOnceAndBeforehand()
+    void firstShowIsNotifiedOnceAndBeforehand()
     {
         HookedDialog dialog(nullptr, false);
         QCOMPARE(dialog.firstShows, 0);
@@ -95,7 +95,7 @@ private slots:
         QVERIFY(!dialog.wasVisibleAtFirstShow);
     }
 
-    void everyWayToTheEndAsksFirst_data()
+    void everyWayToEndADialogAsksFirst_data()
     {
         QTest::addColumn<QByteArray>("way");
         QTest::addColumn<int>("result");
@@ -104,7 +104,7 @@ private slots:
         QTest::newRow("close") << QByteArray("close") << int(QDialog::Rejected);
     }
 
-    void everyWayToTheEndAsksFirst()
+    void everyWayToEndADialogAsksFirst()
     {
         QFETCH(QByteArray, way);
         QFETCH(int, result);
@@ -139,34 +139,34 @@ private slots:
         shown.accept();
         QCOMPARE(listener.events, QStringList()); // it is not modal
 
-        // exec() is modal whatever the dialog is.
+        // exec() makes any dialog modal.
         QMetaObject::invokeMethod(&shown, &CFxDialog::accept, Qt::QueuedConnection);
         shown.exec();
-        QCOMPARE(listener.takeEvents(), once);
+        QCOMPARE(listener.takeEvents(), beginAndEnd);
 
         auto modal = std::make_unique<CFxDialog>();
         modal->show();
         QCOMPARE(listener.events, QStringList("begin"));
         modal->accept();
-        QCOMPARE(listener.takeEvents(), once);
+        QCOMPARE(listener.takeEvents(), beginAndEnd);
         modal->show();
         modal.reset();
-        QCOMPARE(listener.takeEvents(), once);
+        QCOMPARE(listener.takeEvents(), beginAndEnd);
 
         const QPointer<CFxDialog> passing = new CFxDialog;
         passing->setAttribute(Qt::WA_DeleteOnClose);
         passing->show();
         passing->done(0);
         QTRY_VERIFY(!passing);
-        QCOMPARE(listener.events, once);
+        QCOMPARE(listener.events, beginAndEnd);
     }
 
-    void anExceptionOfAHandlerEndsInAMessageWhereThereIsAHost()
+    void exceptionInAHandlerIsReportedByTheHost()
     {
         HookedDialog dialog(nullptr, false);
         dialog.show();
         dialog.throwsOnKeys = true;
-        QTest::keyClick(&dialog, Qt::Key_A); // nobody to tell
+        QTest::keyClick(&dialog, Qt::Key_A); // there is no host to report it
         {
             RealHost running;
             QTest::keyClick(&dialog, Qt::Key_A);

@@ -44,8 +44,8 @@ public:
     QStringList events;
 };
 
-//! A host with commands that write down their runs: ECHO; WAIT, which waits until it is cancelled; FAIL;
-//! THROW and THROWNUMBER.
+//! A host with commands: ECHO and WAIT, which waits until it is cancelled, record their runs; FAIL, THROW and
+//! THROWNUMBER fail.
 class Commands : public RealHost
 {
 public:
@@ -72,7 +72,7 @@ public:
         m_set.add("THROWNUMBER", [](const CFxCommandContext &) -> int { throw 42; });
     }
 
-    //! Does something as soon as the next command waits in its event loop.
+    //! Calls action as soon as the next command waits in its event loop.
     template<class Action>
     void whileItWaits(Action action)
     {
@@ -138,7 +138,7 @@ private slots:
         echo("astral characters", "ECHO \U0001F4D0", "\U0001F4D0");
         QTest::newRow("nothing") << "   " << QStringList() << QStringList();
         QTest::newRow("a cancel alone") << "^C" << QStringList() << QStringList();
-        // Its local name is another, so that only the underscore can lead to it.
+        // Its local name is different, so that only the global name can match.
         QTest::newRow("the global name without its underscore")
             << "circle" << QStringList() << QStringList("command _CIRCLE 5100");
     }
@@ -159,14 +159,7 @@ private slots:
         QCOMPARE(circle.references, 1);
     }
 
-    void aMacroRunsItsCommandsInOrder()
-    {
-        Commands commands;
-        commands.runner.runMacro("^C^C_ECHO one;_ECHO two\n_ECHO three;");
-        QCOMPARE(commands.runs, QStringList({"ECHO one", "ECHO two", "ECHO three"}));
-    }
-
-    void anUnknownCommandIsToldWithTheNearest_data()
+    void unknownCommandIsReportedWithTheNearestName_data()
     {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("meant");
@@ -179,26 +172,26 @@ private slots:
         row("the nearest of several", "throwit", "_THROW");
         row("another word", "SCRIBBLE", "");
         row("a letter", "X", "");
-        row("a place for a word", "Nonsense%1", "");
+        row("a placeholder", "Nonsense%1", "");
         row("a null character and more", QString("ECHO") + QChar::Null + "ES", "_ECHO");
     }
 
-    void anUnknownCommandIsToldWithTheNearest()
+    void unknownCommandIsReportedWithTheNearestName()
     {
         QFETCH(QString, typed);
         QFETCH(QString, meant);
         Commands commands;
         const RunHandle run(commands.runner.run(typed));
-        const QString told = "There is no command \"" + typed + "\".";
+        const QString message = "There is no command \"" + typed + "\".";
         QCOMPARE(commands.messages,
-                 QStringList(meant.isEmpty() ? told : told + " Did you mean " + meant + '?'));
+                 QStringList(meant.isEmpty() ? message : message + " Did you mean " + meant + '?'));
         QCOMPARE(commands.logged(),
                  QStringList("command " + QString(typed).replace(QChar::Null, "%00") + " unknown"));
         QCOMPARE(commands.runs, QStringList());
         QVERIFY(commands.runner.isIdle());
     }
 
-    void aCommandThatThrowsHasFailed()
+    void commandThatThrowsFails()
     {
         Commands commands;
         const RunHandle run(commands.runner.run("THROW"));
@@ -211,14 +204,14 @@ private slots:
                  QStringList({"command _THROW 5102", "command _THROWNUMBER 5102", "command _ECHO 5100"}));
     }
 
-    void aCommandThatCannotTellItsNameHoldsUpNothing()
+    void commandWhoseNameThrowsFails()
     {
         struct Nameless : OdStaticRxObject<CFxCommand>
         {
             OdString globalName() const override
             {
                 if (isNameless)
-                    throw std::runtime_error("what was it");
+                    throw std::runtime_error("no name");
                 return L"_NAMELESS";
             }
             OdString localName() const override { return globalName(); }
@@ -238,7 +231,7 @@ private slots:
         commands.host.commandStack().removeCommand(&nameless);
     }
 
-    void reactorsAndSignalsTellOfStartAndEnd()
+    void reactorsAndSignalsReportStartAndEnd()
     {
         Commands commands;
         CommandListener listener;
@@ -254,7 +247,7 @@ private slots:
         QCOMPARE(idle.size(), 1);
     }
 
-    void whatIsAskedForWhileACommandRunsWaits()
+    void commandsRequestedMeanwhileWait()
     {
         Commands commands;
         RunHandle second;
@@ -276,7 +269,7 @@ private slots:
         QVERIFY(commands.runner.isIdle());
     }
 
-    void aMacroCancelsWhatRuns()
+    void macroCancelsTheRunningCommand()
     {
         Commands commands;
         commands.whileItWaits([&] { commands.runner.runMacro("^C^C_ECHO after"); });
@@ -285,7 +278,7 @@ private slots:
         QCOMPARE(commands.logged(), QStringList({"command _WAIT 5101", "command _ECHO 5100"}));
     }
 
-    void aCommandMayAskForAnother()
+    void commandMayRequestAnother()
     {
         Commands commands;
         CommandSet more(commands.host.commandStack());
@@ -293,14 +286,14 @@ private slots:
             const CFxString argument(L"inner");
             GetFxSystemServices()->RunCommand(L"_ECHO", &argument)->release();
             GetFxSystemServices()->RunCommand(L"_ECHO", nullptr)->release(); // gets an empty argument
-            commands.runs << "OUTER goes on";
+            commands.runs << "OUTER continues";
             return CFxCommand::normalCompletion;
         });
         commands.runner.runLine("OUTER");
-        QCOMPARE(commands.runs, QStringList({"OUTER goes on", "ECHO inner", "ECHO "}));
+        QCOMPARE(commands.runs, QStringList({"OUTER continues", "ECHO inner", "ECHO "}));
     }
 
-    void afterTheStopNothingRunsAnyMore()
+    void nothingRunsAfterStop()
     {
         Commands commands;
         RunHandle waiting;
@@ -315,7 +308,7 @@ private slots:
         QCOMPARE(commands.runs, QStringList({"WAIT begins", "WAIT ends"}));
     }
 
-    // The stack in which the runner finds them.
+    // The stack in which the runner finds commands.
 
     void aCommandIsFoundByItsNames_data()
     {
@@ -348,10 +341,10 @@ private slots:
         OdEdCommand *const command =
             stack.lookupCommand(OdString(name.toStdWString()), flags, OdString(group.toStdWString()));
         QCOMPARE(command != nullptr, found);
-        QCOMPARE(circle.references, found ? 3 : 2); // the test's, the stack's, and what lookup gave
+        QCOMPARE(circle.references, found ? 3 : 2); // the test's, the stack's and the returned one
     }
 
-    void namesAndGroupTellCommandsApart()
+    void namesAndGroupIdentifyACommand()
     {
         CountedCommand circle(L"_CIRCLE", L"KREIS");
         CountedCommand sameGlobalName(L"_CIRCLE", L"CERCLE");
@@ -369,7 +362,7 @@ private slots:
         QCOMPARE(circle.undefined, 1);
         QCOMPARE(key.undefined, 0);
 
-        // The same global name replaces, and is another command in another group.
+        // A command replaces one of the same global name, but not one of another group.
         stack.addCommand(&key);
         stack.addCommand(&otherGroup);
         stack.addCommand(&sameGlobalName);

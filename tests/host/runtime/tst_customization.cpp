@@ -33,7 +33,7 @@ const char twoGroups[] = R"({
     { "identifier": "ID_StartOpen", "name": "Open", "macro": "_OPEN" } ] }
 })";
 
-//! A service that has loaded these data.
+//! A service with these data.
 struct LoadedCustomization : Customization
 {
     LoadedCustomization()
@@ -47,7 +47,7 @@ struct LoadedCustomization : Customization
     CFxUIMenuItem *file() const { return main()->GetMenu(0); }
 };
 
-//! Data that are complete but for what stands in the one group.
+//! Complete data with these members in the only group.
 QByteArray withGroupMembers(const QByteArray &members)
 {
     return R"({ "groups": [ { "name": "MAIN", "primary": true)" + (members.isEmpty() ? "" : ", " + members) +
@@ -61,7 +61,7 @@ QByteArray withItem(const QByteArray &item)
                             item + " ] } ]");
 }
 
-//! An item as one line: kind, identifier, label, command, help.
+//! kind|identifier|label|command|help
 QString described(const CFxUIMenuItem *item)
 {
     static constexpr const char *kinds[] = {"entry", "menu", "separator", "recent files", "windows"};
@@ -79,7 +79,7 @@ class tst_Customization : public TestCase
     Q_OBJECT
 
 private slots:
-    void groupsAreWalkedInTheDatasOrderWithoutTheStartUpGroup()
+    void groupsAreEnumeratedInOrderWithoutTheStartUpGroup()
     {
         LoadedCustomization customization;
         CFxUIGroupEnumerator *const groups = customization.EnumerateGroups();
@@ -114,7 +114,7 @@ private slots:
         QCOMPARE(customization.main(), main);
     }
 
-    void definitionsAreFoundInTheNamedGroupAlone()
+    void definitionsAreFoundInTheNamedGroupOnly()
     {
         const LoadedCustomization customization;
         QCOMPARE(QString(customization.FindCommand(L"MAIN", L"ID_Open")->GetMacro()), QString("^C^C_OPEN"));
@@ -124,7 +124,7 @@ private slots:
         QCOMPARE(customization.FindCommand(L"MAIN", L"id_open"), nullptr);
     }
 
-    void whatIsOutOfRangeIsNull()
+    void indexOutOfRangeGivesNull()
     {
         const LoadedCustomization customization;
         for (const int index : {-1, 3, 1000}) {
@@ -155,7 +155,7 @@ private slots:
         QCOMPARE(QString(command->GetName()), QString("Recent"));
         QCOMPARE(QString(command->GetMacro()), QString("_RECENT"));
         QCOMPARE(QString(command->GetHelpString()), QString("Shows the recent drawings."));
-        QCOMPARE(recent->GetCommand(), command); // found as soon as there is one
+        QCOMPARE(recent->GetCommand(), command); // found as soon as it exists
 
         CFxUIAccelerator *const accelerator = customization.CreateAccelerator(command, CFxString());
         QVERIFY(accelerator->GetKey().isEmpty());
@@ -170,7 +170,7 @@ private slots:
         QCOMPARE(QString(accelerator->GetLabel()), QString("Again"));
     }
 
-    void aMadeEntryIsWhatItWasMadeOf()
+    void createdEntryHasTheGivenValues()
     {
         LoadedCustomization customization;
         CFxUICommand *const open = customization.main()->GetCommand(0);
@@ -183,7 +183,7 @@ private slots:
         QCOMPARE(item->GetChildCount(), 0);
     }
 
-    void anEntryGoesBeforeTheReference()
+    void entryIsInsertedBeforeTheReference()
     {
         const QStringList before = {"MI_Open", "", "MI_Again"};
         for (int reference = -1; reference <= before.size(); ++reference) {
@@ -194,14 +194,14 @@ private slots:
             QCOMPARE(customization.file()->InsertChild(reference, item.get()), isPlace);
             QStringList after = before;
             if (isPlace) {
-                static_cast<void>(item.release()); // it is the menu's now
+                static_cast<void>(item.release()); // owned by the menu
                 after.insert(reference, "NEW");
             }
             QCOMPARE(childrenOf(*customization.file()), after);
         }
     }
 
-    void whatIsNoNewEntryOrHasNoReferenceIsNotInserted()
+    void invalidEntriesAndReferencesAreRefused()
     {
         const LoadedCustomization customization;
         CFxUIMenuItem *const file = customization.file();
@@ -217,7 +217,7 @@ private slots:
         QCOMPARE(empty.GetChildCount(), 0);
     }
 
-    void refreshIsPassedOn()
+    void refreshEmitsASignal()
     {
         Customization customization;
         QSignalSpy refreshed(&customization, &Customization::refreshed);
@@ -248,7 +248,7 @@ private slots:
         QCOMPARE(childrenOf(*menu->GetChild(4)), QStringList("I5"));
     }
 
-    void damagedDataNameThePlace_data()
+    void damagedDataAreReportedWithThePlace_data()
     {
         QTest::addColumn<QByteArray>("json");
         QTest::addColumn<QString>("place");
@@ -261,7 +261,7 @@ private slots:
         row("a word in a list", "{\n  \"groups\": [\n    { oops }\n  ]\n}\n", "Line 3: ");
         row("a list", "[]", "The data ");
         row("an empty object", "{}", "The data ");
-        row("groups that are no list", R"({"groups": {}})", "The data ");
+        row("groups that are not a list", R"({"groups": {}})", "The data ");
         row("an unknown member", R"({"groups": [], "start": {}})", "The data ");
         row("a group that is a number", R"({"groups": [ 7 ]})", "groups[0] ");
 
@@ -316,13 +316,13 @@ private slots:
             withItem(R"({"identifier": "I", "label": "L", "items": [ {"separator": true}, {} ]})"),
             "groups[0].menus[0].items[0].items[1] ");
         constexpr int depth = 100000;
-        row("menus in menus without end",
+        row("endlessly nested menus",
             withItem(QByteArray(R"({"identifier": "I", "label": "L", "items": [ )").repeated(depth) +
                      QByteArray(" ] }").repeated(depth)),
             "");
     }
 
-    void damagedDataNameThePlace()
+    void damagedDataAreReportedWithThePlace()
     {
         QFETCH(QByteArray, json);
         QFETCH(QString, place);

@@ -26,7 +26,7 @@ using namespace testbytes;
 
 namespace {
 
-//! A host, and what it tells of its drawings.
+//! A host, and its notifications about drawings.
 struct ListenedHost : RealHost
 {
     std::size_t openCount() const { return documents.documents().size(); }
@@ -66,11 +66,11 @@ class tst_Documents : public TestCase
 private slots:
     void initTestCase() { qRegisterMetaType<Document *>("fxhost::Document*"); }
 
-    void aNewDrawingIsToldStepByStep()
+    void reactorsAreNotifiedOfEachStepOfANewDrawing()
     {
         ListenedHost running;
-        running.documents.AddReactor(&running.listener); // which is listed once all the same
-        const QObject scope; // the host closes its drawings when the listener is gone
+        running.documents.AddReactor(&running.listener); // is added only once
+        const QObject scope; // the host closes its drawings after the listener is deleted
         connect(&running.documents, &DocumentManager::documentAdded, &scope,
                 [&](Document *d) { running.listener.events << "documentAdded " + d->title(); });
         connect(&running.documents, &DocumentManager::currentChanged, &scope,
@@ -87,7 +87,7 @@ private slots:
         QCOMPARE(running.recent(), QStringList());
     }
 
-    void anOpenedDrawingIsListedBeforeItIsToldOf()
+    void openedDrawingIsListedBeforeReactorsAreNotified()
     {
         ListenedHost running;
         const QString path = running.makeFile("plan.dwg", drawingWithAPicture());
@@ -108,7 +108,7 @@ private slots:
         QCOMPARE(file.preview, storedPicture());
     }
 
-    void closingIsToldStepByStepAndTheLastOneOpenedTakesOver()
+    void reactorsAreNotifiedOfEachStepOfClosing()
     {
         ListenedHost running;
         running.documents.newDocument();
@@ -130,20 +130,20 @@ private slots:
         QCOMPARE(QString(running.documents.newDocument()->title()), QString("Drawing3"));
     }
 
-    void aReactorMayCloseTheDrawingItHearsOf_data()
+    void reactorMayCloseTheDrawingOfItsEvent_data()
     {
         QTest::addColumn<QString>("event");
         for (const char *event : {"Created", "ToBeActivated", "Activated", "BecameCurrent"})
             QTest::newRow(event) << QString(event);
     }
 
-    void aReactorMayCloseTheDrawingItHearsOf()
+    void reactorMayCloseTheDrawingOfItsEvent()
     {
         QFETCH(QString, event);
         ListenedHost running;
         running.listener.on(event,
                             [&](CFxDocument *d) { running.documents.close(static_cast<Document *>(d)); });
-        DocumentListener late(running.host); // hears of the event when the drawing is closed already
+        DocumentListener late(running.host); // is notified after the drawing is closed
 
         QCOMPARE(running.documents.newDocument(), nullptr);
 
@@ -172,7 +172,7 @@ private slots:
         QCOMPARE(QString(running.documents.current()->title()), QString("Drawing2"));
     }
 
-    void reactorsMayComeAndGoWhileTheyAreTold()
+    void reactorsMayBeAddedAndRemovedDuringAnEvent()
     {
         ListenedHost running;
         auto second = std::make_unique<DocumentListener>(running.host);
@@ -185,7 +185,7 @@ private slots:
         QCOMPARE(third->events.first(), QString("DatabaseAttached Drawing1"));
     }
 
-    void aReactorThatThrowsKeepsTheOthersFromNothing()
+    void othersAreNotifiedAfterAReactorThatThrows()
     {
         ListenedHost running;
         DocumentListener other(running.host);
@@ -199,20 +199,20 @@ private slots:
         QCOMPARE(running.messages.size(), 2);
     }
 
-    void noExceptionLeavesTheOpeningForAModule_data()
+    void noExceptionReachesTheModuleThatOpens_data()
     {
         QTest::addColumn<bool>("isException");
         QTest::newRow("a std::exception") << true;
         QTest::newRow("something else") << false;
     }
 
-    void noExceptionLeavesTheOpeningForAModule()
+    void noExceptionReachesTheModuleThatOpens()
     {
         QFETCH(bool, isException);
         RealHost running;
-        QString told;
+        QString message;
         const auto fail = [&](const QString &text) {
-            told = text;
+            message = text;
             if (isException)
                 throw std::runtime_error("out of paper");
             throw 7;
@@ -225,20 +225,20 @@ private slots:
         const QString reason =
             isException ? "The host failed: out of paper" : "The host failed: unknown exception";
         QCOMPARE(fxhost::fromOdString(result), reason);
-        QVERIFY2(told.contains(reason), qPrintable(told));
+        QVERIFY2(message.contains(reason), qPrintable(message));
 
         QVERIFY(documents.OpenDocument(running.makeDrawing("plan.dwg"), 0, 0, result));
         QVERIFY(result.isEmpty());
     }
 
-    void whatCannotBeOpenedOpensNothing_data()
+    void failedOpenChangesNothing_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<int>("mode");
         QTest::addColumn<int>("flags");
         QTest::newRow("missing") << "missing.dwg" << 0 << 0;
         QTest::newRow("a directory") << "." << 0 << 0;
-        QTest::newRow("no drawing") << "text.dwg" << 0 << 0;
+        QTest::newRow("not a drawing") << "text.dwg" << 0 << 0;
         QTest::newRow("an empty file") << "empty.dwg" << 0 << 0;
         QTest::newRow("a name with argument markers") << "missing %1 %2.dwg" << 0 << 0;
         QTest::newRow("an empty path") << QString() << 0 << 0;
@@ -246,7 +246,7 @@ private slots:
         QTest::newRow("a reserved flag") << "plan.dwg" << 0 << 1;
     }
 
-    void whatCannotBeOpenedOpensNothing()
+    void failedOpenChangesNothing()
     {
         QFETCH(QString, name);
         QFETCH(int, mode);
@@ -274,7 +274,7 @@ private slots:
         QVERIFY(result.isEmpty());
     }
 
-    void aDrawingThatIsOpenComesToTheFront_data()
+    void openDrawingIsBroughtToTheFront_data()
     {
         QTest::addColumn<bool>("isLink");
         QTest::addColumn<bool>("isDeleted");
@@ -283,7 +283,7 @@ private slots:
         QTest::newRow("when it was deleted") << false << true;
     }
 
-    void aDrawingThatIsOpenComesToTheFront()
+    void openDrawingIsBroughtToTheFront()
     {
         QFETCH(bool, isLink);
         QFETCH(bool, isDeleted);
@@ -335,14 +335,14 @@ private slots:
         QCOMPARE(running.listener.events, QStringList());
     }
 
-    void aWindowThatGoesMayHandTheCurrentPlaceOn()
+    void closingWindowMayMakeAnotherCurrent()
     {
         RealHost running;
         DocumentManager &documents = running.host.documents();
         Document *const first = documents.newDocument();
         documents.newDocument();
         Document *const third = documents.newDocument();
-        // As a window area does that shows another window as soon as one is taken out.
+        // As a window area that shows another window as soon as one is removed.
         connect(&documents, &DocumentManager::documentAboutToClose, &documents,
                 [&] { documents.setCurrent(first); });
         QSignalSpy currentChanged(&documents, &DocumentManager::currentChanged);
@@ -351,7 +351,7 @@ private slots:
         QCOMPARE(currentChanged.size(), 1);
     }
 
-    // Their pictures, as modules read them.
+    // Pictures, as modules read them.
 
     void threadsReadTheSamePictures()
     {
@@ -365,14 +365,14 @@ private slots:
             QCOMPARE(image.get(), storedPicture());
     }
 
-    void whereThereIsNoPictureNoneIsRead()
+    void noPictureIsReadWhereThereIsNone()
     {
         RealHost running;
         const std::unique_ptr<CFxPreviewBitmap> preview(CFxPreviewBitmap::Create());
         QVERIFY(!preview->IsValid());
         QVERIFY(preview->Load(running.makeFile("plan.dwg", drawingWithAPicture())));
         QVERIFY(!preview->Load(running.makeDrawing("bare.dwg")));
-        QVERIFY(!preview->IsValid()); // the former picture is not left
+        QVERIFY(!preview->IsValid()); // the former picture is not kept
         QVERIFY(!preview->Load(running.path("missing.dwg")));
         QImage image(1, 1, QImage::Format_RGB32);
         preview->ToImage(image);

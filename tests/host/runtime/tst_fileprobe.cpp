@@ -22,7 +22,7 @@ namespace {
 
 const qint64 usualDeadline = fxhost::ProbeWait().deadline.count(); // milliseconds
 
-//! The process that is the helper of this one; empty when there is none, or several.
+//! The helper process of this one; empty if there is none, or several.
 QString helperId()
 {
     QProcess pgrep;
@@ -32,7 +32,7 @@ QString helperId()
     return found.contains('\n') ? QString() : found;
 }
 
-//! Ends helpers of this process. \return whether there was one
+//! Kills the helpers of this process. \return whether there was one
 bool killHelper()
 {
     QProcess pkill;
@@ -40,11 +40,11 @@ bool killHelper()
     return pkill.waitForFinished() && pkill.exitCode() == 0;
 }
 
-//! The threads that programs started meanwhile can have.
+//! Limits the threads of programs that are started meanwhile.
 class Threads
 {
 public:
-    //! \param spared how many of a program's first ones it can have in any case
+    //! \param spared how many a program can have in any case
     explicit Threads(int spared = 0)
     {
         qputenv("STUCK_THREADS", QFile::encodeName(m_lever));
@@ -54,22 +54,44 @@ public:
     Q_DISABLE_COPY(Threads)
 
     void runOut() const { QFile(m_lever).open(QIODevice::WriteOnly); }
-    void areThereAgain() const { QFile::remove(m_lever); }
+    void allowAgain() const { QFile::remove(m_lever); }
 
 private:
     const QTemporaryDir m_folder;
     const QString m_lever = m_folder.filePath("no threads");
 };
 
+//! A list of recent documents, and what modules get of it.
+class ModulesList
+{
+public:
+    ModulesList(FileProbe &probe, const QStringList &paths) : m_list(m_profile.list, probe, m_profile.report)
+    {
+        m_profile.list.setPaths(paths);
+    }
+    QStringList given() const
+    {
+        std::vector<CFxString> paths{CFxString(L"left over")};
+        m_list.GetPaths(paths);
+        return {paths.begin(), paths.end()};
+    }
+    QStringList listed() const { return m_profile.list.paths(); }
+    QStringList messages() const { return m_profile.messages; }
+
+private:
+    RealProfile m_profile;
+    const ReachableRecentFiles m_list;
+};
+
 } // namespace
 
-//! Which files answer, told without waiting for those that do not.
+//! Which files respond, found without waiting for those that do not.
 class tst_FileProbe : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void whateverIsThereAnswers()
+    void everyKindOfFileAnswers()
     {
         const BytesOfSpecialFiles files;
         QStringList paths = {"/tmp/" + QString(300, 'n'), // too long a name, and too long a path
@@ -78,7 +100,7 @@ private slots:
                              "/tmp/ a b ",
                              fxhost::pathFromBytes("/tmp/\xff\xc3"),
                              "/proc/self/mem"};
-        for (int kind = 0; kind <= static_cast<int>(SpecialFile::SilentDevice); ++kind)
+        for (int kind = 0; kind <= static_cast<int>(SpecialFile::EmptyDevice); ++kind)
             paths.append(files.path(static_cast<SpecialFile>(kind)));
         FileProbe probe;
         for (const QString &path : qAsConst(paths))
@@ -89,11 +111,11 @@ private slots:
         QCOMPARE(probe.problem(), QString());
     }
 
-    void aBusyMachineIsNoSilentFile()
+    void busyMachineDoesNotMakeAFileUnresponsive()
     {
         FileProbe probe;
         QCOMPARE(probe.unresponsive({"/"}), QStringList());
-        // The helper does not come to look for longer than a file has.
+        // The helper is stopped for longer than a file may take.
         QTRY_VERIFY(!helperId().isEmpty()); // those of former tests may take a moment to end
         const QString id = helperId();
         QElapsedTimer clock;
@@ -101,10 +123,10 @@ private slots:
         QVERIFY(id.toInt() > 0 && ::kill(id.toInt(), SIGSTOP) == 0);
         QVERIFY(QProcess::startDetached("sh", {"-c", "sleep 1; kill -CONT " + id}));
         QCOMPARE(probe.unresponsive({"/tmp"}), QStringList());
-        QVERIFY2(clock.elapsed() > usualDeadline, "the helper was not kept from looking");
+        QVERIFY2(clock.elapsed() > usualDeadline, "the helper was not stopped");
     }
 
-    void aHelperLeftBehindHoldsNothingOfTheHost()
+    void helperKeepsNothingOfTheHostOpen()
     {
         FileProbe probe;
         QCOMPARE(probe.unresponsive({"/tmp/a.dwg"}), QStringList());
@@ -114,8 +136,8 @@ private slots:
         QCOMPARE(QFile::symLinkTarget(helper + "fd/2"), QString("/dev/null"));
     }
 
-    void silentFilesAreToldFromTheOthers_data() { addStuckFolderRows(); }
-    void silentFilesAreToldFromTheOthers()
+    void unresponsiveFilesAreFound_data() { addStuckFolderRows(); }
+    void unresponsiveFilesAreFound()
     {
         STUCK_FOLDER_OR_SKIP(folder);
         const QTemporaryDir usual;
@@ -129,7 +151,7 @@ private slots:
         FileProbe probe;
         QCOMPARE(probe.unresponsive(paths), QStringList());
         folder.stopAnswering();
-        // Answers are good for a moment, and then asked for again.
+        // Answers are valid for a moment only.
         QTRY_COMPARE(probe.unresponsive(paths),
                      (kind == BytesInStuckFolder::Kind::Mount ? QStringList({first, missing, link})
                                                               : QStringList({first, missing})));
@@ -137,8 +159,8 @@ private slots:
         QTRY_COMPARE(probe.unresponsive(paths), QStringList());
     }
 
-    void silentFilesAreWaitedForOnce_data() { addStuckFolderRows(); }
-    void silentFilesAreWaitedForOnce()
+    void unresponsiveFilesAreWaitedForOnce_data() { addStuckFolderRows(); }
+    void unresponsiveFilesAreWaitedForOnce()
     {
         STUCK_FOLDER_OR_SKIP(folder);
         const QString file = folder.makeFile("a.dwg", "AC1032");
@@ -147,23 +169,23 @@ private slots:
         QElapsedTimer clock;
         clock.start();
         QCOMPARE(usualDeadline, 300);
-        constexpr int times = 100; // which would take half a minute
+        constexpr int times = 100; // would take half a minute if each waited
         for (int i = 0; i < times; ++i)
             QCOMPARE(probe.unresponsive({file}), QStringList(file));
-        QVERIFY2(clock.elapsed() >= usualDeadline, "it was not given its time");
+        QVERIFY2(clock.elapsed() >= usualDeadline, "it was not waited for");
         QVERIFY2(clock.elapsed() < times * usualDeadline / 2, "it was waited for again");
-        // Whoever is patient waits longer, and that counts from the first question too.
+        // A caller may wait longer; that time counts from the first question too.
         FileProbe other;
         clock.restart();
         const qint64 longer = 4 * usualDeadline;
         QCOMPARE(other.unresponsive({file}), QStringList(file));
         for (int i = 0; i < times; ++i)
             QCOMPARE(other.unresponsive({file}, {std::chrono::milliseconds(longer), {}}), QStringList(file));
-        QVERIFY2(clock.elapsed() >= longer, "it was not given its longer time");
-        QVERIFY2(clock.elapsed() < times * longer / 2, "it was waited for as long again");
+        QVERIFY2(clock.elapsed() >= longer, "it was not waited for longer");
+        QVERIFY2(clock.elapsed() < times * longer / 2, "it was waited for longer again");
     }
 
-    void filesOfAServerThatWasReplacedAnswer()
+    void filesOfAReplacedServerAnswer()
     {
         BytesInStuckFolder folder(BytesInStuckFolder::Kind::Mount);
         if (!folder.problem().isEmpty())
@@ -172,16 +194,16 @@ private slots:
         folder.stopAnswering();
         FileProbe probe;
         QCOMPARE(probe.unresponsive({file}), QStringList(file));
-        folder.replaceServer(); // the former one keeps the question
+        folder.replaceServer(); // the former server never answers
         QTRY_COMPARE(probe.unresponsive({file}), QStringList());
     }
 
-    void whatAnsweredLongAgoIsAskedAnew_data() { addStuckFolderRows(); }
-    void whatAnsweredLongAgoIsAskedAnew()
+    void oldAnswersAreNotUsed_data() { addStuckFolderRows(); }
+    void oldAnswersAreNotUsed()
     {
         STUCK_FOLDER_OR_SKIP(folder);
         const QString file = folder.makeFile("a.dwg", "AC1032");
-        FileProbe witness; // which keeps looking, so that we know when the answer has come
+        FileProbe witness; // keeps asking, so that the test notices the answer
         FileProbe probe;
         folder.stopAnswering();
         QCOMPARE(probe.unresponsive({file}), QStringList(file));
@@ -189,14 +211,14 @@ private slots:
         folder.answerAgain();
         QTRY_COMPARE(witness.unresponsive({file}), QStringList());
         folder.stopAnswering();
-        // It did answer, while nobody listened.
+        // There was an answer that was not read.
         fxhost::ProbeWait wait;
         wait.answersGoodFor = std::chrono::minutes(1);
         QCOMPARE(probe.unresponsive({file}, wait), QStringList(file));
     }
 
-    void theEndDoesNotWaitForSilentFiles_data() { addStuckFolderRows(); }
-    void theEndDoesNotWaitForSilentFiles()
+    void destructorDoesNotWaitForUnresponsiveFiles_data() { addStuckFolderRows(); }
+    void destructorDoesNotWaitForUnresponsiveFiles()
     {
         STUCK_FOLDER_OR_SKIP(folder);
         const QString file = folder.makeFile("a.dwg", "AC1032");
@@ -220,9 +242,9 @@ private slots:
         QCOMPARE(probe.unresponsive({file}), QStringList(file));
         QVERIFY(killHelper());
         folder.answerAgain();
-        // What the old one was asked, the new one must be asked again.
+        // The new helper must be asked again what the old one was asked.
         QTRY_COMPARE(probe.unresponsive({file}), QStringList());
-        // And a death is never a silence.
+        // A helper that dies never makes a file unresponsive.
         for (int i = 0; i < 10; ++i) {
             QVERIFY(killHelper()); // there was a new one
             QCOMPARE(probe.unresponsive({QString("/tmp/there is no drawing %1.dwg").arg(i)}), QStringList());
@@ -230,38 +252,38 @@ private slots:
         QCOMPARE(probe.problem(), QString());
     }
 
-    void manySilentFilesHoldUpNoOther_data() { addStuckFolderRows(); }
-    void manySilentFilesHoldUpNoOther()
+    void manyUnresponsiveFilesDoNotDelayOthers_data() { addStuckFolderRows(); }
+    void manyUnresponsiveFilesDoNotDelayOthers()
     {
         STUCK_FOLDER_OR_SKIP(folder);
-        QStringList silent;
+        QStringList unresponsive;
         for (int i = 0; i < 200; ++i)
-            silent.append(folder.makeFile(QString("%1.dwg").arg(i), "AC1032"));
+            unresponsive.append(folder.makeFile(QString("%1.dwg").arg(i), "AC1032"));
         folder.stopAnswering();
         FileProbe probe;
-        QCOMPARE(probe.unresponsive(silent + QStringList("/tmp")), silent);
+        QCOMPARE(probe.unresponsive(unresponsive + QStringList("/tmp")), unresponsive);
     }
 
-    void whatNoThreadLooksAtIsSilentUntilOneDoes()
+    void filesWithoutAFreeThreadAreUnresponsive()
     {
         BytesInStuckFolder folder(BytesInStuckFolder::Kind::Calls);
         QVERIFY2(folder.problem().isEmpty(), qPrintable(folder.problem()));
         const QString stuck = folder.makeFile("a.dwg", "AC1032");
         const QString other = "/tmp";
-        const Threads threads(1); // as many as a machine with nothing else to do would need
+        const Threads threads(1); // as many as an idle machine needs
         threads.runOut();
         FileProbe probe;
         QCOMPARE(probe.unresponsive({stuck, other}), QStringList());
         folder.stopAnswering();
-        QCOMPARE(probe.unresponsive({stuck}), QStringList(stuck)); // and holds the only thread
+        QCOMPARE(probe.unresponsive({stuck}), QStringList(stuck)); // occupies the only thread
         QCOMPARE(probe.unresponsive({stuck, other}), QStringList({stuck, other}));
-        threads.areThereAgain();
+        threads.allowAgain();
         QTRY_COMPARE(probe.unresponsive({stuck, other}), QStringList(stuck));
         folder.answerAgain();
         QTRY_COMPARE(probe.unresponsive({stuck, other}), QStringList());
     }
 
-    void aHelperWithoutAThreadIsNone()
+    void helperWithoutAThreadIsReported()
     {
         const Threads threads;
         threads.runOut();
@@ -270,10 +292,10 @@ private slots:
         clock.start();
         QCOMPARE(probe.unresponsive({"/tmp"}), QStringList());
         QVERIFY(!probe.problem().isEmpty());
-        QVERIFY2(clock.elapsed() < 5000, "it was waited for as if it were busy");
+        QVERIFY2(clock.elapsed() < 5000, "it was waited for");
     }
 
-    void withoutAHelperNothingIsSilent()
+    void withoutAHelperNoFileIsUnresponsive()
     {
         BytesInStuckFolder folder(BytesInStuckFolder::Kind::Calls);
         QVERIFY2(folder.problem().isEmpty(), qPrintable(folder.problem()));
@@ -283,62 +305,46 @@ private slots:
         FileProbe probe(nowhere);
         QCOMPARE(probe.unresponsive({file}), QStringList());
         QVERIFY2(probe.problem().contains(nowhere), qPrintable(probe.problem()));
-        FileProbe silentOne("/bin/true"); // starts, and says nothing
-        QCOMPARE(silentOne.unresponsive({file}), QStringList());
-        QVERIFY(!silentOne.problem().isEmpty());
+        FileProbe mute("/bin/true"); // starts, and writes nothing
+        QCOMPARE(mute.unresponsive({file}), QStringList());
+        QVERIFY(!mute.problem().isEmpty());
     }
 
-    // What of the recent documents modules get to see, and what the user is told of the others.
+    // The recent documents that modules get, and what is reported to the user about the others.
 
     void withoutAHelperModulesGetAllAndTheUserOneMessage()
     {
         const QString nowhere = "/no such folder/fxprobe";
-        RealProfile profile;
-        fxhost::RecentFiles &listed = profile.list;
-        listed.setPaths({"/a.dwg"});
         FileProbe probe(nowhere);
-        QStringList said;
-        const ReachableRecentFiles list(listed, probe, [&](const QString &text) { said.append(text); });
-        std::vector<CFxString> paths;
-        for (int i = 0; i < 3; ++i) {
-            list.GetPaths(paths);
-            QCOMPARE(QStringList(paths.begin(), paths.end()), listed.paths());
-        }
-        QCOMPARE(said.size(), 1);
-        QVERIFY2(said.constFirst().contains(nowhere), qPrintable(said.constFirst()));
+        const ModulesList list(probe, {"/a.dwg"});
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(list.given(), QStringList("/a.dwg"));
+        QCOMPARE(list.messages().size(), 1);
+        QVERIFY2(list.messages().constFirst().contains(nowhere), qPrintable(list.messages().constFirst()));
     }
 
-    void modulesGetWhatAnswers_data() { addStuckFolderRows(); }
-    void modulesGetWhatAnswers()
+    void modulesGetOnlyResponsiveFiles_data() { addStuckFolderRows(); }
+    void modulesGetOnlyResponsiveFiles()
     {
         STUCK_FOLDER_OR_SKIP(folder);
         const QString away = folder.makeFile("away.dwg", "AC1032");
         const QString astral = "/\u6771\u4eac \U0001F4D0.dwg";
-        RealProfile profile;
-        fxhost::RecentFiles &listed = profile.list;
-        listed.setPaths({astral, away, "/b.dwg"});
+        const QStringList all = {astral, away, "/b.dwg"};
         FileProbe probe;
-        QStringList said;
-        const ReachableRecentFiles list(listed, probe, [&](const QString &text) { said.append(text); });
-        const auto given = [&list] {
-            std::vector<CFxString> paths{CFxString(L"left over")};
-            list.GetPaths(paths);
-            return QStringList(paths.begin(), paths.end());
-        };
-        QCOMPARE(given(), listed.paths());
-        QCOMPARE(said, QStringList());
-
-        const QStringList all = listed.paths();
+        const ModulesList list(probe, all);
+        QCOMPARE(list.given(), all);
+        QCOMPARE(list.messages(), QStringList());
         for (int round = 1; round <= 2; ++round) {
             folder.stopAnswering();
-            QTRY_COMPARE(given(), QStringList({astral, "/b.dwg"}));
-            QCOMPARE(given().size(), 2);
-            QCOMPARE(listed.paths(), all); // kept all the same
-            QCOMPARE(said.size(), round);  // once each time
-            QVERIFY2(said.constLast().contains(away) && !said.constLast().contains(astral),
-                     qPrintable(said.constLast()));
+            QTRY_COMPARE(list.given(), QStringList({astral, "/b.dwg"}));
+            QCOMPARE(list.given().size(), 2);
+            QCOMPARE(list.listed(), all);
+            const QStringList messages = list.messages();
+            QCOMPARE(messages.size(), round);
+            QVERIFY2(messages.constLast().contains(away) && !messages.constLast().contains(astral),
+                     qPrintable(messages.constLast()));
             folder.answerAgain();
-            QTRY_COMPARE(given(), all);
+            QTRY_COMPARE(list.given(), all);
         }
     }
 };

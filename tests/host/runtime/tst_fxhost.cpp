@@ -32,7 +32,7 @@ QWidget *mainWindow()
     return GetFxSystemServices()->GetMainFrame()->GetMainWindow();
 }
 
-//! Writes down what is told of the main window and the application.
+//! Records notifications about the main window and the application.
 class WindowListener : public CFxEditorReactor
 {
 public:
@@ -56,7 +56,7 @@ private:
     FxHost &m_host;
 };
 
-//! A profile that outlives the hosts which run on it.
+//! A profile that outlives its hosts.
 class Profile
 {
     QTemporaryDir m_folder;
@@ -72,7 +72,7 @@ public:
     }
 };
 
-//! A host on a profile, and what it says.
+//! A host with a profile, and its messages.
 struct ProfileHost
 {
     explicit ProfileHost(const QString &profile) : host(profile, QString())
@@ -82,8 +82,8 @@ struct ProfileHost
     }
     explicit ProfileHost(const Profile &profile) : ProfileHost(profile.directory) {}
 
-    //! Whether it has said one thing, and of this file.
-    bool hasSaidOnce(const QString &file) const
+    //! Whether there is one message, about this file.
+    bool hasOneMessage(const QString &file) const
     {
         return messages.size() == 1 && messages.first().contains(file);
     }
@@ -128,7 +128,7 @@ private slots:
         services->GetApplication()->GetUserProfile()->GetRecentFileList()->GetPaths(paths);
         QCOMPARE(paths, std::vector<CFxString>{CFxString(L"/a.dwg")});
 
-        // What the engine gives is counted and the caller's.
+        // Objects of the engine are counted; the caller owns a reference.
         OdEdCommandStack *const stack = odedRegCmds();
         OdEditor *const editor = odedEditor();
         QCOMPARE(stack, &running.host.commandStack());
@@ -140,7 +140,7 @@ private slots:
         QCOMPARE(editor->numRefs(), 1);
     }
 
-    void theMainWindowComesAndGoes()
+    void reactorsAreNotifiedOfTheMainWindow()
     {
         RealHost running;
         WindowListener listener(running.host);
@@ -160,13 +160,13 @@ private slots:
         QCOMPARE(mainWindow(), nullptr);
 
         running.host.setMainWindow(second.get());
-        second.reset(); // and nobody has told the host
+        second.reset(); // without notice to the host
         QCOMPARE(mainWindow(), nullptr);
         running.host.setMainWindow(nullptr);
         QCOMPARE(listener.events.mid(5), QStringList("created second"));
     }
 
-    void comingToTheFrontIsTold()
+    void reactorsAreNotifiedOfActivation()
     {
         RealHost running;
         WindowListener listener(running.host);
@@ -175,7 +175,7 @@ private slots:
         QCOMPARE(listener.events, QStringList({"app activated", "app deactivated"}));
     }
 
-    void theEndClosesDrawingsBeforeTheWindowGoes()
+    void destructorClosesDrawingsBeforeTheWindow()
     {
         QStringList order;
         QWidget window;
@@ -199,9 +199,9 @@ private slots:
         QCOMPARE(order, QStringList({"drawing", "window"}));
     }
 
-    // Its profile.
+    // The profile.
 
-    void aProfileComesBack()
+    void profileIsRestored()
     {
         const Profile profile;
         {
@@ -224,14 +224,14 @@ private slots:
         QCOMPARE(next.settings.lastDirectory(), QString(" /pl\u00e4ne, \U0001F4D0 "));
     }
 
-    void aDamagedListIsToldOnceThereIsSomebodyToHear()
+    void damagedListIsReportedOnce()
     {
         const Profile profile;
         profile.write("recent.txt", "rubbish");
         for (const bool isDamaged : {true, false}) {
             const ProfileHost running(profile);
             drainEvents();
-            QCOMPARE(running.hasSaidOnce(profile.file("recent.txt")), isDamaged);
+            QCOMPARE(running.hasOneMessage(profile.file("recent.txt")), isDamaged);
             QCOMPARE(running.messages.size(), isDamaged ? 1 : 0);
         }
     }
@@ -244,8 +244,8 @@ private slots:
         {
             const ProfileHost running(profile);
             drainEvents();
-            QVERIFY(running.hasSaidOnce(profile.file("settings.ini.damaged")));
-            QCOMPARE(running.recent.maximum(), 10); // nothing of what could be read
+            QVERIFY(running.hasOneMessage(profile.file("settings.ini.damaged")));
+            QCOMPARE(running.recent.maximum(), 10); // not even what could be read
         }
         QCOMPARE(contentOfFile(profile.file("settings.ini.damaged")), damaged);
         {
@@ -275,7 +275,7 @@ private slots:
             ProfileHost running(profile);
             QCOMPARE(running.recent.maximum(), maximum);
             QCOMPARE(running.settings.lastDirectory(), QString(directory));
-            running.settings.setLastDirectory("/a folder"); // which writes the file anew
+            running.settings.setLastDirectory("/a folder"); // writes the file again
         }
     }
 
@@ -288,31 +288,31 @@ private slots:
             const QByteArray before = contentOfFile(profile.file("settings.ini"));
             {
                 const BytesOnFullDisk disk(
-                    512); // bytes: Qt's lock file has room, so that it comes to the writing
+                    512); // bytes: enough for Qt's lock file, so that the settings are written
                 running.recent.setMaximum(20);
                 running.settings.setWindowGeometry("g");
             }
             QCOMPARE(contentOfFile(profile.file("settings.ini")), before);
-            QVERIFY(running.hasSaidOnce(profile.file("settings.ini")));
+            QVERIFY(running.hasOneMessage(profile.file("settings.ini")));
         }
-        QCOMPARE(ProfileHost(profile).recent.maximum(), 20); // written in the end
+        QCOMPARE(ProfileHost(profile).recent.maximum(), 20); // written when the host is deleted
     }
 
-    void aProfileThatCannotBeMadeIsTold()
+    void profileThatCannotBeMadeIsReported()
     {
         const Profile profile;
         profile.write("file", "in the way");
         ProfileHost running(profile.file("file/profile"));
         drainEvents();
-        QVERIFY(running.hasSaidOnce(profile.file("file/profile")));
-        running.recent.add("/a.dwg"); // cannot be kept, which is told as well
+        QVERIFY(running.hasOneMessage(profile.file("file/profile")));
+        running.recent.add("/a.dwg"); // cannot be stored, which is reported too
         QCOMPARE(running.messages.size(), 2);
         QCOMPARE(running.recent.paths(), QStringList("/a.dwg"));
-        running.recent.add("/b.dwg"); // nor can this; it is as was told
+        running.recent.add("/b.dwg"); // nor can this; already reported
         QCOMPARE(running.messages.size(), 2);
     }
 
-    void whatAnotherHostHasMadeOfTheProfileHolds()
+    void changesByAnotherHostAreKept()
     {
         const Profile profile;
         ProfileHost running(profile);
@@ -323,7 +323,7 @@ private slots:
         fxhost::RecentFileStore(profile.file("recent.txt")).update({}, [&](const QStringList &) {
             return paths;
         });
-        // Turning from the one to the other, the user finds the list as it was left there.
+        // The list is read again when the user returns to this host.
         QCOMPARE(running.recent.paths(), QStringList());
         emit qGuiApp->applicationStateChanged(Qt::ApplicationActive);
         QCOMPARE(running.recent.paths(), paths);
@@ -334,7 +334,7 @@ private slots:
         QVERIFY(!running.recent.remove(paths.constLast()));
     }
 
-    void whatCouldNotBeKeptIsKeptAtTheEnd()
+    void unwrittenListIsWrittenAtTheEnd()
     {
         const Profile profile;
         const QString file = profile.file("recent.txt");
@@ -348,12 +348,12 @@ private slots:
         QCOMPARE(fxhost::RecentFileStore(file).load().paths, QStringList("/a.dwg"));
     }
 
-    // Its log.
+    // The log.
 
-    void everyKindOfEntryIsALineAtOnce()
+    void everyEntryIsWrittenAtOnceAsALine()
     {
         const Profile folder;
-        folder.write("host.log", "help 1\n"); // which a second run continues
+        folder.write("host.log", "help 1\n"); // to which a second run appends
         HostLog log(folder.file("host.log"));
         log.command("_RECENT", 5100);
         log.unknownCommand("nonsense");
@@ -377,7 +377,7 @@ private slots:
                             "module /m.so failed\n"));
     }
 
-    void aLogThatCannotBeWrittenIsTold()
+    void logThatCannotBeWrittenIsReported()
     {
         HostLog none{QString()};
         none.help(1);

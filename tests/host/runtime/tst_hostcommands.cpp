@@ -15,7 +15,7 @@ class tst_HostCommands : public TestCase
     Q_OBJECT
 
 private slots:
-    void drawingsAreMadeAndClosed()
+    void drawingsAreCreatedAndClosed()
     {
         RealHost running;
         running.host.commands().runMacro("NEW;NEW;CLOSE");
@@ -43,7 +43,7 @@ private slots:
         row("in other quotes", "'a b.dwg'", "a b.dwg");
         row("below the home folder", "~/a b.dwg", "a b.dwg");
         row("both", "\"~/a b.dwg\"", "a b.dwg");
-        row("quotes that are the name's", "\"c.dwg\"", "\"c.dwg\"");
+        row("quotes that belong to the name", "\"c.dwg\"", "\"c.dwg\"");
         row("a folder of that name", "~/c.dwg", "~/c.dwg");
         row("quotes within", "d\"e\".dwg", "d\"e\".dwg");
     }
@@ -131,7 +131,7 @@ private slots:
         QVERIFY(running.host.documents().documents().empty());
     }
 
-    void whatMakesNoSenseFailsWithAMessage_data()
+    void invalidArgumentsFailWithAMessage_data()
     {
         QTest::addColumn<QString>("line");
         for (const char *line :
@@ -142,7 +142,7 @@ private slots:
             QTest::newRow(line) << QString(line);
     }
 
-    void whatMakesNoSenseFailsWithAMessage()
+    void invalidArgumentsFailWithAMessage()
     {
         QFETCH(QString, line);
         RealHost running;

@@ -22,14 +22,14 @@ using fxhost::CommandRunner;
 
 namespace {
 
-//! A host with a window, and what its modules are called for.
+//! A host with a window, and modules that record their calls.
 struct Modules : RealHost
 {
     Modules() { takeCalls(); }
     ~Modules() { host.setMainWindow(nullptr); }
     Q_DISABLE_COPY(Modules)
 
-    //! The companion, in the main window.
+    //! Loads the companion and shows its panel in the main window.
     void showCompanion()
     {
         if (!manager.load(companion))
@@ -49,17 +49,17 @@ struct Modules : RealHost
     const QString first = modulePath("first");
     const QString second = modulePath("second");
     const QString companion = modulePath("companion");
-    // As the log says of the companion.
+    // Lines of the log.
     const QString isLoaded = "module " + companion + " loaded";
     const QString isUnloaded = "module " + companion + " unloaded";
 };
 
-// What a module is called for.
-const QStringList comes = {"create", "addRef", "initApp"};
-const QStringList sees("mainFrameCreated");
-const QStringList hears("DocumentCreated");
-const QStringList leaves("mainFrameDestroyed");
-const QStringList goes = {"uninitApp", "release", "deleteModule", "unloaded"};
+// Calls of a module.
+const QStringList startCalls = {"create", "addRef", "initApp"};
+const QStringList windowCalls("mainFrameCreated");
+const QStringList documentCalls("DocumentCreated");
+const QStringList noWindowCalls("mainFrameDestroyed");
+const QStringList endCalls = {"uninitApp", "release", "deleteModule", "unloaded"};
 
 QStringList of(const char *module, const QStringList &calls)
 {
@@ -68,7 +68,7 @@ QStringList of(const char *module, const QStringList &calls)
 
 } // namespace
 
-//! Modules come and go, and never beneath their own code.
+//! Loading and unloading of modules, never while their own code runs.
 class tst_ModuleManager : public TestCase
 {
     Q_OBJECT
@@ -80,41 +80,46 @@ private slots:
         fxhost::keepBytesOfPaths();
     }
 
-    void aModulesLifeIsInOrder_data()
+    void modulesAreCalledInOrder_data()
     {
         QTest::addColumn<QString>(
-            "story"); // f, s: a module comes or goes; w: the window does; d: a drawing comes
-        QTest::addColumn<QStringList>("calls"); // to the host's end
-        const QStringList both =
-            of("first", comes) + of("second", comes) + of("first", sees) + of("second", sees);
-        const QStringList end = of("first", leaves) + of("second", leaves + goes) + of("first", goes);
-        QTest::newRow("a whole life") << "fwwf" << of("first", comes + sees + leaves + goes);
-        QTest::newRow("to the host's end, with the window") << "fsw" << both + end;
-        QTest::newRow("early gone") << "fswf"
-                                    << both + of("first", leaves + goes) + of("second", leaves + goes);
-        QTest::newRow("again") << "fff" << of("first", comes + goes + comes + goes);
+            "steps"); // f, s: (un)load a module; w: create or destroy the window; d: new drawing
+        QTest::addColumn<QStringList>("calls"); // until the host is deleted
+        const QStringList both = of("first", startCalls) + of("second", startCalls) +
+                                 of("first", windowCalls) + of("second", windowCalls);
+        const QStringList hostEnd =
+            of("first", noWindowCalls) + of("second", noWindowCalls + endCalls) + of("first", endCalls);
+        QTest::newRow("every call") << "fwwf"
+                                    << of("first", startCalls + windowCalls + noWindowCalls + endCalls);
+        QTest::newRow("until the host is deleted, with the window") << "fsw" << both + hostEnd;
+        QTest::newRow("unloaded early")
+            << "fswf"
+            << both + of("first", noWindowCalls + endCalls) + of("second", noWindowCalls + endCalls);
+        QTest::newRow("again") << "fff" << of("first", startCalls + endCalls + startCalls + endCalls);
         QTest::newRow("late, without a drawing")
-            << "fws" << of("first", comes + sees) + of("second", comes + sees) + end;
+            << "fws"
+            << of("first", startCalls + windowCalls) + of("second", startCalls + windowCalls) + hostEnd;
         QTest::newRow("late, with two drawings")
             << "fwdds"
-            << of("first", comes + sees + hears + hears) + of("second", comes + sees + hears) + end;
+            << of("first", startCalls + windowCalls + documentCalls + documentCalls) +
+                   of("second", startCalls + windowCalls + documentCalls) + hostEnd;
     }
 
-    void aModulesLifeIsInOrder()
+    void modulesAreCalledInOrder()
     {
-        QFETCH(QString, story);
+        QFETCH(QString, steps);
         QFETCH(QStringList, calls);
-        QWidget window; // outlives the host
+        QWidget mainWindow; // outlives the host
         QStringList messages;
         {
             RealHost running;
             takeCalls();
             QStringList loaded;
             bool isShown = false;
-            for (const QChar step : qAsConst(story)) {
+            for (const QChar step : qAsConst(steps)) {
                 const QString module = modulePath(step == 'f' ? "first" : "second");
                 if (step == 'w')
-                    running.host.setMainWindow((isShown = !isShown) ? &window : nullptr);
+                    running.host.setMainWindow((isShown = !isShown) ? &mainWindow : nullptr);
                 else if (step == 'd')
                     running.host.documents().newDocument();
                 else if (loaded.removeOne(module))
@@ -129,17 +134,17 @@ private slots:
             }
             messages = running.messages;
         }
-        QStringList made = takeCalls();
-        QCOMPARE(made.replaceInStrings(QRegularExpression(" /.*"), ""), calls); // without the module's path
+        QStringList actual = takeCalls();
+        QCOMPARE(actual.replaceInStrings(QRegularExpression(" /.*"), ""), calls); // without the module's path
         QCOMPARE(messages, QStringList());
     }
 
-    void aModuleGetsEveryByteOfItsName()
+    void moduleReceivesEveryByteOfItsName()
     {
         const QString former = QDir::currentPath();
         Modules running;
         QVERIFY(QDir::setCurrent(running.path(QString())));
-        // As text, a byte order mark first and half of a surrogate pair.
+        // As text, a byte order mark and half of a surrogate pair.
         const QString name = fxhost::pathFromBytes("\xef\xbb\xbf\xff.so");
         QVERIFY(QFile::copy(running.first, name));
         const bool isLoaded = running.manager.load(name);
@@ -162,7 +167,7 @@ private slots:
         QCOMPARE(running.manager.loaded(), QStringList(running.first));
     }
 
-    void whatIsNoModuleIsRefused_data()
+    void filesThatAreNotModulesAreRefused_data()
     {
         QTest::addColumn<QString>("path");
         QTest::addColumn<QString>("reason");
@@ -170,7 +175,7 @@ private slots:
             QTest::newRow(name) << path << QString(reason);
         };
         row("a missing file", "/nowhere/module.so", "no such file");
-        row("a file in the system's places", "libdl.so.2", "no such file"); // which are not searched
+        row("a file of the system's folders", "libdl.so.2", "no such file"); // which are not searched
         row("a directory", QCoreApplication::applicationDirPath(), "not a file");
         row("an empty path", "", "no such file");
         row("a FIFO", m_special.path(SpecialFile::Fifo), "");
@@ -179,7 +184,7 @@ private slots:
         for (const auto &[name, reason] : std::initializer_list<std::pair<const char *, const char *>>{
                  {"no", "odrxGetAPIVersion"},
                  {"half", "odrxCreateModuleObject"},
-                 {"unresolved", "nobodyDefinesThis"},
+                 {"unresolved", "undefinedFunction"},
                  {"wrong_version", "4.3.2.7"},
                  {"throws_when_asked", "no more chalk"},
                  {"throws_when_created", "no more chalk"},
@@ -188,7 +193,7 @@ private slots:
             row(name, modulePath(name), reason);
     }
 
-    void whatIsNoModuleIsRefused()
+    void filesThatAreNotModulesAreRefused()
     {
         QFETCH(QString, path);
         QFETCH(QString, reason);
@@ -204,10 +209,10 @@ private slots:
         QVERIFY(!path.endsWith("_module.so") || !isMapped(path));
         QCOMPARE(running.host.commandStack().commands(), commands);
         QVERIFY(running.hasNoReactors());
-        QVERIFY(running.manager.load(running.first)); // the host goes on
+        QVERIFY(running.manager.load(running.first)); // the host continues
     }
 
-    void aModuleThatThrowsAtItsEndIsUnloadedAllTheSame()
+    void moduleThatThrowsAtItsEndIsUnloaded()
     {
         Modules running;
         const QString path = modulePath("throws_when_ended");
@@ -234,16 +239,16 @@ private slots:
         QVERIFY(running.hasNoReactors());
         QVERIFY(running.window.findChildren<QWidget *>().isEmpty());
         QStringList deleted = takeCalls();
-        deleted.sort(); // in which order is nobody's business
+        deleted.sort(); // the order is not defined
         QCOMPARE(deleted,
                  of("faulty", {"child deleted", "object deleted", "static deleted", "window deleted"}));
         running.commands.runLine("_LEFT");
-        running.host.documents().newDocument(); // neither reaches what is gone
+        running.host.documents().newDocument(); // neither reaches what is deleted
     }
 
     // By commands, and while they run.
 
-    void modulesComeAndGoBetweenTheLines()
+    void commandsLoadAndUnloadModules()
     {
         Modules running;
         running.commands.runMacro(
@@ -256,16 +261,16 @@ private slots:
         QVERIFY(!isMapped(running.companion));
     }
 
-    void whatWaitsMeanwhileComesAfterTheUnloading()
+    void waitingCommandsRunAfterTheUnloading()
     {
         Modules running;
         QVERIFY(running.manager.load(running.companion));
-        const auto goAndComeBack = [&] {
+        const auto reload = [&] {
             running.commands.runMacro(
                 QString("MODULEUNLOAD %1;MODULELOAD %1;COMPANION").arg(running.companion));
             running.commands.cancel();
         };
-        QMetaObject::invokeMethod(&running.host, goAndComeBack, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(&running.host, reload, Qt::QueuedConnection);
         running.commands.runLine("COMPANION wait");
         QCOMPARE(running.logged(),
                  QStringList({running.isLoaded, "command _COMPANION 5100", running.isUnloaded,
@@ -274,7 +279,7 @@ private slots:
         QCOMPARE(running.messages, QStringList());
     }
 
-    void aModuleIsUnloadedByWhatNamesItAlone_data()
+    void moduleIsUnloadedByAnUnambiguousName_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<bool>("isUnloaded");
@@ -287,7 +292,7 @@ private slots:
         QTest::newRow("the path of one of those") << modulePath("second") << true;
     }
 
-    void aModuleIsUnloadedByWhatNamesItAlone()
+    void moduleIsUnloadedByAnUnambiguousName()
     {
         QFETCH(QString, name);
         QFETCH(bool, isUnloaded);
@@ -302,7 +307,7 @@ private slots:
         QCOMPARE(running.logged().constLast(),
                  "command _MODULEUNLOAD " + QString(isUnloaded ? "5100" : "5102"));
         QCOMPARE(running.messages.size(), isUnloaded ? 0 : 1);
-        for (const QString &path : paths) // what could have been meant
+        for (const QString &path : paths) // the candidates
             QVERIFY(isUnloaded || running.messages.first().contains(path));
     }
 
@@ -319,14 +324,14 @@ private slots:
         QCOMPARE(running.messages.size(), 3);
     }
 
-    void aModuleStaysWhileItsCommandRuns_data()
+    void moduleIsNotUnloadedWhileItsCommandRuns_data()
     {
         QTest::addColumn<Qt::ConnectionType>("when");
-        QTest::newRow("when its start is told") << Qt::DirectConnection;
+        QTest::newRow("when its start is notified") << Qt::DirectConnection;
         QTest::newRow("in an event loop of its own") << Qt::QueuedConnection;
     }
 
-    void aModuleStaysWhileItsCommandRuns()
+    void moduleIsNotUnloadedWhileItsCommandRuns()
     {
         QFETCH(Qt::ConnectionType, when);
         Modules running;
@@ -346,7 +351,7 @@ private slots:
         QVERIFY(running.manager.unload(running.companion));
     }
 
-    void aModuleGoesAsSoonAsItsCommandHasEnded()
+    void moduleCanBeUnloadedWhenItsCommandHasEnded()
     {
         Modules running;
         running.showCompanion();
@@ -358,11 +363,11 @@ private slots:
         QVERIFY(!isMapped(running.companion));
     }
 
-    void aModuleDoesNotGoByItsOwnRequest()
+    void moduleCannotUnloadItself()
     {
         Modules running;
         running.showCompanion();
-        QTest::mouseClick(running.panel(), Qt::LeftButton); // in whose handler it asks to be unloaded
+        QTest::mouseClick(running.panel(), Qt::LeftButton); // whose handler asks to unload it
         QCOMPARE(takeCalls(), QStringList("companion clicked"));
         QVERIFY(running.panel());
         QCOMPARE(running.messages.size(), 1);

@@ -15,14 +15,14 @@
 using fxhost::pathBytes;
 using fxhost::pathFromBytes;
 
-//! File names that are any bytes, through text and back.
+//! File names of any bytes, converted to text and back.
 class tst_Paths : public TestCase
 {
     Q_OBJECT
 
 private slots:
     void initTestCase() { fxhost::keepBytesOfPaths(); }
-    void everyNameComesBack()
+    void everyNameIsRestored()
     {
         QVector<QByteArray> names = {QByteArray(),
                                      "/gr\xfcn.dwg",              // Latin 1
@@ -31,9 +31,9 @@ private slots:
                                      "/\x80\xbf",                 // a trail byte alone
                                      "/\xc0\xaf",                 // an overlong slash
                                      "/\xed\xa0\x80\xed\xb2\x80", // a surrogate
-                                     "/\xed\xb3\xbf",             // what carries a byte, as UTF-8
+                                     "/\xed\xb3\xbf", // the code point of an invalid byte, as UTF-8
                                      "/\xf4\x90\x80\x80\xf8\xff", // beyond Unicode
-                                     "/\xf0\x9f\x93\x90\x90",     // a wrong byte behind four bytes
+                                     "/\xf0\x9f\x93\x90\x90",     // a wrong byte after four bytes
                                      QByteArray("/a\0\xff\0", 5), // null bytes
                                      "\xef\xbb\xbf/a",            // a byte order mark
                                      "/\xef\xbf\xbd \xff",        // a replacement character
@@ -42,7 +42,7 @@ private slots:
                                      QByteArray(4095, '\xfe')};
         QRandomGenerator random(20261121);
         for (int round = 0; round < 20000; ++round) {
-            // Mostly bytes that lead, trail or look like surrogates.
+            // Mostly lead bytes, trail bytes and bytes of surrogates.
             const QByteArray usual("a\x80\xbf\xc3\xa4\xe6\x9d\xb1\xed\xb2\xf0\x9f\x93\x90\xff\xef");
             QByteArray name;
             for (int i = random.bounded(12); i > 0; --i)
@@ -53,13 +53,13 @@ private slots:
         for (const QByteArray &bytes : qAsConst(names)) {
             const QString path = pathFromBytes(bytes);
             QCOMPARE(pathBytes(path), bytes);
-            QCOMPARE(pathFromBytes("/folder/" + bytes), "/folder/" + path); // told alone, or with it
-            QCOMPARE(QString(CFxString(path)), path);                       // and through the modules' string
+            QCOMPARE(pathFromBytes("/folder/" + bytes), "/folder/" + path); // alone or with a folder
+            QCOMPARE(QString(CFxString(path)), path); // also through the modules' string
             QCOMPARE(pathBytes(CFxString(path)), bytes);
         }
     }
 
-    void namesThatAreUtf8AreThatText()
+    void utf8NamesAreDecoded()
     {
         const QString text = "/pl\u00e4ne/\u6771\u4eac \U0001F4D0\n.dwg";
         QCOMPARE(pathFromBytes(text.toUtf8()), text);
@@ -67,7 +67,7 @@ private slots:
         QCOMPARE(pathFromBytes("/\xe4\xc3\xa4"), QString(QString("/") + QChar(0xdce4) + QChar(0xe4)));
     }
 
-    void twoNamesAreNeverOneText()
+    void differentNamesGiveDifferentTexts()
     {
         QVERIFY(pathFromBytes("/a\xff") != pathFromBytes("/a\xfe"));
         QVERIFY(pathFromBytes("/a\xff") != pathFromBytes("/a\xef\xbf\xbd"));
@@ -89,7 +89,7 @@ private slots:
         QCOMPARE(folder.filePath(names.constFirst()), path);
     }
 
-    void otherProgramsAreToldTheBytes()
+    void otherProgramsReceiveTheBytes()
     {
         QProcess printf;
         printf.start("printf", {"%s", pathFromBytes("/gr\xfcn \xc3\xa4")});
@@ -118,7 +118,7 @@ private slots:
         QCOMPARE(text, QString("x\u00e4y\u00e4z\U0001F4D0"));
     }
 
-    void onlyASlashMakesAPathFull()
+    void onlyASlashMakesAPathAbsolute()
     {
         const QString folder = QDir::currentPath() + '/';
         QCOMPARE(fxhost::absolutePath("/a//b.dwg"), QString("/a//b.dwg"));

@@ -25,7 +25,7 @@ class tst_RecentFiles : public TestCase
     Q_OBJECT
 
 private slots:
-    void whatIsAddedComesFirst_data()
+    void addedDocumentComesFirst_data()
     {
         QTest::addColumn<QStringList>("listed");
         QTest::addColumn<QString>("path");
@@ -36,12 +36,12 @@ private slots:
         QTest::newRow("of another case") << a << "/A" << QStringList({"/A", "/a"});
         QTest::newRow("with other separators") << a << "//a" << QStringList({"//a", "/a"});
         QTest::newRow("an empty path") << a << QString() << a;
-        QTest::newRow("what is listed")
+        QTest::newRow("a listed one")
             << QStringList({"/a", "/b", "/c"}) << "/c" << QStringList({"/c", "/a", "/b"});
         QTest::newRow("the eleventh") << numbered(10, 1) << "/drawings/11.dwg" << numbered(11, 2);
     }
 
-    void whatIsAddedComesFirst()
+    void addedDocumentComesFirst()
     {
         QFETCH(QStringList, listed);
         QFETCH(QString, path);
@@ -54,7 +54,7 @@ private slots:
         QCOMPARE(profile.stored(), after);
     }
 
-    void theMaximumHolds()
+    void maximumIsKept()
     {
         RealProfile profile;
         RecentFiles &list = profile.list;
@@ -85,7 +85,7 @@ private slots:
         QCOMPARE(profile.stored(), QStringList());
     }
 
-    void changesAreMadeToWhatIsStored()
+    void changesApplyToTheStoredList()
     {
         RealProfile profile;
         RecentFiles &list = profile.list;

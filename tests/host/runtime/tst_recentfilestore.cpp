@@ -26,11 +26,11 @@ namespace {
 
 const QByteArray listHeader = "fxhost recent documents 1\n";
 
-//! As long as a file's name can be: no other file beside it can have this name and a suffix, neither the one
+//! The longest name that a file can have. No other file can have this name and a suffix: neither the one
 //! that a list is written to first nor the one that a damaged list is renamed to.
 const QString longestName = QString(NAME_MAX, 'n');
 
-//! As long as it lives, this process cannot open files.
+//! While it exists, this process cannot open files.
 class NoMoreFiles
 {
 public:
@@ -48,30 +48,13 @@ private:
     rlimit m_usual = {};
 };
 
-//! A list in a folder of its own.
-class ListFile
-{
-    QTemporaryDir m_folder;
-
-public:
-    explicit ListFile(const QString &name = "recent.txt") : path(m_folder.filePath(name)) {}
-
-    const QString path;
-
-    QString beside(const QString &name) const { return m_folder.filePath(name); }
-    QStringList files() const { return QDir(m_folder.path()).entryList(QDir::Files); }
-    QString lockFile() const { return path + ".lock"; }
-    //! What another program finds in it.
-    QStringList listed() const { return RecentFileStore(path).load().paths; }
-};
-
 QByteArray contentOf(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
 }
 
-//! The change that puts path in front, and leaves out where it was before; of a list of so many at most.
+//! The change that moves or adds path to the front of a list of at most so many.
 RecentFileStore::Change adding(const QString &path, int most = 1000)
 {
     return [path, most](const QStringList &listed) {
@@ -91,31 +74,49 @@ QStringList unchanged(const QStringList &listed)
     return listed;
 }
 
-//! \return what the user should know
-QString save(RecentFileStore &store, const QStringList &paths)
+//! A list in a folder of its own, with a store.
+class ListFile
 {
-    return store.update({}, replacing(paths)).outcome.reason();
-}
+    QTemporaryDir m_folder;
+
+public:
+    explicit ListFile(const QString &name = "recent.txt") : path(m_folder.filePath(name)) {}
+
+    const QString path;
+    RecentFileStore store{path};
+
+    QString beside(const QString &name) const { return m_folder.filePath(name); }
+    QStringList files() const { return QDir(m_folder.path()).entryList(QDir::Files); }
+    QString lockFile() const { return path + ".lock"; }
+    //! \return what is reported to the user
+    QString save(const QStringList &paths) { return store.update({}, replacing(paths)).outcome.reason(); }
+    //! What another program does.
+    QStringList listed() const { return RecentFileStore(path).load().paths; }
+    void changeElsewhere(const RecentFileStore::Change &change) const
+    {
+        RecentFileStore(path).update({}, change);
+    }
+};
 
 } // namespace
 
-//! One list, which several programs keep, and what may happen to its file.
+//! A list that several programs share, and what can happen to its file.
 class tst_RecentFileStore : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void aListComesBackAsItWasSaved_data()
+    void savedListIsLoadedUnchanged_data()
     {
         QTest::addColumn<QStringList>("paths");
-        QTest::addColumn<QByteArray>("content"); // null where nobody cares
+        QTest::addColumn<QByteArray>("content"); // null: not checked
         const QStringList odd = {
             "/with blanks /and % percent%41.dwg ",
             "/line\nend\rand\ttab\x7f.dwg",
             "/\u00fcml\u00e4ut/\u6771\u4eac/\U0001F4D0.dwg",
             "//twice//slashed/../dotted.dwg",
             "/\u2028line separator.dwg",
-            QString("/null ") + QChar::Null, // which no file has, but a script may have said
+            QString("/null ") + QChar::Null, // which no file has, but a script may contain
             fxhost::pathFromBytes("/no\xff UTF-8 \xc3.dwg"),
             '/' + fxhost::pathFromBytes("\xef\xbb\xbf mark.dwg"),
         };
@@ -124,37 +125,35 @@ private slots:
             many.append('/' + QString(4090, '\n') + QString::number(i));
         QTest::newRow("odd paths") << odd << QByteArray();
         QTest::newRow("a thousand long paths") << many << QByteArray();
-        QTest::newRow("for a reader") << QStringList({"/pl\u00e4ne/100% neu.dwg", "/b.dwg"})
-                                      << listHeader + "/pl\xc3\xa4ne/100%25 neu.dwg\n/b.dwg\n";
-        QTest::newRow("bytes that are no UTF-8")
+        QTest::newRow("readable content") << QStringList({"/pl\u00e4ne/100% neu.dwg", "/b.dwg"})
+                                          << listHeader + "/pl\xc3\xa4ne/100%25 neu.dwg\n/b.dwg\n";
+        QTest::newRow("bytes that are not UTF-8")
             << QStringList(fxhost::pathFromBytes("/pl\xe4ne/\xc3\xa4.dwg"))
             << listHeader + "/pl%E4ne/%C3%A4.dwg\n";
     }
 
-    void aListComesBackAsItWasSaved()
+    void savedListIsLoadedUnchanged()
     {
         QFETCH(QStringList, paths);
         QFETCH(QByteArray, content);
-        const ListFile list;
-        RecentFileStore store(list.path);
-        RecentFileStore::Stored loaded = store.load();
-        QCOMPARE(loaded.paths, QStringList()); // there is no file yet, which is nothing to speak of
+        ListFile list;
+        RecentFileStore::Stored loaded = list.store.load();
+        QCOMPARE(loaded.paths, QStringList()); // a file that does not exist yet is not an error
         QCOMPARE(loaded.outcome.reason(), QString());
-        QCOMPARE(save(store, paths), QString());
+        QCOMPARE(list.save(paths), QString());
         loaded = RecentFileStore(list.path).load();
         QCOMPARE(loaded.paths, paths);
         QCOMPARE(loaded.outcome.reason(), QString());
         QVERIFY(content.isNull() || contentOf(list.path) == content);
-        QCOMPARE(store.update(paths, replacing({})).outcome.reason(), QString());
+        QCOMPARE(list.store.update(paths, replacing({})).outcome.reason(), QString());
         QCOMPARE(contentOf(list.path), listHeader);
     }
 
-    void aNameInOddWordsLeavesTheFileReadable()
+    void oddNameKeepsTheFileReadable()
     {
-        const ListFile list;
-        RecentFileStore store(list.path);
-        // Two bytes, each carried as if it were none of UTF-8; together they are.
-        save(store, {'/' + fxhost::pathFromBytes("\xc3") + fxhost::pathFromBytes("\xa4"), "/b.dwg"});
+        ListFile list;
+        // Two bytes, each stored as if it were not UTF-8; together they are.
+        list.save({'/' + fxhost::pathFromBytes("\xc3") + fxhost::pathFromBytes("\xa4"), "/b.dwg"});
         QCOMPARE(list.listed(), QStringList({"/\u00e4", "/b.dwg"}));
     }
 
@@ -171,7 +170,7 @@ private slots:
         QTest::newRow("a percent sign without digits") << listHeader + "/100%.dwg\n";
         QTest::newRow("a percent sign with one digit") << listHeader + "/a%2\n";
         QTest::newRow("an escape that was not needed") << listHeader + "/%41.dwg\n";
-        QTest::newRow("bytes that are no UTF-8") << listHeader + "/\xff\xfe.dwg\n";
+        QTest::newRow("bytes that are not UTF-8") << listHeader + "/\xff\xfe.dwg\n";
         QTest::newRow("an escaped letter that is UTF-8") << listHeader + "/%C3%A4.dwg\n";
         QTest::newRow("a control character") << listHeader + "/a\x01.dwg\n";
         QTest::newRow("a zero byte") << listHeader + QByteArray("/a\0.dwg\n", 8);
@@ -183,21 +182,20 @@ private slots:
     void aDamagedFileIsSetAside()
     {
         QFETCH(QByteArray, damaged);
-        const ListFile list;
+        ListFile list;
         const QString aside = list.path + ".damaged";
         writeFile(list.path, damaged);
-        RecentFileStore store(list.path);
-        const RecentFileStore::Stored loaded = store.load();
+        const RecentFileStore::Stored loaded = list.store.load();
         QCOMPARE(loaded.paths, QStringList());
         QVERIFY2(loaded.outcome.reason().contains(list.path) && loaded.outcome.reason().contains(aside),
                  qPrintable(loaded.outcome.reason()));
         QCOMPARE(contentOf(aside), damaged);
         QVERIFY(!QFile::exists(list.path));
-        QCOMPARE(save(store, {"/new.dwg"}), QString());
+        QCOMPARE(list.save({"/new.dwg"}), QString());
         QCOMPARE(list.listed(), QStringList("/new.dwg"));
     }
 
-    void whatWasSetAsideBeforeIsKept()
+    void filesSetAsideBeforeAreKept()
     {
         const ListFile list;
         for (const char *generation : {"first", "second", "third"}) {
@@ -209,30 +207,28 @@ private slots:
         QCOMPARE(contentOf(list.path + ".damaged-3"), QByteArray("third"));
     }
 
-    void whatIsNoFileIsSetAside()
+    void anythingButAFileIsSetAside()
     {
-        const ListFile list;
-        RecentFileStore store(list.path);
+        ListFile list;
         const Alarm alarm;
         QVERIFY(QDir().mkpath(list.path));
-        QVERIFY(!store.load().outcome.reason().isEmpty());
+        QVERIFY(!list.store.load().outcome.reason().isEmpty());
         QVERIFY(QFileInfo(list.path + ".damaged").isDir());
         QCOMPARE(mkfifo(QFile::encodeName(list.path).constData(), S_IRUSR | S_IWUSR), 0);
-        QVERIFY(!store.load().outcome.reason().isEmpty());
-        QCOMPARE(save(store, {"/new.dwg"}), QString());
+        QVERIFY(!list.store.load().outcome.reason().isEmpty());
+        QCOMPARE(list.save({"/new.dwg"}), QString());
         QCOMPARE(list.listed(), QStringList("/new.dwg"));
     }
 
-    void aListThatCannotBeReadJustNowIsLeftAlone()
+    void unreadableListIsLeftUnchanged()
     {
-        const ListFile list;
+        ListFile list;
         writeFile(list.path, listHeader + "/former.dwg\n");
-        RecentFileStore store(list.path);
         RecentFileStore::Stored kept;
         RecentFileStore::Stored loaded;
         {
             const NoMoreFiles shortage;
-            kept = store.update({"/known.dwg"}, adding("/new.dwg"));
+            kept = list.store.update({"/known.dwg"}, adding("/new.dwg"));
             loaded = RecentFileStore(list.path).load();
         }
         QVERIFY2(kept.outcome.reason().contains(list.path), qPrintable(kept.outcome.reason()));
@@ -240,12 +236,12 @@ private slots:
         QVERIFY2(loaded.outcome.reason().contains(list.path), qPrintable(loaded.outcome.reason()));
         QCOMPARE(loaded.paths, QStringList());
         QCOMPARE(list.files(), QStringList("recent.txt"));
-        QVERIFY(!store.isAllWritten());
-        // What was new then is new still.
-        kept = store.update(kept.paths, adding("/newer.dwg"));
+        QVERIFY(!list.store.isAllWritten());
+        // The entry that was new then is still new.
+        kept = list.store.update(kept.paths, adding("/newer.dwg"));
         QCOMPARE(kept.outcome.reason(), QString());
         QCOMPARE(list.listed(), QStringList({"/newer.dwg", "/new.dwg", "/former.dwg"}));
-        QVERIFY(store.isAllWritten());
+        QVERIFY(list.store.isAllWritten());
     }
 
     void theFormerListSurvivesAFailedWrite_data()
@@ -260,30 +256,28 @@ private slots:
     {
         QFETCH(QString, name);
         QFETCH(int, room);
-        const ListFile list(name);
+        ListFile list(name);
         writeFile(list.path, listHeader + "/former.dwg\n");
         const BytesOnFullDisk disk(static_cast<rlim_t>(room));
-        RecentFileStore store(list.path);
-        const QString problem = save(store, {"/new.dwg"});
+        const QString problem = list.save({"/new.dwg"});
         QVERIFY2(problem.contains(list.path), qPrintable(problem));
         QCOMPARE(list.listed(), QStringList("/former.dwg"));
     }
 
-    void aDamagedFileThatCannotBeRenamedIsLeftAlone()
+    void damagedFileThatCannotBeRenamedIsLeftUnchanged()
     {
-        allowWarning("File name too long"); // Qt says why it cannot look for such a name
-        const ListFile list(longestName);
+        allowWarning("File name too long"); // Qt warns that it cannot look for such a name
+        ListFile list(longestName);
         writeFile(list.path, "damaged");
-        RecentFileStore store(list.path);
-        const QString problem = store.load().outcome.reason();
+        const QString problem = list.store.load().outcome.reason();
         QVERIFY2(problem.contains(list.path), qPrintable(problem));
-        QCOMPARE(save(store, {"/new.dwg"}), QString()); // it has been said already
+        QCOMPARE(list.save({"/new.dwg"}), QString()); // already reported
         QCOMPARE(contentOf(list.path), QByteArray("damaged"));
     }
 
-    // Two programs.
+    // Several programs.
 
-    void eachChangesWhatTheOtherHasWritten()
+    void changesApplyToTheListOfAnotherProgram()
     {
         const ListFile list;
         RecentFileStore one(list.path);
@@ -292,119 +286,113 @@ private slots:
         QCOMPARE(other.update({}, adding("/b")).paths, QStringList({"/b", "/a"}));
         QCOMPARE(one.update({"/a"}, adding("/c")).paths, QStringList({"/c", "/b", "/a"}));
         QCOMPARE(list.listed(), QStringList({"/c", "/b", "/a"}));
-        // What the one has removed the other does not bring back.
+        // An entry that one has removed is not restored by the other.
         one.update({"/c", "/b", "/a"}, replacing({}));
         QCOMPARE(other.update({"/b", "/a"}, adding("/b")).paths, QStringList("/b"));
     }
 
-    void theListInMemoryStandsInForTheFile_data()
+    void listInMemoryReplacesTheFile_data()
     {
         QTest::addColumn<bool>("isDamaged");
-        QTest::newRow("that is gone") << false;
+        QTest::newRow("that was deleted") << false;
         QTest::newRow("that was damaged") << true;
     }
 
-    void theListInMemoryStandsInForTheFile()
+    void listInMemoryReplacesTheFile()
     {
         QFETCH(bool, isDamaged);
-        const ListFile list;
-        RecentFileStore store(list.path);
-        store.update({}, adding("/a"));
+        ListFile list;
+        list.store.update({}, adding("/a"));
         if (isDamaged)
             writeFile(list.path, "damaged");
         else
             QVERIFY(QFile::remove(list.path));
-        const RecentFileStore::Stored kept = store.update({"/a"}, adding("/b"));
+        const RecentFileStore::Stored kept = list.store.update({"/a"}, adding("/b"));
         QCOMPARE(kept.paths, QStringList({"/b", "/a"}));
         QCOMPARE(kept.outcome.reason().contains(list.path + ".damaged"), isDamaged);
         QCOMPARE(kept.outcome.reason().isEmpty(), !isDamaged);
         QCOMPARE(list.listed(), QStringList({"/b", "/a"}));
     }
 
-    void whileTheOtherHoldsTheListNothingIsWrittenNorLost()
+    void nothingIsWrittenOrLostWhileTheListIsLocked()
     {
-        const ListFile list;
-        RecentFileStore store(list.path);
-        store.update({}, adding("/a"));
+        ListFile list;
+        list.store.update({}, adding("/a"));
         {
             const FileLock theirs(list.lockFile(), {});
             QVERIFY(theirs.isHeld());
-            const RecentFileStore::Stored kept = store.update({"/a"}, adding("/b"));
+            const RecentFileStore::Stored kept = list.store.update({"/a"}, adding("/b"));
             QCOMPARE(kept.paths, QStringList({"/b", "/a"}));
             QVERIFY2(kept.outcome.reason().contains(list.path), qPrintable(kept.outcome.reason()));
         }
         QCOMPARE(list.listed(), QStringList("/a"));
         RecentFileStore(list.path).update({"/a"}, adding("/c"));
-        QVERIFY(!store.isAllWritten());
-        // What could not be written counts as newer than what was.
-        QCOMPARE(store.update({"/b", "/a"}, unchanged).paths, QStringList({"/b", "/c", "/a"}));
-        QVERIFY(store.isAllWritten());
+        QVERIFY(!list.store.isAllWritten());
+        // Entries that could not be written count as newer than those that were.
+        QCOMPARE(list.store.update({"/b", "/a"}, unchanged).paths, QStringList({"/b", "/c", "/a"}));
+        QVERIFY(list.store.isAllWritten());
         QCOMPARE(list.listed(), QStringList({"/b", "/c", "/a"}));
     }
 
-    void whatCouldNotBeWrittenPushesOutWhatIsOldest()
+    void unwrittenEntriesPushOutTheOldest()
     {
-        const ListFile list;
-        RecentFileStore store(list.path);
-        save(store, {"/a", "/b", "/c"});
+        ListFile list;
+        list.save({"/a", "/b", "/c"});
         {
             const FileLock theirs(list.lockFile(), {});
-            QCOMPARE(store.update({"/a", "/b", "/c"}, adding("/mine", 3)).paths,
+            QCOMPARE(list.store.update({"/a", "/b", "/c"}, adding("/mine", 3)).paths,
                      QStringList({"/mine", "/a", "/b"}));
         }
-        RecentFileStore(list.path).update({}, adding("/theirs", 3));
-        QCOMPARE(store.update({"/mine", "/a", "/b"}, adding("/next", 3)).paths,
+        list.changeElsewhere(adding("/theirs", 3));
+        QCOMPARE(list.store.update({"/mine", "/a", "/b"}, adding("/next", 3)).paths,
                  QStringList({"/next", "/mine", "/theirs"}));
     }
 
-    void whatTheOtherHasWrittenAlreadyIsNotWrittenAgain()
+    void entriesOfAnotherProgramAreNotWrittenAgain()
     {
-        const ListFile list;
-        RecentFileStore store(list.path);
+        ListFile list;
         {
             const FileLock theirs(list.lockFile(), {});
-            store.update({"/a"}, adding("/b"));
+            list.store.update({"/a"}, adding("/b"));
         }
         RecentFileStore(list.path).update({"/a"}, adding("/b"));
-        QCOMPARE(store.update({"/b", "/a"}, unchanged).paths, QStringList({"/b", "/a"}));
-        QVERIFY(store.isAllWritten());
+        QCOMPARE(list.store.update({"/b", "/a"}, unchanged).paths, QStringList({"/b", "/a"}));
+        QVERIFY(list.store.isAllWritten());
     }
 
-    void whatCouldNotBeWrittenIsWrittenWithTheNextChange()
+    void unwrittenEntriesAreWrittenWithTheNextChange()
     {
-        const ListFile list("away/recent.txt");
-        RecentFileStore store(list.path);
-        const QString problem = store.update({}, adding("/a")).outcome.reason();
+        ListFile list("away/recent.txt");
+        const QString problem = list.store.update({}, adding("/a")).outcome.reason();
         QVERIFY2(problem.contains(list.path), qPrintable(problem));
         QVERIFY(QDir().mkpath(list.beside("away")));
-        RecentFileStore(list.path).update({}, adding("/c"));
-        QCOMPARE(store.update({"/a"}, adding("/b")).outcome.reason(), QString());
+        list.changeElsewhere(adding("/c"));
+        QCOMPARE(list.store.update({"/a"}, adding("/b")).outcome.reason(), QString());
         QCOMPARE(list.listed(), QStringList({"/b", "/a", "/c"}));
-        // And from then on the file is believed again.
-        RecentFileStore(list.path).update({}, replacing({}));
-        QCOMPARE(store.update({"/b", "/a", "/c"}, adding("/b")).paths, QStringList("/b"));
+        // From then on the file counts again.
+        list.changeElsewhere(replacing({}));
+        QCOMPARE(list.store.update({"/b", "/a", "/c"}, adding("/b")).paths, QStringList("/b"));
     }
 
-    void whatIsAsItWasIsNotWritten()
+    void unchangedListIsNotWritten()
     {
-        const ListFile list;
-        RecentFileStore store(list.path);
-        QCOMPARE(store.update({"/a"}, unchanged).paths, QStringList("/a"));
+        ListFile list;
+        QCOMPARE(list.store.update({"/a"}, unchanged).paths, QStringList("/a"));
         QVERIFY(!QFile::exists(list.path));
-        store.update({}, adding("/a"));
+        list.store.update({}, adding("/a"));
         const auto inode = [&list] {
             struct stat status = {};
             return ::stat(QFile::encodeName(list.path).constData(), &status) == 0 ? status.st_ino : 0;
         };
         const ino_t before = inode();
         QVERIFY(before != 0);
-        QCOMPARE(store.update({"/a"}, unchanged).outcome.reason(), QString());
+        QCOMPARE(list.store.update({"/a"}, unchanged).outcome.reason(), QString());
         QCOMPARE(inode(), before);
-        store.update({"/a"}, adding("/b"));
-        QVERIFY(inode() != before); // what is written is another file
+        list.store.update({"/a"}, adding("/b"));
+        QVERIFY(inode() != before); // a written list is another file
     }
 
-    void whatKilledWritersHaveLeftIsRemoved()
+    void filesOfKilledWritersAreRemoved()
     {
         const ListFile list;
         const QStringList kept = {"recent.txt.ab12cd", "recent.txt.abc", "recent.txt.damaged",
@@ -413,7 +401,7 @@ private slots:
         for (const QString &name : all)
             writeFile(list.beside(name), "half a li");
         {
-            const FileLock theirs(list.lockFile(), {}); // and may be writing
+            const FileLock theirs(list.lockFile(), {}); // another program may be writing
             list.listed();
             QCOMPARE(list.files().size(), kept.size() + 2);
         }
@@ -421,7 +409,7 @@ private slots:
         QCOMPARE(list.files(), kept);
     }
 
-    void aLockIsForOneAtATime()
+    void lockHasOneHolderAtATime()
     {
         const ListFile list;
         auto first = std::make_unique<FileLock>(list.lockFile(), std::chrono::milliseconds(0));
@@ -432,15 +420,14 @@ private slots:
         QVERIFY(FileLock(list.lockFile(), {}).isHeld());
     }
 
-    void whereNoLockCanBeHadNobodyIsBusy()
+    void lockThatCannotBeTakenIsNotBusy()
     {
-        const ListFile list;
+        ListFile list;
         const FileLock nowhere(list.beside("no such folder/lock"), std::chrono::milliseconds(10));
         QVERIFY(!nowhere.isHeld() && !nowhere.isBusy());
-        RecentFileStore store(list.path);
         QVERIFY(QDir().mkpath(list.lockFile())); // a folder, which cannot be opened for writing
-        QCOMPARE(save(store, {"/a"}), QString());
-        QCOMPARE(store.load().paths, QStringList("/a"));
+        QCOMPARE(list.save({"/a"}), QString());
+        QCOMPARE(list.store.load().paths, QStringList("/a"));
     }
 };
 

@@ -68,7 +68,7 @@ class tst_Sdk : public TestCase
 private slots:
     // The module object.
 
-    void aModuleObjectIsCountedAndDeletedByItsHostAlone()
+    void moduleObjectIsDeletedByItsHostOnly()
     {
         bool isDeleted = false;
         int handle = 0;
@@ -86,7 +86,7 @@ private slots:
         QCOMPARE(module->numRefs(), 0);
         QVERIFY(!isDeleted);
         const int before = deletedModuleObjects;
-        module->deleteModule(); // which has the library forget it
+        module->deleteModule(); // the library forgets it
         QCOMPARE(deletedModuleObjects, before + 1);
         QVERIFY(isDeleted);
     }
@@ -114,7 +114,7 @@ private slots:
         module->deleteModule();
     }
 
-    void oneReleaseTooManyIsAssertedAndCountedAllTheSame()
+    void oneReleaseTooManyIsAssertedAndCounted()
     {
         bool isDeleted = false;
         auto *const module = new ModuleObject(isDeleted, nullptr, L"browser");
@@ -132,7 +132,7 @@ private slots:
 
     void aModuleObjectMayBeDeletedThroughItsBase()
     {
-        // Under the address sanitizer this fails when memory of odrxAlloc() goes back another way.
+        // Under the address sanitizer this fails unless memory of odrxAlloc() is freed by odrxFree().
         bool isDeleted = false;
         const OdRxObject *const object = new ModuleObject(isDeleted, nullptr, nullptr);
         delete object;
@@ -150,7 +150,7 @@ private slots:
 
     // Memory and assertions.
 
-    void memoryIsAlignedAndItsOwners()
+    void memoryIsAligned()
     {
         for (const std::size_t size : {std::size_t(0), std::size_t(1), std::size_t(100)}) {
             void *const memory = odrxAlloc(size);
@@ -184,7 +184,7 @@ private slots:
         QCOMPARE(command.numRefs(), 1);
     }
 
-    void aCommandIsTheHostsUnlessItSaysOtherwise()
+    void commandsHaveDefaults()
     {
         OdStaticRxObject<SilentCommand> command;
         QCOMPARE(command.groupName(), OdString(L"FX_COMMANDS"));
@@ -198,7 +198,7 @@ private slots:
         QCOMPARE(command.executions, 1);
     }
 
-    void reactorsDoNothingUnlessTheySayOtherwise()
+    void reactorsDoNothingByDefault()
     {
         CFxEditorReactor editorReactor;
         editorReactor.mainFrameCreated(nullptr);
@@ -211,7 +211,7 @@ private slots:
 
     // Strings.
 
-    void anEngineStringHoldsItsText()
+    void engineStringContainsItsText()
     {
         QVERIFY(OdString().isEmpty());
         QVERIFY(OdString(static_cast<const OdChar *>(nullptr)).isEmpty());
@@ -242,7 +242,7 @@ private slots:
         QCOMPARE(a.compare(CFxString(L"a")), 0);
         QVERIFY(a.compare(CFxString(L"b")) < 0);
         QVERIFY(a.compare(CFxString(L"A")) > 0);
-        // In UTF-16 the surrogates of the second would come first.
+        // In UTF-16 the surrogates of the second would sort first.
         QVERIFY(CFxString(L"\uffff").compare(CFxString(L"\U0001F4D0")) < 0);
         QVERIFY(a == CFxString(L"a"));
         QVERIFY(a != CFxString(L"A"));

@@ -7,14 +7,14 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-//! A folder that can be told not to answer, as one on a server that went away: whoever looks at a file in it
-//! waits until it answers again.
+//! A folder that can be made unresponsive, like one on a server that is down: calls on its files wait until
+//! it answers again.
 class BytesInStuckFolder
 {
 public:
     enum class Kind {
-        Mount, //!< a real file system, where this machine lets us mount one
-        Calls, //!< the system's calls wait, in this process if it was started with stuck_calls preloaded
+        Mount, //!< a real file system, where mounting is allowed
+        Calls, //!< system calls wait; needs stuck_calls preloaded
     };
 
     explicit BytesInStuckFolder(Kind kind);
@@ -24,18 +24,18 @@ public:
     BytesInStuckFolder(const BytesInStuckFolder &) = delete;
     BytesInStuckFolder &operator=(const BytesInStuckFolder &) = delete;
 
-    //! Why there is no such folder; empty when there is.
+    //! Why there is no such folder; empty if there is.
     QString problem() const { return m_problem; }
 
     //! The path of a file in it.
     QString path(const QString &name) const { return m_seen + QLatin1Char('/') + name; }
-    //! Makes a file in it, while it answers. \return its path
+    //! Makes a file in it. \return its path
     QString makeFile(const QString &name, const QByteArray &bytes) const;
 
     void stopAnswering();
     void answerAgain();
-    //! Of a mount: puts a folder with the same files in its place that answers. Whoever waits for the former
-    //! one goes on waiting.
+    //! Only for mounts: replaces it with a folder of the same files that answers. Calls that wait for the
+    //! former one go on waiting.
     void replaceServer();
 
 private:
@@ -53,7 +53,7 @@ Q_DECLARE_METATYPE(BytesInStuckFolder::Kind)
 //! Adds the column "kind" and a row for each kind of folder.
 void addStuckFolderRows();
 
-//! A folder of the row's kind, in a test with such rows; without one the test is skipped, and says why.
+//! Defines a folder of the row's kind, or skips the test and reports why there is none.
 #define STUCK_FOLDER_OR_SKIP(folder)                                                                         \
     QFETCH(BytesInStuckFolder::Kind, kind);                                                                  \
     BytesInStuckFolder folder(kind);                                                                         \

@@ -2,6 +2,7 @@
 #include "tests/support/bytes/BytesOfPng.h"
 
 #include <QBuffer>
+#include <QVector>
 #include <QtEndian>
 
 #include <array>
@@ -32,30 +33,33 @@ constexpr std::array<quint32, 256> checksumTable()
     return table;
 }
 
-int rawSizeOfPass(quint32 width, quint32 height, int bitsPerPixel)
-{
-    if (width == 0 || height == 0)
-        return 0;
-    const quint32 rowSize = (width * static_cast<quint32>(bitsPerPixel) + 7) / 8;
-    return static_cast<int>((1 + rowSize) * height); // one byte names the row's filter
-}
-
-//! Steps and starts of the seven passes of an interlaced picture.
+//! The pixels of a pass: every xStep-th of every yStep-th row.
 struct Pass
 {
     quint32 xStart, yStart, xStep, yStep;
 };
-constexpr std::array<Pass, 7> passes = {
-    {{0, 0, 8, 8}, {4, 0, 8, 8}, {0, 4, 4, 8}, {2, 0, 4, 4}, {0, 2, 2, 4}, {1, 0, 2, 2}, {0, 1, 1, 2}}};
+const QVector<Pass> onePass = {{0, 0, 1, 1}};
+const QVector<Pass> interlacedPasses = {{0, 0, 8, 8}, {4, 0, 8, 8}, {0, 4, 4, 8}, {2, 0, 4, 4},
+                                        {0, 2, 2, 4}, {1, 0, 2, 2}, {0, 1, 1, 2}};
 
 quint32 stepsFrom(quint32 start, quint32 step, quint32 end)
 {
     return end > start ? (end - start + step - 1) / step : 0;
 }
 
-QByteArray signature()
+//! Size in bytes of the picture before compression, filter bytes included.
+int rawSize(const PngHeader &header)
 {
-    return QByteArray("\x89PNG\r\n\x1a\n", signatureSize);
+    constexpr std::array<quint32, 7> channels = {1, 0, 3, 1, 2, 0, 4};
+    const quint32 bitsPerPixel =
+        static_cast<quint32>(header.bitDepth) * channels.at(static_cast<size_t>(header.colorType));
+    quint32 size = 0;
+    for (const Pass &pass : header.isInterlaced ? interlacedPasses : onePass) {
+        const quint32 width = stepsFrom(pass.xStart, pass.xStep, header.width);
+        if (width > 0) // one byte names each row's filter
+            size += (1 + (width * bitsPerPixel + 7) / 8) * stepsFrom(pass.yStart, pass.yStep, header.height);
+    }
+    return static_cast<int>(size);
 }
 
 } // namespace
@@ -85,25 +89,12 @@ QByteArray PngHeader::bytes() const
     return pngChunk("IHDR", data);
 }
 
-int PngHeader::rawSize() const
-{
-    constexpr std::array<int, 7> channels = {1, 0, 3, 1, 2, 0, 4};
-    const int bitsPerPixel = bitDepth * channels.at(static_cast<size_t>(colorType));
-    if (!isInterlaced)
-        return rawSizeOfPass(width, height, bitsPerPixel);
-    int size = 0;
-    for (const Pass &pass : passes) {
-        size += rawSizeOfPass(stepsFrom(pass.xStart, pass.xStep, width),
-                              stepsFrom(pass.yStart, pass.yStep, height), bitsPerPixel);
-    }
-    return size;
-}
-
 QByteArray blankPng(const PngHeader &header, const QByteArray &extraChunks)
 {
     constexpr int qtsOwnPrefix = 4; // bytes before the zlib stream
-    const QByteArray data = qCompress(QByteArray(header.rawSize(), '\0')).mid(qtsOwnPrefix);
-    return signature() + header.bytes() + extraChunks + pngChunk("IDAT", data) + pngChunk("IEND", {});
+    const QByteArray data = qCompress(QByteArray(rawSize(header), '\0')).mid(qtsOwnPrefix);
+    return QByteArray("\x89PNG\r\n\x1a\n", signatureSize) + header.bytes() + extraChunks +
+           pngChunk("IDAT", data) + pngChunk("IEND", {});
 }
 
 QByteArray pngOf(const QImage &picture)

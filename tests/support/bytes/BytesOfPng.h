@@ -13,7 +13,7 @@ quint32 pngChecksum(const uchar *begin, const uchar *end);
 //! A chunk with its length and a right checksum. \param type four letters
 QByteArray pngChunk(const QByteArray &type, const QByteArray &data);
 
-//! What the image header of a PNG says. Sizes in pixels.
+//! The image header of a PNG. Sizes in pixels.
 struct PngHeader
 {
     quint32 width = 0;
@@ -24,12 +24,9 @@ struct PngHeader
 
     //! The chunk.
     QByteArray bytes() const;
-    //! Size in bytes of the picture before compression, filter bytes included.
-    int rawSize() const;
 };
 
-//! A PNG of zeros throughout: as good as any other to fill memory with.
-//! \param extraChunks stand between header and data
+//! A PNG of zeros. \param extraChunks are placed between header and data
 QByteArray blankPng(const PngHeader &header, const QByteArray &extraChunks = {});
 
 //! A PNG of the picture.

@@ -27,7 +27,7 @@ int patternIndex(int bits, int x, int y)
     return (3 * x + 5 * y) % (1 << bits);
 }
 
-char rubbish(int seed)
+char arbitraryByte(int seed)
 {
     return static_cast<char>(seed * 89 + 17);
 }
@@ -64,7 +64,7 @@ QByteArray patternRow(int bits, int width, int y)
         } else {
             row.append(blueGreenRed(color));
             if (bits == 32)
-                row.append(rubbish(x * y));
+                row.append(arbitraryByte(x * y));
         }
     }
     while (row.size() % 4 != 0)
@@ -90,7 +90,7 @@ QByteArray number32(quint32 value)
 QByteArray BitmapBytes::bytes() const
 {
     constexpr quint32 plainSize = 40;
-    constexpr quint32 mostFilled = 124; // a header that claims to be larger is not written as large
+    constexpr quint32 mostFilled = 124; // a larger headerSize is not written in full
     const quint32 resolution = 2835;    // per metre
     QByteArray result = number32(headerSize) + number32(static_cast<quint32>(width)) +
                         number32(static_cast<quint32>(height)) + number16(planes) + number16(bits) +
@@ -131,7 +131,7 @@ BitmapBytes patternBitmap(int bits, int width, int height)
     if (bits <= 8) {
         bitmap.colorsUsed = 1U << bits;
         for (int index = 0; index < 1 << bits; ++index)
-            bitmap.palette += blueGreenRed(paletteColor(index)) + rubbish(index);
+            bitmap.palette += blueGreenRed(paletteColor(index)) + arbitraryByte(index);
     }
     for (int y = height - 1; y >= 0; --y)
         bitmap.pixels += patternRow(bits, width, y);
@@ -204,20 +204,22 @@ QByteArray DrawingBytes::bytes() const
     file.append(static_cast<char>(count.value_or(static_cast<quint8>(entries.size()))));
     file += table + data;
     file += endSentinel.value_or(inverted(sentinel()));
-    return file + QByteArray(bytesBehind, '\x5A');
+    return file + QByteArray(bytesAfter, '\x5A');
+}
+
+DrawingBytes drawingOf(const QVector<StoredEntry> &entries)
+{
+    return with(DrawingBytes(), &DrawingBytes::entries, entries);
 }
 
 DrawingBytes drawingWith(const StoredEntry &picture)
 {
-    DrawingBytes drawing;
-    drawing.entries = {zerosEntry(), picture};
-    return drawing;
+    return drawingOf({zerosEntry(), picture});
 }
 
 QString writeFile(const QString &path, const QByteArray &bytes)
 {
-    QFile::remove(
-        path); // a file system may bring one that is overwritten to disk at once, which takes its time
+    QFile::remove(path); // overwriting can be slow: some file systems flush a file then
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
         qFatal("cannot write %s", qPrintable(path));

@@ -4,19 +4,28 @@
 #include <QByteArray>
 #include <QImage>
 #include <QMetaType>
+#include <QSize>
 #include <QVector>
 
 #include <array>
 #include <optional>
 
-//! Builds drawing files byte by byte, sound ones and broken ones. It shares nothing with the reader that it
-//! tests. Numbers are little-endian, sizes and places in bytes.
+//! Builds drawing files byte by byte, sound ones and broken ones. Shares nothing with the reader under test.
+//! Numbers are little-endian, sizes and places in bytes.
 namespace testbytes {
 
 QByteArray number16(quint32 value);
 QByteArray number32(quint32 value);
 
-//! A bitmap as drawings store it: a header, masks, a palette and pixels, all of it as given.
+//! A copy with one other value.
+template<typename T, typename Field, typename Value>
+T with(T whole, Field T::*field, const Value &value)
+{
+    whole.*field = value;
+    return whole;
+}
+
+//! A bitmap as drawings store it: a header, masks, a palette and pixels.
 struct BitmapBytes
 {
     quint32 headerSize = 40;
@@ -31,18 +40,19 @@ struct BitmapBytes
     QByteArray palette;
     QByteArray pixels;
 
-    //! The header's fields are written as far as headerSize reaches; what is above 40 is zeros, masks apart.
+    //! A header of more than 40 bytes is filled up with zeros, except for the masks.
     QByteArray bytes() const;
 };
 
-//! The colour of a pixel of every picture below. Bitmaps of 16 bits are sure of each channel's high five
-//! alone.
+//! The usual size of the pictures below. An odd width leaves padding at the rows' ends, at all depths.
+constexpr QSize patternSize(13, 7);
+//! The colour of a pixel of every picture below. Bitmaps of 16 bits keep only each channel's high five bits.
 QRgb patternColor(int bits, int x, int y);
-//! What a reader must make of patternBitmap() of the same arguments, in Format_RGB32.
-QImage patternPicture(int bits, int width, int height);
+//! The picture in patternBitmap() of the same arguments, in Format_RGB32.
+QImage patternPicture(int bits = 8, int width = patternSize.width(), int height = patternSize.height());
 //! A sound bitmap, bottom-up and uncompressed. The palette's fourth bytes and the unused byte of 32-bit
-//! pixels are rubbish, as drawings have them.
-BitmapBytes patternBitmap(int bits, int width, int height);
+//! pixels have arbitrary values, as in drawings.
+BitmapBytes patternBitmap(int bits = 8, int width = patternSize.width(), int height = patternSize.height());
 //! The same with the top row first.
 BitmapBytes topDown(BitmapBytes bitmap);
 //! The same (8 bits) with each row as runs of one pixel.
@@ -53,24 +63,24 @@ struct StoredEntry
 {
     int code = 0;
     QByteArray data;
-    std::optional<quint32> address = std::nullopt; //!< what the table says instead of the truth
+    std::optional<quint32> address = std::nullopt; //!< in the table, instead of the right one
     std::optional<quint32> size = std::nullopt;    //!< likewise
 };
 
-StoredEntry zerosEntry(); //!< code 1, with which most drawings begin their list
+StoredEntry zerosEntry(); //!< code 1, the first entry of most drawings
 StoredEntry bitmapEntry(const QByteArray &data);
 StoredEntry metafileEntry();
 StoredEntry pngEntry(const QByteArray &data);
 
-//! A drawing file: its start, filling, a preview section, filling.
+//! A drawing file: its start, padding, a preview section, padding.
 struct DrawingBytes
 {
     QByteArray version = "AC1032";
     int sectionAt = 448; //!< at least 17
     QVector<StoredEntry> entries;
-    int bytesBehind = 100;
+    int bytesAfter = 100;
 
-    // What the file says or holds instead of the truth.
+    // Values in the file instead of the right ones.
     std::optional<quint32> address = std::nullopt;
     std::optional<quint32> overallSize = std::nullopt;
     std::optional<quint8> count = std::nullopt;
@@ -79,13 +89,14 @@ struct DrawingBytes
 
     //! Where the entries' table begins.
     int tableAt() const { return sectionAt + 21; }
-    //! Where the data of the first entry begins; each follows the one before.
+    //! Where the data of the first entry begins.
     int dataAt() const { return tableAt() + 9 * entries.size(); }
     QByteArray bytes() const;
 };
 
-//! A drawing with the usual list: zeros, then this.
-DrawingBytes drawingWith(const StoredEntry &picture);
+DrawingBytes drawingOf(const QVector<StoredEntry> &entries);
+//! A drawing with the usual entries: zeros, then this.
+DrawingBytes drawingWith(const StoredEntry &picture = bitmapEntry(patternBitmap().bytes()));
 
 //! Writes a file. \return path
 QString writeFile(const QString &path, const QByteArray &bytes);

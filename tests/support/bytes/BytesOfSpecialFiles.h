@@ -5,26 +5,26 @@
 #include <QString>
 #include <QTemporaryDir>
 
-//! What a path can lead to where a file is wanted.
+//! What a path can lead to instead of a file.
 enum class SpecialFile {
     Nothing,
     EmptyPath,
-    PathWithNull, //!< in front of it stands the path of a file
-    BelowAFile,   //!< a file's path with another name behind it
-    Directory,
-    LinkToItself,
+    PathWithNull, //!< before it, the path of a file
+    BelowAFile,   //!< the path of a file, and another name
     LinkToNothing,
-    Fifo,          //!< nobody writes to it
-    Socket,        //!< nobody listens
+    LinkToItself,
+    Directory,
+    Fifo,          //!< without a writer
+    Socket,        //!< without a listener
     EndlessDevice, //!< /dev/zero
-    SilentDevice,  //!< /dev/null
+    EmptyDevice,   //!< /dev/null
 };
 Q_DECLARE_METATYPE(SpecialFile)
 
 //! Adds the column "kind" and a row for each special file.
 void addSpecialFileRows();
 
-//! One of each special file, in a directory that goes with the object.
+//! One of each special file, in a temporary directory.
 class BytesOfSpecialFiles
 {
 public:
@@ -36,7 +36,7 @@ private:
     QTemporaryDir m_dir;
 };
 
-//! Ends the test program, and with it the test, if what happens in the object's life does not come to an end.
+//! Ends the test program if what happens during the object's lifetime never ends.
 class Alarm
 {
 public:

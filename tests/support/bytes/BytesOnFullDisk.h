@@ -7,12 +7,12 @@
 
 #include <sys/resource.h>
 
-//! As long as it lives, this process can write no more than the first so many bytes of any file: to whoever
-//! writes, a disk that becomes full in the middle.
+//! While it exists, this process can write only the first so many bytes of any file, as on a disk that
+//! becomes full.
 class BytesOnFullDisk
 {
 public:
-    explicit BytesOnFullDisk(rlim_t bytes) : m_usualAnswer(std::signal(SIGXFSZ, SIG_IGN))
+    explicit BytesOnFullDisk(rlim_t bytes) : m_usualHandler(std::signal(SIGXFSZ, SIG_IGN))
     {
         ::getrlimit(RLIMIT_FSIZE, &m_usual);
         const rlimit less = {bytes, m_usual.rlim_max};
@@ -22,11 +22,11 @@ public:
     ~BytesOnFullDisk()
     {
         ::setrlimit(RLIMIT_FSIZE, &m_usual);
-        std::signal(SIGXFSZ, m_usualAnswer);
+        std::signal(SIGXFSZ, m_usualHandler);
     }
     Q_DISABLE_COPY(BytesOnFullDisk)
 
 private:
-    void (*m_usualAnswer)(int);
+    void (*m_usualHandler)(int);
     rlimit m_usual = {};
 };

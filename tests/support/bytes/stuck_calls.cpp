@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// Preloaded into a program, makes a folder look like one on a server that went away: calls that look at files
-// below $STUCK_FOLDER do not return while the file $STUCK_SWITCH exists. Stands in for a real file system
-// where none can be mounted. And no thread but the first $STUCK_SPARED_THREADS can be had while the file
-// $STUCK_THREADS exists. Without these variables nothing changes.
+// A library to preload. Makes a folder unresponsive, like one on a server that is down: calls on files in
+// $STUCK_FOLDER do not return while the file $STUCK_SWITCH exists. Replaces a real file system where none can
+// be mounted. Also, no more than $STUCK_SPARED_THREADS threads can be started while the file $STUCK_THREADS
+// exists. Without these variables nothing changes.
 #include <atomic>
 #include <cerrno>
 #include <cstdarg>
@@ -21,7 +21,7 @@
 
 namespace {
 
-//! By the system call itself: the functions of that name are below.
+//! By the system call, since the functions are replaced below.
 bool exists(const char *path)
 {
     const int before = errno;
@@ -33,7 +33,7 @@ bool exists(const char *path)
 void waitWhileStuck(const char *path)
 {
     constexpr timespec pause = {0, 2'000'000}; // ns
-    // NOLINTBEGIN(concurrency-mt-unsafe): whoever sets them does so before other threads look
+    // NOLINTBEGIN(concurrency-mt-unsafe): they are set before other threads read them
     const char *const folder = std::getenv("STUCK_FOLDER");
     const char *const lever = std::getenv("STUCK_SWITCH");
     // NOLINTEND(concurrency-mt-unsafe)
@@ -49,94 +49,60 @@ Function *next(Function * /*ours*/, const char *name)
     return reinterpret_cast<Function *>(::dlsym(RTLD_NEXT, name));
 }
 
-//! Open's third argument is there only when a file may be made.
-#define MODE_OF(last, flags, mode)                                                                           \
-    std::va_list arguments;                                                                                  \
-    va_start(arguments, last);                                                                               \
-    const mode_t mode = (flags) & (O_CREAT | O_TMPFILE) ? va_arg(arguments, mode_t) : 0;                     \
-    va_end(arguments)
-
 } // namespace
 
-// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the library has none of its own
+// NOLINTBEGIN(bugprone-macro-parentheses, readability-inconsistent-declaration-parameter-name): the macros'
+// arguments are parts of declarations, and the C library has no such names
 extern "C" {
 
-#define STUCK_CALL [[gnu::visibility("default")]] int
+#define REPLACEMENT [[gnu::visibility("default")]]
 
-STUCK_CALL stat(const char *path, struct stat *status) noexcept
-{
-    waitWhileStuck(path);
-    return next(&stat, "stat")(path, status);
-}
+#define STUCK_CALL(result, name, parameters, arguments)                                                      \
+    REPLACEMENT result name parameters                                                                       \
+    {                                                                                                        \
+        waitWhileStuck(path);                                                                                \
+        return next(&name, #name) arguments;                                                                 \
+    }                                                                                                        \
+    static_assert(true, "requires a semicolon")
 
-STUCK_CALL stat64(const char *path, struct stat64 *status) noexcept
-{
-    waitWhileStuck(path);
-    return next(&stat64, "stat64")(path, status);
-}
+STUCK_CALL(int, stat, (const char *path, struct stat *status) noexcept, (path, status));
+STUCK_CALL(int, stat64, (const char *path, struct stat64 *status) noexcept, (path, status));
+STUCK_CALL(int, lstat, (const char *path, struct stat *status) noexcept, (path, status));
+STUCK_CALL(int, lstat64, (const char *path, struct stat64 *status) noexcept, (path, status));
+STUCK_CALL(int, statx,
+           (int folder, const char *path, int flags, unsigned mask, struct statx *status) noexcept,
+           (folder, path, flags, mask, status));
+STUCK_CALL(int, access, (const char *path, int mode) noexcept, (path, mode));
+STUCK_CALL(DIR *, opendir, (const char *path), (path));
 
-STUCK_CALL lstat(const char *path, struct stat *status) noexcept
-{
-    waitWhileStuck(path);
-    return next(&lstat, "lstat")(path, status);
-}
+//! The mode is passed only if a file may be created.
+#define STUCK_OPEN(name, parameters, ...)                                                                    \
+    REPLACEMENT int name parameters                                                                          \
+    {                                                                                                        \
+        std::va_list arguments;                                                                              \
+        va_start(arguments, flags);                                                                          \
+        const mode_t mode = flags & (O_CREAT | O_TMPFILE) ? va_arg(arguments, mode_t) : 0;                   \
+        va_end(arguments);                                                                                   \
+        waitWhileStuck(path);                                                                                \
+        return next(&name, #name)(__VA_ARGS__, flags, mode);                                                 \
+    }                                                                                                        \
+    static_assert(true, "requires a semicolon")
 
-STUCK_CALL lstat64(const char *path, struct stat64 *status) noexcept
-{
-    waitWhileStuck(path);
-    return next(&lstat64, "lstat64")(path, status);
-}
+STUCK_OPEN(open, (const char *path, int flags, ...), path);
+STUCK_OPEN(open64, (const char *path, int flags, ...), path);
+STUCK_OPEN(openat, (int folder, const char *path, int flags, ...), folder, path);
 
-STUCK_CALL statx(int folder, const char *path, int flags, unsigned mask, struct statx *status) noexcept
-{
-    waitWhileStuck(path);
-    return next(&statx, "statx")(folder, path, flags, mask, status);
-}
-
-STUCK_CALL access(const char *path, int mode) noexcept
-{
-    waitWhileStuck(path);
-    return next(&access, "access")(path, mode);
-}
-
-STUCK_CALL open(const char *path, int flags, ...)
-{
-    MODE_OF(flags, flags, mode);
-    waitWhileStuck(path);
-    return next(&open, "open")(path, flags, mode);
-}
-
-STUCK_CALL open64(const char *path, int flags, ...)
-{
-    MODE_OF(flags, flags, mode);
-    waitWhileStuck(path);
-    return next(&open64, "open64")(path, flags, mode);
-}
-
-[[gnu::visibility("default")]] DIR *opendir(const char *path)
-{
-    waitWhileStuck(path);
-    return next(&opendir, "opendir")(path);
-}
-
-STUCK_CALL openat(int folder, const char *path, int flags, ...)
-{
-    MODE_OF(flags, flags, mode);
-    waitWhileStuck(path);
-    return next(&openat, "openat")(folder, path, flags, mode);
-}
-
-STUCK_CALL pthread_create(pthread_t *thread, const pthread_attr_t *attributes, void *(*start)(void *),
-                          void *argument) noexcept
+REPLACEMENT int pthread_create(pthread_t *thread, const pthread_attr_t *attributes, void *(*start)(void *),
+                               void *argument) noexcept
 {
     const char *const lever = std::getenv("STUCK_THREADS");         // NOLINT(concurrency-mt-unsafe): as above
     const char *const spared = std::getenv("STUCK_SPARED_THREADS"); // NOLINT(concurrency-mt-unsafe): as above
-    static std::atomic<long> had{0};
-    if (lever && exists(lever) && had >= (spared ? std::strtol(spared, nullptr, 10) : 0))
+    static std::atomic<long> started{0};
+    if (lever && exists(lever) && started >= (spared ? std::strtol(spared, nullptr, 10) : 0))
         return EAGAIN;
-    ++had;
+    ++started;
     return next(&pthread_create, "pthread_create")(thread, attributes, start, argument);
 }
 
 } // extern "C"
-// NOLINTEND(readability-inconsistent-declaration-parameter-name)
+// NOLINTEND(bugprone-macro-parentheses, readability-inconsistent-declaration-parameter-name)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// A file system that shows a folder, and can be told not to answer: while a file exists that is the switch,
-// no question is answered, as with a server that went away. Prints a line once it is mounted.
+// A file system that shows a folder and does not answer while the file SWITCH exists, like a server that is
+// down. Prints a line once it is mounted.
 //   stuck_mount FOLDER SWITCH MOUNT-POINT
 // Programming interface: https://libfuse.github.io/doxygen/
 #include <cerrno>
@@ -39,7 +39,7 @@ int failure(int result)
 
 void *begin(fuse_conn_info * /*connection*/, fuse_config *configuration)
 {
-    // The system may remember nothing: every question must come here.
+    // No caching by the system, so that every request is sent to this program.
     configuration->attr_timeout = 0;
     configuration->entry_timeout = 0;
     configuration->negative_timeout = 0;

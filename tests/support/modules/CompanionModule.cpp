@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A module beside another one: a command, both sorts of reactors and a panel in the main window, all of which
-// note what reaches them. A click on the panel asks the host to unload the module.
+// A second module: a command, both kinds of reactors and a panel in the main window, all of which record
+// their calls. A click on the panel asks the host to unload the module.
 #include "tests/support/modules/TestModule.h"
 
 #include <CFxCommand.h>
@@ -56,7 +56,7 @@ protected:
 class CompanionModule : public vela_OdRxModule, public CFxDocumentManagerReactor, public CFxEditorReactor
 {
 public:
-    void initApp() override { comeIn(this, &m_command); }
+    void initApp() override { registerModule(this, &m_command); }
 
     void uninitApp() override {}
 
@@ -70,7 +70,7 @@ public:
     void mainFrameDestroyed(QWidget *) override
     {
         delete m_panel;
-        goOut(this, &m_command);
+        unregisterModule(this, &m_command);
     }
 
     void DocumentCreated(CFxDocument *) override { note("DocumentCreated"); }
@@ -85,7 +85,7 @@ private:
 
 MODULE_EXPORT void odrxGetAPIVersion(int &major, int &minor, int &majorBuild, int &minorBuild)
 {
-    tellVersion(major, minor, majorBuild, minorBuild);
+    reportVersion(major, minor, majorBuild, minorBuild);
 }
 
 MODULE_EXPORT OdRxModule *odrxCreateModuleObject(void *sysData, const OdChar *moduleName)

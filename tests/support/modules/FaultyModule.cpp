@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Modules with one fault each; MODULE_FAULT says which.
+// Modules with one fault each, MODULE_FAULT.
 #include "tests/support/modules/TestModule.h"
 
 #include <CFxCommand.h>
@@ -24,7 +24,7 @@ enum class Fault {
 };
 constexpr Fault fault = Fault::MODULE_FAULT;
 
-//! An exception whose code goes with the library.
+//! An exception whose code is in the library.
 class ModuleError : public std::runtime_error
 {
 public:
@@ -32,7 +32,7 @@ public:
     ~ModuleError() override { m_text.clear(); }
 
 private:
-    QString m_text = QStringLiteral("the destructor has something to do");
+    QString m_text = QStringLiteral("makes the destructor non-trivial");
 };
 
 class LeftCommand : public CFxCommand
@@ -61,7 +61,7 @@ class FaultyModule : public vela_OdRxModule, public CFxDocumentManagerReactor, p
 public:
     void initApp() override
     {
-        comeIn(this, &m_command);
+        registerModule(this, &m_command);
         if (fault == Fault::ThrowsWhenStarted)
             throw ModuleError();
     }
@@ -92,7 +92,7 @@ MODULE_EXPORT void odrxGetAPIVersion(int &major, int &minor, int &majorBuild, in
 {
     if (fault == Fault::ThrowsWhenAsked)
         throw ModuleError();
-    tellVersion(major, minor, majorBuild, minorBuild);
+    reportVersion(major, minor, majorBuild, minorBuild);
     if (fault == Fault::WrongVersion)
         minorBuild += 7;
 }

@@ -1,6 +1,17 @@
 // SPDX-License-Identifier: MIT
-// A library that is no module.
-extern "C" __attribute__((visibility("default"))) int anything()
+// Libraries that are not modules: with one entry point only, with an undefined symbol, without entry points.
+#include "tests/support/modules/TestModule.h"
+
+#if defined(WITH_VERSION_ONLY)
+MODULE_EXPORT void odrxGetAPIVersion(int &major, int &minor, int &majorBuild, int &minorBuild)
 {
-    return 1;
+    reportVersion(major, minor, majorBuild, minorBuild);
 }
+#elif defined(WITH_UNDEFINED_SYMBOL)
+extern "C" int undefinedFunction();
+
+MODULE_EXPORT int anything()
+{
+    return undefinedFunction();
+}
+#endif

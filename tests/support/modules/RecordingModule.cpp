@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A module as it should be, which notes everything that the host does with it. MODULE_NAME tells the
-// libraries that are made of this file apart.
+// A correct module that records all calls of the host. The libraries made of this file differ in MODULE_NAME.
 #include "tests/support/modules/TestModule.h"
 
 #include <CFxDocumentManagerReactor.h>
@@ -20,7 +19,7 @@ public:
     void initApp() override
     {
         note("initApp");
-        comeIn(this);
+        registerModule(this);
     }
 
     void uninitApp() override { note(GetFxSystemServices() ? "uninitApp" : "uninitApp without a host"); }
@@ -30,7 +29,7 @@ public:
     void mainFrameDestroyed(QWidget *) override
     {
         note("mainFrameDestroyed");
-        goOut(this);
+        unregisterModule(this);
     }
 
     void DocumentCreated(CFxDocument *) override { note("DocumentCreated"); }
@@ -60,7 +59,7 @@ public:
     }
 };
 
-//! Goes with the library's static objects.
+//! Destroyed with the library's static objects.
 struct UnloadNote
 {
     ~UnloadNote() { note("unloaded"); }
@@ -70,7 +69,7 @@ struct UnloadNote
 
 MODULE_EXPORT void odrxGetAPIVersion(int &major, int &minor, int &majorBuild, int &minorBuild)
 {
-    tellVersion(major, minor, majorBuild, minorBuild);
+    reportVersion(major, minor, majorBuild, minorBuild);
 }
 
 MODULE_EXPORT OdRxModule *odrxCreateModuleObject(void *sysData, const OdChar *moduleName)

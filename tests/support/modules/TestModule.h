@@ -12,8 +12,8 @@
 #include <QStringList>
 #include <QVariant>
 
-//! Appends a line to the calls that the test reads, which outlive the module's library: they are the
-//! application's property.
+//! Appends a line to the calls that the test reads: a property of the application, since it outlives the
+//! module's library.
 inline void noteCall(const char *module, const QString &call)
 {
     constexpr char property[] = "moduleCalls";
@@ -22,41 +22,39 @@ inline void noteCall(const char *module, const QString &call)
     qApp->setProperty(property, calls);
 }
 
-//! Has the host tell module, a reactor of both sorts, of everything, and adds its command, if it has one.
-template<class Module>
-void comeIn(Module *module, OdEdCommand *command = nullptr)
+//! Calls a member of an engine object, which is counted, and releases it.
+template<class Object, class Function, class Argument>
+void callOnce(Object *object, Function member, Argument *argument)
 {
-    if (command) {
-        OdEdCommandStack *const commands = odedRegCmds();
-        commands->addCommand(command);
-        commands->release();
-    }
-    OdEditor *const editor = odedEditor();
-    editor->addReactor(module);
-    editor->release();
+    (object->*member)(argument);
+    object->release();
+}
+
+//! Registers module, a reactor of both kinds, and its command, if it has one, with the host.
+template<class Module>
+void registerModule(Module *module, OdEdCommand *command = nullptr)
+{
+    if (command)
+        callOnce(odedRegCmds(), &OdEdCommandStack::addCommand, command);
+    callOnce(odedEditor(), &OdEditor::addReactor, module);
     GetFxSystemServices()->GetDocumentManager()->AddReactor(module);
 }
 
 //! The reverse.
 template<class Module>
-void goOut(Module *module, OdEdCommand *command = nullptr)
+void unregisterModule(Module *module, OdEdCommand *command = nullptr)
 {
-    if (command) {
-        OdEdCommandStack *const commands = odedRegCmds();
-        commands->removeCommand(command);
-        commands->release();
-    }
-    OdEditor *const editor = odedEditor();
-    editor->removeReactor(module);
-    editor->release();
+    if (command)
+        callOnce(odedRegCmds(), &OdEdCommandStack::removeCommand, command);
+    callOnce(odedEditor(), &OdEditor::removeReactor, module);
     GetFxSystemServices()->GetDocumentManager()->RemoveReactor(module);
 }
 
-//! Marks what a module library shows to the loader.
+//! Marks the entry points of a module library.
 #define MODULE_EXPORT extern "C" __attribute__((visibility("default")))
 
 //! As odrxGetAPIVersion() of a module that fits the host.
-inline void tellVersion(int &major, int &minor, int &majorBuild, int &minorBuild)
+inline void reportVersion(int &major, int &minor, int &majorBuild, int &minorBuild)
 {
     major = odrxApiMajor;
     minor = odrxApiMinor;

@@ -33,7 +33,7 @@ void xdotool(const QString &words)
 
 void Hand::moveTo(const QPoint &global)
 {
-    const QPoint pixel = global * qGuiApp->devicePixelRatio(); // the server counts the screen's own pixels
+    const QPoint pixel = global * qGuiApp->devicePixelRatio(); // the server counts physical pixels
     // A negative number must not be taken for an option.
     xdotool(QStringLiteral("mousemove -- %1 %2").arg(pixel.x()).arg(pixel.y()));
 }
@@ -119,7 +119,7 @@ void Hand::keepScreenshot(const QString &name)
 
 void Hand::keepScreenshot(const QString &name, const QRect &part)
 {
-    drainEvents(); // what has been mapped is painted then
+    drainEvents(); // paints what has been mapped
     QDir().mkpath(QStringLiteral("screenshots"));
     QScreen *screen = QGuiApplication::primaryScreen();
     const QPoint corner = part.topLeft() - screen->geometry().topLeft();

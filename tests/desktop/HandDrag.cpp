@@ -14,10 +14,10 @@
 
 namespace {
 
-//! Milliseconds between two looks at whether a step's outcome has come.
+//! Between two checks of a step's outcome, in milliseconds.
 constexpr int interval = 2;
 
-//! A drag's picture is a window of its own, which Qt moves whenever the drag has moved.
+//! The window of a drag's picture, which Qt moves with the drag; null without a drag.
 QWindow *dragWindow()
 {
     const QWindowList windows = QGuiApplication::topLevelWindows();
@@ -105,7 +105,7 @@ void HandDrag::jumpTo(const QPoint &place)
 void HandDrag::letGo()
 {
     step(
-        QStringLiteral("the drag ends with the button let go"), [] { Hand::release(); },
+        QStringLiteral("the drag ends after the release"), [] { Hand::release(); },
         [] { return !isDragging(); });
 }
 
@@ -138,7 +138,7 @@ void HandDrag::goOn()
         m_hasBegun = true;
         m_sinceStep.start();
         m_steps.front().action();
-        return; // the events that it caused come first
+        return; // the events that it caused are handled first
     }
     if (m_steps.front().outcome()) {
         m_hasBegun = false;
@@ -150,7 +150,7 @@ void HandDrag::goOn()
 
 void HandDrag::giveUp()
 {
-    m_failure = QStringLiteral("did not come about: ") + m_steps.front().what;
+    m_failure = QStringLiteral("did not happen: ") + m_steps.front().what;
     m_steps.clear();
     m_hasBegun = false;
     QDrag::cancel();

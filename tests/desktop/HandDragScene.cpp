@@ -8,7 +8,7 @@
 namespace {
 
 constexpr int stripHeight = 32;
-//! So many pixels from the edge the popup takes the pointer to be outside, but still hears of it.
+//! Pixels from the edge where the pointer counts as outside and the popup still gets its moves.
 constexpr int rimMiddle = 5;
 
 } // namespace
@@ -25,10 +25,10 @@ HandDragScene::HandDragScene(int documents) : browser(documents)
 
 void HandDragScene::openPopup()
 {
-    Hand::stepAside(); // before the popup comes
+    Hand::stepAside(); // before the popup opens
     popup = browser.openPopup();
     if (!popup)
-        qFatal("no popup came up");
+        qFatal("no popup opened");
     tiles.clear();
     const QList<QDialog *> found = RealBrowser::tiles(popup);
     for (QDialog *tile : found)
@@ -61,9 +61,9 @@ QList<int> HandDragScene::shown() const
 QString HandDragScene::whatHasChanged() const
 {
     if (!popup || !popup->isVisible())
-        return QStringLiteral("the popup is gone");
+        return QStringLiteral("the popup is closed");
     if (!isFull())
-        return QStringLiteral("the popup has another size or place");
+        return QStringLiteral("the popup has another size or position");
     if (shown().size() != tiles.size())
         return QStringLiteral("of %1 tiles %2 are shown").arg(tiles.size()).arg(shown().size());
     return opened().join(QLatin1String(", "));

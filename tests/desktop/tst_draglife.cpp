@@ -9,7 +9,7 @@
 
 namespace {
 
-//! Lets go of a drag that is inside or outside the popup, after something was done there and came about.
+//! Runs an action during a drag inside or outside the popup, waits for its outcome, and drops.
 QString dragAndDo(
     HandDragScene &scene, bool outside, const std::function<void()> &action,
     const std::function<bool()> &outcome = [] { return true; })
@@ -19,23 +19,23 @@ QString dragAndDo(
         scene.carryOut();
     } else {
         scene.hand.carryTo(scene.place.center());
-        scene.hand.waitFor(QStringLiteral("the popup has seen the drag"),
+        scene.hand.waitFor(QStringLiteral("the popup has received the drag"),
                            [&] { return !scene.tiles.at(1)->isVisible(); });
     }
-    scene.hand.step(QStringLiteral("what is done meanwhile"), action, outcome);
+    scene.hand.step(QStringLiteral("the action during the drag"), action, outcome);
     scene.hand.letGo();
     return scene.hand.run();
 }
 
 } // namespace
 
-//! What may happen to popup and tile while a drag runs its event loop.
+//! Changes to popup and tile while a drag runs its event loop.
 class tst_DragLife : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void popupMayGoDuringTheDrag_data()
+    void popupMayCloseDuringTheDrag_data()
     {
         QTest::addColumn<bool>("outside");
         QTest::addColumn<bool>("isDeleted");
@@ -45,24 +45,24 @@ private slots:
         QTest::newRow("deleted, outside") << true << true;
     }
 
-    void popupMayGoDuringTheDrag()
+    void popupMayCloseDuringTheDrag()
     {
         QFETCH(bool, outside);
         QFETCH(bool, isDeleted);
-        allowWarning(QStringLiteral("BadWindow")); // Qt tells the window of the drag's leaving, gone or not
+        allowWarning(QStringLiteral("BadWindow")); // Qt sends the leave event to the deleted window too
         HandDragScene scene(3);
-        const auto go = [&] {
+        const auto end = [&] {
             if (isDeleted)
                 delete scene.popup;
             else
                 scene.popup->close();
         };
-        QCOMPARE(dragAndDo(scene, outside, go), QString());
+        QCOMPARE(dragAndDo(scene, outside, end), QString());
         QTRY_VERIFY(!scene.popup);
         drainEvents();
         for (const auto &tile : qAsConst(scene.tiles))
             QVERIFY(!tile);
-        QCOMPARE(scene.opened(), QStringList()); // there is nothing highlighted any more
+        QCOMPARE(scene.opened(), QStringList()); // no tile is highlighted any more
         scene.openPopup();                       // the next one works
         scene.dragTile(2);
         scene.carryOut();
@@ -71,7 +71,7 @@ private slots:
         QTRY_COMPARE(scene.opened(), scene.opening({2}));
     }
 
-    void tileMayGoDuringTheDrag()
+    void tileMayBeDeletedDuringTheDrag()
     {
         {
             HandDragScene scene(3);
@@ -85,13 +85,13 @@ private slots:
         HandDragScene scene(3);
         QCOMPARE(dragAndDo(scene, true, [&] { delete scene.tiles.at(1); }), QString());
         drainEvents();
-        QCOMPARE(scene.opened(), QStringList()); // what was highlighted has gone
+        QCOMPARE(scene.opened(), QStringList()); // no tile is highlighted any more
     }
 
-    void mainWindowMayGoDuringTheDrag()
+    void mainWindowMayBeDeletedDuringTheDrag()
     {
         HandDragScene scene(3);
-        auto *frame = new QWidget; // in the place of the main window, of whose end the host would be notified
+        auto *frame = new QWidget; // instead of the main window, which the host watches
         scene.popup->setParent(frame, scene.popup->windowFlags());
         scene.popup->show();
         QVERIFY(waitForActive(scene.popup));
@@ -101,7 +101,7 @@ private slots:
         QCOMPARE(scene.opened(), QStringList());
     }
 
-    void theModuleMayNotGoDuringTheDrag()
+    void moduleIsNotUnloadedDuringTheDrag()
     {
         HandDragScene scene(3);
         fxhost::ModuleManager &modules = scene.browser.host().modules();
@@ -109,19 +109,19 @@ private slots:
         QCOMPARE(dragAndDo(scene, true, [&] { isUnloaded = modules.unload(QStringLiteral(MODULE_FILE)); }),
                  QString());
         QVERIFY(!isUnloaded);
-        QTRY_COMPARE(scene.opened(), scene.opening({1})); // as if nobody had asked
+        QTRY_COMPARE(scene.opened(), scene.opening({1})); // as without the request
         QTRY_VERIFY(!scene.popup);
         QVERIFY(modules.unload(QStringLiteral(MODULE_FILE)));
     }
 
-    void focusMayGoDuringTheDrag_data()
+    void focusMayMoveDuringTheDrag_data()
     {
         QTest::addColumn<bool>("outside");
         QTest::newRow("inside") << false;
         QTest::newRow("outside") << true;
     }
 
-    void focusMayGoDuringTheDrag()
+    void focusMayMoveDuringTheDrag()
     {
         QFETCH(bool, outside);
         HandDragScene scene(3);
@@ -146,10 +146,10 @@ private slots:
             return;
         QVERIFY(scene.popup && scene.popup->isVisible()); // the pointer was inside
         QVERIFY(scene.isFull());
-        QCOMPARE(scene.shown(), QList<int>({0, 2})); // no tile is held any more that could be shown
+        QCOMPARE(scene.shown(), QList<int>({0, 2})); // the dragged tile stays hidden
     }
 
-    void aDrawingMayBeOpenedDuringTheDrag()
+    void drawingMayBeOpenedDuringTheDrag()
     {
         HandDragScene scene(3);
         const auto open = [&] {
@@ -163,14 +163,14 @@ private slots:
         QCOMPARE(scene.opened(), scene.opening({2, 1}));
     }
 
-    void anotherPopupMayComeDuringTheDrag()
+    void anotherPopupMayOpenDuringTheDrag()
     {
         HandDragScene scene(3);
         const auto open = [&] { scene.browser.host().commands().runLine(QStringLiteral("_RECENT")); };
         QCOMPARE(dragAndDo(scene, true, open), QString());
         QTRY_VERIFY(!scene.popup);
         drainEvents();
-        QCOMPARE(scene.opened(), scene.opening({0})); // highlighted is what the newer popup highlights
+        QCOMPARE(scene.opened(), scene.opening({0})); // the highlight is the newer popup's
     }
 };
 

@@ -6,7 +6,7 @@
 #include <QApplication>
 #include <QLabel>
 
-//! Tiles dragged by hand, within the popup and onto the host below it.
+//! Tiles dragged with the real pointer, within the popup and onto the host below it.
 class tst_DragOnDesktop : public TestCase
 {
     Q_OBJECT
@@ -15,7 +15,7 @@ private slots:
     void dropOnTheHostOpensEveryHighlightedDrawing()
     {
         HandDragScene scene(6);
-        // Out of order: the drawings are opened in display order all the same.
+        // Out of order: the drawings are opened in display order nevertheless.
         for (const int index : {4, 2}) {
             Hand::holdKey(QStringLiteral("ctrl"));
             Hand::moveTo(scene.tiles.at(index));
@@ -27,7 +27,7 @@ private slots:
 
         scene.hand.takeHold(scene.tiles.at(2), QPoint(30, 100)); // no double-click
         scene.hand.startDrag();
-        scene.hand.carryTo(scene.outside); // all the way in small steps
+        scene.hand.carryTo(scene.outside); // in small steps
         scene.hand.waitFor(QStringLiteral("the popup is a strip"), [&] { return scene.isStrip(); });
         QList<int> shownOutside = {-1};
         scene.hand.justDo([&] {
@@ -46,23 +46,23 @@ private slots:
     void dragThatEndsInsideOpensNothing_data()
     {
         QTest::addColumn<QString>("part"); // any part of a tile drags the tile
-        QTest::addColumn<bool>("goesOut");
+        QTest::addColumn<bool>("leaves");
         QTest::addColumn<bool>("escapes");
-        QTest::newRow("let go") << "image_label" << false << false;
-        QTest::newRow("Escape, which was the drag's") << "title_label" << false << true;
-        QTest::newRow("out and back in") << "Iconlabel" << true << false;
+        QTest::newRow("released") << "image_label" << false << false;
+        QTest::newRow("Escape") << "title_label" << false << true;
+        QTest::newRow("outside and back inside") << "Iconlabel" << true << false;
     }
 
     void dragThatEndsInsideOpensNothing()
     {
         QFETCH(QString, part);
-        QFETCH(bool, goesOut);
+        QFETCH(bool, leaves);
         QFETCH(bool, escapes);
         HandDragScene scene(6);
         const QPoint cell = scene.tiles.at(5)->pos();
         scene.hand.takeHold(scene.tiles.at(5)->findChild<QLabel *>(part));
         scene.hand.startDrag();
-        if (goesOut) {
+        if (leaves) {
             scene.carryOut();
             scene.carryBackIn();
         } else {
@@ -81,7 +81,7 @@ private slots:
         QCOMPARE(scene.tiles.at(5)->pos(), cell);
         QTRY_COMPARE(HandDrag::keptDrags(), 0);
 
-        scene.dragTile(2); // the next drag is as good
+        scene.dragTile(2); // the next drag works
         scene.carryOut();
         scene.hand.letGo();
         QCOMPARE(scene.hand.run(), QString());
@@ -118,7 +118,7 @@ private slots:
         QTRY_COMPARE(HandDrag::keptDrags(), 0);
     }
 
-    void pointerThatJumpsTheRimLeavesThePopupAtFullSize()
+    void pointerThatSkipsTheRimLeavesThePopupAtFullSize()
     {
         HandDragScene scene(3);
         scene.dragTile(1);
@@ -127,7 +127,7 @@ private slots:
         scene.hand.letGo();
         QCOMPARE(scene.hand.run(), QString());
         drainEvents();
-        QCOMPARE(scene.whatHasChanged(), QString()); // it has not seen the pointer leave
+        QCOMPARE(scene.whatHasChanged(), QString()); // it has not received the pointer's leaving
     }
 };
 

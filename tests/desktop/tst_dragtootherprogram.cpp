@@ -17,12 +17,13 @@ const QRect beside(1500, 300, 300, 200);
 const QString urlFormat = QStringLiteral("text/uri-list");
 const QString tileFormat = QStringLiteral("application/corvel.DR.Layout");
 
-//! Carries a tile into the other program's window. \param time the how many-th one there
+//! Moves a dragged tile into the other program's window. \param time the number of drags there so far, with
+//! this one
 void carryInto(HandDragScene &scene, const ProgramInGtk &other, int time = 1)
 {
     scene.carryOut();
     scene.hand.jumpTo(other.place().center());
-    scene.hand.waitFor(QStringLiteral("the other program sees the drag"),
+    scene.hand.waitFor(QStringLiteral("the other program receives the drag"),
                        [&other, time] { return other.count(QStringLiteral("enter")) == time; });
 }
 
@@ -36,14 +37,14 @@ class tst_DragToOtherProgram : public TestCase
 private slots:
     void otherProgramReceivesUrlAndPicture()
     {
-        // A per cent sign that begins nothing is one; a hash sign begins a fragment and stays.
+        // A per cent sign is escaped; a hash sign begins a fragment and stays.
         const QString name = QString::fromUtf8("100% Öl #3.dwg");
         HandDragScene scene({QStringLiteral("other.dwg"), name});
         const ProgramInGtk other(beside, ProgramInGtk::Fetching::AtOnce);
         QVERIFY(other.isReady());
         const QPoint hold(30, 100);
         scene.hand.takeHold(scene.tiles.at(1), hold);
-        QImage picture; // with the look that the press gives it
+        QImage picture; // after the press has changed its look
         scene.hand.justDo([&] { picture = scene.tiles.at(1)->grab().toImage(); });
         scene.hand.startDrag();
         carryInto(scene, other);
@@ -54,19 +55,19 @@ private slots:
         const QString path = scene.browser.paths().at(1);
         const QByteArray folder = path.left(path.size() - name.size()).toUtf8();
         QVERIFY(folder.startsWith('/'));
-        // Qt's X11 platform offers URLs in more formats of its own making.
+        // Qt's X11 platform offers URLs in more formats.
         QCOMPARE(other.received().value(urlFormat), "file:///" + folder + "100%25%20%C3%96l%20#3.dwg\r\n");
         const TileLayout layout(other.received().value(tileFormat));
         QVERIFY(layout.isWhole());
         QCOMPARE(layout.picture().size(), QSize(161, 131));
         QCOMPARE(layout.picture(), picture.convertToFormat(QImage::Format_RGB32));
         QCOMPARE(layout.grabOffset(), hold + QPoint(QApplication::startDragDistance(), 0));
-        QTRY_VERIFY(!scene.popup); // outside is outside
+        QTRY_VERIFY(!scene.popup); // as for any drop outside
         drainEvents();
         QCOMPARE(scene.opened(), scene.opening({1}));
     }
 
-    void dataMayBeFetchedWhenTheModuleIsGone()
+    void dataMayBeFetchedAfterTheModuleIsUnloaded()
     {
         auto scene = std::make_unique<HandDragScene>(3);
         ProgramInGtk other(beside, ProgramInGtk::Fetching::Late);
@@ -77,7 +78,7 @@ private slots:
         QCOMPARE(scene->hand.run(), QString());
         QTRY_VERIFY(other.has(QStringLiteral("dropped")));
         const QString url = QStringLiteral("file:///") + scene->browser.paths().at(1);
-        scene.reset(); // the host goes, and unloads the module
+        scene.reset(); // deletes the host, which unloads the module
         drainEvents();
         other.fetch();
         QTRY_VERIFY(other.has(QStringLiteral("finished")));
@@ -85,7 +86,7 @@ private slots:
         QVERIFY(!other.received().value(tileFormat).isEmpty());
     }
 
-    void dragObjectsGoWhenTheOtherProgramHasFinished()
+    void dragObjectsAreDeletedWhenTheOtherProgramHasFinished()
     {
         HandDragScene scene(3);
         ProgramInGtk other(beside, ProgramInGtk::Fetching::Late);
@@ -98,7 +99,7 @@ private slots:
             QTRY_COMPARE(other.count(QStringLiteral("dropped")), i);
             QTRY_VERIFY(!scene.popup);
             drainEvents();
-            QCOMPARE(HandDrag::keptDrags(), 1); // it is to be fetched from
+            QCOMPARE(HandDrag::keptDrags(), 1); // the data is still to be fetched
             other.fetch();
             QTRY_COMPARE(other.count(QStringLiteral("finished")), i);
             QVERIFY(!other.received().value(tileFormat).isEmpty());

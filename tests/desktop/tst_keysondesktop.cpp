@@ -12,7 +12,7 @@
 
 namespace {
 
-//! An open popup, and what each key that went through it has left behind.
+//! An open popup, and its state after each key.
 class Typing : public QObject
 {
 public:
@@ -26,14 +26,14 @@ public:
         popup->installEventFilter(this);
     }
 
-    //! Types the keys. \return a line for each, once all have come through: the highlighted tiles, and the
-    //! one in the path line
+    //! Types the keys. \return a line for each, after all have arrived: the highlighted tiles, and the one in
+    //! the path line
     QStringList after(const QStringList &keys)
     {
         m_trail.clear();
         Hand::keys(keys);
-        const bool allCame = waitUntil([this, &keys] { return m_trail.size() >= keys.size(); });
-        return allCame ? m_trail : m_trail + QStringList(QStringLiteral("no more"));
+        const bool allArrived = waitUntil([this, &keys] { return m_trail.size() >= keys.size(); });
+        return allArrived ? m_trail : m_trail + QStringList(QStringLiteral("no more"));
     }
 
     RealBrowser browser;
@@ -52,7 +52,7 @@ protected:
     }
 
 private:
-    //! A main window that gives the popup so many columns, 4 or 2.
+    //! A main window for which the popup has 4 or 2 columns.
     static QRect frameFor(int columns) { return QRect(40, 60, columns == 4 ? 580 : 950, 700); }
 
     QString state() const
@@ -60,7 +60,7 @@ private:
         QStringList numbers;
         for (const int index : RealBrowser::highlighted(tiles))
             numbers.append(QString::number(index));
-        QStringList lines; // what the path line shows of each tile
+        QStringList lines; // the path line's text for each tile
         for (const QString &path : browser.paths())
             lines.append(shownPath(path, popup->width()));
         return QStringLiteral("%1: %2")
@@ -73,7 +73,7 @@ private:
 
 } // namespace
 
-//! The popup's keys under a window manager, typed by hand, and keys beside the mouse.
+//! The popup's keys under a window manager, and keys combined with the mouse.
 class tst_KeysOnDesktop : public TestCase
 {
     Q_OBJECT
@@ -107,7 +107,7 @@ private slots:
              {"Up", "22: 22"},
              {"Up", "20: 20"},
              {"Down", "22: 22"}});
-        row("what selects nothing", 10, 4,
+        row("keys that extend no selection", 10, 4,
             {{"Down", "4: 4"},
              {"shift+Tab", "4: 4"},
              {"ctrl+shift+Tab", "4: 4"},
@@ -118,13 +118,13 @@ private slots:
              {"alt+Left", "5: 5"},
              {"space", "5: 5"},
              {"Next", "5: 5"}});
-        row("the keypad moves, whatever is held", 10, 4,
+        row("the keypad moves with any modifier", 10, 4,
             {{"KP_Right", "1: 1"},
              {"KP_Down", "5: 5"},
              {"KP_Left", "4: 4"},
              {"KP_Up", "0: 0"},
              {"ctrl+KP_Right", "1: 1"},
-             {"shift+85", "2: 2"}, // by its key code: as a name, Shift would make a digit of it
+             {"shift+85", "2: 2"}, // the key code, since Shift makes a digit of the name
              {"shift+83", "1: 1"},
              {"shift+80", "9: 9"}});
     }
@@ -153,7 +153,7 @@ private slots:
         row("Return at once", {}, "Return", {0});
         row("Enter of the keypad, after a move", {"Down", "Right"}, "KP_Enter", {5});
         row("Alt+Return", {"Up"}, "alt+Return", {8});
-        row("Control+Enter of the keypad, a run grown back", {"Up", "shift+Left", "shift+Left"},
+        row("Control+Enter of the keypad, a run extended backwards", {"Up", "shift+Left", "shift+Left"},
             "ctrl+KP_Enter", {6, 7, 8});
         row("Shift+Return, a shrunk run", {"shift+Right", "shift+Right", "shift+Left"}, "shift+Return",
             {0, 1});
@@ -173,7 +173,7 @@ private slots:
         QCOMPARE(typing.browser.opened(), typing.browser.opening(opened));
     }
 
-    void aDrawingThatIsGoneKeepsNoOtherFromOpening()
+    void deletedDrawingDoesNotKeepOthersFromOpening()
     {
         Typing typing(4, 4);
         QVERIFY(QFile::remove(typing.browser.paths().at(1)));
@@ -188,7 +188,7 @@ private slots:
     void escapeClosesOnly()
     {
         for (const char *key :
-             {"Escape", "shift+Escape", "ctrl+Escape"}) { // the window manager keeps alt+Escape
+             {"Escape", "shift+Escape", "ctrl+Escape"}) { // the window manager uses alt+Escape
             Typing typing(10, 2);
             QCOMPARE(typing.after({"shift+Right"}), QStringList("0 1: 1"));
             Hand::key(QLatin1String(key));

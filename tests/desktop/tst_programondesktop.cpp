@@ -13,13 +13,13 @@ const QStringList threeDrawings{QStringLiteral("gr\u00fcndung.dwg"), QStringLite
 
 } // namespace
 
-//! The program as a user starts it: from the script to the opened drawing and out.
+//! The program as a user starts it.
 class tst_ProgramOnDesktop : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void geometryIsAsGivenAlsoAfterAMaximizedSession()
+    void geometryOptionOverridesAMaximizedSession()
     {
         ProgramOnScreen program((QStringList()));
         const QString title = QStringLiteral("fxhost");
@@ -34,20 +34,20 @@ private slots:
         QTRY_COMPARE(place(), QRect(100, 90, 800, 600));
     }
 
-    void f4GivesThePopupTheKeyboard()
+    void f4OpensThePopupWithTheFocus()
     {
         ProgramOnScreen program(threeDrawings);
         QVERIFY(program.start({"_NEW"}));
         QCOMPARE(ProgramOnScreen::popup(), WId(0));
         Hand::key(QStringLiteral("F4"));
-        QVERIFY(ProgramOnScreen::popupComes());
+        QVERIFY(ProgramOnScreen::popupOpens());
         QTRY_COMPARE(Hand::realGeometry(ProgramOnScreen::popup()), ProgramOnScreen::popupPlace);
-        // No click in between: the first key goes to the tiles.
+        // The first key goes to the tiles, without a click.
         Hand::key(QStringLiteral("shift+Right"));
         Hand::key(QStringLiteral("Return"));
         QTRY_COMPARE(program.opened(), program.paths().mid(0, 2));
-        QVERIFY(ProgramOnScreen::popupGoes());
-        QVERIFY(program.quit()); // the keys reach the command line by themselves
+        QVERIFY(ProgramOnScreen::popupCloses());
+        QVERIFY(program.quit()); // typed keys go to the command line
         const QString module = QStringLiteral("module %1 ").arg(QStringLiteral(MODULE_FILE));
         const QString listed = QStringLiteral("command _RECENTADD 5100");
         QCOMPARE(program.log(), QStringList({module + "loaded", listed, listed, listed, "command _DELAY 5100",
@@ -63,34 +63,34 @@ private slots:
             ProgramOnScreen first(threeDrawings);
             QVERIFY(first.start({"_NEW", "_CLOSE"}));
             Hand::key(QStringLiteral("F4"));
-            QVERIFY(ProgramOnScreen::popupComes());
+            QVERIFY(ProgramOnScreen::popupOpens());
             Hand::key(QStringLiteral("Return"));
             QTRY_COMPARE(first.opened(), first.paths().mid(0, 1));
         }
-        // Before the first drawing the module has made no entries, and so no tiles: an empty popup.
+        // Before the first drawing the module has no entries, and so the popup has no tiles.
         for (const QStringList &names : {threeDrawings, QStringList()}) {
             ProgramOnScreen program(names);
             QVERIFY(program.start({}));
             Hand::key(QStringLiteral("F4"));
-            QVERIFY(ProgramOnScreen::popupComes());
+            QVERIFY(ProgramOnScreen::popupOpens());
             Hand::keepScreenshot(QStringLiteral("program-at-its-start-after-f4-%1").arg(names.size()));
             Hand::key(QStringLiteral("Return"));
             Hand::key(QStringLiteral("Escape"));
-            QVERIFY(ProgramOnScreen::popupGoes());
+            QVERIFY(ProgramOnScreen::popupCloses());
             QVERIFY(program.quit());
             QVERIFY(program.opened().isEmpty());
         }
     }
 
-    void helpIconLeadsToTheHelpWindow()
+    void helpIconOpensTheHelpWindow()
     {
         ProgramOnScreen program(threeDrawings);
         QVERIFY(program.start({"_NEW", "_RECENT"}));
-        QVERIFY(ProgramOnScreen::popupComes());
+        QVERIFY(ProgramOnScreen::popupOpens());
         Hand::moveTo(ProgramOnScreen::popupPlace.topRight() + QPoint(-8, 14));
         Hand::click();
         QTRY_COMPARE(program.log().mid(7), QStringList({"help 3087", "command _RHELP 5100"}));
-        QVERIFY(ProgramOnScreen::popupGoes());
+        QVERIFY(ProgramOnScreen::popupCloses());
         Hand::keepScreenshot(QStringLiteral("program-with-help"));
     }
 
@@ -100,25 +100,25 @@ private slots:
         QVERIFY(program.start({"_NEW"}));
         const QString title = ProgramOnScreen::activeTitle();
         Hand::key(QStringLiteral("alt+f"));
-        // From the end: Exit, and before its separator the browser's entry.
+        // The last entry is Exit; the browser's is before its separator.
         Hand::key(QStringLiteral("Up"));
         Hand::key(QStringLiteral("Up"));
         Hand::keepScreenshot(QStringLiteral("program-with-file-menu"));
         Hand::key(QStringLiteral("Return"));
-        QVERIFY(ProgramOnScreen::popupComes());
+        QVERIFY(ProgramOnScreen::popupOpens());
         QTRY_VERIFY(program.log().contains(QStringLiteral("command _RECENT 5100")));
         Hand::key(QStringLiteral("Escape"));
-        QVERIFY(ProgramOnScreen::popupGoes());
+        QVERIFY(ProgramOnScreen::popupCloses());
         QTRY_COMPARE(ProgramOnScreen::activeTitle(), title);
         QVERIFY(program.quit()); // the focus is in the command line again
         QVERIFY(program.opened().isEmpty());
     }
 
-    void clickIntoAnotherProgramClosesThePopup()
+    void clickOnAnotherProgramClosesThePopup()
     {
         ProgramOnScreen program(threeDrawings);
         QVERIFY(program.start({"_NEW"}));
-        QWidget other; // this test is another program than the one that it has started
+        QWidget other; // of this process, which is another program
         other.setGeometry(1500, 300, 300, 200);
         other.show();
         QVERIFY(waitForActive(&other));
@@ -126,10 +126,10 @@ private slots:
         Hand::click();
         QTRY_VERIFY(!other.isActiveWindow());
         Hand::key(QStringLiteral("F4"));
-        QVERIFY(ProgramOnScreen::popupComes());
+        QVERIFY(ProgramOnScreen::popupOpens());
         Hand::moveTo(&other);
         Hand::click();
-        QVERIFY(ProgramOnScreen::popupGoes());
+        QVERIFY(ProgramOnScreen::popupCloses());
         QTRY_VERIFY(other.isActiveWindow());
         QVERIFY(program.opened().isEmpty());
     }
@@ -140,10 +140,10 @@ private slots:
                                 QStringLiteral("a & b  $HOME"));
         const ProgramStandIn fileManager(0, ProgramStandIn::Others::Found);
         QVERIFY(program.start({"_NEW", "_RECENT"}));
-        QVERIFY(ProgramOnScreen::popupComes());
+        QVERIFY(ProgramOnScreen::popupOpens());
         Hand::moveTo(ProgramOnScreen::folderButton);
         Hand::click();
-        QVERIFY(ProgramOnScreen::popupGoes());
+        QVERIFY(ProgramOnScreen::popupCloses());
         QCOMPARE(fileManager.starts(), QVector<QStringList>{program.paths()});
         QVERIFY(program.opened().isEmpty());
         QVERIFY(program.quit());

@@ -24,11 +24,11 @@ const char separatorEntry[] = R"({ "separator": true })";
 const char quitEntry[] = R"({ "identifier": "MI_Quit", "label": "E&xit", "command": "ID_New" })";
 const char otherKey[] =
     R"({ "identifier": "ACC_Other", "label": "Other", "key": "Ctrl+F4", "command": "ID_New" })";
-//! As a host has it that knows of the browser before it is there.
+//! As in a host that is prepared for the browser.
 const char waitingKey[] =
     R"({ "identifier": "ACC_Recent", "label": "Recent", "key": "F4", "command": "ID_RECENT_FILES" })";
 
-//! A group with one definition, a Window menu and behind it a File menu with these entries.
+//! A group with one definition, a Window menu, and after it a File menu with these entries.
 QString groupData(const char *name, bool isPrimary, const QStringList &entries, const QString &accelerators)
 {
     return QStringLiteral(R"({ "name": "%1", "primary": %2,
@@ -50,7 +50,8 @@ QByteArray menuData(const QStringList &entries, const QString &accelerators = QS
 
 const QByteArray usualMenus = menuData({newEntry, openEntry, separatorEntry, quitEntry});
 
-//! The built module in the host runtime with menus of its own; the main window is not there yet.
+//! The built module in the host runtime with menus of its own, before the host is notified of its main
+//! window.
 class HostWithMenus
 {
 public:
@@ -65,7 +66,7 @@ public:
     ~HostWithMenus() { running.host.setMainWindow(nullptr); }
     Q_DISABLE_COPY(HostWithMenus)
 
-    //! Shows the main window with a drawing as the only recent document.
+    //! Sets the main window, with one recent document.
     void begin()
     {
         running.host.recentFiles().setPaths({running.makeDrawing("a.dwg")});
@@ -79,7 +80,7 @@ public:
 
     //! The entries of both File menus, separators as "".
     QList<QStringList> entries() { return {childrenOf(file()), childrenOf(*startUp().GetMenu(1))}; }
-    //! What the primary group's keys are: "F4 ID_New", in order.
+    //! The primary group's keys in order, like "F4 ID_New".
     QStringList keys()
     {
         QStringList lines;
@@ -95,7 +96,7 @@ public:
     QMainWindow window;
 };
 
-//! What the module exports for hosts that want the key.
+//! Calls the function that the module exports for hosts that want the key.
 void setShortCutKey()
 {
     const auto function =
@@ -105,7 +106,7 @@ void setShortCutKey()
 
 const QString realEntry = "PMI_RECENT_DOCUMENT_BROWSER";
 const QList<QStringList> withoutEntry = {{"MI_New", "MI_Open", "", "MI_Quit"}, {"MI_New", "", "MI_Quit"}};
-//! Before the way out in both File menus.
+//! Before the last group of both File menus.
 const QList<QStringList> withEntry = {{"MI_New", "MI_Open", realEntry, "", "MI_Quit"},
                                       {"MI_New", realEntry, "", "MI_Quit"}};
 
@@ -117,13 +118,13 @@ class tst_MenusInHost : public TestCase
     Q_OBJECT
 
 private slots:
-    void theFirstRecentDocumentBringsOneEntry()
+    void theFirstRecentDocumentAddsOneEntry()
     {
         HostWithMenus host(usualMenus);
         fxhost::FxHost &fxHost = host.running.host;
         const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);
         fxHost.setMainWindow(&host.window);
-        fxHost.documents().newDocument(); // has no path, so it is not among the recent ones
+        fxHost.documents().newDocument(); // has no path, so it is not a recent one
         QCOMPARE(refreshed.size(), 1);
         QCOMPARE(host.entries(), withoutEntry);
 
@@ -148,7 +149,7 @@ private slots:
         QVERIFY(!host.customization().FindCommand(L"EXTENSION", L"ID_RECENT_FILES"));
     }
 
-    void aShortFileMenuStaysAsItIs_data()
+    void aShortFileMenuGetsAnEntryWhereThereIsRoom_data()
     {
         QTest::addColumn<QStringList>("entries");
         QTest::addColumn<QStringList>("children");
@@ -158,7 +159,7 @@ private slots:
                                      << QStringList({realEntry, "MI_New", "MI_Quit"});
     }
 
-    void aShortFileMenuStaysAsItIs()
+    void aShortFileMenuGetsAnEntryWhereThereIsRoom()
     {
         QFETCH(QStringList, entries);
         QFETCH(QStringList, children);
@@ -178,7 +179,7 @@ private slots:
         QVERIFY(!host.window.findChild<QAction *>(realEntry));
         host.begin();
         host.running.host.documents().newDocument();
-        auto *action = host.window.findChild<QAction *>(realEntry); // the bar was made anew
+        auto *action = host.window.findChild<QAction *>(realEntry); // the menu bar was rebuilt
         QVERIFY(action);
         QCOMPARE(action->text(), "Preview Recent Documents...\tF4");
         QVERIFY(action->isEnabled());
@@ -203,9 +204,9 @@ private slots:
     void theKeyIsAddedOnRequest()
     {
         HostWithMenus host(menuData({newEntry, openEntry, separatorEntry, quitEntry}, otherKey));
-        setShortCutKey(); // the definition, which the main window brings, is still to come
+        setShortCutKey(); // before the definition exists
         host.begin();
-        QCOMPARE(host.keys(), QStringList("Ctrl+F4 ID_New")); // not by itself
+        QCOMPARE(host.keys(), QStringList("Ctrl+F4 ID_New")); // not without a request
         for (int i = 0; i < 2; ++i)
             setShortCutKey();
         QCOMPARE(host.keys(), QStringList({"Ctrl+F4 ID_New", "F4 ID_RECENT_FILES"}));
@@ -223,13 +224,13 @@ private slots:
         builder.setGroup(&host.primary());
         host.begin();
         setShortCutKey();
-        host.customization().Refresh(); // which is for the host to do
+        host.customization().Refresh(); // the host's task
         QVERIFY(waitForActive(&host.window));
         QTest::keyClick(&host.window, Qt::Key_F4);
         QTRY_COMPARE(RealBrowser::popups().size(), 1);
     }
 
-    void everythingStandsAfterTheMainWindowAndTheModule()
+    void menusAndKeysRemainAfterTheModuleIsUnloaded()
     {
         HostWithMenus host(usualMenus);
         host.begin();
@@ -237,13 +238,13 @@ private slots:
         const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);
         host.running.host.setMainWindow(nullptr);
         QVERIFY(host.running.host.modules().unload(MODULE_FILE));
-        QVERIFY(!dlopen(MODULE_FILE, RTLD_NOW | RTLD_NOLOAD)); // nothing of it may be needed any more
+        QVERIFY(!dlopen(MODULE_FILE, RTLD_NOW | RTLD_NOLOAD)); // the menus do not need it
         QCOMPARE(refreshed.size(), 0);
         QCOMPARE(host.entries(), withEntry);
         QCOMPARE(QString(host.file().GetChild(2)->GetLabel()), "Preview Recent Documents...");
         QCOMPARE(host.keys(), QStringList("F4 ID_RECENT_FILES"));
         QCOMPARE(QString(host.primary().GetAccelerator(0)->GetLabel()), "Preview Recent Documents...");
-        // Chosen now, the entry is a command that nobody knows.
+        // The entry now runs an unknown command.
         host.running.host.commands().runMacro(host.file().GetChild(2)->GetCommand()->GetMacro());
         QCOMPARE(host.running.logged().constLast(), "command _RECENT unknown");
     }

@@ -11,7 +11,7 @@ Q_DECLARE_METATYPE(LifeReport)
 
 namespace {
 
-//! The whole life in a host that lacks nothing.
+//! The report of a host that lacks nothing.
 const LifeReport wholeLife = {
     {"created", "yes"},
     {"started", "yes"},
@@ -50,7 +50,7 @@ LifeReport operator+(LifeReport report, const LifeReport &other)
     return report;
 }
 
-//! Without popups there is no line of what is done with them.
+//! Without popups there are no lines on their use.
 LifeReport withoutPopup(LifeReport report)
 {
     report["popup"] = "none";
@@ -63,7 +63,7 @@ LifeReport withoutPopup(LifeReport report)
 
 const LifeReport noEntries = {{"menu entries", "file: no, start-up: no"}};
 const LifeReport noMenus = noEntries + LifeReport{{"menus refreshed", "no"}};
-//! A popup with a header alone. Only its help icon is of use.
+//! A popup with only a header, of which the help icon works.
 const LifeReport noTiles = {{"pins", "0"},
                             {"tiles", "0"},
                             {"Right leads to", ""},
@@ -74,20 +74,20 @@ const LifeReport noTiles = {{"pins", "0"},
                             {"popup after the folder", "open"},
                             {"double-click opens", ""},
                             {"popup after the double-click", "open"}};
-//! For a module that is never notified of a main window.
+//! The module is never notified of a main window.
 const LifeReport noWindow = noMenus + LifeReport{{"registered with a window", "_RECENT documents"},
                                                  {"registered", "_RECENT documents"},
                                                  {"registered at the end", "_RECENT documents"}};
 const LifeReport noDocuments = {{"registered", "_RECENT editor"},
                                 {"registered with a window", "_RECENT _RHELP editor"}};
 
-//! The host loses one of what it says it has.
+//! The host lacks one thing.
 Switch without(bool FakeHost::*what)
 {
     return [what](FakeLife &life, bool has) { life.host.*what = has; };
 }
 
-//! An operation of the host throws when its line is written, until it is done with.
+//! An operation of the host throws once it has recorded its line.
 template<class Exception>
 Switch throwing(std::function<void()> FakeHost::*hook, const char *line, Exception exception)
 {
@@ -169,21 +169,21 @@ void rowsOfTheEngine()
     row("command stack", without(&FakeHost::hasCommandStack),
         {{"registered", "documents editor"}, {"registered with a window", "documents editor"}});
     row("editor", without(&FakeHost::hasEditor), noWindow);
-    row("place on the stack", throwing(&FakeHost::onCommandStack, "stack add _RECENT", refusal),
+    row("addition to the stack", throwing(&FakeHost::onCommandStack, "stack add _RECENT", refusal),
         noMenus + noTiles +
             LifeReport{{"started", "threw"}, {"registered", ""}, {"registered with a window", ""}});
     const LifeReport noHelp = {{"window told", "threw"},
                                {"registered with a window", "_RECENT documents editor"}};
     const LifeReport noEnd = {{"window's end told", "threw"}};
-    row("place on the stack for help", throwing(&FakeHost::onCommandStack, "stack add _RHELP", 7), noHelp);
-    row("look at the stack", throwing(&FakeHost::onCommandStack, "stack lookup", refusal), noHelp + noEnd);
-    row("way off the stack", throwing(&FakeHost::onCommandStack, "stack remove _RECENT", refusal),
+    row("addition to the stack for help", throwing(&FakeHost::onCommandStack, "stack add _RHELP", 7), noHelp);
+    row("lookup on the stack", throwing(&FakeHost::onCommandStack, "stack lookup", refusal), noHelp + noEnd);
+    row("removal from the stack", throwing(&FakeHost::onCommandStack, "stack remove _RECENT", refusal),
         noEnd + LifeReport{{"registered at the end", "_RECENT _RHELP documents editor"}});
-    row("way off the stack for help", throwing(&FakeHost::onCommandStack, "stack remove _RHELP", 7),
+    row("removal from the stack for help", throwing(&FakeHost::onCommandStack, "stack remove _RHELP", 7),
         noEnd + LifeReport{{"registered at the end", "_RHELP"}});
-    row("place at the editor", throwing(&FakeHost::onEditor, "editor add", refusal),
+    row("addition to the editor", throwing(&FakeHost::onEditor, "editor add", refusal),
         noWindow + LifeReport{{"started", "threw"}});
-    row("way off the editor", throwing(&FakeHost::onEditor, "editor remove", 7),
+    row("removal from the editor", throwing(&FakeHost::onEditor, "editor remove", 7),
         noEnd + LifeReport{{"registered at the end", "_RHELP editor"}});
 }
 
@@ -209,26 +209,26 @@ void rowsOfPreviews()
     rowsOfReaders("a number", 7);
 }
 
-//! What goes while a popup is up, and comes back.
+//! Missing only while a popup is open.
 void rowsWithAPopup()
 {
-    const auto goes = [](const char *name, bool FakeHost::*what, const LifeReport &changes = {}) {
+    const auto lost = [](const char *name, bool FakeHost::*what, const LifeReport &changes = {}) {
         QTest::addRow("with a popup: %s", name) << Switch() << without(what) << wholeLife + changes;
     };
     const LifeReport nothingOpens = {{"Enter opens", ""}, {"double-click opens", ""}};
-    goes("services", &FakeHost::hasServices, nothingOpens + LifeReport{{"help runs", ""}});
-    goes("application", &FakeHost::hasApplication);
-    goes("user profile", &FakeHost::hasUserProfile);
-    goes("recent-file list", &FakeHost::hasRecentFileList);
-    goes("main frame object", &FakeHost::hasMainFrame);
-    goes("main window", &FakeHost::hasMainWindow);
-    goes("document manager", &FakeHost::hasDocumentManager, nothingOpens);
-    goes("customisation", &FakeHost::hasCustomization);
-    goes("command stack", &FakeHost::hasCommandStack);
-    goes("editor", &FakeHost::hasEditor);
+    lost("services", &FakeHost::hasServices, nothingOpens + LifeReport{{"help runs", ""}});
+    lost("application", &FakeHost::hasApplication);
+    lost("user profile", &FakeHost::hasUserProfile);
+    lost("recent-file list", &FakeHost::hasRecentFileList);
+    lost("main frame object", &FakeHost::hasMainFrame);
+    lost("main window", &FakeHost::hasMainWindow);
+    lost("document manager", &FakeHost::hasDocumentManager, nothingOpens);
+    lost("customisation", &FakeHost::hasCustomization);
+    lost("command stack", &FakeHost::hasCommandStack);
+    lost("editor", &FakeHost::hasEditor);
 }
 
-//! A line for each line of the report, so that a difference is seen in words.
+//! Readable in a failure.
 QStringList linesOf(const LifeReport &report)
 {
     QStringList lines;
@@ -239,7 +239,7 @@ QStringList linesOf(const LifeReport &report)
 
 } // namespace
 
-//! What the module does, from its creation to its deletion, in a host that lacks one thing.
+//! The module from its creation to its deletion in a host that lacks one thing.
 class tst_MissingServices : public TestCase
 {
     Q_OBJECT
@@ -247,7 +247,7 @@ class tst_MissingServices : public TestCase
 private slots:
     void initTestCase()
     {
-        qputenv("PATH", "/nowhere"); // no file manager comes up
+        qputenv("PATH", "/nowhere"); // no file manager starts
     }
 
     void theRestWorks_data()

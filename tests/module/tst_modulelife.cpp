@@ -23,7 +23,7 @@
 
 namespace {
 
-//! Where the pointer may be without the popups' closing when they lose the focus.
+//! With the pointer over them, popups stay open when they lose the focus.
 const QRect mainWindow(0, 0, 1300, 800);
 const QPoint overPopups(320, 320); // in it
 
@@ -40,7 +40,7 @@ bool imagesAreThere()
     return QFile::exists(":/Images/Resources/VELA_DWG.png");
 }
 
-//! What is up when the module goes. Rounds go through all combinations.
+//! What is open when the module is unloaded. The rounds cover all combinations.
 struct Scene
 {
     enum class State { Never, Closed, Open };
@@ -55,7 +55,7 @@ struct Scene
     State popup;
     State balloon;
     State menu;
-    bool eventsAreDelivered; //!< else the module goes amid what the closing has left to do
+    bool eventsAreDelivered; //!< otherwise events of the closing are pending
 };
 using State = Scene::State;
 
@@ -65,7 +65,7 @@ void hover(QWidget *widget)
     drainEvents();
 }
 
-//! Fills a menu as a host's own and pins a drawing in it.
+//! Fills a menu of the host and pins a drawing in it.
 void useMenu(RealBrowser &browser, QMenu &menu, State state)
 {
     browser.addRecentFiles(&menu, nullptr);
@@ -103,8 +103,8 @@ void usePopups(RealBrowser &browser, State state)
     }
 }
 
-//! One life, from the loading to just before the end.
-void live(RealBrowser &browser, QMenu &menu, const Scene &scene)
+//! Loads the module and uses it.
+void use(RealBrowser &browser, QMenu &menu, const Scene &scene)
 {
     fxhost::ModuleManager &modules = browser.host().modules();
     QVERIFY(modules.loaded().contains(MODULE_FILE) || modules.load(MODULE_FILE));
@@ -119,12 +119,14 @@ void live(RealBrowser &browser, QMenu &menu, const Scene &scene)
     if (scene.balloon == State::Closed)
         RealBalloon::close();
     if (scene.menu != State::Never)
-        useMenu(browser, menu, scene.menu); // last: it closes when another window comes up
+        useMenu(browser, menu, scene.menu); // last: it closes when another window opens
     if (scene.balloon == State::Open && !RealBalloon::isVisible())
         RealBalloon::show("again"); // leaving a button has hidden it
     if (scene.eventsAreDelivered) {
         drainEvents();
-        browser.host().documents().newDocument(); // what is up has entries and tiles that count no longer
+        browser.host()
+            .documents()
+            .newDocument(); // entries and tiles on screen are not in the registry any longer
     }
     QCOMPARE(RealBrowser::popups().size(), scene.popup == State::Open ? 2 : 0);
     QCOMPARE(RealBalloon::isVisible(), scene.balloon == State::Open);
@@ -137,7 +139,7 @@ QSet<QWidget *> allWidgets()
     return QSet<QWidget *>(widgets.begin(), widgets.end());
 }
 
-//! Notifies all that is there, in code that is gone if something of the module were left.
+//! Notifies every widget, which would crash in a widget of the unloaded module.
 void restyle(int round)
 {
     QFont font = QApplication::font();
@@ -168,7 +170,7 @@ const PopupEnd popupEnds[] = {
     },
 };
 
-//! Everything that a popup is made of; itself first.
+//! A popup and all its children.
 QVector<QPointer<QWidget>> partsOf(QDialog *popup)
 {
     QVector<QPointer<QWidget>> parts{popup};
@@ -177,7 +179,7 @@ QVector<QPointer<QWidget>> partsOf(QDialog *popup)
     return parts;
 }
 
-//! What the user does with one of the others meanwhile.
+//! What the user does with another popup meanwhile.
 void useTile(QWidget *popup, unsigned choice)
 {
     QDialog *tile = RealBrowser::tiles(popup).at(static_cast<int>(choice % tilesOfEach));
@@ -189,16 +191,16 @@ void useTile(QWidget *popup, unsigned choice)
 
 } // namespace
 
-//! The built library comes, is used and goes while the program runs, over and over; and more popups than
-//! anybody opens, closed in any order and in every way.
+//! The built library is loaded, used and unloaded again and again; and many popups are closed in any order
+//! and in every way.
 class tst_ModuleLife : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void twoHundredLivesLeaveNothingBehind()
+    void twoHundredLoadsLeaveNothingBehind()
     {
-        constexpr int lives = 200;
+        constexpr int rounds = 200;
         const Scene everythingOpen(Scene::states * Scene::states * Scene::states - 1);
         const QFont font = QApplication::font();
         const QPalette palette = QApplication::palette();
@@ -206,32 +208,32 @@ private slots:
             RealBrowser browser(2, mainWindow);
             {
                 QMenu menu;
-                live(browser, menu, everythingOpen); // in which Qt makes what it makes once
+                use(browser, menu, everythingOpen); // Qt's objects of first use
             }
             QVERIFY(browser.host().modules().unload(MODULE_FILE));
             restyle(0);
-            const QSet<QWidget *> hostsOwn = allWidgets();
-            for (int round = 0; round < lives; ++round) {
+            const QSet<QWidget *> ofHost = allWidgets();
+            for (int round = 0; round < rounds; ++round) {
                 {
                     QMenu menu;
-                    live(browser, menu, Scene(round));
+                    use(browser, menu, Scene(round));
                     QVERIFY2(!QTest::currentTestFailed(), qPrintable(QString::number(round)));
                     QVERIFY(browser.host().modules().unload(MODULE_FILE));
                     QVERIFY(!libraryIsLoaded() && !imagesAreThere());
                     restyle(round);
                 }
-                QCOMPARE(allWidgets(), hostsOwn);
+                QCOMPARE(allWidgets(), ofHost);
                 browser.host().documents().closeAll();
             }
-            QCOMPARE(browser.log().filter("unloaded").size(), lives + 1);
-            // The last one goes with the host.
+            QCOMPARE(browser.log().filter("unloaded").size(), rounds + 1);
+            // The last one is unloaded with the host.
             QMenu menu;
-            live(browser, menu, everythingOpen);
+            use(browser, menu, everythingOpen);
         }
         QVERIFY(!libraryIsLoaded());
-        // Only the module uses this here, and a worker thread may still be on its way out of it.
+        // Only the module uses this here, and a worker thread may still be returning from it.
         QVERIFY(libraryIsLoaded("libQt5Concurrent.so.5"));
-        restyle(lives);
+        restyle(rounds);
         QApplication::setFont(font);
         QApplication::setPalette(palette);
     }
@@ -274,14 +276,14 @@ private slots:
         QCOMPARE(program.exitCode(), 0);
     }
 
-    void eachOfManyPopupsGoesWithAllThatIsItsOwn_data()
+    void eachOfManyPopupsIsDeletedWithItsChildren_data()
     {
         QTest::addColumn<unsigned>("seed");
         for (unsigned seed = 1; seed <= 3; ++seed)
             QTest::addRow("seed %u", seed) << seed;
     }
 
-    void eachOfManyPopupsGoesWithAllThatIsItsOwn()
+    void eachOfManyPopupsIsDeletedWithItsChildren()
     {
         QFETCH(unsigned, seed);
         constexpr int popupCount = 50;
@@ -318,7 +320,7 @@ private slots:
         }
         QVERIFY(RealBrowser::popups().isEmpty());
         QCOMPARE(browser.log().filter("open "), QStringList());
-        QVERIFY(browser.openPopup()); // and the next one is as any other
+        QVERIFY(browser.openPopup()); // the next one works
         QCOMPARE(RealBrowser::tiles(RealBrowser::popups().constFirst()).size(), tilesOfEach);
     }
 };

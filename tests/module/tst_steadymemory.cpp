@@ -28,20 +28,20 @@ void openAndClose(RealBrowser &browser)
     drainEvents();
 }
 
-//! By then whatever is made at first use and kept has been made.
+//! Enough for all that is created at first use and kept.
 constexpr int warmUp = 50;
 
-//! Does a thing over and over again. \return by how much more memory is taken at the end, in percent, than
-//! after a tenth of it: of what is allocated or of what the system holds, whichever is more
-//! \param known what each time is known to add to what is allocated, in bytes
-template<class Thing>
-double growthOf(int times, qint64 known, const Thing &thing)
+//! Repeats an action. \return the growth of allocated or of resident memory, whichever is more, from a tenth
+//! of the repetitions to the end, in percent \param known what each repetition is known to allocate and keep,
+//! in bytes
+template<class Action>
+double growthOf(int times, qint64 known, const Action &action)
 {
     const int early = qMax(times / 10, warmUp);
     qint64 allocated = 0;
     qint64 resident = 0;
     for (int i = 1; i <= times; ++i) {
-        thing();
+        action();
         if (i == early) {
             allocated = memory::allocated();
             resident = memory::resident();
@@ -65,22 +65,22 @@ void send(QWidget *widget, QEvent::Type type)
 
 } // namespace
 
-//! The built library used for long: what it does over and over again takes no more memory the last time.
+//! The built library in long use: repeated actions need no more memory in the end.
 class tst_SteadyMemory : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void reopeningThePopupTakesNoMore_data()
+    void reopeningThePopupKeepsMemorySteady_data()
     {
         QTest::addColumn<int>("documents");
         QTest::addColumn<int>("numbers");
         QTest::newRow("10 documents") << 10 << 0;
-        // From the eleventh on an entry's number gains a digit each time.
+        // From the eleventh on an entry's number gets one digit more each time.
         QTest::newRow("50 documents") << 50 << 40;
     }
 
-    void reopeningThePopupTakesNoMore()
+    void reopeningThePopupKeepsMemorySteady()
     {
         QFETCH(int, documents);
         QFETCH(int, numbers);
@@ -100,7 +100,7 @@ private slots:
         QVERIFY2(percent < 1, qPrintable(QString::number(percent)));
     }
 
-    void ofAnOpeningWithAPinOneSeparatorStays()
+    void openingWithAPinAddsOneSeparator()
     {
         RealBrowser browser(3, tallFrame);
         QDialog *popup = browser.openPopup();
@@ -119,14 +119,14 @@ private slots:
         QVERIFY(!memory::isMeasurable || eachOne < 2000);
     }
 
-    void movingTheHighlightTakesNoMore_data()
+    void movingTheHighlightKeepsMemorySteady_data()
     {
         QTest::addColumn<int>("key");
         QTest::newRow("along the row") << int(Qt::Key_Right);
         QTest::newRow("along the column") << int(Qt::Key_Down);
     }
 
-    void movingTheHighlightTakesNoMore()
+    void movingTheHighlightKeepsMemorySteady()
     {
         QFETCH(int, key);
         RealBrowser browser(50, tallFrame);
@@ -136,14 +136,14 @@ private slots:
         const int objects = popup->findChildren<QObject *>().size();
         const double percent = growthOf(memory::rounds(100000), 0, [&] {
             QTest::keyClick(popup, Qt::Key(key));
-            QCoreApplication::processEvents(); // draws it
+            QCoreApplication::processEvents(); // paints
         });
         QCOMPARE(RealBrowser::highlighted(tiles).size(), 1);
         QCOMPARE(popup->findChildren<QObject *>().size(), objects);
         QVERIFY2(percent < 1, qPrintable(QString::number(percent)));
     }
 
-    void ofAHoverOneStoppedTimerStays_data()
+    void aHoverLeavesOneStoppedTimer_data()
     {
         QTest::addColumn<bool>("inMenu");
         QTest::addColumn<QString>("name");
@@ -154,7 +154,7 @@ private slots:
         QTest::newRow("a menu entry's text") << true << "menuTextButton";
     }
 
-    void ofAHoverOneStoppedTimerStays()
+    void aHoverLeavesOneStoppedTimer()
     {
         QFETCH(bool, inMenu);
         QFETCH(QString, name);

@@ -18,7 +18,7 @@ Q_DECLARE_METATYPE(fxsamples::DrawingForm)
 
 namespace {
 
-//! \return 0 past the end, which no field tested here may be
+//! \return 0 past the end, which no tested field may be
 int numberAt(const QByteArray &bytes, int offset)
 {
     return qFromLittleEndian<int>(bytes.mid(offset, 4).leftJustified(4, '\0').constData());
@@ -38,7 +38,7 @@ QByteArray pictureOf(const QByteArray &file)
     return file.mid(numberAt(file, entry + 1), numberAt(file, entry + 5));
 }
 
-//! A picture of exactly \p colours colours, in uneven numbers.
+//! A picture with this number of colours, unevenly distributed.
 QImage colourful(const QSize &size, int colours)
 {
     QImage picture(size, QImage::Format_RGB32);
@@ -63,7 +63,7 @@ class tst_DrawingWriter : public TestCase
     Q_OBJECT
 
 private slots:
-    void everyFieldIsInItsPlace_data()
+    void everyFieldIsAtItsOffset_data()
     {
         QTest::addColumn<DrawingForm>("form");
         QTest::addColumn<QByteArray>("tag");
@@ -80,7 +80,7 @@ private slots:
         }
     }
 
-    void everyFieldIsInItsPlace()
+    void everyFieldIsAtItsOffset()
     {
         QFETCH(DrawingForm, form);
         QFETCH(QByteArray, tag);
@@ -110,7 +110,7 @@ private slots:
             QCOMPARE(numberAt(picture, 0), 40);
     }
 
-    void aBitmapIsAPlainOne()
+    void bitmapsAreUncompressed()
     {
         for (const int bits : {8, 24, 32}) {
             for (const int width : {1, 2, 3, 4, 5, 180}) {
@@ -124,7 +124,7 @@ private slots:
                                               + littleEndian(bits << 16 | 1));       // planes
                 QCOMPARE(bitmap.mid(16, 8), littleEndian(0) + littleEndian(pixels)); // uncompressed
                 QCOMPARE(numberAt(bitmap, 32), palette);
-                // Qt reads it with the file header put back.
+                // Qt reads it after the file header is added.
                 const QByteArray header = "BM" + littleEndian(14 + bitmap.size()) + littleEndian(0) +
                                           littleEndian(14 + 40 + palette * 4);
                 QCOMPARE(QImage::fromData(header + bitmap, "BMP").convertToFormat(QImage::Format_RGB32),
@@ -136,7 +136,7 @@ private slots:
     void aPngKeepsEveryPixel()
     {
         QImage picture = colourful({256, 149}, 5000);
-        picture.setDotsPerMeterX(1); // of a machine's screen: the file must not depend on it
+        picture.setDotsPerMeterX(1); // the file must not depend on the screen
         const QByteArray file = drawingFile(picture, {Version::AC1027, Picture::Png, {}});
         const QImage decoded = QImage::fromData(pictureOf(file), "PNG");
         QVERIFY(!decoded.hasAlphaChannel());

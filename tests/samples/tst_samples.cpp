@@ -32,7 +32,7 @@ struct Run
     QByteArray err;
 };
 
-//! Runs the program as a bare build machine would: no display, no platform named, no locale, no fonts.
+//! Runs the program as on a bare build machine: without a display, a platform, a locale and fonts.
 Run makeSamples(const QStringList &arguments)
 {
     QProcessEnvironment bare;
@@ -71,7 +71,7 @@ private slots:
                 colours.insert(picture.pixel(x, y));
             }
         }
-        QVERIFY(colours.size() > 20); // lines of several colours with soft edges, not a filled rectangle
+        QVERIFY(colours.size() > 20); // antialiased lines in several colours, not a filled rectangle
 
         QFile file(QStringLiteral(":/samples/%1.svg").arg(name));
         QVERIFY(file.open(QIODevice::ReadOnly));
@@ -81,7 +81,7 @@ private slots:
         QCOMPARE(picture.width(), svg.value(QStringLiteral("width")).toInt());
         QCOMPARE(picture.height(), svg.value(QStringLiteral("height")).toInt());
         QVERIFY(picture.width() >= 180); // the smallest that drawing programs store
-        // Qt stretches what is drawn to this size, whatever its shape.
+        // Qt stretches the drawing to this size.
         const QVector<QStringRef> viewBox = svg.value(QStringLiteral("viewBox")).split(QLatin1Char(' '));
         const double drawnHeight = viewBox.at(3).toDouble() * picture.width() / viewBox.at(2).toDouble();
         QVERIFY2(qAbs(drawnHeight - picture.height()) < 0.5, qPrintable(QString::number(drawnHeight)));
@@ -94,7 +94,7 @@ private slots:
         QSet<QString> paths;
         QSet<QByteArray> versions;
         QSet<bool> isPng;
-        for (int run = 0; run < 2; ++run) { // the second time over the files of the first
+        for (int run = 0; run < 2; ++run) { // the second run overwrites the files
             const Run result = makeSamples({directory});
             QCOMPARE(result.err, QByteArray());
             QCOMPARE(result.exitCode, 0);
@@ -104,7 +104,7 @@ private slots:
                 QVERIFY2(result.out.contains((path + QLatin1String(": ")).toUtf8()), qPrintable(path));
                 const QImage picture = paintPreview(sample);
                 const QByteArray bytes = drawingFile(picture, sample.form);
-                // By its UTF-8 bytes, whatever locale this test runs in.
+                // By its UTF-8 bytes in any locale.
                 QVERIFY2(contents(path.toStdString()) == bytes, qPrintable(path));
                 const QImage stored = sample.form.picture == Picture::Bitmap8 ? indexed(picture) : picture;
                 QCOMPARE(fxhost::readPreview(path).convertToFormat(QImage::Format_RGB32),
@@ -119,14 +119,14 @@ private slots:
         QCOMPARE(isPng.size(), 2);
     }
 
-    void theProgramSaysWhyItCannotWrite()
+    void theProgramReportsWriteErrors()
     {
         const QTemporaryDir temporary;
-        const QString inTheWay = temporary.filePath(QStringLiteral("file"));
-        QVERIFY(QFile(inTheWay).open(QIODevice::WriteOnly));
-        const Run noDirectory = makeSamples({inTheWay + QLatin1String("/below")});
+        const QString blocker = temporary.filePath(QStringLiteral("file"));
+        QVERIFY(QFile(blocker).open(QIODevice::WriteOnly));
+        const Run noDirectory = makeSamples({blocker + QLatin1String("/below")});
         QCOMPARE(noDirectory.exitCode, 1);
-        QVERIFY2(noDirectory.err.contains(inTheWay.toUtf8()), noDirectory.err);
+        QVERIFY2(noDirectory.err.contains(blocker.toUtf8()), noDirectory.err);
 
         const QString name = sampleSet().front().fileName.toString();
         QVERIFY(QDir(temporary.path()).mkdir(name));
@@ -136,7 +136,7 @@ private slots:
         QCOMPARE(noFile.out, QByteArray());
     }
 
-    void theProgramWantsOneDirectory()
+    void theProgramTakesOneDirectory()
     {
         const QTemporaryDir temporary;
         for (const QStringList &arguments : {QStringList(), QStringList{temporary.path(), temporary.path()},

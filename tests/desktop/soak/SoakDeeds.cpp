@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the user does besides the display's input: typed commands, files that change, screens of another size.
+// The user's actions besides input: commands, changed files, screens of another size.
 #include "tests/desktop/soak/SoakPerson.h"
 
 #include "host/app/HelpWindow.h"
@@ -17,7 +17,7 @@
 
 namespace {
 
-//! Whether the help window has it that has just been asked for; true where there is none.
+//! Whether the help window that was just opened has the keyboard; true without one.
 bool helpHasTheKeyboard()
 {
     const QWidgetList windows = QApplication::topLevelWidgets();
@@ -40,7 +40,7 @@ void SoakPerson::command(const SoakStep &step)
         QStringLiteral("_NEW"),
         QStringLiteral("_CASCADE"),
         QStringLiteral("_RECENTLIMIT %1").arg(1 + number % 24),
-        QStringLiteral("_RECENTADD %1 (not there)").arg(path),
+        QStringLiteral("_RECENTADD %1 (missing)").arg(path),
         QStringLiteral("_RHELP"),
         QStringLiteral("^C^C_TILE"),
     };
@@ -50,13 +50,13 @@ void SoakPerson::command(const SoakStep &step)
     m_mustOpen = kind < opens;
     if (m_mustOpen)
         m_mayOpen = QStringList(path);
-    say(line);
+    writeLog(line);
     bool givesHelp = false;
     gui([&] {
-        givesHelp = line == QLatin1String("_RHELP") && m_soak.hasModule(); // whose command that is
+        givesHelp = line == QLatin1String("_RHELP") && m_soak.hasModule(); // it is the module's command
         m_soak.host().commands().runLine(line);
     });
-    // Else the next key could still go to the popup, or not.
+    // Otherwise the next key might still reach the popup.
     if (givesHelp && !guiUntil(helpHasTheKeyboard))
         problem = QStringLiteral("the help does not get the keyboard");
 }
@@ -76,7 +76,7 @@ void SoakPerson::file(const SoakStep &step)
     const QByteArray bytes = RealBrowser::drawingBytes(choice);
     switch (choice % 16) {
     case 0:
-        break; // it has vanished
+        break; // deleted
     case 1:
         write(bytes.left(choice % bytes.size()));
         break;

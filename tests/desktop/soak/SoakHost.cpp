@@ -23,16 +23,16 @@
 namespace {
 
 constexpr int soakDrawings = 24;
-constexpr int soakLimit = 16; // recent documents: some always fall out
+constexpr int soakLimit = 16; // recent documents, fewer than the drawings
 
-//! What the module exports under that mangled name; null while it is not loaded.
+//! The module's symbol of that mangled name; null while it is not loaded.
 template<class Thing>
 Thing *exported(const char *name)
 {
     return reinterpret_cast<Thing *>(RealBrowser::exported(name));
 }
 
-//! The class's type is the module's own, so that no check of it can be linked.
+//! The class's type information is inside the module, where the sanitizer's check cannot be linked to.
 __attribute__((no_sanitize("vptr"))) QString pathOf(const FolderPinButton *button)
 {
     return button->path();
@@ -52,7 +52,7 @@ QStringList tilePathsOf(const QDialog *popup)
     return paths;
 }
 
-//! The recent-files menu entries that have a picture in the cache, a blank one too.
+//! The recent-files menu entries with a picture in the cache, which may be blank.
 QStringList entriesWithPicture()
 {
     const auto *buttons =
@@ -80,7 +80,7 @@ SoakHost::SoakHost()
     if (!menus.open(QIODevice::ReadOnly) || !m_host->customization().load(menus.readAll()))
         qFatal("the menus cannot be used");
     m_window = std::make_unique<fxhost::MainWindow>(*m_host);
-    // A dialog would wait for a user.
+    // A dialog would block.
     m_host->setPathChooser([this] { return m_paths.constFirst(); });
     m_host->modules().load(QStringLiteral(MODULE_FILE));
     m_window->setGeometry(60, 60, 1300, 900);
@@ -159,7 +159,7 @@ QString SoakHost::tileAt(const QPoint &place) const
 {
     QWidget *const widget = QApplication::widgetAt(place);
     const QList<QDialog *> popups = RealBrowser::popups();
-    // An older popup's tiles know the newer one's highlight only.
+    // The tiles of an older popup use the newer one's highlight.
     if (!widget || qobject_cast<QToolButton *>(widget) || popups.size() != 1)
         return {};
     const QList<QDialog *> tiles = RealBrowser::tiles(popups.constFirst());
@@ -180,13 +180,13 @@ QString SoakHost::toggleModule()
     const QString module = QStringLiteral(MODULE_FILE);
     fxhost::ModuleManager &modules = m_host->modules();
     const bool wasLoaded = hasModule();
-    const bool isDone = wasLoaded ? modules.unload(module) : modules.load(module);
+    const bool succeeded = wasLoaded ? modules.unload(module) : modules.load(module);
     m_modulesLoaded += !wasLoaded;
-    return isDone ? QString() : QStringLiteral("the module cannot be loaded or unloaded");
+    return succeeded ? QString() : QStringLiteral("the module cannot be loaded or unloaded");
 }
 
-//! A popup that was not there before.
-QString SoakHost::meet(QDialog *popup)
+//! Records a new popup.
+QString SoakHost::add(QDialog *popup)
 {
     ++m_popupsSeen;
     Watched watched{popup, {popup}};
@@ -218,7 +218,7 @@ QString SoakHost::problem()
         m_tilePaths.clear();
     for (QDialog *open : popups) {
         if (!isKnown(open)) {
-            const QString wrong = meet(open);
+            const QString wrong = add(open);
             if (!wrong.isEmpty())
                 return wrong;
         }

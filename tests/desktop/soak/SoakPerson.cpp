@@ -32,7 +32,7 @@ void SoakPerson::settle()
 void SoakPerson::awaitInput(const std::function<bool()> &arrived)
 {
     constexpr int moment = 1000; // ms
-    unheard += !guiUntil(arrived, m_isDragging ? patience : moment);
+    unreceived += !guiUntil(arrived, m_isDragging ? patience : moment);
 }
 
 void SoakPerson::moveTo(const QPoint &place)
@@ -58,7 +58,7 @@ void SoakPerson::input(int releases, const std::function<void()> &action)
     awaitInput([&] { return m_arrivals.releases() >= before + releases; });
 }
 
-void SoakPerson::say(const QString &text)
+void SoakPerson::writeLog(const QString &text)
 {
     m_log.write(QStringLiteral("  ").append(text).append(QLatin1Char('\n')).toUtf8());
 }
@@ -84,23 +84,23 @@ void SoakPerson::run()
     day.start();
     while (problem.isEmpty() && (seconds == 0 || !day.hasExpired(qint64(seconds) * 1000)) &&
            (mostSteps == 0 || steps < mostSteps)) {
-        const Deed &deed = nextDeed();
+        const Action &action = nextAction();
         const SoakStep step = nextStep();
         ++steps;
-        m_log.write(QString::asprintf("%d %s %d at %.2f,%.2f to %.2f,%.2f\n", steps, deed.name, step.choice,
+        m_log.write(QString::asprintf("%d %s %d at %.2f,%.2f to %.2f,%.2f\n", steps, action.name, step.choice,
                                       step.x, step.y, step.toX, step.toY)
                         .toUtf8());
         m_mayOpen.clear();
         m_mustOpen = m_mayOpenAny = false;
-        (this->*deed.act)(step);
+        (this->*action.run)(step);
         settle();
-        welcomePopup();
+        awaitPopup();
         if (problem.isEmpty())
             gui([&] { problem = m_soak.problem(); });
         if (problem.isEmpty() && !guiUntil([&] { return !m_soak.isWaitingForDeletion(); }))
             problem = QStringLiteral("a closed popup's widgets are still there");
         checkOpened();
-        // A desk that is full.
+        // Keeps the number of open drawings bounded.
         gui([&] {
             if (m_soak.host().documents().documents().size() > 20)
                 m_soak.host().documents().closeAll();
@@ -115,7 +115,7 @@ void SoakPerson::run()
 void SoakPerson::checkOpened()
 {
     QStringList opened;
-    const auto isAsItShould = [&] {
+    const auto isAsExpected = [&] {
         opened += m_soak.takeOpened();
         if (m_mustOpen)
             return opened == m_mayOpen;
@@ -123,16 +123,16 @@ void SoakPerson::checkOpened()
             return opened.size() <= 1 && (opened.isEmpty() || m_mayOpen.contains(opened.constFirst()));
         return opened.isEmpty();
     };
-    if (problem.isEmpty() && !guiUntil(isAsItShould)) {
+    if (problem.isEmpty() && !guiUntil(isAsExpected)) {
         problem = QStringLiteral("opened: %1; highlighted: %2")
                       .arg(opened.join(QLatin1String(", ")), m_mayOpen.join(QLatin1String(", ")));
     }
     openings += opened.size();
     for (const QString &path : qAsConst(opened))
-        say(QStringLiteral("opened ") + path);
+        writeLog(QStringLiteral("opened ") + path);
 }
 
-const SoakPerson::Deed SoakPerson::deeds[] = {
+const SoakPerson::Action SoakPerson::actions[] = {
     {"key", 40, &SoakPerson::key},
     {"click", 16, &SoakPerson::click},
     {"double-click", 3, &SoakPerson::clickTwice},
@@ -144,15 +144,15 @@ const SoakPerson::Deed SoakPerson::deeds[] = {
     {"screen", 1, &SoakPerson::screen},
 };
 
-const SoakPerson::Deed &SoakPerson::nextDeed()
+const SoakPerson::Action &SoakPerson::nextAction()
 {
     int sum = 0;
-    for (const Deed &deed : deeds)
-        sum += deed.weight;
-    const Deed *deed = deeds;
-    for (int left = m_random.bounded(sum); left >= deed->weight; ++deed)
-        left -= deed->weight;
-    return *deed;
+    for (const Action &action : actions)
+        sum += action.weight;
+    const Action *action = actions;
+    for (int left = m_random.bounded(sum); left >= action->weight; ++action)
+        left -= action->weight;
+    return *action;
 }
 
 SoakStep SoakPerson::nextStep()
@@ -172,7 +172,7 @@ QPoint SoakPerson::place(const SoakStep &step) const
     return target.topLeft() + QPoint(int(step.x * target.width()), int(step.y * target.height()));
 }
 
-void SoakPerson::welcomePopup()
+void SoakPerson::awaitPopup()
 {
     const bool isSettled = guiUntil([&] {
         const QDialog *popup = m_soak.popup();
@@ -182,8 +182,8 @@ void SoakPerson::welcomePopup()
         problem = QStringLiteral("a popup does not get the keyboard");
 }
 
-//! Whether a popup gets the next key. The window manager may be about to give the keyboard to somebody else,
-//! so this waits until the display and the program agree on who has it.
+//! Whether a popup gets the next key. The window manager may be about to move the focus, so this waits until
+//! the display and the program agree on the window that has it.
 bool SoakPerson::popupHasTheKeyboard()
 {
     bool isPopup = false;
@@ -208,7 +208,7 @@ void SoakPerson::key(const SoakStep &step)
         gui([&] { m_mayOpen = m_soak.highlighted(); });
         m_mustOpen = true;
     }
-    say(QStringLiteral("key ") + QLatin1String(key));
+    writeLog(QStringLiteral("key ") + QLatin1String(key));
     const int releases = QLatin1String(key).contains(QLatin1Char('+')) ? 2 : 1;
     input(releases, [&] { Hand::key(QLatin1String(key)); });
 }
@@ -221,7 +221,7 @@ void SoakPerson::click(const SoakStep &step)
     const QPoint where = place(step);
     moveTo(where);
     expectDoubleClick(where);
-    say(QStringLiteral("button %1 %2").arg(button).arg(modifier));
+    writeLog(QStringLiteral("button %1 %2").arg(button).arg(modifier));
     input(modifier.isEmpty() ? 1 : 2, [&] {
         if (!modifier.isEmpty())
             Hand::holdKey(modifier);
@@ -239,11 +239,11 @@ void SoakPerson::clickTwice(const SoakStep &step)
     gui([&] {
         const QString path = m_soak.tileAt(where);
         m_mustOpen = !path.isEmpty();
-        m_mayOpenAny = !m_mustOpen; // a button that is disabled lets the click through to its tile
+        m_mayOpenAny = !m_mustOpen; // a disabled button passes the click to its tile
         m_mayOpen = m_mustOpen ? QStringList(path) : m_soak.shown();
     });
-    say(QStringLiteral("double-click on ") +
-        (m_mustOpen ? m_mayOpen.constFirst() : QStringLiteral("no tile")));
+    writeLog(QStringLiteral("double-click on ") +
+             (m_mustOpen ? m_mayOpen.constFirst() : QStringLiteral("no tile")));
     input(2, [] { Hand::doubleClick(); });
 }
 
@@ -260,7 +260,7 @@ void SoakPerson::drag(const SoakStep &step)
     const QPoint to = area.topLeft() + QPoint(int(step.toX * area.width()), int(step.toY * area.height()));
     moveTo(from);
     expectDoubleClick(from);
-    QPointer<QWidget> held; // of two popups at one place it may be the older
+    QPointer<QWidget> held; // the upper one of two popups may be the older one
     gui([&] { held = QApplication::topLevelAt(from); });
     Hand::press();
     for (int i = 1; i <= strides; ++i)
@@ -269,15 +269,15 @@ void SoakPerson::drag(const SoakStep &step)
         if (!m_isDragging)
             return;
         ++drags;
-        // Whether it is outside is the popup's to say, which is a strip then.
+        // The popup decides whether the pointer is outside: then it is a strip.
         constexpr int strip = 32; // pixels
         const bool isOutside = held && held->height() == strip;
         m_mayOpenAny = false;
         m_mustOpen = true;
         m_mayOpen = isOutside ? m_soak.highlighted() : QStringList();
     });
-    say(QStringLiteral("dragged ") +
-        (m_mustOpen ? m_mayOpen.join(QLatin1String(", ")) : QStringLiteral("nothing")));
+    writeLog(QStringLiteral("dragged ") +
+             (m_mustOpen ? m_mayOpen.join(QLatin1String(", ")) : QStringLiteral("nothing")));
     if (m_isDragging && step.choice % 4 == 0)
         Hand::key(QStringLiteral("Escape"));
     Hand::release();

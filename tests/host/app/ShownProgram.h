@@ -17,15 +17,15 @@
 #include <QMdiSubWindow>
 #include <QTemporaryDir>
 
-//! The program as main() builds it, without a module and a new drawing.
+//! The program as main() creates it, without a module and a new drawing.
 struct ShownProgram
 {
     QTemporaryDir dir;
     fxhost::FxHost host{dir.filePath(QStringLiteral("profile")), QString()};
-    //! Empty when the shipped menus can be used.
+    //! Empty when the shipped menus were loaded.
     QString menuProblem = host.customization().load(menus()).reason();
     fxhost::MainWindow window{host};
-    bool active = false; //!< whether the window is; a test of the keyboard focus counts on it
+    bool active = false; //!< whether the window is; needed by tests of the focus
 
     ShownProgram()
     {
@@ -46,9 +46,8 @@ struct ShownProgram
         return testbytes::writeFile(dir.filePath(name), testbytes::DrawingBytes().bytes());
     }
 
-    //! A new drawing's.
+    //! The window of a new drawing.
     QMdiSubWindow *newWindow() { return window.drawingArea().windowOf(host.documents().newDocument()); }
-    //! Of the open drawings.
     QStringList openPaths()
     {
         QStringList paths;

@@ -12,7 +12,7 @@ using fxhost::CommandLineWidget;
 
 namespace {
 
-//! A command line on screen, and hands on it.
+//! A command line on screen.
 class ShownCommandLine : public CommandLineWidget
 {
 public:
@@ -36,13 +36,12 @@ public:
 
 } // namespace
 
-//! What a person sees of and does with the command line.
 class tst_CommandLineWidget : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void enterHandsTheLineOnWithoutOuterBlanks()
+    void enterEmitsTheTrimmedLine()
     {
         ShownCommandLine line;
         const QSignalSpy lines(&line, &CommandLineWidget::lineEntered);
@@ -56,13 +55,13 @@ private slots:
     void selectedHistoryIsNotDragged()
     {
         ShownCommandLine line;
-        line.showMessage(QStringLiteral("a long message that somebody selects"));
+        line.showMessage(QStringLiteral("a long message to select"));
         QWidget *text = line.history()->viewport();
         const QPoint place(10, 10);
         line.history()->selectAll();
-        QTest::mousePress(text, Qt::RightButton, Qt::NoModifier, place); // for a menu that copies it
+        QTest::mousePress(text, Qt::RightButton, Qt::NoModifier, place); // for its context menu
         QVERIFY(line.history()->textCursor().hasSelection());
-        QTest::mousePress(text, Qt::LeftButton, Qt::ShiftModifier, place); // for more, or less
+        QTest::mousePress(text, Qt::LeftButton, Qt::ShiftModifier, place); // changes the selection
         QVERIFY(line.history()->textCursor().hasSelection());
         QTest::mousePress(text, Qt::LeftButton, Qt::NoModifier, place);
         QVERIFY(!line.history()->textCursor().hasSelection());
@@ -73,18 +72,18 @@ private slots:
     {
         ShownCommandLine line;
         line.echo(QStringLiteral("_RECENTLIMIT"));
-        line.showMessage(QStringLiteral("10\n<b>/tmp/a&amp;b.dwg</b>")); // which is no markup
+        line.showMessage(QStringLiteral("10\n<b>/tmp/a&amp;b.dwg</b>")); // is not markup
         const QString text = QStringLiteral("Command: _RECENTLIMIT\n10\n<b>/tmp/a&amp;b.dwg</b>");
         QCOMPARE(line.historyText(), text);
         line.history()->setFocus();
-        QTest::keyClicks(line.history(), QStringLiteral("x")); // changes nothing there
+        QTest::keyClicks(line.history(), QStringLiteral("x")); // the history is read-only
         QCOMPARE(line.historyText(), text);
     }
 
-    void upAndDownBringBackWhatWasEntered()
+    void upAndDownRecallEnteredLines()
     {
         ShownCommandLine line;
-        for (const char *entered : {"first", "again", "again"}) // a repeated line is recalled once
+        for (const char *entered : {"first", "again", "again"}) // a repeated line is stored once
             line.enter(QLatin1String(entered));
         QTest::keyClicks(line.input(), QStringLiteral("half a li"));
         QStringList seen;
@@ -93,11 +92,11 @@ private slots:
             line.press(key);
             seen.append(line.typed());
         }
-        // There is nothing older than the first line, and nothing newer than the one that was being typed.
+        // No line is older than the first one, and none newer than the unfinished one.
         QCOMPARE(seen, QStringList({"again", "first", "first", "again", "half a li", "half a li"}));
     }
 
-    void theOldestOfManyLinesIsForgotten()
+    void theOldestOfManyLinesIsDropped()
     {
         ShownCommandLine line;
         constexpr int moreThanAreKept = 500;
@@ -115,7 +114,7 @@ private slots:
         QCOMPARE(line.typed(), QStringLiteral("line %1").arg(moreThanAreKept - 1));
     }
 
-    void escapeClearsFirstAndCancelsThen()
+    void escapeClearsTheInputThenCancels()
     {
         ShownCommandLine line;
         const QSignalSpy cancels(&line, &CommandLineWidget::cancelRequested);
@@ -127,7 +126,7 @@ private slots:
         QCOMPARE(cancels.count(), 1);
     }
 
-    void theHistoryFollowsItsEndUnlessSomebodyReadsFurtherUp()
+    void theHistoryScrollsToItsEndUnlessTheUserScrollsUp()
     {
         ShownCommandLine line;
         constexpr int moreThanFit = 100;
@@ -158,7 +157,7 @@ private slots:
         QTRY_COMPARE(line.history()->verticalScrollBar()->maximum(), 1);
     }
 
-    void aKeyFromElsewhereIsTypedIntoTheInput()
+    void aForwardedKeyIsTypedIntoTheInput()
     {
         ShownCommandLine line;
         line.history()->setFocus();

@@ -11,7 +11,7 @@ using namespace fxhost;
 
 namespace {
 
-//! What another program offers, dragged over the widget at its centre and dropped there.
+//! Data of another program, dragged over the centre of a widget and dropped there.
 struct Offer
 {
     explicit Offer(const QList<QUrl> &urls) { data.setUrls(urls); }
@@ -49,7 +49,7 @@ class tst_FileDrop : public TestCase
 
 private slots:
     void initTestCase() { keepBytesOfPaths(); }
-    void filesAreTaken()
+    void droppedFilesAreOpened()
     {
         ShownProgram program;
         const QByteArray url =
@@ -57,21 +57,21 @@ private slots:
         const QStringList paths = {program.drawing(QStringLiteral("a b & 100% \u00fc#1.dwg")),
                                    program.drawing(pathFromBytes("gr\xfcn \xc3\xa4 100%.dwg")),
                                    program.drawing(QStringLiteral("last.dwg"))};
-        // As the browser's own URLs are built the last one has one slash more than usual.
+        // Like the browser's own URLs the last one has one slash more than usual.
         Offer offer({QUrl(QStringLiteral("https://example.com/a.dwg")), QUrl::fromLocalFile(paths.at(0)),
                      QUrl::fromEncoded(url), QUrl(QStringLiteral("file:///") + paths.at(2))});
         QVERIFY(offer.enter(&program.window));
         QCOMPARE(offer.action, Qt::CopyAction); // the other program keeps its files
         offer.drop(&program.window);
         QCOMPARE(offer.action, Qt::CopyAction);
-        QVERIFY(program.openPaths().isEmpty()); // the other program has its answer first
+        QVERIFY(program.openPaths().isEmpty()); // the other program gets its reply first
         QTRY_COMPARE(program.openPaths(), paths);
         drainEvents();
         QCOMPARE(program.openPaths(), paths);
         QCOMPARE(program.host.recentFiles().paths().first(), paths.at(2));
     }
 
-    void whatIsNoFileIsRefused()
+    void anythingButAFileIsRefused()
     {
         ShownProgram program;
         const QList<QList<QUrl>> offers{{}, {QUrl(QStringLiteral("https://example.com/a.dwg"))}, {QUrl()}};
@@ -79,7 +79,7 @@ private slots:
             QVERIFY2(!Offer(urls).enter(&program.window), qPrintable(QUrl::toStringList(urls).join(' ')));
     }
 
-    void fileThatIsNoDrawingGetsAMessage()
+    void fileThatIsNotADrawingIsReported()
     {
         ShownProgram program;
         Offer offer({QUrl::fromLocalFile(program.dir.filePath(QStringLiteral("missing.dwg")))});
@@ -90,14 +90,14 @@ private slots:
         QVERIFY(program.openPaths().isEmpty());
     }
 
-    void aDropOnTheCommandLineIsOneOnTheWindow()
+    void theWindowTakesDropsOnTheCommandLine()
     {
         ShownProgram program;
-        // Qt hands a drop to the first parent that takes drops.
-        QWidget *taker = program.input();
-        while (!taker->acceptDrops())
-            taker = taker->parentWidget();
-        QCOMPARE(taker, &program.window);
+        // Qt sends a drop to the first parent that accepts drops.
+        QWidget *target = program.input();
+        while (!target->acceptDrops())
+            target = target->parentWidget();
+        QCOMPARE(target, &program.window);
     }
 
     void aDropWaitsForTheRunningCommand()

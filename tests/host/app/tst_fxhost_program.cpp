@@ -9,13 +9,13 @@
 
 #include <csignal>
 
-//! The real program, started as a process without a display.
+//! The program as a process without a display.
 class tst_fxhost_program : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void theLogTellsInOrderWhatWasDone()
+    void theLogListsActionsInOrder()
     {
         const ProgramHome home;
         const QString drawing = home.drawing(QStringLiteral("a plan.dwg"));
@@ -29,10 +29,10 @@ private slots:
                               "command _CLOSE 5100", "command _DELAY 5100", "command _NOSUCH unknown",
                               "command _NEW 5100", "command _QUIT 5100"}));
         QVERIFY2(run.errors.contains(QStringLiteral("_NOSUCH")), qPrintable(run.errors));
-        QCOMPARE(home.filesInHome(), QStringList()); // all is in the profile
+        QCOMPARE(home.filesInHome(), QStringList()); // all files are in the profile
     }
 
-    void aNewDrawingIsThereFromTheStart()
+    void aNewDrawingIsCreatedAtTheStart()
     {
         const ProgramHome home;
         QCOMPARE(home.run({"_CLOSE", "_CLOSE", "_QUIT"}).log,
@@ -54,7 +54,7 @@ private slots:
         QVERIFY2(run.errors.contains(missing), qPrintable(run.errors));
     }
 
-    void whatIsNoDrawingIsRefusedWithItsReason_data()
+    void aFileThatIsNotADrawingIsRefusedWithTheReason_data()
     {
         QTest::addColumn<SpecialFile>("kind");
         QTest::addColumn<QString>("reason");
@@ -66,7 +66,7 @@ private slots:
         QTest::newRow("below a file") << SpecialFile::BelowAFile << "does not exist";
     }
 
-    void whatIsNoDrawingIsRefusedWithItsReason()
+    void aFileThatIsNotADrawingIsRefusedWithTheReason()
     {
         QFETCH(SpecialFile, kind);
         QFETCH(QString, reason);
@@ -74,7 +74,7 @@ private slots:
         refuses(ProgramHome(), files.path(kind), reason);
     }
 
-    void aTextIsNoDrawing()
+    void aTextIsNotADrawing()
     {
         const ProgramHome home;
         const QString text = home.write(QStringLiteral("text.dwg"), "version https://example.org/pointer\n");
@@ -98,10 +98,10 @@ private slots:
         QCOMPARE(home.recent(), QStringList({"/3", "/2"}));
     }
 
-    void aDamagedRecentListIsSetAsideAndSaidSo()
+    void aDamagedRecentListIsRenamedAndReported()
     {
         const ProgramHome home;
-        const QByteArray damage("\0\1 no list at all", 18);
+        const QByteArray damage("\0\1 not a list", 13);
         home.write(home.recentFile(), damage);
         const ProgramRun run = home.run({"_RECENTADD /1", "_QUIT"});
         QCOMPARE(run.exitCode, 0);
@@ -115,7 +115,7 @@ private slots:
         QCOMPARE(aside.readAll(), damage);
     }
 
-    void damagedSettingsDoNotKeepItFromStarting()
+    void theProgramStartsWithDamagedSettings()
     {
         const ProgramHome home;
         home.write(QStringLiteral("profile/settings.ini"),
@@ -123,7 +123,7 @@ private slots:
         QCOMPARE(home.run({"_NEW", "_QUIT"}).log, QStringList({"command _NEW 5100", "command _QUIT 5100"}));
     }
 
-    void withoutAProfileTheDesktopsPlaceIsTaken()
+    void theDefaultProfileIsInTheConfigurationFolder()
     {
         const ProgramHome home;
         const QString script = home.write(QStringLiteral("quit.txt"), "_RECENTADD /1\n_QUIT");
@@ -132,7 +132,7 @@ private slots:
                  QStringList("/1"));
     }
 
-    void theBrowserGoesAndComesWhileTheProgramRuns()
+    void theBrowserCanBeUnloadedAndLoadedAtRunTime()
     {
         const ProgramHome home;
         const QString drawing = home.drawing(QStringLiteral("a.dwg"));
@@ -150,10 +150,10 @@ private slots:
                                        "command _QUIT 5100", unloaded}));
     }
 
-    void aMissingModuleIsNamedAndTheProgramGoesOn()
+    void aMissingModuleIsReportedAndTheProgramContinues()
     {
         const ProgramHome home;
-        const QString module = home.path(QStringLiteral("not there.so"));
+        const QString module = home.path(QStringLiteral("missing.so"));
         const ProgramRun run = home.run({"_NEW", "_QUIT"}, {"--module", module});
         QCOMPARE(run.exitCode, 0);
         QVERIFY2(run.errors.contains(module), qPrintable(run.errors));
@@ -161,7 +161,7 @@ private slots:
                  QStringList({"module " + module + " failed", "command _NEW 5100", "command _QUIT 5100"}));
     }
 
-    void aModuleRunsItsCommandAndLeavesAtTheEnd()
+    void aModuleRunsItsCommandAndIsUnloadedAtTheEnd()
     {
         const ProgramHome home;
         const QString module = QStringLiteral(PROBE_MODULE);
@@ -171,8 +171,8 @@ private slots:
         QCOMPARE(run.log,
                  QStringList({"module " + module + " loaded", "command _PROBE 4711", "command _PROBE 4711",
                               "command _QUIT 5100", "module " + module + " unloaded"}));
-        // What the module itself saw, from its first call to its last. It finds the programs beside the host;
-        // one that cannot be found ends with -2, and this one misses its argument.
+        // The calls that the module received. It finds the programs beside the host: fxshow without its
+        // argument returns 2, a program that is not found -2.
         QCOMPARE(run.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts),
                  QStringList({"initApp", "mainFrameCreated visible", "DocumentCreated", "Execute two  words",
                               "Execute start fxshow", "2", "DocumentDestroyed", "mainFrameDestroyed alive",
@@ -190,7 +190,7 @@ private slots:
     void aSignalEndsItAsQuitDoes()
     {
         QFETCH(int, signal);
-        std::signal(signal, SIG_DFL); // what is ignored here would be ignored there
+        std::signal(signal, SIG_DFL); // the program inherits ignored signals
         const ProgramHome home;
         const QString module = QStringLiteral(PROBE_MODULE);
         const ProgramRun run =
@@ -202,7 +202,7 @@ private slots:
 
         const ProgramRun other =
             home.run({QStringLiteral("_PROBE raise %1 %2").arg(signal).arg(SIGTERM)}, {"--module", module});
-        QCOMPARE(other.exitCode, -1); // the second one does not wait
+        QCOMPARE(other.exitCode, -1); // the second signal ends it at once
         QVERIFY2(other.output.endsWith(QStringLiteral("\nraised %1\n").arg(signal)),
                  qPrintable(other.output));
     }
@@ -216,10 +216,10 @@ private slots:
         QCOMPARE(run.log, QStringList({"command _SCREENSHOT 5100", "command _QUIT 5100"}));
         const QImage image(picture, "PNG");
         QCOMPARE(image.size(), QSize(640, 480));
-        QVERIFY(image.convertToFormat(QImage::Format_Indexed8).colorCount() > 2); // it shows something
+        QVERIFY(image.convertToFormat(QImage::Format_Indexed8).colorCount() > 2); // it is not blank
     }
 
-    void aScreenshotThatCannotBeWrittenSaysWhy()
+    void aScreenshotThatCannotBeWrittenIsReported()
     {
         const ProgramRun run =
             ProgramHome().run({"_SCREENSHOT ", "_SCREENSHOT /no/such/dir/x.png", "_SCREENSHOT /", "_QUIT"});
@@ -229,19 +229,20 @@ private slots:
             QVERIFY2(run.errors.contains(QLatin1String(said)), qPrintable(run.errors));
     }
 
-    void wrongUseEndsWithCodeTwoAndAReason_data()
+    void wrongUseEndsWithCodeTwoAndTheReason_data()
     {
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QString>("reason");
         QTest::newRow("an unknown option") << QStringList{"--colour"} << "colour";
         QTest::newRow("a wrong geometry") << QStringList{"--geometry", "big"} << "\"big\"";
-        QTest::newRow("a script that is not there") << QStringList{"--script", "no.scr"} << "no.scr";
+        QTest::newRow("a missing script") << QStringList{"--script", "no.scr"} << "no.scr";
         QTest::newRow("a script that is a directory") << QStringList{"--script", "/"} << "the script /";
-        QTest::newRow("a log that cannot be") << QStringList{"--log", "/no/such/log"} << "/no/such/log";
+        QTest::newRow("a log that cannot be written")
+            << QStringList{"--log", "/no/such/log"} << "/no/such/log";
         QTest::newRow("a profile that is a file") << QStringList{"--profile", "/dev/null"} << "/dev/null";
     }
 
-    void wrongUseEndsWithCodeTwoAndAReason()
+    void wrongUseEndsWithCodeTwoAndTheReason()
     {
         QFETCH(QStringList, arguments);
         QFETCH(QString, reason);

@@ -12,13 +12,13 @@
 
 using namespace fxhost;
 
-//! What the Tab key makes of a line.
+//! Completion of the command line with the Tab key.
 class tst_LineCompleter : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    //! The home folder, and the working directory, has something of each kind.
+    //! The home folder, which is the working directory, has a file of each kind.
     void initTestCase()
     {
         keepBytesOfPaths();
@@ -50,16 +50,16 @@ private slots:
         row("without the underscore", "  dela", "  DELAY ", {"DELAY"});
         row("several", "_RECENT", "_RECENT", {"_RECENTADD", "_RECENTLIMIT"});
         row("none", "_NOSUCH", "_NOSUCH", {});
-        row("what is not a path", "_HELP ro", "_HELP ro", {});
+        row("an argument that is not a path", "_HELP ro", "_HELP ro", {});
         row("a file", "_OPEN ro", "_OPEN roof.dwg", {"roof.dwg"});
-        row("after any command that takes one", "screenshot  ro", "screenshot  roof.dwg", {"roof.dwg"});
+        row("after any command that takes a file", "screenshot  ro", "screenshot  roof.dwg", {"roof.dwg"});
         row("several files", "_OPEN p", "_OPEN \"plan ", plans);
         row("a file in quotes", "_OPEN \"plan a", "_OPEN \"plan a.dwg\"", {"plan a.dwg"});
-        row("a file in other quotes", "_OPEN 'ro", "_OPEN 'roof.dwg'", {"roof.dwg"});
+        row("a file in single quotes", "_OPEN 'ro", "_OPEN 'roof.dwg'", {"roof.dwg"});
         row("a blank without quotes", "_OPEN plan b", "_OPEN \"plan b.dwg\"", {"plan b.dwg"});
         row("a folder", "_OPEN s", "_OPEN sub/", {"sub/"});
         row("a folder with a blank", "_OPEN t", "_OPEN \"two words/", {"two words/"});
-        row("below it", "_OPEN \"two words/", "_OPEN \"two words/deep.dwg\"", {"deep.dwg"});
+        row("below that folder", "_OPEN \"two words/", "_OPEN \"two words/deep.dwg\"", {"deep.dwg"});
         row("a link to a folder", "_OPEN li", "_OPEN link/", {"link/"});
         row("a link to nothing", "_OPEN lo", "_OPEN lost", {"lost"});
         row("below the home folder", "_OPEN ~/su", "_OPEN ~/sub/", {"sub/"});
@@ -67,8 +67,8 @@ private slots:
             {"inner.dwg"});
         row("a hidden file", "_OPEN .h", "_OPEN .hidden.dwg", {".hidden.dwg"});
         const QString bytes = pathFromBytes("gr\xfcn.dwg");
-        row("a name that is no UTF-8", "_OPEN g", "_OPEN " + bytes, {bytes});
-        row("in no folder", "_OPEN /no/such/", "_OPEN /no/such/", {});
+        row("a name that is not UTF-8", "_OPEN g", "_OPEN " + bytes, {bytes});
+        row("in a missing folder", "_OPEN /no/such/", "_OPEN /no/such/", {});
     }
 
     void lineIsCompleted()
@@ -83,9 +83,9 @@ private slots:
         QCOMPARE(running.messages, QStringList());
     }
 
-    void folderThatDoesNotAnswerHoldsUpNobody_data() { addStuckFolderRows(); }
+    void unresponsiveFolderDoesNotBlock_data() { addStuckFolderRows(); }
 
-    void folderThatDoesNotAnswerHoldsUpNobody()
+    void unresponsiveFolderDoesNotBlock()
     {
         STUCK_FOLDER_OR_SKIP(folder);
         const QString path = folder.makeFile(QStringLiteral("a.dwg"), "AC1015");
@@ -102,7 +102,7 @@ private slots:
         QCOMPARE(running.messages.size(), 1);
         QVERIFY2(running.messages.first().contains(QFileInfo(path).path()),
                  qPrintable(running.messages.first()));
-        // In a folder that answers, a link that leads there is not followed. Only a mount is seen through it.
+        // A link from a responsive folder is not followed. Only a mount is recognised through it.
         if (kind == BytesInStuckFolder::Kind::Mount)
             QCOMPARE(completer.complete(QStringLiteral("_OPEN x")).line, QStringLiteral("_OPEN xlink"));
         folder.answerAgain();

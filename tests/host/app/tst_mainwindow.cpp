@@ -31,7 +31,7 @@ QStringList textsOf(const QList<QAction *> &actions)
 
 } // namespace
 
-//! The main window with the menus and keys that the program ships, in the test's own process.
+//! The main window with the shipped menus and keys, in the test's process.
 class tst_MainWindow : public TestCase
 {
     Q_OBJECT
@@ -60,11 +60,11 @@ private slots:
             ShownProgram program;
             program.enter(QStringLiteral("_OPEN ") + program.drawing(QStringLiteral("plan.dwg")));
             auto *line = program.window.findChild<QLabel *>(QLatin1String(name));
-            const bool isAtTheBegin =
+            const bool isAtTheStart =
                 line->alignment().testFlag(direction == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft);
             line->setText(QStringLiteral("/plans/1. (2).dwg"));
-            line->setAlignment(Qt::AlignLeft); // letters begin on a whole pixel there
-            return isAtTheBegin ? line->grab().toImage() : QImage();
+            line->setAlignment(Qt::AlignLeft); // there letters begin on a whole pixel
+            return isAtTheStart ? line->grab().toImage() : QImage();
         };
         for (const char *name : {"path", "facts"}) {
             const QImage fromTheRight = picture(Qt::RightToLeft, name);
@@ -97,7 +97,7 @@ private slots:
         QVERIFY(program.window.drawingArea().subWindowList().isEmpty());
     }
 
-    void theWindowThatAPersonTurnsToIsTheCurrentDrawing()
+    void theActiveWindowIsTheCurrentDrawing()
     {
         ShownProgram program;
         DocumentManager &documents = program.host.documents();
@@ -110,7 +110,7 @@ private slots:
                  program.window.drawingArea().windowOf(second));
     }
 
-    void anOpenDrawingComesBackFromItsIcon()
+    void anOpenDrawingIsRestoredFromItsIcon()
     {
         ShownProgram program;
         const QString path = program.drawing(QStringLiteral("a.dwg"));
@@ -125,12 +125,12 @@ private slots:
         QCOMPARE(program.host.documents().documents().size(), 2U);
     }
 
-    void whatIsTypedAnywhereGoesToTheCommandLine()
+    void typedTextIsForwardedToTheCommandLine()
     {
         ShownProgram program;
         QMdiSubWindow *window = program.newWindow();
         window->setFocus();
-        QTest::keyClick(window, Qt::Key_Control, Qt::ControlModifier); // alone it is nothing typed
+        QTest::keyClick(window, Qt::Key_Control, Qt::ControlModifier); // types nothing
         QVERIFY(!program.window.commandLine().hasInputFocus());
         QTest::keyClick(window, 'q');
         QCOMPARE(program.input()->text(), QStringLiteral("q"));
@@ -140,7 +140,7 @@ private slots:
         QCOMPARE(program.input()->text(), QString());
     }
 
-    void tabCompletesAndTurnsToNoDrawing()
+    void tabCompletesAndActivatesNoOtherDrawing()
     {
         ShownProgram program;
         const Document *last = program.host.documents().newDocument();
@@ -152,14 +152,14 @@ private slots:
         program.input()->setText(QStringLiteral("_RE 5"));
         program.input()->setCursorPosition(3);
         QTest::keyClick(program.input(), Qt::Key_Tab);
-        QCOMPARE(program.input()->text(), QStringLiteral("_RECENT 5")); // the rest of the line stays
+        QCOMPARE(program.input()->text(), QStringLiteral("_RECENT 5")); // the rest of the line is kept
         QVERIFY(!program.history().contains(QStringLiteral("_RECENTADD")));
         QTest::keyClick(program.input(), Qt::Key_Tab);
         QVERIFY(program.history().endsWith(QStringLiteral("_RECENTADD  _RECENTLIMIT")));
         QCOMPARE(program.host.documents().current(), last);
     }
 
-    void theKeyboardLeavesTheCommandLineAndComesBack()
+    void theFocusMovesFromTheCommandLineAndBack()
     {
         ShownProgram program;
         program.host.documents().newDocument();
@@ -174,7 +174,7 @@ private slots:
         QCOMPARE(program.window.drawingArea().activeSubWindow(), window);
     }
 
-    void theFocusComesBackFromAPopup()
+    void theFocusReturnsFromAPopup()
     {
         ShownProgram program;
         QMdiSubWindow *window = program.newWindow();
@@ -184,7 +184,7 @@ private slots:
         popup.activateWindow();
         QVERIFY(waitForActive(&popup));
         popup.close();
-        program.window.activateWindow(); // as a window manager does, and no such thing is here
+        program.window.activateWindow(); // instead of a window manager
         QTRY_VERIFY(program.input()->hasFocus());
     }
 
@@ -213,7 +213,7 @@ private slots:
         const QSignalSpy ended(&program.host.commands(), &CommandRunner::commandEnded);
         QTimer::singleShot(0, &program.window, [&program] {
             QTimer::singleShot(0, &program.window, [&program] {
-                program.enter(QStringLiteral("_NEW")); // too late: its turn does not come
+                program.enter(QStringLiteral("_NEW")); // too late to run
                 program.window.close();
             });
             program.enter(QStringLiteral("_DELAY 600000"));
@@ -223,7 +223,7 @@ private slots:
         QVERIFY(!program.window.isVisible());
     }
 
-    void whatIsEnteredMeanwhileWaitsItsTurn()
+    void aLineEnteredDuringACommandRunsAfterIt()
     {
         ShownProgram program;
         const QSignalSpy ended(&program.host.commands(), &CommandRunner::commandEnded);
@@ -236,7 +236,7 @@ private slots:
                  QList<QVariantList>({{QStringLiteral("_DELAY"), 5100}, {QStringLiteral("_NEW"), 5100}}));
     }
 
-    void theHistoryTellsWhatRanAndWhatFailed()
+    void theHistoryShowsCommandsAndFailures()
     {
         ShownProgram program;
         program.enter(QStringLiteral("nosuch thing"));
@@ -245,7 +245,7 @@ private slots:
         QVERIFY2(history.contains(QStringLiteral("nosuch")), qPrintable(history));
         QVERIFY2(history.contains(QStringLiteral("\nCommand: _OPEN /not/there.dwg\n")), qPrintable(history));
         QVERIFY2(history.contains(QStringLiteral("does not exist")), qPrintable(history));
-        QVERIFY(!QApplication::activeModalWidget()); // nothing that would hold up a script
+        QVERIFY(!QApplication::activeModalWidget()); // it would block a script
     }
 
     void helpShowsThePageOfATopic()
@@ -263,7 +263,7 @@ private slots:
         }
     }
 
-    void theWindowCanBeMadeAsSmallAsItNeedsToBe()
+    void theWindowCanBeResizedToTheMinimum()
     {
         ShownProgram program;
         program.host.documents().newDocument();
@@ -271,24 +271,24 @@ private slots:
         QTRY_COMPARE(program.window.size(), QSize(400, 300));
     }
 
-    void thePlaceOfTheWindowIsKept_data()
+    void theGeometryOfTheWindowIsSaved_data()
     {
-        QTest::addColumn<QRect>("left");
+        QTest::addColumn<QRect>("geometry");
         QTest::addColumn<bool>("maximized");
-        QTest::addColumn<QRect>("found");
+        QTest::addColumn<QRect>("expected");
         const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
         const QRect room =
             screen.adjusted(0, QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight), 0, 0);
         const QRect place(30, 40, 555, 444);
         const QRect larger = room.adjusted(20, 10, 80, 60);
-        QTest::newRow("as it was") << place << false << place;
+        QTest::newRow("unchanged") << place << false << place;
         QTest::newRow("larger than the screen") << larger << false << room;
         QTest::newRow("maximised") << larger << true << room;
     }
 
-    void thePlaceOfTheWindowIsKept()
+    void theGeometryOfTheWindowIsSaved()
     {
-        QFETCH(QRect, left);
+        QFETCH(QRect, geometry);
         QFETCH(bool, maximized);
         const QTemporaryDir profile;
         {
@@ -296,7 +296,7 @@ private slots:
             MainWindow window(host);
             window.show();
             window.showNormal();
-            window.setGeometry(left);
+            window.setGeometry(geometry);
             if (maximized)
                 window.showMaximized();
             QTimer::singleShot(0, &window, &QWidget::close);
@@ -305,7 +305,7 @@ private slots:
         FxHost host(profile.path(), QString());
         const MainWindow window(host);
         QCOMPARE(window.isMaximized(), maximized);
-        QTEST(window.normalGeometry(), "found");
+        QTEST(window.normalGeometry(), "expected");
     }
 
     void theFirstStartTakesTheWholeScreen()
@@ -317,7 +317,7 @@ private slots:
         QCOMPARE(normal.boundedTo(screen), normal);
     }
 
-    void theStartUpMenusStandWhileNoDrawingIsOpen()
+    void theStartUpMenusAreShownWhileNoDrawingIsOpen()
     {
         const ShownProgram program;
         QCOMPARE(program.menuProblem, QString());
@@ -328,7 +328,7 @@ private slots:
         QCOMPARE(textsOf(program.window.menuBar()->actions()), QStringList({"&File", "&Help"}));
     }
 
-    void aModulesEntryAndKeyComeToLifeOnRefresh()
+    void aModulesEntryAndKeyWorkAfterRefresh()
     {
         for (const bool withDrawing : {false, true}) {
             ShownProgram program;
@@ -336,14 +336,14 @@ private slots:
             if (withDrawing)
                 program.host.documents().newDocument();
             const QSignalSpy started(&program.host.commands(), &CommandRunner::commandStarted);
-            QTest::keyClick(program.input(), Qt::Key_F4); // which waits for a module
+            QTest::keyClick(program.input(), Qt::Key_F4); // no effect without a module
             UIGroup *group = withDrawing ? customization.primaryGroup() : customization.startUpGroup();
             CFxUICommand *command = customization.CreateCommand(L"ID_RECENT_FILES");
             command->SetMacro(L"^C^C_NEW");
             group->AppendCommand(command);
             CFxUIMenuItem *menu = group->GetMenu(0);
             QVERIFY(menu->GetIdentifier() == CFxString(L"ID_MnFile"));
-            // Modules count from the end: the entry goes before the last but one, the separator of Exit.
+            // Modules count from the end: the entry is inserted before the separator of Exit.
             QVERIFY(
                 menu->InsertChild(menu->GetChildCount() - 2,
                                   customization.CreateMenuItem(command, L"Preview...", L"", L"PMI_PREVIEW")));

@@ -17,7 +17,7 @@ using namespace fxhost;
 
 namespace {
 
-//! Asks for a drawing by the command, and does something with the dialog once it is there.
+//! Runs the command that asks for a drawing, and calls answer with the dialog.
 void ask(ShownProgram &program, const std::function<void(QFileDialog *)> &answer)
 {
     QTimer look;
@@ -41,7 +41,7 @@ void choose(QFileDialog *dialog, const QString &path)
     QTest::keyClick(name, Qt::Key_Return);
 }
 
-//! Where the dialog starts.
+//! The dialog's first directory.
 QString firstDirectory(ShownProgram &program)
 {
     QString directory;
@@ -54,7 +54,6 @@ QString firstDirectory(ShownProgram &program)
 
 } // namespace
 
-//! The dialog that asks for a drawing.
 class tst_OpenDialog : public TestCase
 {
     Q_OBJECT
@@ -65,7 +64,7 @@ private slots:
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_memory.path());
     }
 
-    void whatIsChosenIsOpened()
+    void theChosenDrawingIsOpened()
     {
         ShownProgram program;
         const QString path = program.drawing(QStringLiteral("a.dwg"));
@@ -87,7 +86,7 @@ private slots:
         QVERIFY(program.window.findChildren<QFileDialog *>().isEmpty());
     }
 
-    void itGoesWithItsWindow()
+    void theDialogIsDeletedWithItsWindow()
     {
         ShownProgram program;
         auto window = std::make_unique<MainWindow>(program.host);
@@ -102,7 +101,7 @@ private slots:
         QVERIFY(!window && !shown);
     }
 
-    void aSignalEndsTheProgramAllTheSame()
+    void aSignalEndsTheProgram()
     {
         ShownProgram program;
         const EndSignals ending;
@@ -113,15 +112,16 @@ private slots:
         QVERIFY(!program.window.isVisible());
     }
 
-    void aFolderThatDoesNotAnswerHoldsUpNobody_data() { addStuckFolderRows(); }
+    void anUnresponsiveFolderDoesNotBlock_data() { addStuckFolderRows(); }
 
-    void aFolderThatDoesNotAnswerHoldsUpNobody()
+    void anUnresponsiveFolderDoesNotBlock()
     {
         STUCK_FOLDER_OR_SKIP(folder);
         ShownProgram program;
         const QString path = folder.makeFile(QStringLiteral("a.dwg"), testbytes::DrawingBytes().bytes());
         ask(program, [&](QFileDialog *dialog) {
-            dialog->setDirectory(QFileInfo(path).path()); // which Qt remembers, and a typed path it does not
+            dialog->setDirectory(
+                QFileInfo(path).path()); // Qt remembers it, but not the folder of a typed path
             choose(dialog, path);
         });
         QCOMPARE(program.openPaths(), QStringList(path));
@@ -133,7 +133,7 @@ private slots:
     }
 
 private:
-    QTemporaryDir m_memory; //!< what Qt's dialogs remember
+    QTemporaryDir m_memory; //!< where Qt's dialogs store their settings
 };
 
 TEST_CLASS(tst_OpenDialog);

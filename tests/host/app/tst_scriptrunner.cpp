@@ -25,7 +25,6 @@ struct LoadedScript
 
 } // namespace
 
-//! A script in the program, in the test's own process.
 class tst_ScriptRunner : public TestCase
 {
     Q_OBJECT
@@ -35,10 +34,10 @@ private slots:
     {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QStringList>("lines");
-        QTest::newRow("lines that say nothing are left out")
+        QTest::newRow("comments and blank lines are omitted")
             << QByteArray("# a comment\n\n  \t\n\r\n  _NEW  \r\n\t#_NEW\n_CLOSE")
             << QStringList{"_NEW", "_CLOSE"};
-        QTest::newRow("a zero byte hides nothing")
+        QTest::newRow("a zero byte does not end a line")
             << QByteArray("_NEW\0W\n_CLOSE\n", 14)
             << QStringList{QString::fromLatin1("_NEW\0W", 6), "_CLOSE"};
         QTest::newRow("files are named by their bytes")
@@ -56,7 +55,7 @@ private slots:
         QVERIFY(!script.program.host.documents().current()); // nothing runs before the start
     }
 
-    void aScriptThatCannotBeReadSaysWhy()
+    void aScriptThatCannotBeReadIsRefused()
     {
         LoadedScript script("");
         QVERIFY(!script.runner.load(script.program.dir.filePath(QStringLiteral("missing"))));
@@ -64,7 +63,7 @@ private slots:
         QCOMPARE(script.runner.lines(), QStringList());
     }
 
-    void aLineThatRunsNothingDoesNotHoldUpTheNext()
+    void aLineThatRunsNothingDoesNotDelayTheNext()
     {
         for (const char *content : {"^C\n^C\n_NEW\n", "_NOSUCH\n_NOSUCH\n_NEW\n"}) {
             LoadedScript script(content);
@@ -88,7 +87,7 @@ private slots:
             [&](const QString &name) {
                 if (name != QLatin1String("_DELAY"))
                     return;
-                runner.startWhenActive(&window); // as when it becomes active once more
+                runner.startWhenActive(&window); // as when the window becomes active again
                 drainEvents();
                 left = runner.lines();
                 commands.cancel();

@@ -26,7 +26,7 @@ bool isLong()
 
 constexpr int timeLimit = 20 * patience;
 
-//! What the list's file holds, as long as it is whole; a line of its own when it is not.
+//! The paths in the list's file; a description when the file is incomplete.
 QStringList listIn(const ProgramHome &home)
 {
     if (!QFile::exists(home.recentFile()))
@@ -44,7 +44,7 @@ QStringList listIn(const ProgramHome &home)
 
 } // namespace
 
-//! Programs that share a profile, and such as are killed. The preset `long` tries it more often.
+//! Programs that share a profile, and killed programs. The preset `long` repeats it more often.
 class tst_SharedProfile : public TestCase
 {
     Q_OBJECT
@@ -71,7 +71,7 @@ private slots:
             programs.push_back(std::make_unique<QProcess>());
             home.start(*programs.back(), QLatin1String(name), script);
         }
-        // Whoever reads the list meanwhile finds it whole, and never shorter than before.
+        // Any reader finds the list whole, and never shorter than before.
         int reads = 0;
         int length = 0;
         const auto isRunning = [](const auto &program) { return program->state() != QProcess::NotRunning; };
@@ -94,7 +94,8 @@ private slots:
         const QStringList list = listIn(home);
         QCOMPARE(list.size(), 2 * count);
         QCOMPARE(QSet<QString>(list.begin(), list.end()), all);
-        for (const QStringList &paths : qAsConst(opened)) { // each one's own are in the order of opening
+        for (const QStringList &paths :
+             qAsConst(opened)) { // each program's paths are in the order of opening
             QStringList own = list;
             own.erase(
                 std::remove_if(own.begin(), own.end(), [&](const QString &p) { return !paths.contains(p); }),
@@ -106,20 +107,20 @@ private slots:
         int turns = 0;
         for (int i = 1; i < list.size(); ++i)
             turns += isOfOne(list.at(i)) != isOfOne(list.at(i - 1));
-        // In a short run one may be done before a busy machine lets the other begin.
+        // In a short run on a busy machine one may end before the other begins.
         QVERIFY2(!isLong() || turns > count / 10, qPrintable(QString::number(turns)));
-        qInfo("2 programs, %d drawings each: %d entries, %d turns, list read %d times meanwhile", count,
-              list.size(), turns, reads);
+        qInfo("2 programs, %d drawings each: %d entries, %d turns, list read %d times", count, list.size(),
+              turns, reads);
     }
 
-    void aKilledProgramLeavesTheOldListOrTheNew()
+    void aKilledProgramLeavesTheOldOrTheNewList()
     {
         const int kills = isLong() ? 200 : 15;
         constexpr uint seed = 20261121;
         QRandomGenerator random(seed);
         const ProgramHome home;
         QCOMPARE(home.run({QStringLiteral("_RECENTLIMIT 1000"), QStringLiteral("_QUIT")}).exitCode, 0);
-        QStringList script; // long enough for whoever is killed late
+        QStringList script; // long enough for a late kill
         for (int i = 0; i < 1000; ++i)
             script << QStringLiteral("_RECENTADD /drawings/%1.dwg").arg(i);
         int atRest = 0;
@@ -131,7 +132,7 @@ private slots:
             const auto done = [&] { return home.logOf(QStringLiteral("killed")).size(); };
             const int after = 1 + random.bounded(40); // commands
             QVERIFY(waitUntil([&] { return done() >= after; }));
-            // A write takes a millisecond or so; somewhere in the next ones.
+            // A write takes about a millisecond; this is a random moment of the next ones.
             std::this_thread::sleep_for(std::chrono::microseconds(random.bounded(3000)));
             program.kill();
             QVERIFY(program.waitForFinished());
@@ -146,7 +147,7 @@ private slots:
             atRest += list.size() == logged;
             written += list.size();
         }
-        // What was left half written is gone with the next start.
+        // The next start removes incomplete files.
         const auto unfinished = [&] {
             return QDir(home.profile())
                 .entryList(QDir::Files)
@@ -157,7 +158,7 @@ private slots:
         QCOMPARE(unfinished(), QStringList());
         qInfo(
             "%d kills, seed %u: %d entries written, list as logged %d times and one ahead %d times, %d files "
-            "left half written",
+            "left incomplete",
             kills, seed, written, atRest, kills - atRest, left);
     }
 };

@@ -45,7 +45,7 @@ QStringList ProgramHome::filesInHome() const
     return files;
 }
 
-//! Those that every run gets. Writes the script, if there is one, and removes the log of a former run.
+//! The arguments of every run. Writes the script, if there is one, and removes the log of a former run.
 QStringList ProgramHome::arguments(const QString &name, const QStringList &script) const
 {
     const QString log = path(name + QStringLiteral("log.txt"));
@@ -65,7 +65,7 @@ void ProgramHome::startBare(QProcess &process, const QStringList &arguments, con
     for (const char *name :
          {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME"}) // then they are below HOME
         environment.remove(QLatin1String(name));
-    // The font library keeps its cache there; it is none of the program's.
+    // For the font library's cache, which is not the program's.
     for (const char *name : {"XDG_CACHE_HOME", "XDG_RUNTIME_DIR"})
         environment.insert(QLatin1String(name), path(QStringLiteral("caches")));
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
@@ -118,6 +118,6 @@ QStringList linesOf(const QString &path)
     if (!file.open(QIODevice::ReadOnly))
         return {};
     QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
-    lines.removeLast(); // what stands after the last line end: nothing, or half a line
+    lines.removeLast(); // after the last line end: empty, or an incomplete line
     return lines;
 }

@@ -11,8 +11,8 @@ ProgramInGtk::ProgramInGtk(const QRect &place, Fetching fetching) : m_place(plac
     if (fetching == Fetching::Late)
         arguments.append(QStringLiteral("late"));
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("NO_AT_BRIDGE"), QStringLiteral("1")); // there is no session to tell
-    environment.insert(QStringLiteral("LD_PRELOAD"), QString());             // it is not what is tested
+    environment.insert(QStringLiteral("NO_AT_BRIDGE"), QStringLiteral("1")); // there is no session bus
+    environment.insert(QStringLiteral("LD_PRELOAD"), QString()); // without the tests' preloaded libraries
     m_process.setProcessEnvironment(environment);
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.start(QStringLiteral(GTK_WINDOW_PROGRAM), arguments);

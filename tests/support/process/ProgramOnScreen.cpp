@@ -51,7 +51,7 @@ void ProgramOnScreen::Group::setupChildProcess()
 bool ProgramOnScreen::start(const QStringList &script, const QStringList &around)
 {
     Hand::moveTo(QPoint(0, 0));
-    QStringList lines{QStringLiteral("_DELAY 1")}; // the program runs no script before it has the keyboard
+    QStringList lines{QStringLiteral("_DELAY 1")}; // the script starts when the program has the focus
     for (const QString &path : m_paths)
         lines.prepend(QStringLiteral("_RECENTADD ") + path);
     lines.append(script);
@@ -60,7 +60,7 @@ bool ProgramOnScreen::start(const QStringList &script, const QStringList &around
         more << QStringLiteral("--geometry") << geometry;
     m_home.start(m_process, {}, lines, more, around);
     const auto ranScript = [&] { return log().filter(QStringLiteral("command ")).size() >= lines.size(); };
-    // For ever it does not wait, and a busy machine may let it wait for long.
+    // The program waits for the focus for a limited time only, which may not do on a busy machine.
     const auto hasKeyboard = [] {
         return activeTitle() == popupTitle || activeTitle().startsWith(QLatin1String("fxhost"));
     };
@@ -112,12 +112,12 @@ WId ProgramOnScreen::popup()
     return findWindow(QLatin1Char('^') + popupTitle + QLatin1Char('$'));
 }
 
-bool ProgramOnScreen::popupComes()
+bool ProgramOnScreen::popupOpens()
 {
     return waitUntil([] { return activeTitle() == popupTitle; });
 }
 
-bool ProgramOnScreen::popupGoes()
+bool ProgramOnScreen::popupCloses()
 {
     return waitUntil([] { return popup() == 0; });
 }

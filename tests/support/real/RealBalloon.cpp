@@ -13,8 +13,8 @@
 
 namespace {
 
-//! Where in the library the call begins, in bytes from where the library lies in memory.
-std::ptrdiff_t placeOfShowBalloon()
+//! The function's offset in the library, in bytes.
+std::ptrdiff_t offsetOfShowBalloon()
 {
     QProcess nm;
     nm.start(QStringLiteral(NM_PROGRAM), {QStringLiteral(MODULE_FILE)});
@@ -28,8 +28,8 @@ std::ptrdiff_t placeOfShowBalloon()
     qFatal("the module has no balloon");
 }
 
-//! Where the library lies.
-char *placeOfModule()
+//! The library's address in memory.
+char *addressOfModule()
 {
     void *library = dlopen(MODULE_FILE, RTLD_NOW | RTLD_NOLOAD);
     Dl_info object;
@@ -53,12 +53,12 @@ QWidget *balloon()
 
 void RealBalloon::show(const QString &title)
 {
-    static const std::ptrdiff_t place = placeOfShowBalloon();
+    static const std::ptrdiff_t offset = offsetOfShowBalloon();
     using ShowBalloon = void (*)(const QImage &, const QString &, const QString &, const QPoint &, int, bool);
     QImage picture(20, 10, QImage::Format_RGB32);
     picture.fill(Qt::blue);
-    reinterpret_cast<ShowBalloon>(placeOfModule() + place)(picture, title, QStringLiteral("text"),
-                                                           QPoint(10, 10), -1, true);
+    reinterpret_cast<ShowBalloon>(addressOfModule() + offset)(picture, title, QStringLiteral("text"),
+                                                              QPoint(10, 10), -1, true);
 }
 
 bool RealBalloon::isVisible()

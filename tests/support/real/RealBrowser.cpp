@@ -177,7 +177,6 @@ QStringList RealBrowser::menuLines() const
 
 void RealBrowser::addRecentFiles(QMenu *menu, QAction *before)
 {
-    // For hosts that show the module's entries in a menu of theirs.
     const auto function = reinterpret_cast<void (*)(QMenu *, QAction *)>(
         exported("_ZN21RecentDocumentBrowser14AddRecentFilesEP5QMenuP7QAction"));
     function(menu, before);

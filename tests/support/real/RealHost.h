@@ -7,7 +7,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-//! A host over a profile of its own, for tests: what it says and what it logs, and drawings to open.
+//! A host with a profile of its own, its messages and log, and drawings to open.
 class RealHost
 {
     QTemporaryDir m_folder; // first, since the host writes into it to its end
@@ -19,7 +19,7 @@ public:
                          [this](const QString &text) { messages.append(text); });
     }
 
-    //! Where a file of this name is, or would be.
+    //! The path of a file of this name, which may not exist.
     QString path(const QString &name) const { return m_folder.filePath(name); }
 
     //! Makes a file that begins as a drawing does. \return its full path

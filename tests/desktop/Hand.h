@@ -21,6 +21,9 @@ void stepAside();
 
 //! At the pointer's position. \param button 1 left, 2 middle, 3 right
 void click(int button = 1);
+//! Moves the pointer there and clicks.
+void click(const QPoint &global);
+void click(const QWidget *widget);
 void doubleClick(int button = 1);
 void press(int button = 1);
 void release(int button = 1);
@@ -36,9 +39,8 @@ void releaseKey(const QString &key);
 QString ask(const QStringList &arguments);
 //! The window's rectangle on the X server, in physical pixels.
 QRect realGeometry(WId window);
-//! Saves a picture of all screens as screenshots/NAME.png in the working directory.
-void keepScreenshot(const QString &name);
-//! Likewise of a part of the screens, in global pixels.
-void keepScreenshot(const QString &name, const QRect &part);
+//! Saves a picture as screenshots/NAME.png in the working directory.
+//! \param part of the screens, in global pixels; all when null
+void keepScreenshot(const QString &name, const QRect &part = {});
 
 } // namespace Hand

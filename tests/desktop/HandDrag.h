@@ -30,7 +30,6 @@ public:
 
     //! Moves the pointer to a position in the widget and presses the left button.
     void takeHold(QWidget *widget, const QPoint &local);
-    void takeHold(QWidget *widget);
     //! Moves the pointer the shortest way that starts a drag, and waits until it runs. Follows takeHold().
     void startDrag();
     //! Moves the pointer along a line, a few pixels at a time as a user does. Global positions.
@@ -63,7 +62,6 @@ private:
     };
 
     void goOn();
-    void giveUp();
 
     std::deque<Step> m_steps;
     bool m_hasBegun = false; //!< the first of m_steps has run; its outcome is awaited

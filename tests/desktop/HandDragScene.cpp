@@ -61,29 +61,42 @@ QList<int> HandDragScene::shown() const
 QString HandDragScene::whatHasChanged() const
 {
     if (!popup || !popup->isVisible())
-        return QStringLiteral("the popup is closed");
+        return "the popup is closed";
     if (!isFull())
-        return QStringLiteral("the popup has another size or position");
+        return "the popup has another size or position";
     if (shown().size() != tiles.size())
-        return QStringLiteral("of %1 tiles %2 are shown").arg(tiles.size()).arg(shown().size());
-    return opened().join(QLatin1String(", "));
+        return QString("of %1 tiles %2 are shown").arg(tiles.size()).arg(shown().size());
+    return opened().join(", ");
 }
 
 void HandDragScene::dragTile(int index)
 {
-    hand.takeHold(tiles.at(index));
+    hand.takeHold(tiles.at(index), tiles.at(index)->rect().center());
     hand.startDrag();
 }
 
 void HandDragScene::carryOut()
 {
     hand.carryTo(QPoint(outside.x(), place.bottom() - rimMiddle));
-    hand.waitFor(QStringLiteral("the popup is a strip"), [this] { return isStrip(); });
+    hand.waitFor("the popup is a strip", [this] { return isStrip(); });
     hand.jumpTo(outside);
 }
 
 void HandDragScene::carryBackIn()
 {
     hand.carryTo(strip.center());
-    hand.waitFor(QStringLiteral("the popup has its full size"), [this] { return isFull(); });
+    hand.waitFor("the popup has its full size", [this] { return isFull(); });
+}
+
+QString HandDragScene::drop()
+{
+    hand.letGo();
+    return hand.run();
+}
+
+QString HandDragScene::dropOutside(int index)
+{
+    dragTile(index);
+    carryOut();
+    return drop();
 }

@@ -43,6 +43,11 @@ public:
     //! Moves to the centre of the strip, and waits for the full popup.
     void carryBackIn();
 
+    //! Releases the button. \return the step that failed; empty when all succeeded
+    QString drop();
+    //! Drags a tile out of the popup and drops it on the main window, likewise.
+    QString dropOutside(int index);
+
     RealBrowser browser;
     QPointer<QDialog> popup;
     QList<QPointer<QDialog>> tiles;

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/commands/CommandRunner.h"
-#include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/modules/ModuleManager.h"
 #include "tests/desktop/HandDragScene.h"
 #include "tests/support/TestCase.h"
-
-#include <QApplication>
 
 namespace {
 
@@ -19,17 +16,15 @@ QString dragAndDo(
         scene.carryOut();
     } else {
         scene.hand.carryTo(scene.place.center());
-        scene.hand.waitFor(QStringLiteral("the popup has received the drag"),
+        scene.hand.waitFor("the popup has received the drag",
                            [&] { return !scene.tiles.at(1)->isVisible(); });
     }
-    scene.hand.step(QStringLiteral("the action during the drag"), action, outcome);
-    scene.hand.letGo();
-    return scene.hand.run();
+    scene.hand.step("the action during the drag", action, outcome);
+    return scene.drop();
 }
 
 } // namespace
 
-//! Changes to popup and tile while a drag runs its event loop.
 class tst_DragLife : public TestCase
 {
     Q_OBJECT
@@ -49,7 +44,7 @@ private slots:
     {
         QFETCH(bool, outside);
         QFETCH(bool, isDeleted);
-        allowWarning(QStringLiteral("BadWindow")); // Qt sends the leave event to the deleted window too
+        allowWarning("BadWindow"); // Qt sends the leave event to the deleted window too
         HandDragScene scene(3);
         const auto end = [&] {
             if (isDeleted)
@@ -64,10 +59,7 @@ private slots:
             QVERIFY(!tile);
         QCOMPARE(scene.opened(), QStringList()); // no tile is highlighted any more
         scene.openPopup();                       // the next one works
-        scene.dragTile(2);
-        scene.carryOut();
-        scene.hand.letGo();
-        QCOMPARE(scene.hand.run(), QString());
+        QCOMPARE(scene.dropOutside(2), QString());
         QTRY_COMPARE(scene.opened(), scene.opening({2}));
     }
 
@@ -106,71 +98,61 @@ private slots:
         HandDragScene scene(3);
         fxhost::ModuleManager &modules = scene.browser.host().modules();
         bool isUnloaded = true;
-        QCOMPARE(dragAndDo(scene, true, [&] { isUnloaded = modules.unload(QStringLiteral(MODULE_FILE)); }),
-                 QString());
+        QCOMPARE(dragAndDo(scene, true, [&] { isUnloaded = modules.unload(MODULE_FILE); }), QString());
         QVERIFY(!isUnloaded);
         QTRY_COMPARE(scene.opened(), scene.opening({1})); // as without the request
         QTRY_VERIFY(!scene.popup);
-        QVERIFY(modules.unload(QStringLiteral(MODULE_FILE)));
-    }
-
-    void focusMayMoveDuringTheDrag_data()
-    {
-        QTest::addColumn<bool>("outside");
-        QTest::newRow("inside") << false;
-        QTest::newRow("outside") << true;
+        QVERIFY(modules.unload(MODULE_FILE));
     }
 
     void focusMayMoveDuringTheDrag()
     {
-        QFETCH(bool, outside);
-        HandDragScene scene(3);
-        QWidget other;
-        other.setGeometry(1500, 900, 200, 100);
-        bool wasStrip = false;
-        const auto takeFocus = [&] {
-            other.show();
-            other.activateWindow();
-        };
-        const auto hasFocus = [&] {
-            wasStrip = scene.isStrip();
-            return other.isActiveWindow();
-        };
-        QCOMPARE(dragAndDo(scene, outside, takeFocus, hasFocus), QString());
-        QCOMPARE(wasStrip, outside); // while collapsed it does not close
-        if (outside)
-            QTRY_VERIFY(!scene.popup);
-        drainEvents();
-        QCOMPARE(scene.opened(), outside ? scene.opening({1}) : QStringList());
-        if (outside)
-            return;
-        QVERIFY(scene.popup && scene.popup->isVisible()); // the pointer was inside
-        QVERIFY(scene.isFull());
-        QCOMPARE(scene.shown(), QList<int>({0, 2})); // the dragged tile stays hidden
+        for (const bool outside : {false, true}) {
+            HandDragScene scene(3);
+            QWidget other;
+            other.setGeometry(1500, 900, 200, 100);
+            bool wasStrip = false;
+            const auto takeFocus = [&] {
+                other.show();
+                other.activateWindow();
+            };
+            const auto hasFocus = [&] {
+                wasStrip = scene.isStrip();
+                return other.isActiveWindow();
+            };
+            QCOMPARE(dragAndDo(scene, outside, takeFocus, hasFocus), QString());
+            QCOMPARE(wasStrip, outside); // while collapsed it does not close
+            if (outside)
+                QTRY_VERIFY(!scene.popup);
+            drainEvents();
+            QCOMPARE(scene.opened(), outside ? scene.opening({1}) : QStringList());
+            if (outside)
+                continue;
+            QVERIFY(scene.popup && scene.popup->isVisible()); // the pointer was inside
+            QVERIFY(scene.isFull());
+            QCOMPARE(scene.shown(), QList<int>({0, 2})); // the dragged tile stays hidden
+        }
     }
 
-    void drawingMayBeOpenedDuringTheDrag()
+    void drawingOrPopupMayOpenDuringTheDrag_data()
     {
-        HandDragScene scene(3);
-        const auto open = [&] {
-            OdString problem;
-            scene.browser.host().documents().OpenDocument(CFxString(scene.browser.paths().at(2)), 0, 0,
-                                                          problem);
-        };
-        QCOMPARE(dragAndDo(scene, true, open), QString());
-        QTRY_VERIFY(!scene.popup);
-        drainEvents();
-        QCOMPARE(scene.opened(), scene.opening({2, 1}));
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QList<int>>("opened");
+        QTest::newRow("a drawing") << "_OPEN %1" << QList<int>{2, 1};
+        QTest::newRow("another popup, whose highlight counts") << "_RECENT" << QList<int>{0};
     }
 
-    void anotherPopupMayOpenDuringTheDrag()
+    void drawingOrPopupMayOpenDuringTheDrag()
     {
+        QFETCH(QString, command);
+        QFETCH(QList<int>, opened);
         HandDragScene scene(3);
-        const auto open = [&] { scene.browser.host().commands().runLine(QStringLiteral("_RECENT")); };
-        QCOMPARE(dragAndDo(scene, true, open), QString());
+        command.replace("%1", scene.browser.paths().at(2));
+        const auto run = [&] { scene.browser.host().commands().runLine(command); };
+        QCOMPARE(dragAndDo(scene, true, run), QString());
         QTRY_VERIFY(!scene.popup);
         drainEvents();
-        QCOMPARE(scene.opened(), scene.opening({0})); // the highlight is the newer popup's
+        QCOMPARE(scene.opened(), scene.opening(opened));
     }
 };
 

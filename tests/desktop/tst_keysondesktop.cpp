@@ -5,9 +5,7 @@
 #include "tests/support/real/RealBrowser.h"
 
 #include <QDialog>
-#include <QFile>
 #include <QKeyEvent>
-#include <QPointer>
 #include <QToolButton>
 
 namespace {
@@ -33,7 +31,7 @@ public:
         m_trail.clear();
         Hand::keys(keys);
         const bool allArrived = waitUntil([this, &keys] { return m_trail.size() >= keys.size(); });
-        return allArrived ? m_trail : m_trail + QStringList(QStringLiteral("no more"));
+        return allArrived ? m_trail : m_trail + QStringList("no more");
     }
 
     RealBrowser browser;
@@ -63,9 +61,7 @@ private:
         QStringList lines; // the path line's text for each tile
         for (const QString &path : browser.paths())
             lines.append(shownPath(path, popup->width()));
-        return QStringLiteral("%1: %2")
-            .arg(numbers.join(QLatin1Char(' ')))
-            .arg(lines.indexOf(RealBrowser::pathLine(popup)));
+        return QString("%1: %2").arg(numbers.join(' ')).arg(lines.indexOf(RealBrowser::pathLine(popup)));
     }
 
     QStringList m_trail;
@@ -136,7 +132,7 @@ private slots:
         QFETCH(QStringList, keys);
         Typing typing(tiles, columns);
         QTEST(typing.after(keys), "expected");
-        Hand::keepScreenshot(QStringLiteral("keys ") + QLatin1String(QTest::currentDataTag()));
+        Hand::keepScreenshot(QString("keys ") + QLatin1String(QTest::currentDataTag()));
         QVERIFY(typing.popup && typing.popup->isVisible());
         QCOMPARE(typing.browser.opened(), QStringList());
     }
@@ -146,17 +142,14 @@ private slots:
         QTest::addColumn<QStringList>("before");
         QTest::addColumn<QString>("enter");
         QTest::addColumn<QList<int>>("opened");
-        const auto row = [](const char *name, const QStringList &before, const char *enter,
-                            const QList<int> &opened) {
-            QTest::newRow(name) << before << QString::fromLatin1(enter) << opened;
-        };
-        row("Return at once", {}, "Return", {0});
-        row("Enter of the keypad, after a move", {"Down", "Right"}, "KP_Enter", {5});
-        row("Alt+Return", {"Up"}, "alt+Return", {8});
-        row("Control+Enter of the keypad, a run extended backwards", {"Up", "shift+Left", "shift+Left"},
-            "ctrl+KP_Enter", {6, 7, 8});
-        row("Shift+Return, a shrunk run", {"shift+Right", "shift+Right", "shift+Left"}, "shift+Return",
-            {0, 1});
+        QTest::newRow("Return at once") << QStringList() << "Return" << QList<int>{0};
+        QTest::newRow("Enter of the keypad, after a move")
+            << QStringList{"Down", "Right"} << "KP_Enter" << QList<int>{5};
+        QTest::newRow("Alt+Return") << QStringList{"Up"} << "alt+Return" << QList<int>{8};
+        QTest::newRow("Control+Enter of the keypad, a run extended backwards")
+            << QStringList{"Up", "shift+Left", "shift+Left"} << "ctrl+KP_Enter" << QList<int>{6, 7, 8};
+        QTest::newRow("Shift+Return, a shrunk run")
+            << QStringList{"shift+Right", "shift+Right", "shift+Left"} << "shift+Return" << QList<int>{0, 1};
     }
 
     void enterOpensTheHighlightedInDisplayOrder()
@@ -177,11 +170,11 @@ private slots:
     {
         Typing typing(4, 4);
         QVERIFY(QFile::remove(typing.browser.paths().at(1)));
-        QCOMPARE(typing.after({"shift+Right", "shift+Right"}).constLast(), QStringLiteral("0 1 2: 2"));
-        Hand::key(QStringLiteral("Return"));
+        QCOMPARE(typing.after({"shift+Right", "shift+Right"}).constLast(), "0 1 2: 2");
+        Hand::key("Return");
         QTRY_VERIFY(!typing.popup);
         QStringList expected = typing.browser.opening({0, 1, 2});
-        expected[1].replace(QRegularExpression(QStringLiteral("ok$")), QStringLiteral("failed"));
+        expected[1].replace(QRegularExpression("ok$"), "failed");
         QCOMPARE(typing.browser.opened(), expected);
     }
 
@@ -206,7 +199,7 @@ private slots:
         Hand::press();
         QTRY_COMPARE(RealBrowser::highlighted(typing.tiles), QList<int>({5}));
         QCOMPARE(typing.after({"Right", "Down", "a"}), QStringList({"6: 6", "2: 2", "2: 2"}));
-        Hand::key(QStringLiteral("Escape"));
+        Hand::key("Escape");
         QTRY_VERIFY(!typing.popup);
         Hand::release();
         Hand::stepAside();
@@ -217,21 +210,18 @@ private slots:
     void keysAfterTheMouse()
     {
         Typing typing(10, 4);
-        Hand::moveTo(typing.tiles.at(2));
-        Hand::click();
+        Hand::click(typing.tiles.at(2));
         QTRY_COMPARE(RealBrowser::highlighted(typing.tiles), QList<int>({2}));
         QCOMPARE(typing.after({"shift+Left", "Tab", "Left", "Down"}),
                  QStringList({"1 2: 1", "3: 3", "2: 2", "6: 6"}));
-        Hand::holdKey(QStringLiteral("ctrl"));
-        Hand::moveTo(typing.tiles.at(8));
-        Hand::click();
-        Hand::releaseKey(QStringLiteral("ctrl"));
+        Hand::holdKey("ctrl");
+        Hand::click(typing.tiles.at(8));
+        Hand::releaseKey("ctrl");
         QTRY_COMPARE(RealBrowser::highlighted(typing.tiles), QList<int>({6, 8}));
         QCOMPARE(typing.after({"shift+Right", "shift+Right"}), QStringList({"6 7 8: 7", "6 7 8 9: 9"}));
         // A pin that was clicked leaves the keys to the popup.
         QToolButton *pin = RealBrowser::button(typing.tiles.at(0), "pinButton");
-        Hand::moveTo(pin);
-        Hand::click();
+        Hand::click(pin);
         QTRY_VERIFY(pin->isChecked());
         Hand::stepAside();
         QCOMPARE(typing.after({"Left", "Up"}), QStringList({"5: 5", "1: 1"}));

@@ -7,7 +7,6 @@
 #include <QDialog>
 #include <QLabel>
 #include <QMenu>
-#include <QPointer>
 #include <QToolButton>
 
 using Indices = QList<int>;
@@ -15,8 +14,8 @@ using Indices = QList<int>;
 namespace {
 
 const QStringList none;
-const QStringList control = {QStringLiteral("ctrl")};
-const QStringList shift = {QStringLiteral("shift")};
+const QStringList control = {"ctrl"};
+const QStringList shift = {"shift"};
 const QStringList both = control + shift;
 
 constexpr int leftButton = 1;
@@ -77,7 +76,6 @@ private:
 
 } // namespace
 
-//! The popup under a window manager, used with the mouse.
 class tst_PopupOnDesktop : public TestCase
 {
     Q_OBJECT
@@ -122,7 +120,7 @@ private slots:
         QCOMPARE(RealBrowser::pathLine(popup), browser.paths().at(0));
         QCOMPARE(RealBrowser::tiles(popup).size(), documents);
         QCOMPARE(RealBrowser::highlighted(RealBrowser::tiles(popup)), Indices{0});
-        Hand::keepScreenshot(QStringLiteral("popup-%1-wide-%2-documents").arg(frame.width()).arg(documents));
+        Hand::keepScreenshot(QString("popup-%1-wide-%2-documents").arg(frame.width()).arg(documents));
     }
 
     void pathLineFollowsThePointerAndIsRestored()
@@ -162,11 +160,11 @@ private slots:
             QVERIFY(hand.allHasArrived()); // including the release
             QCOMPARE(hand.highlighted(), click.after);
         }
-        Hand::keepScreenshot(QStringLiteral("four-tiles-highlighted"));
+        Hand::keepScreenshot("four-tiles-highlighted");
         QVERIFY(hand.popup && hand.popup->isVisible());
         QTRY_COMPARE(QApplication::focusWidget(), hand.popup.data());
         QCOMPARE(hand.browser.opened(), QStringList());
-        Hand::key(QStringLiteral("Return"));
+        Hand::key("Return");
         QTRY_VERIFY(!hand.popup);
         QCOMPARE(hand.browser.opened(), hand.browser.opening({6, 7, 8, 9}));
     }
@@ -178,7 +176,7 @@ private slots:
             hand.click(7, shift);
             QTRY_COMPARE(hand.highlighted().size(), 8);
             QVERIFY(hand.allHasArrived());
-            Hand::moveTo(hand.tiles.at(5)->findChild<QLabel *>(QStringLiteral("image_label")));
+            Hand::moveTo(hand.tiles.at(5)->findChild<QLabel *>("image_label"));
             QTRY_COMPARE(hand.shown(), 5);
             Hand::doubleClick(button);
             QTRY_VERIFY(!hand.popup);
@@ -189,8 +187,7 @@ private slots:
     void clickOutsideClosesThePopup()
     {
         PopupByHand hand(3);
-        Hand::moveTo(&hand.browser.window(), QPoint(20, 20));
-        Hand::click();
+        Hand::click(hand.browser.window().mapToGlobal(QPoint(20, 20)));
         QTRY_VERIFY(!hand.popup);
         QTRY_VERIFY(hand.browser.window().isActiveWindow());
     }
@@ -206,16 +203,16 @@ private slots:
         QTRY_VERIFY(pin->isChecked());
         QVERIFY(pin->grab().toImage() != unpinned);
         QVERIFY(hand.popup->isVisible());
-        Hand::keepScreenshot(QStringLiteral("second-tile-pinned"));
-        Hand::key(QStringLiteral("Escape")); // goes to the popup, not to the clicked pin
+        Hand::keepScreenshot("second-tile-pinned");
+        Hand::key("Escape"); // goes to the popup, not to the clicked pin
         QTRY_VERIFY(!hand.popup);
 
         hand.open();
         QStringList names;
         for (const QDialog *tile : qAsConst(hand.tiles)) {
             const bool isPinned = RealBrowser::button(tile, "pinButton")->isChecked();
-            names.append((isPinned ? QStringLiteral("pinned ") : QString()) +
-                         tile->findChild<QLabel *>(QStringLiteral("title_label"))->text());
+            names.append((isPinned ? "pinned " : QString()) +
+                         tile->findChild<QLabel *>("title_label")->text());
         }
         QCOMPARE(names, QStringList({"pinned plan 2.dwg", "plan 1.dwg", "plan 3.dwg"}));
     }
@@ -235,23 +232,20 @@ private slots:
             QString text;
             for (int i = 0; i < 3; ++i) {
                 const QString path = button(i, "menuTextButton")->text().mid(3);
-                text += QStringLiteral("%1%2 ")
+                text += QString("%1%2 ")
                             .arg(browser.paths().indexOf(path))
-                            .arg(button(i, "pinButton")->isChecked() ? QStringLiteral(" pinned") : QString());
+                            .arg(button(i, "pinButton")->isChecked() ? " pinned" : QString());
             }
             return text;
         };
-        Hand::moveTo(button(1, "pinButton"));
-        Hand::click();
-        QTRY_COMPARE(entries(), QStringLiteral("1 pinned 0 2 ")); // the entry has moved
-        Hand::keepScreenshot(QStringLiteral("menu-entry-pinned"));
+        Hand::click(button(1, "pinButton"));
+        QTRY_COMPARE(entries(), "1 pinned 0 2 "); // the entry has moved
+        Hand::keepScreenshot("menu-entry-pinned");
 
         const ProgramStandIn fileManager(0, ProgramStandIn::Others::Found);
-        Hand::moveTo(button(2, "folderButton"));
-        Hand::click();
+        Hand::click(button(2, "folderButton"));
         QTRY_COMPARE(fileManager.starts(), QVector<QStringList>{QStringList(browser.paths().at(2))});
-        Hand::moveTo(button(2, "menuTextButton"));
-        Hand::click();
+        Hand::click(button(2, "menuTextButton"));
         QTRY_COMPARE(browser.opened(), browser.opening({2}));
     }
 };

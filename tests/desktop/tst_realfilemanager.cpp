@@ -6,7 +6,6 @@
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QScreen>
-#include <QSet>
 
 namespace {
 
@@ -29,7 +28,6 @@ int coloursOfFiles(WId window)
 
 } // namespace
 
-//! "Show in Folder" of the program with a real file manager.
 class tst_RealFileManager : public TestCase
 {
     Q_OBJECT
@@ -37,23 +35,20 @@ class tst_RealFileManager : public TestCase
 private slots:
     void fileManagerShowsTheFolder()
     {
-        ProgramOnScreen program({QStringLiteral("ground floor.dwg")},
-                                QStringLiteral("h\u00e4user & g\u00e4rten"));
-        QVERIFY(program.start({QStringLiteral("_NEW"), QStringLiteral("_RECENT")},
-                              ProgramOnScreen::freshSession(QStringLiteral("file-manager-home"))));
+        ProgramOnScreen program({"ground floor.dwg"}, "h\u00e4user & g\u00e4rten");
+        QVERIFY(program.start({"_NEW", "_RECENT"}, ProgramOnScreen::freshSession("file-manager-home")));
         QVERIFY(ProgramOnScreen::popupOpens());
-        Hand::moveTo(ProgramOnScreen::folderButton);
-        Hand::click();
-        const QString title = QStringLiteral("h\u00e4user & g\u00e4rten");
+        Hand::click(ProgramOnScreen::folderButton);
+        const QString title = "h\u00e4user & g\u00e4rten";
         QTRY_COMPARE(ProgramOnScreen::activeTitle(), title);
         // An empty folder has one colour, an icon with its name has many. The file manager clears and paints
         // it more than once.
         QVERIFY(waitUntil([&] { return coloursOfFiles(ProgramOnScreen::findWindow(title)) > 5; }));
-        Hand::keepScreenshot(QStringLiteral("folder-in-the-file-manager"));
+        Hand::keepScreenshot("folder-in-the-file-manager");
         // Its first window keeps the command running, and the program waits for the command's end.
-        Hand::key(QStringLiteral("alt+F4"));
+        Hand::key("alt+F4");
         QVERIFY(ProgramOnScreen::popupCloses());
-        QTRY_VERIFY(ProgramOnScreen::activeTitle().startsWith(QLatin1String("fxhost")));
+        QTRY_VERIFY(ProgramOnScreen::activeTitle().startsWith("fxhost"));
         QVERIFY(program.quit());
     }
 };

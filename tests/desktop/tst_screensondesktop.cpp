@@ -5,7 +5,6 @@
 
 #include <QDialog>
 #include <QGuiApplication>
-#include <QPointer>
 #include <QScreen>
 
 #include <algorithm>
@@ -76,11 +75,11 @@ private slots:
             QTRY_COMPARE(realPlace().topLeft(), place);
         }
         QTRY_COMPARE(popup->geometry(), realPlace());
-        Hand::keepScreenshot(QLatin1String("screens ") + QLatin1String(QTest::currentDataTag()));
+        Hand::keepScreenshot(QString("screens ") + QLatin1String(QTest::currentDataTag()));
 
         // Keys, hovering and clicks work here too.
         const QList<QDialog *> tiles = RealBrowser::tiles(popup);
-        Hand::key(QStringLiteral("Right"));
+        Hand::key("Right");
         QTRY_VERIFY(RealBrowser::isHighlighted(tiles.at(1)));
         Hand::moveTo(tiles.at(0));
         QTRY_COMPARE(RealBrowser::pathLine(popup), browser.paths().at(0));

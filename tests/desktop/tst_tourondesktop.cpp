@@ -48,17 +48,17 @@ private slots:
     void fromF4ToAPinnedDrawing()
     {
         ProgramOnScreen program(6);
-        program.geometry = QStringLiteral("1000x640+60+60");
-        QVERIFY(program.start({QStringLiteral("_NEW")}));
+        program.geometry = "1000x640+60+60";
+        QVERIFY(program.start({"_NEW"}));
 
-        Hand::key(QStringLiteral("F4"));
+        Hand::key("F4");
         QVERIFY(ProgramOnScreen::popupOpens());
         const WId popup = ProgramOnScreen::popup();
         QTRY_COMPARE(Hand::realGeometry(popup), popupPlace);
         keepPicture("tour-1-popup");
 
-        Hand::key(QStringLiteral("shift+Right"));
-        Hand::key(QStringLiteral("shift+Right"));
+        Hand::key("shift+Right");
+        Hand::key("shift+Right");
         keepPicture("tour-2-three-highlighted");
 
         Hand::moveTo(firstTile);
@@ -76,18 +76,17 @@ private slots:
         QVERIFY(ProgramOnScreen::popupCloses());
         keepPicture("tour-4-opened");
 
-        Hand::key(QStringLiteral("F4"));
+        Hand::key("F4");
         QVERIFY(ProgramOnScreen::popupOpens());
-        Hand::moveTo(pinOfFifthTile);
-        Hand::click();
-        Hand::key(QStringLiteral("Escape"));
+        Hand::click(pinOfFifthTile);
+        Hand::key("Escape");
         QVERIFY(ProgramOnScreen::popupCloses());
         Hand::moveTo(QPoint(0, 0));
-        Hand::key(QStringLiteral("F4"));
+        Hand::key("F4");
         QVERIFY(ProgramOnScreen::popupOpens());
         keepPicture("tour-5-pinned-first");
         // The three opened ones are the most recent now, so the fifth recent drawing is still the fifth.
-        Hand::key(QStringLiteral("Return"));
+        Hand::key("Return");
         QTRY_COMPARE(program.opened().size(), 4);
         QVERIFY(program.quit()); // then nothing is pending
         QCOMPARE(program.opened(), program.paths().mid(0, 3) + program.paths().mid(4, 1));

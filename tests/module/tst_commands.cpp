@@ -77,7 +77,6 @@ protected:
 
 } // namespace
 
-//! The two commands, and the registration of the help command.
 class tst_Commands : public TestCase
 {
     Q_OBJECT

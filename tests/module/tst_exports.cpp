@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/TestCase.h"
 
-#include <QProcess>
-#include <QRegularExpression>
-
 namespace {
 
 //! All that a host can link against.
-const char *const exportedNames[] = {
+const QStringList exportedNames = {
     // For the loader.
     "odrxGetAPIVersion",
     "odrxCreateModuleObject",
@@ -70,9 +67,7 @@ private slots:
             if (match.captured(1) == "u")
                 unique.append(match.captured(2));
         }
-        QStringList expected;
-        for (const char *name : exportedNames)
-            expected.append(name);
+        QStringList expected = exportedNames;
         expected.sort();
         names.sort();
         names.removeDuplicates(); // constructors and destructors have several symbols

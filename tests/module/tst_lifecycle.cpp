@@ -8,7 +8,6 @@
 #include <OdEdCommand.h>
 
 #include <QMenu>
-#include <QPointer>
 #include <QWidgetAction>
 
 namespace {
@@ -71,6 +70,8 @@ private slots:
 
         const QStringList lookUpHelp = {"stack taken", "stack lookup _RHELP 3 \"\"", "stack released"};
         host.calls.clear();
+        inHost.module->uninitApp();
+        QCOMPARE(host.calls, QStringList());
         inHost.editorReactor().mainFrameCreated(nullptr);
         QCOMPARE(inHost.entries(), QList<int>({1, 1}));
         QCOMPARE(QStringList(host.calls.mid(host.calls.indexOf("menus refresh") + 1)),
@@ -88,15 +89,6 @@ private slots:
                                  lookUpHelp +
                                  QStringList({"stack taken", "stack remove _RHELP", "stack released"}));
         QVERIFY(host.commands.empty() && host.documentReactors.empty() && host.editorReactors.empty());
-    }
-
-    void endingTheApplicationUndoesNothing()
-    {
-        FakeModule inHost;
-        inHost.module->initApp();
-        inHost.host.calls.clear();
-        inHost.module->uninitApp();
-        QCOMPARE(inHost.host.calls, QStringList());
     }
 
     void noObjectOfTheModuleOutlivesIt()
@@ -141,30 +133,23 @@ private slots:
         QVERIFY(!RecentDocumentBrowser::before);
     }
 
-    void aDocumentChangesNothingWhileNoneIsRecent_data()
-    {
-        QTest::addColumn<bool>("services");
-        QTest::addColumn<bool>("list");
-        QTest::newRow("the list is empty") << true << true;
-        QTest::newRow("there is no list") << true << false;
-        QTest::newRow("there are no services") << false << true;
-    }
-
     void aDocumentChangesNothingWhileNoneIsRecent()
     {
-        QFETCH(bool, services);
-        QFETCH(bool, list);
-        ModuleWithDocuments inHost;
-        const Registry before;
-        const int menus = parentlessMenus();
-        inHost.host.hasCustomization = true;
-        inHost.host.setRecent({});
-        inHost.host.hasServices = services;
-        inHost.host.hasRecentFileList = list;
-        inHost.documentReactor().DocumentCreated(nullptr);
-        QVERIFY(Registry() == before);
-        QCOMPARE(parentlessMenus(), menus);
-        QCOMPARE(inHost.host.calls, QStringList()); // not even to the menus
+        // An empty list, no list, no services.
+        const QPair<bool, bool> cases[] = {{true, true}, {true, false}, {false, true}};
+        for (const auto &[services, list] : cases) {
+            ModuleWithDocuments inHost;
+            const Registry before;
+            const int menus = parentlessMenus();
+            inHost.host.hasCustomization = true;
+            inHost.host.setRecent({});
+            inHost.host.hasServices = services;
+            inHost.host.hasRecentFileList = list;
+            inHost.documentReactor().DocumentCreated(nullptr);
+            QVERIFY(Registry() == before);
+            QCOMPARE(parentlessMenus(), menus);
+            QCOMPARE(inHost.host.calls, QStringList()); // not even to the menus
+        }
     }
 
     void aDocumentEmptiesTheCacheAndRebuildsTheEntries()

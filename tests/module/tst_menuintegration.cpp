@@ -6,24 +6,6 @@
 
 #include <stdexcept>
 
-namespace {
-
-//! Installs a translator for its lifetime, unless the mark is empty.
-class Translation
-{
-public:
-    explicit Translation(const QString &mark)
-    {
-        if (!mark.isEmpty())
-            QCoreApplication::installTranslator(&m_translator);
-    }
-
-private:
-    MarkingTranslator m_translator; // its destructor removes it
-};
-
-} // namespace
-
 //! The browser's command definition, its entry in the host's File menus and its key; tst_missingservices has
 //! the hosts that lack something.
 class tst_MenuIntegration : public TestCase
@@ -35,7 +17,9 @@ private slots:
     void bothFileMenusAreFilledInOrder()
     {
         QFETCH(QString, mark);
-        const Translation translation(mark);
+        MarkingTranslator translator; // its destructor removes it
+        if (!mark.isEmpty())
+            QCoreApplication::installTranslator(&translator);
         FakeMenus inHost;
         RecentDocumentBrowser::LoadMenu();
         const QString append =
@@ -142,7 +126,7 @@ private slots:
         FakeMenus inHost;
         inHost.file.children.clear();
         for (int i = 0; i < count; ++i)
-            inHost.file.add(QStringLiteral("MI_%1").arg(i));
+            inHost.file.add(QString("MI_%1").arg(i));
         const int objects = inHost.menus.objectsAlive;
         addRecentDocMenu(&inHost.file, &inHost.primary);
         const QStringList inserts = inHost.menuCalls().filter("insert");
@@ -217,7 +201,9 @@ private slots:
     void theKeyIsBoundToTheDefinition()
     {
         QFETCH(QString, mark);
-        const Translation translation(mark);
+        MarkingTranslator translator; // its destructor removes it
+        if (!mark.isEmpty())
+            QCoreApplication::installTranslator(&translator);
         FakeMenus inHost;
         FakeCommand &definition = inHost.primary.addCommand(browserDefinition);
         for (FakeGroup *other : {&inHost.startUp, &inHost.extension}) // their keys do not count

@@ -12,43 +12,37 @@
 
 #include <QDialog>
 #include <QMenuBar>
-#include <QSignalSpy>
 
 #include <dlfcn.h>
 
 namespace {
 
-const char newEntry[] = R"({ "identifier": "MI_New", "label": "&New", "command": "ID_New" })";
-const char openEntry[] = R"({ "identifier": "MI_Open", "label": "&Open", "command": "ID_New" })";
-const char separatorEntry[] = R"({ "separator": true })";
-const char quitEntry[] = R"({ "identifier": "MI_Quit", "label": "E&xit", "command": "ID_New" })";
-const char otherKey[] =
-    R"({ "identifier": "ACC_Other", "label": "Other", "key": "Ctrl+F4", "command": "ID_New" })";
+const char openEntry[] = R"({ "identifier": "MI_Open", "label": "&Open", "command": "ID_New" },)";
 //! As in a host that is prepared for the browser.
 const char waitingKey[] =
     R"({ "identifier": "ACC_Recent", "label": "Recent", "key": "F4", "command": "ID_RECENT_FILES" })";
 
-//! A group with one definition, a Window menu, and after it a File menu with these entries.
-QString groupData(const char *name, bool isPrimary, const QStringList &entries, const QString &accelerators)
+//! A group with one definition, a Window menu, and after it a File menu with this entry after its first one.
+QString groupData(const char *name, const char *isPrimary, const char *entry, const char *accelerators)
 {
-    return QStringLiteral(R"({ "name": "%1", "primary": %2,
+    return QString(R"({ "name": "%1", "primary": %2,
         "commands": [ { "identifier": "ID_New", "name": "New", "macro": "^C^C_NEW" } ],
         "menus": [ { "identifier": "ID_MnWindow", "label": "&Window", "items": [] },
-                   { "identifier": "ID_MnFile", "label": "&File", "items": [ %3 ] } ],
+                   { "identifier": "ID_MnFile", "label": "&File", "items": [
+                     { "identifier": "MI_New", "label": "&New", "command": "ID_New" }, %3
+                     { "separator": true },
+                     { "identifier": "MI_Quit", "label": "E&xit", "command": "ID_New" } ] } ],
         "accelerators": [ %4 ] })")
-        .arg(name, isPrimary ? "true" : "false", entries.join(','), accelerators);
+        .arg(name, isPrimary, entry, accelerators);
 }
 
 //! An extension's group without a File menu, the primary group and the start-up menus.
-QByteArray menuData(const QStringList &entries, const QString &accelerators = QString())
+QByteArray menuData(const char *accelerators = "")
 {
-    return QStringLiteral(R"({ "groups": [ { "name": "EXTENSION" }, %1 ], "startUp": %2 })")
-        .arg(groupData("MAIN", true, entries, accelerators),
-             groupData("START", false, {newEntry, separatorEntry, quitEntry}, {}))
+    return QString(R"({ "groups": [ { "name": "EXTENSION" }, %1 ], "startUp": %2 })")
+        .arg(groupData("MAIN", "true", openEntry, accelerators), groupData("START", "false", "", ""))
         .toUtf8();
 }
-
-const QByteArray usualMenus = menuData({newEntry, openEntry, separatorEntry, quitEntry});
 
 //! The built module in the host runtime with menus of its own, before the host is notified of its main
 //! window.
@@ -112,7 +106,6 @@ const QList<QStringList> withEntry = {{"MI_New", "MI_Open", realEntry, "", "MI_Q
 
 } // namespace
 
-//! The built module in the menus and keys of the real host runtime.
 class tst_MenusInHost : public TestCase
 {
     Q_OBJECT
@@ -120,7 +113,7 @@ class tst_MenusInHost : public TestCase
 private slots:
     void theFirstRecentDocumentAddsOneEntry()
     {
-        HostWithMenus host(usualMenus);
+        HostWithMenus host(menuData());
         fxhost::FxHost &fxHost = host.running.host;
         const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);
         fxHost.setMainWindow(&host.window);
@@ -149,31 +142,9 @@ private slots:
         QVERIFY(!host.customization().FindCommand(L"EXTENSION", L"ID_RECENT_FILES"));
     }
 
-    void aShortFileMenuGetsAnEntryWhereThereIsRoom_data()
-    {
-        QTest::addColumn<QStringList>("entries");
-        QTest::addColumn<QStringList>("children");
-        QTest::newRow("no entry") << QStringList() << QStringList();
-        QTest::newRow("one entry") << QStringList(quitEntry) << QStringList("MI_Quit");
-        QTest::newRow("two entries") << QStringList({newEntry, quitEntry})
-                                     << QStringList({realEntry, "MI_New", "MI_Quit"});
-    }
-
-    void aShortFileMenuGetsAnEntryWhereThereIsRoom()
-    {
-        QFETCH(QStringList, entries);
-        QFETCH(QStringList, children);
-        HostWithMenus host(menuData(entries));
-        host.begin();
-        const QList<QStringList> expected = {children, withEntry.at(1)};
-        QCOMPARE(host.entries(), expected);
-        host.running.host.documents().newDocument();
-        QCOMPARE(host.entries(), expected);
-    }
-
     void theEntryInAMenuBarOpensThePopup()
     {
-        HostWithMenus host(menuData({newEntry, openEntry, separatorEntry, quitEntry}, waitingKey));
+        HostWithMenus host(menuData(waitingKey));
         fxhost::MenuBuilder builder(host.running.host, host.window.menuBar());
         builder.setGroup(&host.primary());
         QVERIFY(!host.window.findChild<QAction *>(realEntry));
@@ -201,25 +172,9 @@ private slots:
         QVERIFY(!host.customization().GetStartUpGroup());
     }
 
-    void theKeyIsAddedOnRequest()
-    {
-        HostWithMenus host(menuData({newEntry, openEntry, separatorEntry, quitEntry}, otherKey));
-        setShortCutKey(); // before the definition exists
-        host.begin();
-        QCOMPARE(host.keys(), QStringList("Ctrl+F4 ID_New")); // not without a request
-        for (int i = 0; i < 2; ++i)
-            setShortCutKey();
-        QCOMPARE(host.keys(), QStringList({"Ctrl+F4 ID_New", "F4 ID_RECENT_FILES"}));
-        const CFxUIAccelerator *made = host.primary().GetAccelerator(1);
-        QCOMPARE(QString(made->GetLabel()), "Preview Recent Documents...");
-        QCOMPARE(QString(made->GetIdentifier()), "");
-        QCOMPARE(made->GetCommand(), host.file().GetChild(2)->GetCommand());
-        QCOMPARE(host.startUp().GetAcceleratorCount(), 0);
-    }
-
     void theKeyOpensThePopup()
     {
-        HostWithMenus host(usualMenus);
+        HostWithMenus host(menuData());
         fxhost::MenuBuilder builder(host.running.host, host.window.menuBar());
         builder.setGroup(&host.primary());
         host.begin();
@@ -232,7 +187,7 @@ private slots:
 
     void menusAndKeysRemainAfterTheModuleIsUnloaded()
     {
-        HostWithMenus host(usualMenus);
+        HostWithMenus host(menuData());
         host.begin();
         setShortCutKey();
         const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);

@@ -7,7 +7,6 @@
 #include "ui/RecentDocDialog.h"
 #include "ui/RecentDocMainWindow.h"
 
-#include <QDir>
 #include <QMenu>
 
 #include <algorithm>
@@ -121,36 +120,27 @@ private slots:
         QCOMPARE(scene.host.openReferences, 0);
     }
 
-    void theMainWindowMayBeDeletedUnderAnOpenPopup_data()
-    {
-        QTest::addColumn<bool>("isNotified");
-        QTest::addColumn<bool>("isHeld");
-        QTest::newRow("notified, a tile is held") << true << true;
-        QTest::newRow("notified, at rest") << true << false;
-        QTest::newRow("not notified, a tile is held") << false << true;
-        QTest::newRow("not notified, at rest") << false << false;
-    }
-
     void theMainWindowMayBeDeletedUnderAnOpenPopup()
     {
-        QFETCH(bool, isNotified);
-        QFETCH(bool, isHeld);
-        FakeOpening scene;
-        QTest::mouseMove(FakeBrowser::button(scene.tile(0), "pinButton")); // a balloon is due soon
-        if (isHeld)
-            scene.hold(scene.tile(1));
-        if (isNotified)
-            scene.browser.module().mainFrameDestroyed(&scene.host.mainWindow());
-        scene.host.deleteMainWindow();
-        QVERIFY(!scene.popup);
-        drainEvents();
-        QCOMPARE(scene.host.openedPaths(), QStringList());
+        const QPair<bool, bool> cases[] = {{false, false}, {false, true}, {true, false}, {true, true}};
+        for (const auto &[isNotified, isHeld] : cases) {
+            FakeOpening scene;
+            QTest::mouseMove(FakeBrowser::button(scene.tile(0), "pinButton")); // a balloon is due soon
+            if (isHeld)
+                scene.hold(scene.tile(1));
+            if (isNotified)
+                scene.browser.module().mainFrameDestroyed(&scene.host.mainWindow());
+            scene.host.deleteMainWindow();
+            QVERIFY(!scene.popup);
+            drainEvents();
+            QCOMPARE(scene.host.openedPaths(), QStringList());
 
-        scene.browser.createDocument(); // the module is notified no longer
-        const QPointer<RecentDocMainWindow> popup = FakeOpening::runRecent();
-        QVERIFY(popup && !popup->parentWidget());
-        QTest::keyClick(popup, Qt::Key_Return);
-        QCOMPARE(scene.host.openedPaths(), QStringList(scene.browser.path(0)));
+            scene.browser.createDocument(); // the module is notified no longer
+            const QPointer<RecentDocMainWindow> popup = FakeOpening::runRecent();
+            QVERIFY(popup && !popup->parentWidget());
+            QTest::keyClick(popup, Qt::Key_Return);
+            QCOMPARE(scene.host.openedPaths(), QStringList(scene.browser.path(0)));
+        }
     }
 
     void theDrawingOfTheTileIsOpened_data()

@@ -137,31 +137,22 @@ void rowsOfServices()
 
 void rowsOfMenus()
 {
-    using Loss = void (*)(FakeLife &);
-    const auto loses = [](const char *name, Loss loss, const LifeReport &changes) {
-        row(
-            name, [loss](FakeLife &life, bool) { loss(life); }, changes);
+    const auto lost = [](void (*loss)(FakeLife &)) {
+        return Switch([loss](FakeLife &life, bool) { loss(life); });
     };
     const LifeReport onlyFile = {{"menu entries", "file: yes, start-up: no"}};
     const LifeReport onlyStartUp = {{"menu entries", "file: no, start-up: yes"}};
     row("customisation", without(&FakeHost::hasCustomization), noMenus);
-    loses(
-        "groups", [](FakeLife &life) { life.takenOut = std::move(life.menus.groups); }, noMenus);
-    loses(
-        "primary group", [](FakeLife &life) { life.primary.isPrimary = false; }, noMenus);
-    loses(
-        "start-up group", [](FakeLife &life) { life.takenOut.push_back(std::move(life.menus.startUp)); },
+    row("groups", lost([](FakeLife &life) { life.takenOut = std::move(life.menus.groups); }), noMenus);
+    row("primary group", lost([](FakeLife &life) { life.primary.isPrimary = false; }), noMenus);
+    row("start-up group",
+        lost([](FakeLife &life) { life.takenOut.push_back(std::move(life.menus.startUp)); }),
         onlyFile + LifeReport{{"menus refreshed", "no"}});
-    loses(
-        "File menu", [](FakeLife &life) { life.file.identifier = "ID_MnEdit"; }, onlyStartUp);
-    loses(
-        "entries of the File menu", [](FakeLife &life) { life.file.children.clear(); }, onlyStartUp);
-    loses(
-        "start-up File menu", [](FakeLife &life) { life.startUpFile.identifier = "ID_Mn"; }, onlyFile);
-    loses(
-        "definitions", [](FakeLife &life) { life.menus.makesCommands = false; }, noEntries);
-    loses(
-        "menu entries", [](FakeLife &life) { life.menus.makesMenuItems = false; }, noEntries);
+    row("File menu", lost([](FakeLife &life) { life.file.identifier = "ID_MnEdit"; }), onlyStartUp);
+    row("entries of the File menu", lost([](FakeLife &life) { life.file.children.clear(); }), onlyStartUp);
+    row("start-up File menu", lost([](FakeLife &life) { life.startUpFile.identifier = "ID_Mn"; }), onlyFile);
+    row("definitions", lost([](FakeLife &life) { life.menus.makesCommands = false; }), noEntries);
+    row("menu entries", lost([](FakeLife &life) { life.menus.makesMenuItems = false; }), noEntries);
 }
 
 void rowsOfTheEngine()
@@ -197,7 +188,7 @@ void rowsOfReaders(const char *kind, Exception exception)
                     throw exception;
             };
         };
-        row(qPrintable(QStringLiteral("previews: %1 at %2").arg(kind, step)), gives, {{"pictures", "0"}});
+        row(qPrintable(QString("previews: %1 at %2").arg(kind, step)), gives, {{"pictures", "0"}});
     }
 }
 
@@ -239,7 +230,6 @@ QStringList linesOf(const LifeReport &report)
 
 } // namespace
 
-//! The module from its creation to its deletion in a host that lacks one thing.
 class tst_MissingServices : public TestCase
 {
     Q_OBJECT

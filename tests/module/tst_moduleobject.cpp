@@ -93,14 +93,6 @@ private slots:
         QVERIFY(createModule() != forgotten);
     }
 
-    void theMemoryIsFreedThroughTheHostsBaseClass()
-    {
-        OdRxObject *object = createModule().release();
-        delete object;
-        deleteModuleObject();
-        QVERIFY(FakeMemory::inUse.empty());
-    }
-
     void withoutMemoryBadAllocIsThrownAndNoObjectExists()
     {
         FakeMemory::isOut = true;
@@ -110,13 +102,16 @@ private slots:
         QVERIFY(createModule());
     }
 
-    void bothKindsOfDeletionClearTheSingleton()
+    void everyKindOfDeletionFreesTheMemory()
     {
         odrxCreateModuleObject(nullptr, L"browser")->deleteModule();
         QVERIFY(!g_pSingletonModule);
         odrxCreateModuleObject(nullptr, L"browser");
         g_pSingletonModule->WrapperBase::deleteModule();
         QVERIFY(!g_pSingletonModule);
+        OdRxObject *object = createModule().release();
+        delete object;
+        deleteModuleObject();
         QVERIFY(FakeMemory::inUse.empty());
     }
 

@@ -8,9 +8,7 @@
 #include "tests/support/real/RealBrowser.h"
 
 #include <QDialog>
-#include <QDir>
 #include <QLabel>
-#include <QProcess>
 #include <QToolButton>
 
 #include <climits>
@@ -39,7 +37,7 @@ void useEverywhere(RealBrowser &browser, const QString &path)
     RealBrowser::button(tile, "folderButton")->click();
     QTRY_VERIFY(!popup);
     QStringList words = QStringList(path); // in quotes, so that only quotes in the path split it
-    if (path.contains(QLatin1Char('"')))
+    if (path.contains('"'))
         words = QProcess::splitCommand(QLatin1Char('"') + path + QLatin1Char('"'));
     QCOMPARE(fileManager.starts(), QVector<QStringList>{words});
 

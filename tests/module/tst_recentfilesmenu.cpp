@@ -7,7 +7,6 @@
 
 #include <QHBoxLayout>
 #include <QMenu>
-#include <QPointer>
 #include <QStyle>
 
 namespace {
@@ -91,7 +90,6 @@ private:
 
 } // namespace
 
-//! The recent documents' entries in a menu.
 class tst_RecentFilesMenu : public TestCase
 {
     Q_OBJECT
@@ -124,7 +122,7 @@ private slots:
         QStringList paths;
         QStringList texts;
         for (int i = 1; i <= count; ++i) {
-            paths.append(QStringLiteral("/drawings/%1.dwg").arg(i));
+            paths.append(QString("/drawings/%1.dwg").arg(i));
             texts.append('&' + QString::number(i) + ' ' + paths.last());
         }
         FakeModule inHost;
@@ -137,28 +135,21 @@ private slots:
                      paths.at(i));
     }
 
-    void withoutDocumentsOnlyTheSeparatorsAreAdded_data()
-    {
-        QTest::addColumn<bool>("services");
-        QTest::addColumn<bool>("list");
-        QTest::newRow("the list is empty") << true << true;
-        QTest::newRow("there is no list") << true << false;
-        QTest::newRow("there are no services") << false << true;
-    }
-
     void withoutDocumentsOnlyTheSeparatorsAreAdded()
     {
-        QFETCH(bool, services);
-        QFETCH(bool, list);
-        FilledMenu inHost;
-        inHost.host.setRecent({});
-        inHost.host.hasServices = services;
-        inHost.host.hasRecentFileList = list;
-        HostMenu menu;
-        RecentDocumentBrowser::AddRecentFiles(&menu, menu.last);
-        QCOMPARE(textsOf(menu), QStringList({"New", "---", "---", "Quit"}));
-        QVERIFY(RecentDocumentBrowser::recentDocActionList.isEmpty());
-        QCOMPARE(RecentDocumentBrowser::recentDocMenu, &menu);
+        // An empty list, no list, no services.
+        const QPair<bool, bool> cases[] = {{true, true}, {true, false}, {false, true}};
+        for (const auto &[services, list] : cases) {
+            FilledMenu inHost;
+            inHost.host.setRecent({});
+            inHost.host.hasServices = services;
+            inHost.host.hasRecentFileList = list;
+            HostMenu menu;
+            RecentDocumentBrowser::AddRecentFiles(&menu, menu.last);
+            QCOMPARE(textsOf(menu), QStringList({"New", "---", "---", "Quit"}));
+            QVERIFY(RecentDocumentBrowser::recentDocActionList.isEmpty());
+            QCOMPARE(RecentDocumentBrowser::recentDocMenu, &menu);
+        }
     }
 
     void theRegistryFollowsTheLatestMenuAndTheFormerMenuKeepsItsEntries()
@@ -283,34 +274,28 @@ private slots:
             QCOMPARE(action.button(index)->path(), path);
     }
 
-    void theTextIsBlackOnTheMenusBackground_data()
-    {
-        QTest::addColumn<QString>("style");
-        QTest::newRow("Fusion") << "Fusion"; // Qt always has both
-        QTest::newRow("Windows") << "Windows";
-    }
-
     void theTextIsBlackOnTheMenusBackground()
     {
-        QFETCH(QString, style);
-        QApplication::setStyle(style);
-        LoneEntry action;
-        QMenu menu;
-        menu.addAction(&action);
-        menu.popup(QPoint(20, 20));
-        QVERIFY(waitForExposed(&menu));
-        QToolButton &button = *action.textButton;
-        const auto atRest = darkAndWhite(button);
-        QVERIFY(atRest.first > 0);
-        QVERIFY2(atRest.first < atRest.second, "the text is on a dark panel");
-        button.setAttribute(Qt::WA_UnderMouse); // as the application sets it when the pointer enters
-        QCOMPARE(darkAndWhite(button), atRest);
-        button.setDown(true);
-        QCOMPARE(darkAndWhite(button), atRest);
-        button.setDown(false);
-        button.setFocus();
-        QVERIFY(button.hasFocus());
-        QCOMPARE(darkAndWhite(button), atRest);
+        for (const char *style : {"Fusion", "Windows"}) { // Qt always has both
+            QApplication::setStyle(style);
+            LoneEntry action;
+            QMenu menu;
+            menu.addAction(&action);
+            menu.popup(QPoint(20, 20));
+            QVERIFY(waitForExposed(&menu));
+            QToolButton &button = *action.textButton;
+            const auto atRest = darkAndWhite(button);
+            QVERIFY(atRest.first > 0);
+            QVERIFY2(atRest.first < atRest.second, "the text is on a dark panel");
+            button.setAttribute(Qt::WA_UnderMouse); // as the application sets it when the pointer enters
+            QCOMPARE(darkAndWhite(button), atRest);
+            button.setDown(true);
+            QCOMPARE(darkAndWhite(button), atRest);
+            button.setDown(false);
+            button.setFocus();
+            QVERIFY(button.hasFocus());
+            QCOMPARE(darkAndWhite(button), atRest);
+        }
     }
 
     void thePathKeepsItsOrderOnEveryDesktop()

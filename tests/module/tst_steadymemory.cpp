@@ -6,7 +6,6 @@
 
 #include <QDialog>
 #include <QMenu>
-#include <QTimer>
 #include <QToolButton>
 #include <QWidgetAction>
 
@@ -15,11 +14,6 @@
 namespace {
 
 const QRect tallFrame(0, 0, 1300, 1000);
-
-double percentOf(qint64 last, qint64 first)
-{
-    return 100.0 * static_cast<double>(last - first) / static_cast<double>(first);
-}
 
 void openAndClose(RealBrowser &browser)
 {
@@ -54,6 +48,9 @@ double growthOf(int times, qint64 known, const Action &action)
     if (!memory::isMeasurable)
         return 0;
     const qint64 added = known * (times - early);
+    const auto percentOf = [](qint64 last, qint64 first) {
+        return 100.0 * double(last - first) / double(first);
+    };
     return qMax(percentOf(memory::allocated() - added, allocated), percentOf(memory::resident(), resident));
 }
 
@@ -119,28 +116,22 @@ private slots:
         QVERIFY(!memory::isMeasurable || eachOne < 2000);
     }
 
-    void movingTheHighlightKeepsMemorySteady_data()
-    {
-        QTest::addColumn<int>("key");
-        QTest::newRow("along the row") << int(Qt::Key_Right);
-        QTest::newRow("along the column") << int(Qt::Key_Down);
-    }
-
     void movingTheHighlightKeepsMemorySteady()
     {
-        QFETCH(int, key);
-        RealBrowser browser(50, tallFrame);
-        QDialog *popup = browser.openPopup();
-        QVERIFY(popup);
-        const QList<QDialog *> tiles = RealBrowser::tiles(popup);
-        const int objects = popup->findChildren<QObject *>().size();
-        const double percent = growthOf(memory::rounds(100000), 0, [&] {
-            QTest::keyClick(popup, Qt::Key(key));
-            QCoreApplication::processEvents(); // paints
-        });
-        QCOMPARE(RealBrowser::highlighted(tiles).size(), 1);
-        QCOMPARE(popup->findChildren<QObject *>().size(), objects);
-        QVERIFY2(percent < 1, qPrintable(QString::number(percent)));
+        for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Down}) { // along the row and the column
+            RealBrowser browser(50, tallFrame);
+            QDialog *popup = browser.openPopup();
+            QVERIFY(popup);
+            const QList<QDialog *> tiles = RealBrowser::tiles(popup);
+            const int objects = popup->findChildren<QObject *>().size();
+            const double percent = growthOf(memory::rounds(100000), 0, [&] {
+                QTest::keyClick(popup, key);
+                QCoreApplication::processEvents(); // paints
+            });
+            QCOMPARE(RealBrowser::highlighted(tiles).size(), 1);
+            QCOMPARE(popup->findChildren<QObject *>().size(), objects);
+            QVERIFY2(percent < 1, qPrintable(QString::number(percent)));
+        }
     }
 
     void aHoverLeavesOneStoppedTimer_data()
@@ -190,7 +181,7 @@ private slots:
         drainEvents();
         QCOMPARE(first.isNull(), !inMenu);
         browser.host().setMainWindow(nullptr);
-        browser.host().modules().unload(QStringLiteral(MODULE_FILE));
+        browser.host().modules().unload(MODULE_FILE);
         QVERIFY(!first && !last);
     }
 };

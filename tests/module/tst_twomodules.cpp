@@ -13,7 +13,7 @@
 
 namespace {
 
-const QString browserModule = QStringLiteral(MODULE_FILE);
+const QString browserModule = MODULE_FILE;
 
 //! A host with a window and two recent drawings.
 class TwoModulesHost : public RealHost
@@ -39,7 +39,7 @@ public:
         const QList<QDialog *> popups = RealBrowser::popups();
         for (QDialog *popup : popups) {
             // Its tiles are those of the menu that is built when a drawing is created.
-            works << QStringLiteral("popup of %1").arg(RealBrowser::tiles(popup).size());
+            works << QString("popup of %1").arg(RealBrowser::tiles(popup).size());
             QTest::keyClick(popup, Qt::Key_Escape);
         }
         if (runs("_RHELP"))
@@ -69,7 +69,7 @@ private:
     bool runs(const QString &line)
     {
         host.commands().runLine(line);
-        return logged().constLast() == QStringLiteral("command %1 5100").arg(line);
+        return logged().constLast() == QString("command %1 5100").arg(line);
     }
 };
 
@@ -111,11 +111,11 @@ private slots:
         };
         QString windowSteps; // commands work only while it has one step
         for (const QChar step : qAsConst(sequence)) {
-            if (step == QLatin1Char('w')) {
+            if (step == 'w') {
                 windowSteps += step;
                 running.host.setMainWindow(windowSteps.size() % 2 ? &running.window : nullptr);
             } else {
-                QVERIFY(toggle(step == QLatin1Char('b') ? browserModule : companionModule));
+                QVERIFY(toggle(step == 'b' ? browserModule : companionModule));
             }
             QCOMPARE(modules.loaded(), loaded);
             if (windowSteps.size() == 1) {

@@ -2,7 +2,6 @@
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/probe/FileProbe.h"
 #include "host/runtime/recent/RecentFiles.h"
-#include "samples/DrawingWriter.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/bytes/BytesInStuckFolder.h"
 #include "tests/support/bytes/BytesOfSpecialFiles.h"
@@ -11,25 +10,12 @@
 #include <CFxRecentFileList.h>
 
 #include <QDialog>
-#include <QElapsedTimer>
 #include <QLabel>
 
 #include <chrono>
 #include <thread>
 
 namespace {
-
-QString titleOf(const QDialog *tile)
-{
-    return tile->findChild<QLabel *>("title_label")->text();
-}
-
-QByteArray drawingWithPicture()
-{
-    QImage picture(180, 112, QImage::Format_RGB32);
-    picture.fill(Qt::darkCyan);
-    return fxsamples::drawingFile(picture, {});
-}
 
 //! The recent documents that the module gets.
 QStringList responsive(RealBrowser &browser)
@@ -44,7 +30,7 @@ QStringList titles(const QDialog *popup)
     QStringList shown;
     const QList<QDialog *> tiles = RealBrowser::tiles(popup);
     for (const QDialog *tile : tiles)
-        shown.append(titleOf(tile));
+        shown.append(tile->findChild<QLabel *>("title_label")->text());
     return shown;
 }
 
@@ -62,7 +48,8 @@ private slots:
     {
         STUCK_FOLDER_OR_SKIP(server);
         RealBrowser browser(2);
-        const QStringList listed = {browser.paths().at(0), server.makeFile("away.dwg", drawingWithPicture()),
+        const QStringList listed = {browser.paths().at(0),
+                                    server.makeFile("away.dwg", RealBrowser::drawingBytes(0)),
                                     browser.paths().at(1)};
         browser.host().recentFiles().setPaths(listed);
         const QStringList all = {"plan 1.dwg", "away.dwg", "plan 2.dwg"};
@@ -96,8 +83,8 @@ private slots:
     {
         STUCK_FOLDER_OR_SKIP(server);
         RealBrowser browser(1);
-        const QString away = server.makeFile("away.dwg", drawingWithPicture());
-        const QString open = server.makeFile("open.dwg", drawingWithPicture());
+        const QString away = server.makeFile("away.dwg", RealBrowser::drawingBytes(0));
+        const QString open = server.makeFile("open.dwg", RealBrowser::drawingBytes(0));
         QCOMPARE(browser.host().documents().open(open).reason(), QString());
         browser.host().recentFiles().add(away);
         browser.host().documents().newDocument();
@@ -108,7 +95,7 @@ private slots:
         server.stopAnswering();
         QTest::keyClick(popup, Qt::Key_Return); // the first tile's file is unresponsive now
         QTRY_VERIFY(!popup);
-        QTRY_COMPARE(browser.log().constLast(), QStringLiteral("open %1 failed").arg(away));
+        QTRY_COMPARE(browser.log().constLast(), QString("open %1 failed").arg(away));
         QVERIFY(browser.host().recentFiles().paths().contains(away)); // it is still listed
         QVERIFY(browser.storedPaths().contains(away));
         // The open drawing on the server does not keep others from being opened.
@@ -120,7 +107,7 @@ private slots:
     {
         STUCK_FOLDER_OR_SKIP(disk);
         RealBrowser browser(1);
-        const QString path = disk.makeFile("asleep.dwg", drawingWithPicture());
+        const QString path = disk.makeFile("asleep.dwg", RealBrowser::drawingBytes(0));
         disk.stopAnswering();
         // Longer than the list waits for a file.
         std::thread spinningUp([&disk] {
@@ -139,14 +126,14 @@ private slots:
         RealBrowser browser(1);
         QStringList paths;
         for (int i = 0; i < 40; ++i) // two minutes, one after the other
-            paths.append(server.makeFile(QStringLiteral("away %1.dwg").arg(i), drawingWithPicture()));
+            paths.append(server.makeFile(QString("away %1.dwg").arg(i), RealBrowser::drawingBytes(0)));
         server.stopAnswering();
         QElapsedTimer clock;
         clock.start();
         browser.host().documents().openAll(paths);
         QVERIFY2(clock.elapsed() < patience, "the files were awaited one after the other");
         for (const QString &path : qAsConst(paths))
-            QVERIFY(browser.log().contains(QStringLiteral("open %1 failed").arg(path)));
+            QVERIFY(browser.log().contains(QString("open %1 failed").arg(path)));
     }
 };
 

@@ -7,15 +7,12 @@
 #include "host/runtime/recent/RecentFiles.h"
 #include "state/FolderPinButton.h"
 #include "tests/support/Patience.h"
-#include "tests/support/bytes/BytesOfPreview.h"
 #include "tests/support/real/RealBrowser.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QImage>
-#include <QLabel>
 #include <QMap>
-#include <QMenuBar>
 #include <QToolButton>
 
 #include <algorithm>
@@ -69,28 +66,25 @@ QStringList entriesWithPicture()
 } // namespace
 
 SoakHost::SoakHost()
-    : m_host(std::make_unique<fxhost::FxHost>(m_folder.filePath(QStringLiteral("profile")),
-                                              m_folder.filePath(QStringLiteral("log"))))
 {
     for (int i = 0; i < soakDrawings; ++i) {
-        const QString path = m_folder.filePath(QStringLiteral("drawing %1.dwg").arg(i));
-        m_paths.append(testbytes::writeFile(path, RealBrowser::drawingBytes(i)));
+        m_paths.append(m_running.makeFile(QString("drawing %1.dwg").arg(i), RealBrowser::drawingBytes(i)));
     }
-    QFile menus(QStringLiteral(":/customization.json"));
-    if (!menus.open(QIODevice::ReadOnly) || !m_host->customization().load(menus.readAll()))
+    QFile menus(":/customization.json");
+    if (!menus.open(QIODevice::ReadOnly) || !host().customization().load(menus.readAll()))
         qFatal("the menus cannot be used");
-    m_window = std::make_unique<fxhost::MainWindow>(*m_host);
+    m_window = std::make_unique<fxhost::MainWindow>(host());
     // A dialog would block.
-    m_host->setPathChooser([this] { return m_paths.constFirst(); });
-    m_host->modules().load(QStringLiteral(MODULE_FILE));
+    host().setPathChooser([this] { return m_paths.constFirst(); });
+    host().modules().load(MODULE_FILE);
     m_window->setGeometry(60, 60, 1300, 900);
     m_window->show();
     if (!waitForActive(m_window.get()))
         qFatal("the main window does not become active");
-    m_host->setMainWindow(m_window.get());
-    m_host->recentFiles().setMaximum(soakLimit);
-    m_host->recentFiles().setPaths(m_paths);
-    m_host->documents().newDocument();
+    host().setMainWindow(m_window.get());
+    host().recentFiles().setMaximum(soakLimit);
+    host().recentFiles().setPaths(m_paths);
+    host().documents().newDocument();
 }
 
 SoakHost::~SoakHost() = default;
@@ -139,14 +133,10 @@ QStringList SoakHost::shown() const
 
 QStringList SoakHost::takeOpened()
 {
-    QFile log(m_folder.filePath(QStringLiteral("log")));
-    if (!log.open(QIODevice::ReadOnly) || !log.seek(m_logRead))
-        qFatal("the log cannot be read");
-    const QByteArray news = log.readAll();
-    m_logRead += news.size();
+    const QStringList lines = m_running.logged().mid(m_logRead);
+    m_logRead += lines.size();
     QStringList opened;
-    const QStringList lines = QString::fromUtf8(news).split(QLatin1Char('\n'));
-    const QRegularExpression open(QStringLiteral("^open (.*) (ok|failed)$"));
+    const QRegularExpression open("^open (.*) (ok|failed)$");
     for (const QString &line : lines) {
         const QRegularExpressionMatch match = open.match(line);
         if (match.hasMatch())
@@ -170,19 +160,19 @@ QString SoakHost::tileAt(const QPoint &place) const
     return {};
 }
 
-bool SoakHost::hasModule() const
+bool SoakHost::hasModule()
 {
-    return !m_host->modules().loaded().isEmpty();
+    return !host().modules().loaded().isEmpty();
 }
 
 QString SoakHost::toggleModule()
 {
-    const QString module = QStringLiteral(MODULE_FILE);
-    fxhost::ModuleManager &modules = m_host->modules();
+    const QString module = MODULE_FILE;
+    fxhost::ModuleManager &modules = host().modules();
     const bool wasLoaded = hasModule();
     const bool succeeded = wasLoaded ? modules.unload(module) : modules.load(module);
     m_modulesLoaded += !wasLoaded;
-    return succeeded ? QString() : QStringLiteral("the module cannot be loaded or unloaded");
+    return succeeded ? QString() : "the module cannot be loaded or unloaded";
 }
 
 //! Records a new popup.
@@ -198,7 +188,7 @@ QString SoakHost::add(QDialog *popup)
     m_tilePaths += QSet<QString>(tilePaths.begin(), tilePaths.end());
     const QStringList entries = entriesWithPicture();
     if (tilePaths != entries) {
-        return QStringLiteral("the popup has %1 tiles, and %2 menu entries have a picture")
+        return QString("the popup has %1 tiles, and %2 menu entries have a picture")
             .arg(tilePaths.size())
             .arg(entries.size());
     }
@@ -223,12 +213,12 @@ QString SoakHost::problem()
                 return wrong;
         }
         QString line = RealBrowser::pathLine(open);
-        if (line.endsWith(QLatin1String("...")) && line.size() > 3) // it is shortened
+        if (line.endsWith("...") && line.size() > 3) // it is shortened
             line.chop(3);
         const bool isListed = std::any_of(m_tilePaths.begin(), m_tilePaths.end(),
                                           [&](const QString &path) { return path.startsWith(line); });
         if (!line.isEmpty() && !isListed)
-            return QStringLiteral("the path line names no recent drawing: ") + line;
+            return QString("the path line names no recent drawing: ") + line;
     }
     for (auto it = m_watched.begin(); it != m_watched.end();) {
         if (it->popup && it->popup->isVisible()) {

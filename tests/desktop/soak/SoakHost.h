@@ -2,14 +2,13 @@
 #pragma once
 
 #include "host/app/MainWindow.h"
-#include "host/runtime/FxHost.h"
 #include "tests/support/process/ProgramStandIn.h"
+#include "tests/support/real/RealHost.h"
 
 #include <QDialog>
 #include <QPointer>
 #include <QRect>
 #include <QSet>
-#include <QTemporaryDir>
 
 #include <vector>
 
@@ -21,7 +20,7 @@ public:
     SoakHost();
     ~SoakHost();
 
-    fxhost::FxHost &host() { return *m_host; }
+    fxhost::FxHost &host() { return m_running.host; }
     //! The drawings' paths, of missing files too.
     QStringList paths() const { return m_paths; }
 
@@ -45,7 +44,7 @@ public:
     //! Global pixels.
     QString tileAt(const QPoint &place) const;
 
-    bool hasModule() const;
+    bool hasModule();
     //! \return the problem; empty on success
     QString toggleModule();
 
@@ -68,16 +67,15 @@ private:
 
     QString add(QDialog *popup);
 
-    QTemporaryDir m_folder;
+    RealHost m_running;
     ProgramStandIn m_fileManager{0, ProgramStandIn::Others::Found};
     QStringList m_paths;
-    std::unique_ptr<fxhost::FxHost> m_host;
     std::unique_ptr<fxhost::MainWindow> m_window;
     std::vector<Watched> m_watched;
     std::vector<QPointer<QWidget>> m_closed;
     //! Of the popups on screen, and of those closed while another one was open.
     QSet<QString> m_tilePaths;
-    qint64 m_logRead = 0;
+    int m_logRead = 0; //!< lines
     int m_popupsSeen = 0;
     int m_modulesLoaded = 0;
 };

@@ -3,9 +3,6 @@
 #include "tests/desktop/soak/SoakPerson.h"
 #include "tests/support/TestCase.h"
 
-#include <QEventLoop>
-#include <QProcess>
-
 namespace {
 
 //! In a run of all tests: the same on every machine.
@@ -31,12 +28,10 @@ private slots:
     void randomActions()
     {
         // A smaller mode of the screen, with the usual timings of 1024x768.
-        QCOMPARE(QProcess::execute(
-                     QStringLiteral("sh"),
-                     {QStringLiteral("-c"),
-                      QStringLiteral("xrandr --newmode soak 63.5 1024 1072 1176 1328 768 771 775 798 &&"
-                                     "xrandr --addmode screen soak")}),
-                 0);
+        QCOMPARE(
+            QProcess::execute("sh", {"-c", "xrandr --newmode soak 63.5 1024 1072 1176 1328 768 771 775 798 &&"
+                                           "xrandr --addmode screen soak"}),
+            0);
         const auto seed = quint32(fromEnvironment("SOAK_SEED", 20261121));
         SoakHost soak;
         SoakPerson user(soak, seed);
@@ -54,7 +49,7 @@ private slots:
               seed, user.steps, user.events, user.unreceived, soak.popupsSeen(), user.drags, user.openings,
               user.screens, soak.modulesLoaded());
         QVERIFY2(user.problem.isEmpty(),
-                 qPrintable(QStringLiteral("step %1: %2").arg(user.steps).arg(user.problem)));
+                 qPrintable(QString("step %1: %2").arg(user.steps).arg(user.problem)));
         QVERIFY(user.events > 0 && soak.popupsSeen() > 0);
     }
 };

@@ -30,7 +30,7 @@ void print(const QString &text)
 //! Its destructor runs when the library is unloaded.
 struct UnloadReport
 {
-    ~UnloadReport() { print(QStringLiteral("unloaded")); }
+    ~UnloadReport() { print("unloaded"); }
 } unloadReport;
 
 class ProbeCommand : public CFxCommand
@@ -43,16 +43,16 @@ public:
     int Execute(CFxCommandContext *context) override
     {
         const QString argument = context->argument();
-        print(QStringLiteral("Execute ") + argument);
-        QStringList words = argument.split(QLatin1Char(' '));
+        print(QString("Execute ") + argument);
+        QStringList words = argument.split(' ');
         const QString action = words.takeFirst();
         for (const QString &word : qAsConst(words)) {
-            if (action == QLatin1String("start"))
+            if (action == "start")
                 print(QString::number(QProcess::execute(word, {})));
-            if (action != QLatin1String("raise"))
+            if (action != "raise")
                 continue;
             std::raise(word.toInt());
-            print(QStringLiteral("raised ") + word);
+            print(QString("raised ") + word);
         }
         return resultOfItsOwn;
     }
@@ -63,7 +63,7 @@ class ProbeModule : public vela_OdRxModule, public CFxEditorReactor, public CFxD
 public:
     void initApp() override
     {
-        print(QStringLiteral("initApp"));
+        print("initApp");
         OdEdCommandStack *stack = odedRegCmds();
         stack->addCommand(&m_command);
         stack->release();
@@ -73,19 +73,18 @@ public:
         GetFxSystemServices()->GetDocumentManager()->AddReactor(this);
     }
 
-    void uninitApp() override { print(QStringLiteral("uninitApp")); }
+    void uninitApp() override { print("uninitApp"); }
 
     void mainFrameCreated(QWidget *mainFrame) override
     {
-        print(mainFrame->isVisible() ? QStringLiteral("mainFrameCreated visible")
-                                     : QStringLiteral("mainFrameCreated hidden"));
+        print(mainFrame->isVisible() ? "mainFrameCreated visible" : "mainFrameCreated hidden");
     }
 
     void mainFrameDestroyed(QWidget *mainFrame) override
     {
         const bool alive = mainFrame && mainFrame->findChild<QMenuBar *>() &&
                            GetFxSystemServices()->GetMainFrame()->GetMainWindow() == mainFrame;
-        print(alive ? QStringLiteral("mainFrameDestroyed alive") : QStringLiteral("mainFrameDestroyed gone"));
+        print(alive ? "mainFrameDestroyed alive" : "mainFrameDestroyed deleted");
         OdEdCommandStack *stack = odedRegCmds();
         stack->removeCommand(&m_command);
         stack->release();
@@ -95,8 +94,8 @@ public:
         GetFxSystemServices()->GetDocumentManager()->RemoveReactor(this);
     }
 
-    void DocumentCreated(CFxDocument *) override { print(QStringLiteral("DocumentCreated")); }
-    void DocumentDestroyed(const CFxString &) override { print(QStringLiteral("DocumentDestroyed")); }
+    void DocumentCreated(CFxDocument *) override { print("DocumentCreated"); }
+    void DocumentDestroyed(const CFxString &) override { print("DocumentDestroyed"); }
 
 private:
     OdStaticRxObject<ProbeCommand> m_command;

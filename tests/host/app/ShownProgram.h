@@ -21,7 +21,7 @@
 struct ShownProgram
 {
     QTemporaryDir dir;
-    fxhost::FxHost host{dir.filePath(QStringLiteral("profile")), QString()};
+    fxhost::FxHost host{dir.filePath("profile"), QString()};
     //! Empty when the shipped menus were loaded.
     QString menuProblem = host.customization().load(menus()).reason();
     fxhost::MainWindow window{host};
@@ -36,7 +36,7 @@ struct ShownProgram
 
     static QByteArray menus()
     {
-        QFile file(QStringLiteral(":/customization.json"));
+        QFile file(":/customization.json");
         file.open(QIODevice::ReadOnly);
         return file.readAll();
     }
@@ -56,7 +56,7 @@ struct ShownProgram
         return paths;
     }
 
-    QLineEdit *input() const { return window.findChild<QLineEdit *>(QStringLiteral("commandInput")); }
+    QLineEdit *input() const { return window.findChild<QLineEdit *>("commandInput"); }
     QString history() const { return window.commandLine().historyText(); }
     //! Types line into the command line and presses Enter.
     void enter(const QString &line) const

@@ -6,13 +6,11 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollBar>
-#include <QSignalSpy>
 
 using fxhost::CommandLineWidget;
 
 namespace {
 
-//! A command line on screen.
 class ShownCommandLine : public CommandLineWidget
 {
 public:
@@ -23,8 +21,8 @@ public:
             qFatal("the command line does not appear");
     }
 
-    QLineEdit *input() const { return findChild<QLineEdit *>(QStringLiteral("commandInput")); }
-    QPlainTextEdit *history() const { return findChild<QPlainTextEdit *>(QStringLiteral("commandHistory")); }
+    QLineEdit *input() const { return findChild<QLineEdit *>("commandInput"); }
+    QPlainTextEdit *history() const { return findChild<QPlainTextEdit *>("commandHistory"); }
     QString typed() const { return input()->text(); }
     void press(Qt::Key key) const { QTest::keyClick(input(), key); }
     void enter(const QString &line) const
@@ -45,9 +43,9 @@ private slots:
     {
         ShownCommandLine line;
         const QSignalSpy lines(&line, &CommandLineWidget::lineEntered);
-        line.enter(QStringLiteral("   ")); // runs nothing
-        QCOMPARE(line.historyText(), QStringLiteral("Command: "));
-        line.enter(QStringLiteral("  _OPEN  /a b.dwg  "));
+        line.enter("   "); // runs nothing
+        QCOMPARE(line.historyText(), "Command: ");
+        line.enter("  _OPEN  /a b.dwg  ");
         QCOMPARE(lines, QList<QVariantList>{{QStringLiteral("_OPEN  /a b.dwg")}});
         QCOMPARE(line.typed(), QString());
     }
@@ -55,7 +53,7 @@ private slots:
     void selectedHistoryIsNotDragged()
     {
         ShownCommandLine line;
-        line.showMessage(QStringLiteral("a long message to select"));
+        line.showMessage("a long message to select");
         QWidget *text = line.history()->viewport();
         const QPoint place(10, 10);
         line.history()->selectAll();
@@ -71,12 +69,12 @@ private slots:
     void theHistoryShowsCommandsAndMessagesInOrder()
     {
         ShownCommandLine line;
-        line.echo(QStringLiteral("_RECENTLIMIT"));
-        line.showMessage(QStringLiteral("10\n<b>/tmp/a&amp;b.dwg</b>")); // is not markup
-        const QString text = QStringLiteral("Command: _RECENTLIMIT\n10\n<b>/tmp/a&amp;b.dwg</b>");
+        line.echo("_RECENTLIMIT");
+        line.showMessage("10\n<b>/tmp/a&amp;b.dwg</b>"); // is not markup
+        const QString text = "Command: _RECENTLIMIT\n10\n<b>/tmp/a&amp;b.dwg</b>";
         QCOMPARE(line.historyText(), text);
         line.history()->setFocus();
-        QTest::keyClicks(line.history(), QStringLiteral("x")); // the history is read-only
+        QTest::keyClicks(line.history(), "x"); // the history is read-only
         QCOMPARE(line.historyText(), text);
     }
 
@@ -85,7 +83,7 @@ private slots:
         ShownCommandLine line;
         for (const char *entered : {"first", "again", "again"}) // a repeated line is stored once
             line.enter(QLatin1String(entered));
-        QTest::keyClicks(line.input(), QStringLiteral("half a li"));
+        QTest::keyClicks(line.input(), "half a li");
         QStringList seen;
         for (const Qt::Key key :
              {Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down}) {
@@ -101,24 +99,24 @@ private slots:
         ShownCommandLine line;
         constexpr int moreThanAreKept = 500;
         for (int i = 0; i < moreThanAreKept; ++i)
-            line.enter(QStringLiteral("line %1").arg(i));
+            line.enter(QString("line %1").arg(i));
         QString oldest;
         do {
             oldest = line.typed();
             line.press(Qt::Key_Up);
         } while (line.typed() != oldest);
-        QVERIFY2(oldest != QLatin1String("line 0"), qPrintable(oldest));
-        QVERIFY2(oldest.startsWith(QLatin1String("line ")), qPrintable(oldest));
+        QVERIFY2(oldest != "line 0", qPrintable(oldest));
+        QVERIFY2(oldest.startsWith("line "), qPrintable(oldest));
         QTest::keyClick(line.input(), Qt::Key_Escape);
         line.press(Qt::Key_Up);
-        QCOMPARE(line.typed(), QStringLiteral("line %1").arg(moreThanAreKept - 1));
+        QCOMPARE(line.typed(), QString("line %1").arg(moreThanAreKept - 1));
     }
 
     void escapeClearsTheInputThenCancels()
     {
         ShownCommandLine line;
         const QSignalSpy cancels(&line, &CommandLineWidget::cancelRequested);
-        QTest::keyClicks(line.input(), QStringLiteral("_QU"));
+        QTest::keyClicks(line.input(), "_QU");
         line.press(Qt::Key_Escape);
         QCOMPARE(line.typed(), QString());
         QCOMPARE(cancels.count(), 0);
@@ -131,7 +129,7 @@ private slots:
         ShownCommandLine line;
         constexpr int moreThanFit = 100;
         for (int i = 0; i < moreThanFit; ++i)
-            line.showMessage(QStringLiteral("line %1").arg(i));
+            line.showMessage(QString("line %1").arg(i));
         QScrollBar *bar = line.history()->verticalScrollBar();
         QVERIFY(bar->maximum() > 0);
         QCOMPARE(bar->value(), bar->maximum());
@@ -139,10 +137,10 @@ private slots:
         line.press(Qt::Key_PageUp);
         const int place = bar->value();
         QVERIFY(place < bar->maximum());
-        line.showMessage(QStringLiteral("one more"));
+        line.showMessage("one more");
         QCOMPARE(bar->value(), place);
 
-        line.enter(QStringLiteral("x"));
+        line.enter("x");
         QCOMPARE(bar->value(), bar->maximum());
     }
 
@@ -153,7 +151,7 @@ private slots:
         for (int i = 0; i < 4; ++i)
             line.showMessage(QString::number(i));
         QTRY_COMPARE(line.history()->verticalScrollBar()->maximum(), 0);
-        line.showMessage(QStringLiteral("one more"));
+        line.showMessage("one more");
         QTRY_COMPARE(line.history()->verticalScrollBar()->maximum(), 1);
     }
 
@@ -162,13 +160,12 @@ private slots:
         ShownCommandLine line;
         line.history()->setFocus();
         QVERIFY(!line.hasInputFocus());
-        QKeyEvent key(QEvent::KeyPress, Qt::Key_N, Qt::NoModifier, QStringLiteral("n"));
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_N, Qt::NoModifier, "n");
         line.typeKey(&key);
-        QCOMPARE(line.typed(), QStringLiteral("n"));
+        QCOMPARE(line.typed(), "n");
         QVERIFY(line.hasInputFocus());
     }
 };
 
 TEST_CLASS(tst_CommandLineWidget);
-
 #include "tst_commandlinewidget.moc"

@@ -8,11 +8,8 @@
 #include "tests/support/bytes/BytesOfSpecialFiles.h"
 #include "tests/support/real/RealHost.h"
 
-#include <QDir>
-
 using namespace fxhost;
 
-//! Completion of the command line with the Tab key.
 class tst_LineCompleter : public TestCase
 {
     Q_OBJECT
@@ -32,8 +29,8 @@ private slots:
             QFile file(home.filePath(pathFromBytes(name)));
             QVERIFY(file.open(QIODevice::WriteOnly));
         }
-        QVERIFY(QFile::link(home.filePath(QStringLiteral("sub")), home.filePath(QStringLiteral("link"))));
-        QVERIFY(QFile::link(QStringLiteral("nowhere"), home.filePath(QStringLiteral("lost"))));
+        QVERIFY(QFile::link(home.filePath("sub"), home.filePath("link")));
+        QVERIFY(QFile::link("nowhere", home.filePath("lost")));
     }
 
     void lineIsCompleted_data()
@@ -76,7 +73,7 @@ private slots:
         QFETCH(QString, line);
         RealHost running;
         CommandSet set(running.host.commandStack());
-        set.add(QStringLiteral("SCREENSHOT"), [](const CFxCommandContext &) { return 0; });
+        set.add("SCREENSHOT", [](const CFxCommandContext &) { return 0; });
         const Completion completion = LineCompleter(running.host).complete(line);
         QTEST(completion.line, "completed");
         QTEST(completion.candidates, "candidates");
@@ -88,23 +85,23 @@ private slots:
     void unresponsiveFolderDoesNotBlock()
     {
         STUCK_FOLDER_OR_SKIP(folder);
-        const QString path = folder.makeFile(QStringLiteral("a.dwg"), "AC1015");
-        const QString line = QStringLiteral("_OPEN ") + QFileInfo(path).path();
-        const QString link = m_home.filePath(QStringLiteral("xlink"));
+        const QString path = folder.makeFile("a.dwg", "AC1015");
+        const QString line = QString("_OPEN ") + QFileInfo(path).path();
+        const QString link = m_home.filePath("xlink");
         QVERIFY(QFile::link(QFileInfo(path).path(), link));
         RealHost running;
         const LineCompleter completer(running.host);
-        QCOMPARE(completer.complete(line + QStringLiteral("/")).line, line + QStringLiteral("/a.dwg"));
+        QCOMPARE(completer.complete(line + "/").line, line + "/a.dwg");
 
         const Alarm alarm;
         folder.stopAnswering();
-        QCOMPARE(completer.complete(line + QStringLiteral("/")).line, line + QStringLiteral("/"));
+        QCOMPARE(completer.complete(line + "/").line, line + "/");
         QCOMPARE(running.messages.size(), 1);
         QVERIFY2(running.messages.first().contains(QFileInfo(path).path()),
                  qPrintable(running.messages.first()));
         // A link from a responsive folder is not followed. Only a mount is recognised through it.
         if (kind == BytesInStuckFolder::Kind::Mount)
-            QCOMPARE(completer.complete(QStringLiteral("_OPEN x")).line, QStringLiteral("_OPEN xlink"));
+            QCOMPARE(completer.complete("_OPEN x").line, "_OPEN xlink");
         folder.answerAgain();
         QVERIFY(QFile::remove(link));
     }

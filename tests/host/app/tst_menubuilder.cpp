@@ -15,8 +15,6 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPointer>
-#include <QSignalSpy>
 
 namespace {
 
@@ -169,23 +167,6 @@ private slots:
         drainEvents();
         QCOMPARE(window.logged(),
                  QStringList("command _NEW 5100")); // the second Ctrl+N has no effect
-    }
-
-    void aKeyWorksOnceItsDefinitionExists()
-    {
-        Window window;
-        window.activate();
-        QTest::keyClick(&window.frame, Qt::Key_F4);
-        drainEvents();
-        QVERIFY(window.logged().isEmpty());
-
-        fxhost::Customization &customization = window.host.customization();
-        CFxUICommand *const command = customization.CreateCommand(L"ID_RECENT_FILES");
-        command->SetMacro(L"^C^C_RECENTLIMIT 40");
-        customization.primaryGroup()->AppendCommand(command);
-        customization.Refresh();
-        QTest::keyClick(&window.frame, Qt::Key_F4);
-        QTRY_COMPARE(window.host.recentFiles().maximum(), 40);
     }
 
     void anotherGroupReplacesTheBarAndTheKeys()

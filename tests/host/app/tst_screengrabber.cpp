@@ -75,5 +75,4 @@ private slots:
 };
 
 TEST_CLASS(tst_ScreenGrabber);
-
 #include "tst_screengrabber.moc"

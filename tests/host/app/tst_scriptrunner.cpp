@@ -3,8 +3,6 @@
 #include "host/runtime/Paths.h"
 #include "tests/host/app/ShownProgram.h"
 
-#include <QSignalSpy>
-
 using namespace fxhost;
 
 namespace {
@@ -13,8 +11,7 @@ namespace {
 struct LoadedScript
 {
     explicit LoadedScript(const QByteArray &content)
-        : problem(runner.load(testbytes::writeFile(program.dir.filePath(QStringLiteral("script")), content))
-                      .reason())
+        : problem(runner.load(testbytes::writeFile(program.dir.filePath("script"), content)).reason())
     {
     }
 
@@ -42,7 +39,7 @@ private slots:
             << QStringList{QString::fromLatin1("_NEW\0W", 6), "_CLOSE"};
         QTest::newRow("files are named by their bytes")
             << QByteArray("\xef\xbb\xbf# a comment\n_OPEN /gr\xfcn \xc3\xa4.dwg\n")
-            << QStringList{QLatin1String("_OPEN ") + pathFromBytes("/gr\xfcn \xc3\xa4.dwg")};
+            << QStringList{QString("_OPEN ") + pathFromBytes("/gr\xfcn \xc3\xa4.dwg")};
     }
 
     void linesAreRead()
@@ -58,7 +55,7 @@ private slots:
     void aScriptThatCannotBeReadIsRefused()
     {
         LoadedScript script("");
-        QVERIFY(!script.runner.load(script.program.dir.filePath(QStringLiteral("missing"))));
+        QVERIFY(!script.runner.load(script.program.dir.filePath("missing")));
         QVERIFY(!script.runner.load(script.program.dir.path()));
         QCOMPARE(script.runner.lines(), QStringList());
     }
@@ -85,7 +82,7 @@ private slots:
         connect(
             &commands, &CommandRunner::commandStarted, &window,
             [&](const QString &name) {
-                if (name != QLatin1String("_DELAY"))
+                if (name != "_DELAY")
                     return;
                 runner.startWhenActive(&window); // as when the window becomes active again
                 drainEvents();
@@ -101,5 +98,4 @@ private slots:
 };
 
 TEST_CLASS(tst_ScriptRunner);
-
 #include "tst_scriptrunner.moc"

@@ -6,13 +6,12 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QProcess>
 
 #include <memory>
 
 namespace {
 
-const QString serviceName = QStringLiteral("org.freedesktop.FileManager1");
+const QString serviceName = "org.freedesktop.FileManager1";
 
 //! A session bus with the test's services only.
 class Bus
@@ -22,9 +21,9 @@ public:
     explicit Bus(const QString &starter = {})
     {
         if (!starter.isEmpty())
-            write(serviceName + QStringLiteral(".service"),
-                  QStringLiteral("[D-BUS Service]\nName=%1\nExec=%2\n").arg(serviceName, starter));
-        const QString config = write(QStringLiteral("bus.conf"), QStringLiteral(R"(<busconfig>
+            write(serviceName + ".service",
+                  QString("[D-BUS Service]\nName=%1\nExec=%2\n").arg(serviceName, starter));
+        const QString config = write("bus.conf", QStringLiteral(R"(<busconfig>
             <type>session</type>
             <listen>unix:dir=%1</listen>
             <servicedir>%1</servicedir>
@@ -32,11 +31,9 @@ public:
               <allow send_destination="*"/><allow receive_sender="*"/><allow own="*"/>
             </policy>
           </busconfig>)")
-                                                                     .arg(m_folder.path()));
+                                                     .arg(m_folder.path()));
         m_daemon.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_daemon.start(QStringLiteral("dbus-daemon"),
-                       {QStringLiteral("--nofork"), QStringLiteral("--print-address"),
-                        QStringLiteral("--config-file=") + config});
+        m_daemon.start("dbus-daemon", {"--nofork", "--print-address", QString("--config-file=") + config});
         if (!waitUntil([this] { return m_daemon.canReadLine(); }))
             qFatal("dbus-daemon does not start");
         m_address = QString::fromLatin1(m_daemon.readLine().trimmed());
@@ -74,7 +71,7 @@ public:
     explicit Service(const Bus &bus, Answer answer = Answer::Done)
         : m_answer(answer), m_connection(QDBusConnection::connectToBus(bus.address(), serviceName))
     {
-        if (!m_connection.registerObject(QStringLiteral("/org/freedesktop/FileManager1"), this,
+        if (!m_connection.registerObject("/org/freedesktop/FileManager1", this,
                                          QDBusConnection::ExportAllSlots) ||
             !m_connection.registerService(serviceName))
             qFatal("the service cannot be registered");
@@ -90,7 +87,7 @@ public slots:
         shown.append(uris);
         request.setDelayedReply(m_answer == Answer::Never);
         if (m_answer == Answer::Refused)
-            m_connection.send(request.createErrorReply(QDBusError::Failed, QStringLiteral("no")));
+            m_connection.send(request.createErrorReply(QDBusError::Failed, "no"));
     }
 
 private:
@@ -115,9 +112,9 @@ Run fxshow(const QStringList &arguments, const QString &folder = {})
     QProcess program;
     program.setWorkingDirectory(folder);
     // Into a file, since the process that it starts may report errors after its end.
-    const QString errors = QDir::current().filePath(QStringLiteral("fxshow-errors"));
+    const QString errors = QDir::current().filePath("fxshow-errors");
     program.setStandardErrorFile(errors);
-    program.start(QStringLiteral(FXSHOW_PROGRAM), arguments);
+    program.start(FXSHOW_PROGRAM, arguments);
     // The service is in this process and needs its events.
     if (!waitUntil([&] { return program.state() == QProcess::NotRunning; }))
         return {-1, {}};
@@ -138,8 +135,7 @@ private slots:
     {
         TestCase::init();
         m_folder = std::make_unique<QTemporaryDir>();
-        m_opener =
-            std::make_unique<ProgramStandIn>(0, ProgramStandIn::Others::Found, QStringLiteral("xdg-open"));
+        m_opener = std::make_unique<ProgramStandIn>(0, ProgramStandIn::Others::Found, "xdg-open");
     }
 
     void cleanup()
@@ -176,18 +172,18 @@ private slots:
         const Run run = fxshow({isRelative ? fxhost::pathFromBytes(name) : path}, m_folder->path());
         QCOMPARE(run.status, 0);
         QTRY_COMPARE(service.shown,
-                     QVector<QStringList>{{QStringLiteral("file://%1/%2").arg(m_folder->path(), encoded)}});
+                     QVector<QStringList>{{QString("file://%1/%2").arg(m_folder->path(), encoded)}});
         QCOMPARE(run.errors(), QString());
         QCOMPARE(m_opener->starts(), QVector<QStringList>());
     }
 
     void aFileManagerThatIsStartedGetsTheFile()
     {
-        const Bus bus(QStringLiteral("/bin/cat")); // runs, but is not a file manager
+        const Bus bus("/bin/cat"); // runs, but is not a file manager
         const QString path = makeFile("a.dwg");
         QCOMPARE(fxshow({path}).status, 0); // before the file manager is on the bus
         const Service service(bus);
-        QTRY_COMPARE(service.shown, QVector<QStringList>{{QStringLiteral("file://") + path}});
+        QTRY_COMPARE(service.shown, QVector<QStringList>{{QString("file://") + path}});
     }
 
     void theFolderIsOpenedInstead_data()
@@ -212,7 +208,7 @@ private slots:
         const auto bus = hasBus ? std::make_unique<Bus>() : nullptr;
         const auto service = hasService ? std::make_unique<Service>(*bus, answer) : nullptr;
         makeFile(made);
-        QCOMPARE(fxshow({m_folder->filePath(QStringLiteral("a.dwg"))}).status, 0);
+        QCOMPARE(fxshow({m_folder->filePath("a.dwg")}).status, 0);
         QTRY_COMPARE(m_opener->starts(), theFolder());
     }
 
@@ -234,7 +230,7 @@ private slots:
         QTest::addColumn<int>("status");
         QTest::addColumn<QString>("message");
         const auto row = [](const char *name, const QStringList &arguments, int status, const char *message) {
-            QTest::newRow(name) << arguments << status << QStringLiteral("fxshow: %1\n").arg(message);
+            QTest::newRow(name) << arguments << status << QString("fxshow: %1\n").arg(message);
         };
         const char *const usage = "usage: fxshow PATH";
         row("no path", {}, 2, usage);
@@ -252,7 +248,7 @@ private slots:
         QFETCH(QStringList, arguments);
         QFETCH(int, status);
         QFETCH(QString, message);
-        const ProgramStandIn none(0, ProgramStandIn::Others::Hidden, QStringLiteral("another"));
+        const ProgramStandIn none(0, ProgramStandIn::Others::Hidden, "another");
         const Run run = fxshow(arguments);
         QTRY_COMPARE(run.errors(), message);
         if (status >= 0)

@@ -23,12 +23,12 @@ class ProgramHome
 public:
     //! \param platform of its windows: "offscreen", "xcb" for the display, or "none", with which no window
     //! opens
-    explicit ProgramHome(const QString &platform = QStringLiteral("offscreen"));
+    explicit ProgramHome(const QString &platform = "offscreen");
 
     //! A path below the temporary directory, beside the profile; a full path is kept.
     QString path(const QString &name) const { return QDir(m_dir.path()).filePath(name); }
-    QString profile() const { return path(QStringLiteral("profile")); }
-    QString recentFile() const { return profile() + QStringLiteral("/recent.txt"); }
+    QString profile() const { return path("profile"); }
+    QString recentFile() const { return profile() + "/recent.txt"; }
     //! The recent drawings that the file lists.
     QStringList recent() const;
     //! Writes the file path(name), and makes the folders above it. \return its path
@@ -40,16 +40,14 @@ public:
 
     //! Runs the program with the profile, a log and a script, which should end with _QUIT.
     //! \param script lines; without lines the program gets no script
-    ProgramRun run(const QStringList &script,
-                   const QStringList &more = {QStringLiteral("--no-module")}) const;
+    ProgramRun run(const QStringList &script, const QStringList &more = {"--no-module"}) const;
     //! Runs the program with these arguments and no others.
     ProgramRun runBare(const QStringList &arguments) const;
     //! Starts the program like run() without waiting for it. Several may run at a time.
     //! \param name begins the names of its script and its log
     //! \param around a program that runs it, with its arguments; may be empty
     void start(QProcess &process, const QString &name, const QStringList &script,
-               const QStringList &more = {QStringLiteral("--no-module")},
-               const QStringList &around = {}) const;
+               const QStringList &more = {"--no-module"}, const QStringList &around = {}) const;
     //! The log's lines of a program that start() has started.
     QStringList logOf(const QString &name) const;
 
@@ -57,7 +55,7 @@ private:
     QStringList arguments(const QString &name, const QStringList &script) const;
     void startBare(QProcess &process, const QStringList &arguments, const QStringList &around = {}) const;
 
-    QTemporaryDir m_dir{QDir::temp().filePath(QStringLiteral("drawings-XXXXXX"))};
+    QTemporaryDir m_dir{QDir::temp().filePath("drawings-XXXXXX")};
     QString m_platform;
 };
 

@@ -20,7 +20,7 @@ public:
     ~ProgramOnScreen();
 
     //! The program's option; empty for the saved geometry.
-    QString geometry = QStringLiteral("1300x900+60+60");
+    QString geometry = "1300x900+60+60";
     //! Starts the program with its own profile.
     //! \param script commands that are run after the drawings are listed
     //! \param around a program that runs the program, with its arguments; may be empty
@@ -65,7 +65,7 @@ private:
         void setupChildProcess() override;
     };
 
-    ProgramHome m_home{QStringLiteral("xcb")};
+    ProgramHome m_home{"xcb"};
     QStringList m_paths;
     Group m_process;
 };

@@ -16,7 +16,7 @@ public:
 
     //! \param command the program's name
     explicit ProgramStandIn(int exitCode = 0, Others others = Others::Hidden,
-                            const QString &command = QStringLiteral(BROWSER_FILE_MANAGER))
+                            const QString &command = BROWSER_FILE_MANAGER)
         : m_searchPath(qgetenv("PATH")), m_program(m_folder.filePath(command))
     {
         QFile script(m_program);
@@ -38,7 +38,7 @@ public:
     //! The arguments of each start that has ended so far.
     QVector<QStringList> starts() const
     {
-        QFile file(m_folder.filePath(QStringLiteral("starts")));
+        QFile file(m_folder.filePath("starts"));
         if (!file.open(QIODevice::ReadOnly))
             return {};
         QList<QByteArray> words = file.readAll().split('\0');

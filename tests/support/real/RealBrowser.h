@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/runtime/FxHost.h"
+#include "tests/support/real/RealHost.h"
 
 #include <QMainWindow>
-#include <QPointer>
-#include <QTemporaryDir>
 
 class QAction;
 class QDialog;
@@ -33,14 +31,14 @@ public:
     static void *exported(const char *name);
 
     QStringList paths() const { return m_paths; }
-    fxhost::FxHost &host() { return *m_host; }
-    QMainWindow &window() { return *m_window; }
+    fxhost::FxHost &host() { return m_running.host; }
+    QMainWindow &window() { return m_window; }
     //! The recent documents that the host has stored.
     QStringList storedPaths() const;
     //! The lines that the host has logged so far.
-    QStringList log() const;
+    QStringList log() const { return m_running.logged(); }
     //! Those on opening drawings, and the expected ones for these drawings, in this order.
-    QStringList opened() const { return log().filter(QStringLiteral("open ")); }
+    QStringList opened() const { return log().filter("open "); }
     QStringList opening(const QList<int> &indices) const;
 
     //! Runs "_RECENT" and waits until the popup is active on screen.
@@ -62,10 +60,7 @@ public:
     void addRecentFiles(QMenu *menu, QAction *before);
 
 private:
-    void makeDrawings(const QStringList &names);
-
-    QTemporaryDir m_folder;
+    RealHost m_running;
     QStringList m_paths;
-    std::unique_ptr<fxhost::FxHost> m_host;
-    std::unique_ptr<QMainWindow> m_window;
+    QMainWindow m_window;
 };

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "host/runtime/FxHost.h"
+#include "tests/support/bytes/BytesOfPreview.h"
 
 #include <QFile>
-#include <QStringList>
 #include <QTemporaryDir>
 
 //! A host with a profile of its own, its messages and log, and drawings to open.
@@ -27,21 +27,18 @@ public:
 
     QString makeFile(const QString &name, const QByteArray &content) const
     {
-        QFile file(path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-            qFatal("the test cannot write %s", qPrintable(file.fileName()));
-        return file.fileName();
+        return testbytes::writeFile(path(name), content);
     }
 
     //! The log's lines so far.
     QStringList logged() const
     {
-        QFile file(path(QStringLiteral("host.log")));
+        QFile file(path("host.log"));
         if (!file.open(QIODevice::ReadOnly))
             return {};
-        return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        return QString::fromUtf8(file.readAll()).split('\n', Qt::SkipEmptyParts);
     }
 
     QStringList messages;
-    fxhost::FxHost host{path(QStringLiteral("profile")), path(QStringLiteral("host.log"))};
+    fxhost::FxHost host{path("profile"), path("host.log")};
 };

@@ -26,16 +26,16 @@ QString run(const QString &program, const QStringList &arguments)
 //! \param words the arguments, with blanks between them
 void xdotool(const QString &words)
 {
-    run(QStringLiteral("xdotool"), words.split(QLatin1Char(' ')));
+    run("xdotool", words.split(' '));
 }
 
 } // namespace
 
 void Hand::moveTo(const QPoint &global)
 {
-    const QPoint pixel = global * qGuiApp->devicePixelRatio(); // the server counts the screen's own pixels
+    const QPoint pixel = global * qGuiApp->devicePixelRatio(); // the server counts physical pixels
     // A negative number must not be taken for an option.
-    xdotool(QStringLiteral("mousemove -- %1 %2").arg(pixel.x()).arg(pixel.y()));
+    xdotool(QString("mousemove -- %1 %2").arg(pixel.x()).arg(pixel.y()));
 }
 
 void Hand::moveTo(const QWidget *widget, const QPoint &local)
@@ -55,77 +55,84 @@ void Hand::stepAside()
 
 void Hand::click(int button)
 {
-    xdotool(QStringLiteral("click %1").arg(button));
+    xdotool(QString("click %1").arg(button));
+}
+
+void Hand::click(const QPoint &global)
+{
+    moveTo(global);
+    click();
+}
+
+void Hand::click(const QWidget *widget)
+{
+    click(widget->mapToGlobal(widget->rect().center()));
 }
 
 void Hand::doubleClick(int button)
 {
-    xdotool(QStringLiteral("click --repeat 2 --delay 30 %1").arg(button));
+    xdotool(QString("click --repeat 2 --delay 30 %1").arg(button));
 }
 
 void Hand::press(int button)
 {
-    xdotool(QStringLiteral("mousedown %1").arg(button));
+    xdotool(QString("mousedown %1").arg(button));
 }
 
 void Hand::release(int button)
 {
-    xdotool(QStringLiteral("mouseup %1").arg(button));
+    xdotool(QString("mouseup %1").arg(button));
 }
 
 void Hand::key(const QString &key)
 {
-    xdotool(QStringLiteral("key ") + key);
+    xdotool(QString("key ") + key);
 }
 
 void Hand::keys(const QStringList &keys)
 {
-    key(keys.join(QLatin1Char(' ')));
+    key(keys.join(' '));
 }
 
 void Hand::holdKey(const QString &key)
 {
-    xdotool(QStringLiteral("keydown ") + key);
+    xdotool(QString("keydown ") + key);
 }
 
 void Hand::releaseKey(const QString &key)
 {
-    xdotool(QStringLiteral("keyup ") + key);
+    xdotool(QString("keyup ") + key);
 }
 
 QString Hand::ask(const QStringList &arguments)
 {
     QProcess process;
-    process.start(QStringLiteral("xdotool"), arguments);
+    process.start("xdotool", arguments);
     process.waitForFinished();
     return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
 }
 
 QRect Hand::realGeometry(WId window)
 {
-    const QString facts = run(QStringLiteral("xwininfo"), {QStringLiteral("-id"), QString::number(window)});
+    const QString facts = run("xwininfo", {"-id", QString::number(window)});
     const auto number = [&facts](const char *label) {
-        const QRegularExpression pattern(QLatin1String(label) + QStringLiteral(":\\s*(-?\\d+)"));
+        const QRegularExpression pattern(QLatin1String(label) + ":\\s*(-?\\d+)");
         return pattern.match(facts).captured(1).toInt();
     };
     return QRect(number("Absolute upper-left X"), number("Absolute upper-left Y"), number("Width"),
                  number("Height"));
 }
 
-void Hand::keepScreenshot(const QString &name)
-{
-    keepScreenshot(name, QGuiApplication::primaryScreen()->virtualGeometry());
-}
-
 void Hand::keepScreenshot(const QString &name, const QRect &part)
 {
-    drainEvents(); // what has been mapped is painted then
-    QDir().mkpath(QStringLiteral("screenshots"));
+    drainEvents(); // paints what has been mapped
+    QDir().mkpath("screenshots");
     QScreen *screen = QGuiApplication::primaryScreen();
-    const QPoint corner = part.topLeft() - screen->geometry().topLeft();
-    const QPixmap picture = screen->grabWindow(0, corner.x(), corner.y(), part.width(), part.height());
+    const QRect area = part.isNull() ? screen->virtualGeometry() : part;
+    const QPoint corner = area.topLeft() - screen->geometry().topLeft();
+    const QPixmap picture = screen->grabWindow(0, corner.x(), corner.y(), area.width(), area.height());
     QString file = name; // may be a row's name
-    file.replace(QRegularExpression(QStringLiteral("[^A-Za-z0-9]+")), QStringLiteral("-"));
-    if (!picture.save(QStringLiteral("screenshots/%1.png").arg(file)))
+    file.replace(QRegularExpression("[^A-Za-z0-9]+"), "-");
+    if (!picture.save(QString("screenshots/%1.png").arg(file)))
         qFatal("cannot keep a screenshot");
 }

@@ -14,10 +14,10 @@
 
 namespace {
 
-//! Milliseconds between two looks at whether a step's outcome has come.
+//! Between two checks of a step's outcome, in milliseconds.
 constexpr int interval = 2;
 
-//! A drag's picture is a window of its own, which Qt moves whenever the drag has moved.
+//! The window of a drag's picture, which Qt moves with the drag; null without a drag.
 QWindow *dragWindow()
 {
     const QWindowList windows = QGuiApplication::topLevelWindows();
@@ -57,23 +57,18 @@ void HandDrag::takeHold(QWidget *widget, const QPoint &local)
     m_place = widget->mapToGlobal(local);
     const QPoint place = m_place;
     step(
-        QStringLiteral("the pointer enters the widget"), [place] { Hand::moveTo(place); },
+        "the pointer enters the widget", [place] { Hand::moveTo(place); },
         [widget = m_held] { return widget && widget->underMouse(); });
     step(
-        QStringLiteral("the button is pressed"), [] { Hand::press(); },
+        "the button is pressed", [] { Hand::press(); },
         [] { return QApplication::mouseButtons() == Qt::LeftButton; });
-}
-
-void HandDrag::takeHold(QWidget *widget)
-{
-    takeHold(widget, widget->rect().center());
 }
 
 void HandDrag::startDrag()
 {
     m_place += QPoint(QApplication::startDragDistance(), 0);
     step(
-        QStringLiteral("a drag begins"), [place = m_place] { Hand::moveTo(place); },
+        "a drag begins", [place = m_place] { Hand::moveTo(place); },
         [this, place = m_place] {
             if (isDragging())
                 m_hotSpot = place - dragWindow()->position();
@@ -94,8 +89,7 @@ void HandDrag::jumpTo(const QPoint &place)
 {
     m_place = place;
     step(
-        QStringLiteral("the drag follows to %1, %2").arg(place.x()).arg(place.y()),
-        [place] { Hand::moveTo(place); },
+        QString("the drag follows to %1, %2").arg(place.x()).arg(place.y()), [place] { Hand::moveTo(place); },
         [this, place] {
             const QWindow *window = dragWindow();
             return window ? window->position() + m_hotSpot == place : QCursor::pos() == place;
@@ -105,15 +99,13 @@ void HandDrag::jumpTo(const QPoint &place)
 void HandDrag::letGo()
 {
     step(
-        QStringLiteral("the drag ends with the button let go"), [] { Hand::release(); },
-        [] { return !isDragging(); });
+        "the drag ends after the release", [] { Hand::release(); }, [] { return !isDragging(); });
 }
 
 void HandDrag::escape()
 {
     step(
-        QStringLiteral("the drag ends with Escape"), [] { Hand::key(QStringLiteral("Escape")); },
-        [] { return !isDragging(); });
+        "the drag ends with Escape", [] { Hand::key("Escape"); }, [] { return !isDragging(); });
     justDo([] { Hand::release(); });
 }
 
@@ -138,23 +130,18 @@ void HandDrag::goOn()
         m_hasBegun = true;
         m_sinceStep.start();
         m_steps.front().action();
-        return; // the events that it caused come first
+        return; // the events that it caused are handled first
     }
     if (m_steps.front().outcome()) {
         m_hasBegun = false;
         m_steps.pop_front();
     } else if (m_sinceStep.hasExpired(patience)) {
-        giveUp();
+        m_failure = "did not happen: " + m_steps.front().what;
+        m_steps.clear();
+        m_hasBegun = false;
+        QDrag::cancel();
+        Hand::release();
     }
-}
-
-void HandDrag::giveUp()
-{
-    m_failure = QStringLiteral("did not come about: ") + m_steps.front().what;
-    m_steps.clear();
-    m_hasBegun = false;
-    QDrag::cancel();
-    Hand::release();
 }
 
 bool HandDrag::isDragging()

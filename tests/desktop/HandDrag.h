@@ -14,45 +14,43 @@
 
 class QWidget;
 
-//! The hand at the display, for drags. A drag runs an event loop of its own until the button is let go, so
-//! what the hand does is laid down before, step by step, and carried out by a timer that goes on inside that
-//! loop. Each step waits for its outcome before the next one begins; one whose outcome does not come ends the
-//! drag, and all.
+//! The user's drags. A drag runs an event loop of its own until the button is released, so the steps are
+//! planned before and run by a timer inside that loop. Each step waits for its outcome before the next one
+//! begins; one whose outcome does not happen ends the drag and the run.
 class HandDrag : public QObject
 {
     Q_OBJECT
 public:
     HandDrag();
 
-    //! Does something and waits until outcome is true. Neither may run events: the drag would begin inside.
+    //! Runs action and waits until outcome is true. Neither may run events: the drag would begin inside.
     void step(const QString &what, std::function<void()> action, std::function<bool()> outcome);
     void waitFor(const QString &what, std::function<bool()> outcome);
     void justDo(std::function<void()> action);
 
-    //! Moves the pointer to a place of the widget and presses the left button.
+    //! Moves the pointer to a position in the widget and presses the left button.
     void takeHold(QWidget *widget, const QPoint &local);
-    void takeHold(QWidget *widget);
     //! Moves the pointer the shortest way that starts a drag, and waits until it runs. Follows takeHold().
     void startDrag();
-    //! Moves the pointer along a line, a few pixels a time as a person does. The places are global.
+    //! Moves the pointer along a line, a few pixels at a time as a user does. Global positions.
     void carryTo(const QPoint &place);
-    //! Moves the pointer there at once. A drag follows before the next step.
+    //! Moves the pointer there in one step, and waits until a drag has followed.
     void jumpTo(const QPoint &place);
-    //! Lets the button go, and waits until the drag is over.
+    //! Releases the button, and waits until the drag is over.
     void letGo();
-    //! Cancels the drag with Escape, and lets the button go then.
+    //! Cancels the drag with Escape, and releases the button then.
     void escape();
 
-    //! Carries out all steps. \return what did not come about; empty when all is well
+    //! Runs all steps. \return the one that failed; empty when all succeeded
     QString run();
 
-    //! Whether a drag of this program is under way: its picture hangs at the pointer.
+    //! Whether a drag of this program runs: its picture is on screen.
     static bool isDragging();
     //! Where that picture is, in global pixels.
     static QPoint pictureAt();
-    //! How many drags the application keeps, since whoever took them may still fetch the data.
+    //! The number of drags that the application keeps, since the drop's target may still fetch the data.
     static int keptDrags();
-    //! The longest way that carryTo() moves at once: half of the popup's rim, in pixels.
+    //! The longest distance that carryTo() moves at once: half of the popup's rim, in pixels.
     static constexpr int stride = 5;
 
 private:
@@ -64,15 +62,14 @@ private:
     };
 
     void goOn();
-    void giveUp();
 
     std::deque<Step> m_steps;
-    bool m_hasBegun = false; //!< the first of m_steps has been done; its outcome is still to come
+    bool m_hasBegun = false; //!< the first of m_steps has run; its outcome is awaited
     QElapsedTimer m_sinceStep;
     QString m_failure;
     QTimer m_timer;
     QEventLoop m_loop;
     QPointer<QWidget> m_held;
-    QPoint m_place;   //!< where the pointer will be after the steps laid down so far
-    QPoint m_hotSpot; //!< of the drag's picture; known once the drag runs
+    QPoint m_place;   //!< the pointer's position after the steps planned so far
+    QPoint m_hotSpot; //!< of the drag's picture; set when the drag begins
 };

@@ -8,7 +8,7 @@
 namespace {
 
 constexpr int stripHeight = 32;
-//! So many pixels from the edge the popup takes the pointer to be outside, but still hears of it.
+//! Pixels from the edge where the pointer counts as outside and the popup still gets its moves.
 constexpr int rimMiddle = 5;
 
 } // namespace
@@ -25,10 +25,10 @@ HandDragScene::HandDragScene(int documents) : browser(documents)
 
 void HandDragScene::openPopup()
 {
-    Hand::stepAside(); // before the popup comes
+    Hand::stepAside(); // before the popup opens
     popup = browser.openPopup();
     if (!popup)
-        qFatal("no popup came up");
+        qFatal("no popup opened");
     tiles.clear();
     const QList<QDialog *> found = RealBrowser::tiles(popup);
     for (QDialog *tile : found)
@@ -61,29 +61,42 @@ QList<int> HandDragScene::shown() const
 QString HandDragScene::whatHasChanged() const
 {
     if (!popup || !popup->isVisible())
-        return QStringLiteral("the popup is gone");
+        return "the popup is closed";
     if (!isFull())
-        return QStringLiteral("the popup has another size or place");
+        return "the popup has another size or position";
     if (shown().size() != tiles.size())
-        return QStringLiteral("of %1 tiles %2 are shown").arg(tiles.size()).arg(shown().size());
-    return opened().join(QLatin1String(", "));
+        return QString("of %1 tiles %2 are shown").arg(tiles.size()).arg(shown().size());
+    return opened().join(", ");
 }
 
 void HandDragScene::dragTile(int index)
 {
-    hand.takeHold(tiles.at(index));
+    hand.takeHold(tiles.at(index), tiles.at(index)->rect().center());
     hand.startDrag();
 }
 
 void HandDragScene::carryOut()
 {
     hand.carryTo(QPoint(outside.x(), place.bottom() - rimMiddle));
-    hand.waitFor(QStringLiteral("the popup is a strip"), [this] { return isStrip(); });
+    hand.waitFor("the popup is a strip", [this] { return isStrip(); });
     hand.jumpTo(outside);
 }
 
 void HandDragScene::carryBackIn()
 {
     hand.carryTo(strip.center());
-    hand.waitFor(QStringLiteral("the popup has its full size"), [this] { return isFull(); });
+    hand.waitFor("the popup has its full size", [this] { return isFull(); });
+}
+
+QString HandDragScene::drop()
+{
+    hand.letGo();
+    return hand.run();
+}
+
+QString HandDragScene::dropOutside(int index)
+{
+    dragTile(index);
+    carryOut();
+    return drop();
 }

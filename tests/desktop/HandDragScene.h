@@ -9,45 +9,50 @@
 #include <QPointer>
 #include <QRect>
 
-//! The built module's popup on screen over the host's main window, its first tile highlighted, and a hand
-//! that drags. The screen has room beside the main window.
+//! The built module's popup on screen over the host's main window, its first tile highlighted, and drags. The
+//! screen has room beside the main window.
 class HandDragScene
 {
 public:
-    //! Of so many drawings.
+    //! With this number of drawings.
     explicit HandDragScene(int documents);
-    //! The same with files of these names.
+    //! With files of these names.
     explicit HandDragScene(const QStringList &names);
 
-    //! Opens a popup where there is none any more.
+    //! Opens another popup after the former was closed.
     void openPopup();
 
-    // Whether the popup's rectangle, as the X server has it, is that one; false when it is gone.
+    // Whether the popup has that rectangle on the X server; false when it is closed.
     bool isStrip() const;
     bool isFull() const;
-    //! The tiles that can be seen, by their place in the list.
+    //! The indices of the visible tiles.
     QList<int> shown() const;
 
-    //! In which way the popup, its tiles or the host's drawings differ from the time before any drag; empty
-    //! when they do not.
+    //! How the popup, its tiles or the host's drawings differ from the time before any drag; empty when they
+    //! do not.
     QString whatHasChanged() const;
 
     QStringList opened() const { return browser.opened(); }
     QStringList opening(const QList<int> &indices) const { return browser.opening(indices); }
 
-    // What the hand shall do next.
-    //! Takes hold of a tile's middle and begins to drag it.
+    // The next steps of the hand.
+    //! Begins to drag a tile by its centre.
     void dragTile(int index);
-    //! Carries it to the popup's lower rim, waits for the strip, and goes on to the main window.
+    //! Moves to the popup's lower rim, waits for the strip, and moves on to the main window.
     void carryOut();
-    //! Carries it to the strip's own inner area, and waits for the popup.
+    //! Moves to the centre of the strip, and waits for the full popup.
     void carryBackIn();
+
+    //! Releases the button. \return the step that failed; empty when all succeeded
+    QString drop();
+    //! Drags a tile out of the popup and drops it on the main window, likewise.
+    QString dropOutside(int index);
 
     RealBrowser browser;
     QPointer<QDialog> popup;
     QList<QPointer<QDialog>> tiles;
     QRect place;    //!< the popup's, in global coordinates
-    QRect strip;    //!< what is left of it
+    QRect strip;    //!< the collapsed popup
     QPoint outside; //!< below the popup, on the main window
     HandDrag hand;
 };

@@ -1,14 +1,14 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""A screen reader that writes down what it would say: screen_reader.py FILE PROGRAM [ARG...]. (The
-distribution's own Python: only that one has the distribution's modules.)
+"""A screen reader that writes its speech to a file: screen_reader.py FILE PROGRAM [ARG...]. (It needs the
+distribution's Python, which has the distribution's modules.)
 
 It runs the program, and ends with it and with its status. It adds "attached" to FILE once it is notified of
-what happens in the program, and then "focused NAME", "unselected NAME" and the like, and "named NAME". On
+events in the program, and then "focused NAME", "unselected NAME" and the like, and "named NAME". On
 standard input it takes
-  tree      adds a line for each thing in the active window, "ROLE: NAME (DESCRIPTION) [STATE, ...]"
-  do NAME   takes the first action of the thing with that name in the active window
-  old       asks again for what the trees so far showed, and adds how much of it is there: "COUNT answer"
+  tree      adds a line for each item in the active window, "ROLE: NAME (DESCRIPTION) [STATE, ...]"
+  do NAME   runs the first action of the item with that name in the active window
+  old       adds how many items of the trees so far still exist: "COUNT answer"
 """
 
 import os
@@ -18,27 +18,27 @@ import sys
 import pyatspi
 from gi.repository import GLib
 
-TOLD_STATES = ["checked", "focused", "selected"]
-said = open(sys.argv[1], "w", encoding="utf-8", buffering=1)
+REPORTED_STATES = ["checked", "focused", "selected"]
+output = open(sys.argv[1], "w", encoding="utf-8", buffering=1)
 seen = []
 
 
-def say(*words):
-    print(*words, file=said)
+def report(*words):
+    print(*words, file=output)
 
 
-def heard(event):
+def notified(event):
     if event.type.major == "property-change":
-        say("named", event.source.name)
+        report("named", event.source.name)
     else:
-        say(("" if event.detail1 else "un") + event.type.minor, event.source.name)
+        report(("" if event.detail1 else "un") + event.type.minor, event.source.name)
 
 
 def attached():
     name = os.path.basename(sys.argv[2])
     if name not in [program.name for program in pyatspi.Registry.getDesktop(0) if program]:
         return True  # look again
-    say("attached")
+    report("attached")
     return False
 
 
@@ -47,34 +47,34 @@ def active_window():
     return next(window for window in windows if window.getState().contains(pyatspi.STATE_ACTIVE))
 
 
-def below(thing):
-    yield thing
-    for child in thing:
+def below(item):
+    yield item
+    for child in item:
         yield from below(child)
 
 
-def describe(thing):
-    states = [name for name in TOLD_STATES if thing.getState().contains(getattr(pyatspi, "STATE_" + name.upper()))]
-    say(f"{thing.getRoleName()}: {thing.name} ({thing.description}) [{', '.join(states)}]")
+def describe(item):
+    states = [name for name in REPORTED_STATES if item.getState().contains(getattr(pyatspi, "STATE_" + name.upper()))]
+    report(f"{item.getRoleName()}: {item.name} ({item.description}) [{', '.join(states)}]")
 
 
-def answers(thing):
+def answers(item):
     try:
-        thing.getState()
-        return thing.queryComponent().getExtents(pyatspi.DESKTOP_COORDS) is not None
-    except Exception:  # whatever the bus says of what is gone
+        item.getState()
+        return item.queryComponent().getExtents(pyatspi.DESKTOP_COORDS) is not None
+    except Exception:  # the bus has several for deleted items
         return False
 
 
 def obey(command, name):
     if command == "tree":
         seen.extend(below(active_window()))
-        for thing in below(active_window()):
-            describe(thing)
+        for item in below(active_window()):
+            describe(item)
     elif command == "do":
-        next(thing for thing in below(active_window()) if thing.name == name).queryAction().doAction(0)
+        next(item for item in below(active_window()) if item.name == name).queryAction().doAction(0)
     elif command == "old":
-        say(sum(answers(thing) for thing in seen), "answer")
+        report(sum(answers(item) for item in seen), "answer")
 
 
 def read(stream, _condition):
@@ -87,7 +87,7 @@ def read(stream, _condition):
 
 def main():
     pyatspi.Registry.registerEventListener(
-        heard, "object:state-changed:focused", "object:state-changed:selected", "object:property-change:accessible-name"
+        notified, "object:state-changed:focused", "object:state-changed:selected", "object:property-change:accessible-name"
     )
     pyatspi.setTimeout(60000, 60000)  # milliseconds: the machine may be busy
     GLib.timeout_add(100, attached)

@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/commands/CommandRunner.h"
-#include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/modules/ModuleManager.h"
 #include "tests/desktop/HandDragScene.h"
 #include "tests/support/TestCase.h"
 
-#include <QApplication>
-
 namespace {
 
-//! Lets go of a drag that is inside or outside the popup, after something was done there and came about.
+//! Runs an action during a drag inside or outside the popup, waits for its outcome, and drops.
 QString dragAndDo(
     HandDragScene &scene, bool outside, const std::function<void()> &action,
     const std::function<bool()> &outcome = [] { return true; })
@@ -19,23 +16,21 @@ QString dragAndDo(
         scene.carryOut();
     } else {
         scene.hand.carryTo(scene.place.center());
-        scene.hand.waitFor(QStringLiteral("the popup has seen the drag"),
+        scene.hand.waitFor("the popup has received the drag",
                            [&] { return !scene.tiles.at(1)->isVisible(); });
     }
-    scene.hand.step(QStringLiteral("what is done meanwhile"), action, outcome);
-    scene.hand.letGo();
-    return scene.hand.run();
+    scene.hand.step("the action during the drag", action, outcome);
+    return scene.drop();
 }
 
 } // namespace
 
-//! What may happen to popup and tile while a drag runs its event loop.
 class tst_DragLife : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void popupMayGoDuringTheDrag_data()
+    void popupMayCloseDuringTheDrag_data()
     {
         QTest::addColumn<bool>("outside");
         QTest::addColumn<bool>("isDeleted");
@@ -45,33 +40,30 @@ private slots:
         QTest::newRow("deleted, outside") << true << true;
     }
 
-    void popupMayGoDuringTheDrag()
+    void popupMayCloseDuringTheDrag()
     {
         QFETCH(bool, outside);
         QFETCH(bool, isDeleted);
-        allowWarning(QStringLiteral("BadWindow")); // Qt tells the window of the drag's leaving, gone or not
+        allowWarning("BadWindow"); // Qt sends the leave event to the deleted window too
         HandDragScene scene(3);
-        const auto go = [&] {
+        const auto end = [&] {
             if (isDeleted)
                 delete scene.popup;
             else
                 scene.popup->close();
         };
-        QCOMPARE(dragAndDo(scene, outside, go), QString());
+        QCOMPARE(dragAndDo(scene, outside, end), QString());
         QTRY_VERIFY(!scene.popup);
         drainEvents();
         for (const auto &tile : qAsConst(scene.tiles))
             QVERIFY(!tile);
-        QCOMPARE(scene.opened(), QStringList()); // there is nothing highlighted any more
+        QCOMPARE(scene.opened(), QStringList()); // no tile is highlighted any more
         scene.openPopup();                       // the next one works
-        scene.dragTile(2);
-        scene.carryOut();
-        scene.hand.letGo();
-        QCOMPARE(scene.hand.run(), QString());
+        QCOMPARE(scene.dropOutside(2), QString());
         QTRY_COMPARE(scene.opened(), scene.opening({2}));
     }
 
-    void tileMayGoDuringTheDrag()
+    void tileMayBeDeletedDuringTheDrag()
     {
         {
             HandDragScene scene(3);
@@ -85,13 +77,13 @@ private slots:
         HandDragScene scene(3);
         QCOMPARE(dragAndDo(scene, true, [&] { delete scene.tiles.at(1); }), QString());
         drainEvents();
-        QCOMPARE(scene.opened(), QStringList()); // what was highlighted has gone
+        QCOMPARE(scene.opened(), QStringList()); // no tile is highlighted any more
     }
 
-    void mainWindowMayGoDuringTheDrag()
+    void mainWindowMayBeDeletedDuringTheDrag()
     {
         HandDragScene scene(3);
-        auto *frame = new QWidget; // in the place of the main window, of whose end the host would be notified
+        auto *frame = new QWidget; // instead of the main window, which the host watches
         scene.popup->setParent(frame, scene.popup->windowFlags());
         scene.popup->show();
         QVERIFY(waitForActive(scene.popup));
@@ -101,76 +93,66 @@ private slots:
         QCOMPARE(scene.opened(), QStringList());
     }
 
-    void theModuleMayNotGoDuringTheDrag()
+    void moduleIsNotUnloadedDuringTheDrag()
     {
         HandDragScene scene(3);
         fxhost::ModuleManager &modules = scene.browser.host().modules();
         bool isUnloaded = true;
-        QCOMPARE(dragAndDo(scene, true, [&] { isUnloaded = modules.unload(QStringLiteral(MODULE_FILE)); }),
-                 QString());
+        QCOMPARE(dragAndDo(scene, true, [&] { isUnloaded = modules.unload(MODULE_FILE); }), QString());
         QVERIFY(!isUnloaded);
-        QTRY_COMPARE(scene.opened(), scene.opening({1})); // as if nobody had asked
+        QTRY_COMPARE(scene.opened(), scene.opening({1})); // as without the request
         QTRY_VERIFY(!scene.popup);
-        QVERIFY(modules.unload(QStringLiteral(MODULE_FILE)));
+        QVERIFY(modules.unload(MODULE_FILE));
     }
 
-    void focusMayGoDuringTheDrag_data()
+    void focusMayMoveDuringTheDrag()
     {
-        QTest::addColumn<bool>("outside");
-        QTest::newRow("inside") << false;
-        QTest::newRow("outside") << true;
+        for (const bool outside : {false, true}) {
+            HandDragScene scene(3);
+            QWidget other;
+            other.setGeometry(1500, 900, 200, 100);
+            bool wasStrip = false;
+            const auto takeFocus = [&] {
+                other.show();
+                other.activateWindow();
+            };
+            const auto hasFocus = [&] {
+                wasStrip = scene.isStrip();
+                return other.isActiveWindow();
+            };
+            QCOMPARE(dragAndDo(scene, outside, takeFocus, hasFocus), QString());
+            QCOMPARE(wasStrip, outside); // while collapsed it does not close
+            if (outside)
+                QTRY_VERIFY(!scene.popup);
+            drainEvents();
+            QCOMPARE(scene.opened(), outside ? scene.opening({1}) : QStringList());
+            if (outside)
+                continue;
+            QVERIFY(scene.popup && scene.popup->isVisible()); // the pointer was inside
+            QVERIFY(scene.isFull());
+            QCOMPARE(scene.shown(), QList<int>({0, 2})); // the dragged tile stays hidden
+        }
     }
 
-    void focusMayGoDuringTheDrag()
+    void drawingOrPopupMayOpenDuringTheDrag_data()
     {
-        QFETCH(bool, outside);
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QList<int>>("opened");
+        QTest::newRow("a drawing") << "_OPEN %1" << QList<int>{2, 1};
+        QTest::newRow("another popup, whose highlight counts") << "_RECENT" << QList<int>{0};
+    }
+
+    void drawingOrPopupMayOpenDuringTheDrag()
+    {
+        QFETCH(QString, command);
+        QFETCH(QList<int>, opened);
         HandDragScene scene(3);
-        QWidget other;
-        other.setGeometry(1500, 900, 200, 100);
-        bool wasStrip = false;
-        const auto takeFocus = [&] {
-            other.show();
-            other.activateWindow();
-        };
-        const auto hasFocus = [&] {
-            wasStrip = scene.isStrip();
-            return other.isActiveWindow();
-        };
-        QCOMPARE(dragAndDo(scene, outside, takeFocus, hasFocus), QString());
-        QCOMPARE(wasStrip, outside); // while collapsed it does not close
-        if (outside)
-            QTRY_VERIFY(!scene.popup);
-        drainEvents();
-        QCOMPARE(scene.opened(), outside ? scene.opening({1}) : QStringList());
-        if (outside)
-            return;
-        QVERIFY(scene.popup && scene.popup->isVisible()); // the pointer was inside
-        QVERIFY(scene.isFull());
-        QCOMPARE(scene.shown(), QList<int>({0, 2})); // no tile is held any more that could be shown
-    }
-
-    void aDrawingMayBeOpenedDuringTheDrag()
-    {
-        HandDragScene scene(3);
-        const auto open = [&] {
-            OdString problem;
-            scene.browser.host().documents().OpenDocument(CFxString(scene.browser.paths().at(2)), 0, 0,
-                                                          problem);
-        };
-        QCOMPARE(dragAndDo(scene, true, open), QString());
-        QTRY_VERIFY(!scene.popup);
-        drainEvents();
-        QCOMPARE(scene.opened(), scene.opening({2, 1}));
-    }
-
-    void anotherPopupMayComeDuringTheDrag()
-    {
-        HandDragScene scene(3);
-        const auto open = [&] { scene.browser.host().commands().runLine(QStringLiteral("_RECENT")); };
-        QCOMPARE(dragAndDo(scene, true, open), QString());
+        command.replace("%1", scene.browser.paths().at(2));
+        const auto run = [&] { scene.browser.host().commands().runLine(command); };
+        QCOMPARE(dragAndDo(scene, true, run), QString());
         QTRY_VERIFY(!scene.popup);
         drainEvents();
-        QCOMPARE(scene.opened(), scene.opening({0})); // highlighted is what the newer popup highlights
+        QCOMPARE(scene.opened(), scene.opening(opened));
     }
 };
 

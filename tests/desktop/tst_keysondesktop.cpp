@@ -5,14 +5,12 @@
 #include "tests/support/real/RealBrowser.h"
 
 #include <QDialog>
-#include <QFile>
 #include <QKeyEvent>
-#include <QPointer>
 #include <QToolButton>
 
 namespace {
 
-//! An open popup, and what each key that went through it has left behind.
+//! An open popup, and its state after each key.
 class Typing : public QObject
 {
 public:
@@ -26,14 +24,14 @@ public:
         popup->installEventFilter(this);
     }
 
-    //! Types the keys. \return a line for each, once all have come through: the highlighted tiles, and the
-    //! one in the path line
+    //! Types the keys. \return a line for each, after all have arrived: the highlighted tiles, and the one in
+    //! the path line
     QStringList after(const QStringList &keys)
     {
         m_trail.clear();
         Hand::keys(keys);
-        const bool allCame = waitUntil([this, &keys] { return m_trail.size() >= keys.size(); });
-        return allCame ? m_trail : m_trail + QStringList(QStringLiteral("no more"));
+        const bool allArrived = waitUntil([this, &keys] { return m_trail.size() >= keys.size(); });
+        return allArrived ? m_trail : m_trail + QStringList("no more");
     }
 
     RealBrowser browser;
@@ -52,7 +50,7 @@ protected:
     }
 
 private:
-    //! A main window that gives the popup so many columns, 4 or 2.
+    //! A main window for which the popup has 4 or 2 columns.
     static QRect frameFor(int columns) { return QRect(40, 60, columns == 4 ? 580 : 950, 700); }
 
     QString state() const
@@ -60,12 +58,10 @@ private:
         QStringList numbers;
         for (const int index : RealBrowser::highlighted(tiles))
             numbers.append(QString::number(index));
-        QStringList lines; // what the path line shows of each tile
+        QStringList lines; // the path line's text for each tile
         for (const QString &path : browser.paths())
             lines.append(shownPath(path, popup->width()));
-        return QStringLiteral("%1: %2")
-            .arg(numbers.join(QLatin1Char(' ')))
-            .arg(lines.indexOf(RealBrowser::pathLine(popup)));
+        return QString("%1: %2").arg(numbers.join(' ')).arg(lines.indexOf(RealBrowser::pathLine(popup)));
     }
 
     QStringList m_trail;
@@ -73,7 +69,7 @@ private:
 
 } // namespace
 
-//! The popup's keys under a window manager, typed by hand, and keys beside the mouse.
+//! The popup's keys under a window manager, and keys combined with the mouse.
 class tst_KeysOnDesktop : public TestCase
 {
     Q_OBJECT
@@ -107,7 +103,7 @@ private slots:
              {"Up", "22: 22"},
              {"Up", "20: 20"},
              {"Down", "22: 22"}});
-        row("what selects nothing", 10, 4,
+        row("keys that extend no selection", 10, 4,
             {{"Down", "4: 4"},
              {"shift+Tab", "4: 4"},
              {"ctrl+shift+Tab", "4: 4"},
@@ -118,13 +114,13 @@ private slots:
              {"alt+Left", "5: 5"},
              {"space", "5: 5"},
              {"Next", "5: 5"}});
-        row("the keypad moves, whatever is held", 10, 4,
+        row("the keypad moves with any modifier", 10, 4,
             {{"KP_Right", "1: 1"},
              {"KP_Down", "5: 5"},
              {"KP_Left", "4: 4"},
              {"KP_Up", "0: 0"},
              {"ctrl+KP_Right", "1: 1"},
-             {"shift+85", "2: 2"}, // by its key code: as a name, Shift would make a digit of it
+             {"shift+85", "2: 2"}, // the key code, since Shift makes a digit of the name
              {"shift+83", "1: 1"},
              {"shift+80", "9: 9"}});
     }
@@ -136,7 +132,7 @@ private slots:
         QFETCH(QStringList, keys);
         Typing typing(tiles, columns);
         QTEST(typing.after(keys), "expected");
-        Hand::keepScreenshot(QStringLiteral("keys ") + QLatin1String(QTest::currentDataTag()));
+        Hand::keepScreenshot(QString("keys ") + QLatin1String(QTest::currentDataTag()));
         QVERIFY(typing.popup && typing.popup->isVisible());
         QCOMPARE(typing.browser.opened(), QStringList());
     }
@@ -146,17 +142,14 @@ private slots:
         QTest::addColumn<QStringList>("before");
         QTest::addColumn<QString>("enter");
         QTest::addColumn<QList<int>>("opened");
-        const auto row = [](const char *name, const QStringList &before, const char *enter,
-                            const QList<int> &opened) {
-            QTest::newRow(name) << before << QString::fromLatin1(enter) << opened;
-        };
-        row("Return at once", {}, "Return", {0});
-        row("Enter of the keypad, after a move", {"Down", "Right"}, "KP_Enter", {5});
-        row("Alt+Return", {"Up"}, "alt+Return", {8});
-        row("Control+Enter of the keypad, a run grown back", {"Up", "shift+Left", "shift+Left"},
-            "ctrl+KP_Enter", {6, 7, 8});
-        row("Shift+Return, a shrunk run", {"shift+Right", "shift+Right", "shift+Left"}, "shift+Return",
-            {0, 1});
+        QTest::newRow("Return at once") << QStringList() << "Return" << QList<int>{0};
+        QTest::newRow("Enter of the keypad, after a move")
+            << QStringList{"Down", "Right"} << "KP_Enter" << QList<int>{5};
+        QTest::newRow("Alt+Return") << QStringList{"Up"} << "alt+Return" << QList<int>{8};
+        QTest::newRow("Control+Enter of the keypad, a run extended backwards")
+            << QStringList{"Up", "shift+Left", "shift+Left"} << "ctrl+KP_Enter" << QList<int>{6, 7, 8};
+        QTest::newRow("Shift+Return, a shrunk run")
+            << QStringList{"shift+Right", "shift+Right", "shift+Left"} << "shift+Return" << QList<int>{0, 1};
     }
 
     void enterOpensTheHighlightedInDisplayOrder()
@@ -173,22 +166,22 @@ private slots:
         QCOMPARE(typing.browser.opened(), typing.browser.opening(opened));
     }
 
-    void aDrawingThatIsGoneKeepsNoOtherFromOpening()
+    void deletedDrawingDoesNotKeepOthersFromOpening()
     {
         Typing typing(4, 4);
         QVERIFY(QFile::remove(typing.browser.paths().at(1)));
-        QCOMPARE(typing.after({"shift+Right", "shift+Right"}).constLast(), QStringLiteral("0 1 2: 2"));
-        Hand::key(QStringLiteral("Return"));
+        QCOMPARE(typing.after({"shift+Right", "shift+Right"}).constLast(), "0 1 2: 2");
+        Hand::key("Return");
         QTRY_VERIFY(!typing.popup);
         QStringList expected = typing.browser.opening({0, 1, 2});
-        expected[1].replace(QRegularExpression(QStringLiteral("ok$")), QStringLiteral("failed"));
+        expected[1].replace(QRegularExpression("ok$"), "failed");
         QCOMPARE(typing.browser.opened(), expected);
     }
 
     void escapeClosesOnly()
     {
         for (const char *key :
-             {"Escape", "shift+Escape", "ctrl+Escape"}) { // the window manager keeps alt+Escape
+             {"Escape", "shift+Escape", "ctrl+Escape"}) { // the window manager uses alt+Escape
             Typing typing(10, 2);
             QCOMPARE(typing.after({"shift+Right"}), QStringList("0 1: 1"));
             Hand::key(QLatin1String(key));
@@ -206,7 +199,7 @@ private slots:
         Hand::press();
         QTRY_COMPARE(RealBrowser::highlighted(typing.tiles), QList<int>({5}));
         QCOMPARE(typing.after({"Right", "Down", "a"}), QStringList({"6: 6", "2: 2", "2: 2"}));
-        Hand::key(QStringLiteral("Escape"));
+        Hand::key("Escape");
         QTRY_VERIFY(!typing.popup);
         Hand::release();
         Hand::stepAside();
@@ -217,21 +210,18 @@ private slots:
     void keysAfterTheMouse()
     {
         Typing typing(10, 4);
-        Hand::moveTo(typing.tiles.at(2));
-        Hand::click();
+        Hand::click(typing.tiles.at(2));
         QTRY_COMPARE(RealBrowser::highlighted(typing.tiles), QList<int>({2}));
         QCOMPARE(typing.after({"shift+Left", "Tab", "Left", "Down"}),
                  QStringList({"1 2: 1", "3: 3", "2: 2", "6: 6"}));
-        Hand::holdKey(QStringLiteral("ctrl"));
-        Hand::moveTo(typing.tiles.at(8));
-        Hand::click();
-        Hand::releaseKey(QStringLiteral("ctrl"));
+        Hand::holdKey("ctrl");
+        Hand::click(typing.tiles.at(8));
+        Hand::releaseKey("ctrl");
         QTRY_COMPARE(RealBrowser::highlighted(typing.tiles), QList<int>({6, 8}));
         QCOMPARE(typing.after({"shift+Right", "shift+Right"}), QStringList({"6 7 8: 7", "6 7 8 9: 9"}));
         // A pin that was clicked leaves the keys to the popup.
         QToolButton *pin = RealBrowser::button(typing.tiles.at(0), "pinButton");
-        Hand::moveTo(pin);
-        Hand::click();
+        Hand::click(pin);
         QTRY_VERIFY(pin->isChecked());
         Hand::stepAside();
         QCOMPARE(typing.after({"Left", "Up"}), QStringList({"5: 5", "1: 1"}));

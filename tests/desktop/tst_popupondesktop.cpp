@@ -7,7 +7,6 @@
 #include <QDialog>
 #include <QLabel>
 #include <QMenu>
-#include <QPointer>
 #include <QToolButton>
 
 using Indices = QList<int>;
@@ -15,15 +14,15 @@ using Indices = QList<int>;
 namespace {
 
 const QStringList none;
-const QStringList control = {QStringLiteral("ctrl")};
-const QStringList shift = {QStringLiteral("shift")};
+const QStringList control = {"ctrl"};
+const QStringList shift = {"shift"};
 const QStringList both = control + shift;
 
 constexpr int leftButton = 1;
 constexpr int middleButton = 2;
 constexpr int rightButton = 3;
 
-//! A popup, usually of ten tiles in rows of 4, 4 and 2, and a hand that clicks in it.
+//! A popup, usually with ten tiles in rows of 4, 4 and 2, and clicks in it.
 struct PopupByHand
 {
     explicit PopupByHand(int tileCount = 10) : browser(tileCount) { open(); }
@@ -36,9 +35,9 @@ struct PopupByHand
             qFatal("the popup does not become active");
         tiles = RealBrowser::tiles(popup);
     }
-    //! Goes to a tile, to a place where it did not click before: there a second click would be the second
-    //! half of a double-click.
-    void goTo(int tile)
+    //! Moves the pointer to a tile, to a new position each time: a second click at one position is a
+    //! double-click.
+    void moveTo(int tile)
     {
         const QPoint place(20 + 30 * (m_places % 4), 40 + 20 * (m_places / 4 % 4));
         ++m_places;
@@ -47,7 +46,7 @@ struct PopupByHand
     //! \param held modifiers as X names them
     void click(int tile, const QStringList &held = none, int button = leftButton)
     {
-        goTo(tile);
+        moveTo(tile);
         for (const QString &key : held)
             Hand::holdKey(key);
         Hand::click(button);
@@ -57,12 +56,12 @@ struct PopupByHand
     Indices highlighted() const { return RealBrowser::highlighted(tiles); }
     //! The tile that the path line names; -1 for none.
     int shown() const { return browser.paths().indexOf(RealBrowser::pathLine(popup)); }
-    //! Waits until what the hand has done so far has arrived: the pointer's next places do after it.
+    //! Waits until all input so far has arrived, by the pointer's next positions.
     bool allHasArrived()
     {
         return std::all_of(tiles.end() - 2, tiles.end(), [&](QDialog *tile) {
             const int number = tiles.indexOf(tile);
-            goTo(number);
+            moveTo(number);
             return waitUntil([&] { return !popup || shown() == number; });
         });
     }
@@ -77,7 +76,6 @@ private:
 
 } // namespace
 
-//! The popup under a window manager, used with the mouse.
 class tst_PopupOnDesktop : public TestCase
 {
     Q_OBJECT
@@ -108,7 +106,8 @@ private slots:
         QDialog *popup = browser.openPopup();
         QVERIFY(popup);
 
-        // The crossing of left and top counts from where the window manager has put the main window.
+        // The position counts from where the window manager has placed the main window; left and top are
+        // swapped.
         const QPoint moved = browser.window().geometry().topLeft() - frame.topLeft();
         if (expected.x() == frame.top())
             expected.translate(moved.y(), 0);
@@ -121,13 +120,13 @@ private slots:
         QCOMPARE(RealBrowser::pathLine(popup), browser.paths().at(0));
         QCOMPARE(RealBrowser::tiles(popup).size(), documents);
         QCOMPARE(RealBrowser::highlighted(RealBrowser::tiles(popup)), Indices{0});
-        Hand::keepScreenshot(QStringLiteral("popup-%1-wide-%2-documents").arg(frame.width()).arg(documents));
+        Hand::keepScreenshot(QString("popup-%1-wide-%2-documents").arg(frame.width()).arg(documents));
     }
 
-    void pathLineFollowsThePointerAndComesBack()
+    void pathLineFollowsThePointerAndIsRestored()
     {
         PopupByHand hand(5);
-        hand.goTo(4);
+        hand.moveTo(4);
         QTRY_COMPARE(hand.shown(), 4);
         Hand::moveTo(hand.popup, QPoint(hand.popup->width() - 4, hand.popup->height() - 4));
         QTRY_COMPARE(hand.shown(), 0);
@@ -147,25 +146,25 @@ private slots:
             {4, none, middleButton, {4}},
             {7, control, leftButton, {4, 7}},
             {1, control, middleButton, {1, 4, 7}},
-            {7, control, leftButton, {1, 4, 7}}, // which never takes away
-            {4, none, leftButton, {4}},          // one of several: the release leaves it alone
+            {7, control, leftButton, {1, 4, 7}}, // never removes a highlight
+            {4, none, leftButton, {4}},          // one of several: the release highlights it alone
             {8, shift, leftButton, {4, 5, 6, 7, 8}},
             {2, shift, leftButton, {2, 3, 4, 5, 6, 7, 8}},
-            {6, both, leftButton, {6}}, // like none
+            {6, both, leftButton, {6}}, // like no modifier
             {6, shift, leftButton, {6, 7, 8, 9}},
         };
         PopupByHand hand;
         for (const auto &click : clicks) {
             hand.click(click.tile, click.held, click.button);
             QTRY_COMPARE(hand.highlighted(), click.after);
-            QVERIFY(hand.allHasArrived()); // the release, too
+            QVERIFY(hand.allHasArrived()); // including the release
             QCOMPARE(hand.highlighted(), click.after);
         }
-        Hand::keepScreenshot(QStringLiteral("four-tiles-highlighted"));
+        Hand::keepScreenshot("four-tiles-highlighted");
         QVERIFY(hand.popup && hand.popup->isVisible());
         QTRY_COMPARE(QApplication::focusWidget(), hand.popup.data());
         QCOMPARE(hand.browser.opened(), QStringList());
-        Hand::key(QStringLiteral("Return"));
+        Hand::key("Return");
         QTRY_VERIFY(!hand.popup);
         QCOMPARE(hand.browser.opened(), hand.browser.opening({6, 7, 8, 9}));
     }
@@ -177,7 +176,7 @@ private slots:
             hand.click(7, shift);
             QTRY_COMPARE(hand.highlighted().size(), 8);
             QVERIFY(hand.allHasArrived());
-            Hand::moveTo(hand.tiles.at(5)->findChild<QLabel *>(QStringLiteral("image_label")));
+            Hand::moveTo(hand.tiles.at(5)->findChild<QLabel *>("image_label"));
             QTRY_COMPARE(hand.shown(), 5);
             Hand::doubleClick(button);
             QTRY_VERIFY(!hand.popup);
@@ -188,8 +187,7 @@ private slots:
     void clickOutsideClosesThePopup()
     {
         PopupByHand hand(3);
-        Hand::moveTo(&hand.browser.window(), QPoint(20, 20));
-        Hand::click();
+        Hand::click(hand.browser.window().mapToGlobal(QPoint(20, 20)));
         QTRY_VERIFY(!hand.popup);
         QTRY_VERIFY(hand.browser.window().isActiveWindow());
     }
@@ -205,16 +203,16 @@ private slots:
         QTRY_VERIFY(pin->isChecked());
         QVERIFY(pin->grab().toImage() != unpinned);
         QVERIFY(hand.popup->isVisible());
-        Hand::keepScreenshot(QStringLiteral("second-tile-pinned"));
-        Hand::key(QStringLiteral("Escape")); // which a pin that was clicked leaves to the popup
+        Hand::keepScreenshot("second-tile-pinned");
+        Hand::key("Escape"); // goes to the popup, not to the clicked pin
         QTRY_VERIFY(!hand.popup);
 
         hand.open();
         QStringList names;
         for (const QDialog *tile : qAsConst(hand.tiles)) {
             const bool isPinned = RealBrowser::button(tile, "pinButton")->isChecked();
-            names.append((isPinned ? QStringLiteral("pinned ") : QString()) +
-                         tile->findChild<QLabel *>(QStringLiteral("title_label"))->text());
+            names.append((isPinned ? "pinned " : QString()) +
+                         tile->findChild<QLabel *>("title_label")->text());
         }
         QCOMPARE(names, QStringList({"pinned plan 2.dwg", "plan 1.dwg", "plan 3.dwg"}));
     }
@@ -222,7 +220,7 @@ private slots:
     void menuEntriesCanBeUsed()
     {
         Hand::stepAside();
-        RealBrowser browser(3); // "plan 3.dwg": the path goes on after its blank
+        RealBrowser browser(3); // "plan 3.dwg": the path continues after its blank
         QMenu menu;
         browser.addRecentFiles(&menu, nullptr);
         menu.popup(QPoint(100, 100));
@@ -234,23 +232,20 @@ private slots:
             QString text;
             for (int i = 0; i < 3; ++i) {
                 const QString path = button(i, "menuTextButton")->text().mid(3);
-                text += QStringLiteral("%1%2 ")
+                text += QString("%1%2 ")
                             .arg(browser.paths().indexOf(path))
-                            .arg(button(i, "pinButton")->isChecked() ? QStringLiteral(" pinned") : QString());
+                            .arg(button(i, "pinButton")->isChecked() ? " pinned" : QString());
             }
             return text;
         };
-        Hand::moveTo(button(1, "pinButton"));
-        Hand::click();
-        QTRY_COMPARE(entries(), QStringLiteral("1 pinned 0 2 ")); // it moves under the hand that clicks it
-        Hand::keepScreenshot(QStringLiteral("menu-entry-pinned"));
+        Hand::click(button(1, "pinButton"));
+        QTRY_COMPARE(entries(), "1 pinned 0 2 "); // the entry has moved
+        Hand::keepScreenshot("menu-entry-pinned");
 
         const ProgramStandIn fileManager(0, ProgramStandIn::Others::Found);
-        Hand::moveTo(button(2, "folderButton"));
-        Hand::click();
+        Hand::click(button(2, "folderButton"));
         QTRY_COMPARE(fileManager.starts(), QVector<QStringList>{QStringList(browser.paths().at(2))});
-        Hand::moveTo(button(2, "menuTextButton"));
-        Hand::click();
+        Hand::click(button(2, "menuTextButton"));
         QTRY_COMPARE(browser.opened(), browser.opening({2}));
     }
 };

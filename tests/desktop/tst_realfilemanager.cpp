@@ -6,12 +6,11 @@
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QScreen>
-#include <QSet>
 
 namespace {
 
-//! How many different colours the window shows where the file manager has its files: right of its places,
-//! under its bar.
+//! The number of colours in the window where the file manager shows its files: right of its sidebar, below
+//! its toolbar.
 int coloursOfFiles(WId window)
 {
     const QRect place = Hand::realGeometry(window);
@@ -29,31 +28,27 @@ int coloursOfFiles(WId window)
 
 } // namespace
 
-//! "Show in Folder" of the program with the file manager that users have.
 class tst_RealFileManager : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void itShowsTheFolder()
+    void fileManagerShowsTheFolder()
     {
-        ProgramOnScreen program({QStringLiteral("ground floor.dwg")},
-                                QStringLiteral("h\u00e4user & g\u00e4rten"));
-        QVERIFY(program.start({QStringLiteral("_NEW"), QStringLiteral("_RECENT")},
-                              ProgramOnScreen::freshSession(QStringLiteral("file-manager-home"))));
-        QVERIFY(ProgramOnScreen::popupComes());
-        Hand::moveTo(ProgramOnScreen::folderButton);
-        Hand::click();
-        const QString title = QStringLiteral("h\u00e4user & g\u00e4rten");
+        ProgramOnScreen program({"ground floor.dwg"}, "h\u00e4user & g\u00e4rten");
+        QVERIFY(program.start({"_NEW", "_RECENT"}, ProgramOnScreen::freshSession("file-manager-home")));
+        QVERIFY(ProgramOnScreen::popupOpens());
+        Hand::click(ProgramOnScreen::folderButton);
+        const QString title = "h\u00e4user & g\u00e4rten";
         QTRY_COMPARE(ProgramOnScreen::activeTitle(), title);
-        // An empty folder has one colour, an icon with a name under it has many. It is drawn more than once,
-        // with nothing in between, so that whoever asks again may find nothing.
+        // An empty folder has one colour, an icon with its name has many. The file manager clears and paints
+        // it more than once.
         QVERIFY(waitUntil([&] { return coloursOfFiles(ProgramOnScreen::findWindow(title)) > 5; }));
-        Hand::keepScreenshot(QStringLiteral("folder-in-the-file-manager"));
-        // The first of its windows keeps the command running, and the program waits for the command's end.
-        Hand::key(QStringLiteral("alt+F4"));
-        QVERIFY(ProgramOnScreen::popupGoes());
-        QTRY_VERIFY(ProgramOnScreen::activeTitle().startsWith(QLatin1String("fxhost")));
+        Hand::keepScreenshot("folder-in-the-file-manager");
+        // Its first window keeps the command running, and the program waits for the command's end.
+        Hand::key("alt+F4");
+        QVERIFY(ProgramOnScreen::popupCloses());
+        QTRY_VERIFY(ProgramOnScreen::activeTitle().startsWith("fxhost"));
         QVERIFY(program.quit());
     }
 };

@@ -5,14 +5,13 @@
 
 #include <QDialog>
 #include <QGuiApplication>
-#include <QPointer>
 #include <QScreen>
 
 #include <algorithm>
 
-//! Two screens, 1600 x 1200 and 1280 x 1024 pixels to its right, and main windows that do not keep to one.
-//! The popup is placed from the main window's size as if that stood at the first screen's corner, wherever it
-//! is; only where there is no room for that does the main window's place count.
+//! Two screens, 1600 x 1200 and 1280 x 1024 pixels to its right, and main windows on both of them. The popup
+//! is placed from the main window's size as if that were at the first screen's corner; the main window's
+//! position only counts where there is no room for that.
 class tst_ScreensOnDesktop : public TestCase
 {
     Q_OBJECT
@@ -31,7 +30,7 @@ private slots:
         QTest::addColumn<QRect>("frame");
         QTest::addColumn<int>("documents");
         QTest::addColumn<QSize>("size");
-        QTest::addColumn<QPoint>("place"); // none where it would not be on one screen
+        QTest::addColumn<QPoint>("place"); // null where it would not be on one screen
         const auto row = [](const char *name, const QRect &frame, int documents, const QSize &size,
                             const QPoint &place = {}) {
             QTest::newRow(name) << frame << documents << size << place;
@@ -52,7 +51,7 @@ private slots:
         QFETCH(int, documents);
         QFETCH(QSize, size);
         QFETCH(QPoint, place);
-        Hand::moveTo(QPoint(2870, 1190)); // below the second screen, where no window reaches
+        Hand::moveTo(QPoint(2870, 1190)); // below the second screen, beside every window
         RealBrowser browser(documents, frame);
         const QRect real = browser.window().geometry();
         QCOMPARE(real.size(), frame.size());
@@ -61,14 +60,14 @@ private slots:
         const auto realPlace = [&] { return Hand::realGeometry(popup->winId()); };
         QTRY_COMPARE(realPlace().size(), size);
         if (place.isNull()) {
-            // The window manager moves it, and has the last word. The popup knows where it is: its rim and
-            // its focus are judged by that.
+            // The window manager moves it. The popup must know its position, on which its rim and focus
+            // depend.
             const QList<QScreen *> screens = QGuiApplication::screens();
             QVERIFY(std::any_of(screens.begin(), screens.end(), [&](const QScreen *screen) {
                 return screen->geometry().contains(realPlace().topLeft());
             }));
         } else {
-            // Where the main window's place counts, it is the one that the window manager has given it.
+            // The main window's position is the one that the window manager has given it.
             if (place == frame.topLeft())
                 place = real.topLeft();
             else if (place.x() == frame.top())
@@ -76,11 +75,11 @@ private slots:
             QTRY_COMPARE(realPlace().topLeft(), place);
         }
         QTRY_COMPARE(popup->geometry(), realPlace());
-        Hand::keepScreenshot(QLatin1String("screens ") + QLatin1String(QTest::currentDataTag()));
+        Hand::keepScreenshot(QString("screens ") + QLatin1String(QTest::currentDataTag()));
 
-        // It is as good here as anywhere else: keys, hovering and clicks arrive where they should.
+        // Keys, hovering and clicks work here too.
         const QList<QDialog *> tiles = RealBrowser::tiles(popup);
-        Hand::key(QStringLiteral("Right"));
+        Hand::key("Right");
         QTRY_VERIFY(RealBrowser::isHighlighted(tiles.at(1)));
         Hand::moveTo(tiles.at(0));
         QTRY_COMPARE(RealBrowser::pathLine(popup), browser.paths().at(0));

@@ -11,8 +11,8 @@
 
 namespace {
 
-//! The program's main window with its frame, the popup over it, and in the popup the middle of a tile and its
-//! pin; in global pixels.
+//! The program's main window with its frame, the popup over it, and in the popup the centre of a tile and the
+//! pin of another one; in global pixels.
 const QRect mainWindow(59, 40, 1002, 662);
 const QRect popupPlace(228, 145, 543, 350);
 const QPoint firstTile = popupPlace.topLeft() + QPoint(91, 120);
@@ -25,7 +25,7 @@ QImage picture()
         .toImage();
 }
 
-//! Keeps a picture as soon as two in a row are the same: the program paints in its own time.
+//! Saves a picture as soon as two in a row are equal, since the program paints asynchronously.
 void keepPicture(const char *name)
 {
     QImage last;
@@ -38,8 +38,8 @@ void keepPicture(const char *name)
 
 } // namespace
 
-//! A person's few minutes with the browser, over the sample drawings: opening it, choosing three drawings
-//! with the keyboard, dragging them out, and keeping one in front. The pictures are those of the README.
+//! A tour of the browser over the sample drawings: opening it, highlighting three drawings with the keyboard,
+//! dragging them out, and pinning one. The README shows the pictures.
 class tst_TourOnDesktop : public TestCase
 {
     Q_OBJECT
@@ -48,17 +48,17 @@ private slots:
     void fromF4ToAPinnedDrawing()
     {
         ProgramOnScreen program(6);
-        program.geometry = QStringLiteral("1000x640+60+60");
-        QVERIFY(program.start({QStringLiteral("_NEW")}));
+        program.geometry = "1000x640+60+60";
+        QVERIFY(program.start({"_NEW"}));
 
-        Hand::key(QStringLiteral("F4"));
-        QVERIFY(ProgramOnScreen::popupComes());
+        Hand::key("F4");
+        QVERIFY(ProgramOnScreen::popupOpens());
         const WId popup = ProgramOnScreen::popup();
         QTRY_COMPARE(Hand::realGeometry(popup), popupPlace);
         keepPicture("tour-1-popup");
 
-        Hand::key(QStringLiteral("shift+Right"));
-        Hand::key(QStringLiteral("shift+Right"));
+        Hand::key("shift+Right");
+        Hand::key("shift+Right");
         keepPicture("tour-2-three-highlighted");
 
         Hand::moveTo(firstTile);
@@ -73,23 +73,22 @@ private slots:
 
         Hand::release();
         QTRY_COMPARE(program.opened(), program.paths().mid(0, 3));
-        QVERIFY(ProgramOnScreen::popupGoes());
+        QVERIFY(ProgramOnScreen::popupCloses());
         keepPicture("tour-4-opened");
 
-        Hand::key(QStringLiteral("F4"));
-        QVERIFY(ProgramOnScreen::popupComes());
-        Hand::moveTo(pinOfFifthTile);
-        Hand::click();
-        Hand::key(QStringLiteral("Escape"));
-        QVERIFY(ProgramOnScreen::popupGoes());
+        Hand::key("F4");
+        QVERIFY(ProgramOnScreen::popupOpens());
+        Hand::click(pinOfFifthTile);
+        Hand::key("Escape");
+        QVERIFY(ProgramOnScreen::popupCloses());
         Hand::moveTo(QPoint(0, 0));
-        Hand::key(QStringLiteral("F4"));
-        QVERIFY(ProgramOnScreen::popupComes());
+        Hand::key("F4");
+        QVERIFY(ProgramOnScreen::popupOpens());
         keepPicture("tour-5-pinned-first");
-        // The fifth of what was recent then: the three opened ones, the last of them first, and the rest.
-        Hand::key(QStringLiteral("Return"));
+        // The three opened ones are the most recent now, so the fifth recent drawing is still the fifth.
+        Hand::key("Return");
         QTRY_COMPARE(program.opened().size(), 4);
-        QVERIFY(program.quit()); // what came in late has been dealt with by then
+        QVERIFY(program.quit()); // then nothing is pending
         QCOMPARE(program.opened(), program.paths().mid(0, 3) + program.paths().mid(4, 1));
     }
 };

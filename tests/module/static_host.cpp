@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A host that is a static object: it ends after main(), when the static objects of the module, which came
-// later, are gone already. static_host MODULE PROFILE delete|keep [DRAWING...]
+// A host that is a static object: it ends after main(), when the static objects of the module, which were
+// created later, are destroyed already. static_host MODULE PROFILE delete|keep [DRAWING...]
 #include "host/runtime/FxHost.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/documents/DocumentManager.h"
@@ -22,13 +22,13 @@ struct StaticHost
 {
     StaticHost()
     {
-        // As in a program that links against the module, whose static objects then go last.
+        // As in a program that links against the module, whose static objects are then destroyed last.
         if (qEnvironmentVariableIsSet("EARLY_MODULE"))
             dlopen(qgetenv("EARLY_MODULE").constData(), RTLD_NOW);
     }
     ~StaticHost()
     {
-        if (!module) // it has said why
+        if (!module) // main() has reported why
             return;
         host->editor().reactors().notify(&CFxEditorReactor::mainFrameDestroyed, nullptr);
         module->uninitApp();

@@ -22,7 +22,7 @@ QString text(const OdString &string)
     return QString::fromWCharArray(string.c_str());
 }
 
-//! Someone else's command, which leaves to the host all that it can; its references are counted.
+//! A command of another module, with the defaults of the base class; its references are counted.
 class ForeignCommand : public CFxCommand
 {
 public:
@@ -45,7 +45,7 @@ private:
     int m_referencesTaken = 0;
 };
 
-//! Notes which help topic was opened in place of opening it.
+//! Records the help topics instead of opening them.
 class NotedHelpCommand : public HelpCommand
 {
 public:
@@ -53,12 +53,12 @@ public:
     QList<int> topics;
 };
 
-//! Makes the popup the active window while it is shown, with the focus in a tile: else nobody learns the
+//! Makes the popup the active window while it is shown, with the focus in a tile: otherwise no event has the
 //! reason for which it takes the focus then.
-class ActiveAtOnce : public QObject
+class ActivatedOnShow : public QObject
 {
 public:
-    ActiveAtOnce() { QCoreApplication::instance()->installEventFilter(this); }
+    ActivatedOnShow() { QCoreApplication::instance()->installEventFilter(this); }
     Qt::FocusReason lastReason = Qt::NoFocusReason;
 
 protected:
@@ -77,13 +77,12 @@ protected:
 
 } // namespace
 
-//! The two commands, and how the help command gets on the stack and off it.
 class tst_Commands : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void theCommandsHaveTheirNamesAndNothingElseOfTheirOwn()
+    void theCommandsOverrideOnlyTheirNames()
     {
         const ForeignCommand defaults(L"");
         const BrowserCommand browser;
@@ -97,7 +96,7 @@ private slots:
         QCOMPARE(text(help.localName()), "_RHELP");
         QCOMPARE(text(help.groupName()), text(defaults.groupName()));
         QCOMPARE(help.flags(), defaults.flags());
-        help.addRef(); // which is not counted
+        help.addRef(); // is not counted
         QCOMPARE(help.numRefs(), 1);
         help.release();
         help.release();
@@ -118,11 +117,11 @@ private slots:
         QTRY_COMPARE(QApplication::focusWidget(), popup);
     }
 
-    void thePopupTakesTheFocusForAnotherReason()
+    void thePopupTakesTheFocusForTheOtherReason()
     {
         FakeBrowser browser(2);
         browser.createDocument();
-        const ActiveAtOnce popup;
+        const ActivatedOnShow popup;
         BrowserCommand().Execute(nullptr);
         QCOMPARE(popup.lastReason, Qt::OtherFocusReason);
     }
@@ -144,7 +143,7 @@ private slots:
         QCOMPARE(help.topics, QList<int>{3087});
     }
 
-    void oneHelpCommandIsRegisteredAndAnyEqualOneRemovesIt()
+    void oneHelpCommandIsRegisteredAndAnyEqualCommandRemovesIt()
     {
         FakeHost host;
         HelpCommand first;
@@ -157,7 +156,7 @@ private slots:
         QCOMPARE(host.openReferences, 0);
     }
 
-    void anothersHelpCommandIsLeftAlone()
+    void aForeignHelpCommandIsLeftAlone()
     {
         ForeignCommand foreign(L"_RHELP");
         FakeHost host;
@@ -169,14 +168,14 @@ private slots:
         QCOMPARE(foreign.referencesTaken(), 1);
         QCOMPARE(foreign.numRefs(), 1);
 
-        // It is found, but what is removed is the help command, which the host does not know.
+        // The lookup finds it, but the command to remove is the help command, which the host does not know.
         HelpCommandReg::RemoveHelpcommand(&help);
         QVERIFY(host.commands == foreignAlone);
         QCOMPARE(foreign.referencesTaken(), 2);
         QCOMPARE(foreign.numRefs(), 1);
     }
 
-    void removingNothingAsksForNothing()
+    void removingWithoutARegisteredCommandOnlyLooksUp()
     {
         FakeHost host;
         HelpCommand help;

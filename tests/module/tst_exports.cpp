@@ -1,18 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/TestCase.h"
 
-#include <QProcess>
-#include <QRegularExpression>
-
 namespace {
 
-//! What the module shows outside itself. A host that links against a name finds it here or not at all.
-const char *const exportedNames[] = {
+//! All that a host can link against.
+const QStringList exportedNames = {
     // For the loader.
     "odrxGetAPIVersion",
     "odrxCreateModuleObject",
     "deleteModuleObject",
-    // For whoever holds the module object.
+    // The module object.
     "RecentDocumentBrowser::RecentDocumentBrowser()",
     "RecentDocumentBrowser::~RecentDocumentBrowser()",
     "RecentDocumentBrowser::initApp()",
@@ -49,7 +46,6 @@ const char *const exportedNames[] = {
 
 } // namespace
 
-//! The built module's symbol table against the list of what it may show.
 class tst_Exports : public TestCase
 {
     Q_OBJECT
@@ -60,10 +56,10 @@ private slots:
         QProcess nm;
         nm.start(NM_PROGRAM, {"--dynamic", "--defined-only", "--demangle", MODULE_FILE});
         QVERIFY2(nm.waitForFinished() && nm.exitStatus() == QProcess::NormalExit && nm.exitCode() == 0,
-                 NM_PROGRAM " shows no symbols of " MODULE_FILE);
+                 NM_PROGRAM " lists no symbols of " MODULE_FILE);
         static const QRegularExpression line("^[0-9a-f]+ (\\S) (.+)$", QRegularExpression::MultilineOption);
         QStringList names;
-        QStringList unique; // once in the whole process, which is why the loader never lets go of its library
+        QStringList unique; // one per process, which keeps the loader from unloading its library
         auto matches = line.globalMatch(QString::fromUtf8(nm.readAllStandardOutput()));
         while (matches.hasNext()) {
             const QRegularExpressionMatch match = matches.next();
@@ -71,12 +67,10 @@ private slots:
             if (match.captured(1) == "u")
                 unique.append(match.captured(2));
         }
-        QStringList expected;
-        for (const char *name : exportedNames)
-            expected.append(name);
+        QStringList expected = exportedNames;
         expected.sort();
         names.sort();
-        names.removeDuplicates(); // of constructors and destructors there are several
+        names.removeDuplicates(); // constructors and destructors have several symbols
         QCOMPARE(names, expected);
         QCOMPARE(unique, QStringList());
     }

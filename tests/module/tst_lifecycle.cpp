@@ -8,14 +8,13 @@
 #include <OdEdCommand.h>
 
 #include <QMenu>
-#include <QPointer>
 #include <QWidgetAction>
 
 namespace {
 
 const QStringList lifecyclePaths = {"/drawings/c.dwg", "/drawings/a.dwg", "/drawings/b.dwg"};
 
-//! What the registry has of the recent documents.
+//! The registry's contents on recent documents.
 struct Registry
 {
     QList<FolderPinButton *> pins = RecentDocumentBrowser::menuPinButtonList;
@@ -37,7 +36,7 @@ struct Registry
     }
 };
 
-//! The module in a host with three recent documents, which has notified it of one; a picture is in the cache.
+//! The module in a host with three recent documents, notified of one document; a picture is in the cache.
 struct ModuleWithDocuments : FakeModule
 {
     ModuleWithDocuments()
@@ -51,13 +50,13 @@ struct ModuleWithDocuments : FakeModule
 
 } // namespace
 
-//! What the module asks of the host, from its start to its end, and what it makes of the host's events.
+//! The module's calls to the host, from its start to its end, and its reactions to the host's events.
 class tst_Lifecycle : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void registrationsComeAndGoInOrder()
+    void registrationsAreAddedAndRemovedInOrder()
     {
         FakeMenus inHost;
         FakeHost &host = inHost.host;
@@ -67,10 +66,12 @@ private slots:
                               "editor taken", "editor add reactor", "editor released"}));
         QVERIFY(host.documentReactors == std::vector<CFxDocumentManagerReactor *>{&inHost.documentReactor()});
         QVERIFY(host.editorReactors == std::vector<OdEditorReactor *>{&inHost.editorReactor()});
-        QCOMPARE(host.commands.front()->flags(), std::uint32_t(0x40000000)); // the host knows what it means
+        QCOMPARE(host.commands.front()->flags(), std::uint32_t(0x40000000)); // its meaning is the host's
 
         const QStringList lookUpHelp = {"stack taken", "stack lookup _RHELP 3 \"\"", "stack released"};
         host.calls.clear();
+        inHost.module->uninitApp();
+        QCOMPARE(host.calls, QStringList());
         inHost.editorReactor().mainFrameCreated(nullptr);
         QCOMPARE(inHost.entries(), QList<int>({1, 1}));
         QCOMPARE(QStringList(host.calls.mid(host.calls.indexOf("menus refresh") + 1)),
@@ -90,16 +91,7 @@ private slots:
         QVERIFY(host.commands.empty() && host.documentReactors.empty() && host.editorReactors.empty());
     }
 
-    void endingTheApplicationUndoesNothing()
-    {
-        FakeModule inHost;
-        inHost.module->initApp();
-        inHost.host.calls.clear();
-        inHost.module->uninitApp();
-        QCOMPARE(inHost.host.calls, QStringList());
-    }
-
-    void nothingThatTheModuleMadeOutlivesIt()
+    void noObjectOfTheModuleOutlivesIt()
     {
         const int menusBefore = parentlessMenus();
         ModuleWithDocuments inHost;
@@ -125,7 +117,7 @@ private slots:
         QVERIFY(!QBalloonTip::isBalloonVisible());
     }
 
-    void aModuleCreatedAnewStartsFromNothing()
+    void aModuleCreatedAgainStartsEmpty()
     {
         QMenu menu;
         {
@@ -141,30 +133,23 @@ private slots:
         QVERIFY(!RecentDocumentBrowser::before);
     }
 
-    void aDocumentChangesNothingWhileNoneIsRecent_data()
-    {
-        QTest::addColumn<bool>("services");
-        QTest::addColumn<bool>("list");
-        QTest::newRow("the list is empty") << true << true;
-        QTest::newRow("there is no list") << true << false;
-        QTest::newRow("there are no services") << false << true;
-    }
-
     void aDocumentChangesNothingWhileNoneIsRecent()
     {
-        QFETCH(bool, services);
-        QFETCH(bool, list);
-        ModuleWithDocuments inHost;
-        const Registry before;
-        const int menus = parentlessMenus();
-        inHost.host.hasCustomization = true;
-        inHost.host.setRecent({});
-        inHost.host.hasServices = services;
-        inHost.host.hasRecentFileList = list;
-        inHost.documentReactor().DocumentCreated(nullptr);
-        QVERIFY(Registry() == before);
-        QCOMPARE(parentlessMenus(), menus);
-        QCOMPARE(inHost.host.calls, QStringList()); // nor is a menu looked at
+        // An empty list, no list, no services.
+        const QPair<bool, bool> cases[] = {{true, true}, {true, false}, {false, true}};
+        for (const auto &[services, list] : cases) {
+            ModuleWithDocuments inHost;
+            const Registry before;
+            const int menus = parentlessMenus();
+            inHost.host.hasCustomization = true;
+            inHost.host.setRecent({});
+            inHost.host.hasServices = services;
+            inHost.host.hasRecentFileList = list;
+            inHost.documentReactor().DocumentCreated(nullptr);
+            QVERIFY(Registry() == before);
+            QCOMPARE(parentlessMenus(), menus);
+            QCOMPARE(inHost.host.calls, QStringList()); // not even to the menus
+        }
     }
 
     void aDocumentEmptiesTheCacheAndRebuildsTheEntries()
@@ -180,7 +165,7 @@ private slots:
         const QList<QAction *> inMenu = now.menu->actions();
         QCOMPARE(inMenu.mid(1, inMenu.size() - 2), now.entries);
         drainEvents();
-        QVERIFY(first && first != now.menu); // what was built from it may still be on the screen
+        QVERIFY(first && first != now.menu); // a host's menu built from it may still be on screen
         QVERIFY(!first->parent() && !now.menu->parent());
         QVERIFY(!first->isVisible() && !now.menu->isVisible());
     }

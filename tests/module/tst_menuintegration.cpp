@@ -6,26 +6,8 @@
 
 #include <stdexcept>
 
-namespace {
-
-//! Translates while it lives, if there is a mark to see that by.
-class Translation
-{
-public:
-    explicit Translation(const QString &mark)
-    {
-        if (!mark.isEmpty())
-            QCoreApplication::installTranslator(&m_translator);
-    }
-
-private:
-    MarkingTranslator m_translator; // which takes itself out
-};
-
-} // namespace
-
-//! The browser's command definition, its entry in the host's File menus and its key. What becomes of them in
-//! a host that lacks something is a matter of tst_missingservices.
+//! The browser's command definition, its entry in the host's File menus and its key; tst_missingservices has
+//! the hosts that lack something.
 class tst_MenuIntegration : public TestCase
 {
     Q_OBJECT
@@ -35,7 +17,9 @@ private slots:
     void bothFileMenusAreFilledInOrder()
     {
         QFETCH(QString, mark);
-        const Translation translation(mark);
+        MarkingTranslator translator; // its destructor removes it
+        if (!mark.isEmpty())
+            QCoreApplication::installTranslator(&translator);
         FakeMenus inHost;
         RecentDocumentBrowser::LoadMenu();
         const QString append =
@@ -49,7 +33,7 @@ private slots:
             QStringList({"enumerate", "next EXTENSION", "next MAIN", "next none", "enumerator released",
                          "find ID_RECENT_FILES in MAIN", "make definition ID_RECENT_FILES", append + "MAIN",
                          make, insert + "3 of ID_MnFile", "start-up group",
-                         "start-up group", // once for itself and once for its menus
+                         "start-up group", // for its commands, then for its menus
                          "find ID_RECENT_FILES in START", "make definition ID_RECENT_FILES", append + "START",
                          make, insert + "1 of ID_MnFile", "refresh"});
         QCOMPARE(inHost.menuCalls(), expected);
@@ -65,7 +49,7 @@ private slots:
     void anExistingDefinitionIsUsedAsItIs()
     {
         FakeMenus inHost;
-        inHost.extension.addCommand(browserDefinition); // which is of no use to the other groups
+        inHost.extension.addCommand(browserDefinition); // not for the other groups
         FakeCommand &existing = inHost.primary.addCommand(browserDefinition);
         existing.macro = "^C_OTHER";
         RecentDocumentBrowser::LoadMenu();
@@ -75,7 +59,7 @@ private slots:
         QCOMPARE(inHost.startUp.commands.front()->macro, "^C^C_RECENT");
     }
 
-    void twiceIsOnce()
+    void loadingTwiceAddsOneEntry()
     {
         FakeMenus inHost;
         RecentDocumentBrowser::LoadMenu();
@@ -86,7 +70,7 @@ private slots:
         QCOMPARE(inHost.menus.objectsAlive, objects);
         const QStringList calls = inHost.menuCalls();
         QCOMPARE(calls.filter(QRegularExpression("^(find|make|append|insert)")), QStringList());
-        QCOMPARE(calls.constLast(), "refresh"); // all the same
+        QCOMPARE(calls.constLast(), "refresh"); // although nothing has changed
     }
 
     void anEntryInTheMenuIsEnough_data()
@@ -94,8 +78,8 @@ private slots:
         QTest::addColumn<QString>("identifier");
         QTest::addColumn<int>("position");
         QTest::addColumn<bool>("isEnough");
-        QTest::newRow("at the front") << browserEntry << 0 << true;
-        QTest::newRow("at the end") << browserEntry << 5 << true;
+        QTest::newRow("first") << browserEntry << 0 << true;
+        QTest::newRow("last") << browserEntry << 5 << true;
         QTest::newRow("in small letters") << browserEntry.toLower() << 2 << true;
         QTest::newRow("a longer identifier") << browserEntry + '2' << 2 << false;
         QTest::newRow("its beginning") << "PMI_RECENT_DOCUMENT" << 2 << false;
@@ -111,10 +95,10 @@ private slots:
                                     std::make_unique<FakeMenuItem>(inHost.menus, identifier));
         addRecentDocMenu(&inHost.file, &inHost.primary);
         QCOMPARE(inHost.file.GetChildCount(), isEnough ? 6 : 7);
-        QCOMPARE(inHost.menuCalls().isEmpty(), isEnough); // not even the definition is looked for
+        QCOMPARE(inHost.menuCalls().isEmpty(), isEnough); // not even to find the definition
     }
 
-    void anEntryElsewhereIsNotTheMenus()
+    void anEntryInAnotherMenuDoesNotCount()
     {
         FakeMenus inHost;
         inHost.file.child(1).add(browserEntry);
@@ -128,7 +112,7 @@ private slots:
         QTest::addColumn<int>("count");
         QTest::addColumn<QString>("reference");
         QTest::addColumn<int>("countAfterwards");
-        QTest::newRow("no entry") << 0 << " at -2 " << 0; // and the host refuses
+        QTest::newRow("no entry") << 0 << " at -2 " << 0; // the host refuses this
         QTest::newRow("one entry") << 1 << " at -1 " << 1;
         QTest::newRow("two entries") << 2 << " at 0 " << 3;
         QTest::newRow("many entries") << 40 << " at 38 " << 41;
@@ -142,18 +126,18 @@ private slots:
         FakeMenus inHost;
         inHost.file.children.clear();
         for (int i = 0; i < count; ++i)
-            inHost.file.add(QStringLiteral("MI_%1").arg(i));
+            inHost.file.add(QString("MI_%1").arg(i));
         const int objects = inHost.menus.objectsAlive;
         addRecentDocMenu(&inHost.file, &inHost.primary);
         const QStringList inserts = inHost.menuCalls().filter("insert");
         QCOMPARE(inserts.size(), 1);
         QVERIFY2(inserts.first().contains(reference), qPrintable(inserts.first()));
         QCOMPARE(inHost.file.GetChildCount(), countAfterwards);
-        // The definition, and the entry only if it has found its place.
+        // The definition, and the entry if it was inserted.
         QCOMPARE(inHost.menus.objectsAlive, objects + 1 + (countAfterwards - count));
     }
 
-    void theFirstRecentDocumentBringsTheEntry()
+    void theFirstRecentDocumentAddsTheEntry()
     {
         FakeMenus inHost;
         inHost.host.setRecent({});
@@ -184,11 +168,11 @@ private slots:
         QVERIFY(RecentDocumentBrowser::recentFileImageMap.isEmpty());
     }
 
-    void nothingOfTheHostsIsKeptBetweenCalls()
+    void noHostObjectIsKeptBetweenCalls()
     {
         FakeMenus inHost;
         RecentDocumentBrowser::LoadMenu();
-        // A host that builds its menus anew; what was there is gone.
+        // The host rebuilds its menus; the former objects are deleted.
         inHost.menus.groups.clear();
         inHost.menus.startUp.reset();
         FakeMenuItem &file = inHost.menus.addGroup("NEW", true).addMenu("ID_MnFile");
@@ -200,7 +184,7 @@ private slots:
         RecentDocumentBrowser::SetShortCutKey();
     }
 
-    void theHostsExceptionLeavesNothingBehind()
+    void anExceptionOfTheHostLeaksNothing()
     {
         FakeMenus inHost;
         inHost.menus.onCall = [](const QString &call) {
@@ -209,7 +193,7 @@ private slots:
         };
         const int objects = inHost.menus.objectsAlive;
         QVERIFY_EXCEPTION_THROWN(RecentDocumentBrowser::LoadMenu(), std::runtime_error);
-        QCOMPARE(inHost.menus.objectsAlive, objects + 1); // the definition
+        QCOMPARE(inHost.menus.objectsAlive, objects + 1); // the definition is in its group
         QCOMPARE(inHost.menus.enumeratorsAlive, 0);
     }
 
@@ -217,10 +201,12 @@ private slots:
     void theKeyIsBoundToTheDefinition()
     {
         QFETCH(QString, mark);
-        const Translation translation(mark);
+        MarkingTranslator translator; // its destructor removes it
+        if (!mark.isEmpty())
+            QCoreApplication::installTranslator(&translator);
         FakeMenus inHost;
         FakeCommand &definition = inHost.primary.addCommand(browserDefinition);
-        for (FakeGroup *other : {&inHost.startUp, &inHost.extension}) // whose keys do not count
+        for (FakeGroup *other : {&inHost.startUp, &inHost.extension}) // their keys do not count
             other->addAccelerator("ACC_Other", QKeySequence(Qt::Key_F4));
         for (int i = 0; i < 2; ++i)
             RecentDocumentBrowser::SetShortCutKey();
@@ -246,7 +232,7 @@ private slots:
         QCOMPARE(inHost.menuCalls().filter("make"), QStringList());
     }
 
-    void aTakenKeyStaysWithItsOwner_data()
+    void aKeyInUseIsNotRebound_data()
     {
         QTest::addColumn<QString>("key");
         QTest::addColumn<bool>("isTaken");
@@ -255,10 +241,10 @@ private slots:
         QTest::newRow("F4 with a modifier") << "Ctrl+F4" << false;
         QTest::newRow("F4 as the first of two strokes") << "F4, A" << false;
         QTest::newRow("another key") << "F5" << false;
-        QTest::newRow("a key whose name begins so") << "F" << false;
+        QTest::newRow("a key with a name that F4 begins with") << "F" << false;
     }
 
-    void aTakenKeyStaysWithItsOwner()
+    void aKeyInUseIsNotRebound()
     {
         QFETCH(QString, key);
         QFETCH(bool, isTaken);
@@ -273,7 +259,7 @@ private slots:
         QVERIFY(!owner.command);
     }
 
-    void aKeyThatTheHostCannotMakeIsLeftOut()
+    void aKeyThatTheHostCannotCreateIsOmitted()
     {
         FakeMenus inHost;
         inHost.primary.addCommand(browserDefinition);
@@ -284,11 +270,11 @@ private slots:
     }
 
 private:
-    //! What is shown is translated, and nothing else.
+    //! Visible texts are translated, identifiers are not.
     static void addTranslationRows()
     {
         QTest::addColumn<QString>("mark");
-        QTest::newRow("as it is") << "";
+        QTest::newRow("untranslated") << "";
         QTest::newRow("translated") << "QObject/";
     }
 };

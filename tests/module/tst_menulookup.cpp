@@ -21,7 +21,7 @@ CFxUIMenuItem *inStartUpMenus(const QString &id)
 
 } // namespace
 
-//! How the module finds its way in the host's menus, and that in the end it looks and takes nothing away.
+//! How the module searches the host's menus. At its end it searches too, but removes nothing.
 class tst_MenuLookup : public TestCase
 {
     Q_OBJECT
@@ -32,12 +32,12 @@ private slots:
         FakeMenus inHost;
         FakeGroup &second = inHost.menus.addGroup("SECOND", true);
         QCOMPARE(GetCommandGroup(), &inHost.primary);
-        QCOMPARE(inHost.menuCalls(), primaryGroupSearch); // the groups behind it are not asked for
+        QCOMPARE(inHost.menuCalls(), primaryGroupSearch); // not the groups after it
         inHost.primary.isPrimary = false;
         QCOMPARE(GetCommandGroup(), &second);
     }
 
-    void theHostsExceptionsEndTheWalkToo()
+    void anExceptionOfTheHostReleasesTheEnumerator()
     {
         FakeMenus inHost;
         for (const char *where : {"primary? MAIN", "next MAIN"}) {
@@ -55,10 +55,10 @@ private slots:
     void theFirstMenuOfTheIdentifierIsFound()
     {
         FakeMenus inHost;
-        inHost.primary.addMenu("ID_MnFile"); // behind the one in its own group
+        inHost.primary.addMenu("ID_MnFile"); // after the first one of the same group
         inHost.menus.addGroup("LAST", true).addMenu("ID_MnFile");
         QCOMPARE(inGroups("ID_MnFile"), &inHost.file);
-        // The host's order of groups counts, and not which is primary.
+        // The host's order of groups decides, not which one is primary.
         inHost.extension.addMenu("ID_MnOther");
         FakeMenuItem &earlier = inHost.extension.addMenu("ID_MnFile");
         QCOMPARE(inGroups("ID_MnFile"), &earlier);
@@ -79,7 +79,7 @@ private slots:
         }
     }
 
-    void eachSetOfMenusIsSearchedAloneAndOnlyAtItsTop()
+    void eachSetOfMenusIsSearchedAloneAndAtItsTopLevel()
     {
         FakeMenus inHost;
         FakeMenuItem &ofGroups = inHost.primary.addMenu("ID_MnWindow");
@@ -91,7 +91,7 @@ private slots:
         QVERIFY(!inGroups("MI_Open") && !inStartUpMenus("MI_Recent"));
     }
 
-    void eachChildUpToTheEntryMeansASearch_data()
+    void eachChildUpToTheEntryCausesASearch_data()
     {
         QTest::addColumn<QStringList>("children");
         QTest::addColumn<int>("visited");
@@ -99,12 +99,12 @@ private slots:
         QTest::newRow("no children") << QStringList() << 0;
         QTest::newRow("the entry first") << QStringList({browserEntry, other, other}) << 1;
         QTest::newRow("the entry third") << QStringList({other, other, browserEntry, other}) << 3;
-        QTest::newRow("the entry in other letters")
+        QTest::newRow("the entry in another case")
             << QStringList({other, browserEntry.toLower(), other}) << 2;
         QTest::newRow("no entry") << QStringList({other, other, other, other}) << 4;
     }
 
-    void eachChildUpToTheEntryMeansASearch()
+    void eachChildUpToTheEntryCausesASearch()
     {
         QFETCH(QStringList, children);
         QFETCH(int, visited);
@@ -121,12 +121,12 @@ private slots:
     {
         QTest::addColumn<QStringList>("identifiers");
         QTest::addColumn<int>("last");
-        const QString it = acceleratorIdentifier;
-        QTest::newRow("the first") << QStringList({it, "ACC_Other", "ACC_Other"}) << 0;
-        QTest::newRow("the second") << QStringList({"ACC_Other", it, "ACC_Other"}) << 1;
-        QTest::newRow("in other letters") << QStringList({"ACC_Other", it.toLower(), "ACC_Other"}) << 1;
-        QTest::newRow("two of them") << QStringList({it, it, "ACC_Other"}) << 0;
-        QTest::newRow("none") << QStringList({"ACC_Other", it + '2'}) << 1;
+        const QString own = acceleratorIdentifier;
+        QTest::newRow("the first") << QStringList({own, "ACC_Other", "ACC_Other"}) << 0;
+        QTest::newRow("the second") << QStringList({"ACC_Other", own, "ACC_Other"}) << 1;
+        QTest::newRow("in another case") << QStringList({"ACC_Other", own.toLower(), "ACC_Other"}) << 1;
+        QTest::newRow("two of them") << QStringList({own, own, "ACC_Other"}) << 0;
+        QTest::newRow("none") << QStringList({"ACC_Other", own + '2'}) << 1;
     }
 
     void theFirstAcceleratorOfTheIdentifierIsFetched()
@@ -144,7 +144,7 @@ private slots:
         QVERIFY(inHost.extension.acceleratorsFetched.isEmpty());
     }
 
-    void withoutAGroupNoAcceleratorIsSought()
+    void withoutAGroupNoAcceleratorIsFetched()
     {
         FakeMenus inHost;
         inHost.primary.addAccelerator(acceleratorIdentifier, QKeySequence(Qt::Key_F4));
@@ -158,7 +158,7 @@ private slots:
         QCOMPARE(inHost.primary.acceleratorsFetched, QList<int>());
     }
 
-    void withoutAMenuOrServicesNothingIsLookedAt()
+    void withoutAMenuOrServicesTheHostIsNotCalled()
     {
         FakeMenus inHost;
         RecentDocumentBrowser::UnLoadMenu(nullptr);
@@ -167,7 +167,7 @@ private slots:
         QCOMPARE(inHost.host.calls, QStringList());
     }
 
-    void theMainFramesEndLooksAtTheStartUpMenusFirst()
+    void mainFrameDestroyedSearchesTheStartUpMenusFirst()
     {
         FakeMenus inHost;
         inHost.editorReactor().mainFrameCreated(nullptr);
@@ -181,12 +181,12 @@ private slots:
                         "group, group, group, group, group");
     }
 
-    void afterTheMainFramesEndEverythingStands()
+    void menusAndKeysRemainAfterTheMainFrameIsDestroyed()
     {
         FakeMenus inHost;
         inHost.module->initApp();
         inHost.editorReactor().mainFrameCreated(nullptr);
-        QCOMPARE(inHost.keys(), QList<int>({0, 0, 0})); // the key is only bound on request
+        QCOMPARE(inHost.keys(), QList<int>({0, 0, 0})); // bound on request only
         RecentDocumentBrowser::SetShortCutKey();
         const int objects = inHost.menus.objectsAlive;
         inHost.editorReactor().mainFrameDestroyed(nullptr);
@@ -195,7 +195,7 @@ private slots:
         QCOMPARE(inHost.entries(), QList<int>({1, 1}));
         QCOMPARE(inHost.definitions(), QList<int>({1, 1}));
         QCOMPARE(inHost.keys(), QList<int>({1, 0, 0}));
-        QCOMPARE(inHost.menuCalls().count("refresh"), 1); // at the beginning
+        QCOMPARE(inHost.menuCalls().count("refresh"), 1); // by mainFrameCreated()
     }
 };
 

@@ -12,45 +12,40 @@
 
 #include <QDialog>
 #include <QMenuBar>
-#include <QSignalSpy>
 
 #include <dlfcn.h>
 
 namespace {
 
-const char newEntry[] = R"({ "identifier": "MI_New", "label": "&New", "command": "ID_New" })";
-const char openEntry[] = R"({ "identifier": "MI_Open", "label": "&Open", "command": "ID_New" })";
-const char separatorEntry[] = R"({ "separator": true })";
-const char quitEntry[] = R"({ "identifier": "MI_Quit", "label": "E&xit", "command": "ID_New" })";
-const char otherKey[] =
-    R"({ "identifier": "ACC_Other", "label": "Other", "key": "Ctrl+F4", "command": "ID_New" })";
-//! As a host has it that knows of the browser before it is there.
+const char openEntry[] = R"({ "identifier": "MI_Open", "label": "&Open", "command": "ID_New" },)";
+//! As in a host that is prepared for the browser.
 const char waitingKey[] =
     R"({ "identifier": "ACC_Recent", "label": "Recent", "key": "F4", "command": "ID_RECENT_FILES" })";
 
-//! A group with one definition, a Window menu and behind it a File menu with these entries.
-QString groupData(const char *name, bool isPrimary, const QStringList &entries, const QString &accelerators)
+//! A group with one definition, a Window menu, and after it a File menu with this entry after its first one.
+QString groupData(const char *name, const char *isPrimary, const char *entry, const char *accelerators)
 {
-    return QStringLiteral(R"({ "name": "%1", "primary": %2,
+    return QString(R"({ "name": "%1", "primary": %2,
         "commands": [ { "identifier": "ID_New", "name": "New", "macro": "^C^C_NEW" } ],
         "menus": [ { "identifier": "ID_MnWindow", "label": "&Window", "items": [] },
-                   { "identifier": "ID_MnFile", "label": "&File", "items": [ %3 ] } ],
+                   { "identifier": "ID_MnFile", "label": "&File", "items": [
+                     { "identifier": "MI_New", "label": "&New", "command": "ID_New" }, %3
+                     { "separator": true },
+                     { "identifier": "MI_Quit", "label": "E&xit", "command": "ID_New" } ] } ],
         "accelerators": [ %4 ] })")
-        .arg(name, isPrimary ? "true" : "false", entries.join(','), accelerators);
+        .arg(name, isPrimary, entry, accelerators);
 }
 
 //! An extension's group without a File menu, the primary group and the start-up menus.
-QByteArray menuData(const QStringList &entries, const QString &accelerators = QString())
+QByteArray menuData(const char *accelerators = "")
 {
-    return QStringLiteral(R"({ "groups": [ { "name": "EXTENSION" }, %1 ], "startUp": %2 })")
-        .arg(groupData("MAIN", true, entries, accelerators),
-             groupData("START", false, {newEntry, separatorEntry, quitEntry}, {}))
+    return QString(R"({ "groups": [ { "name": "EXTENSION" }, %1 ], "startUp": %2 })")
+        .arg(groupData("MAIN", "true", openEntry, accelerators), groupData("START", "false", "", ""))
         .toUtf8();
 }
 
-const QByteArray usualMenus = menuData({newEntry, openEntry, separatorEntry, quitEntry});
-
-//! The built module in the host runtime with menus of its own; the main window is not there yet.
+//! The built module in the host runtime with menus of its own, before the host is notified of its main
+//! window.
 class HostWithMenus
 {
 public:
@@ -65,7 +60,7 @@ public:
     ~HostWithMenus() { running.host.setMainWindow(nullptr); }
     Q_DISABLE_COPY(HostWithMenus)
 
-    //! Shows the main window with a drawing as the only recent document.
+    //! Sets the main window, with one recent document.
     void begin()
     {
         running.host.recentFiles().setPaths({running.makeDrawing("a.dwg")});
@@ -79,7 +74,7 @@ public:
 
     //! The entries of both File menus, separators as "".
     QList<QStringList> entries() { return {childrenOf(file()), childrenOf(*startUp().GetMenu(1))}; }
-    //! What the primary group's keys are: "F4 ID_New", in order.
+    //! The primary group's keys in order, like "F4 ID_New".
     QStringList keys()
     {
         QStringList lines;
@@ -95,7 +90,7 @@ public:
     QMainWindow window;
 };
 
-//! What the module exports for hosts that want the key.
+//! Calls the function that the module exports for hosts that want the key.
 void setShortCutKey()
 {
     const auto function =
@@ -105,25 +100,24 @@ void setShortCutKey()
 
 const QString realEntry = "PMI_RECENT_DOCUMENT_BROWSER";
 const QList<QStringList> withoutEntry = {{"MI_New", "MI_Open", "", "MI_Quit"}, {"MI_New", "", "MI_Quit"}};
-//! Before the way out in both File menus.
+//! Before the last group of both File menus.
 const QList<QStringList> withEntry = {{"MI_New", "MI_Open", realEntry, "", "MI_Quit"},
                                       {"MI_New", realEntry, "", "MI_Quit"}};
 
 } // namespace
 
-//! The built module in the menus and keys of the real host runtime.
 class tst_MenusInHost : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void theFirstRecentDocumentBringsOneEntry()
+    void theFirstRecentDocumentAddsOneEntry()
     {
-        HostWithMenus host(usualMenus);
+        HostWithMenus host(menuData());
         fxhost::FxHost &fxHost = host.running.host;
         const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);
         fxHost.setMainWindow(&host.window);
-        fxHost.documents().newDocument(); // has no path, so it is not among the recent ones
+        fxHost.documents().newDocument(); // has no path, so it is not a recent one
         QCOMPARE(refreshed.size(), 1);
         QCOMPARE(host.entries(), withoutEntry);
 
@@ -148,37 +142,15 @@ private slots:
         QVERIFY(!host.customization().FindCommand(L"EXTENSION", L"ID_RECENT_FILES"));
     }
 
-    void aShortFileMenuStaysAsItIs_data()
-    {
-        QTest::addColumn<QStringList>("entries");
-        QTest::addColumn<QStringList>("children");
-        QTest::newRow("no entry") << QStringList() << QStringList();
-        QTest::newRow("one entry") << QStringList(quitEntry) << QStringList("MI_Quit");
-        QTest::newRow("two entries") << QStringList({newEntry, quitEntry})
-                                     << QStringList({realEntry, "MI_New", "MI_Quit"});
-    }
-
-    void aShortFileMenuStaysAsItIs()
-    {
-        QFETCH(QStringList, entries);
-        QFETCH(QStringList, children);
-        HostWithMenus host(menuData(entries));
-        host.begin();
-        const QList<QStringList> expected = {children, withEntry.at(1)};
-        QCOMPARE(host.entries(), expected);
-        host.running.host.documents().newDocument();
-        QCOMPARE(host.entries(), expected);
-    }
-
     void theEntryInAMenuBarOpensThePopup()
     {
-        HostWithMenus host(menuData({newEntry, openEntry, separatorEntry, quitEntry}, waitingKey));
+        HostWithMenus host(menuData(waitingKey));
         fxhost::MenuBuilder builder(host.running.host, host.window.menuBar());
         builder.setGroup(&host.primary());
         QVERIFY(!host.window.findChild<QAction *>(realEntry));
         host.begin();
         host.running.host.documents().newDocument();
-        auto *action = host.window.findChild<QAction *>(realEntry); // the bar was made anew
+        auto *action = host.window.findChild<QAction *>(realEntry); // the menu bar was rebuilt
         QVERIFY(action);
         QCOMPARE(action->text(), "Preview Recent Documents...\tF4");
         QVERIFY(action->isEnabled());
@@ -200,50 +172,34 @@ private slots:
         QVERIFY(!host.customization().GetStartUpGroup());
     }
 
-    void theKeyIsAddedOnRequest()
-    {
-        HostWithMenus host(menuData({newEntry, openEntry, separatorEntry, quitEntry}, otherKey));
-        setShortCutKey(); // the definition, which the main window brings, is still to come
-        host.begin();
-        QCOMPARE(host.keys(), QStringList("Ctrl+F4 ID_New")); // not by itself
-        for (int i = 0; i < 2; ++i)
-            setShortCutKey();
-        QCOMPARE(host.keys(), QStringList({"Ctrl+F4 ID_New", "F4 ID_RECENT_FILES"}));
-        const CFxUIAccelerator *made = host.primary().GetAccelerator(1);
-        QCOMPARE(QString(made->GetLabel()), "Preview Recent Documents...");
-        QCOMPARE(QString(made->GetIdentifier()), "");
-        QCOMPARE(made->GetCommand(), host.file().GetChild(2)->GetCommand());
-        QCOMPARE(host.startUp().GetAcceleratorCount(), 0);
-    }
-
     void theKeyOpensThePopup()
     {
-        HostWithMenus host(usualMenus);
+        HostWithMenus host(menuData());
         fxhost::MenuBuilder builder(host.running.host, host.window.menuBar());
         builder.setGroup(&host.primary());
         host.begin();
         setShortCutKey();
-        host.customization().Refresh(); // which is for the host to do
+        host.customization().Refresh(); // the host's task
         QVERIFY(waitForActive(&host.window));
         QTest::keyClick(&host.window, Qt::Key_F4);
         QTRY_COMPARE(RealBrowser::popups().size(), 1);
     }
 
-    void everythingStandsAfterTheMainWindowAndTheModule()
+    void menusAndKeysRemainAfterTheModuleIsUnloaded()
     {
-        HostWithMenus host(usualMenus);
+        HostWithMenus host(menuData());
         host.begin();
         setShortCutKey();
         const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);
         host.running.host.setMainWindow(nullptr);
         QVERIFY(host.running.host.modules().unload(MODULE_FILE));
-        QVERIFY(!dlopen(MODULE_FILE, RTLD_NOW | RTLD_NOLOAD)); // nothing of it may be needed any more
+        QVERIFY(!dlopen(MODULE_FILE, RTLD_NOW | RTLD_NOLOAD)); // the menus do not need it
         QCOMPARE(refreshed.size(), 0);
         QCOMPARE(host.entries(), withEntry);
         QCOMPARE(QString(host.file().GetChild(2)->GetLabel()), "Preview Recent Documents...");
         QCOMPARE(host.keys(), QStringList("F4 ID_RECENT_FILES"));
         QCOMPARE(QString(host.primary().GetAccelerator(0)->GetLabel()), "Preview Recent Documents...");
-        // Chosen now, the entry is a command that nobody knows.
+        // The entry now runs an unknown command.
         host.running.host.commands().runMacro(host.file().GetChild(2)->GetCommand()->GetMacro());
         QCOMPARE(host.running.logged().constLast(), "command _RECENT unknown");
     }

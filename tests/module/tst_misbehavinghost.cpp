@@ -7,7 +7,6 @@
 #include "ui/RecentDocDialog.h"
 #include "ui/RecentDocMainWindow.h"
 
-#include <QDir>
 #include <QMenu>
 
 #include <algorithm>
@@ -18,25 +17,25 @@ namespace {
 
 using Way = FakeOpening::Way;
 
-//! What happens in the host's open operation, each time.
-struct Deed
+//! What the host does during each open operation.
+struct Action
 {
     const char *name = nullptr;
-    FakeOpening::Deed act = nullptr;
-    bool ends = false; //!< nothing more can be opened then
+    void (*run)(FakeOpening &) = nullptr;
+    bool ends = false; //!< whether no drawing can be opened afterwards
 };
 
-const Deed deeds[] = {
+const Action actions[] = {
     {"nothing", [](FakeOpening &) {}},
     {"it opens another drawing",
      [](FakeOpening &scene) {
-         scene.host.onOpen = nullptr; // and that one is opened in peace
+         scene.host.onOpen = nullptr; // no recursion
          HostAccess::openDocument(scene.browser.path(3));
          scene.browser.createDocument();
      }},
-    {"it tells of a new drawing", [](FakeOpening &scene) { scene.browser.createDocument(); }},
+    {"it notifies of a new drawing", [](FakeOpening &scene) { scene.browser.createDocument(); }},
     {"it runs events", [](FakeOpening &) { drainEvents(); }},
-    {"it tells of a new drawing and runs events",
+    {"it notifies of a new drawing and runs events",
      [](FakeOpening &scene) {
          scene.browser.createDocument();
          drainEvents();
@@ -64,50 +63,50 @@ const Deed deeds[] = {
          scene.host.setRecent({scene.browser.path(3)});
          scene.browser.createDocument();
      }},
-    {"it opens the browser anew", [](FakeOpening &) { FakeOpening::runRecent(); }},
-    {"its services go", [](FakeOpening &scene) { scene.host.hasServices = false; }, true},
-    {"its document manager goes", [](FakeOpening &scene) { scene.host.hasDocumentManager = false; }, true},
+    {"it opens the browser again", [](FakeOpening &) { FakeOpening::runRecent(); }},
+    {"its services end", [](FakeOpening &scene) { scene.host.hasServices = false; }, true},
+    {"its document manager ends", [](FakeOpening &scene) { scene.host.hasDocumentManager = false; }, true},
 };
 
 } // namespace
 
-//! A host that does to the module, amid the module's own work, what a host better would not.
+//! A host that interferes while the module works.
 class tst_MisbehavingHost : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void whateverHappensWhileADrawingIsOpened_data()
+    void theHostMayDoAnythingWhileADrawingIsOpened_data()
     {
-        QTest::addColumn<int>("deed");
+        QTest::addColumn<int>("action");
         QTest::addColumn<Way>("way");
-        for (int i = 0; i < int(std::size(deeds)); ++i) {
-            QTest::addRow("Enter: %s", deeds[i].name) << i << Way::Enter;
-            QTest::addRow("double-click: %s", deeds[i].name) << i << Way::TwoClicks;
-            QTest::addRow("menu entry: %s", deeds[i].name) << i << Way::MenuEntry;
-            QTest::addRow("a drag's end: %s", deeds[i].name) << i << Way::DragOut;
+        for (int i = 0; i < int(std::size(actions)); ++i) {
+            QTest::addRow("Enter: %s", actions[i].name) << i << Way::Enter;
+            QTest::addRow("double-click: %s", actions[i].name) << i << Way::TwoClicks;
+            QTest::addRow("menu entry: %s", actions[i].name) << i << Way::MenuEntry;
+            QTest::addRow("a drag's end: %s", actions[i].name) << i << Way::DragOut;
         }
     }
 
-    void whateverHappensWhileADrawingIsOpened()
+    void theHostMayDoAnythingWhileADrawingIsOpened()
     {
-        QFETCH(int, deed);
+        QFETCH(int, action);
         QFETCH(Way, way);
         FakeOpening scene;
-        scene.host.onOpen = [&](const QString &) { deeds[deed].act(scene); };
+        scene.host.onOpen = [&](const QString &) { actions[action].run(scene); };
 
         QStringList expected = scene.open(way);
-        if (deeds[deed].ends)
+        if (actions[action].ends)
             expected = expected.mid(0, 1);
         scene.host.onOpen = nullptr;
         QStringList opened = scene.host.openedPaths();
-        opened.removeAll(scene.browser.path(3)); // what the host opened of its own accord
+        opened.removeAll(scene.browser.path(3)); // opened by the host itself
         QCOMPARE(opened, expected);
         drainEvents();
         QVERIFY(!scene.popup || way == Way::MenuEntry);
         qDeleteAll(FakeBrowser::popups());
 
-        // And everything works as before.
+        // Everything works as before.
         scene.host.hasServices = true;
         scene.host.hasDocumentManager = true;
         scene.browser.createDocument();
@@ -121,74 +120,65 @@ private slots:
         QCOMPARE(scene.host.openReferences, 0);
     }
 
-    void theMainWindowMayGoUnderAnOpenPopup_data()
+    void theMainWindowMayBeDeletedUnderAnOpenPopup()
     {
-        QTest::addColumn<bool>("isTold");
-        QTest::addColumn<bool>("isHeld");
-        QTest::newRow("told, a tile is held") << true << true;
-        QTest::newRow("told, at rest") << true << false;
-        QTest::newRow("untold, a tile is held") << false << true;
-        QTest::newRow("untold, at rest") << false << false;
+        const QPair<bool, bool> cases[] = {{false, false}, {false, true}, {true, false}, {true, true}};
+        for (const auto &[isNotified, isHeld] : cases) {
+            FakeOpening scene;
+            QTest::mouseMove(FakeBrowser::button(scene.tile(0), "pinButton")); // a balloon is due soon
+            if (isHeld)
+                scene.hold(scene.tile(1));
+            if (isNotified)
+                scene.browser.module().mainFrameDestroyed(&scene.host.mainWindow());
+            scene.host.deleteMainWindow();
+            QVERIFY(!scene.popup);
+            drainEvents();
+            QCOMPARE(scene.host.openedPaths(), QStringList());
+
+            scene.browser.createDocument(); // the module is notified no longer
+            const QPointer<RecentDocMainWindow> popup = FakeOpening::runRecent();
+            QVERIFY(popup && !popup->parentWidget());
+            QTest::keyClick(popup, Qt::Key_Return);
+            QCOMPARE(scene.host.openedPaths(), QStringList(scene.browser.path(0)));
+        }
     }
 
-    void theMainWindowMayGoUnderAnOpenPopup()
-    {
-        QFETCH(bool, isTold);
-        QFETCH(bool, isHeld);
-        FakeOpening scene;
-        QTest::mouseMove(FakeBrowser::button(scene.tile(0), "pinButton")); // a balloon would be due soon
-        if (isHeld)
-            scene.hold(scene.tile(1));
-        if (isTold)
-            scene.browser.module().mainFrameDestroyed(&scene.host.mainWindow());
-        scene.host.deleteMainWindow();
-        QVERIFY(!scene.popup);
-        drainEvents();
-        QCOMPARE(scene.host.openedPaths(), QStringList());
-
-        scene.browser.createDocument(); // which nobody should tell any more
-        const QPointer<RecentDocMainWindow> popup = FakeOpening::runRecent();
-        QVERIFY(popup && !popup->parentWidget());
-        QTest::keyClick(popup, Qt::Key_Return);
-        QCOMPARE(scene.host.openedPaths(), QStringList(scene.browser.path(0)));
-    }
-
-    void whatOpensIsWhatTheTileSays_data()
+    void theDrawingOfTheTileIsOpened_data()
     {
         using Change = FakeOpening::Deed;
         QTest::addColumn<Change>("change");
         const auto row = [](const char *name, Change change) { QTest::newRow(name) << change; };
         row("the list is emptied", [](FakeOpening &scene) { scene.host.setRecent({}); });
-        row("the list is turned round", [](FakeOpening &scene) {
+        row("the list is reversed", [](FakeOpening &scene) {
             QStringList paths = scene.browser.paths();
             std::reverse(paths.begin(), paths.end());
             scene.host.setRecent(paths);
         });
-        row("the list is another", [](FakeOpening &scene) { scene.host.setRecent({"/x.dwg", "/y.dwg"}); });
+        row("the list is replaced", [](FakeOpening &scene) { scene.host.setRecent({"/x.dwg", "/y.dwg"}); });
         row("there is no list", [](FakeOpening &scene) { scene.host.hasRecentFileList = false; });
-        row("the files are gone",
+        row("the files are deleted",
             [](FakeOpening &scene) { QDir(scene.browser.folder()).removeRecursively(); });
     }
 
-    void whatOpensIsWhatTheTileSays()
+    void theDrawingOfTheTileIsOpened()
     {
         using Change = FakeOpening::Deed;
         QFETCH(Change, change);
-        for (const bool isTold : {false, true}) {
+        for (const bool isNotified : {false, true}) {
             FakeOpening scene;
             change(scene);
-            if (isTold)
+            if (isNotified)
                 scene.browser.createDocument();
             QTest::keyClick(scene.popup, Qt::Key_Right);
             QTest::keyClick(scene.popup, Qt::Key_Right, Qt::ShiftModifier);
-            FakeBrowser::button(scene.tile(1), "pinButton")->click(); // whose menu entry may be another now
+            FakeBrowser::button(scene.tile(1), "pinButton")->click(); // its menu entry may have changed
             QTest::keyClick(scene.popup, Qt::Key_Return);
             QCOMPARE(scene.host.openedPaths(), QStringList({scene.browser.path(1), scene.browser.path(2)}));
         }
     }
 
-    //! The drag itself, which needs a display, has its tests there.
-    void aDrawingMayBeMadeWhileATileIsHeld()
+    //! The drag itself needs a display: desktop/tst_draglife has it.
+    void aDrawingMayBeCreatedWhileATileIsHeld()
     {
         FakeOpening scene;
         const QPointer<RecentDocDialog> held = scene.tile(1);
@@ -202,7 +192,7 @@ private slots:
         QVERIFY(!scene.popup && !held);
     }
 
-    void aDrawingMayBeMadeUnderAnOpenMenu()
+    void aDrawingMayBeCreatedUnderAnOpenMenu()
     {
         FakeOpening scene;
         const auto pins = scene.menu->findChildren<FolderPinButton *>("pinButton");
@@ -212,7 +202,7 @@ private slots:
         const QList<FolderPinButton *> hiddenPins = RecentDocumentBrowser::menuPinButtonList;
         QCOMPARE(hiddenPins.size(), 4);
 
-        QTest::mouseClick(pins.at(2), Qt::LeftButton); // of an entry that counts no longer
+        QTest::mouseClick(pins.at(2), Qt::LeftButton); // its entry is not in the registry
         QVERIFY(scene.menu->isVisible());
         QCOMPARE(RecentDocumentBrowser::menuPinButtonList, hiddenPins);
         for (const FolderPinButton *pin : hiddenPins)
@@ -221,9 +211,8 @@ private slots:
         QCOMPARE(scene.host.openedPaths(), QStringList(scene.browser.path(2)));
     }
 
-    //! Called directly: an exception may not pass through Qt, so a host throws none where Qt has called the
-    //! module.
-    void whatOpeningThrowsPassesThrough()
+    //! Called directly: an exception must not pass through Qt's event loop.
+    void exceptionsFromOpeningArePropagated()
     {
         FakeOpening scene;
         QString path = scene.browser.path(2);
@@ -235,10 +224,10 @@ private slots:
                 scene.popup->multiDocumentOpen();
             },
         };
-        scene.host.onOpen = [](const QString &) { throw std::runtime_error("the host gives up"); };
+        scene.host.onOpen = [](const QString &) { throw std::runtime_error("the host refuses"); };
         for (const auto &open : openings)
             QVERIFY_EXCEPTION_THROWN(open(), std::runtime_error);
-        // The popup had closed before the first of its two, and the second was not tried.
+        // The popup was closed before the first of its two drawings, and the second one was not tried.
         QCOMPARE(scene.host.openedPaths(), QStringList({scene.browser.path(1), path, scene.browser.path(0)}));
         drainEvents();
         QVERIFY(!scene.popup);
@@ -249,7 +238,7 @@ private slots:
         QCOMPARE(scene.host.openedPaths().constLast(), scene.browser.path(0));
     }
 
-    void whatRunningACommandThrowsPassesThrough()
+    void exceptionsFromRunningACommandArePropagated()
     {
         FakeHost host;
         host.onRunCommand = [](const QString &) { throw 7; };

@@ -11,7 +11,7 @@ Q_DECLARE_METATYPE(LifeReport)
 
 namespace {
 
-//! The whole life in a host that lacks nothing.
+//! The report of a host that lacks nothing.
 const LifeReport wholeLife = {
     {"created", "yes"},
     {"started", "yes"},
@@ -50,7 +50,7 @@ LifeReport operator+(LifeReport report, const LifeReport &other)
     return report;
 }
 
-//! Without popups there is no line of what is done with them.
+//! Without popups there are no lines on their use.
 LifeReport withoutPopup(LifeReport report)
 {
     report["popup"] = "none";
@@ -63,7 +63,7 @@ LifeReport withoutPopup(LifeReport report)
 
 const LifeReport noEntries = {{"menu entries", "file: no, start-up: no"}};
 const LifeReport noMenus = noEntries + LifeReport{{"menus refreshed", "no"}};
-//! A popup with a header alone. Only its help icon is of use.
+//! A popup with only a header, of which the help icon works.
 const LifeReport noTiles = {{"pins", "0"},
                             {"tiles", "0"},
                             {"Right leads to", ""},
@@ -74,20 +74,20 @@ const LifeReport noTiles = {{"pins", "0"},
                             {"popup after the folder", "open"},
                             {"double-click opens", ""},
                             {"popup after the double-click", "open"}};
-//! For a module that is never notified of a main window.
+//! The module is never notified of a main window.
 const LifeReport noWindow = noMenus + LifeReport{{"registered with a window", "_RECENT documents"},
                                                  {"registered", "_RECENT documents"},
                                                  {"registered at the end", "_RECENT documents"}};
 const LifeReport noDocuments = {{"registered", "_RECENT editor"},
                                 {"registered with a window", "_RECENT _RHELP editor"}};
 
-//! The host loses one of what it says it has.
+//! The host lacks one thing.
 Switch without(bool FakeHost::*what)
 {
     return [what](FakeLife &life, bool has) { life.host.*what = has; };
 }
 
-//! An operation of the host throws when its line is written, until it is done with.
+//! An operation of the host throws once it has recorded its line.
 template<class Exception>
 Switch throwing(std::function<void()> FakeHost::*hook, const char *line, Exception exception)
 {
@@ -137,31 +137,22 @@ void rowsOfServices()
 
 void rowsOfMenus()
 {
-    using Loss = void (*)(FakeLife &);
-    const auto loses = [](const char *name, Loss loss, const LifeReport &changes) {
-        row(
-            name, [loss](FakeLife &life, bool) { loss(life); }, changes);
+    const auto lost = [](void (*loss)(FakeLife &)) {
+        return Switch([loss](FakeLife &life, bool) { loss(life); });
     };
     const LifeReport onlyFile = {{"menu entries", "file: yes, start-up: no"}};
     const LifeReport onlyStartUp = {{"menu entries", "file: no, start-up: yes"}};
     row("customisation", without(&FakeHost::hasCustomization), noMenus);
-    loses(
-        "groups", [](FakeLife &life) { life.takenOut = std::move(life.menus.groups); }, noMenus);
-    loses(
-        "primary group", [](FakeLife &life) { life.primary.isPrimary = false; }, noMenus);
-    loses(
-        "start-up group", [](FakeLife &life) { life.takenOut.push_back(std::move(life.menus.startUp)); },
+    row("groups", lost([](FakeLife &life) { life.takenOut = std::move(life.menus.groups); }), noMenus);
+    row("primary group", lost([](FakeLife &life) { life.primary.isPrimary = false; }), noMenus);
+    row("start-up group",
+        lost([](FakeLife &life) { life.takenOut.push_back(std::move(life.menus.startUp)); }),
         onlyFile + LifeReport{{"menus refreshed", "no"}});
-    loses(
-        "File menu", [](FakeLife &life) { life.file.identifier = "ID_MnEdit"; }, onlyStartUp);
-    loses(
-        "entries of the File menu", [](FakeLife &life) { life.file.children.clear(); }, onlyStartUp);
-    loses(
-        "start-up File menu", [](FakeLife &life) { life.startUpFile.identifier = "ID_Mn"; }, onlyFile);
-    loses(
-        "definitions", [](FakeLife &life) { life.menus.makesCommands = false; }, noEntries);
-    loses(
-        "menu entries", [](FakeLife &life) { life.menus.makesMenuItems = false; }, noEntries);
+    row("File menu", lost([](FakeLife &life) { life.file.identifier = "ID_MnEdit"; }), onlyStartUp);
+    row("entries of the File menu", lost([](FakeLife &life) { life.file.children.clear(); }), onlyStartUp);
+    row("start-up File menu", lost([](FakeLife &life) { life.startUpFile.identifier = "ID_Mn"; }), onlyFile);
+    row("definitions", lost([](FakeLife &life) { life.menus.makesCommands = false; }), noEntries);
+    row("menu entries", lost([](FakeLife &life) { life.menus.makesMenuItems = false; }), noEntries);
 }
 
 void rowsOfTheEngine()
@@ -169,21 +160,21 @@ void rowsOfTheEngine()
     row("command stack", without(&FakeHost::hasCommandStack),
         {{"registered", "documents editor"}, {"registered with a window", "documents editor"}});
     row("editor", without(&FakeHost::hasEditor), noWindow);
-    row("place on the stack", throwing(&FakeHost::onCommandStack, "stack add _RECENT", refusal),
+    row("addition to the stack", throwing(&FakeHost::onCommandStack, "stack add _RECENT", refusal),
         noMenus + noTiles +
             LifeReport{{"started", "threw"}, {"registered", ""}, {"registered with a window", ""}});
     const LifeReport noHelp = {{"window told", "threw"},
                                {"registered with a window", "_RECENT documents editor"}};
     const LifeReport noEnd = {{"window's end told", "threw"}};
-    row("place on the stack for help", throwing(&FakeHost::onCommandStack, "stack add _RHELP", 7), noHelp);
-    row("look at the stack", throwing(&FakeHost::onCommandStack, "stack lookup", refusal), noHelp + noEnd);
-    row("way off the stack", throwing(&FakeHost::onCommandStack, "stack remove _RECENT", refusal),
+    row("addition to the stack for help", throwing(&FakeHost::onCommandStack, "stack add _RHELP", 7), noHelp);
+    row("lookup on the stack", throwing(&FakeHost::onCommandStack, "stack lookup", refusal), noHelp + noEnd);
+    row("removal from the stack", throwing(&FakeHost::onCommandStack, "stack remove _RECENT", refusal),
         noEnd + LifeReport{{"registered at the end", "_RECENT _RHELP documents editor"}});
-    row("way off the stack for help", throwing(&FakeHost::onCommandStack, "stack remove _RHELP", 7),
+    row("removal from the stack for help", throwing(&FakeHost::onCommandStack, "stack remove _RHELP", 7),
         noEnd + LifeReport{{"registered at the end", "_RHELP"}});
-    row("place at the editor", throwing(&FakeHost::onEditor, "editor add", refusal),
+    row("addition to the editor", throwing(&FakeHost::onEditor, "editor add", refusal),
         noWindow + LifeReport{{"started", "threw"}});
-    row("way off the editor", throwing(&FakeHost::onEditor, "editor remove", 7),
+    row("removal from the editor", throwing(&FakeHost::onEditor, "editor remove", 7),
         noEnd + LifeReport{{"registered at the end", "_RHELP editor"}});
 }
 
@@ -197,7 +188,7 @@ void rowsOfReaders(const char *kind, Exception exception)
                     throw exception;
             };
         };
-        row(qPrintable(QStringLiteral("previews: %1 at %2").arg(kind, step)), gives, {{"pictures", "0"}});
+        row(qPrintable(QString("previews: %1 at %2").arg(kind, step)), gives, {{"pictures", "0"}});
     }
 }
 
@@ -209,26 +200,26 @@ void rowsOfPreviews()
     rowsOfReaders("a number", 7);
 }
 
-//! What goes while a popup is up, and comes back.
+//! Missing only while a popup is open.
 void rowsWithAPopup()
 {
-    const auto goes = [](const char *name, bool FakeHost::*what, const LifeReport &changes = {}) {
+    const auto lost = [](const char *name, bool FakeHost::*what, const LifeReport &changes = {}) {
         QTest::addRow("with a popup: %s", name) << Switch() << without(what) << wholeLife + changes;
     };
     const LifeReport nothingOpens = {{"Enter opens", ""}, {"double-click opens", ""}};
-    goes("services", &FakeHost::hasServices, nothingOpens + LifeReport{{"help runs", ""}});
-    goes("application", &FakeHost::hasApplication);
-    goes("user profile", &FakeHost::hasUserProfile);
-    goes("recent-file list", &FakeHost::hasRecentFileList);
-    goes("main frame object", &FakeHost::hasMainFrame);
-    goes("main window", &FakeHost::hasMainWindow);
-    goes("document manager", &FakeHost::hasDocumentManager, nothingOpens);
-    goes("customisation", &FakeHost::hasCustomization);
-    goes("command stack", &FakeHost::hasCommandStack);
-    goes("editor", &FakeHost::hasEditor);
+    lost("services", &FakeHost::hasServices, nothingOpens + LifeReport{{"help runs", ""}});
+    lost("application", &FakeHost::hasApplication);
+    lost("user profile", &FakeHost::hasUserProfile);
+    lost("recent-file list", &FakeHost::hasRecentFileList);
+    lost("main frame object", &FakeHost::hasMainFrame);
+    lost("main window", &FakeHost::hasMainWindow);
+    lost("document manager", &FakeHost::hasDocumentManager, nothingOpens);
+    lost("customisation", &FakeHost::hasCustomization);
+    lost("command stack", &FakeHost::hasCommandStack);
+    lost("editor", &FakeHost::hasEditor);
 }
 
-//! A line for each line of the report, so that a difference is seen in words.
+//! Readable in a failure.
 QStringList linesOf(const LifeReport &report)
 {
     QStringList lines;
@@ -239,7 +230,6 @@ QStringList linesOf(const LifeReport &report)
 
 } // namespace
 
-//! What the module does, from its creation to its deletion, in a host that lacks one thing.
 class tst_MissingServices : public TestCase
 {
     Q_OBJECT
@@ -247,7 +237,7 @@ class tst_MissingServices : public TestCase
 private slots:
     void initTestCase()
     {
-        qputenv("PATH", "/nowhere"); // no file manager comes up
+        qputenv("PATH", "/nowhere"); // no file manager starts
     }
 
     void theRestWorks_data()

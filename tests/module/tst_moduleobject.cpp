@@ -12,7 +12,7 @@
 #include <thread>
 #include <type_traits>
 
-// As the loader sees them: by their plain names.
+// By their unmangled names, as the loader finds them.
 extern "C" void odrxGetAPIVersion(int &major, int &minor, int &majorBuild, int &minorBuild);
 extern "C" OdRxModule *odrxCreateModuleObject(void *sysData, const OdChar *moduleName);
 
@@ -29,8 +29,8 @@ CreatedModule createModule(void *sysData = nullptr, const OdChar *name = L"brows
     return CreatedModule(odrxCreateModuleObject(sysData, name));
 }
 
-//! Where a virtual function stands in its class's table, in bytes: what a host that was compiled against the
-//! same headers calls. A pointer to it is that number and one, by the C++ ABI of Linux.
+//! The offset of a virtual function in its class's table, in bytes, by which a host compiled against the same
+//! headers calls it. In the C++ ABI of Linux a pointer to it is that offset plus one.
 template<class Function>
 std::ptrdiff_t slotOf(Function function)
 {
@@ -43,20 +43,20 @@ using WrapperBase = OdRxUnixModule<RecentDocumentBrowser, RecentDocumentBrowser>
 
 } // namespace
 
-//! The exported entry points and the object that they hand out: its memory, its references, its end.
+//! The exported entry points and the object that they return: its memory, references and deletion.
 class tst_ModuleObject : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void theVersionIsThatOfTheInterface()
+    void theVersionOfTheInterfaceIsReturned()
     {
         int version[4] = {0, 0, 0, -1};
         odrxGetAPIVersion(version[0], version[1], version[2], version[3]);
         QCOMPARE(QList<int>(std::begin(version), std::end(version)), QList<int>({4, 3, 2, 0}));
     }
 
-    void thereIsOneObjectUntilItIsDeleted()
+    void oneObjectExistsUntilItIsDeleted()
     {
         const FakeHost host;
         QVERIFY(!g_pSingletonModule);
@@ -80,10 +80,10 @@ private slots:
         QVERIFY(FakeMemory::inUse.empty());
         module = createModule(nullptr, L"second");
         QVERIFY(module->moduleName() == OdString(L"second"));
-        QCOMPARE(host.calls, QStringList()); // all this is nothing to the host
+        QCOMPARE(host.calls, QStringList());
     }
 
-    void forgettingTheObjectDoesNotDeleteIt()
+    void deleteModuleObjectDoesNotDeleteTheObject()
     {
         const CreatedModule forgotten = createModule(nullptr, L"forgotten");
         deleteModuleObject();
@@ -93,15 +93,7 @@ private slots:
         QVERIFY(createModule() != forgotten);
     }
 
-    void theMemoryGoesBackThroughTheHostsBaseToo()
-    {
-        OdRxObject *object = createModule().release();
-        delete object;
-        deleteModuleObject();
-        QVERIFY(FakeMemory::inUse.empty());
-    }
-
-    void withoutMemoryTheLoaderGetsBadAllocAndThereIsNoObject()
+    void withoutMemoryBadAllocIsThrownAndNoObjectExists()
     {
         FakeMemory::isOut = true;
         QVERIFY_EXCEPTION_THROWN(odrxCreateModuleObject(nullptr, L"browser"), std::bad_alloc);
@@ -110,17 +102,20 @@ private slots:
         QVERIFY(createModule());
     }
 
-    void bothKindsOfDeletionForgetTheObject()
+    void everyKindOfDeletionFreesTheMemory()
     {
         odrxCreateModuleObject(nullptr, L"browser")->deleteModule();
         QVERIFY(!g_pSingletonModule);
         odrxCreateModuleObject(nullptr, L"browser");
         g_pSingletonModule->WrapperBase::deleteModule();
         QVERIFY(!g_pSingletonModule);
+        OdRxObject *object = createModule().release();
+        delete object;
+        deleteModuleObject();
         QVERIFY(FakeMemory::inUse.empty());
     }
 
-    void referencesAreCountedAndNoneDeletesTheObject()
+    void referencesAreCountedAndDoNotDeleteTheObject()
     {
         const AssertionsAreNoted noted;
         const CreatedModule module = createModule();
@@ -134,7 +129,7 @@ private slots:
         QVERIFY(assertions.empty());
         module->release();
         QCOMPARE(module->numRefs(), -1);
-        module->release(); // from -1, which the count does not tell from a reference
+        module->release(); // from -1, which the check does not detect
         QCOMPARE(module->numRefs(), -2);
         QCOMPARE(assertions.size(), std::size_t(1));
         QCOMPARE(assertions.front().expression, QByteArray("m_nLockCount"));
@@ -144,11 +139,11 @@ private slots:
         QCOMPARE(FakeMemory::inUse.size(), std::size_t(1));
     }
 
-    void threadsCountTogether()
+    void referencesAreCountedAcrossThreads()
     {
         const CreatedModule module = createModule();
         constexpr int threadCount = 4;
-        constexpr int rounds = 500000; // long enough for threads to meet where they share a processor
+        constexpr int rounds = 500000; // enough for threads to interleave on one processor
         std::atomic<int> waiting{threadCount};
         std::vector<std::thread> threads;
         threads.reserve(threadCount);
@@ -169,7 +164,7 @@ private slots:
         QCOMPARE(module->numRefs(), threadCount * rounds);
     }
 
-    void theObjectIsEachOfWhatTheHostTalksTo()
+    void theObjectHasTheHostsBaseClasses()
     {
         static_assert(std::is_base_of_v<WrapperBase, OdRxUnixModuleRecentDocumentBrowser>);
         static_assert(std::is_base_of_v<RecentDocumentBrowser, WrapperBase>);
@@ -178,7 +173,7 @@ private slots:
         static_assert(std::is_convertible_v<RecentDocumentBrowser *, CFxEditorReactor *>);
         static_assert(std::has_virtual_destructor_v<RecentDocumentBrowser>);
 
-        // The module base comes first, so that the loader's pointer is the object's own.
+        // The module base is first, so that the loader's pointer is the object's own.
         const CreatedModule module = createModule();
         const auto place = [](const void *part) { return reinterpret_cast<std::uintptr_t>(part); };
         const RecentDocumentBrowser *browser = g_pSingletonModule;
@@ -190,7 +185,7 @@ private slots:
         QVERIFY(documentBase < editorBase);
     }
 
-    void virtualFunctionsStandInTheirOrder()
+    void virtualFunctionsAreInOrder()
     {
         const auto ascends = [](std::initializer_list<std::ptrdiff_t> places) {
             return std::is_sorted(places.begin(), places.end(), std::less_equal<>());

@@ -8,9 +8,7 @@
 #include "tests/support/real/RealBrowser.h"
 
 #include <QDialog>
-#include <QDir>
 #include <QLabel>
-#include <QProcess>
 #include <QToolButton>
 
 #include <climits>
@@ -22,9 +20,9 @@ namespace {
 
 constexpr int longestPath = 4095; // bytes, with the zero byte 4096
 
-//! Opens the file through the host, finds it as the first tile, has it shown in its folder, and opens it
-//! again from the popup.
-void goesThroughEverything(RealBrowser &browser, const QString &path)
+//! Opens the file through the host, finds it as the first tile, shows it in its folder, and opens it again
+//! from the popup.
+void useEverywhere(RealBrowser &browser, const QString &path)
 {
     const ProgramStandIn fileManager;
     QCOMPARE(browser.host().documents().open(path).reason(), QString());
@@ -38,10 +36,10 @@ void goesThroughEverything(RealBrowser &browser, const QString &path)
     QVERIFY2(!line.isEmpty() && path.startsWith(line), qPrintable(line));
     RealBrowser::button(tile, "folderButton")->click();
     QTRY_VERIFY(!popup);
-    QStringList told = QStringList(path); // between quotes, as it is: its own quotes break it, and only that
-    if (path.contains(QLatin1Char('"')))
-        told = QProcess::splitCommand(QLatin1Char('"') + path + QLatin1Char('"'));
-    QCOMPARE(fileManager.starts(), QVector<QStringList>{told});
+    QStringList words = QStringList(path); // in quotes, so that only quotes in the path split it
+    if (path.contains('"'))
+        words = QProcess::splitCommand(QLatin1Char('"') + path + QLatin1Char('"'));
+    QCOMPARE(fileManager.starts(), QVector<QStringList>{words});
 
     browser.host().documents().close(browser.host().documents().current());
     popup = browser.openPopup();
@@ -55,26 +53,25 @@ void goesThroughEverything(RealBrowser &browser, const QString &path)
 
 } // namespace
 
-//! Recent documents with names that are hard to carry, and such as are no drawings at all, through the built
-//! module and the real host.
+//! Recent documents with unusual names, and special files, through the built module and the real host.
 class tst_OddPaths : public TestCase
 {
     Q_OBJECT
 
 private slots:
     void initTestCase() { fxhost::keepBytesOfPaths(); }
-    void everyNameIsKeptToTheByte_data()
+    void everyByteOfANameIsKept_data()
     {
         QTest::addColumn<QByteArray>("name");
         QTest::newRow("line breaks") << QByteArray("a\nb\r\n.dwg");
         QTest::newRow("Latin 1") << QByteArray("gr\xfcn.dwg");
-        QTest::newRow("bytes that are no UTF-8") << QByteArray("\xff\xfe\xc3.dwg");
-        QTest::newRow("UTF-8 and what is none") << QByteArray("\xc3\xa4 \xe4.dwg");
+        QTest::newRow("bytes that are not UTF-8") << QByteArray("\xff\xfe\xc3.dwg");
+        QTest::newRow("UTF-8 and bytes that are not") << QByteArray("\xc3\xa4 \xe4.dwg");
         QTest::newRow("right to left") << QByteArray("\xd7\x90\xd7\x91\xe2\x80\xae gwd\xe2\x80\xac.dwg");
         QTest::newRow("%n and its like") << QByteArray("%n %s %1 %20 %%.dwg");
         QTest::newRow("apostrophes") << QByteArray("a'b'.dwg");
         QTest::newRow("double quotes") << QByteArray("a \"b\" c.dwg");
-        QTest::newRow("what a shell would run") << QByteArray("$(touch x) `touch x`; touch x #.dwg");
+        QTest::newRow("shell commands") << QByteArray("$(touch x) `touch x`; touch x #.dwg");
         QTest::newRow("leading dashes") << QByteArray("--help.dwg");
         QTest::newRow("blanks at both ends") << QByteArray(" a.dwg ");
         QTest::newRow("a tab and a bell") << QByteArray("\ta\a.dwg");
@@ -84,20 +81,21 @@ private slots:
         QTest::newRow("255 bytes") << QByteArray(255, 'n');
     }
 
-    void everyNameIsKeptToTheByte()
+    void everyByteOfANameIsKept()
     {
         QFETCH(QByteArray, name);
         RealBrowser browser(1);
         const QString path = QFileInfo(browser.paths().constFirst()).path() + '/' + pathFromBytes(name);
         QVERIFY(QFile::copy(browser.paths().constFirst(), path));
         const QStringList before = QDir(QFileInfo(path).path()).entryList(QDir::AllEntries | QDir::Hidden);
-        goesThroughEverything(browser, path);
+        useEverywhere(browser, path);
         if (QTest::currentTestFailed())
             return;
-        QCOMPARE(QDir(QFileInfo(path).path()).entryList(QDir::AllEntries | QDir::Hidden), before); // no x
+        QCOMPARE(QDir(QFileInfo(path).path()).entryList(QDir::AllEntries | QDir::Hidden),
+                 before); // touch has not made x
     }
 
-    void aPathMayBeAsLongAsTheSystemAllows()
+    void aPathMayHaveTheMaximumLength()
     {
         RealBrowser browser(1);
         QString folder = QFileInfo(browser.paths().constFirst()).path();
@@ -107,20 +105,20 @@ private slots:
         const QString path = folder + '/' + QString(longestPath - folder.size() - 1, 'n');
         QCOMPARE(path.size(), longestPath);
         QVERIFY(QFile::copy(browser.paths().constFirst(), path));
-        goesThroughEverything(browser, path);
+        useEverywhere(browser, path);
 
-        // One more is no file any more, but may be listed.
+        // One byte more cannot be a file, but may be listed.
         browser.host().recentFiles().add(path + 'n');
         QCOMPARE(browser.storedPaths().constFirst().size(), longestPath + 1);
         browser.host().documents().newDocument();
         QVERIFY(browser.openPopup());
     }
 
-    void nothingKeepsThePopupFromOpening_data() { addSpecialFileRows(); }
-    void nothingKeepsThePopupFromOpening()
+    void anySpecialFileLetsThePopupOpen_data() { addSpecialFileRows(); }
+    void anySpecialFileLetsThePopupOpen()
     {
         QFETCH(SpecialFile, kind);
-        allowWarning("Broken filename passed to function"); // Qt's word on null characters
+        allowWarning("Broken filename passed to function"); // Qt's warning on null characters
         const BytesOfSpecialFiles files;
         RealBrowser browser(2);
         const QStringList paths = {files.path(kind), browser.paths().at(0), "/proc/self/mem", "/dev/tty",

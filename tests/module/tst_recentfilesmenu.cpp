@@ -7,21 +7,20 @@
 
 #include <QHBoxLayout>
 #include <QMenu>
-#include <QPointer>
 #include <QStyle>
 
 namespace {
 
 const QStringList submenuPaths = {"/drawings/c.dwg", "/drawings/a plan.dwg", "/drawings/b.dwg"};
 
-//! A menu of the host's with entries of its own, before the last of which the recent documents go.
+//! A menu of the host with entries of its own; the recent documents are inserted before the last one.
 struct HostMenu : QMenu
 {
     QAction *first = addAction("New");
     QAction *last = addAction("Quit");
 };
 
-//! The module in a host with those recent documents, which it has put into a menu of the host's.
+//! The module in a host with these recent documents, added to a menu of the host.
 struct FilledMenu : FakeModule
 {
     FilledMenu()
@@ -41,7 +40,7 @@ QStringList textsOf(const QMenu &menu)
     return texts;
 }
 
-//! An entry that no menu has.
+//! An entry without a menu.
 struct LoneEntry : RecentFileAction
 {
     explicit LoneEntry(const QString &text = "&1 /drawings/a plan.dwg")
@@ -54,7 +53,7 @@ struct LoneEntry : RecentFileAction
     }
 };
 
-//! How many pixels a button draws dark, and how many it leaves white.
+//! The number of pixels that a button draws dark, and of those that it leaves white.
 QPair<int, int> darkAndWhite(QWidget &button)
 {
     QImage image(button.size(), QImage::Format_RGB32);
@@ -70,7 +69,7 @@ QPair<int, int> darkAndWhite(QWidget &button)
     return counts;
 }
 
-//! Calls a function for each action that a menu gets.
+//! Calls a function for each action that is added to a menu.
 class ActionWatcher : public QObject
 {
 public:
@@ -91,7 +90,6 @@ private:
 
 } // namespace
 
-//! The recent documents' entries in a menu.
 class tst_RecentFilesMenu : public TestCase
 {
     Q_OBJECT
@@ -105,26 +103,26 @@ private slots:
         TestCase::cleanup();
     }
 
-    void entriesStandBetweenTwoSeparators()
+    void entriesAreBetweenTwoSeparators()
     {
         FilledMenu inHost;
         QCOMPARE(textsOf(inHost.menu),
                  QStringList({"New", "---", "&1 /drawings/c.dwg", "&2 /drawings/a plan.dwg",
                               "&3 /drawings/b.dwg", "---", "Quit"}));
-        const QString path = "//server\\share/a\\b.dwg"; // separators of other systems stay as they are
+        const QString path = "//server\\share/a\\b.dwg"; // separators of other systems are kept
         inHost.host.setRecent({path});
         HostMenu atTheEnd;
         RecentDocumentBrowser::AddRecentFiles(&atTheEnd, nullptr);
         QCOMPARE(textsOf(atTheEnd), QStringList({"New", "Quit", "---", "&1 " + path, "---"}));
     }
 
-    void everyDocumentOfTheListGetsANumberedEntry()
+    void everyRecentDocumentGetsANumberedEntry()
     {
         constexpr int count = 120; // more than any menu shows
         QStringList paths;
         QStringList texts;
         for (int i = 1; i <= count; ++i) {
-            paths.append(QStringLiteral("/drawings/%1.dwg").arg(i));
+            paths.append(QString("/drawings/%1.dwg").arg(i));
             texts.append('&' + QString::number(i) + ' ' + paths.last());
         }
         FakeModule inHost;
@@ -137,31 +135,24 @@ private slots:
                      paths.at(i));
     }
 
-    void withoutDocumentsTheSeparatorsStandAlone_data()
+    void withoutDocumentsOnlyTheSeparatorsAreAdded()
     {
-        QTest::addColumn<bool>("services");
-        QTest::addColumn<bool>("list");
-        QTest::newRow("the list is empty") << true << true;
-        QTest::newRow("there is no list") << true << false;
-        QTest::newRow("there are no services") << false << true;
+        // An empty list, no list, no services.
+        const QPair<bool, bool> cases[] = {{true, true}, {true, false}, {false, true}};
+        for (const auto &[services, list] : cases) {
+            FilledMenu inHost;
+            inHost.host.setRecent({});
+            inHost.host.hasServices = services;
+            inHost.host.hasRecentFileList = list;
+            HostMenu menu;
+            RecentDocumentBrowser::AddRecentFiles(&menu, menu.last);
+            QCOMPARE(textsOf(menu), QStringList({"New", "---", "---", "Quit"}));
+            QVERIFY(RecentDocumentBrowser::recentDocActionList.isEmpty());
+            QCOMPARE(RecentDocumentBrowser::recentDocMenu, &menu);
+        }
     }
 
-    void withoutDocumentsTheSeparatorsStandAlone()
-    {
-        QFETCH(bool, services);
-        QFETCH(bool, list);
-        FilledMenu inHost;
-        inHost.host.setRecent({});
-        inHost.host.hasServices = services;
-        inHost.host.hasRecentFileList = list;
-        HostMenu menu;
-        RecentDocumentBrowser::AddRecentFiles(&menu, menu.last);
-        QCOMPARE(textsOf(menu), QStringList({"New", "---", "---", "Quit"}));
-        QVERIFY(RecentDocumentBrowser::recentDocActionList.isEmpty());
-        QCOMPARE(RecentDocumentBrowser::recentDocMenu, &menu);
-    }
-
-    void theRegistryFollowsTheLatestMenuAndTheFormerKeepsItsEntries()
+    void theRegistryFollowsTheLatestMenuAndTheFormerMenuKeepsItsEntries()
     {
         const FilledMenu inHost;
         const HostMenu &first = inHost.menu;
@@ -178,12 +169,12 @@ private slots:
         QVERIFY(!RecentDocumentBrowser::before);
         QCOMPARE(RecentDocumentBrowser::recentDocActionList, second.actions().mid(1, 3));
         QCOMPARE(first.actions(), entries);
-        // Pins add up until somebody clears them.
+        // Pins accumulate until the list is cleared.
         QCOMPARE(RecentDocumentBrowser::menuPinButtonList.size(), 6);
         QCOMPARE(RecentDocumentBrowser::menuPinButtonList.mid(0, 3), pins);
     }
 
-    void whileEntriesAreMadeTheRegistryShowsAnotherMenu()
+    void theRegistryHasATemporaryMenuWhileEntriesAreCreated()
     {
         const FilledMenu inHost;
         QMenu menu;
@@ -196,11 +187,11 @@ private slots:
             entriesMeanwhile.append(RecentDocumentBrowser::recentDocActionList.size());
         });
         RecentDocumentBrowser::AddRecentFiles(&menu, nullptr);
-        QCOMPARE(entriesMeanwhile, QList<int>({0, 0, 1, 2, 3})); // each is listed once it stands in the menu
+        QCOMPARE(entriesMeanwhile, QList<int>({0, 0, 1, 2, 3})); // each is listed after it is in the menu
         QVERIFY(isAnother);
     }
 
-    void entriesEndWithTheModuleInTheHostsMenuToo()
+    void entriesInAHostMenuAreDeletedWithTheModule()
     {
         FilledMenu inHost;
         inHost.end();
@@ -211,7 +202,7 @@ private slots:
     {
         const FakeHost host;
         RecentFileAction action(L"&1 C:\\a\\b.dwg", L"C:/a/b.dwg");
-        QCOMPARE(action.text(), "&1 C:\\a\\b.dwg"); // both as they are
+        QCOMPARE(action.text(), "&1 C:\\a\\b.dwg"); // both unchanged
         QCOMPARE(QString(action.filePath), "C:/a/b.dwg");
         QVERIFY(!action.parent());
         QVERIFY(!action.menu());
@@ -229,7 +220,7 @@ private slots:
     {
         const LoneEntry action;
         const QWidget *widget = action.defaultWidget();
-        QVERIFY(widget->objectName().isEmpty()); // by which its buttons know that they are in no tile
+        QVERIFY(widget->objectName().isEmpty()); // by which its buttons know that they are not in a tile
         QCOMPARE(widget->styleSheet(), ":hover{color:blue ; background-color:palette(highlight);}");
         const auto *layout = qobject_cast<QHBoxLayout *>(widget->layout());
         QVERIFY(layout);
@@ -256,7 +247,7 @@ private slots:
                  QList<FolderPinButton *>({action.button(3), second.button(3)}));
     }
 
-    void buttonsStandForThePathBehindTheNumber_data()
+    void buttonsHaveThePathAfterTheNumber_data()
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("path");
@@ -264,17 +255,17 @@ private slots:
                                     << "/drawings/a.dwg";
         QTest::newRow("blanks") << "&1 /my drawings/a plan.dwg"
                                 << "/my drawings/a plan.dwg";
-        QTest::newRow("a blank at the front") << "&1  a.dwg"
-                                              << " a.dwg";
+        QTest::newRow("a leading blank") << "&1  a.dwg"
+                                         << " a.dwg";
         QTest::newRow("an ampersand") << "&1 /a&b/c & d.dwg"
                                       << "/a&b/c & d.dwg";
         QTest::newRow("no blank at all") << "/drawings/a.dwg"
                                          << "/drawings/a.dwg";
-        QTest::newRow("a tab is no blank") << "&1\ta.dwg"
-                                           << "&1\ta.dwg";
+        QTest::newRow("a tab is not a blank") << "&1\ta.dwg"
+                                              << "&1\ta.dwg";
     }
 
-    void buttonsStandForThePathBehindTheNumber()
+    void buttonsHaveThePathAfterTheNumber()
     {
         QFETCH(QString, text);
         QFETCH(QString, path);
@@ -283,34 +274,28 @@ private slots:
             QCOMPARE(action.button(index)->path(), path);
     }
 
-    void theTextIsBlackOnTheMenusGround_data()
+    void theTextIsBlackOnTheMenusBackground()
     {
-        QTest::addColumn<QString>("style");
-        QTest::newRow("Fusion") << "Fusion"; // which Qt always has, as the other
-        QTest::newRow("Windows") << "Windows";
-    }
-
-    void theTextIsBlackOnTheMenusGround()
-    {
-        QFETCH(QString, style);
-        QApplication::setStyle(style);
-        LoneEntry action;
-        QMenu menu;
-        menu.addAction(&action);
-        menu.popup(QPoint(20, 20));
-        QVERIFY(waitForExposed(&menu));
-        QToolButton &button = *action.textButton;
-        const auto atRest = darkAndWhite(button);
-        QVERIFY(atRest.first > 0);
-        QVERIFY2(atRest.first < atRest.second, "the text stands on a dark panel");
-        button.setAttribute(Qt::WA_UnderMouse); // as the application sets it with the pointer's coming
-        QCOMPARE(darkAndWhite(button), atRest);
-        button.setDown(true);
-        QCOMPARE(darkAndWhite(button), atRest);
-        button.setDown(false);
-        button.setFocus();
-        QVERIFY(button.hasFocus());
-        QCOMPARE(darkAndWhite(button), atRest);
+        for (const char *style : {"Fusion", "Windows"}) { // Qt always has both
+            QApplication::setStyle(style);
+            LoneEntry action;
+            QMenu menu;
+            menu.addAction(&action);
+            menu.popup(QPoint(20, 20));
+            QVERIFY(waitForExposed(&menu));
+            QToolButton &button = *action.textButton;
+            const auto atRest = darkAndWhite(button);
+            QVERIFY(atRest.first > 0);
+            QVERIFY2(atRest.first < atRest.second, "the text is on a dark panel");
+            button.setAttribute(Qt::WA_UnderMouse); // as the application sets it when the pointer enters
+            QCOMPARE(darkAndWhite(button), atRest);
+            button.setDown(true);
+            QCOMPARE(darkAndWhite(button), atRest);
+            button.setDown(false);
+            button.setFocus();
+            QVERIFY(button.hasFocus());
+            QCOMPARE(darkAndWhite(button), atRest);
+        }
     }
 
     void thePathKeepsItsOrderOnEveryDesktop()
@@ -325,7 +310,7 @@ private slots:
         QCOMPARE(fromTheRight, picture(Qt::LeftToRight));
     }
 
-    void anEntryTakesItsWidgetsWithItAndTouchesNoList()
+    void anEntryIsDeletedWithItsWidgetsAndChangesNoList()
     {
         auto *action = new LoneEntry;
         RecentDocumentBrowser::recentDocActionList = {action};

@@ -6,7 +6,6 @@
 
 #include <QDialog>
 #include <QMenu>
-#include <QTimer>
 #include <QToolButton>
 #include <QWidgetAction>
 
@@ -16,11 +15,6 @@ namespace {
 
 const QRect tallFrame(0, 0, 1300, 1000);
 
-double percentOf(qint64 last, qint64 first)
-{
-    return 100.0 * static_cast<double>(last - first) / static_cast<double>(first);
-}
-
 void openAndClose(RealBrowser &browser)
 {
     if (QDialog *popup = browser.openPopup())
@@ -28,20 +22,20 @@ void openAndClose(RealBrowser &browser)
     drainEvents();
 }
 
-//! By then whatever is made at first use and kept has been made.
+//! Enough for all that is created at first use and kept.
 constexpr int warmUp = 50;
 
-//! Does a thing over and over again. \return by how much more memory is taken at the end, in percent, than
-//! after a tenth of it: of what is allocated or of what the system holds, whichever is more
-//! \param known what each time is known to add to what is allocated, in bytes
-template<class Thing>
-double growthOf(int times, qint64 known, const Thing &thing)
+//! Repeats an action. \return the growth of allocated or of resident memory, whichever is more, from a tenth
+//! of the repetitions to the end, in percent \param known what each repetition is known to allocate and keep,
+//! in bytes
+template<class Action>
+double growthOf(int times, qint64 known, const Action &action)
 {
     const int early = qMax(times / 10, warmUp);
     qint64 allocated = 0;
     qint64 resident = 0;
     for (int i = 1; i <= times; ++i) {
-        thing();
+        action();
         if (i == early) {
             allocated = memory::allocated();
             resident = memory::resident();
@@ -54,6 +48,9 @@ double growthOf(int times, qint64 known, const Thing &thing)
     if (!memory::isMeasurable)
         return 0;
     const qint64 added = known * (times - early);
+    const auto percentOf = [](qint64 last, qint64 first) {
+        return 100.0 * double(last - first) / double(first);
+    };
     return qMax(percentOf(memory::allocated() - added, allocated), percentOf(memory::resident(), resident));
 }
 
@@ -65,22 +62,22 @@ void send(QWidget *widget, QEvent::Type type)
 
 } // namespace
 
-//! The built library used for long: what it does over and over again takes no more memory the last time.
+//! The built library in long use: repeated actions need no more memory in the end.
 class tst_SteadyMemory : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void reopeningThePopupTakesNoMore_data()
+    void reopeningThePopupKeepsMemorySteady_data()
     {
         QTest::addColumn<int>("documents");
         QTest::addColumn<int>("numbers");
         QTest::newRow("10 documents") << 10 << 0;
-        // From the eleventh on an entry's number gains a digit each time.
+        // From the eleventh on an entry's number gets one digit more each time.
         QTest::newRow("50 documents") << 50 << 40;
     }
 
-    void reopeningThePopupTakesNoMore()
+    void reopeningThePopupKeepsMemorySteady()
     {
         QFETCH(int, documents);
         QFETCH(int, numbers);
@@ -100,7 +97,7 @@ private slots:
         QVERIFY2(percent < 1, qPrintable(QString::number(percent)));
     }
 
-    void ofAnOpeningWithAPinOneSeparatorStays()
+    void openingWithAPinAddsOneSeparator()
     {
         RealBrowser browser(3, tallFrame);
         QDialog *popup = browser.openPopup();
@@ -119,31 +116,25 @@ private slots:
         QVERIFY(!memory::isMeasurable || eachOne < 2000);
     }
 
-    void movingTheHighlightTakesNoMore_data()
+    void movingTheHighlightKeepsMemorySteady()
     {
-        QTest::addColumn<int>("key");
-        QTest::newRow("along the row") << int(Qt::Key_Right);
-        QTest::newRow("along the column") << int(Qt::Key_Down);
+        for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Down}) { // along the row and the column
+            RealBrowser browser(50, tallFrame);
+            QDialog *popup = browser.openPopup();
+            QVERIFY(popup);
+            const QList<QDialog *> tiles = RealBrowser::tiles(popup);
+            const int objects = popup->findChildren<QObject *>().size();
+            const double percent = growthOf(memory::rounds(100000), 0, [&] {
+                QTest::keyClick(popup, key);
+                QCoreApplication::processEvents(); // paints
+            });
+            QCOMPARE(RealBrowser::highlighted(tiles).size(), 1);
+            QCOMPARE(popup->findChildren<QObject *>().size(), objects);
+            QVERIFY2(percent < 1, qPrintable(QString::number(percent)));
+        }
     }
 
-    void movingTheHighlightTakesNoMore()
-    {
-        QFETCH(int, key);
-        RealBrowser browser(50, tallFrame);
-        QDialog *popup = browser.openPopup();
-        QVERIFY(popup);
-        const QList<QDialog *> tiles = RealBrowser::tiles(popup);
-        const int objects = popup->findChildren<QObject *>().size();
-        const double percent = growthOf(memory::rounds(100000), 0, [&] {
-            QTest::keyClick(popup, Qt::Key(key));
-            QCoreApplication::processEvents(); // draws it
-        });
-        QCOMPARE(RealBrowser::highlighted(tiles).size(), 1);
-        QCOMPARE(popup->findChildren<QObject *>().size(), objects);
-        QVERIFY2(percent < 1, qPrintable(QString::number(percent)));
-    }
-
-    void ofAHoverOneStoppedTimerStays_data()
+    void aHoverLeavesOneStoppedTimer_data()
     {
         QTest::addColumn<bool>("inMenu");
         QTest::addColumn<QString>("name");
@@ -154,7 +145,7 @@ private slots:
         QTest::newRow("a menu entry's text") << true << "menuTextButton";
     }
 
-    void ofAHoverOneStoppedTimerStays()
+    void aHoverLeavesOneStoppedTimer()
     {
         QFETCH(bool, inMenu);
         QFETCH(QString, name);
@@ -190,7 +181,7 @@ private slots:
         drainEvents();
         QCOMPARE(first.isNull(), !inMenu);
         browser.host().setMainWindow(nullptr);
-        browser.host().modules().unload(QStringLiteral(MODULE_FILE));
+        browser.host().modules().unload(MODULE_FILE);
         QVERIFY(!first && !last);
     }
 };

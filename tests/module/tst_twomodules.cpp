@@ -13,7 +13,7 @@
 
 namespace {
 
-const QString browserModule = QStringLiteral(MODULE_FILE);
+const QString browserModule = MODULE_FILE;
 
 //! A host with a window and two recent drawings.
 class TwoModulesHost : public RealHost
@@ -29,7 +29,7 @@ public:
     ~TwoModulesHost() { host.setMainWindow(nullptr); }
     Q_DISABLE_COPY(TwoModulesHost)
 
-    //! What of the browser works: its command, its reactors, its popup.
+    //! Which parts of the browser work: its command, its reactors, its popup.
     QStringList ofBrowser()
     {
         QStringList works;
@@ -38,8 +38,8 @@ public:
             works << "command";
         const QList<QDialog *> popups = RealBrowser::popups();
         for (QDialog *popup : popups) {
-            // Its tiles are those of the menu that is built when a drawing is made.
-            works << QStringLiteral("popup of %1").arg(RealBrowser::tiles(popup).size());
+            // Its tiles are those of the menu that is built when a drawing is created.
+            works << QString("popup of %1").arg(RealBrowser::tiles(popup).size());
             QTest::keyClick(popup, Qt::Key_Escape);
         }
         if (runs("_RHELP"))
@@ -48,7 +48,7 @@ public:
         return works;
     }
 
-    //! What of the other module works: its command, both its reactors, its panel.
+    //! Which parts of the other module work: its command, both its reactors, its panel.
     QStringList ofCompanion()
     {
         takeCalls();
@@ -69,7 +69,7 @@ private:
     bool runs(const QString &line)
     {
         host.commands().runLine(line);
-        return logged().constLast() == QStringLiteral("command %1 5100").arg(line);
+        return logged().constLast() == QString("command %1 5100").arg(line);
     }
 };
 
@@ -79,46 +79,46 @@ const QStringList allOfCompanion = {"companion Execute", "companion DocumentCrea
 
 } // namespace
 
-//! The built module beside another one, which come and go in any order.
+//! The built module and another one, loaded and unloaded in any order.
 class tst_TwoModules : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void eachWorksWhileItIsLoaded_data()
+    void eachModuleWorksWhileItIsLoaded_data()
     {
-        QTest::addColumn<QString>("story");
-        // b: the browser comes or goes, c: the companion does, w: the main window does, which may be there
-        // all the time, come in between and go before they do. Some come again, some go with the host.
-        for (const char *story :
+        QTest::addColumn<QString>("sequence");
+        // b: the browser is loaded or unloaded, c: the companion is, w: the main window is set or cleared.
+        // Some are loaded again, some are unloaded with the host.
+        for (const char *sequence :
              {"wbcbc", "wbccb", "wcbbc", "wcbcb", "bcwbc", "bcwcb", "bwccb", "bwcbc", "cwbcb", "cwbbc",
               "bcwwbc", "bcwwcb", "cbwwbc", "wbcbbbccb", "wcbcccbbc", "wbcb", "wbcc", "bcw"})
-            QTest::newRow(story) << story;
+            QTest::newRow(sequence) << sequence;
     }
 
-    void eachWorksWhileItIsLoaded()
+    void eachModuleWorksWhileItIsLoaded()
     {
-        QFETCH(QString, story);
+        QFETCH(QString, sequence);
         TwoModulesHost running;
         const QString companionModule = modulePath("companion");
         fxhost::ModuleManager &modules = running.host.modules();
         QStringList loaded;
-        const auto comesOrGoes = [&](const QString &module) {
-            const bool goes = loaded.removeOne(module);
-            if (!goes)
+        const auto toggle = [&](const QString &module) {
+            const bool wasLoaded = loaded.removeOne(module);
+            if (!wasLoaded)
                 loaded.append(module);
-            return goes ? modules.unload(module) : modules.load(module);
+            return wasLoaded ? modules.unload(module) : modules.load(module);
         };
-        QString life; // of the window, which ends commands for good
-        for (const QChar step : qAsConst(story)) {
-            if (step == QLatin1Char('w')) {
-                life += step;
-                running.host.setMainWindow(life.size() % 2 ? &running.window : nullptr);
+        QString windowSteps; // commands work only while it has one step
+        for (const QChar step : qAsConst(sequence)) {
+            if (step == 'w') {
+                windowSteps += step;
+                running.host.setMainWindow(windowSteps.size() % 2 ? &running.window : nullptr);
             } else {
-                QVERIFY(comesOrGoes(step == QLatin1Char('b') ? browserModule : companionModule));
+                QVERIFY(toggle(step == 'b' ? browserModule : companionModule));
             }
             QCOMPARE(modules.loaded(), loaded);
-            if (life.size() == 1) {
+            if (windowSteps.size() == 1) {
                 QCOMPARE(running.ofBrowser(), loaded.contains(browserModule) ? allOfBrowser : QStringList());
                 QCOMPARE(running.ofCompanion(),
                          loaded.contains(companionModule) ? allOfCompanion : QStringList());

@@ -2,7 +2,6 @@
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/probe/FileProbe.h"
 #include "host/runtime/recent/RecentFiles.h"
-#include "samples/DrawingWriter.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/bytes/BytesInStuckFolder.h"
 #include "tests/support/bytes/BytesOfSpecialFiles.h"
@@ -11,7 +10,6 @@
 #include <CFxRecentFileList.h>
 
 #include <QDialog>
-#include <QElapsedTimer>
 #include <QLabel>
 
 #include <chrono>
@@ -19,20 +17,8 @@
 
 namespace {
 
-QString titleOf(const QDialog *tile)
-{
-    return tile->findChild<QLabel *>("title_label")->text();
-}
-
-QByteArray drawingWithPicture()
-{
-    QImage picture(180, 112, QImage::Format_RGB32);
-    picture.fill(Qt::darkCyan);
-    return fxsamples::drawingFile(picture, {});
-}
-
-//! The recent documents as the module gets them.
-QStringList answering(RealBrowser &browser)
+//! The recent documents that the module gets.
+QStringList responsive(RealBrowser &browser)
 {
     std::vector<CFxString> paths;
     browser.host().GetApplication()->GetUserProfile()->GetRecentFileList()->GetPaths(paths);
@@ -44,25 +30,26 @@ QStringList titles(const QDialog *popup)
     QStringList shown;
     const QList<QDialog *> tiles = RealBrowser::tiles(popup);
     for (const QDialog *tile : tiles)
-        shown.append(titleOf(tile));
+        shown.append(tile->findChild<QLabel *>("title_label")->text());
     return shown;
 }
 
 } // namespace
 
-//! The browser where some recent drawings are on a server that goes away. Nothing here may wait for it, or
-//! the test hangs and fails.
+//! The browser with recent drawings on a server that stops answering. A wait for it hangs, and the test
+//! fails.
 class tst_UnansweringFiles : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void popupShowsWhatAnswers_data() { addStuckFolderRows(); }
-    void popupShowsWhatAnswers()
+    void popupShowsResponsiveFiles_data() { addStuckFolderRows(); }
+    void popupShowsResponsiveFiles()
     {
         STUCK_FOLDER_OR_SKIP(server);
         RealBrowser browser(2);
-        const QStringList listed = {browser.paths().at(0), server.makeFile("away.dwg", drawingWithPicture()),
+        const QStringList listed = {browser.paths().at(0),
+                                    server.makeFile("away.dwg", RealBrowser::drawingBytes(0)),
                                     browser.paths().at(1)};
         browser.host().recentFiles().setPaths(listed);
         const QStringList all = {"plan 1.dwg", "away.dwg", "plan 2.dwg"};
@@ -70,15 +57,15 @@ private slots:
 
         const Alarm alarm;
         for (int round = 0; round < 2; ++round) {
-            browser.host().documents().newDocument(); // which makes the module look anew
+            browser.host().documents().newDocument(); // the module reads the list again
             QPointer<QDialog> popup = browser.openPopup();
             QVERIFY(popup);
             QCOMPARE(titles(popup), all);
             server.stopAnswering();
-            QTest::keyClick(popup, Qt::Key_Escape); // while it shows what is away
+            QTest::keyClick(popup, Qt::Key_Escape); // with the unresponsive file on it
             QTRY_VERIFY(!popup);
 
-            QTRY_VERIFY(!answering(browser).contains(listed.at(1)));
+            QTRY_VERIFY(!responsive(browser).contains(listed.at(1)));
             browser.host().documents().newDocument();
             popup = browser.openPopup();
             QVERIFY(popup);
@@ -87,17 +74,17 @@ private slots:
             QTest::keyClick(popup, Qt::Key_Escape);
             QTRY_VERIFY(!popup);
             server.answerAgain();
-            QTRY_COMPARE(answering(browser), listed);
+            QTRY_COMPARE(responsive(browser), listed);
         }
     }
 
-    void nothingIsOpenedThatDoesNotAnswer_data() { addStuckFolderRows(); }
-    void nothingIsOpenedThatDoesNotAnswer()
+    void unresponsiveFileIsNotOpened_data() { addStuckFolderRows(); }
+    void unresponsiveFileIsNotOpened()
     {
         STUCK_FOLDER_OR_SKIP(server);
         RealBrowser browser(1);
-        const QString away = server.makeFile("away.dwg", drawingWithPicture());
-        const QString open = server.makeFile("open.dwg", drawingWithPicture());
+        const QString away = server.makeFile("away.dwg", RealBrowser::drawingBytes(0));
+        const QString open = server.makeFile("open.dwg", RealBrowser::drawingBytes(0));
         QCOMPARE(browser.host().documents().open(open).reason(), QString());
         browser.host().recentFiles().add(away);
         browser.host().documents().newDocument();
@@ -106,23 +93,23 @@ private slots:
 
         const Alarm alarm;
         server.stopAnswering();
-        QTest::keyClick(popup, Qt::Key_Return); // the first tile is the one that has gone away since
+        QTest::keyClick(popup, Qt::Key_Return); // the first tile's file is unresponsive now
         QTRY_VERIFY(!popup);
-        QTRY_COMPARE(browser.log().constLast(), QStringLiteral("open %1 failed").arg(away));
-        QVERIFY(browser.host().recentFiles().paths().contains(away)); // nothing has been forgotten for it
+        QTRY_COMPARE(browser.log().constLast(), QString("open %1 failed").arg(away));
+        QVERIFY(browser.host().recentFiles().paths().contains(away)); // it is still listed
         QVERIFY(browser.storedPaths().contains(away));
-        // Nor does the drawing that is open from there keep others from being opened.
+        // The open drawing on the server does not keep others from being opened.
         QCOMPARE(browser.host().documents().open(browser.paths().at(0)).reason(), QString());
     }
 
-    void aDiskThatWakesUpIsWaitedFor_data() { addStuckFolderRows(); }
-    void aDiskThatWakesUpIsWaitedFor()
+    void openingWaitsForADiskThatWakesUp_data() { addStuckFolderRows(); }
+    void openingWaitsForADiskThatWakesUp()
     {
         STUCK_FOLDER_OR_SKIP(disk);
         RealBrowser browser(1);
-        const QString path = disk.makeFile("asleep.dwg", drawingWithPicture());
+        const QString path = disk.makeFile("asleep.dwg", RealBrowser::drawingBytes(0));
         disk.stopAnswering();
-        // Longer than a file of the list may take.
+        // Longer than the list waits for a file.
         std::thread spinningUp([&disk] {
             std::this_thread::sleep_for(std::chrono::milliseconds(3 * fxhost::ProbeWait().deadline.count()));
             disk.answerAgain();
@@ -132,21 +119,21 @@ private slots:
         QCOMPARE(problem, QString());
     }
 
-    void severalAreWaitedForTogether_data() { addStuckFolderRows(); }
-    void severalAreWaitedForTogether()
+    void unresponsiveFilesAreAwaitedTogether_data() { addStuckFolderRows(); }
+    void unresponsiveFilesAreAwaitedTogether()
     {
         STUCK_FOLDER_OR_SKIP(server);
         RealBrowser browser(1);
         QStringList paths;
-        for (int i = 0; i < 40; ++i) // which would take two minutes
-            paths.append(server.makeFile(QStringLiteral("away %1.dwg").arg(i), drawingWithPicture()));
+        for (int i = 0; i < 40; ++i) // two minutes, one after the other
+            paths.append(server.makeFile(QString("away %1.dwg").arg(i), RealBrowser::drawingBytes(0)));
         server.stopAnswering();
         QElapsedTimer clock;
         clock.start();
         browser.host().documents().openAll(paths);
-        QVERIFY2(clock.elapsed() < patience, "each was waited for, three seconds");
+        QVERIFY2(clock.elapsed() < patience, "the files were awaited one after the other");
         for (const QString &path : qAsConst(paths))
-            QVERIFY(browser.log().contains(QStringLiteral("open %1 failed").arg(path)));
+            QVERIFY(browser.log().contains(QString("open %1 failed").arg(path)));
     }
 };
 

@@ -7,15 +7,12 @@
 #include "host/runtime/recent/RecentFiles.h"
 #include "state/FolderPinButton.h"
 #include "tests/support/Patience.h"
-#include "tests/support/bytes/BytesOfPreview.h"
 #include "tests/support/real/RealBrowser.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QImage>
-#include <QLabel>
 #include <QMap>
-#include <QMenuBar>
 #include <QToolButton>
 
 #include <algorithm>
@@ -23,16 +20,16 @@
 namespace {
 
 constexpr int soakDrawings = 24;
-constexpr int soakLimit = 16; // recent documents: some always fall out
+constexpr int soakLimit = 16; // recent documents, fewer than the drawings
 
-//! What the module exports under that mangled name; null while it is not loaded.
+//! The module's symbol of that mangled name; null while it is not loaded.
 template<class Thing>
 Thing *exported(const char *name)
 {
     return reinterpret_cast<Thing *>(RealBrowser::exported(name));
 }
 
-//! The class's type is the module's own, so that no check of it can be linked.
+//! The class's type information is inside the module, where the sanitizer's check cannot be linked to.
 __attribute__((no_sanitize("vptr"))) QString pathOf(const FolderPinButton *button)
 {
     return button->path();
@@ -52,7 +49,7 @@ QStringList tilePathsOf(const QDialog *popup)
     return paths;
 }
 
-//! The recent-files menu entries that have a picture in the cache, a blank one too.
+//! The recent-files menu entries with a picture in the cache, which may be blank.
 QStringList entriesWithPicture()
 {
     const auto *buttons =
@@ -69,28 +66,25 @@ QStringList entriesWithPicture()
 } // namespace
 
 SoakHost::SoakHost()
-    : m_host(std::make_unique<fxhost::FxHost>(m_folder.filePath(QStringLiteral("profile")),
-                                              m_folder.filePath(QStringLiteral("log"))))
 {
     for (int i = 0; i < soakDrawings; ++i) {
-        const QString path = m_folder.filePath(QStringLiteral("drawing %1.dwg").arg(i));
-        m_paths.append(testbytes::writeFile(path, RealBrowser::drawingBytes(i)));
+        m_paths.append(m_running.makeFile(QString("drawing %1.dwg").arg(i), RealBrowser::drawingBytes(i)));
     }
-    QFile menus(QStringLiteral(":/customization.json"));
-    if (!menus.open(QIODevice::ReadOnly) || !m_host->customization().load(menus.readAll()))
+    QFile menus(":/customization.json");
+    if (!menus.open(QIODevice::ReadOnly) || !host().customization().load(menus.readAll()))
         qFatal("the menus cannot be used");
-    m_window = std::make_unique<fxhost::MainWindow>(*m_host);
-    // A dialog would wait for a user.
-    m_host->setPathChooser([this] { return m_paths.constFirst(); });
-    m_host->modules().load(QStringLiteral(MODULE_FILE));
+    m_window = std::make_unique<fxhost::MainWindow>(host());
+    // A dialog would block.
+    host().setPathChooser([this] { return m_paths.constFirst(); });
+    host().modules().load(MODULE_FILE);
     m_window->setGeometry(60, 60, 1300, 900);
     m_window->show();
     if (!waitForActive(m_window.get()))
         qFatal("the main window does not become active");
-    m_host->setMainWindow(m_window.get());
-    m_host->recentFiles().setMaximum(soakLimit);
-    m_host->recentFiles().setPaths(m_paths);
-    m_host->documents().newDocument();
+    host().setMainWindow(m_window.get());
+    host().recentFiles().setMaximum(soakLimit);
+    host().recentFiles().setPaths(m_paths);
+    host().documents().newDocument();
 }
 
 SoakHost::~SoakHost() = default;
@@ -139,14 +133,10 @@ QStringList SoakHost::shown() const
 
 QStringList SoakHost::takeOpened()
 {
-    QFile log(m_folder.filePath(QStringLiteral("log")));
-    if (!log.open(QIODevice::ReadOnly) || !log.seek(m_logRead))
-        qFatal("the log cannot be read");
-    const QByteArray news = log.readAll();
-    m_logRead += news.size();
+    const QStringList lines = m_running.logged().mid(m_logRead);
+    m_logRead += lines.size();
     QStringList opened;
-    const QStringList lines = QString::fromUtf8(news).split(QLatin1Char('\n'));
-    const QRegularExpression open(QStringLiteral("^open (.*) (ok|failed)$"));
+    const QRegularExpression open("^open (.*) (ok|failed)$");
     for (const QString &line : lines) {
         const QRegularExpressionMatch match = open.match(line);
         if (match.hasMatch())
@@ -159,7 +149,7 @@ QString SoakHost::tileAt(const QPoint &place) const
 {
     QWidget *const widget = QApplication::widgetAt(place);
     const QList<QDialog *> popups = RealBrowser::popups();
-    // An older popup's tiles know the newer one's highlight only.
+    // The tiles of an older popup use the newer one's highlight.
     if (!widget || qobject_cast<QToolButton *>(widget) || popups.size() != 1)
         return {};
     const QList<QDialog *> tiles = RealBrowser::tiles(popups.constFirst());
@@ -170,23 +160,23 @@ QString SoakHost::tileAt(const QPoint &place) const
     return {};
 }
 
-bool SoakHost::hasModule() const
+bool SoakHost::hasModule()
 {
-    return !m_host->modules().loaded().isEmpty();
+    return !host().modules().loaded().isEmpty();
 }
 
 QString SoakHost::toggleModule()
 {
-    const QString module = QStringLiteral(MODULE_FILE);
-    fxhost::ModuleManager &modules = m_host->modules();
+    const QString module = MODULE_FILE;
+    fxhost::ModuleManager &modules = host().modules();
     const bool wasLoaded = hasModule();
-    const bool isDone = wasLoaded ? modules.unload(module) : modules.load(module);
+    const bool succeeded = wasLoaded ? modules.unload(module) : modules.load(module);
     m_modulesLoaded += !wasLoaded;
-    return isDone ? QString() : QStringLiteral("the module cannot be loaded or unloaded");
+    return succeeded ? QString() : "the module cannot be loaded or unloaded";
 }
 
-//! A popup that was not there before.
-QString SoakHost::meet(QDialog *popup)
+//! Records a new popup.
+QString SoakHost::add(QDialog *popup)
 {
     ++m_popupsSeen;
     Watched watched{popup, {popup}};
@@ -198,7 +188,7 @@ QString SoakHost::meet(QDialog *popup)
     m_tilePaths += QSet<QString>(tilePaths.begin(), tilePaths.end());
     const QStringList entries = entriesWithPicture();
     if (tilePaths != entries) {
-        return QStringLiteral("the popup has %1 tiles, and %2 menu entries have a picture")
+        return QString("the popup has %1 tiles, and %2 menu entries have a picture")
             .arg(tilePaths.size())
             .arg(entries.size());
     }
@@ -218,17 +208,17 @@ QString SoakHost::problem()
         m_tilePaths.clear();
     for (QDialog *open : popups) {
         if (!isKnown(open)) {
-            const QString wrong = meet(open);
+            const QString wrong = add(open);
             if (!wrong.isEmpty())
                 return wrong;
         }
         QString line = RealBrowser::pathLine(open);
-        if (line.endsWith(QLatin1String("...")) && line.size() > 3) // it is shortened
+        if (line.endsWith("...") && line.size() > 3) // it is shortened
             line.chop(3);
         const bool isListed = std::any_of(m_tilePaths.begin(), m_tilePaths.end(),
                                           [&](const QString &path) { return path.startsWith(line); });
         if (!line.isEmpty() && !isListed)
-            return QStringLiteral("the path line names no recent drawing: ") + line;
+            return QString("the path line names no recent drawing: ") + line;
     }
     for (auto it = m_watched.begin(); it != m_watched.end();) {
         if (it->popup && it->popup->isVisible()) {

@@ -2,18 +2,17 @@
 #pragma once
 
 #include "host/app/MainWindow.h"
-#include "host/runtime/FxHost.h"
 #include "tests/support/process/ProgramStandIn.h"
+#include "tests/support/real/RealHost.h"
 
 #include <QDialog>
 #include <QPointer>
 #include <QRect>
 #include <QSet>
-#include <QTemporaryDir>
 
 #include <vector>
 
-//! The host's program in this process, with the built module, some drawings, and an eye on what must always
+//! The host's program in this process with the built module and some drawings, and checks of what must always
 //! hold. GUI thread.
 class SoakHost
 {
@@ -21,11 +20,11 @@ public:
     SoakHost();
     ~SoakHost();
 
-    fxhost::FxHost &host() { return *m_host; }
-    //! Where the drawings are, or would be.
+    fxhost::FxHost &host() { return m_running.host; }
+    //! The drawings' paths, of missing files too.
     QStringList paths() const { return m_paths; }
 
-    //! Where to press: the newest popup, or the window's drawing area when there is none; global pixels.
+    //! The newest popup, or the window's drawing area without one; global pixels.
     QRect target() const;
     //! One of the newest popup's tiles, or the target when it has none; global pixels.
     QRect tile(int choice) const;
@@ -38,22 +37,22 @@ public:
     QStringList highlighted() const;
     //! The paths of the tiles of all popups on screen.
     QStringList shown() const;
-    //! What the host was asked to open since the last call.
+    //! The paths that the host was asked to open since the last call.
     QStringList takeOpened();
 
     //! The path of the tile that a double-click at this place opens; empty when there is none, or a button.
     //! Global pixels.
     QString tileAt(const QPoint &place) const;
 
-    bool hasModule() const;
-    //! \return what is wrong; empty when all is well
+    bool hasModule();
+    //! \return the problem; empty on success
     QString toggleModule();
 
-    //! Looks at popups that have come and gone. \return what does not hold; empty when everything does
+    //! Checks the popups that were opened and closed. \return the problem; empty when there is none
     QString problem();
-    //! Whether problem() has looked at the popup already.
+    //! Whether problem() has checked the popup already.
     bool isKnown(const QDialog *popup) const;
-    //! Whether windows that were closed still have widgets. They go when the events have been delivered.
+    //! Whether widgets of closed windows still exist, which pending events delete.
     bool isWaitingForDeletion();
 
     int popupsSeen() const { return m_popupsSeen; }
@@ -66,18 +65,17 @@ private:
         std::vector<QPointer<QWidget>> widgets;
     };
 
-    QString meet(QDialog *popup);
+    QString add(QDialog *popup);
 
-    QTemporaryDir m_folder;
+    RealHost m_running;
     ProgramStandIn m_fileManager{0, ProgramStandIn::Others::Found};
     QStringList m_paths;
-    std::unique_ptr<fxhost::FxHost> m_host;
     std::unique_ptr<fxhost::MainWindow> m_window;
     std::vector<Watched> m_watched;
     std::vector<QPointer<QWidget>> m_closed;
-    QSet<QString>
-        m_tilePaths; //!< of the tiles of the popups on screen, and of those that went since they came
-    qint64 m_logRead = 0;
+    //! Of the popups on screen, and of those closed while another one was open.
+    QSet<QString> m_tilePaths;
+    int m_logRead = 0; //!< lines
     int m_popupsSeen = 0;
     int m_modulesLoaded = 0;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/desktop/soak/SoakPerson.h"
 
+#include "host/app/HelpWindow.h"
+#include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "tests/desktop/Hand.h"
 #include "tests/desktop/HandDrag.h"
@@ -8,8 +10,27 @@
 
 #include <QApplication>
 #include <QPointer>
+#include <QProcess>
 
+#include <algorithm>
 #include <utility>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+//! Whether the help window that was just opened has the keyboard; true without one.
+bool helpHasTheKeyboard()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto help = std::find_if(windows.begin(), windows.end(), [](const QWidget *window) {
+        return window->isVisible() && qobject_cast<const fxhost::HelpWindow *>(window);
+    });
+    return help == windows.end() || (*help)->isActiveWindow();
+}
+
+} // namespace
 
 bool SoakPerson::guiUntil(const std::function<bool()> &condition, int limit)
 {
@@ -32,7 +53,7 @@ void SoakPerson::settle()
 void SoakPerson::awaitInput(const std::function<bool()> &arrived)
 {
     constexpr int moment = 1000; // ms
-    unheard += !guiUntil(arrived, m_isDragging ? patience : moment);
+    unreceived += !guiUntil(arrived, m_isDragging ? patience : moment);
 }
 
 void SoakPerson::moveTo(const QPoint &place)
@@ -58,9 +79,9 @@ void SoakPerson::input(int releases, const std::function<void()> &action)
     awaitInput([&] { return m_arrivals.releases() >= before + releases; });
 }
 
-void SoakPerson::say(const QString &text)
+void SoakPerson::writeLog(const QString &text)
 {
-    m_log.write(QStringLiteral("  ").append(text).append(QLatin1Char('\n')).toUtf8());
+    m_log.write(QString("  ").append(text).append('\n').toUtf8());
 }
 
 void SoakPerson::expectDoubleClick(const QPoint &place)
@@ -77,37 +98,37 @@ void SoakPerson::expectDoubleClick(const QPoint &place)
 
 void SoakPerson::run()
 {
-    m_log.setFileName(QStringLiteral("soak.log"));
+    m_log.setFileName("soak.log");
     if (!m_log.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
         qFatal("soak.log cannot be written");
     QElapsedTimer day;
     day.start();
     while (problem.isEmpty() && (seconds == 0 || !day.hasExpired(qint64(seconds) * 1000)) &&
            (mostSteps == 0 || steps < mostSteps)) {
-        const Deed &deed = nextDeed();
+        const Action &action = nextAction();
         const SoakStep step = nextStep();
         ++steps;
-        m_log.write(QString::asprintf("%d %s %d at %.2f,%.2f to %.2f,%.2f\n", steps, deed.name, step.choice,
+        m_log.write(QString::asprintf("%d %s %d at %.2f,%.2f to %.2f,%.2f\n", steps, action.name, step.choice,
                                       step.x, step.y, step.toX, step.toY)
                         .toUtf8());
         m_mayOpen.clear();
         m_mustOpen = m_mayOpenAny = false;
-        (this->*deed.act)(step);
+        (this->*action.run)(step);
         settle();
-        welcomePopup();
+        awaitPopup();
         if (problem.isEmpty())
             gui([&] { problem = m_soak.problem(); });
         if (problem.isEmpty() && !guiUntil([&] { return !m_soak.isWaitingForDeletion(); }))
-            problem = QStringLiteral("a closed popup's widgets are still there");
+            problem = "a closed popup's widgets are still there";
         checkOpened();
-        // A desk that is full.
+        // Keeps the number of open drawings bounded.
         gui([&] {
             if (m_soak.host().documents().documents().size() > 20)
                 m_soak.host().documents().closeAll();
         });
         if (!problem.isEmpty()) {
             m_log.write(problem.toUtf8() + '\n');
-            gui([] { Hand::keepScreenshot(QStringLiteral("soak-problem")); });
+            gui([] { Hand::keepScreenshot("soak-problem"); });
         }
     }
 }
@@ -115,7 +136,7 @@ void SoakPerson::run()
 void SoakPerson::checkOpened()
 {
     QStringList opened;
-    const auto isAsItShould = [&] {
+    const auto isAsExpected = [&] {
         opened += m_soak.takeOpened();
         if (m_mustOpen)
             return opened == m_mayOpen;
@@ -123,16 +144,15 @@ void SoakPerson::checkOpened()
             return opened.size() <= 1 && (opened.isEmpty() || m_mayOpen.contains(opened.constFirst()));
         return opened.isEmpty();
     };
-    if (problem.isEmpty() && !guiUntil(isAsItShould)) {
-        problem = QStringLiteral("opened: %1; highlighted: %2")
-                      .arg(opened.join(QLatin1String(", ")), m_mayOpen.join(QLatin1String(", ")));
+    if (problem.isEmpty() && !guiUntil(isAsExpected)) {
+        problem = QString("opened: %1; highlighted: %2").arg(opened.join(", "), m_mayOpen.join(", "));
     }
     openings += opened.size();
     for (const QString &path : qAsConst(opened))
-        say(QStringLiteral("opened ") + path);
+        writeLog(QString("opened ") + path);
 }
 
-const SoakPerson::Deed SoakPerson::deeds[] = {
+const SoakPerson::Action SoakPerson::actions[] = {
     {"key", 40, &SoakPerson::key},
     {"click", 16, &SoakPerson::click},
     {"double-click", 3, &SoakPerson::clickTwice},
@@ -144,15 +164,15 @@ const SoakPerson::Deed SoakPerson::deeds[] = {
     {"screen", 1, &SoakPerson::screen},
 };
 
-const SoakPerson::Deed &SoakPerson::nextDeed()
+const SoakPerson::Action &SoakPerson::nextAction()
 {
     int sum = 0;
-    for (const Deed &deed : deeds)
-        sum += deed.weight;
-    const Deed *deed = deeds;
-    for (int left = m_random.bounded(sum); left >= deed->weight; ++deed)
-        left -= deed->weight;
-    return *deed;
+    for (const Action &action : actions)
+        sum += action.weight;
+    const Action *action = actions;
+    for (int left = m_random.bounded(sum); left >= action->weight; ++action)
+        left -= action->weight;
+    return *action;
 }
 
 SoakStep SoakPerson::nextStep()
@@ -172,24 +192,24 @@ QPoint SoakPerson::place(const SoakStep &step) const
     return target.topLeft() + QPoint(int(step.x * target.width()), int(step.y * target.height()));
 }
 
-void SoakPerson::welcomePopup()
+void SoakPerson::awaitPopup()
 {
     const bool isSettled = guiUntil([&] {
         const QDialog *popup = m_soak.popup();
         return !popup || m_soak.isKnown(popup) || QApplication::activeWindow() == popup;
     });
     if (!isSettled)
-        problem = QStringLiteral("a popup does not get the keyboard");
+        problem = "a popup does not get the keyboard";
 }
 
-//! Whether a popup gets the next key. The window manager may be about to give the keyboard to somebody else,
-//! so this waits until the display and the program agree on who has it.
+//! Whether a popup gets the next key. The window manager may be about to move the focus, so this waits until
+//! the display and the program agree on the window that has it.
 bool SoakPerson::popupHasTheKeyboard()
 {
     bool isPopup = false;
     const bool agreed = guiUntil([&] {
         QWidget *active = QApplication::activeWindow();
-        const WId focus = Hand::ask({QStringLiteral("getwindowfocus")}).toULongLong();
+        const WId focus = Hand::ask({"getwindowfocus"}).toULongLong();
         const QList<QDialog *> popups = RealBrowser::popups();
         isPopup = active && popups.contains(qobject_cast<QDialog *>(active));
         return active && active->winId() == focus;
@@ -208,8 +228,8 @@ void SoakPerson::key(const SoakStep &step)
         gui([&] { m_mayOpen = m_soak.highlighted(); });
         m_mustOpen = true;
     }
-    say(QStringLiteral("key ") + QLatin1String(key));
-    const int releases = QLatin1String(key).contains(QLatin1Char('+')) ? 2 : 1;
+    writeLog(QString("key ") + QLatin1String(key));
+    const int releases = QLatin1String(key).contains('+') ? 2 : 1;
     input(releases, [&] { Hand::key(QLatin1String(key)); });
 }
 
@@ -221,7 +241,7 @@ void SoakPerson::click(const SoakStep &step)
     const QPoint where = place(step);
     moveTo(where);
     expectDoubleClick(where);
-    say(QStringLiteral("button %1 %2").arg(button).arg(modifier));
+    writeLog(QString("button %1 %2").arg(button).arg(modifier));
     input(modifier.isEmpty() ? 1 : 2, [&] {
         if (!modifier.isEmpty())
             Hand::holdKey(modifier);
@@ -239,11 +259,10 @@ void SoakPerson::clickTwice(const SoakStep &step)
     gui([&] {
         const QString path = m_soak.tileAt(where);
         m_mustOpen = !path.isEmpty();
-        m_mayOpenAny = !m_mustOpen; // a button that is disabled lets the click through to its tile
+        m_mayOpenAny = !m_mustOpen; // a disabled button passes the click to its tile
         m_mayOpen = m_mustOpen ? QStringList(path) : m_soak.shown();
     });
-    say(QStringLiteral("double-click on ") +
-        (m_mustOpen ? m_mayOpen.constFirst() : QStringLiteral("no tile")));
+    writeLog(QString("double-click on ") + (m_mustOpen ? m_mayOpen.constFirst() : "no tile"));
     input(2, [] { Hand::doubleClick(); });
 }
 
@@ -260,7 +279,7 @@ void SoakPerson::drag(const SoakStep &step)
     const QPoint to = area.topLeft() + QPoint(int(step.toX * area.width()), int(step.toY * area.height()));
     moveTo(from);
     expectDoubleClick(from);
-    QPointer<QWidget> held; // of two popups at one place it may be the older
+    QPointer<QWidget> held; // the upper one of two popups may be the older one
     gui([&] { held = QApplication::topLevelAt(from); });
     Hand::press();
     for (int i = 1; i <= strides; ++i)
@@ -269,20 +288,105 @@ void SoakPerson::drag(const SoakStep &step)
         if (!m_isDragging)
             return;
         ++drags;
-        // Whether it is outside is the popup's to say, which is a strip then.
+        // The popup decides whether the pointer is outside: then it is a strip.
         constexpr int strip = 32; // pixels
         const bool isOutside = held && held->height() == strip;
         m_mayOpenAny = false;
         m_mustOpen = true;
         m_mayOpen = isOutside ? m_soak.highlighted() : QStringList();
     });
-    say(QStringLiteral("dragged ") +
-        (m_mustOpen ? m_mayOpen.join(QLatin1String(", ")) : QStringLiteral("nothing")));
+    writeLog(QString("dragged ") + (m_mustOpen ? m_mayOpen.join(", ") : "nothing"));
     if (m_isDragging && step.choice % 4 == 0)
-        Hand::key(QStringLiteral("Escape"));
+        Hand::key("Escape");
     Hand::release();
     events += 4;
     if (!guiUntil([] { return !HandDrag::isDragging(); }))
-        problem = QStringLiteral("a drag does not end");
+        problem = "a drag does not end";
     m_isDragging = false;
+}
+
+void SoakPerson::command(const SoakStep &step)
+{
+    const int number = step.choice / 16;
+    const QString path = m_soak.paths().at(number % m_soak.paths().size());
+    const QString open = QString("_OPEN ") + path;
+    const QStringList others{
+        "_CLOSE",
+        "_CLOSE",
+        "_NEW",
+        "_CASCADE",
+        QString("_RECENTLIMIT %1").arg(1 + number % 24),
+        QString("_RECENTADD %1 (missing)").arg(path),
+        "_RHELP",
+        "^C^C_TILE",
+    };
+    const int kind = step.choice % 16;
+    constexpr int opens = 4; // of 16
+    const QString line = kind < opens ? open : others.value(kind - opens, "^C^C_RECENT");
+    m_mustOpen = kind < opens;
+    if (m_mustOpen)
+        m_mayOpen = QStringList(path);
+    writeLog(line);
+    bool givesHelp = false;
+    gui([&] {
+        givesHelp = line == "_RHELP" && m_soak.hasModule(); // it is the module's command
+        m_soak.host().commands().runLine(line);
+    });
+    // Otherwise the next key might still reach the popup.
+    if (givesHelp && !guiUntil(helpHasTheKeyboard))
+        problem = "the help does not get the keyboard";
+}
+
+void SoakPerson::file(const SoakStep &step)
+{
+    const int choice = step.choice;
+    const QString path = m_soak.paths().at(choice / 16 % m_soak.paths().size());
+    const QByteArray name = QFile::encodeName(path);
+    const auto write = [&](const QByteArray &bytes) {
+        QFile file(path);
+        if (file.open(QIODevice::WriteOnly))
+            file.write(bytes);
+    };
+    ::unlink(name.constData());
+    ::rmdir(name.constData());
+    const QByteArray bytes = RealBrowser::drawingBytes(choice);
+    switch (choice % 16) {
+    case 0:
+        break; // deleted
+    case 1:
+        write(bytes.left(choice % bytes.size()));
+        break;
+    case 2:
+        write(QByteArray(1000, char(choice)));
+        break;
+    case 3:
+        ::mkfifo(name.constData(), S_IRUSR | S_IWUSR);
+        break;
+    case 4:
+        ::mkdir(name.constData(), S_IRWXU);
+        break;
+    case 5:
+        if (::symlink(name.constData(), name.constData()) != 0) // to itself
+            write({});
+        break;
+    case 6:
+        write({});
+        break;
+    default:
+        write(bytes);
+        break;
+    }
+}
+
+void SoakPerson::module(const SoakStep & /*step*/)
+{
+    gui([&] { problem = m_soak.toggleModule(); });
+}
+
+void SoakPerson::screen(const SoakStep &step)
+{
+    const char *mode = step.choice % 2 ? "soak" : "1920x1200";
+    if (QProcess::execute("xrandr", {"--output", "screen", "--mode", QLatin1String(mode)}) != 0)
+        problem = "the screen cannot be resized";
+    ++screens;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A module that writes a line to the standard output for each call that it gets.
+// A module that writes a line to the standard output for each call that it receives.
 #include <CFxCommand.h>
 #include <CFxCommandContext.h>
 #include <CFxDocumentManager.h>
@@ -21,17 +21,17 @@
 
 namespace {
 
-void say(const QString &text)
+void print(const QString &text)
 {
     std::puts(qPrintable(text));
-    std::fflush(stdout); // the host's own lines must not overtake it
+    std::fflush(stdout); // keeps the order with the host's own lines
 }
 
-//! Its destructor runs when the library leaves.
-struct Farewell
+//! Its destructor runs when the library is unloaded.
+struct UnloadReport
 {
-    ~Farewell() { say(QStringLiteral("unloaded")); }
-} farewell;
+    ~UnloadReport() { print("unloaded"); }
+} unloadReport;
 
 class ProbeCommand : public CFxCommand
 {
@@ -43,16 +43,16 @@ public:
     int Execute(CFxCommandContext *context) override
     {
         const QString argument = context->argument();
-        say(QStringLiteral("Execute ") + argument);
-        QStringList words = argument.split(QLatin1Char(' '));
-        const QString deed = words.takeFirst();
+        print(QString("Execute ") + argument);
+        QStringList words = argument.split(' ');
+        const QString action = words.takeFirst();
         for (const QString &word : qAsConst(words)) {
-            if (deed == QLatin1String("start"))
-                say(QString::number(QProcess::execute(word, {})));
-            if (deed != QLatin1String("raise"))
+            if (action == "start")
+                print(QString::number(QProcess::execute(word, {})));
+            if (action != "raise")
                 continue;
             std::raise(word.toInt());
-            say(QStringLiteral("raised ") + word);
+            print(QString("raised ") + word);
         }
         return resultOfItsOwn;
     }
@@ -63,7 +63,7 @@ class ProbeModule : public vela_OdRxModule, public CFxEditorReactor, public CFxD
 public:
     void initApp() override
     {
-        say(QStringLiteral("initApp"));
+        print("initApp");
         OdEdCommandStack *stack = odedRegCmds();
         stack->addCommand(&m_command);
         stack->release();
@@ -73,19 +73,18 @@ public:
         GetFxSystemServices()->GetDocumentManager()->AddReactor(this);
     }
 
-    void uninitApp() override { say(QStringLiteral("uninitApp")); }
+    void uninitApp() override { print("uninitApp"); }
 
     void mainFrameCreated(QWidget *mainFrame) override
     {
-        say(mainFrame->isVisible() ? QStringLiteral("mainFrameCreated visible")
-                                   : QStringLiteral("mainFrameCreated hidden"));
+        print(mainFrame->isVisible() ? "mainFrameCreated visible" : "mainFrameCreated hidden");
     }
 
     void mainFrameDestroyed(QWidget *mainFrame) override
     {
         const bool alive = mainFrame && mainFrame->findChild<QMenuBar *>() &&
                            GetFxSystemServices()->GetMainFrame()->GetMainWindow() == mainFrame;
-        say(alive ? QStringLiteral("mainFrameDestroyed alive") : QStringLiteral("mainFrameDestroyed gone"));
+        print(alive ? "mainFrameDestroyed alive" : "mainFrameDestroyed deleted");
         OdEdCommandStack *stack = odedRegCmds();
         stack->removeCommand(&m_command);
         stack->release();
@@ -95,8 +94,8 @@ public:
         GetFxSystemServices()->GetDocumentManager()->RemoveReactor(this);
     }
 
-    void DocumentCreated(CFxDocument *) override { say(QStringLiteral("DocumentCreated")); }
-    void DocumentDestroyed(const CFxString &) override { say(QStringLiteral("DocumentDestroyed")); }
+    void DocumentCreated(CFxDocument *) override { print("DocumentCreated"); }
+    void DocumentDestroyed(const CFxString &) override { print("DocumentDestroyed"); }
 
 private:
     OdStaticRxObject<ProbeCommand> m_command;

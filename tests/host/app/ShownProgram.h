@@ -17,15 +17,15 @@
 #include <QMdiSubWindow>
 #include <QTemporaryDir>
 
-//! The program as main() builds it, without a module and a new drawing.
+//! The program as main() creates it, without a module and a new drawing.
 struct ShownProgram
 {
     QTemporaryDir dir;
-    fxhost::FxHost host{dir.filePath(QStringLiteral("profile")), QString()};
-    //! Empty when the shipped menus can be used.
+    fxhost::FxHost host{dir.filePath("profile"), QString()};
+    //! Empty when the shipped menus were loaded.
     QString menuProblem = host.customization().load(menus()).reason();
     fxhost::MainWindow window{host};
-    bool active = false; //!< whether the window is; a test of the keyboard focus counts on it
+    bool active = false; //!< whether the window is; needed by tests of the focus
 
     ShownProgram()
     {
@@ -36,7 +36,7 @@ struct ShownProgram
 
     static QByteArray menus()
     {
-        QFile file(QStringLiteral(":/customization.json"));
+        QFile file(":/customization.json");
         file.open(QIODevice::ReadOnly);
         return file.readAll();
     }
@@ -46,9 +46,8 @@ struct ShownProgram
         return testbytes::writeFile(dir.filePath(name), testbytes::DrawingBytes().bytes());
     }
 
-    //! A new drawing's.
+    //! The window of a new drawing.
     QMdiSubWindow *newWindow() { return window.drawingArea().windowOf(host.documents().newDocument()); }
-    //! Of the open drawings.
     QStringList openPaths()
     {
         QStringList paths;
@@ -57,7 +56,7 @@ struct ShownProgram
         return paths;
     }
 
-    QLineEdit *input() const { return window.findChild<QLineEdit *>(QStringLiteral("commandInput")); }
+    QLineEdit *input() const { return window.findChild<QLineEdit *>("commandInput"); }
     QString history() const { return window.commandLine().historyText(); }
     //! Types line into the command line and presses Enter.
     void enter(const QString &line) const

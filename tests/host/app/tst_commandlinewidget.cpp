@@ -6,13 +6,11 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollBar>
-#include <QSignalSpy>
 
 using fxhost::CommandLineWidget;
 
 namespace {
 
-//! A command line on screen, and hands on it.
 class ShownCommandLine : public CommandLineWidget
 {
 public:
@@ -23,8 +21,8 @@ public:
             qFatal("the command line does not appear");
     }
 
-    QLineEdit *input() const { return findChild<QLineEdit *>(QStringLiteral("commandInput")); }
-    QPlainTextEdit *history() const { return findChild<QPlainTextEdit *>(QStringLiteral("commandHistory")); }
+    QLineEdit *input() const { return findChild<QLineEdit *>("commandInput"); }
+    QPlainTextEdit *history() const { return findChild<QPlainTextEdit *>("commandHistory"); }
     QString typed() const { return input()->text(); }
     void press(Qt::Key key) const { QTest::keyClick(input(), key); }
     void enter(const QString &line) const
@@ -36,19 +34,18 @@ public:
 
 } // namespace
 
-//! What a person sees of and does with the command line.
 class tst_CommandLineWidget : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void enterHandsTheLineOnWithoutOuterBlanks()
+    void enterEmitsTheTrimmedLine()
     {
         ShownCommandLine line;
         const QSignalSpy lines(&line, &CommandLineWidget::lineEntered);
-        line.enter(QStringLiteral("   ")); // runs nothing
-        QCOMPARE(line.historyText(), QStringLiteral("Command: "));
-        line.enter(QStringLiteral("  _OPEN  /a b.dwg  "));
+        line.enter("   "); // runs nothing
+        QCOMPARE(line.historyText(), "Command: ");
+        line.enter("  _OPEN  /a b.dwg  ");
         QCOMPARE(lines, QList<QVariantList>{{QStringLiteral("_OPEN  /a b.dwg")}});
         QCOMPARE(line.typed(), QString());
     }
@@ -56,13 +53,13 @@ private slots:
     void selectedHistoryIsNotDragged()
     {
         ShownCommandLine line;
-        line.showMessage(QStringLiteral("a long message that somebody selects"));
+        line.showMessage("a long message to select");
         QWidget *text = line.history()->viewport();
         const QPoint place(10, 10);
         line.history()->selectAll();
-        QTest::mousePress(text, Qt::RightButton, Qt::NoModifier, place); // for a menu that copies it
+        QTest::mousePress(text, Qt::RightButton, Qt::NoModifier, place); // for its context menu
         QVERIFY(line.history()->textCursor().hasSelection());
-        QTest::mousePress(text, Qt::LeftButton, Qt::ShiftModifier, place); // for more, or less
+        QTest::mousePress(text, Qt::LeftButton, Qt::ShiftModifier, place); // changes the selection
         QVERIFY(line.history()->textCursor().hasSelection());
         QTest::mousePress(text, Qt::LeftButton, Qt::NoModifier, place);
         QVERIFY(!line.history()->textCursor().hasSelection());
@@ -72,54 +69,54 @@ private slots:
     void theHistoryShowsCommandsAndMessagesInOrder()
     {
         ShownCommandLine line;
-        line.echo(QStringLiteral("_RECENTLIMIT"));
-        line.showMessage(QStringLiteral("10\n<b>/tmp/a&amp;b.dwg</b>")); // which is no markup
-        const QString text = QStringLiteral("Command: _RECENTLIMIT\n10\n<b>/tmp/a&amp;b.dwg</b>");
+        line.echo("_RECENTLIMIT");
+        line.showMessage("10\n<b>/tmp/a&amp;b.dwg</b>"); // is not markup
+        const QString text = "Command: _RECENTLIMIT\n10\n<b>/tmp/a&amp;b.dwg</b>";
         QCOMPARE(line.historyText(), text);
         line.history()->setFocus();
-        QTest::keyClicks(line.history(), QStringLiteral("x")); // changes nothing there
+        QTest::keyClicks(line.history(), "x"); // the history is read-only
         QCOMPARE(line.historyText(), text);
     }
 
-    void upAndDownBringBackWhatWasEntered()
+    void upAndDownRecallEnteredLines()
     {
         ShownCommandLine line;
-        for (const char *entered : {"first", "again", "again"}) // a repeated line is recalled once
+        for (const char *entered : {"first", "again", "again"}) // a repeated line is stored once
             line.enter(QLatin1String(entered));
-        QTest::keyClicks(line.input(), QStringLiteral("half a li"));
+        QTest::keyClicks(line.input(), "half a li");
         QStringList seen;
         for (const Qt::Key key :
              {Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down}) {
             line.press(key);
             seen.append(line.typed());
         }
-        // There is nothing older than the first line, and nothing newer than the one that was being typed.
+        // No line is older than the first one, and none newer than the unfinished one.
         QCOMPARE(seen, QStringList({"again", "first", "first", "again", "half a li", "half a li"}));
     }
 
-    void theOldestOfManyLinesIsForgotten()
+    void theOldestOfManyLinesIsDropped()
     {
         ShownCommandLine line;
         constexpr int moreThanAreKept = 500;
         for (int i = 0; i < moreThanAreKept; ++i)
-            line.enter(QStringLiteral("line %1").arg(i));
+            line.enter(QString("line %1").arg(i));
         QString oldest;
         do {
             oldest = line.typed();
             line.press(Qt::Key_Up);
         } while (line.typed() != oldest);
-        QVERIFY2(oldest != QLatin1String("line 0"), qPrintable(oldest));
-        QVERIFY2(oldest.startsWith(QLatin1String("line ")), qPrintable(oldest));
+        QVERIFY2(oldest != "line 0", qPrintable(oldest));
+        QVERIFY2(oldest.startsWith("line "), qPrintable(oldest));
         QTest::keyClick(line.input(), Qt::Key_Escape);
         line.press(Qt::Key_Up);
-        QCOMPARE(line.typed(), QStringLiteral("line %1").arg(moreThanAreKept - 1));
+        QCOMPARE(line.typed(), QString("line %1").arg(moreThanAreKept - 1));
     }
 
-    void escapeClearsFirstAndCancelsThen()
+    void escapeClearsTheInputThenCancels()
     {
         ShownCommandLine line;
         const QSignalSpy cancels(&line, &CommandLineWidget::cancelRequested);
-        QTest::keyClicks(line.input(), QStringLiteral("_QU"));
+        QTest::keyClicks(line.input(), "_QU");
         line.press(Qt::Key_Escape);
         QCOMPARE(line.typed(), QString());
         QCOMPARE(cancels.count(), 0);
@@ -127,12 +124,12 @@ private slots:
         QCOMPARE(cancels.count(), 1);
     }
 
-    void theHistoryFollowsItsEndUnlessSomebodyReadsFurtherUp()
+    void theHistoryScrollsToItsEndUnlessTheUserScrollsUp()
     {
         ShownCommandLine line;
         constexpr int moreThanFit = 100;
         for (int i = 0; i < moreThanFit; ++i)
-            line.showMessage(QStringLiteral("line %1").arg(i));
+            line.showMessage(QString("line %1").arg(i));
         QScrollBar *bar = line.history()->verticalScrollBar();
         QVERIFY(bar->maximum() > 0);
         QCOMPARE(bar->value(), bar->maximum());
@@ -140,10 +137,10 @@ private slots:
         line.press(Qt::Key_PageUp);
         const int place = bar->value();
         QVERIFY(place < bar->maximum());
-        line.showMessage(QStringLiteral("one more"));
+        line.showMessage("one more");
         QCOMPARE(bar->value(), place);
 
-        line.enter(QStringLiteral("x"));
+        line.enter("x");
         QCOMPARE(bar->value(), bar->maximum());
     }
 
@@ -154,22 +151,21 @@ private slots:
         for (int i = 0; i < 4; ++i)
             line.showMessage(QString::number(i));
         QTRY_COMPARE(line.history()->verticalScrollBar()->maximum(), 0);
-        line.showMessage(QStringLiteral("one more"));
+        line.showMessage("one more");
         QTRY_COMPARE(line.history()->verticalScrollBar()->maximum(), 1);
     }
 
-    void aKeyFromElsewhereIsTypedIntoTheInput()
+    void aForwardedKeyIsTypedIntoTheInput()
     {
         ShownCommandLine line;
         line.history()->setFocus();
         QVERIFY(!line.hasInputFocus());
-        QKeyEvent key(QEvent::KeyPress, Qt::Key_N, Qt::NoModifier, QStringLiteral("n"));
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_N, Qt::NoModifier, "n");
         line.typeKey(&key);
-        QCOMPARE(line.typed(), QStringLiteral("n"));
+        QCOMPARE(line.typed(), "n");
         QVERIFY(line.hasInputFocus());
     }
 };
 
 TEST_CLASS(tst_CommandLineWidget);
-
 #include "tst_commandlinewidget.moc"

@@ -3,22 +3,19 @@
 #include "tests/support/bytes/BytesOfSpecialFiles.h"
 #include "tests/support/process/ProgramHome.h"
 
-#include <QDir>
-#include <QFile>
 #include <QImage>
 
 #include <csignal>
 
-//! The real program, started as a process without a display.
 class tst_fxhost_program : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void theLogTellsInOrderWhatWasDone()
+    void theLogListsActionsInOrder()
     {
         const ProgramHome home;
-        const QString drawing = home.drawing(QStringLiteral("a plan.dwg"));
+        const QString drawing = home.drawing("a plan.dwg");
         const ProgramRun run =
             home.run({"# a comment", "", "_NEW", "  open   " + drawing + "  ", "_RECENTLIMIT 5", "_HELP 3087",
                       "_CLOSE", "_DELAY 1", "_NOSUCH thing", "^C^C_NEW", "^C", "_QUIT", "_NEW"});
@@ -28,11 +25,11 @@ private slots:
                               "command _RECENTLIMIT 5100", "help 3087", "command _HELP 5100",
                               "command _CLOSE 5100", "command _DELAY 5100", "command _NOSUCH unknown",
                               "command _NEW 5100", "command _QUIT 5100"}));
-        QVERIFY2(run.errors.contains(QStringLiteral("_NOSUCH")), qPrintable(run.errors));
-        QCOMPARE(home.filesInHome(), QStringList()); // all is in the profile
+        QVERIFY2(run.errors.contains("_NOSUCH"), qPrintable(run.errors));
+        QCOMPARE(home.filesInHome(), QStringList()); // all files are in the profile
     }
 
-    void aNewDrawingIsThereFromTheStart()
+    void aNewDrawingIsCreatedAtTheStart()
     {
         const ProgramHome home;
         QCOMPARE(home.run({"_CLOSE", "_CLOSE", "_QUIT"}).log,
@@ -44,9 +41,9 @@ private slots:
     void drawingsAreOpenedInTheirOrderBeforeTheScript()
     {
         const ProgramHome home;
-        const QString one = home.drawing(QStringLiteral("one.dwg"));
-        const QString two = home.drawing(QStringLiteral("two.dwg"));
-        const QString missing = home.path(QStringLiteral("missing.dwg"));
+        const QString one = home.drawing("one.dwg");
+        const QString two = home.drawing("two.dwg");
+        const QString missing = home.path("missing.dwg");
         const ProgramRun run = home.run({"_QUIT"}, {"--no-module", "one.dwg", "missing.dwg", two});
         QCOMPARE(run.exitCode, 0);
         QCOMPARE(run.log, QStringList({"open " + one + " ok", "open " + missing + " failed",
@@ -54,7 +51,7 @@ private slots:
         QVERIFY2(run.errors.contains(missing), qPrintable(run.errors));
     }
 
-    void whatIsNoDrawingIsRefusedWithItsReason_data()
+    void aFileThatIsNotADrawingIsRefusedWithTheReason_data()
     {
         QTest::addColumn<SpecialFile>("kind");
         QTest::addColumn<QString>("reason");
@@ -66,7 +63,7 @@ private slots:
         QTest::newRow("below a file") << SpecialFile::BelowAFile << "does not exist";
     }
 
-    void whatIsNoDrawingIsRefusedWithItsReason()
+    void aFileThatIsNotADrawingIsRefusedWithTheReason()
     {
         QFETCH(SpecialFile, kind);
         QFETCH(QString, reason);
@@ -74,18 +71,18 @@ private slots:
         refuses(ProgramHome(), files.path(kind), reason);
     }
 
-    void aTextIsNoDrawing()
+    void aTextIsNotADrawing()
     {
         const ProgramHome home;
-        const QString text = home.write(QStringLiteral("text.dwg"), "version https://example.org/pointer\n");
-        refuses(home, text, QStringLiteral("drawing"));
+        const QString text = home.write("text.dwg", "version https://example.org/pointer\n");
+        refuses(home, text, "drawing");
     }
 
     void listAndLimitOutliveTheProgram()
     {
         const ProgramHome home;
-        const QString a = home.drawing(QStringLiteral("a.dwg"));
-        const QString b = home.drawing(QStringLiteral("b%20ü.dwg"));
+        const QString a = home.drawing("a.dwg");
+        const QString b = home.drawing("b%20ü.dwg");
         QCOMPARE(home.run({"_OPEN " + a, "_OPEN " + b, "_QUIT"}).exitCode, 0);
         const QStringList first = home.recent();
         QCOMPARE(first.size(), 2);
@@ -98,10 +95,10 @@ private slots:
         QCOMPARE(home.recent(), QStringList({"/3", "/2"}));
     }
 
-    void aDamagedRecentListIsSetAsideAndSaidSo()
+    void aDamagedRecentListIsRenamedAndReported()
     {
         const ProgramHome home;
-        const QByteArray damage("\0\1 no list at all", 18);
+        const QByteArray damage("\0\1 not a list", 13);
         home.write(home.recentFile(), damage);
         const ProgramRun run = home.run({"_RECENTADD /1", "_QUIT"});
         QCOMPARE(run.exitCode, 0);
@@ -115,34 +112,33 @@ private slots:
         QCOMPARE(aside.readAll(), damage);
     }
 
-    void damagedSettingsDoNotKeepItFromStarting()
+    void theProgramStartsWithDamagedSettings()
     {
         const ProgramHome home;
-        home.write(QStringLiteral("profile/settings.ini"),
+        home.write("profile/settings.ini",
                    QByteArray("\0\xff[[[window]\ngeometry=@ByteArray(\x01\nrecent/maximum=-7\n", 54));
         QCOMPARE(home.run({"_NEW", "_QUIT"}).log, QStringList({"command _NEW 5100", "command _QUIT 5100"}));
     }
 
-    void withoutAProfileTheDesktopsPlaceIsTaken()
+    void theDefaultProfileIsInTheConfigurationFolder()
     {
         const ProgramHome home;
-        const QString script = home.write(QStringLiteral("quit.txt"), "_RECENTADD /1\n_QUIT");
+        const QString script = home.write("quit.txt", "_RECENTADD /1\n_QUIT");
         QCOMPARE(home.runBare({"--no-module", "--script", script}).exitCode, 0);
-        QCOMPARE(linesOf(home.path(QStringLiteral("home/.config/fxhost/recent.txt"))).mid(1),
-                 QStringList("/1"));
+        QCOMPARE(linesOf(home.path("home/.config/fxhost/recent.txt")).mid(1), QStringList("/1"));
     }
 
-    void theBrowserGoesAndComesWhileTheProgramRuns()
+    void theBrowserCanBeUnloadedAndLoadedAtRunTime()
     {
         const ProgramHome home;
-        const QString drawing = home.drawing(QStringLiteral("a.dwg"));
-        const QString module = QStringLiteral(BROWSER_MODULE);
+        const QString drawing = home.drawing("a.dwg");
+        const QString module = BROWSER_MODULE;
         const ProgramRun run = home.run({"_MODULELOAD " + module, "_OPEN " + drawing, "_RECENT",
                                          "_MODULEUNLOAD RecentDocumentBrowser", "_RECENT",
                                          "_MODULELOAD " + module, "_RECENT", "_QUIT"});
         QCOMPARE(run.exitCode, 0);
-        const QString loaded = QStringLiteral("module %1 loaded").arg(module);
-        const QString unloaded = QStringLiteral("module %1 unloaded").arg(module);
+        const QString loaded = QString("module %1 loaded").arg(module);
+        const QString unloaded = QString("module %1 unloaded").arg(module);
         QCOMPARE(run.log, QStringList({loaded, "command _MODULELOAD 5100", "open " + drawing + " ok",
                                        "command _OPEN 5100", "command _RECENT 5100", unloaded,
                                        "command _MODULEUNLOAD 5100", "command _RECENT unknown", loaded,
@@ -150,10 +146,10 @@ private slots:
                                        "command _QUIT 5100", unloaded}));
     }
 
-    void aMissingModuleIsNamedAndTheProgramGoesOn()
+    void aMissingModuleIsReportedAndTheProgramContinues()
     {
         const ProgramHome home;
-        const QString module = home.path(QStringLiteral("not there.so"));
+        const QString module = home.path("missing.so");
         const ProgramRun run = home.run({"_NEW", "_QUIT"}, {"--module", module});
         QCOMPARE(run.exitCode, 0);
         QVERIFY2(run.errors.contains(module), qPrintable(run.errors));
@@ -161,19 +157,19 @@ private slots:
                  QStringList({"module " + module + " failed", "command _NEW 5100", "command _QUIT 5100"}));
     }
 
-    void aModuleRunsItsCommandAndLeavesAtTheEnd()
+    void aModuleRunsItsCommandAndIsUnloadedAtTheEnd()
     {
         const ProgramHome home;
-        const QString module = QStringLiteral(PROBE_MODULE);
+        const QString module = PROBE_MODULE;
         const ProgramRun run =
             home.run({"_PROBE  two  words ", "_PROBE start fxshow", "_QUIT"}, {"--module", module});
         QCOMPARE(run.exitCode, 0);
         QCOMPARE(run.log,
                  QStringList({"module " + module + " loaded", "command _PROBE 4711", "command _PROBE 4711",
                               "command _QUIT 5100", "module " + module + " unloaded"}));
-        // What the module itself saw, from its first call to its last. It finds the programs beside the host;
-        // one that cannot be found ends with -2, and this one misses its argument.
-        QCOMPARE(run.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts),
+        // The calls that the module received. It finds the programs beside the host: fxshow without its
+        // argument returns 2, a program that is not found -2.
+        QCOMPARE(run.output.split('\n', Qt::SkipEmptyParts),
                  QStringList({"initApp", "mainFrameCreated visible", "DocumentCreated", "Execute two  words",
                               "Execute start fxshow", "2", "DocumentDestroyed", "mainFrameDestroyed alive",
                               "uninitApp", "unloaded"}));
@@ -190,58 +186,57 @@ private slots:
     void aSignalEndsItAsQuitDoes()
     {
         QFETCH(int, signal);
-        std::signal(signal, SIG_DFL); // what is ignored here would be ignored there
+        std::signal(signal, SIG_DFL); // the program inherits ignored signals
         const ProgramHome home;
-        const QString module = QStringLiteral(PROBE_MODULE);
+        const QString module = PROBE_MODULE;
         const ProgramRun run =
-            home.run({QStringLiteral("_PROBE raise %1").arg(signal), "_DELAY 3600000"}, {"--module", module});
+            home.run({QString("_PROBE raise %1").arg(signal), "_DELAY 3600000"}, {"--module", module});
         QCOMPARE(run.exitCode, 0);
         QCOMPARE(run.log.constLast(), "module " + module + " unloaded");
-        QVERIFY(
-            linesOf(home.profile() + QStringLiteral("/settings.ini")).contains(QStringLiteral("[window]")));
+        QVERIFY(linesOf(home.profile() + "/settings.ini").contains("[window]"));
 
         const ProgramRun other =
-            home.run({QStringLiteral("_PROBE raise %1 %2").arg(signal).arg(SIGTERM)}, {"--module", module});
-        QCOMPARE(other.exitCode, -1); // the second one does not wait
-        QVERIFY2(other.output.endsWith(QStringLiteral("\nraised %1\n").arg(signal)),
-                 qPrintable(other.output));
+            home.run({QString("_PROBE raise %1 %2").arg(signal).arg(SIGTERM)}, {"--module", module});
+        QCOMPARE(other.exitCode, -1); // the second signal ends it at once
+        QVERIFY2(other.output.endsWith(QString("\nraised %1\n").arg(signal)), qPrintable(other.output));
     }
 
     void aScreenshotIsAPngOfTheWholeWindow()
     {
         const ProgramHome home;
-        const QString picture = home.path(QStringLiteral("picture of it"));
+        const QString picture = home.path("picture of it");
         const ProgramRun run = home.run({"_SCREENSHOT '" + picture + "'", "_QUIT"},
                                         {"--no-module", "--geometry", "640x480+5+5"});
         QCOMPARE(run.log, QStringList({"command _SCREENSHOT 5100", "command _QUIT 5100"}));
         const QImage image(picture, "PNG");
         QCOMPARE(image.size(), QSize(640, 480));
-        QVERIFY(image.convertToFormat(QImage::Format_Indexed8).colorCount() > 2); // it shows something
+        QVERIFY(image.convertToFormat(QImage::Format_Indexed8).colorCount() > 2); // it is not blank
     }
 
-    void aScreenshotThatCannotBeWrittenSaysWhy()
+    void aScreenshotThatCannotBeWrittenIsReported()
     {
         const ProgramRun run =
             ProgramHome().run({"_SCREENSHOT ", "_SCREENSHOT /no/such/dir/x.png", "_SCREENSHOT /", "_QUIT"});
-        const QString failed = QStringLiteral("command _SCREENSHOT 5102");
+        const QString failed = "command _SCREENSHOT 5102";
         QCOMPARE(run.log, QStringList({failed, failed, failed, "command _QUIT 5100"}));
-        for (const char *said : {"needs the name", "/no/such/dir/x.png", "The picture / "})
-            QVERIFY2(run.errors.contains(QLatin1String(said)), qPrintable(run.errors));
+        for (const char *message : {"needs the name", "/no/such/dir/x.png", "The picture / "})
+            QVERIFY2(run.errors.contains(QLatin1String(message)), qPrintable(run.errors));
     }
 
-    void wrongUseEndsWithCodeTwoAndAReason_data()
+    void wrongUseEndsWithCodeTwoAndTheReason_data()
     {
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QString>("reason");
         QTest::newRow("an unknown option") << QStringList{"--colour"} << "colour";
         QTest::newRow("a wrong geometry") << QStringList{"--geometry", "big"} << "\"big\"";
-        QTest::newRow("a script that is not there") << QStringList{"--script", "no.scr"} << "no.scr";
+        QTest::newRow("a missing script") << QStringList{"--script", "no.scr"} << "no.scr";
         QTest::newRow("a script that is a directory") << QStringList{"--script", "/"} << "the script /";
-        QTest::newRow("a log that cannot be") << QStringList{"--log", "/no/such/log"} << "/no/such/log";
+        QTest::newRow("a log that cannot be written")
+            << QStringList{"--log", "/no/such/log"} << "/no/such/log";
         QTest::newRow("a profile that is a file") << QStringList{"--profile", "/dev/null"} << "/dev/null";
     }
 
-    void wrongUseEndsWithCodeTwoAndAReason()
+    void wrongUseEndsWithCodeTwoAndTheReason()
     {
         QFETCH(QStringList, arguments);
         QFETCH(QString, reason);
@@ -253,14 +248,14 @@ private slots:
 
     void helpAndVersionNeedNoDisplay()
     {
-        const ProgramHome home(QStringLiteral("none"));
+        const ProgramHome home("none");
         const ProgramRun help = home.runBare({"--help"});
         QCOMPARE(help.exitCode, 0);
-        QVERIFY2(help.output.contains(QStringLiteral("--no-document")), qPrintable(help.output));
+        QVERIFY2(help.output.contains("--no-document"), qPrintable(help.output));
         QCOMPARE(help.errors, QString());
         const ProgramRun version = home.runBare({"--version"});
         QCOMPARE(version.exitCode, 0);
-        QVERIFY2(version.output.startsWith(QStringLiteral("fxhost ")), qPrintable(version.output));
+        QVERIFY2(version.output.startsWith("fxhost "), qPrintable(version.output));
         QCOMPARE(home.filesInHome(), QStringList());
     }
 
@@ -279,5 +274,4 @@ private:
 };
 
 CORE_TEST_CLASS(tst_fxhost_program);
-
 #include "tst_fxhost_program.moc"

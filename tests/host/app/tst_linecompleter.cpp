@@ -8,17 +8,14 @@
 #include "tests/support/bytes/BytesOfSpecialFiles.h"
 #include "tests/support/real/RealHost.h"
 
-#include <QDir>
-
 using namespace fxhost;
 
-//! What the Tab key makes of a line.
 class tst_LineCompleter : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    //! The home folder, and the working directory, has something of each kind.
+    //! The home folder, which is the working directory, has a file of each kind.
     void initTestCase()
     {
         keepBytesOfPaths();
@@ -32,8 +29,8 @@ private slots:
             QFile file(home.filePath(pathFromBytes(name)));
             QVERIFY(file.open(QIODevice::WriteOnly));
         }
-        QVERIFY(QFile::link(home.filePath(QStringLiteral("sub")), home.filePath(QStringLiteral("link"))));
-        QVERIFY(QFile::link(QStringLiteral("nowhere"), home.filePath(QStringLiteral("lost"))));
+        QVERIFY(QFile::link(home.filePath("sub"), home.filePath("link")));
+        QVERIFY(QFile::link("nowhere", home.filePath("lost")));
     }
 
     void lineIsCompleted_data()
@@ -50,16 +47,16 @@ private slots:
         row("without the underscore", "  dela", "  DELAY ", {"DELAY"});
         row("several", "_RECENT", "_RECENT", {"_RECENTADD", "_RECENTLIMIT"});
         row("none", "_NOSUCH", "_NOSUCH", {});
-        row("what is not a path", "_HELP ro", "_HELP ro", {});
+        row("an argument that is not a path", "_HELP ro", "_HELP ro", {});
         row("a file", "_OPEN ro", "_OPEN roof.dwg", {"roof.dwg"});
-        row("after any command that takes one", "screenshot  ro", "screenshot  roof.dwg", {"roof.dwg"});
+        row("after any command that takes a file", "screenshot  ro", "screenshot  roof.dwg", {"roof.dwg"});
         row("several files", "_OPEN p", "_OPEN \"plan ", plans);
         row("a file in quotes", "_OPEN \"plan a", "_OPEN \"plan a.dwg\"", {"plan a.dwg"});
-        row("a file in other quotes", "_OPEN 'ro", "_OPEN 'roof.dwg'", {"roof.dwg"});
+        row("a file in single quotes", "_OPEN 'ro", "_OPEN 'roof.dwg'", {"roof.dwg"});
         row("a blank without quotes", "_OPEN plan b", "_OPEN \"plan b.dwg\"", {"plan b.dwg"});
         row("a folder", "_OPEN s", "_OPEN sub/", {"sub/"});
         row("a folder with a blank", "_OPEN t", "_OPEN \"two words/", {"two words/"});
-        row("below it", "_OPEN \"two words/", "_OPEN \"two words/deep.dwg\"", {"deep.dwg"});
+        row("below that folder", "_OPEN \"two words/", "_OPEN \"two words/deep.dwg\"", {"deep.dwg"});
         row("a link to a folder", "_OPEN li", "_OPEN link/", {"link/"});
         row("a link to nothing", "_OPEN lo", "_OPEN lost", {"lost"});
         row("below the home folder", "_OPEN ~/su", "_OPEN ~/sub/", {"sub/"});
@@ -67,8 +64,8 @@ private slots:
             {"inner.dwg"});
         row("a hidden file", "_OPEN .h", "_OPEN .hidden.dwg", {".hidden.dwg"});
         const QString bytes = pathFromBytes("gr\xfcn.dwg");
-        row("a name that is no UTF-8", "_OPEN g", "_OPEN " + bytes, {bytes});
-        row("in no folder", "_OPEN /no/such/", "_OPEN /no/such/", {});
+        row("a name that is not UTF-8", "_OPEN g", "_OPEN " + bytes, {bytes});
+        row("in a missing folder", "_OPEN /no/such/", "_OPEN /no/such/", {});
     }
 
     void lineIsCompleted()
@@ -76,35 +73,35 @@ private slots:
         QFETCH(QString, line);
         RealHost running;
         CommandSet set(running.host.commandStack());
-        set.add(QStringLiteral("SCREENSHOT"), [](const CFxCommandContext &) { return 0; });
+        set.add("SCREENSHOT", [](const CFxCommandContext &) { return 0; });
         const Completion completion = LineCompleter(running.host).complete(line);
         QTEST(completion.line, "completed");
         QTEST(completion.candidates, "candidates");
         QCOMPARE(running.messages, QStringList());
     }
 
-    void folderThatDoesNotAnswerHoldsUpNobody_data() { addStuckFolderRows(); }
+    void unresponsiveFolderDoesNotBlock_data() { addStuckFolderRows(); }
 
-    void folderThatDoesNotAnswerHoldsUpNobody()
+    void unresponsiveFolderDoesNotBlock()
     {
         STUCK_FOLDER_OR_SKIP(folder);
-        const QString path = folder.makeFile(QStringLiteral("a.dwg"), "AC1015");
-        const QString line = QStringLiteral("_OPEN ") + QFileInfo(path).path();
-        const QString link = m_home.filePath(QStringLiteral("xlink"));
+        const QString path = folder.makeFile("a.dwg", "AC1015");
+        const QString line = QString("_OPEN ") + QFileInfo(path).path();
+        const QString link = m_home.filePath("xlink");
         QVERIFY(QFile::link(QFileInfo(path).path(), link));
         RealHost running;
         const LineCompleter completer(running.host);
-        QCOMPARE(completer.complete(line + QStringLiteral("/")).line, line + QStringLiteral("/a.dwg"));
+        QCOMPARE(completer.complete(line + "/").line, line + "/a.dwg");
 
         const Alarm alarm;
         folder.stopAnswering();
-        QCOMPARE(completer.complete(line + QStringLiteral("/")).line, line + QStringLiteral("/"));
+        QCOMPARE(completer.complete(line + "/").line, line + "/");
         QCOMPARE(running.messages.size(), 1);
         QVERIFY2(running.messages.first().contains(QFileInfo(path).path()),
                  qPrintable(running.messages.first()));
-        // In a folder that answers, a link that leads there is not followed. Only a mount is seen through it.
+        // A link from a responsive folder is not followed. Only a mount is recognised through it.
         if (kind == BytesInStuckFolder::Kind::Mount)
-            QCOMPARE(completer.complete(QStringLiteral("_OPEN x")).line, QStringLiteral("_OPEN xlink"));
+            QCOMPARE(completer.complete("_OPEN x").line, "_OPEN xlink");
         folder.answerAgain();
         QVERIFY(QFile::remove(link));
     }

@@ -13,9 +13,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
-#include <QSignalSpy>
 #include <QStyle>
-#include <QTimer>
 
 using namespace fxhost;
 
@@ -31,7 +29,7 @@ QStringList textsOf(const QList<QAction *> &actions)
 
 } // namespace
 
-//! The main window with the menus and keys that the program ships, in the test's own process.
+//! The main window with the shipped menus and keys, in the test's process.
 class tst_MainWindow : public TestCase
 {
     Q_OBJECT
@@ -40,9 +38,9 @@ private slots:
     void theTitleNamesTheCurrentDrawing()
     {
         ShownProgram program;
-        QCoreApplication::setApplicationName(QStringLiteral("fxhost"));
-        const QString a = program.drawing(QStringLiteral("a.dwg"));
-        const QString b = program.drawing(QStringLiteral("b.dwg"));
+        QCoreApplication::setApplicationName("fxhost");
+        const QString a = program.drawing("a.dwg");
+        const QString b = program.drawing("b.dwg");
         const QPair<QString, QString> steps[] = {
             {"_OPEN " + a, "fxhost - [a.dwg]"}, {"_OPEN " + b, "fxhost - [b.dwg]"},
             {"_TILE", "fxhost - [b.dwg]"},      {"_NEXTWINDOW", "fxhost - [a.dwg]"},
@@ -58,13 +56,13 @@ private slots:
         const auto picture = [](Qt::LayoutDirection direction, const char *name) {
             QApplication::setLayoutDirection(direction);
             ShownProgram program;
-            program.enter(QStringLiteral("_OPEN ") + program.drawing(QStringLiteral("plan.dwg")));
+            program.enter(QString("_OPEN ") + program.drawing("plan.dwg"));
             auto *line = program.window.findChild<QLabel *>(QLatin1String(name));
-            const bool isAtTheBegin =
+            const bool isAtTheStart =
                 line->alignment().testFlag(direction == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft);
-            line->setText(QStringLiteral("/plans/1. (2).dwg"));
-            line->setAlignment(Qt::AlignLeft); // letters begin on a whole pixel there
-            return isAtTheBegin ? line->grab().toImage() : QImage();
+            line->setText("/plans/1. (2).dwg");
+            line->setAlignment(Qt::AlignLeft); // there letters begin on a whole pixel
+            return isAtTheStart ? line->grab().toImage() : QImage();
         };
         for (const char *name : {"path", "facts"}) {
             const QImage fromTheRight = picture(Qt::RightToLeft, name);
@@ -78,26 +76,11 @@ private slots:
         ShownProgram program;
         QVERIFY(program.newWindow()->isMaximized());
         QVERIFY(program.newWindow()->isMaximized());
-        program.enter(QStringLiteral("_CASCADE"));
+        program.enter("_CASCADE");
         QVERIFY(!program.newWindow()->isMaximized());
     }
 
-    void aClosedWindowClosesItsDrawing()
-    {
-        ShownProgram program;
-        DocumentManager &documents = program.host.documents();
-        Document *first = documents.newDocument();
-        Document *second = documents.newDocument();
-        program.window.drawingArea().windowOf(first)->close();
-        QCOMPARE(documents.documents(), std::vector<Document *>{second});
-        QCOMPARE(documents.current(), second);
-        program.window.drawingArea().windowOf(second)->close();
-        drainEvents();
-        QVERIFY(documents.documents().empty());
-        QVERIFY(program.window.drawingArea().subWindowList().isEmpty());
-    }
-
-    void theWindowThatAPersonTurnsToIsTheCurrentDrawing()
+    void windowsAreActivatedAndClosedWithTheirDrawings()
     {
         ShownProgram program;
         DocumentManager &documents = program.host.documents();
@@ -108,58 +91,66 @@ private slots:
         documents.setCurrent(second);
         QCOMPARE(program.window.drawingArea().activeSubWindow(),
                  program.window.drawingArea().windowOf(second));
+
+        program.window.drawingArea().windowOf(first)->close();
+        QCOMPARE(documents.documents(), std::vector<Document *>{second});
+        QCOMPARE(documents.current(), second);
+        program.window.drawingArea().windowOf(second)->close();
+        drainEvents();
+        QVERIFY(documents.documents().empty());
+        QVERIFY(program.window.drawingArea().subWindowList().isEmpty());
     }
 
-    void anOpenDrawingComesBackFromItsIcon()
+    void anOpenDrawingIsRestoredFromItsIcon()
     {
         ShownProgram program;
-        const QString path = program.drawing(QStringLiteral("a.dwg"));
-        program.enter(QStringLiteral("_OPEN ") + path);
+        const QString path = program.drawing("a.dwg");
+        program.enter(QString("_OPEN ") + path);
         QMdiSubWindow *window = program.window.drawingArea().windowOf(program.host.documents().current());
         program.host.documents().newDocument();
-        program.enter(QStringLiteral("_CASCADE"));
+        program.enter("_CASCADE");
         window->showMinimized();
-        program.enter(QStringLiteral("_OPEN ") + path);
+        program.enter(QString("_OPEN ") + path);
         QCOMPARE(program.window.drawingArea().activeSubWindow(), window);
         QVERIFY(!window->isMinimized());
         QCOMPARE(program.host.documents().documents().size(), 2U);
     }
 
-    void whatIsTypedAnywhereGoesToTheCommandLine()
+    void typedTextIsForwardedToTheCommandLine()
     {
         ShownProgram program;
         QMdiSubWindow *window = program.newWindow();
         window->setFocus();
-        QTest::keyClick(window, Qt::Key_Control, Qt::ControlModifier); // alone it is nothing typed
+        QTest::keyClick(window, Qt::Key_Control, Qt::ControlModifier); // types nothing
         QVERIFY(!program.window.commandLine().hasInputFocus());
         QTest::keyClick(window, 'q');
-        QCOMPARE(program.input()->text(), QStringLiteral("q"));
+        QCOMPARE(program.input()->text(), "q");
         QVERIFY(program.window.commandLine().hasInputFocus());
         window->setFocus();
         QTest::keyClick(window, Qt::Key_Escape);
         QCOMPARE(program.input()->text(), QString());
     }
 
-    void tabCompletesAndTurnsToNoDrawing()
+    void tabCompletesAndActivatesNoOtherDrawing()
     {
         ShownProgram program;
         const Document *last = program.host.documents().newDocument();
         program.host.documents().newDocument();
         program.host.documents().setCurrent(const_cast<Document *>(last));
-        QTest::keyClicks(program.input(), QStringLiteral("_recentl"));
+        QTest::keyClicks(program.input(), "_recentl");
         QTest::keyClick(program.input(), Qt::Key_Tab);
-        QCOMPARE(program.input()->text(), QStringLiteral("_RECENTLIMIT "));
-        program.input()->setText(QStringLiteral("_RE 5"));
+        QCOMPARE(program.input()->text(), "_RECENTLIMIT ");
+        program.input()->setText("_RE 5");
         program.input()->setCursorPosition(3);
         QTest::keyClick(program.input(), Qt::Key_Tab);
-        QCOMPARE(program.input()->text(), QStringLiteral("_RECENT 5")); // the rest of the line stays
-        QVERIFY(!program.history().contains(QStringLiteral("_RECENTADD")));
+        QCOMPARE(program.input()->text(), "_RECENT 5"); // the rest of the line is kept
+        QVERIFY(!program.history().contains("_RECENTADD"));
         QTest::keyClick(program.input(), Qt::Key_Tab);
-        QVERIFY(program.history().endsWith(QStringLiteral("_RECENTADD  _RECENTLIMIT")));
+        QVERIFY(program.history().endsWith("_RECENTADD  _RECENTLIMIT"));
         QCOMPARE(program.host.documents().current(), last);
     }
 
-    void theKeyboardLeavesTheCommandLineAndComesBack()
+    void theFocusMovesFromTheCommandLineAndBack()
     {
         ShownProgram program;
         program.host.documents().newDocument();
@@ -174,7 +165,7 @@ private slots:
         QCOMPARE(program.window.drawingArea().activeSubWindow(), window);
     }
 
-    void theFocusComesBackFromAPopup()
+    void theFocusReturnsFromAPopup()
     {
         ShownProgram program;
         QMdiSubWindow *window = program.newWindow();
@@ -184,7 +175,7 @@ private slots:
         popup.activateWindow();
         QVERIFY(waitForActive(&popup));
         popup.close();
-        program.window.activateWindow(); // as a window manager does, and no such thing is here
+        program.window.activateWindow(); // instead of a window manager
         QTRY_VERIFY(program.input()->hasFocus());
     }
 
@@ -195,13 +186,12 @@ private slots:
         for (const bool typed : {false, true}) {
             QTimer::singleShot(0, &program.window, [&program, typed] {
                 if (typed)
-                    program.enter(QStringLiteral("^C"));
+                    program.enter("^C");
                 else
                     QTest::keyClick(program.input(), Qt::Key_Escape);
             });
-            program.enter(QStringLiteral("_DELAY 600000")); // far longer than a test may take
-            QVERIFY2(program.history().endsWith(QStringLiteral("*Cancelled*")),
-                     qPrintable(program.history()));
+            program.enter("_DELAY 600000"); // far longer than a test may take
+            QVERIFY2(program.history().endsWith("*Cancelled*"), qPrintable(program.history()));
         }
         const QVariantList cancelled{QStringLiteral("_DELAY"), CFxCommand::cancelled};
         QCOMPARE(ended, QList<QVariantList>({cancelled, cancelled}));
@@ -213,39 +203,39 @@ private slots:
         const QSignalSpy ended(&program.host.commands(), &CommandRunner::commandEnded);
         QTimer::singleShot(0, &program.window, [&program] {
             QTimer::singleShot(0, &program.window, [&program] {
-                program.enter(QStringLiteral("_NEW")); // too late: its turn does not come
+                program.enter("_NEW"); // too late to run
                 program.window.close();
             });
-            program.enter(QStringLiteral("_DELAY 600000"));
+            program.enter("_DELAY 600000");
         });
         QCOMPARE(QCoreApplication::exec(), 0);
         QCOMPARE(ended.count(), 1);
         QVERIFY(!program.window.isVisible());
     }
 
-    void whatIsEnteredMeanwhileWaitsItsTurn()
+    void aLineEnteredDuringACommandRunsAfterIt()
     {
         ShownProgram program;
         const QSignalSpy ended(&program.host.commands(), &CommandRunner::commandEnded);
         QTimer::singleShot(0, &program.window, [&program] {
-            program.enter(QStringLiteral("_NEW"));
+            program.enter("_NEW");
             QVERIFY(program.host.documents().documents().empty());
         });
-        program.enter(QStringLiteral("_DELAY 50"));
+        program.enter("_DELAY 50");
         QCOMPARE(ended,
                  QList<QVariantList>({{QStringLiteral("_DELAY"), 5100}, {QStringLiteral("_NEW"), 5100}}));
     }
 
-    void theHistoryTellsWhatRanAndWhatFailed()
+    void theHistoryShowsCommandsAndFailures()
     {
         ShownProgram program;
-        program.enter(QStringLiteral("nosuch thing"));
-        program.enter(QStringLiteral("open /not/there.dwg"));
+        program.enter("nosuch thing");
+        program.enter("open /not/there.dwg");
         const QString history = program.history();
-        QVERIFY2(history.contains(QStringLiteral("nosuch")), qPrintable(history));
-        QVERIFY2(history.contains(QStringLiteral("\nCommand: _OPEN /not/there.dwg\n")), qPrintable(history));
-        QVERIFY2(history.contains(QStringLiteral("does not exist")), qPrintable(history));
-        QVERIFY(!QApplication::activeModalWidget()); // nothing that would hold up a script
+        QVERIFY2(history.contains("nosuch"), qPrintable(history));
+        QVERIFY2(history.contains("\nCommand: _OPEN /not/there.dwg\n"), qPrintable(history));
+        QVERIFY2(history.contains("does not exist"), qPrintable(history));
+        QVERIFY(!QApplication::activeModalWidget()); // it would block a script
     }
 
     void helpShowsThePageOfATopic()
@@ -263,7 +253,7 @@ private slots:
         }
     }
 
-    void theWindowCanBeMadeAsSmallAsItNeedsToBe()
+    void theWindowCanBeResizedToTheMinimum()
     {
         ShownProgram program;
         program.host.documents().newDocument();
@@ -271,24 +261,24 @@ private slots:
         QTRY_COMPARE(program.window.size(), QSize(400, 300));
     }
 
-    void thePlaceOfTheWindowIsKept_data()
+    void theGeometryOfTheWindowIsSaved_data()
     {
-        QTest::addColumn<QRect>("left");
+        QTest::addColumn<QRect>("geometry");
         QTest::addColumn<bool>("maximized");
-        QTest::addColumn<QRect>("found");
+        QTest::addColumn<QRect>("expected");
         const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
         const QRect room =
             screen.adjusted(0, QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight), 0, 0);
         const QRect place(30, 40, 555, 444);
         const QRect larger = room.adjusted(20, 10, 80, 60);
-        QTest::newRow("as it was") << place << false << place;
+        QTest::newRow("unchanged") << place << false << place;
         QTest::newRow("larger than the screen") << larger << false << room;
         QTest::newRow("maximised") << larger << true << room;
     }
 
-    void thePlaceOfTheWindowIsKept()
+    void theGeometryOfTheWindowIsSaved()
     {
-        QFETCH(QRect, left);
+        QFETCH(QRect, geometry);
         QFETCH(bool, maximized);
         const QTemporaryDir profile;
         {
@@ -296,7 +286,7 @@ private slots:
             MainWindow window(host);
             window.show();
             window.showNormal();
-            window.setGeometry(left);
+            window.setGeometry(geometry);
             if (maximized)
                 window.showMaximized();
             QTimer::singleShot(0, &window, &QWidget::close);
@@ -305,7 +295,7 @@ private slots:
         FxHost host(profile.path(), QString());
         const MainWindow window(host);
         QCOMPARE(window.isMaximized(), maximized);
-        QTEST(window.normalGeometry(), "found");
+        QTEST(window.normalGeometry(), "expected");
     }
 
     void theFirstStartTakesTheWholeScreen()
@@ -317,18 +307,19 @@ private slots:
         QCOMPARE(normal.boundedTo(screen), normal);
     }
 
-    void theStartUpMenusStandWhileNoDrawingIsOpen()
+    void theStartUpMenusAreShownWhileNoDrawingIsOpen()
     {
         const ShownProgram program;
         QCOMPARE(program.menuProblem, QString());
         QCOMPARE(textsOf(program.window.menuBar()->actions()), QStringList({"&File", "&Help"}));
-        program.enter(QStringLiteral("_NEW"));
+        program.enter("_NEW");
         QCOMPARE(textsOf(program.window.menuBar()->actions()), QStringList({"&File", "&Window", "&Help"}));
-        program.enter(QStringLiteral("_CLOSE"));
+        QVERIFY(program.window.findChild<QMenu *>("ID_RECENT_FILES_MENU"));
+        program.enter("_CLOSE");
         QCOMPARE(textsOf(program.window.menuBar()->actions()), QStringList({"&File", "&Help"}));
     }
 
-    void aModulesEntryAndKeyComeToLifeOnRefresh()
+    void aModulesEntryAndKeyWorkAfterRefresh()
     {
         for (const bool withDrawing : {false, true}) {
             ShownProgram program;
@@ -336,14 +327,14 @@ private slots:
             if (withDrawing)
                 program.host.documents().newDocument();
             const QSignalSpy started(&program.host.commands(), &CommandRunner::commandStarted);
-            QTest::keyClick(program.input(), Qt::Key_F4); // which waits for a module
+            QTest::keyClick(program.input(), Qt::Key_F4); // no effect without a module
             UIGroup *group = withDrawing ? customization.primaryGroup() : customization.startUpGroup();
             CFxUICommand *command = customization.CreateCommand(L"ID_RECENT_FILES");
             command->SetMacro(L"^C^C_NEW");
             group->AppendCommand(command);
             CFxUIMenuItem *menu = group->GetMenu(0);
             QVERIFY(menu->GetIdentifier() == CFxString(L"ID_MnFile"));
-            // Modules count from the end: the entry goes before the last but one, the separator of Exit.
+            // Modules count from the end: the entry is inserted before the separator of Exit.
             QVERIFY(
                 menu->InsertChild(menu->GetChildCount() - 2,
                                   customization.CreateMenuItem(command, L"Preview...", L"", L"PMI_PREVIEW")));
@@ -357,22 +348,7 @@ private slots:
             QTRY_COMPARE(started, (QList<QVariantList>{{QStringLiteral("_NEW"), QString()}}));
         }
     }
-
-    void theRecentFilesMenuFollowsTheList()
-    {
-        ShownProgram program;
-        const QString path = program.drawing(QStringLiteral("a & b.dwg"));
-        program.host.recentFiles().add(path);
-        auto *menu = program.window.findChild<QMenu *>(QStringLiteral("ID_RECENT_FILES_MENU"));
-        QVERIFY(menu);
-        emit menu->aboutToShow();
-        QCOMPARE(menu->actions().size(), 1);
-        menu->actions().constFirst()->trigger();
-        QTRY_VERIFY(program.host.documents().current());
-        QCOMPARE(QString(program.host.documents().current()->path()), path);
-    }
 };
 
 TEST_CLASS(tst_MainWindow);
-
 #include "tst_mainwindow.moc"

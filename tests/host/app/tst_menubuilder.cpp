@@ -15,8 +15,6 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPointer>
-#include <QSignalSpy>
 
 namespace {
 
@@ -27,7 +25,7 @@ const char menuData[] = R"({
       { "identifier": "ID_New", "name": "New", "macro": "_NEW" } ],
     "menus": [
       { "identifier": "ID_MnFile", "label": "&File", "items": [
-        { "identifier": "MI_New", "label": "&New", "command": "ID_New", "help": "Of its own." },
+        { "identifier": "MI_New", "label": "&New", "command": "ID_New", "help": "Help of the entry." },
         { "identifier": "ID_RECENT_FILES_MENU", "label": "&Recent", "kind": "recentFiles" },
         { "separator": true },
         { "identifier": "MI_Limit", "label": "&Limit", "command": "ID_Limit" } ] },
@@ -43,7 +41,7 @@ const char menuData[] = R"({
     "accelerators": [ { "identifier": "ACC_Limit", "key": "Ctrl+L", "command": "ID_Limit" } ] }
 })";
 
-//! A host's window with a menu bar of the primary group.
+//! A host's window with a menu bar for the primary group.
 class Window : public RealHost
 {
 public:
@@ -55,7 +53,7 @@ public:
         builder.setGroup(host.customization().primaryGroup());
     }
 
-    //! Makes the keys live, which are those of the active window.
+    //! Keys work in the active window only.
     void activate()
     {
         frame.show();
@@ -65,7 +63,7 @@ public:
 
     QMenu *menu(const char *identifier) const { return last<QMenu>(identifier); }
     QAction *action(const char *identifier) const { return last<QAction>(identifier); }
-    //! A menu that is just opening.
+    //! The menu, with its entries made as when it opens.
     QMenu *openedMenu(const char *identifier) const
     {
         emit menu(identifier)->aboutToShow();
@@ -90,7 +88,7 @@ private:
     Object *last(const char *identifier) const
     {
         const QList<Object *> found = bar->findChildren<Object *>(identifier);
-        return found.isEmpty() ? nullptr : found.last(); // former ones are still to be deleted
+        return found.isEmpty() ? nullptr : found.last(); // the former ones are not deleted yet
     }
 };
 
@@ -121,13 +119,13 @@ private slots:
         QCOMPARE(entries.size(), 4);
         const QString key = QKeySequence("Ctrl+N").toString(QKeySequence::NativeText);
         QCOMPARE(entries.at(0)->text(), "&New\t" + key);
-        QCOMPARE(entries.at(0)->statusTip(), QString("Of its own."));
+        QCOMPARE(entries.at(0)->statusTip(), QString("Help of the entry."));
         QCOMPARE(entries.at(1)->menu(), window.menu("ID_RECENT_FILES_MENU"));
         QVERIFY(entries.at(2)->isSeparator());
         QCOMPARE(entries.at(3)->statusTip(), QString("Sets the limit."));
     }
 
-    void anEntryMayRefreshTheMenuThatItIsIn()
+    void anEntryMayRefreshItsOwnMenu()
     {
         Window window;
         connect(&window.host.commands(), &fxhost::CommandRunner::commandStarted, &window.host.customization(),
@@ -150,7 +148,7 @@ private slots:
         QVERIFY(file->InsertChild(file->GetChildCount() - 2, item));
         QCOMPARE(window.action("PMI_BROWSE"), nullptr);
         customization.Refresh();
-        QVERIFY(!window.action("PMI_BROWSE")->isEnabled()); // it has nothing to run
+        QVERIFY(!window.action("PMI_BROWSE")->isEnabled()); // it has no command
 
         item->SetCommand(group->GetCommand(0));
         customization.Refresh();
@@ -168,27 +166,10 @@ private slots:
         QTRY_COMPARE(window.host.documents().documents().size(), std::size_t(1));
         drainEvents();
         QCOMPARE(window.logged(),
-                 QStringList("command _NEW 5100")); // the second Ctrl+N is idle
+                 QStringList("command _NEW 5100")); // the second Ctrl+N has no effect
     }
 
-    void aKeyBecomesLiveWhenItsDefinitionAppears()
-    {
-        Window window;
-        window.activate();
-        QTest::keyClick(&window.frame, Qt::Key_F4);
-        drainEvents();
-        QVERIFY(window.logged().isEmpty());
-
-        fxhost::Customization &customization = window.host.customization();
-        CFxUICommand *const command = customization.CreateCommand(L"ID_RECENT_FILES");
-        command->SetMacro(L"^C^C_RECENTLIMIT 40");
-        customization.primaryGroup()->AppendCommand(command);
-        customization.Refresh();
-        QTest::keyClick(&window.frame, Qt::Key_F4);
-        QTRY_COMPARE(window.host.recentFiles().maximum(), 40);
-    }
-
-    void anotherGroupTakesTheBarAndTheKeys()
+    void anotherGroupReplacesTheBarAndTheKeys()
     {
         Window window;
         window.activate();
@@ -254,7 +235,7 @@ private slots:
         QCOMPARE(activateRequested.size(), 1);
     }
 
-    void aListedDrawingThatIsClosedMeanwhileIsPassedOver()
+    void aListedDrawingThatWasClosedIsIgnored()
     {
         Window window;
         fxhost::DocumentManager &documents = window.host.documents();

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/EndSignals.h"
 #include "host/runtime/HostSettings.h"
+#include "host/runtime/Paths.h"
+#include "host/runtime/recent/RecentFiles.h"
 #include "tests/host/app/ShownProgram.h"
 #include "tests/support/bytes/BytesInStuckFolder.h"
 #include "tests/support/bytes/BytesOfSpecialFiles.h"
 
-#include <QDir>
+#include <QDragEnterEvent>
 #include <QFileDialog>
-#include <QSettings>
-#include <QTimer>
 
 #include <csignal>
 #include <functional>
@@ -17,7 +17,7 @@ using namespace fxhost;
 
 namespace {
 
-//! Asks for a drawing by the command, and does something with the dialog once it is there.
+//! Runs the command that asks for a drawing, and calls answer with the dialog.
 void ask(ShownProgram &program, const std::function<void(QFileDialog *)> &answer)
 {
     QTimer look;
@@ -30,18 +30,18 @@ void ask(ShownProgram &program, const std::function<void(QFileDialog *)> &answer
         answer(dialog);
     });
     look.start(1);
-    program.enter(QStringLiteral("_OPEN"));
+    program.enter("_OPEN");
     QVERIFY(isAnswered);
 }
 
 void choose(QFileDialog *dialog, const QString &path)
 {
-    auto *const name = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    auto *const name = dialog->findChild<QLineEdit *>("fileNameEdit");
     name->setText(path);
     QTest::keyClick(name, Qt::Key_Return);
 }
 
-//! Where the dialog starts.
+//! The dialog's first directory.
 QString firstDirectory(ShownProgram &program)
 {
     QString directory;
@@ -52,9 +52,38 @@ QString firstDirectory(ShownProgram &program)
     return directory;
 }
 
+//! Data of another program, dragged over the centre of a widget and dropped there.
+struct Offer
+{
+    explicit Offer(const QList<QUrl> &urls) { data.setUrls(urls); }
+
+    bool enter(QWidget *widget)
+    {
+        QDragEnterEvent event(widget->rect().center(), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                              Qt::NoModifier);
+        event.setDropAction(Qt::MoveAction);
+        event.ignore();
+        QCoreApplication::sendEvent(widget, &event);
+        action = event.dropAction();
+        return event.isAccepted();
+    }
+
+    void drop(QWidget *widget)
+    {
+        QDropEvent event(widget->rect().center(), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                         Qt::NoModifier);
+        event.setDropAction(Qt::MoveAction);
+        QCoreApplication::sendEvent(widget, &event);
+        action = event.dropAction();
+    }
+
+    QMimeData data;
+    Qt::DropAction action = Qt::IgnoreAction;
+};
+
 } // namespace
 
-//! The dialog that asks for a drawing.
+//! Drawings opened by the dialog and by drops on the main window.
 class tst_OpenDialog : public TestCase
 {
     Q_OBJECT
@@ -62,13 +91,14 @@ class tst_OpenDialog : public TestCase
 private slots:
     void initTestCase()
     {
+        keepBytesOfPaths();
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_memory.path());
     }
 
-    void whatIsChosenIsOpened()
+    void theChosenDrawingIsOpened()
     {
         ShownProgram program;
-        const QString path = program.drawing(QStringLiteral("a.dwg"));
+        const QString path = program.drawing("a.dwg");
         ask(program, [&](QFileDialog *dialog) { choose(dialog, path); });
         QCOMPARE(program.openPaths(), QStringList(path));
         QCOMPARE(program.host.settings().lastDirectory(), program.dir.path());
@@ -79,7 +109,7 @@ private slots:
     {
         ShownProgram program;
         ask(program, [&](QFileDialog *dialog) {
-            dialog->selectFile(program.drawing(QStringLiteral("a.dwg")));
+            dialog->selectFile(program.drawing("a.dwg"));
             dialog->reject();
         });
         QCOMPARE(program.openPaths(), QStringList());
@@ -87,7 +117,7 @@ private slots:
         QVERIFY(program.window.findChildren<QFileDialog *>().isEmpty());
     }
 
-    void itGoesWithItsWindow()
+    void theDialogIsDeletedWithItsWindow()
     {
         ShownProgram program;
         auto window = std::make_unique<MainWindow>(program.host);
@@ -102,7 +132,7 @@ private slots:
         QVERIFY(!window && !shown);
     }
 
-    void aSignalEndsTheProgramAllTheSame()
+    void aSignalEndsTheProgram()
     {
         ShownProgram program;
         const EndSignals ending;
@@ -113,15 +143,16 @@ private slots:
         QVERIFY(!program.window.isVisible());
     }
 
-    void aFolderThatDoesNotAnswerHoldsUpNobody_data() { addStuckFolderRows(); }
+    void anUnresponsiveFolderDoesNotBlock_data() { addStuckFolderRows(); }
 
-    void aFolderThatDoesNotAnswerHoldsUpNobody()
+    void anUnresponsiveFolderDoesNotBlock()
     {
         STUCK_FOLDER_OR_SKIP(folder);
         ShownProgram program;
-        const QString path = folder.makeFile(QStringLiteral("a.dwg"), testbytes::DrawingBytes().bytes());
+        const QString path = folder.makeFile("a.dwg", testbytes::DrawingBytes().bytes());
         ask(program, [&](QFileDialog *dialog) {
-            dialog->setDirectory(QFileInfo(path).path()); // which Qt remembers, and a typed path it does not
+            dialog->setDirectory(
+                QFileInfo(path).path()); // Qt remembers it, but not the folder of a typed path
             choose(dialog, path);
         });
         QCOMPARE(program.openPaths(), QStringList(path));
@@ -132,8 +163,77 @@ private slots:
         folder.answerAgain();
     }
 
+    void droppedFilesAreOpened()
+    {
+        ShownProgram program;
+        const QByteArray url =
+            "file://" + QFile::encodeName(program.dir.path()) + "/gr%FCn%20%C3%A4%20100%25.dwg";
+        const QStringList paths = {program.drawing("a b & 100% \u00fc#1.dwg"),
+                                   program.drawing(pathFromBytes("gr\xfcn \xc3\xa4 100%.dwg")),
+                                   program.drawing("last.dwg")};
+        // Like the browser's own URLs the last one has one slash more than usual.
+        Offer offer({QUrl("https://example.com/a.dwg"), QUrl::fromLocalFile(paths.at(0)),
+                     QUrl::fromEncoded(url), QUrl(QString("file:///") + paths.at(2))});
+        QVERIFY(offer.enter(&program.window));
+        QCOMPARE(offer.action, Qt::CopyAction); // the other program keeps its files
+        offer.drop(&program.window);
+        QCOMPARE(offer.action, Qt::CopyAction);
+        QVERIFY(program.openPaths().isEmpty()); // the other program gets its reply first
+        QTRY_COMPARE(program.openPaths(), paths);
+        drainEvents();
+        QCOMPARE(program.openPaths(), paths);
+        QCOMPARE(program.host.recentFiles().paths().first(), paths.at(2));
+    }
+
+    void anythingButAFileIsRefused()
+    {
+        ShownProgram program;
+        const QList<QList<QUrl>> offers{{}, {QUrl("https://example.com/a.dwg")}, {QUrl()}};
+        for (const QList<QUrl> &urls : offers)
+            QVERIFY2(!Offer(urls).enter(&program.window), qPrintable(QUrl::toStringList(urls).join(' ')));
+    }
+
+    void fileThatIsNotADrawingIsReported()
+    {
+        ShownProgram program;
+        Offer offer({QUrl::fromLocalFile(program.dir.filePath("missing.dwg"))});
+        QVERIFY(offer.enter(&program.window));
+        offer.drop(&program.window);
+        QTRY_VERIFY2(program.history().contains("missing.dwg"), qPrintable(program.history()));
+        QVERIFY(program.openPaths().isEmpty());
+    }
+
+    void theWindowTakesDropsOnTheCommandLine()
+    {
+        ShownProgram program;
+        // Qt sends a drop to the first parent that accepts drops.
+        QWidget *target = program.input();
+        while (!target->acceptDrops())
+            target = target->parentWidget();
+        QCOMPARE(target, &program.window);
+    }
+
+    void aDropWaitsForTheRunningCommand()
+    {
+        ShownProgram program;
+        const QString path = program.drawing("a.dwg");
+        CommandSet commands(program.host.commandStack());
+        QStringList seen;
+        commands.add("DROPINSIDE", [&](const CFxCommandContext &) {
+            Offer offer({QUrl::fromLocalFile(path)});
+            offer.enter(&program.window);
+            offer.drop(&program.window);
+            drainEvents();
+            seen = program.openPaths();
+            return 5100;
+        });
+        program.enter("DROPINSIDE");
+        QVERIFY(seen.isEmpty());
+        QTRY_COMPARE(program.openPaths(), QStringList(path));
+    }
+
 private:
-    QTemporaryDir m_memory; //!< what Qt's dialogs remember
+    QTemporaryDir m_memory; //!< where Qt's dialogs store their settings
 };
 
 TEST_CLASS(tst_OpenDialog);

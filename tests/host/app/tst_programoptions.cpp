@@ -8,7 +8,6 @@ using fxhost::ProgramStart;
 using fxhost::readProgramOptions;
 using Wish = ProgramStart::Wish;
 
-//! What the program's arguments mean, and which of them it refuses.
 class tst_ProgramOptions : public TestCase
 {
     Q_OBJECT
@@ -16,11 +15,11 @@ class tst_ProgramOptions : public TestCase
 private slots:
     void initTestCase()
     {
-        QCoreApplication::setApplicationName(QStringLiteral("fxhost"));
-        QCoreApplication::setApplicationVersion(QStringLiteral("7.8.9"));
+        QCoreApplication::setApplicationName("fxhost");
+        QCoreApplication::setApplicationVersion("7.8.9");
     }
 
-    void argumentsReachTheirPlace_data()
+    void argumentsAreParsed_data()
     {
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QStringList>("options"); // in the words of described()
@@ -40,19 +39,19 @@ private slots:
         };
         drawing("a URL", "file:///a%20b%231.dwg", "/a b#1.dwg");
         drawing("any byte", "FILE:///gr%FCn.dwg", fxhost::pathFromBytes("/gr\xfcn.dwg"));
-        drawing("this computer's", "file://localhost/a.dwg", "/a.dwg");
-        drawing("another computer's", "file://server/a.dwg", "file://server/a.dwg");
-        drawing("a path that looks like one", "./file:///a%20b", "./file:///a%20b");
-        drawing("a name that looks like one", "file:a%20b.dwg", "file:a%20b.dwg");
+        drawing("a URL of this computer", "file://localhost/a.dwg", "/a.dwg");
+        drawing("a URL of another computer", "file://server/a.dwg", "file://server/a.dwg");
+        drawing("a path that looks like a URL", "./file:///a%20b", "./file:///a%20b");
+        drawing("a name that looks like a URL", "file:a%20b.dwg", "file:a%20b.dwg");
         const auto geometry = [&row](const char *name, const QString &given, const QStringList &read) {
             row(name, {"--no-document", "--geometry", given}, read);
         };
         geometry("the corner of the screen", "800x600+0+0", {"800x600", "at 0,0"});
-        geometry("a screen further left", "800x600+-900+5", {"800x600", "at -900,5"});
-        geometry("the smallest, without a place", "400x300", {"400x300"});
+        geometry("a screen to the left", "800x600+-900+5", {"800x600", "at -900,5"});
+        geometry("the smallest, without a position", "400x300", {"400x300"});
     }
 
-    void argumentsReachTheirPlace()
+    void argumentsAreParsed()
     {
         QFETCH(QStringList, arguments);
         const ProgramStart result = read(arguments);
@@ -60,7 +59,7 @@ private slots:
         QTEST(described(result.options), "options");
     }
 
-    void whatQtIsGiven_data()
+    void argumentsForQtAreAdapted_data()
     {
         QTest::addColumn<QByteArrayList>("environment"); // of platform, Wayland and X
         QTest::addColumn<QByteArrayList>("arguments");
@@ -70,17 +69,17 @@ private slots:
             QTest::newRow(name) << environment << arguments << forQt;
         };
         const QByteArrayList x = {"", "", ":0"};
-        row("a geometry in one word, which Qt does not know", x, {"--geometry", "big", "a.dwg"},
+        row("a geometry, in one word, which Qt ignores", x, {"--geometry", "big", "a.dwg"},
             {"--geometry=big", "a.dwg"});
-        row("one as X programs have it", x, {"-geometry", "9x9"}, {"--geometry=9x9"});
-        row("none", x, {"--geometry"}, {"--geometry"});
-        row("drawings of that name", x, {"--", "--geometry", "a"}, {"--", "--geometry", "a"});
+        row("a geometry option of X programs", x, {"-geometry", "9x9"}, {"--geometry=9x9"});
+        row("a geometry option without a value", x, {"--geometry"}, {"--geometry"});
+        row("drawings with the name of the option", x, {"--", "--geometry", "a"}, {"--", "--geometry", "a"});
         row("Wayland and X", {"", "wayland-0", ":0"}, {"a.dwg"}, {"-platform", "xcb;wayland", "a.dwg"});
         row("Wayland and X, another choice", {"wayland", "wayland-0", ":0"}, {}, {});
         row("Wayland alone", {"", "wayland-0", ""}, {}, {});
     }
 
-    void whatQtIsGiven()
+    void argumentsForQtAreAdapted()
     {
         QFETCH(QByteArrayList, environment);
         QFETCH(QByteArrayList, arguments);
@@ -107,12 +106,12 @@ private slots:
         row("an empty drawing", {""}, "a drawing needs a name");
         row("two logs", {"--log", "a", "--log", "b"}, "--log is given more than once");
         row("a module and none", {"--module", "a", "--no-module"}, "exclude each other");
-        row("a value where none belongs", {"--no-module=yes"}, "no-module");
+        row("a value for an option without one", {"--no-module=yes"}, "no-module");
         row("words for a geometry", {"--geometry", "large"}, "\"large\" is not a geometry");
         row("half a geometry", {"--geometry", "800x600+10"}, "is not a geometry");
         row("a negative size", {"--geometry", "-800x600"}, "is not a geometry");
         row("a size past any screen", {"--geometry", "999999x600"}, "is not a geometry");
-        row("something behind a geometry", {"--geometry", "800x600+1+1\n"}, "is not a geometry");
+        row("text after a geometry", {"--geometry", "800x600+1+1\n"}, "is not a geometry");
         row("too narrow", {"--geometry", "399x300"}, "smaller than 400x300");
         row("too low", {"--geometry", "400x299"}, "smaller than 400x300");
     }
@@ -123,25 +122,21 @@ private slots:
         QFETCH(QString, reason);
         const ProgramStart result = read(arguments);
         QCOMPARE(result.wish, Wish::Refuse);
-        QVERIFY2(result.text.startsWith(QStringLiteral("fxhost: ")), qPrintable(result.text));
+        QVERIFY2(result.text.startsWith("fxhost: "), qPrintable(result.text));
         QVERIFY2(result.text.contains(reason), qPrintable(result.text));
     }
 
-    void helpNamesEveryOption()
+    void helpAndVersionArePrinted()
     {
         const ProgramStart result = read({"--help"});
         QCOMPARE(result.wish, Wish::PrintAndEnd);
         for (const char *option : {"--module", "--no-module", "--profile", "--script", "--log",
                                    "--no-document", "--geometry", "--help", "--version", "drawing"})
             QVERIFY2(result.text.contains(QLatin1String(option)), option);
-        QVERIFY(!result.text.contains(QLatin1String("--help-all")));
-    }
-
-    void versionIsTheProgramsOwn()
-    {
-        const ProgramStart result = read({"--version"});
-        QCOMPARE(result.wish, Wish::PrintAndEnd);
-        QCOMPARE(result.text, QStringLiteral("fxhost 7.8.9"));
+        QVERIFY(!result.text.contains("--help-all"));
+        const ProgramStart version = read({"--version"});
+        QCOMPARE(version.wish, Wish::PrintAndEnd);
+        QCOMPARE(version.text, "fxhost 7.8.9");
     }
 
 private:
@@ -164,16 +159,12 @@ private:
         if (options.newDocument)
             words << "new drawing";
         if (options.windowSize)
-            words
-                << QStringLiteral("%1x%2").arg(options.windowSize->width()).arg(options.windowSize->height());
+            words << QString("%1x%2").arg(options.windowSize->width()).arg(options.windowSize->height());
         if (options.windowPosition)
-            words << QStringLiteral("at %1,%2")
-                         .arg(options.windowPosition->x())
-                         .arg(options.windowPosition->y());
+            words << QString("at %1,%2").arg(options.windowPosition->x()).arg(options.windowPosition->y());
         return words + options.drawings;
     }
 };
 
 CORE_TEST_CLASS(tst_ProgramOptions);
-
 #include "tst_programoptions.moc"

@@ -34,13 +34,13 @@ constexpr QRgb green = qRgb(0, 150, 0);
 
 } // namespace
 
-//! What _SCREENSHOT shows where a program cannot read the screen.
+//! _SCREENSHOT where a program cannot read the screen.
 class tst_ScreenGrabber : public TestCase
 {
     Q_OBJECT
 
 private slots:
-    void whatIsHiddenIsNotShown()
+    void aHiddenWindowIsNotGrabbed()
     {
         QVERIFY(grabWindows().isNull());
         const Panel shown(red, QRect(100, 100, 300, 200));
@@ -48,7 +48,7 @@ private slots:
         QCOMPARE(grabWindows().size(), shown.size());
     }
 
-    void aPopupStandsInFrontOfItsWindowEvenWhenThatIsActive()
+    void aPopupIsAboveItsActiveWindow()
     {
         Panel window(red, QRect(100, 100, 300, 200));
         Panel popup(green, QRect(150, 120, 50, 40), &window);
@@ -75,5 +75,4 @@ private slots:
 };
 
 TEST_CLASS(tst_ScreenGrabber);
-
 #include "tst_screengrabber.moc"

@@ -3,8 +3,6 @@
 #include "host/runtime/Paths.h"
 #include "tests/host/app/ShownProgram.h"
 
-#include <QSignalSpy>
-
 using namespace fxhost;
 
 namespace {
@@ -13,8 +11,7 @@ namespace {
 struct LoadedScript
 {
     explicit LoadedScript(const QByteArray &content)
-        : problem(runner.load(testbytes::writeFile(program.dir.filePath(QStringLiteral("script")), content))
-                      .reason())
+        : problem(runner.load(testbytes::writeFile(program.dir.filePath("script"), content)).reason())
     {
     }
 
@@ -25,7 +22,6 @@ struct LoadedScript
 
 } // namespace
 
-//! A script in the program, in the test's own process.
 class tst_ScriptRunner : public TestCase
 {
     Q_OBJECT
@@ -35,15 +31,15 @@ private slots:
     {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QStringList>("lines");
-        QTest::newRow("lines that say nothing are left out")
+        QTest::newRow("comments and blank lines are omitted")
             << QByteArray("# a comment\n\n  \t\n\r\n  _NEW  \r\n\t#_NEW\n_CLOSE")
             << QStringList{"_NEW", "_CLOSE"};
-        QTest::newRow("a zero byte hides nothing")
+        QTest::newRow("a zero byte does not end a line")
             << QByteArray("_NEW\0W\n_CLOSE\n", 14)
             << QStringList{QString::fromLatin1("_NEW\0W", 6), "_CLOSE"};
         QTest::newRow("files are named by their bytes")
             << QByteArray("\xef\xbb\xbf# a comment\n_OPEN /gr\xfcn \xc3\xa4.dwg\n")
-            << QStringList{QLatin1String("_OPEN ") + pathFromBytes("/gr\xfcn \xc3\xa4.dwg")};
+            << QStringList{QString("_OPEN ") + pathFromBytes("/gr\xfcn \xc3\xa4.dwg")};
     }
 
     void linesAreRead()
@@ -56,15 +52,15 @@ private slots:
         QVERIFY(!script.program.host.documents().current()); // nothing runs before the start
     }
 
-    void aScriptThatCannotBeReadSaysWhy()
+    void aScriptThatCannotBeReadIsRefused()
     {
         LoadedScript script("");
-        QVERIFY(!script.runner.load(script.program.dir.filePath(QStringLiteral("missing"))));
+        QVERIFY(!script.runner.load(script.program.dir.filePath("missing")));
         QVERIFY(!script.runner.load(script.program.dir.path()));
         QCOMPARE(script.runner.lines(), QStringList());
     }
 
-    void aLineThatRunsNothingDoesNotHoldUpTheNext()
+    void aLineThatRunsNothingDoesNotDelayTheNext()
     {
         for (const char *content : {"^C\n^C\n_NEW\n", "_NOSUCH\n_NOSUCH\n_NEW\n"}) {
             LoadedScript script(content);
@@ -86,9 +82,9 @@ private slots:
         connect(
             &commands, &CommandRunner::commandStarted, &window,
             [&](const QString &name) {
-                if (name != QLatin1String("_DELAY"))
+                if (name != "_DELAY")
                     return;
-                runner.startWhenActive(&window); // as when it becomes active once more
+                runner.startWhenActive(&window); // as when the window becomes active again
                 drainEvents();
                 left = runner.lines();
                 commands.cancel();
@@ -102,5 +98,4 @@ private slots:
 };
 
 TEST_CLASS(tst_ScriptRunner);
-
 #include "tst_scriptrunner.moc"

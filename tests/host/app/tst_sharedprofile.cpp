@@ -3,12 +3,6 @@
 #include "tests/support/TestCase.h"
 #include "tests/support/process/ProgramHome.h"
 
-#include <QDir>
-#include <QProcess>
-#include <QRandomGenerator>
-#include <QRegularExpression>
-#include <QSet>
-
 #include <algorithm>
 #include <chrono>
 #include <memory>
@@ -26,25 +20,24 @@ bool isLong()
 
 constexpr int timeLimit = 20 * patience;
 
-//! What the list's file holds, as long as it is whole; a line of its own when it is not.
+//! The paths in the list's file; a description when the file is incomplete.
 QStringList listIn(const ProgramHome &home)
 {
     if (!QFile::exists(home.recentFile()))
         return {};
     QFile file(home.recentFile());
     if (!file.open(QIODevice::ReadOnly))
-        return {QStringLiteral("unreadable")};
+        return {"unreadable"};
     const QString content = QString::fromUtf8(file.readAll());
-    QStringList lines = content.split(QLatin1Char('\n'));
-    if (lines.size() < 2 || lines.takeFirst() != QLatin1String("fxhost recent documents 1") ||
-        !lines.takeLast().isEmpty())
-        return {QStringLiteral("damaged: ") + content};
+    QStringList lines = content.split('\n');
+    if (lines.size() < 2 || lines.takeFirst() != "fxhost recent documents 1" || !lines.takeLast().isEmpty())
+        return {QString("damaged: ") + content};
     return lines;
 }
 
 } // namespace
 
-//! Programs that share a profile, and such as are killed. The preset `long` tries it more often.
+//! Programs that share a profile, and killed programs. The preset `long` repeats it more often.
 class tst_SharedProfile : public TestCase
 {
     Q_OBJECT
@@ -54,7 +47,7 @@ private slots:
     {
         const int count = isLong() ? 500 : 60;
         const ProgramHome home;
-        QCOMPARE(home.run({QStringLiteral("_RECENTLIMIT 1000"), QStringLiteral("_QUIT")}).exitCode, 0);
+        QCOMPARE(home.run({"_RECENTLIMIT 1000", "_QUIT"}).exitCode, 0);
         QSet<QString> all;
         QList<QStringList> opened;
         std::vector<std::unique_ptr<QProcess>> programs;
@@ -62,24 +55,23 @@ private slots:
             QStringList script;
             QStringList paths;
             for (int i = 0; i < count; ++i) {
-                paths.append(home.drawing(QStringLiteral("%1 %2.dwg").arg(QLatin1String(name)).arg(i)));
-                script << QStringLiteral("_OPEN ") + paths.constLast() << QStringLiteral("_CLOSE");
+                paths.append(home.drawing(QString("%1 %2.dwg").arg(QLatin1String(name)).arg(i)));
+                script << QString("_OPEN ") + paths.constLast() << "_CLOSE";
             }
-            script << QStringLiteral("_QUIT");
+            script << "_QUIT";
             opened.append(paths);
             all += QSet<QString>(paths.begin(), paths.end());
             programs.push_back(std::make_unique<QProcess>());
             home.start(*programs.back(), QLatin1String(name), script);
         }
-        // Whoever reads the list meanwhile finds it whole, and never shorter than before.
+        // Any reader finds the list whole, and never shorter than before.
         int reads = 0;
         int length = 0;
         const auto isRunning = [](const auto &program) { return program->state() != QProcess::NotRunning; };
         const bool ended = QTest::qWaitFor(
             [&] {
                 const QStringList list = listIn(home);
-                if (list.size() < length ||
-                    (!list.isEmpty() && !list.constFirst().startsWith(QLatin1Char('/'))))
+                if (list.size() < length || (!list.isEmpty() && !list.constFirst().startsWith('/')))
                     return true;
                 length = list.size();
                 ++reads;
@@ -87,14 +79,15 @@ private slots:
             },
             timeLimit);
         QVERIFY2(ended && std::none_of(programs.begin(), programs.end(), isRunning),
-                 qPrintable(QStringLiteral("after %1 entries: ").arg(length) + listIn(home).value(0)));
+                 qPrintable(QString("after %1 entries: ").arg(length) + listIn(home).value(0)));
         for (const auto &program : programs)
             QCOMPARE(program->exitCode(), 0);
 
         const QStringList list = listIn(home);
         QCOMPARE(list.size(), 2 * count);
         QCOMPARE(QSet<QString>(list.begin(), list.end()), all);
-        for (const QStringList &paths : qAsConst(opened)) { // each one's own are in the order of opening
+        for (const QStringList &paths :
+             qAsConst(opened)) { // each program's paths are in the order of opening
             QStringList own = list;
             own.erase(
                 std::remove_if(own.begin(), own.end(), [&](const QString &p) { return !paths.contains(p); }),
@@ -102,36 +95,36 @@ private slots:
             std::reverse(own.begin(), own.end());
             QCOMPARE(own, paths);
         }
-        const auto isOfOne = [](const QString &path) { return path.contains(QLatin1String("/one ")); };
+        const auto isOfOne = [](const QString &path) { return path.contains("/one "); };
         int turns = 0;
         for (int i = 1; i < list.size(); ++i)
             turns += isOfOne(list.at(i)) != isOfOne(list.at(i - 1));
-        // In a short run one may be done before a busy machine lets the other begin.
+        // In a short run on a busy machine one may end before the other begins.
         QVERIFY2(!isLong() || turns > count / 10, qPrintable(QString::number(turns)));
-        qInfo("2 programs, %d drawings each: %d entries, %d turns, list read %d times meanwhile", count,
-              list.size(), turns, reads);
+        qInfo("2 programs, %d drawings each: %d entries, %d turns, list read %d times", count, list.size(),
+              turns, reads);
     }
 
-    void aKilledProgramLeavesTheOldListOrTheNew()
+    void aKilledProgramLeavesTheOldOrTheNewList()
     {
         const int kills = isLong() ? 200 : 15;
         constexpr uint seed = 20261121;
         QRandomGenerator random(seed);
         const ProgramHome home;
-        QCOMPARE(home.run({QStringLiteral("_RECENTLIMIT 1000"), QStringLiteral("_QUIT")}).exitCode, 0);
-        QStringList script; // long enough for whoever is killed late
+        QCOMPARE(home.run({"_RECENTLIMIT 1000", "_QUIT"}).exitCode, 0);
+        QStringList script; // long enough for a late kill
         for (int i = 0; i < 1000; ++i)
-            script << QStringLiteral("_RECENTADD /drawings/%1.dwg").arg(i);
+            script << QString("_RECENTADD /drawings/%1.dwg").arg(i);
         int atRest = 0;
         int written = 0;
         for (int round = 0; round < kills; ++round) {
             RecentFileStore(home.recentFile()).update({}, [](const QStringList &) { return QStringList(); });
             QProcess program;
-            home.start(program, QStringLiteral("killed"), script);
-            const auto done = [&] { return home.logOf(QStringLiteral("killed")).size(); };
+            home.start(program, "killed", script);
+            const auto done = [&] { return home.logOf("killed").size(); };
             const int after = 1 + random.bounded(40); // commands
             QVERIFY(waitUntil([&] { return done() >= after; }));
-            // A write takes a millisecond or so; somewhere in the next ones.
+            // A write takes about a millisecond; this is a random moment of the next ones.
             std::this_thread::sleep_for(std::chrono::microseconds(random.bounded(3000)));
             program.kill();
             QVERIFY(program.waitForFinished());
@@ -140,24 +133,24 @@ private slots:
             const int logged = done(); // each after its write
             const QStringList list = listIn(home);
             QVERIFY2(list.size() == logged || list.size() == logged + 1,
-                     qPrintable(QStringLiteral("%1 of %2: ").arg(list.size()).arg(logged) + list.value(0)));
+                     qPrintable(QString("%1 of %2: ").arg(list.size()).arg(logged) + list.value(0)));
             for (int i = 0; i < list.size(); ++i)
-                QCOMPARE(list.at(i), QStringLiteral("/drawings/%1.dwg").arg(list.size() - 1 - i));
+                QCOMPARE(list.at(i), QString("/drawings/%1.dwg").arg(list.size() - 1 - i));
             atRest += list.size() == logged;
             written += list.size();
         }
-        // What was left half written is gone with the next start.
+        // The next start removes incomplete files.
         const auto unfinished = [&] {
             return QDir(home.profile())
                 .entryList(QDir::Files)
-                .filter(QRegularExpression(QStringLiteral("^recent\\.txt\\.[A-Za-z]{6}$")));
+                .filter(QRegularExpression("^recent\\.txt\\.[A-Za-z]{6}$"));
         };
         const int left = unfinished().size();
-        QCOMPARE(home.run({QStringLiteral("_QUIT")}).exitCode, 0);
+        QCOMPARE(home.run({"_QUIT"}).exitCode, 0);
         QCOMPARE(unfinished(), QStringList());
         qInfo(
             "%d kills, seed %u: %d entries written, list as logged %d times and one ahead %d times, %d files "
-            "left half written",
+            "left incomplete",
             kills, seed, written, atRest, kills - atRest, left);
     }
 };

@@ -6,25 +6,24 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QProcess>
 
 #include <memory>
 
 namespace {
 
-const QString serviceName = QStringLiteral("org.freedesktop.FileManager1");
+const QString serviceName = "org.freedesktop.FileManager1";
 
-//! A session bus that knows of no program but those of the test.
+//! A session bus with the test's services only.
 class Bus
 {
 public:
-    //! \param starter the command by which it starts a file manager; none when empty
+    //! \param starter the command that starts a file manager; empty for none
     explicit Bus(const QString &starter = {})
     {
         if (!starter.isEmpty())
-            write(serviceName + QStringLiteral(".service"),
-                  QStringLiteral("[D-BUS Service]\nName=%1\nExec=%2\n").arg(serviceName, starter));
-        const QString config = write(QStringLiteral("bus.conf"), QStringLiteral(R"(<busconfig>
+            write(serviceName + ".service",
+                  QString("[D-BUS Service]\nName=%1\nExec=%2\n").arg(serviceName, starter));
+        const QString config = write("bus.conf", QStringLiteral(R"(<busconfig>
             <type>session</type>
             <listen>unix:dir=%1</listen>
             <servicedir>%1</servicedir>
@@ -32,11 +31,9 @@ public:
               <allow send_destination="*"/><allow receive_sender="*"/><allow own="*"/>
             </policy>
           </busconfig>)")
-                                                                     .arg(m_folder.path()));
+                                                     .arg(m_folder.path()));
         m_daemon.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_daemon.start(QStringLiteral("dbus-daemon"),
-                       {QStringLiteral("--nofork"), QStringLiteral("--print-address"),
-                        QStringLiteral("--config-file=") + config});
+        m_daemon.start("dbus-daemon", {"--nofork", "--print-address", QString("--config-file=") + config});
         if (!waitUntil([this] { return m_daemon.canReadLine(); }))
             qFatal("dbus-daemon does not start");
         m_address = QString::fromLatin1(m_daemon.readLine().trimmed());
@@ -63,7 +60,7 @@ private:
     QString m_address;
 };
 
-//! A file manager on the bus, until it goes.
+//! A file manager on the bus.
 class Service : public QObject
 {
     Q_OBJECT
@@ -74,15 +71,15 @@ public:
     explicit Service(const Bus &bus, Answer answer = Answer::Done)
         : m_answer(answer), m_connection(QDBusConnection::connectToBus(bus.address(), serviceName))
     {
-        if (!m_connection.registerObject(QStringLiteral("/org/freedesktop/FileManager1"), this,
+        if (!m_connection.registerObject("/org/freedesktop/FileManager1", this,
                                          QDBusConnection::ExportAllSlots) ||
             !m_connection.registerService(serviceName))
-            qFatal("the stand-in cannot be reached");
+            qFatal("the service cannot be registered");
     }
     ~Service() override { QDBusConnection::disconnectFromBus(serviceName); }
     Q_DISABLE_COPY(Service)
 
-    QVector<QStringList> shown; //!< what each request has asked for
+    QVector<QStringList> shown; //!< the URIs of each request
 
 public slots:
     void ShowItems(const QStringList &uris, const QString & /*startupId*/, const QDBusMessage &request)
@@ -90,7 +87,7 @@ public slots:
         shown.append(uris);
         request.setDelayedReply(m_answer == Answer::Never);
         if (m_answer == Answer::Refused)
-            m_connection.send(request.createErrorReply(QDBusError::Failed, QStringLiteral("no")));
+            m_connection.send(request.createErrorReply(QDBusError::Failed, "no"));
     }
 
 private:
@@ -114,11 +111,11 @@ Run fxshow(const QStringList &arguments, const QString &folder = {})
 {
     QProcess program;
     program.setWorkingDirectory(folder);
-    // Into a file, since what goes wrong in the process that it leaves behind may come after its end.
-    const QString errors = QDir::current().filePath(QStringLiteral("fxshow-errors"));
+    // Into a file, since the process that it starts may report errors after its end.
+    const QString errors = QDir::current().filePath("fxshow-errors");
     program.setStandardErrorFile(errors);
-    program.start(QStringLiteral(FXSHOW_PROGRAM), arguments);
-    // The service is in this process, and needs its events.
+    program.start(FXSHOW_PROGRAM, arguments);
+    // The service is in this process and needs its events.
     if (!waitUntil([&] { return program.state() == QProcess::NotRunning; }))
         return {-1, {}};
     return {program.exitCode(), errors};
@@ -128,7 +125,6 @@ Run fxshow(const QStringList &arguments, const QString &folder = {})
 
 Q_DECLARE_METATYPE(Service::Answer)
 
-//! The program that shows a file in the file manager.
 class tst_FxShow : public TestCase
 {
     Q_OBJECT
@@ -139,8 +135,7 @@ private slots:
     {
         TestCase::init();
         m_folder = std::make_unique<QTemporaryDir>();
-        m_opener =
-            std::make_unique<ProgramStandIn>(0, ProgramStandIn::Others::Found, QStringLiteral("xdg-open"));
+        m_opener = std::make_unique<ProgramStandIn>(0, ProgramStandIn::Others::Found, "xdg-open");
     }
 
     void cleanup()
@@ -159,9 +154,9 @@ private slots:
             QTest::newRow(row) << QByteArray(name) << QString::fromLatin1(encoded) << isRelative;
         };
         add("plain", "a-b_c.d~e.dwg", "a-b_c.d~e.dwg");
-        add("what a URI would take for itself", "a b?c#d%20&'\".dwg", "a%20b%3Fc%23d%2520%26%27%22.dwg");
-        add("letters", "\xc3\xa9.dwg", "%C3%A9.dwg");
-        add("no UTF-8", "\xff\xc3.dwg", "%FF%C3.dwg");
+        add("characters that a URI reserves", "a b?c#d%20&'\".dwg", "a%20b%3Fc%23d%2520%26%27%22.dwg");
+        add("non-ASCII letters", "\xc3\xa9.dwg", "%C3%A9.dwg");
+        add("not UTF-8", "\xff\xc3.dwg", "%FF%C3.dwg");
         add("a line's end", "a\nb.dwg", "a%0Ab.dwg");
         add("relative", "-a.dwg", "-a.dwg", true);
     }
@@ -177,18 +172,18 @@ private slots:
         const Run run = fxshow({isRelative ? fxhost::pathFromBytes(name) : path}, m_folder->path());
         QCOMPARE(run.status, 0);
         QTRY_COMPARE(service.shown,
-                     QVector<QStringList>{{QStringLiteral("file://%1/%2").arg(m_folder->path(), encoded)}});
+                     QVector<QStringList>{{QString("file://%1/%2").arg(m_folder->path(), encoded)}});
         QCOMPARE(run.errors(), QString());
         QCOMPARE(m_opener->starts(), QVector<QStringList>());
     }
 
-    void aFileManagerThatHasToStartGetsTheFile()
+    void aFileManagerThatIsStartedGetsTheFile()
     {
-        const Bus bus(QStringLiteral("/bin/cat")); // it runs, and that is all
+        const Bus bus("/bin/cat"); // runs, but is not a file manager
         const QString path = makeFile("a.dwg");
-        QCOMPARE(fxshow({path}).status, 0); // long before the file manager is there
+        QCOMPARE(fxshow({path}).status, 0); // before the file manager is on the bus
         const Service service(bus);
-        QTRY_COMPARE(service.shown, QVector<QStringList>{{QStringLiteral("file://") + path}});
+        QTRY_COMPARE(service.shown, QVector<QStringList>{{QString("file://") + path}});
     }
 
     void theFolderIsOpenedInstead_data()
@@ -199,8 +194,9 @@ private slots:
         QTest::addColumn<QByteArray>("made");
         QTest::newRow("no bus") << false << false << Service::Answer::Done << QByteArray("a.dwg");
         QTest::newRow("no file manager") << true << false << Service::Answer::Done << QByteArray("a.dwg");
-        QTest::newRow("one that refuses") << true << true << Service::Answer::Refused << QByteArray("a.dwg");
-        QTest::newRow("of a deleted file") << true << true << Service::Answer::Done << QByteArray("b.dwg");
+        QTest::newRow("a file manager that refuses")
+            << true << true << Service::Answer::Refused << QByteArray("a.dwg");
+        QTest::newRow("a deleted file") << true << true << Service::Answer::Done << QByteArray("b.dwg");
     }
 
     void theFolderIsOpenedInstead()
@@ -212,11 +208,11 @@ private slots:
         const auto bus = hasBus ? std::make_unique<Bus>() : nullptr;
         const auto service = hasService ? std::make_unique<Service>(*bus, answer) : nullptr;
         makeFile(made);
-        QCOMPARE(fxshow({m_folder->filePath(QStringLiteral("a.dwg"))}).status, 0);
+        QCOMPARE(fxshow({m_folder->filePath("a.dwg")}).status, 0);
         QTRY_COMPARE(m_opener->starts(), theFolder());
     }
 
-    void nobodyWaitsForAFileManagerThatDoesNotAnswer()
+    void anUnresponsiveFileManagerDoesNotBlock()
     {
         const Bus bus;
         {
@@ -225,36 +221,36 @@ private slots:
             QTRY_COMPARE(service.shown.size(), 1);
             QCOMPARE(m_opener->starts(), QVector<QStringList>());
         }
-        QTRY_COMPARE(m_opener->starts(), theFolder()); // it has gone without an answer
+        QTRY_COMPARE(m_opener->starts(), theFolder()); // the file manager has ended without a reply
     }
 
-    void whatIsWrongIsSaid_data()
+    void problemsAreReported_data()
     {
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<int>("status");
-        QTest::addColumn<QString>("said");
-        const auto row = [](const char *name, const QStringList &arguments, int status, const char *said) {
-            QTest::newRow(name) << arguments << status << QStringLiteral("fxshow: %1\n").arg(said);
+        QTest::addColumn<QString>("message");
+        const auto row = [](const char *name, const QStringList &arguments, int status, const char *message) {
+            QTest::newRow(name) << arguments << status << QString("fxshow: %1\n").arg(message);
         };
         const char *const usage = "usage: fxshow PATH";
         row("no path", {}, 2, usage);
         row("an empty path", {""}, 2, usage);
         row("two paths", {"/", "/"}, 2, usage);
-        const int anyStatus = -1; // it tells what goes wrong within a second
+        const int anyStatus = -1; // depends on whether it fails within a second
         row("no such file", {"/no such/a.dwg"}, anyStatus,
             "cannot show /no such/a.dwg: No such file or directory");
-        row("nobody to show it", {"/tmp"}, anyStatus,
+        row("no file manager and no xdg-open", {"/tmp"}, anyStatus,
             "no file manager answers, and xdg-open cannot be started: No such file or directory");
     }
 
-    void whatIsWrongIsSaid()
+    void problemsAreReported()
     {
         QFETCH(QStringList, arguments);
         QFETCH(int, status);
-        QFETCH(QString, said);
-        const ProgramStandIn none(0, ProgramStandIn::Others::Hidden, QStringLiteral("another"));
+        QFETCH(QString, message);
+        const ProgramStandIn none(0, ProgramStandIn::Others::Hidden, "another");
         const Run run = fxshow(arguments);
-        QTRY_COMPARE(run.errors(), said);
+        QTRY_COMPARE(run.errors(), message);
         if (status >= 0)
             QCOMPARE(run.status, status);
     }
@@ -272,7 +268,7 @@ private:
     QVector<QStringList> theFolder() const { return {QStringList(m_folder->path())}; }
 
     std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<ProgramStandIn> m_opener; //!< stands where xdg-open is looked for
+    std::unique_ptr<ProgramStandIn> m_opener; //!< replaces xdg-open
 };
 
 CORE_TEST_CLASS(tst_FxShow);

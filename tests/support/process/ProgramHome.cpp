@@ -15,8 +15,7 @@ ProgramHome::ProgramHome(const QString &platform) : m_platform(platform)
     const QDir dir(m_dir.path());
     for (const char *folder : {"home", "caches"})
         dir.mkdir(QLatin1String(folder));
-    QFile::setPermissions(path(QStringLiteral("caches")),
-                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QFile::setPermissions(path("caches"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
 QStringList ProgramHome::recent() const
@@ -38,41 +37,39 @@ QString ProgramHome::drawing(const QString &name) const
 QStringList ProgramHome::filesInHome() const
 {
     QStringList files;
-    QDirIterator walk(path(QStringLiteral("home")), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+    QDirIterator walk(path("home"), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
                       QDirIterator::Subdirectories);
     while (walk.hasNext())
         files << walk.next();
     return files;
 }
 
-//! Those that every run gets. Writes the script, if there is one, and removes the log of a former run.
+//! The arguments of every run. Writes the script, if there is one, and removes the log of a former run.
 QStringList ProgramHome::arguments(const QString &name, const QStringList &script) const
 {
-    const QString log = path(name + QStringLiteral("log.txt"));
+    const QString log = path(name + "log.txt");
     QFile::remove(log);
-    QStringList all{QStringLiteral("--profile"), profile(), QStringLiteral("--log"), log};
+    QStringList all{"--profile", profile(), "--log", log};
     if (!script.isEmpty())
-        all << QStringLiteral("--script")
-            << write(name + QStringLiteral("script.txt"),
-                     (script.join(QLatin1Char('\n')) + QLatin1Char('\n')).toUtf8());
+        all << "--script" << write(name + "script.txt", (script.join('\n') + QLatin1Char('\n')).toUtf8());
     return all;
 }
 
 void ProgramHome::startBare(QProcess &process, const QStringList &arguments, const QStringList &around) const
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("HOME"), path(QStringLiteral("home")));
+    environment.insert("HOME", path("home"));
     for (const char *name :
          {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME"}) // then they are below HOME
         environment.remove(QLatin1String(name));
-    // The font library keeps its cache there; it is none of the program's.
+    // For the font library's cache, which is not the program's.
     for (const char *name : {"XDG_CACHE_HOME", "XDG_RUNTIME_DIR"})
-        environment.insert(QLatin1String(name), path(QStringLiteral("caches")));
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), m_platform);
+        environment.insert(QLatin1String(name), path("caches"));
+    environment.insert("LC_ALL", "C.UTF-8");
+    environment.insert("QT_QPA_PLATFORM", m_platform);
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(m_dir.path());
-    const QStringList command = around + QStringList(QStringLiteral(FXHOST_PROGRAM)) + arguments;
+    const QStringList command = around + QStringList(FXHOST_PROGRAM) + arguments;
     process.start(command.constFirst(), command.mid(1));
 }
 
@@ -109,7 +106,7 @@ void ProgramHome::start(QProcess &process, const QString &name, const QStringLis
 
 QStringList ProgramHome::logOf(const QString &name) const
 {
-    return linesOf(path(name + QStringLiteral("log.txt")));
+    return linesOf(path(name + "log.txt"));
 }
 
 QStringList linesOf(const QString &path)
@@ -117,7 +114,7 @@ QStringList linesOf(const QString &path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
-    lines.removeLast(); // what stands after the last line end: nothing, or half a line
+    QStringList lines = QString::fromUtf8(file.readAll()).split('\n');
+    lines.removeLast(); // after the last line end: empty, or an incomplete line
     return lines;
 }

@@ -7,28 +7,28 @@
 
 class QProcess;
 
-//! What a run of the program left behind.
+//! The results of a run of the program.
 struct ProgramRun
 {
-    int exitCode = -1; //!< -1: it crashed, or did not end in time
+    int exitCode = -1; //!< -1 after a crash or a timeout
     QString output;    //!< of the standard output
     QString errors;    //!< of the standard error stream
     QStringList log;   //!< the lines of --log
 };
 
-//! A home directory of its own for runs of the real program, each in a process of its own. Everything that it
-//! may write lies below one temporary directory.
+//! A home directory for runs of the program as a process. All that it may write is below one temporary
+//! directory.
 class ProgramHome
 {
 public:
-    //! \param platform where its windows appear: nowhere, on the display ("xcb"), or there can be none
-    //! ("none")
-    explicit ProgramHome(const QString &platform = QStringLiteral("offscreen"));
+    //! \param platform of its windows: "offscreen", "xcb" for the display, or "none", with which no window
+    //! opens
+    explicit ProgramHome(const QString &platform = "offscreen");
 
-    //! A path below the temporary directory, beside the profile; a full path stays as it is.
+    //! A path below the temporary directory, beside the profile; a full path is kept.
     QString path(const QString &name) const { return QDir(m_dir.path()).filePath(name); }
-    QString profile() const { return path(QStringLiteral("profile")); }
-    QString recentFile() const { return profile() + QStringLiteral("/recent.txt"); }
+    QString profile() const { return path("profile"); }
+    QString recentFile() const { return profile() + "/recent.txt"; }
     //! The recent drawings that the file lists.
     QStringList recent() const;
     //! Writes the file path(name), and makes the folders above it. \return its path
@@ -38,18 +38,16 @@ public:
     //! Every file below the home directory, which is not the profile.
     QStringList filesInHome() const;
 
-    //! Runs the program with the profile, a log and a script; the script should end with _QUIT.
-    //! \param script lines; the program gets no script when there are none
-    ProgramRun run(const QStringList &script,
-                   const QStringList &more = {QStringLiteral("--no-module")}) const;
+    //! Runs the program with the profile, a log and a script, which should end with _QUIT.
+    //! \param script lines; without lines the program gets no script
+    ProgramRun run(const QStringList &script, const QStringList &more = {"--no-module"}) const;
     //! Runs the program with these arguments and no others.
     ProgramRun runBare(const QStringList &arguments) const;
-    //! Starts the program in the same way as run() and does not wait for it. Several may run at a time.
-    //! \param name what its script and its log are called
-    //! \param around a program that runs it, with its arguments; or none
+    //! Starts the program like run() without waiting for it. Several may run at a time.
+    //! \param name begins the names of its script and its log
+    //! \param around a program that runs it, with its arguments; may be empty
     void start(QProcess &process, const QString &name, const QStringList &script,
-               const QStringList &more = {QStringLiteral("--no-module")},
-               const QStringList &around = {}) const;
+               const QStringList &more = {"--no-module"}, const QStringList &around = {}) const;
     //! The log's lines of a program that start() has started.
     QStringList logOf(const QString &name) const;
 
@@ -57,7 +55,7 @@ private:
     QStringList arguments(const QString &name, const QStringList &script) const;
     void startBare(QProcess &process, const QStringList &arguments, const QStringList &around = {}) const;
 
-    QTemporaryDir m_dir{QDir::temp().filePath(QStringLiteral("drawings-XXXXXX"))};
+    QTemporaryDir m_dir{QDir::temp().filePath("drawings-XXXXXX")};
     QString m_platform;
 };
 

@@ -9,14 +9,14 @@ ProgramInGtk::ProgramInGtk(const QRect &place, Fetching fetching) : m_place(plac
     for (const int number : {place.x(), place.y(), place.width(), place.height()})
         arguments.append(QString::number(number));
     if (fetching == Fetching::Late)
-        arguments.append(QStringLiteral("late"));
+        arguments.append("late");
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("NO_AT_BRIDGE"), QStringLiteral("1")); // there is no session to tell
-    environment.insert(QStringLiteral("LD_PRELOAD"), QString());             // it is not what is tested
+    environment.insert("NO_AT_BRIDGE", "1");     // there is no session bus
+    environment.insert("LD_PRELOAD", QString()); // without the tests' preloaded libraries
     m_process.setProcessEnvironment(environment);
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_process.start(QStringLiteral(GTK_WINDOW_PROGRAM), arguments);
-    m_isReady = waitUntil([this] { return has(QStringLiteral("ready")); });
+    m_process.start(GTK_WINDOW_PROGRAM, arguments);
+    m_isReady = waitUntil([this] { return has("ready"); });
 }
 
 ProgramInGtk::~ProgramInGtk()
@@ -30,7 +30,7 @@ QStringList ProgramInGtk::lines() const
 {
     m_process.waitForReadyRead(0); // reads without an event loop
     m_output += m_process.readAllStandardOutput();
-    return QString::fromUtf8(m_output).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    return QString::fromUtf8(m_output).split('\n', Qt::SkipEmptyParts);
 }
 
 QMap<QString, QByteArray> ProgramInGtk::received() const
@@ -38,8 +38,8 @@ QMap<QString, QByteArray> ProgramInGtk::received() const
     QMap<QString, QByteArray> data;
     const QStringList all = lines();
     for (const QString &line : all) {
-        const QStringList words = line.split(QLatin1Char(' '));
-        if (words.size() == 3 && words.first() == QLatin1String("data"))
+        const QStringList words = line.split(' ');
+        if (words.size() == 3 && words.first() == "data")
             data.insert(words.at(1), QByteArray::fromHex(words.at(2).toLatin1()));
     }
     return data;

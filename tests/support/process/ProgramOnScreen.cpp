@@ -15,7 +15,7 @@
 
 namespace {
 
-const QString popupTitle = QStringLiteral("RecentDocMainWindow");
+const QString popupTitle = "RecentDocMainWindow";
 
 } // namespace
 
@@ -51,19 +51,17 @@ void ProgramOnScreen::Group::setupChildProcess()
 bool ProgramOnScreen::start(const QStringList &script, const QStringList &around)
 {
     Hand::moveTo(QPoint(0, 0));
-    QStringList lines{QStringLiteral("_DELAY 1")}; // the program runs no script before it has the keyboard
+    QStringList lines{"_DELAY 1"}; // the script starts when the program has the focus
     for (const QString &path : m_paths)
-        lines.prepend(QStringLiteral("_RECENTADD ") + path);
+        lines.prepend(QString("_RECENTADD ") + path);
     lines.append(script);
-    QStringList more{QStringLiteral("--no-document")};
+    QStringList more{"--no-document"};
     if (!geometry.isEmpty())
-        more << QStringLiteral("--geometry") << geometry;
+        more << "--geometry" << geometry;
     m_home.start(m_process, {}, lines, more, around);
-    const auto ranScript = [&] { return log().filter(QStringLiteral("command ")).size() >= lines.size(); };
-    // For ever it does not wait, and a busy machine may let it wait for long.
-    const auto hasKeyboard = [] {
-        return activeTitle() == popupTitle || activeTitle().startsWith(QLatin1String("fxhost"));
-    };
+    const auto ranScript = [&] { return log().filter("command ").size() >= lines.size(); };
+    // The program waits for the focus for a limited time only, which may not do on a busy machine.
+    const auto hasKeyboard = [] { return activeTitle() == popupTitle || activeTitle().startsWith("fxhost"); };
     return m_process.waitForStarted() && waitUntil(ranScript) && waitUntil(hasKeyboard);
 }
 
@@ -71,22 +69,23 @@ QStringList ProgramOnScreen::freshSession(const QString &name)
 {
     const QDir home(QDir::current().filePath(name));
     QDir(home).removeRecursively();
-    home.mkpath(QStringLiteral("."));
-    QStringList session{QStringLiteral("env")};
+    home.mkpath(".");
+    QStringList session{"env"};
     for (const char *variable : {"HOME=", "XDG_RUNTIME_DIR=", "XDG_CACHE_HOME="})
         session.append(QLatin1String(variable) + home.path());
-    return session << QStringLiteral("dbus-run-session") << QStringLiteral("--");
+    return session << "dbus-run-session"
+                   << "--";
 }
 
 void ProgramOnScreen::type(const QString &command)
 {
-    Hand::ask({QStringLiteral("type"), command});
-    Hand::key(QStringLiteral("Return"));
+    Hand::ask({"type", command});
+    Hand::key("Return");
 }
 
 bool ProgramOnScreen::quit()
 {
-    type(QStringLiteral("_QUIT"));
+    type("_QUIT");
     return m_process.waitForFinished(patience) && m_process.exitStatus() == QProcess::NormalExit &&
            m_process.exitCode() == 0;
 }
@@ -94,7 +93,7 @@ bool ProgramOnScreen::quit()
 QStringList ProgramOnScreen::opened() const
 {
     QStringList paths;
-    const QStringList lines = log().filter(QRegularExpression(QStringLiteral("^open .* ok$")));
+    const QStringList lines = log().filter(QRegularExpression("^open .* ok$"));
     for (const QString &line : lines)
         paths.append(line.mid(5, line.size() - 8));
     return paths;
@@ -102,9 +101,7 @@ QStringList ProgramOnScreen::opened() const
 
 WId ProgramOnScreen::findWindow(const QString &pattern)
 {
-    return Hand::ask(
-               {QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"), pattern})
-        .toULongLong();
+    return Hand::ask({"search", "--onlyvisible", "--name", pattern}).toULongLong();
 }
 
 WId ProgramOnScreen::popup()
@@ -112,17 +109,17 @@ WId ProgramOnScreen::popup()
     return findWindow(QLatin1Char('^') + popupTitle + QLatin1Char('$'));
 }
 
-bool ProgramOnScreen::popupComes()
+bool ProgramOnScreen::popupOpens()
 {
     return waitUntil([] { return activeTitle() == popupTitle; });
 }
 
-bool ProgramOnScreen::popupGoes()
+bool ProgramOnScreen::popupCloses()
 {
     return waitUntil([] { return popup() == 0; });
 }
 
 QString ProgramOnScreen::activeTitle()
 {
-    return Hand::ask({QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")});
+    return Hand::ask({"getactivewindow", "getwindowname"});
 }

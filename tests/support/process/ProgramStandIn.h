@@ -6,17 +6,17 @@
 #include <QTemporaryDir>
 #include <QVector>
 
-//! Stands where the desktop's file manager, or another program, is looked for, and notes what it is started
-//! with.
+//! Replaces the desktop's file manager, or another program, in the PATH, and records the arguments of each
+//! start.
 class ProgramStandIn
 {
 public:
     //! Whether other programs are found as well.
     enum class Others { Hidden, Found };
 
-    //! \param command the one that the module was built with, without arguments, or another such program
+    //! \param command the program's name
     explicit ProgramStandIn(int exitCode = 0, Others others = Others::Hidden,
-                            const QString &command = QStringLiteral(BROWSER_FILE_MANAGER))
+                            const QString &command = BROWSER_FILE_MANAGER)
         : m_searchPath(qgetenv("PATH")), m_program(m_folder.filePath(command))
     {
         QFile script(m_program);
@@ -32,17 +32,17 @@ public:
     ~ProgramStandIn() { qputenv("PATH", m_searchPath); }
     Q_DISABLE_COPY(ProgramStandIn)
 
-    //! Makes the search for it fail.
+    //! Removes it, so that it is not found.
     void uninstall() const { QFile::remove(m_program); }
 
     //! The arguments of each start that has ended so far.
     QVector<QStringList> starts() const
     {
-        QFile file(m_folder.filePath(QStringLiteral("starts")));
+        QFile file(m_folder.filePath("starts"));
         if (!file.open(QIODevice::ReadOnly))
             return {};
         QList<QByteArray> words = file.readAll().split('\0');
-        words.removeLast(); // what follows the last zero byte
+        words.removeLast(); // after the last zero byte
         QVector<QStringList> starts;
         while (!words.isEmpty()) {
             QStringList arguments;

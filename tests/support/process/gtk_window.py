@@ -1,11 +1,11 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
 """A window of another toolkit that takes everything that is dropped on it: gtk_window.py X Y WIDTH HEIGHT [late]
-(The distribution's own Python: only that one has the distribution's modules.)
+(It needs the distribution's Python, which has the distribution's modules.)
 
-It tells what happens in lines:
+Its output:
   ready            it is on screen, at its place
-  enter            a drag is over it
+  enter            a drag has entered it
   dropped          something was dropped; with "late" the data is fetched after a line on standard input
   data FORMAT HEX  one of the formats that the drag has
   finished         all data is there
@@ -20,7 +20,7 @@ gi.require_version("Gtk", "3.0")
 from gi.repository import Gdk, GLib, Gtk  # noqa: E402
 
 
-def tell(*words):
+def report(*words):
     print(*words, flush=True)
 
 
@@ -38,7 +38,7 @@ class Target:
 
     def motion(self, _window, context, _x, _y, time):
         if not self.is_over:
-            tell("enter")
+            report("enter")
         self.is_over = True
         Gdk.drag_status(context, Gdk.DragAction.COPY, time)
         return True
@@ -46,16 +46,16 @@ class Target:
     def drop(self, window, context, _x, _y, time):
         self.is_over = False
         self.wanted = context.list_targets()
-        tell("dropped")
+        report("dropped")
         if self.late:
             GLib.io_add_watch(
-                sys.stdin.fileno(), GLib.PRIORITY_DEFAULT, GLib.IO_IN, self.fetch_at_last, window, context, time
+                sys.stdin.fileno(), GLib.PRIORITY_DEFAULT, GLib.IO_IN, self.fetch_late, window, context, time
             )
         else:
             self.fetch_next(window, context, time)
         return True
 
-    def fetch_at_last(self, _file, _condition, window, context, time):
+    def fetch_late(self, _file, _condition, window, context, time):
         sys.stdin.readline()
         self.fetch_next(window, context, time)
         return False
@@ -65,12 +65,12 @@ class Target:
             window.drag_get_data(context, self.wanted.pop(0), time)
         else:
             Gtk.drag_finish(context, True, False, time)
-            tell("finished")
+            report("finished")
 
     def received(self, window, context, _x, _y, selection, _info, time):
         data = selection.get_data() if selection.get_length() >= 0 else None
         name = selection.get_target().name()
-        tell("data", name, "-" if data is None else data.hex())
+        report("data", name, "-" if data is None else data.hex())
         self.label.set_text(f"{self.label.get_text()}\n{name}: {selection.get_length()} bytes")
         self.fetch_next(window, context, time)
 
@@ -86,7 +86,7 @@ def main():
 
     def ready_at_place(*_):
         if window.get_mapped() and window.get_window().get_origin()[1:] == (x, y):
-            tell("ready")
+            report("ready")
             return False
         return True
 

@@ -11,7 +11,6 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QFile>
 #include <QGraphicsEffect>
 #include <QLabel>
 #include <QMenu>
@@ -25,7 +24,7 @@ QStringList numberedNames(int count)
 {
     QStringList names;
     for (int i = 1; i <= count; ++i)
-        names.append(QStringLiteral("plan %1.dwg").arg(i));
+        names.append(QString("plan %1.dwg").arg(i));
     return names;
 }
 
@@ -53,65 +52,43 @@ void *RealBrowser::exported(const char *name)
 RealBrowser::RealBrowser(int count, const QRect &frame) : RealBrowser(numberedNames(count), frame) {}
 
 RealBrowser::RealBrowser(const QStringList &names, const QRect &frame)
-    : m_host(std::make_unique<fxhost::FxHost>(m_folder.filePath(QStringLiteral("profile")),
-                                              m_folder.filePath(QStringLiteral("log")))),
-      m_window(std::make_unique<QMainWindow>())
 {
-    makeDrawings(names);
-    if (!m_host->modules().load(QStringLiteral(MODULE_FILE)))
+    for (const QString &name : names)
+        m_paths.append(m_running.makeFile(name, drawingBytes(m_paths.size())));
+    if (!host().modules().load(MODULE_FILE))
         qFatal("the module cannot be loaded");
-    m_window->setGeometry(frame);
-    m_window->show();
-    if (!waitForActive(m_window.get()))
+    m_window.setGeometry(frame);
+    m_window.show();
+    if (!waitForActive(&m_window))
         qFatal("the main window does not become active");
-    m_host->setMainWindow(m_window.get());
-    m_host->recentFiles().setMaximum(fxhost::RecentFiles::largestMaximum);
-    m_host->recentFiles().setPaths(m_paths);
-    m_host->documents().newDocument();
+    host().setMainWindow(&m_window);
+    host().recentFiles().setMaximum(fxhost::RecentFiles::largestMaximum);
+    host().recentFiles().setPaths(m_paths);
+    host().documents().newDocument();
 }
 
 RealBrowser::~RealBrowser()
 {
-    m_host->setMainWindow(nullptr);
-    m_window.reset();
-    m_host.reset();
-}
-
-void RealBrowser::makeDrawings(const QStringList &names)
-{
-    for (const QString &name : names) {
-        QFile file(m_folder.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(drawingBytes(m_paths.size())) < 0)
-            qFatal("cannot make %s", qPrintable(file.fileName()));
-        m_paths.append(file.fileName());
-    }
+    host().setMainWindow(nullptr);
 }
 
 QStringList RealBrowser::storedPaths() const
 {
-    return fxhost::RecentFileStore(m_folder.filePath(QStringLiteral("profile/recent.txt"))).load().paths;
-}
-
-QStringList RealBrowser::log() const
-{
-    QFile file(m_folder.filePath(QStringLiteral("log")));
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    return fxhost::RecentFileStore(m_running.path("profile/recent.txt")).load().paths;
 }
 
 QStringList RealBrowser::opening(const QList<int> &indices) const
 {
     QStringList lines;
     for (const int index : indices)
-        lines.append(QStringLiteral("open %1 ok").arg(m_paths.at(index)));
+        lines.append(QString("open %1 ok").arg(m_paths.at(index)));
     return lines;
 }
 
 QDialog *RealBrowser::openPopup()
 {
     const QList<QDialog *> before = popups();
-    m_host->commands().runLine(QStringLiteral("_RECENT"));
+    host().commands().runLine("_RECENT");
     const QList<QDialog *> after = popups();
     for (QDialog *popup : after) {
         if (before.contains(popup))
@@ -128,7 +105,7 @@ QList<QDialog *> RealBrowser::popups()
     QList<QDialog *> found;
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget *window : windows) {
-        if (window->objectName() == QLatin1String("RecentDocMainWindow") && window->isVisible())
+        if (window->objectName() == "RecentDocMainWindow" && window->isVisible())
             found.append(qobject_cast<QDialog *>(window));
     }
     return found;
@@ -136,12 +113,12 @@ QList<QDialog *> RealBrowser::popups()
 
 QList<QDialog *> RealBrowser::tiles(const QWidget *popup)
 {
-    return popup->findChildren<QDialog *>(QStringLiteral("RecentDocDialog"));
+    return popup->findChildren<QDialog *>("RecentDocDialog");
 }
 
 QString RealBrowser::pathLine(const QWidget *popup)
 {
-    return popup->findChild<QLabel *>(QStringLiteral("main_label_path"))->text();
+    return popup->findChild<QLabel *>("main_label_path")->text();
 }
 
 QToolButton *RealBrowser::button(const QWidget *parent, const char *name)
@@ -171,13 +148,12 @@ QStringList RealBrowser::menuLines() const
     QStringList lines;
     const QList<QAction *> actions = (*menu)->actions();
     for (const QAction *action : actions)
-        lines.append(action->isSeparator() ? QStringLiteral("-") : action->text());
+        lines.append(action->isSeparator() ? "-" : action->text());
     return lines;
 }
 
 void RealBrowser::addRecentFiles(QMenu *menu, QAction *before)
 {
-    // For hosts that show the module's entries in a menu of theirs.
     const auto function = reinterpret_cast<void (*)(QMenu *, QAction *)>(
         exported("_ZN21RecentDocumentBrowser14AddRecentFilesEP5QMenuP7QAction"));
     function(menu, before);

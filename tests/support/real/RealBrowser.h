@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/runtime/FxHost.h"
+#include "tests/support/real/RealHost.h"
 
 #include <QMainWindow>
-#include <QPointer>
-#include <QTemporaryDir>
 
 class QAction;
 class QDialog;
@@ -13,35 +11,34 @@ class QLabel;
 class QMenu;
 class QToolButton;
 
-//! The built module, loaded by path into the real host runtime behind a plain main window, over sample
-//! drawings that exist. What is asked of the module goes through the host; what it shows is found by object
-//! names.
+//! The built module, loaded by path into the real host runtime with a plain main window, over drawings that
+//! exist. It is used through the host; its widgets are found by object names.
 class RealBrowser
 {
 public:
-    //! The main window's geometry, in pixels: four tiles stand in a row.
+    //! The main window's geometry, in pixels; a row of the popup has four tiles.
     static constexpr QRect usualFrame{60, 60, 1300, 900};
-    //! Makes and lists count drawings, the first as the most recent, and creates a new drawing.
+    //! Writes and lists count drawings, the first as the most recent, and creates a new drawing.
     //! \param frame the main window's geometry, in pixels
     explicit RealBrowser(int count, const QRect &frame = usualFrame);
-    //! The same with files of these names.
+    //! With files of these names.
     explicit RealBrowser(const QStringList &names, const QRect &frame = usualFrame);
     ~RealBrowser();
 
-    //! A drawing with a picture of a colour of its own.
+    //! A drawing with a picture in a colour that depends on the number.
     static QByteArray drawingBytes(int number);
-    //! What the loaded module exports under that mangled name; null while none is loaded.
+    //! The loaded module's symbol of that mangled name; null while none is loaded.
     static void *exported(const char *name);
 
     QStringList paths() const { return m_paths; }
-    fxhost::FxHost &host() { return *m_host; }
-    QMainWindow &window() { return *m_window; }
-    //! The recent documents as the host has written them down.
+    fxhost::FxHost &host() { return m_running.host; }
+    QMainWindow &window() { return m_window; }
+    //! The recent documents that the host has stored.
     QStringList storedPaths() const;
     //! The lines that the host has logged so far.
-    QStringList log() const;
-    //! Those on opening drawings, and those that it writes on opening these, in this order.
-    QStringList opened() const { return log().filter(QStringLiteral("open ")); }
+    QStringList log() const { return m_running.logged(); }
+    //! Those on opening drawings, and the expected ones for these drawings, in this order.
+    QStringList opened() const { return log().filter("open "); }
     QStringList opening(const QList<int> &indices) const;
 
     //! Runs "_RECENT" and waits until the popup is active on screen.
@@ -53,20 +50,17 @@ public:
     static QToolButton *button(const QWidget *parent, const char *name);
     //! Whether the tile's effect has the colour of a highlighted tile.
     static bool isHighlighted(const QWidget *tile);
-    //! The highlighted ones of tiles.
+    //! The indices of the highlighted ones.
     static QList<int> highlighted(const QList<QDialog *> &tiles);
 
-    //! The recent-files menu that the module keeps: the text of each entry, "-" for a separator.
+    //! The module's hidden recent-files menu: the text of each entry, "-" for a separator.
     QStringList menuLines() const;
 
-    //! Fills menu as the module's entry in a host's own menu would.
+    //! Adds the module's entries to a menu of the host, as the host's call would.
     void addRecentFiles(QMenu *menu, QAction *before);
 
 private:
-    void makeDrawings(const QStringList &names);
-
-    QTemporaryDir m_folder;
+    RealHost m_running;
     QStringList m_paths;
-    std::unique_ptr<fxhost::FxHost> m_host;
-    std::unique_ptr<QMainWindow> m_window;
+    QMainWindow m_window;
 };

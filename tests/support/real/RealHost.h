@@ -2,12 +2,12 @@
 #pragma once
 
 #include "host/runtime/FxHost.h"
+#include "tests/support/bytes/BytesOfPreview.h"
 
 #include <QFile>
-#include <QStringList>
 #include <QTemporaryDir>
 
-//! A host over a profile of its own, for tests: what it says and what it logs, and drawings to open.
+//! A host with a profile of its own, its messages and log, and drawings to open.
 class RealHost
 {
     QTemporaryDir m_folder; // first, since the host writes into it to its end
@@ -19,7 +19,7 @@ public:
                          [this](const QString &text) { messages.append(text); });
     }
 
-    //! Where a file of this name is, or would be.
+    //! The path of a file of this name, which may not exist.
     QString path(const QString &name) const { return m_folder.filePath(name); }
 
     //! Makes a file that begins as a drawing does. \return its full path
@@ -27,21 +27,18 @@ public:
 
     QString makeFile(const QString &name, const QByteArray &content) const
     {
-        QFile file(path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-            qFatal("the test cannot write %s", qPrintable(file.fileName()));
-        return file.fileName();
+        return testbytes::writeFile(path(name), content);
     }
 
     //! The log's lines so far.
     QStringList logged() const
     {
-        QFile file(path(QStringLiteral("host.log")));
+        QFile file(path("host.log"));
         if (!file.open(QIODevice::ReadOnly))
             return {};
-        return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        return QString::fromUtf8(file.readAll()).split('\n', Qt::SkipEmptyParts);
     }
 
     QStringList messages;
-    fxhost::FxHost host{path(QStringLiteral("profile")), path(QStringLiteral("host.log"))};
+    fxhost::FxHost host{path("profile"), path("host.log")};
 };

@@ -17,7 +17,7 @@ struct RealProfile
     fxhost::RecentFileStore store{folder.filePath("recent.txt")};
     fxhost::RecentFiles list{store, settings, report};
 
-    //! What another program with the same profile does.
+    //! As another program with the same profile does.
     void changeElsewhere(const fxhost::RecentFileStore::Change &change) const { other().update({}, change); }
     QStringList stored() const { return other().load().paths; }
 

@@ -29,7 +29,7 @@
 
 namespace fxhost {
 
-//! The steps of the way from the services to the recent-file list.
+//! Leads from the services to the list of recent documents.
 class FxHost::Profile : public CFxApplication, public CFxUserProfile
 {
 public:

@@ -96,7 +96,8 @@ private slots:
         if (escapes)
             scene.hand.escape();
         else
-            QCOMPARE(scene.drop(), QString());
+            scene.hand.letGo();
+        QCOMPARE(scene.hand.run(), QString());
         drainEvents();
         QCOMPARE(scene.whatHasChanged(), QString());
         QCOMPARE(scene.tiles.at(5)->pos(), cell);
@@ -128,7 +129,8 @@ private slots:
         if (escapes)
             scene.hand.escape();
         else
-            QCOMPARE(scene.drop(), QString());
+            scene.hand.letGo();
+        QCOMPARE(scene.hand.run(), QString());
         QTRY_VERIFY(!scene.popup);
         drainEvents();
         QCOMPARE(scene.opened(), scene.opening({1})); // the press has highlighted it alone

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "module/HostAccess.h"
 #include "module/OdRxUnixModuleRecentDocumentBrowser.h"
 #include "module/velaCommandHelp.h"
 #include "tests/support/Assertions.h"
@@ -49,6 +50,22 @@ class tst_ModuleObject : public TestCase
     Q_OBJECT
 
 private slots:
+    void aCallOfTheHostFromAnotherThreadIsReported()
+    {
+#ifdef NDEBUG
+        QSKIP("Only debug builds report it.");
+#else
+        const AssertionsAreNoted noted;
+        std::thread([] {
+            HostAccess::hasServices();
+            HostAccess::isCommandRegistered(L"RECENT");
+        }).join();
+        QCOMPARE(assertions.size(), std::size_t(2));
+        HostAccess::hasServices();
+        QCOMPARE(assertions.size(), std::size_t(2));
+#endif
+    }
+
     void theVersionOfTheInterfaceIsReturned()
     {
         int version[4] = {0, 0, 0, -1};

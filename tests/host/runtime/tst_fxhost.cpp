@@ -7,6 +7,7 @@
 #include "host/runtime/log/HostLog.h"
 #include "host/runtime/recent/RecentFileStore.h"
 #include "host/runtime/recent/RecentFiles.h"
+#include "tests/support/Assertions.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/bytes/BytesOfPreview.h"
 #include "tests/support/bytes/BytesOnFullDisk.h"
@@ -112,6 +113,21 @@ private slots:
         QCOMPARE(GetFxSystemServices(), nullptr);
         QCOMPARE(odedRegCmds(), nullptr);
         QCOMPARE(odedEditor(), nullptr);
+    }
+
+    void aCallFromAnotherThreadIsReported()
+    {
+#ifdef NDEBUG
+        QSKIP("Only debug builds report it.");
+#else
+        const RealHost running;
+        CFxSystemServices *const services = GetFxSystemServices();
+        const AssertionsAreNoted noted;
+        std::thread([services] { services->GetMainFrame()->GetMainWindow(); }).join();
+        QCOMPARE(assertions.size(), std::size_t(2));
+        services->GetMainFrame();
+        QCOMPARE(assertions.size(), std::size_t(2));
+#endif
     }
 
     void modulesReachEveryService()

@@ -95,7 +95,7 @@ database=build/lint
 product=()  # files, each of which must include what it needs
 together=() # units of several tests, as they are compiled
 compile_commands() {
-    local unit found
+    local unit found unity
     rm -rf -- "$database" # an old one would hide that this run has none
     scripts/quietly.sh cmake --preset dev -DBUILD_TESTING=ON || return 1
     # The sources include generated files.
@@ -103,10 +103,11 @@ compile_commands() {
     mkdir -p "$database"
     sed -e 's/ -fno-gnu-unique / /; s/ -Werror / /; s/ -Wpedantic / /; s/ -Wno-subobject-linkage / /' \
         build/dev/compile_commands.json >"$database/compile_commands.json" || return 1
+    mapfile -t unity < <(grep -oP '"file": "\K[^"]*/Unity/[^"]*' "$database/compile_commands.json")
     for unit in "${units[@]}"; do
         if grep -qF "/$unit\"" "$database/compile_commands.json"; then
             product+=("$unit")
-        elif found=$(grep -lF "/$unit\"" build/dev/tests/CMakeFiles/*/Unity/*.cxx); then
+        elif found=$(grep -lF "/$unit\"" "${unity[@]}"); then
             together+=("$found")
         else
             echo "not analysed, as the dev preset does not compile it: $unit"

@@ -69,7 +69,8 @@ private slots:
         QCOMPARE(list.paths(), numbered(1, 4));
         QVERIFY(list.setMaximum(5));
         QCOMPARE(list.paths(), numbered(1, 4));
-        fxhost::HostSettings(profile.folder.path(), profile.report).setRecentMaximum(2); // by another program
+        fxhost::HostSettings elsewhere(profile.folder.path(), profile.report); // in another program
+        elsewhere.setRecentMaximum(2);
         list.refresh();
         QCOMPARE(profile.stored(), numbered(1, 2));
     }

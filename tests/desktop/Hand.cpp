@@ -132,7 +132,8 @@ void Hand::keepScreenshot(const QString &name, const QRect &part)
     const QPoint corner = area.topLeft() - screen->geometry().topLeft();
     const QPixmap picture = screen->grabWindow(0, corner.x(), corner.y(), area.width(), area.height());
     QString file = name; // may be a row's name
-    file.replace(QRegularExpression("[^A-Za-z0-9]+"), "-");
+    static const QRegularExpression others("[^A-Za-z0-9]+");
+    file.replace(others, "-");
     if (!picture.save(QString("screenshots/%1.png").arg(file)))
         qFatal("cannot keep a screenshot");
 }

@@ -56,10 +56,12 @@ private:
     QString state() const
     {
         QStringList numbers;
-        for (const int index : RealBrowser::highlighted(tiles))
+        const QList<int> highlighted = RealBrowser::highlighted(tiles);
+        for (const int index : highlighted)
             numbers.append(QString::number(index));
         QStringList lines; // the path line's text for each tile
-        for (const QString &path : browser.paths())
+        const QStringList paths = browser.paths();
+        for (const QString &path : paths)
             lines.append(shownPath(path, popup->width()));
         return QString("%1: %2").arg(numbers.join(' ')).arg(lines.indexOf(RealBrowser::pathLine(popup)));
     }
@@ -174,7 +176,7 @@ private slots:
         Hand::key("Return");
         QTRY_VERIFY(!typing.popup);
         QStringList expected = typing.browser.opening({0, 1, 2});
-        expected[1].replace(QRegularExpression("ok$"), "failed");
+        expected[1] = expected.at(1).chopped(2) + "failed";
         QCOMPARE(typing.browser.opened(), expected);
     }
 

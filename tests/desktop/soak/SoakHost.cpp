@@ -136,7 +136,7 @@ QStringList SoakHost::takeOpened()
     const QStringList lines = m_running.logged().mid(m_logRead);
     m_logRead += lines.size();
     QStringList opened;
-    const QRegularExpression open("^open (.*) (ok|failed)$");
+    static const QRegularExpression open("^open (.*) (ok|failed)$");
     for (const QString &line : lines) {
         const QRegularExpressionMatch match = open.match(line);
         if (match.hasMatch())

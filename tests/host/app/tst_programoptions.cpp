@@ -150,7 +150,8 @@ private:
         QStringList words;
         if (options.modules && options.modules->isEmpty())
             words << "no module";
-        for (const QString &module : options.modules.value_or(QStringList()))
+        const QStringList modules = options.modules.value_or(QStringList());
+        for (const QString &module : modules)
             words << "module " + module;
         words << "profile " + options.profileDir << "script " + options.scriptFile
               << "log " + options.logFile;

@@ -52,7 +52,7 @@ bool ProgramOnScreen::start(const QStringList &script, const QStringList &around
 {
     Hand::moveTo(QPoint(0, 0));
     QStringList lines{"_DELAY 1"}; // the script starts when the program has the focus
-    for (const QString &path : m_paths)
+    for (const QString &path : qAsConst(m_paths))
         lines.prepend(QString("_RECENTADD ") + path);
     lines.append(script);
     QStringList more{"--no-document"};

@@ -105,7 +105,7 @@ Outcome DocumentManager::openFile(const QString &path)
     if (path.isEmpty())
         return Outcome::failed(tr("No path was given."));
     if (!m_probe.unresponsive({path}, openWait).isEmpty())
-        return Outcome::failed(tr("The disk or server that it is on does not answer."));
+        return Outcome::failed(tr("The disk or server that it is on does not respond."));
     const QString canonicalPath = QFileInfo(path).canonicalFilePath(); // empty when there is no file
     if (Document *document = findOpen(path, canonicalPath)) {
         m_recentFiles.add(document->path());

@@ -51,7 +51,7 @@ public:
     //! \param path taken as it is when absolute; relative to the working directory otherwise
     //! \return whether it is open now; the reason why not has been reported
     Outcome open(const QString &path);
-    //! Opens one after the other; those that do not answer are waited for together.
+    //! Opens one after the other; those that do not respond are waited for together.
     void openAll(const QStringList &paths);
     //! \param document null or one that is closed or being closed: nothing happens
     void close(Document *document);

@@ -173,7 +173,7 @@ QStringList FileProbe::unresponsive(const QStringList &paths, const ProbeWait &w
             readResponses();
         } while (m_helper->waitForReadyRead(0));
         m_responded = responded;
-        forgetResponsesBefore(m_clock.elapsed() - wait.answersGoodFor.count());
+        forgetResponsesBefore(m_clock.elapsed() - wait.responsesGoodFor.count());
         requestMissing(paths);
         waitFor(paths, wait.deadline);
         if (isRunning())

@@ -21,7 +21,7 @@ struct ProbeWait
     //! How long a file may take to respond.
     std::chrono::milliseconds deadline{300};
     //! A response that is no older than this counts as a new one.
-    std::chrono::milliseconds answersGoodFor{0};
+    std::chrono::milliseconds responsesGoodFor{0};
 };
 
 //! Finds unresponsive files: those on a server that is away, for example, where every access waits without
@@ -37,7 +37,7 @@ public:
 
     //! \param helper the program to start; empty for the one in the folder of this library
     explicit FileProbe(const QString &helper = QString());
-    //! Does not wait for files that do not answer.
+    //! Does not wait for files that do not respond.
     ~FileProbe();
 
     FileProbe(const FileProbe &) = delete;

@@ -133,7 +133,7 @@ void take(const std::string &request, Workers &workers)
 
 int main()
 {
-    constexpr int moment = 10;               // milliseconds: a file that answers does it in far less
+    constexpr int moment = 10;               // milliseconds: a file that responds does it in far less
     constexpr std::size_t chunkSize = 65536; // bytes: as much as a pipe holds
     std::array<char, chunkSize> chunk = {};
     std::string input;

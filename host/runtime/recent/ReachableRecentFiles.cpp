@@ -12,7 +12,7 @@ namespace fxhost {
 namespace {
 
 //! Modules ask for the list several times in a row, and each time the same is true.
-constexpr std::chrono::milliseconds answersGoodFor{200};
+constexpr std::chrono::milliseconds responsesGoodFor{200};
 
 } // namespace
 
@@ -27,7 +27,7 @@ void ReachableRecentFiles::GetPaths(std::vector<CFxString> &paths) const
     FXHOST_ASSERT_GUI_THREAD();
     QStringList listed = m_recentFiles.paths();
     ProbeWait wait;
-    wait.answersGoodFor = answersGoodFor;
+    wait.responsesGoodFor = responsesGoodFor;
     const QStringList unresponsive = m_probe.unresponsive(listed, wait);
     for (const QString &path : unresponsive)
         listed.removeOne(path);
@@ -46,7 +46,7 @@ void ReachableRecentFiles::warnOf(const QStringList &unresponsive) const
     }
     m_reported = QSet<QString>(unresponsive.begin(), unresponsive.end());
     if (!news.isEmpty()) {
-        m_report(tr("Not shown as recent while the disk or server does not answer: %1")
+        m_report(tr("Not shown as recent while the disk or server does not respond: %1")
                      .arg(news.join(QLatin1String(", "))));
     }
 }
@@ -59,7 +59,7 @@ void ReachableRecentFiles::warnOf(const QString &problem) const
     if (problem.isEmpty())
         return;
     m_report(problem + QLatin1Char(' ') +
-             tr("Recent drawings on a disk or server that does not answer may hold up the program."));
+             tr("Recent drawings on a disk or server that does not respond may hold up the program."));
 }
 
 } // namespace fxhost

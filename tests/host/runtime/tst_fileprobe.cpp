@@ -213,7 +213,7 @@ private slots:
         folder.stopAnswering();
         // There was an answer that was not read.
         fxhost::ProbeWait wait;
-        wait.answersGoodFor = std::chrono::minutes(1);
+        wait.responsesGoodFor = std::chrono::minutes(1);
         QCOMPARE(probe.unresponsive({file}, wait), QStringList(file));
     }
 

@@ -4,7 +4,6 @@
 #include "host/runtime/commands/CommandStack.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/editor/Editor.h"
-#include "host/runtime/log/HostLog.h"
 #include "host/runtime/recent/RecentFileStore.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "tests/support/Assertions.h"
@@ -24,7 +23,6 @@
 #include <memory>
 
 using fxhost::FxHost;
-using fxhost::HostLog;
 
 namespace {
 
@@ -362,45 +360,6 @@ private slots:
             QCOMPARE(running.messages.size(), 1);
         }
         QCOMPARE(fxhost::RecentFileStore(file).load().paths, QStringList("/a.dwg"));
-    }
-
-    // The log.
-
-    void everyEntryIsWrittenAtOnceAsALine()
-    {
-        const Profile folder;
-        folder.write("host.log", "help 1\n"); // to which a second run appends
-        HostLog log(folder.file("host.log"));
-        log.command("_RECENT", 5100);
-        log.unknownCommand("nonsense");
-        log.open("/a b.dwg", true);
-        log.open("/missing.dwg", false);
-        log.open("/two\nlines\tand \u00e4 100%1.dwg", true);
-        log.help(3087);
-        log.module("/m.so", HostLog::ModuleEvent::Loaded);
-        log.module("/m.so", HostLog::ModuleEvent::Unloaded);
-        log.module("/m.so", HostLog::ModuleEvent::Failed);
-        QCOMPARE(contentOfFile(folder.file("host.log")),
-                 QByteArray("help 1\n"
-                            "command _RECENT 5100\n"
-                            "command nonsense unknown\n"
-                            "open /a b.dwg ok\n"
-                            "open /missing.dwg failed\n"
-                            "open /two%0Alines%09and \xc3\xa4 100%1.dwg ok\n"
-                            "help 3087\n"
-                            "module /m.so loaded\n"
-                            "module /m.so unloaded\n"
-                            "module /m.so failed\n"));
-    }
-
-    void logThatCannotBeWrittenIsReported()
-    {
-        HostLog none{QString()};
-        none.help(1);
-        QVERIFY(none.outcome());
-        HostLog nowhere("/no such directory/host.log");
-        nowhere.help(1);
-        QVERIFY(!nowhere.outcome().reason().isEmpty());
     }
 };
 

@@ -1,24 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/recent/RecentFileStore.h"
 
-#include "host/runtime/FileLock.h"
 #include "host/runtime/Paths.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/bytes/BytesOfPreview.h"
 #include "tests/support/bytes/BytesOfSpecialFiles.h"
 #include "tests/support/bytes/BytesOnFullDisk.h"
+#include "tests/support/real/RealListFile.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <climits>
-#include <memory>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
 
-using fxhost::FileLock;
 using fxhost::RecentFileStore;
 using testbytes::writeFile;
 
@@ -53,50 +51,6 @@ QByteArray contentOf(const QString &path)
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
 }
-
-//! The change that moves or adds path to the front of a list of at most so many.
-RecentFileStore::Change adding(const QString &path, int most = 1000)
-{
-    return [path, most](const QStringList &listed) {
-        QStringList paths = QStringList(path) + listed;
-        paths.removeDuplicates();
-        return paths.mid(0, most);
-    };
-}
-
-RecentFileStore::Change replacing(const QStringList &paths)
-{
-    return [paths](const QStringList &) { return paths; };
-}
-
-QStringList unchanged(const QStringList &listed)
-{
-    return listed;
-}
-
-//! A list in a folder of its own, with a store.
-class ListFile
-{
-    QTemporaryDir m_folder;
-
-public:
-    explicit ListFile(const QString &name = "recent.txt") : path(m_folder.filePath(name)) {}
-
-    const QString path;
-    RecentFileStore store{path};
-
-    QString beside(const QString &name) const { return m_folder.filePath(name); }
-    QStringList files() const { return QDir(m_folder.path()).entryList(QDir::Files); }
-    QString lockFile() const { return path + ".lock"; }
-    //! \return what is reported to the user
-    QString save(const QStringList &paths) { return store.update({}, replacing(paths)).outcome.reason(); }
-    //! What another program does.
-    QStringList listed() const { return RecentFileStore(path).load().paths; }
-    void changeElsewhere(const RecentFileStore::Change &change) const
-    {
-        RecentFileStore(path).update({}, change);
-    }
-};
 
 } // namespace
 
@@ -136,7 +90,7 @@ private slots:
     {
         QFETCH(QStringList, paths);
         QFETCH(QByteArray, content);
-        ListFile list;
+        RealListFile list;
         RecentFileStore::Stored loaded = list.store.load();
         QCOMPARE(loaded.paths, QStringList()); // a file that does not exist yet is not an error
         QCOMPARE(loaded.outcome.reason(), QString());
@@ -151,7 +105,7 @@ private slots:
 
     void oddNameKeepsTheFileReadable()
     {
-        ListFile list;
+        RealListFile list;
         // Two bytes, each stored as if it were not UTF-8; together they are.
         list.save({'/' + fxhost::pathFromBytes("\xc3") + fxhost::pathFromBytes("\xa4"), "/b.dwg"});
         QCOMPARE(list.listed(), QStringList({"/\u00e4", "/b.dwg"}));
@@ -182,7 +136,7 @@ private slots:
     void aDamagedFileIsSetAside()
     {
         QFETCH(QByteArray, damaged);
-        ListFile list;
+        RealListFile list;
         const QString aside = list.path + ".damaged";
         writeFile(list.path, damaged);
         const RecentFileStore::Stored loaded = list.store.load();
@@ -197,7 +151,7 @@ private slots:
 
     void filesSetAsideBeforeAreKept()
     {
-        const ListFile list;
+        const RealListFile list;
         for (const char *generation : {"first", "second", "third"}) {
             writeFile(list.path, generation);
             RecentFileStore(list.path).load();
@@ -209,7 +163,7 @@ private slots:
 
     void anythingButAFileIsSetAside()
     {
-        ListFile list;
+        RealListFile list;
         const Alarm alarm;
         QVERIFY(QDir().mkpath(list.path));
         QVERIFY(!list.store.load().outcome.reason().isEmpty());
@@ -222,7 +176,7 @@ private slots:
 
     void unreadableListIsLeftUnchanged()
     {
-        ListFile list;
+        RealListFile list;
         writeFile(list.path, listHeader + "/former.dwg\n");
         RecentFileStore::Stored kept;
         RecentFileStore::Stored loaded;
@@ -256,7 +210,7 @@ private slots:
     {
         QFETCH(QString, name);
         QFETCH(int, room);
-        ListFile list(name);
+        RealListFile list(name);
         writeFile(list.path, listHeader + "/former.dwg\n");
         const BytesOnFullDisk disk(static_cast<rlim_t>(room));
         const QString problem = list.save({"/new.dwg"});
@@ -267,167 +221,12 @@ private slots:
     void damagedFileThatCannotBeRenamedIsLeftUnchanged()
     {
         allowWarning("File name too long"); // Qt warns that it cannot look for such a name
-        ListFile list(longestName);
+        RealListFile list(longestName);
         writeFile(list.path, "damaged");
         const QString problem = list.store.load().outcome.reason();
         QVERIFY2(problem.contains(list.path), qPrintable(problem));
         QCOMPARE(list.save({"/new.dwg"}), QString()); // already reported
         QCOMPARE(contentOf(list.path), QByteArray("damaged"));
-    }
-
-    // Several programs.
-
-    void changesApplyToTheListOfAnotherProgram()
-    {
-        const ListFile list;
-        RecentFileStore one(list.path);
-        RecentFileStore other(list.path);
-        QCOMPARE(one.update({}, adding("/a")).paths, QStringList("/a"));
-        QCOMPARE(other.update({}, adding("/b")).paths, QStringList({"/b", "/a"}));
-        QCOMPARE(one.update({"/a"}, adding("/c")).paths, QStringList({"/c", "/b", "/a"}));
-        QCOMPARE(list.listed(), QStringList({"/c", "/b", "/a"}));
-        // An entry that one has removed is not restored by the other.
-        one.update({"/c", "/b", "/a"}, replacing({}));
-        QCOMPARE(other.update({"/b", "/a"}, adding("/b")).paths, QStringList("/b"));
-    }
-
-    void listInMemoryReplacesTheFile_data()
-    {
-        QTest::addColumn<bool>("isDamaged");
-        QTest::newRow("that was deleted") << false;
-        QTest::newRow("that was damaged") << true;
-    }
-
-    void listInMemoryReplacesTheFile()
-    {
-        QFETCH(bool, isDamaged);
-        ListFile list;
-        list.store.update({}, adding("/a"));
-        if (isDamaged)
-            writeFile(list.path, "damaged");
-        else
-            QVERIFY(QFile::remove(list.path));
-        const RecentFileStore::Stored kept = list.store.update({"/a"}, adding("/b"));
-        QCOMPARE(kept.paths, QStringList({"/b", "/a"}));
-        QCOMPARE(kept.outcome.reason().contains(list.path + ".damaged"), isDamaged);
-        QCOMPARE(kept.outcome.reason().isEmpty(), !isDamaged);
-        QCOMPARE(list.listed(), QStringList({"/b", "/a"}));
-    }
-
-    void nothingIsWrittenOrLostWhileTheListIsLocked()
-    {
-        ListFile list;
-        list.store.update({}, adding("/a"));
-        {
-            const FileLock theirs(list.lockFile(), {});
-            QVERIFY(theirs.isHeld());
-            const RecentFileStore::Stored kept = list.store.update({"/a"}, adding("/b"));
-            QCOMPARE(kept.paths, QStringList({"/b", "/a"}));
-            QVERIFY2(kept.outcome.reason().contains(list.path), qPrintable(kept.outcome.reason()));
-        }
-        QCOMPARE(list.listed(), QStringList("/a"));
-        RecentFileStore(list.path).update({"/a"}, adding("/c"));
-        QVERIFY(!list.store.isAllWritten());
-        // Entries that could not be written count as newer than those that were.
-        QCOMPARE(list.store.update({"/b", "/a"}, unchanged).paths, QStringList({"/b", "/c", "/a"}));
-        QVERIFY(list.store.isAllWritten());
-        QCOMPARE(list.listed(), QStringList({"/b", "/c", "/a"}));
-    }
-
-    void unwrittenEntriesPushOutTheOldest()
-    {
-        ListFile list;
-        list.save({"/a", "/b", "/c"});
-        {
-            const FileLock theirs(list.lockFile(), {});
-            QCOMPARE(list.store.update({"/a", "/b", "/c"}, adding("/mine", 3)).paths,
-                     QStringList({"/mine", "/a", "/b"}));
-        }
-        list.changeElsewhere(adding("/theirs", 3));
-        QCOMPARE(list.store.update({"/mine", "/a", "/b"}, adding("/next", 3)).paths,
-                 QStringList({"/next", "/mine", "/theirs"}));
-    }
-
-    void entriesOfAnotherProgramAreNotWrittenAgain()
-    {
-        ListFile list;
-        {
-            const FileLock theirs(list.lockFile(), {});
-            list.store.update({"/a"}, adding("/b"));
-        }
-        RecentFileStore(list.path).update({"/a"}, adding("/b"));
-        QCOMPARE(list.store.update({"/b", "/a"}, unchanged).paths, QStringList({"/b", "/a"}));
-        QVERIFY(list.store.isAllWritten());
-    }
-
-    void unwrittenEntriesAreWrittenWithTheNextChange()
-    {
-        ListFile list("away/recent.txt");
-        const QString problem = list.store.update({}, adding("/a")).outcome.reason();
-        QVERIFY2(problem.contains(list.path), qPrintable(problem));
-        QVERIFY(QDir().mkpath(list.beside("away")));
-        list.changeElsewhere(adding("/c"));
-        QCOMPARE(list.store.update({"/a"}, adding("/b")).outcome.reason(), QString());
-        QCOMPARE(list.listed(), QStringList({"/b", "/a", "/c"}));
-        // From then on the file counts again.
-        list.changeElsewhere(replacing({}));
-        QCOMPARE(list.store.update({"/b", "/a", "/c"}, adding("/b")).paths, QStringList("/b"));
-    }
-
-    void unchangedListIsNotWritten()
-    {
-        ListFile list;
-        QCOMPARE(list.store.update({"/a"}, unchanged).paths, QStringList("/a"));
-        QVERIFY(!QFile::exists(list.path));
-        list.store.update({}, adding("/a"));
-        const auto inode = [&list] {
-            struct stat status = {};
-            return ::stat(QFile::encodeName(list.path).constData(), &status) == 0 ? status.st_ino : 0;
-        };
-        const ino_t before = inode();
-        QVERIFY(before != 0);
-        QCOMPARE(list.store.update({"/a"}, unchanged).outcome.reason(), QString());
-        QCOMPARE(inode(), before);
-        list.store.update({"/a"}, adding("/b"));
-        QVERIFY(inode() != before); // a written list is another file
-    }
-
-    void filesOfKilledWritersAreRemoved()
-    {
-        const ListFile list;
-        const QStringList kept = {"recent.txt.ab12cd", "recent.txt.abc", "recent.txt.damaged",
-                                  "recent.txt.lock", "recentxtxt.abcdef"};
-        const QStringList all = kept + QStringList({"recent.txt.AbCdEf", "recent.txt.zzzzzz"});
-        for (const QString &name : all)
-            writeFile(list.beside(name), "half a li");
-        {
-            const FileLock theirs(list.lockFile(), {}); // another program may be writing
-            list.listed();
-            QCOMPARE(list.files().size(), kept.size() + 2);
-        }
-        list.listed();
-        QCOMPARE(list.files(), kept);
-    }
-
-    void lockHasOneHolderAtATime()
-    {
-        const ListFile list;
-        auto first = std::make_unique<FileLock>(list.lockFile(), std::chrono::milliseconds(0));
-        QVERIFY(first->isHeld() && !first->isBusy());
-        const FileLock second(list.lockFile(), std::chrono::milliseconds(10));
-        QVERIFY(!second.isHeld() && second.isBusy());
-        first.reset();
-        QVERIFY(FileLock(list.lockFile(), {}).isHeld());
-    }
-
-    void lockThatCannotBeTakenIsNotBusy()
-    {
-        ListFile list;
-        const FileLock nowhere(list.beside("no such folder/lock"), std::chrono::milliseconds(10));
-        QVERIFY(!nowhere.isHeld() && !nowhere.isBusy());
-        QVERIFY(QDir().mkpath(list.lockFile())); // a folder, which cannot be opened for writing
-        QCOMPARE(list.save({"/a"}), QString());
-        QCOMPARE(list.store.load().paths, QStringList("/a"));
     }
 };
 

@@ -6,7 +6,7 @@
 
 BytesInStuckFolder::BytesInStuckFolder(Kind kind)
     : m_kept(m_folder.filePath(QStringLiteral("kept"))), m_seen(m_folder.filePath(QStringLiteral("seen"))),
-      m_lever(m_folder.filePath(QStringLiteral("does not answer")))
+      m_lever(m_folder.filePath(QStringLiteral("does not respond")))
 {
     if (!QDir().mkpath(m_kept) || !QDir().mkpath(m_seen))
         qFatal("cannot make a folder in %s", qPrintable(m_folder.path()));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A file system that shows a folder and does not answer while the file SWITCH exists, like a server that is
+// A file system that shows a folder and does not respond while the file SWITCH exists, like a server that is
 // down. Prints a line once it is mounted.
 //   stuck_mount FOLDER SWITCH MOUNT-POINT
 // Programming interface: https://libfuse.github.io/doxygen/

@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/FileLock.h"
+#include "tests/support/TestCase.h"
+#include "tests/support/bytes/BytesOfPreview.h"
+#include "tests/support/real/RealListFile.h"
+
+#include <QFile>
+
+#include <memory>
+
+#include <sys/stat.h>
+
+using fxhost::FileLock;
+using fxhost::RecentFileStore;
+using testbytes::writeFile;
+
+//! One list of recent documents that several programs change.
+class tst_SharedRecentList : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void changesApplyToTheListOfAnotherProgram()
+    {
+        const RealListFile list;
+        RecentFileStore one(list.path);
+        RecentFileStore other(list.path);
+        QCOMPARE(one.update({}, adding("/a")).paths, QStringList("/a"));
+        QCOMPARE(other.update({}, adding("/b")).paths, QStringList({"/b", "/a"}));
+        QCOMPARE(one.update({"/a"}, adding("/c")).paths, QStringList({"/c", "/b", "/a"}));
+        QCOMPARE(list.listed(), QStringList({"/c", "/b", "/a"}));
+        // An entry that one has removed is not restored by the other.
+        one.update({"/c", "/b", "/a"}, replacing({}));
+        QCOMPARE(other.update({"/b", "/a"}, adding("/b")).paths, QStringList("/b"));
+    }
+
+    void listInMemoryReplacesTheFile_data()
+    {
+        QTest::addColumn<bool>("isDamaged");
+        QTest::newRow("that was deleted") << false;
+        QTest::newRow("that was damaged") << true;
+    }
+
+    void listInMemoryReplacesTheFile()
+    {
+        QFETCH(bool, isDamaged);
+        RealListFile list;
+        list.store.update({}, adding("/a"));
+        if (isDamaged)
+            writeFile(list.path, "damaged");
+        else
+            QVERIFY(QFile::remove(list.path));
+        const RecentFileStore::Stored kept = list.store.update({"/a"}, adding("/b"));
+        QCOMPARE(kept.paths, QStringList({"/b", "/a"}));
+        QCOMPARE(kept.outcome.reason().contains(list.path + ".damaged"), isDamaged);
+        QCOMPARE(kept.outcome.reason().isEmpty(), !isDamaged);
+        QCOMPARE(list.listed(), QStringList({"/b", "/a"}));
+    }
+
+    void nothingIsWrittenOrLostWhileTheListIsLocked()
+    {
+        RealListFile list;
+        list.store.update({}, adding("/a"));
+        {
+            const FileLock theirs(list.lockFile(), {});
+            QVERIFY(theirs.isHeld());
+            const RecentFileStore::Stored kept = list.store.update({"/a"}, adding("/b"));
+            QCOMPARE(kept.paths, QStringList({"/b", "/a"}));
+            QVERIFY2(kept.outcome.reason().contains(list.path), qPrintable(kept.outcome.reason()));
+        }
+        QCOMPARE(list.listed(), QStringList("/a"));
+        RecentFileStore(list.path).update({"/a"}, adding("/c"));
+        QVERIFY(!list.store.isAllWritten());
+        // Entries that could not be written count as newer than those that were.
+        QCOMPARE(list.store.update({"/b", "/a"}, unchanged).paths, QStringList({"/b", "/c", "/a"}));
+        QVERIFY(list.store.isAllWritten());
+        QCOMPARE(list.listed(), QStringList({"/b", "/c", "/a"}));
+    }
+
+    void unwrittenEntriesPushOutTheOldest()
+    {
+        RealListFile list;
+        list.save({"/a", "/b", "/c"});
+        {
+            const FileLock theirs(list.lockFile(), {});
+            QCOMPARE(list.store.update({"/a", "/b", "/c"}, adding("/mine", 3)).paths,
+                     QStringList({"/mine", "/a", "/b"}));
+        }
+        list.changeElsewhere(adding("/theirs", 3));
+        QCOMPARE(list.store.update({"/mine", "/a", "/b"}, adding("/next", 3)).paths,
+                 QStringList({"/next", "/mine", "/theirs"}));
+    }
+
+    void entriesOfAnotherProgramAreNotWrittenAgain()
+    {
+        RealListFile list;
+        {
+            const FileLock theirs(list.lockFile(), {});
+            list.store.update({"/a"}, adding("/b"));
+        }
+        RecentFileStore(list.path).update({"/a"}, adding("/b"));
+        QCOMPARE(list.store.update({"/b", "/a"}, unchanged).paths, QStringList({"/b", "/a"}));
+        QVERIFY(list.store.isAllWritten());
+    }
+
+    void unwrittenEntriesAreWrittenWithTheNextChange()
+    {
+        RealListFile list("away/recent.txt");
+        const QString problem = list.store.update({}, adding("/a")).outcome.reason();
+        QVERIFY2(problem.contains(list.path), qPrintable(problem));
+        QVERIFY(QDir().mkpath(list.beside("away")));
+        list.changeElsewhere(adding("/c"));
+        QCOMPARE(list.store.update({"/a"}, adding("/b")).outcome.reason(), QString());
+        QCOMPARE(list.listed(), QStringList({"/b", "/a", "/c"}));
+        // From then on the file counts again.
+        list.changeElsewhere(replacing({}));
+        QCOMPARE(list.store.update({"/b", "/a", "/c"}, adding("/b")).paths, QStringList("/b"));
+    }
+
+    void unchangedListIsNotWritten()
+    {
+        RealListFile list;
+        QCOMPARE(list.store.update({"/a"}, unchanged).paths, QStringList("/a"));
+        QVERIFY(!QFile::exists(list.path));
+        list.store.update({}, adding("/a"));
+        const auto inode = [&list] {
+            struct stat status = {};
+            return ::stat(QFile::encodeName(list.path).constData(), &status) == 0 ? status.st_ino : 0;
+        };
+        const ino_t before = inode();
+        QVERIFY(before != 0);
+        QCOMPARE(list.store.update({"/a"}, unchanged).outcome.reason(), QString());
+        QCOMPARE(inode(), before);
+        list.store.update({"/a"}, adding("/b"));
+        QVERIFY(inode() != before); // a written list is another file
+    }
+
+    void filesOfKilledWritersAreRemoved()
+    {
+        const RealListFile list;
+        const QStringList kept = {"recent.txt.ab12cd", "recent.txt.abc", "recent.txt.damaged",
+                                  "recent.txt.lock", "recentxtxt.abcdef"};
+        const QStringList all = kept + QStringList({"recent.txt.AbCdEf", "recent.txt.zzzzzz"});
+        for (const QString &name : all)
+            writeFile(list.beside(name), "half a li");
+        {
+            const FileLock theirs(list.lockFile(), {}); // another program may be writing
+            list.listed();
+            QCOMPARE(list.files().size(), kept.size() + 2);
+        }
+        list.listed();
+        QCOMPARE(list.files(), kept);
+    }
+
+    void lockHasOneHolderAtATime()
+    {
+        const RealListFile list;
+        auto first = std::make_unique<FileLock>(list.lockFile(), std::chrono::milliseconds(0));
+        QVERIFY(first->isHeld() && !first->isBusy());
+        const FileLock second(list.lockFile(), std::chrono::milliseconds(10));
+        QVERIFY(!second.isHeld() && second.isBusy());
+        first.reset();
+        QVERIFY(FileLock(list.lockFile(), {}).isHeld());
+    }
+
+    void lockThatCannotBeTakenIsNotBusy()
+    {
+        RealListFile list;
+        const FileLock nowhere(list.beside("no such folder/lock"), std::chrono::milliseconds(10));
+        QVERIFY(!nowhere.isHeld() && !nowhere.isBusy());
+        QVERIFY(QDir().mkpath(list.lockFile())); // a folder, which cannot be opened for writing
+        QCOMPARE(list.save({"/a"}), QString());
+        QCOMPARE(list.store.load().paths, QStringList("/a"));
+    }
+};
+
+CORE_TEST_CLASS(tst_SharedRecentList);
+#include "tst_sharedrecentlist.moc"

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/runtime/recent/RecentFileStore.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+//! The change that moves or adds path to the front of a list of at most so many.
+inline fxhost::RecentFileStore::Change adding(const QString &path, int most = 1000)
+{
+    return [path, most](const QStringList &listed) {
+        QStringList paths = QStringList(path) + listed;
+        paths.removeDuplicates();
+        return paths.mid(0, most);
+    };
+}
+
+inline fxhost::RecentFileStore::Change replacing(const QStringList &paths)
+{
+    return [paths](const QStringList &) { return paths; };
+}
+
+inline QStringList unchanged(const QStringList &listed)
+{
+    return listed;
+}
+
+//! A list in a folder of its own, with a store.
+class RealListFile
+{
+    QTemporaryDir m_folder;
+
+public:
+    explicit RealListFile(const QString &name = "recent.txt") : path(m_folder.filePath(name)) {}
+
+    const QString path;
+    fxhost::RecentFileStore store{path};
+
+    QString beside(const QString &name) const { return m_folder.filePath(name); }
+    QStringList files() const { return QDir(m_folder.path()).entryList(QDir::Files); }
+    QString lockFile() const { return path + ".lock"; }
+    //! \return what is reported to the user
+    QString save(const QStringList &paths) { return store.update({}, replacing(paths)).outcome.reason(); }
+    //! What another program does.
+    QStringList listed() const { return fxhost::RecentFileStore(path).load().paths; }
+    void changeElsewhere(const fxhost::RecentFileStore::Change &change) const
+    {
+        fxhost::RecentFileStore(path).update({}, change);
+    }
+};

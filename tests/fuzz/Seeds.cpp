@@ -40,7 +40,7 @@ QByteArrayList customizationSeeds()
     };
 }
 
-QByteArrayList scriptSeeds()
+QByteArrayList commandSeeds()
 {
     return {
         "# a comment\n\n  ECHO hello, world \r\n\t_echo\tagain\n^C^CFAIL\nTHROW\n_NOSUCH "
@@ -48,12 +48,6 @@ QByteArrayList scriptSeeds()
         "NEST NEST ECHO later\nWAIT\nSTOP\nECHO never",
         "\xEF\xBB\xBF"
         "ECHO \xC3\xBCml\xC3\xA4ut/\xF0\x9F\x93\x90.dwg\n",
-    };
-}
-
-QByteArrayList macroSeeds()
-{
-    return {
         "^C^C_RECENT",
         "^C^C_ECHO /home/me/plan.dwg;FAIL;\n THROW \r_NOSUCH  x  y ;; ^c _echo",
         QByteArray("NEST NEST ECHO later\0WAIT\0ECHO meanwhile;^C\0WAIT;ECHO a\0STOP;ECHO never", 72),
@@ -85,10 +79,8 @@ std::vector<Seed> seedsOf(const QString &target)
 {
     if (target == QLatin1String("preview"))
         return previewSeeds();
-    const QHash<QString, QByteArrayList (*)()> makers = {{"customization", customizationSeeds},
-                                                         {"script", scriptSeeds},
-                                                         {"macro", macroSeeds},
-                                                         {"recentlist", recentListSeeds}};
+    const QHash<QString, QByteArrayList (*)()> makers = {
+        {"customization", customizationSeeds}, {"commands", commandSeeds}, {"recentlist", recentListSeeds}};
     const auto make = makers.value(target);
     const QByteArrayList inputs = make ? make() : QByteArrayList();
     std::vector<Seed> seeds;

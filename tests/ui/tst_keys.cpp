@@ -10,10 +10,6 @@ Q_DECLARE_METATYPE(KeySteps)
 
 namespace {
 
-//! The keys that the popup uses, but Escape, and two that it does not.
-const QList<int> everyKey = {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab,  Qt::Key_Backtab, Qt::Key_Right,
-                             Qt::Key_Left,   Qt::Key_Up,    Qt::Key_Down, Qt::Key_A,       Qt::Key_Space};
-
 //! Presses a key by its name as Qt writes it; "Num" is the keypad.
 //! \return whether the key was accepted
 bool pressNamed(const OpenGrid &grid, const QString &name)
@@ -181,35 +177,6 @@ private slots:
         QCOMPARE(grid.browser.host.openedPaths(), grid.pathsAt(opened));
         drainEvents();
         QVERIFY(!grid.popup);
-    }
-
-    void withoutAHighlightNothingHappens()
-    {
-        OpenGrid grid(10);
-        grid.highlight({});
-        for (const int key : everyKey) {
-            for (const auto modifiers : {Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier,
-                                         Qt::AltModifier, Qt::KeypadModifier}) {
-                QVERIFY(grid.press(key, modifiers));
-                QCOMPARE(grid.highlighted(), Indices());
-            }
-        }
-        drainEvents();
-        QVERIFY(grid.popup && grid.popup->isVisible());
-        QCOMPARE(grid.line(), OpenGrid::asItWas());
-        QCOMPARE(grid.browser.host.openedPaths(), QStringList());
-    }
-
-    void withoutARecentListNothingHappens()
-    {
-        FakeBrowser browser;
-        browser.host.hasRecentFileList = false;
-        const QPointer<RecentDocMainWindow> popup = browser.openPopup();
-        for (const int key : everyKey)
-            pressKey(popup, key);
-        drainEvents();
-        QVERIFY(popup && popup->isVisible());
-        QCOMPARE(popup->main_label_path->text(), QString());
     }
 
     void baseDialogGetsKeysOnlyWhileATileIsHeld_data()

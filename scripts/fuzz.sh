@@ -71,7 +71,7 @@ pids=()
 # Background processes do not receive an interrupt by themselves.
 trap '((${#pids[@]} == 0)) || kill "${pids[@]}" 2>/dev/null || true; exit 130' INT TERM
 
-# Prints one line for all jobs, from the three numbers that they share (see tests/fuzz/Costs.h).
+# Prints one line for all jobs, from the three numbers that they share (see tests/fuzz/Target.h).
 summary() {
     local target=$1 taken=$2 findings=$3 count slowest largest
     read -r count slowest largest < <(od -An -v -w24 -t u8 -- "$build/logs/$target.costs")

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Runs a fuzz target without a fuzzing engine: on the given files or, without any, on its seeds and twenty
 // thousand changes of them, the same in every run. An input that fails is kept in the working directory.
-#include "tests/fuzz/Costs.h"
 #include "tests/fuzz/Seeds.h"
 #include "tests/fuzz/Target.h"
 

@@ -7,7 +7,6 @@
 #include "host/runtime/commands/CommandStack.h"
 #include "host/runtime/editor/Editor.h"
 #include "host/runtime/log/HostLog.h"
-#include "tests/fuzz/Costs.h"
 #include "tests/fuzz/MemoryFile.h"
 #include "tests/fuzz/Target.h"
 

@@ -2,7 +2,6 @@
 // Input: customisation data. Output: menus or an error.
 #include "host/runtime/customization/CustomizationReader.h"
 #include "host/runtime/customization/UIMenuItem.h"
-#include "tests/fuzz/Costs.h"
 #include "tests/fuzz/Target.h"
 
 #include <CFxUIAccelerator.h>

@@ -3,7 +3,6 @@
 #include "host/runtime/preview/DrawingFile.h"
 #include "host/runtime/preview/PictureLimits.h"
 #include "host/runtime/preview/PreviewReader.h"
-#include "tests/fuzz/Costs.h"
 #include "tests/fuzz/MemoryFile.h"
 #include "tests/fuzz/Target.h"
 #include "tests/support/bytes/BytesOfPng.h"

@@ -2,7 +2,6 @@
 // Input: a file of recent documents. An accepted one must be written again byte by byte, a refused one kept
 // under another name.
 #include "host/runtime/recent/RecentFileStore.h"
-#include "tests/fuzz/Costs.h"
 #include "tests/fuzz/Target.h"
 
 #include <QDir>

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "tests/desktop/Hand.h"
 #include "tests/desktop/HandDragScene.h"
+#include "tests/support/Patience.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/TileLayout.h"
-#include "tests/support/process/ProgramInGtk.h"
 
 #include <QApplication>
 #include <QLabel>
+#include <QMap>
+#include <QProcess>
 
 #include <memory>
 
@@ -16,6 +18,71 @@ namespace {
 const QRect beside(1500, 300, 300, 200);
 const QString urlFormat = "text/uri-list";
 const QString tileFormat = "application/corvel.DR.Layout";
+
+//! A program of another toolkit with one window, as the target of a drag. Ends with this object.
+class ProgramInGtk
+{
+public:
+    //! When it fetches dropped data; Late: by fetch().
+    enum class Fetching { AtOnce, Late };
+
+    //! \param place the window's geometry, in global coordinates
+    ProgramInGtk(const QRect &place, Fetching fetching) : m_place(place)
+    {
+        QStringList arguments;
+        for (const int number : {place.x(), place.y(), place.width(), place.height()})
+            arguments.append(QString::number(number));
+        if (fetching == Fetching::Late)
+            arguments.append("late");
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("NO_AT_BRIDGE", "1");     // there is no session bus
+        environment.insert("LD_PRELOAD", QString()); // without the tests' preloaded libraries
+        m_process.setProcessEnvironment(environment);
+        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_process.start(GTK_WINDOW_PROGRAM, arguments);
+        m_isReady = waitUntil([this] { return has("ready"); });
+    }
+    ~ProgramInGtk()
+    {
+        m_process.terminate();
+        if (!m_process.waitForFinished())
+            m_process.kill();
+    }
+
+    //! Its output so far. Runs no events.
+    QStringList lines() const
+    {
+        m_process.waitForReadyRead(0); // reads without an event loop
+        m_output += m_process.readAllStandardOutput();
+        return QString::fromUtf8(m_output).split('\n', Qt::SkipEmptyParts);
+    }
+    bool has(const QString &line) const { return lines().contains(line); }
+    int count(const QString &line) const { return lines().count(line); }
+    //! The received data by format.
+    QMap<QString, QByteArray> received() const
+    {
+        QMap<QString, QByteArray> data;
+        const QStringList all = lines();
+        for (const QString &line : all) {
+            const QStringList words = line.split(' ');
+            if (words.size() == 3 && words.first() == "data")
+                data.insert(words.at(1), QByteArray::fromHex(words.at(2).toLatin1()));
+        }
+        return data;
+    }
+    //! Makes a late one fetch now.
+    void fetch() { m_process.write("fetch\n"); }
+
+    QRect place() const { return m_place; }
+    //! Whether the window is on screen at its place.
+    bool isReady() const { return m_isReady; }
+
+private:
+    QRect m_place;
+    mutable QProcess m_process;
+    mutable QByteArray m_output;
+    bool m_isReady = false;
+};
 
 //! Moves a dragged tile into the other program's window. \param time the number of drags there so far, with
 //! this one

@@ -1,17 +1,103 @@
 // SPDX-License-Identifier: MIT
+#include "module/CFxRecentDocCommand.h"
 #include "module/HostAccess.h"
 #include "module/OdRxUnixModuleRecentDocumentBrowser.h"
 #include "state/FolderPinButton.h"
 #include "tests/support/TestCase.h"
-#include "tests/support/fake/FakeOpening.h"
+#include "tests/support/fake/FakeBrowser.h"
 #include "ui/RecentDocDialog.h"
 #include "ui/RecentDocMainWindow.h"
 
+#include <OdStaticRxObject.h>
+
+#include <QCursor>
 #include <QMenu>
+#include <QMouseEvent>
+#include <QPointer>
 
 #include <algorithm>
 #include <iterator>
 #include <stdexcept>
+
+//! A host with four drawings, a menu of the module's entries that is open, and a popup; and the ways in which
+//! the user opens drawings there. FakeHost::onOpen is called meanwhile.
+class FakeOpening
+{
+public:
+    enum class Way { Enter, TwoClicks, MenuEntry, DragOut };
+    using Deed = void (*)(FakeOpening &);
+
+    FakeOpening()
+    {
+        browser.module().initApp();
+        browser.createDocument();
+        RecentDocumentBrowser::AddRecentFiles(menu, nullptr);
+        popup = browser.openPopup();
+        drainEvents();
+        QCursor::setPos(popup->geometry().center()); // so that it stays open when the menu takes the focus
+        menu->popup(popup->geometry().topLeft() + QPoint(5, 5));
+    }
+
+    //! Opens by that way, through the events that Qt would send. \return the paths that should be opened
+    QStringList open(Way way) const
+    {
+        switch (way) {
+        case Way::Enter:
+            QTest::keyClick(popup, Qt::Key_Right, Qt::ShiftModifier);
+            QTest::keyClick(popup, Qt::Key_Return);
+            return {browser.path(0), browser.path(1)};
+        case Way::TwoClicks:
+            QTest::mouseDClick(tile(1), Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
+            return {browser.path(1)};
+        case Way::MenuEntry:
+            QTest::mouseClick(FakeBrowser::button(menu, "menuTextButton"), Qt::LeftButton);
+            return {browser.path(0)};
+        case Way::DragOut:
+            break;
+        }
+        tile(2)->highlight();
+        hold(tile(1));
+        popup->isCollapsed = true;
+        QMouseEvent move(QEvent::MouseMove, popup->pressPoint + QPoint(40, 0), Qt::NoButton, Qt::LeftButton,
+                         Qt::NoModifier);
+        QCoreApplication::sendEvent(popup, &move);
+        return {browser.path(0), browser.path(2)};
+    }
+
+    //! Presses the mouse on a tile, as a drag of it begins.
+    void hold(const RecentDocDialog *tile) const
+    {
+        QMouseEvent press(QEvent::MouseButtonPress, tile->geometry().center(), Qt::LeftButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(popup, &press);
+    }
+
+    RecentDocDialog *tile(int index) const { return browser.tiles().at(index); }
+    //! Runs "_RECENT". \return the popup that it opens
+    static RecentDocMainWindow *runRecent()
+    {
+        const QList<RecentDocMainWindow *> before = FakeBrowser::popups();
+        OdStaticRxObject<CFxRecentDocCommand> command;
+        command.Execute(nullptr);
+        const QList<RecentDocMainWindow *> after = FakeBrowser::popups();
+        for (RecentDocMainWindow *popup : after) {
+            if (!before.contains(popup))
+                return popup;
+        }
+        return nullptr;
+    }
+
+    FakeBrowser browser{4};
+    FakeHost &host = browser.host;
+    QPointer<QMenu> menu = new QMenu;
+    QPointer<RecentDocMainWindow> popup;
+
+    ~FakeOpening() { delete menu; }
+    Q_DISABLE_COPY(FakeOpening)
+};
+
+Q_DECLARE_METATYPE(FakeOpening::Way)
+Q_DECLARE_METATYPE(FakeOpening::Deed)
 
 namespace {
 

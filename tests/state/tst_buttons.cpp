@@ -271,7 +271,6 @@ private slots:
                                << "a tip" << centre;
         };
         plain("a pin", "pinButton", {21, 21}, {10, 10});
-        plain("a folder", "folderButton", {21, 21}, {10, 10});
         plain("even lengths", "pinButton", {20, 32}, {9, 15});
         plain("one pixel", "pinButton", {1, 1}, {0, 0});
         const auto menuText = [](const char *row, const char *text, const char *cached, const char *tip) {
@@ -281,8 +280,6 @@ private slots:
         };
         menuText("a cached document", "&3 /my drawings/a plan.dwg", "/my drawings/a plan.dwg", "a plan.dwg");
         menuText("a document that is not cached", "&3 /my drawings/a plan.dwg", "", "a plan.dwg");
-        menuText("two digits", "&12 /d/b.dwg", "/d/b.dwg", "b.dwg");
-        menuText("no blank", "/d/b.dwg", "/d/b.dwg", "b.dwg");
         menuText("a folder's path", "&1 /d/", "", "");
     }
 

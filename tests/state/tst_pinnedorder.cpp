@@ -149,12 +149,8 @@ private slots:
             QTest::addRow("%s becomes %d", text, number)
                 << QString::fromLatin1(text) << number << QString::fromLatin1(expected);
         };
-        row("&3 a", 1, "&1 a");
-        row("&1 a", 10, "&10 a");
         row("&10 a", 1, "&1 a");
-        row("&10 a", 12, "&12 a");
-        row("&11 a", 5, "&51 a"); // of two-digit numbers only 10 is known
-        row("&20 a", 3, "&30 a");
+        row("&11 a", 5, "&51 a");  // of two-digit numbers only 10 is known
         row("&100 a", 7, "&70 a"); // begins with &10
         row("&110 a", 2, "&210 a");
         row("&2 &10 a", 4, "&4 &10 a"); // the same text in a path

@@ -43,11 +43,9 @@ QByteArrayList customizationSeeds()
 QByteArrayList commandSeeds()
 {
     return {
-        "# a comment\n\n  ECHO hello, world \r\n\t_echo\tagain\n^C^CFAIL\nTHROW\n_NOSUCH "
-        "command\n#ECHO\n",
+        "# a comment\n\n  ECHO a, b \r\n\t_echo\tagain\n^C^CFAIL\nTHROW\n_NOSUCH x\n#ECHO\n",
         "NEST NEST ECHO later\nWAIT\nSTOP\nECHO never",
-        "\xEF\xBB\xBF"
-        "ECHO \xC3\xBCml\xC3\xA4ut/\xF0\x9F\x93\x90.dwg\n",
+        "\xEF\xBB\xBF ECHO \xC3\xBCml\xC3\xA4ut/\xF0\x9F\x93\x90.dwg\n",
         "^C^C_RECENT",
         "^C^C_ECHO /home/me/plan.dwg;FAIL;\n THROW \r_NOSUCH  x  y ;; ^c _echo",
         QByteArray("NEST NEST ECHO later\0WAIT\0ECHO meanwhile;^C\0WAIT;ECHO a\0STOP;ECHO never", 72),

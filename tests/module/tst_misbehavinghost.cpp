@@ -145,7 +145,7 @@ private slots:
 
     void theDrawingOfTheTileIsOpened_data()
     {
-        using Change = FakeOpening::Deed;
+        using Change = FakeOpening::Action;
         QTest::addColumn<Change>("change");
         const auto row = [](const char *name, Change change) { QTest::newRow(name) << change; };
         row("the list is emptied", [](FakeOpening &scene) { scene.host.setRecent({}); });
@@ -162,7 +162,7 @@ private slots:
 
     void theDrawingOfTheTileIsOpened()
     {
-        using Change = FakeOpening::Deed;
+        using Change = FakeOpening::Action;
         QFETCH(Change, change);
         for (const bool isNotified : {false, true}) {
             FakeOpening scene;

@@ -16,7 +16,7 @@ class FakeOpening
 {
 public:
     enum class Way { Enter, TwoClicks, MenuEntry, DragOut };
-    using Deed = void (*)(FakeOpening &);
+    using Action = void (*)(FakeOpening &);
 
     FakeOpening();
 
@@ -39,4 +39,4 @@ public:
 };
 
 Q_DECLARE_METATYPE(FakeOpening::Way)
-Q_DECLARE_METATYPE(FakeOpening::Deed)
+Q_DECLARE_METATYPE(FakeOpening::Action)

@@ -42,7 +42,7 @@ void RecentFiles::add(const QString &path)
 
 bool RecentFiles::remove(const QString &path)
 {
-    refresh(); // another program may have listed it
+    refresh(); // another program may have added it
     const bool wasListed = m_paths.contains(path);
     if (wasListed) {
         apply([path](QStringList listed) {
@@ -77,19 +77,19 @@ bool RecentFiles::setMaximum(int maximum)
 QStringList RecentFiles::orderly(QStringList paths) const
 {
     paths.removeAll(QString());
-    paths.removeDuplicates(); // the first of several stays
+    paths.removeDuplicates(); // keeps the first of each
     return paths.mid(0, maximum());
 }
 
 void RecentFiles::apply(const Change &change)
 {
     FXHOST_ASSERT_GUI_THREAD();
-    // The store may make the change again later, to what another program has stored meanwhile.
+    // The store may apply the change again later, to a list that another program has stored meanwhile.
     const RecentFileStore::Stored stored = m_store.update(
         m_paths, [this, change](const QStringList &listed) { return orderly(change(listed)); });
     m_paths = stored.paths;
     const QString former = std::exchange(m_reported, stored.outcome.reason());
-    if (!stored.outcome && m_reported != former) // else the user would read it with each drawing
+    if (!stored.outcome && m_reported != former) // not again with each drawing
         m_report(m_reported);
 }
 

@@ -131,7 +131,7 @@ private slots:
             QCOMPARE(drawing.outcome.reason(),
                      QString("The file cannot be read: %1.").arg(qt_error_string(ELOOP)));
         else
-            QCOMPARE(drawing.outcome.reason(), QString("This is not a regular file."));
+            QCOMPARE(drawing.outcome.reason(), QString("It is not a regular file."));
     }
 
     void unreadableFileIsRefusedWithTheReason()

@@ -159,10 +159,10 @@ private slots:
         for (const Version version : allVersions) {
             const QByteArray tag = versionTag(version);
             QTest::newRow(tag + " after the header")
-                << sample({version, Picture::Bitmap8, Placement::BehindHeader}) << true;
+                << sample({version, Picture::Bitmap8, Placement::AfterHeader}) << true;
             QTest::newRow(tag + " after filling")
                 << sample({version, Picture::Bitmap24, Placement::AfterFilling}) << true;
-            if (carriesPng(version)) {
+            if (supportsPng(version)) {
                 QTest::newRow(tag + " PNG")
                     << sample({version, Picture::Png, Placement::AfterFilling}) << true;
             }

@@ -45,9 +45,9 @@ public:
     using PathChooser = std::function<QString()>;
 
     //! Reads the profile. Errors do not stop the host. message() reports them from the event loop, so that
-    //! the program can connect to it first. \param profileDir the folder of the settings and the recent-file
-    //! list; created if it is missing \param logFile receives a line for each request to the host; empty for
-    //! no log
+    //! the program can connect to it first.
+    //! \param profileDir the folder of the settings and the recent-file list; created if it is missing
+    //! \param logFile receives a line for each request to the host; empty for no log
     FxHost(const QString &profileDir, const QString &logFile, QObject *parent = nullptr);
     ~FxHost() override;
 

@@ -35,7 +35,8 @@ FXHOST_API QString pathFromUrl(const QUrl &localFile);
 FXHOST_API QString absolutePath(const QString &path);
 
 //! Renames a file or directory that cannot be used to an unused name in the same folder, so that the next
-//! write does not destroy it. \return the new path; empty if it could not be renamed
+//! write does not destroy it.
+//! \return the new path; empty if it could not be renamed
 QString setAside(const QString &path);
 
 } // namespace fxhost

@@ -25,8 +25,8 @@ public:
     ~Customization() override;
 
     //! Replaces all groups with those that readCustomization() reads from json. The former groups and their
-    //! contents must not be in use, so a program calls this once, before it creates its menus. \return a
-    //! failure if the data are not valid; nothing is changed then
+    //! contents must not be in use, so a program calls this once, before it creates its menus.
+    //! \return a failure if the data are not valid; nothing is changed then
     Outcome load(const QByteArray &json);
     //! The primary group; null before load().
     UIGroup *primaryGroup() const;

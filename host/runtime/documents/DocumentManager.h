@@ -54,8 +54,9 @@ public:
     //! \return valid until it is closed; null if a reactor has already closed it
     Document *newDocument();
     //! Opens a drawing. One that is already open is brought to the front and moved to the top of the recent
-    //! list. \param path relative paths are relative to the working directory \return whether the drawing is
-    //! open; the reason of a failure has been reported
+    //! list.
+    //! \param path relative paths are relative to the working directory
+    //! \return whether the drawing is open; the reason of a failure has been reported
     Outcome open(const QString &path);
     //! Opens one after the other, but waits only once for files that do not respond.
     void openAll(const QStringList &paths);
@@ -71,7 +72,8 @@ public:
     //! \param document if it is null, already current or not open, nothing is done
     void setCurrent(Document *document);
     //! Makes a drawing current and requests that its window be activated, even if the drawing is already
-    //! current. \param document if it is null or not open, nothing is done
+    //! current.
+    //! \param document if it is null or not open, nothing is done
     void bringToFront(Document *document);
 
     const ReactorList<CFxDocumentManagerReactor> &reactors() const { return m_reactors; }

@@ -26,7 +26,8 @@ public:
     //! The installed host, or null. Any thread.
     static InterfaceHost *installed();
     //! Replaces the installed host. Must be called with null when the host ends, after all modules have
-    //! ended. \param host not owned; may be null
+    //! ended.
+    //! \param host not owned; may be null
     static void install(InterfaceHost *host);
 
     // These do not add a reference.

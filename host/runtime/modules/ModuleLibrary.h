@@ -20,7 +20,8 @@ public:
     ModuleLibrary &operator=(const ModuleLibrary &) = delete;
 
     //! Loads the library, with all symbols resolved; other libraries do not see its symbols. Call this only
-    //! once. \param path absolute
+    //! once.
+    //! \param path absolute
     Outcome load(const QString &path);
 
     //! The system's handle, the same for the same file; null before load().

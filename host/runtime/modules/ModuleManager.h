@@ -39,8 +39,10 @@ public:
     bool load(const QString &path);
     //! Ends a module and unloads it. If the main window exists, the module is first notified that it is
     //! destroyed. The module's remaining commands, reactors and widgets are removed, because their code is
-    //! unloaded. \param path as given to load() \return false, with a message, if no such module is loaded,
-    //! or while its code is running: a command, a drag, a dialog, or the caller of this function
+    //! unloaded.
+    //! \param path as given to load()
+    //! \return false, with a message, if no such module is loaded, or while its code is running: a command, a
+    //! drag, a dialog, or the caller of this function
     bool unload(const QString &path);
     //! Ends and unloads all modules, in reverse order of loading.
     void unloadAll();

@@ -21,8 +21,8 @@ struct PreviewEntry
 };
 
 //! The entries of the drawing's preview section, in its order, without checking their contents. Empty if
-//! there is no section, its head is broken, or the drawing's version has none. \param file does not need to
-//! be open
+//! there is no section, its head is broken, or the drawing's version has none.
+//! \param file does not need to be open
 std::vector<PreviewEntry> readPreviewEntries(const RegularFile &file);
 
 //! True if the file contains only the start of a header and a preview section, and no drawing.

@@ -40,9 +40,9 @@ public:
     Stored load();
 
     //! Applies a change to the list in the file, and replaces the file as a whole. A change that cannot be
-    //! written is kept, and applied again to the file's content before the next change. \param known the last
-    //! known list, which is used if the file does not exist or is damaged \return the changed list, even if
-    //! it could not be written
+    //! written is kept, and applied again to the file's content before the next change.
+    //! \param known the last known list, which is used if the file does not exist or is damaged
+    //! \return the changed list, even if it could not be written
     Stored update(const QStringList &known, const Change &change);
     //! True if no change is kept that could not be written.
     bool isAllWritten() const { return m_unwritten.empty(); }

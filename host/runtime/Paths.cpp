@@ -13,8 +13,8 @@ namespace fxhost {
 
 namespace {
 
-constexpr ushort firstCarried =
-    0xdc80; // represents the byte 0x80; lower bytes are ASCII, which is always valid
+// Represents the byte 0x80. Lower bytes are ASCII, which is always valid.
+constexpr ushort firstCarried = 0xdc80;
 constexpr ushort lastCarried = 0xdcff;
 constexpr int longestCharacter = 4; // bytes in UTF-8
 

@@ -26,13 +26,11 @@ class RecentFiles;
 //!
 //! The order of events (the names of the reactors' functions without "Document"):
 //! - Opening: PreOpen, CreateStarted, DatabaseAttached, the path is added to the recent list,
-//! documentAdded(),
-//!   Created, change of the current drawing.
+//!   documentAdded(), Created, change of the current drawing.
 //! - Change of the current drawing: ToBeDeactivated for the old one; ToBeActivated, Activated, BecameCurrent,
 //!   ActivationModified and currentChanged() for the new one.
 //! - Closing: documentAboutToClose(), ToBeDeactivated if it is the current one, ToBeDestroyed,
-//! DatabaseDetached,
-//!   Destroyed, change of the current drawing.
+//!   DatabaseDetached, Destroyed, change of the current drawing.
 //!
 //! Reactors may open, close and activate drawings during each of these events.
 class FXHOST_API DocumentManager : public QObject, public CFxDocumentManager

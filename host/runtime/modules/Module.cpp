@@ -27,7 +27,7 @@ Module::Module(const QString &path, const ModuleHost &host) : m_path(path), m_ho
 
 Module::~Module() = default;
 
-bool Module::isAtWork() const
+bool Module::isCodeRunning() const
 {
     const OdEdCommand *command = m_host.commands.running();
     return (command && m_library.defines(typeid(*command))) || m_library.isOnStack();

@@ -33,7 +33,7 @@ public:
 
     //! True if the module's code is running: the running command is the module's, or a function of its
     //! library is on the stack. Then the library must not be unloaded.
-    bool isAtWork() const;
+    bool isCodeRunning() const;
 
     //! Loads the library.
     //! \return a failure if it is not a module for this host

@@ -60,7 +60,7 @@ bool ModuleManager::unload(const QString &path)
         m_report(tr("The module \"%1\" is not loaded.").arg(path));
         return false;
     }
-    if ((*found)->isAtWork()) {
+    if ((*found)->isCodeRunning()) {
         m_report(tr("The module \"%1\" cannot be unloaded while it is running.").arg(path));
         return false;
     }

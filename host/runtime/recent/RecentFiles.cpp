@@ -13,7 +13,7 @@ RecentFiles::RecentFiles(RecentFileStore &store, HostSettings &settings, Message
     : m_store(store), m_settings(settings), m_report(std::move(report))
 {
     const RecentFileStore::Stored stored = m_store.load();
-    m_paths = orderly(stored.paths);
+    m_paths = normalized(stored.paths);
     if (!stored.outcome)
         m_report(stored.outcome.reason());
 }
@@ -56,7 +56,7 @@ bool RecentFiles::setMaximum(int maximum)
     return true;
 }
 
-QStringList RecentFiles::orderly(QStringList paths) const
+QStringList RecentFiles::normalized(QStringList paths) const
 {
     paths.removeAll(QString());
     paths.removeDuplicates(); // keeps the first of each
@@ -68,7 +68,7 @@ void RecentFiles::apply(const Change &change)
     FXHOST_ASSERT_GUI_THREAD();
     // The store may apply the change again later, to a list that another program has stored meanwhile.
     const RecentFileStore::Stored stored = m_store.update(
-        m_paths, [this, change](const QStringList &listed) { return orderly(change(listed)); });
+        m_paths, [this, change](const QStringList &listed) { return normalized(change(listed)); });
     m_paths = stored.paths;
     const QString former = std::exchange(m_reported, stored.outcome.reason());
     if (!stored.outcome && m_reported != former) // not again with each drawing

@@ -55,7 +55,7 @@ public:
 private:
     using Change = std::function<QStringList(const QStringList &)>;
 
-    QStringList orderly(QStringList paths) const;
+    QStringList normalized(QStringList paths) const;
     void apply(const Change &change);
 
     RecentFileStore &m_store;

@@ -17,7 +17,8 @@ namespace {
 
 constexpr int addressOffset = 0x0D; // in the header
 constexpr int headerSize = 0x100;   // bytes, zero except for the version and the address
-constexpr int fillingSize = 0xC00; // bytes; previews of real files lie up to some kilobytes behind the header
+constexpr int fillingSize =
+    0xC00; // bytes; in real files, the preview is up to some kilobytes after the header
 
 constexpr unsigned char beginSentinel[] = {0x1F, 0x25, 0x6D, 0x07, 0xD4, 0x36, 0x28, 0x28,
                                            0x9D, 0x57, 0xCA, 0x3F, 0x9D, 0x44, 0x10, 0x2B};
@@ -46,7 +47,8 @@ QByteArray sentinel(unsigned char flip)
 QByteArray png(const QImage &picture)
 {
     QImage opaque = picture.convertToFormat(QImage::Format_RGB32);
-    // A PNG tells its resolution, which an image takes from the screen of the machine that made it.
+    // A PNG contains the resolution, which QImage takes from the screen, so set the same one on every
+    // machine.
     constexpr int dotsPerMeter = 3780; // 96 per inch
     opaque.setDotsPerMeterX(dotsPerMeter);
     opaque.setDotsPerMeterY(dotsPerMeter);
@@ -71,7 +73,8 @@ Entry pictureEntry(const QImage &picture, Picture kind)
     throw std::invalid_argument("unknown kind of picture");
 }
 
-// The section from sentinel to sentinel, for a place at \p address in the file: its offsets count from there.
+//! The section from sentinel to sentinel.
+//! \param address its position in the file, from which the positions in its table are calculated
 QByteArray previewSection(quint32 address, const std::vector<Entry> &entries)
 {
     const quint32 tableSize = 1 + entrySize * static_cast<quint32>(entries.size());
@@ -102,7 +105,7 @@ QByteArray versionTag(Version version)
     return tags.at(static_cast<std::size_t>(version));
 }
 
-bool carriesPng(Version version)
+bool supportsPng(Version version)
 {
     return version >= Version::AC1027;
 }
@@ -111,9 +114,9 @@ QByteArray drawingFile(const QImage &picture, const DrawingForm &form)
 {
     if (picture.isNull())
         throw std::invalid_argument("a preview needs a picture");
-    if (form.picture == Picture::Png && !carriesPng(form.version))
+    if (form.picture == Picture::Png && !supportsPng(form.version))
         throw std::invalid_argument("a drawing of version " + versionTag(form.version).toStdString() +
-                                    " cannot carry a PNG preview");
+                                    " does not support a PNG preview");
 
     const int address = headerSize + (form.placement == Placement::AfterFilling ? fillingSize : 0);
     QByteArray file(address, '\0');

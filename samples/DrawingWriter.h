@@ -9,7 +9,7 @@
 
 namespace fxsamples {
 
-//! The versions of the drawing file that have a preview at an address in their header, oldest first.
+//! The versions of drawing files that contain the address of a preview in their header, oldest first.
 enum class Version : std::uint8_t { AC1012, AC1014, AC1015, AC1018, AC1021, AC1024, AC1027, AC1032 };
 
 constexpr std::array<Version, 8> allVersions{Version::AC1012, Version::AC1014, Version::AC1015,
@@ -19,26 +19,27 @@ constexpr std::array<Version, 8> allVersions{Version::AC1012, Version::AC1014, V
 //! How a preview is stored: a bitmap of this many bits per pixel, or a PNG.
 enum class Picture : std::uint8_t { Bitmap8, Bitmap24, Bitmap32, Png };
 
-//! Where the preview lies. Drawing programs do either, so a reader must believe the address and nothing else.
-enum class Placement : std::uint8_t { BehindHeader, AfterFilling };
+//! The position of the preview: directly after the header, or after other data. Drawing programs use both, so
+//! a reader must only rely on the address.
+enum class Placement : std::uint8_t { AfterHeader, AfterFilling };
 
 struct DrawingForm
 {
     Version version = Version::AC1032;
     Picture picture = Picture::Bitmap8;
-    Placement placement = Placement::BehindHeader;
+    Placement placement = Placement::AfterHeader;
 };
 
-//! The six characters that a file of this version starts with.
+//! The six characters at the start of a file of this version.
 QByteArray versionTag(Version version);
 
-//! Whether programs of this version's time can read a PNG preview; the older ones know bitmaps alone.
-bool carriesPng(Version version);
+//! True if programs of this version support PNG previews; older ones only support bitmaps.
+bool supportsPng(Version version);
 
-//! The bytes of a drawing file that holds a header and a preview and not one line of a drawing: enough for
-//! whatever shows previews, nothing that a drawing program could open. The same arguments give the same
-//! bytes. \param picture opaque, at least one pixel; what it has of transparency is lost \throws
-//! std::invalid_argument for a null picture, and for a PNG in a version that cannot carry one
+//! The bytes of a drawing file that contains a header and a preview, but no drawing. Drawing programs cannot
+//! open it. The same arguments result in the same bytes.
+//! \param picture not null; transparency is lost
+//! \throws std::invalid_argument if picture is null, or for a PNG in a version that does not support it
 QByteArray drawingFile(const QImage &picture, const DrawingForm &form);
 
 } // namespace fxsamples

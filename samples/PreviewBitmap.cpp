@@ -28,7 +28,7 @@ QVector<QRgb> frequentColours(const QImage &picture)
     QVector<QRgb> colours;
     for (auto count = counts.cbegin(); count != counts.cend(); ++count)
         colours.append(count.key());
-    // Equally frequent colours are ordered by value: a hash has an order of its own in every process.
+    // Equally frequent colours are ordered by value, because the order of a hash differs between processes.
     std::sort(colours.begin(), colours.end(), [&counts](QRgb a, QRgb b) {
         return std::pair(-counts.value(a), a) < std::pair(-counts.value(b), b);
     });

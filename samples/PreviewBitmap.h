@@ -6,16 +6,16 @@
 
 namespace fxsamples {
 
-//! \p picture with a palette of its own of at most 256 colours, the most frequent ones; every other colour
-//! becomes the nearest of them. Exact for a picture of 256 colours or fewer. Transparency is lost.
-//! \return Format_Indexed8; a null image for a null picture
+//! Converts a picture to Format_Indexed8, with a palette of its 256 most frequent colours. Other colours
+//! become the nearest of these. Transparency is lost.
+//! \return null if picture is null
 QImage indexed(const QImage &picture);
 
-//! A bitmap as it lies inside a drawing: a BMP file from its 40-byte information header on, uncompressed,
-//! bottom-up, with 256 palette entries when there is a palette.
+//! A bitmap as it is stored in a drawing: a BMP file without its file header, uncompressed, bottom-up, with
+//! 256 palette entries if there is a palette.
 //! \param picture not null
-//! \param bitsPerPixel 8 (the picture goes through indexed() first), 24 or 32
-//! \throws std::invalid_argument for a null picture and for another depth
+//! \param bitsPerPixel 8 (the result of indexed() is stored), 24 or 32
+//! \throws std::invalid_argument if picture is null, or for another depth
 QByteArray deviceIndependentBitmap(const QImage &picture, int bitsPerPixel);
 
 } // namespace fxsamples

@@ -10,19 +10,20 @@
 
 namespace fxsamples {
 
-//! One drawing of the set.
+//! A sample drawing.
 struct Sample
 {
-    QStringView fileName; //!< with its ending, without a directory
-    QStringView picture;  //!< the name of an SVG file in samples/pictures, without its ending
-    DrawingForm form;     //!< what it is stored as
+    QStringView fileName; //!< with the suffix, without a folder
+    QStringView picture;  //!< the name of an SVG file in samples/pictures, without the suffix
+    DrawingForm form;     //!< how it is stored
 };
 
-//! The dozen. Among them are all eight versions and both kinds of picture.
+//! The dozen sample drawings. They include all eight versions, and bitmaps and PNGs.
 const std::vector<Sample> &sampleSet();
 
-//! The preview of \p sample: opaque, of the size in pixels that its SVG file says. The same on every machine.
-//! Any thread; needs neither a screen nor a font. \return a null image without Qt's SVG plug-in
+//! The preview of a sample: opaque, with the size of its SVG file in pixels, and the same on every machine.
+//! Any thread; requires no screen and no fonts.
+//! \return null if Qt's SVG plug-in is missing
 QImage paintPreview(const Sample &sample);
 
 } // namespace fxsamples

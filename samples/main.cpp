@@ -8,20 +8,22 @@
 #include <QSaveFile>
 #include <QTextStream>
 
+#include <optional>
+
 namespace {
 
-//! \return empty, or what went wrong
-QString write(const QString &path, const QByteArray &bytes)
+//! \return the error, if the file could not be written
+std::optional<QString> write(const QString &path, const QByteArray &bytes)
 {
     const QString directory = QFileInfo(path).path();
     if (!QDir().mkpath(directory))
-        return QStringLiteral("cannot make the directory %1").arg(directory);
+        return QStringLiteral("cannot create the folder %1").arg(directory);
     QSaveFile file(path);
-    // flush(): what fails only as the buffer is written out, commit() would not notice.
+    // flush() is needed because commit() does not detect errors that occur when the buffer is written.
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() ||
         !file.commit())
         return QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
-    return {};
+    return std::nullopt;
 }
 
 QString pictureName(fxsamples::Picture picture)
@@ -43,20 +45,20 @@ QString pictureName(fxsamples::Picture picture)
 
 int main(int argc, char *argv[])
 {
-    // No screen and no font is needed, see paintPreview(); so this runs on a build machine as it is.
+    // Not a GUI application, because paintPreview() needs no screen.
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("make_samples"));
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Makes a dozen sample drawings. Each holds a file header and a preview, nothing more."));
+    parser.setApplicationDescription(
+        QStringLiteral("Creates a dozen sample drawings. Each contains only a file header and a preview."));
     parser.addHelpOption();
     parser.addPositionalArgument(QStringLiteral("DIRECTORY"),
-                                 QStringLiteral("Where to write; made if it is missing."));
+                                 QStringLiteral("The folder for the drawings; created if it is missing."));
     parser.process(application);
     QTextStream err(stderr);
     if (parser.positionalArguments().size() != 1) {
-        err << "make_samples: name one directory\n\n" << parser.helpText();
+        err << "make_samples: exactly one folder is required\n\n" << parser.helpText();
         return EXIT_FAILURE;
     }
 
@@ -66,10 +68,11 @@ int main(int argc, char *argv[])
         const fxsamples::DrawingForm &form = sample.form;
         const QString path = directory.filePath(sample.fileName.toString());
         const QImage picture = fxsamples::paintPreview(sample);
-        const QString error = picture.isNull() ? QStringLiteral("Qt's plug-in for SVG pictures is missing")
-                                               : write(path, fxsamples::drawingFile(picture, form));
-        if (!error.isEmpty()) {
-            err << "make_samples: " << error << '\n';
+        const std::optional<QString> error = picture.isNull()
+                                                 ? QStringLiteral("Qt's plug-in for SVG pictures is missing")
+                                                 : write(path, fxsamples::drawingFile(picture, form));
+        if (error) {
+            err << "make_samples: " << *error << '\n';
             return EXIT_FAILURE;
         }
         out << path << ": " << QString::fromLatin1(fxsamples::versionTag(form.version)) << ", "

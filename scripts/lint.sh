@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 # Checks the source tree with all tools configured in the root: lint.sh [--fix] [PATH...]
 # --fix first corrects what the formatter and the spell checker find. PATHs restrict the checks to some
-# folders or files: lint.sh state ui/QBalloonTip.cpp
+# folders or files: lint.sh state ui/QBalloonTip.cpp. Without C++ sources among them, nothing is built.
 # shellcheck disable=SC2317 # the checks are called by their names
 set -euo pipefail
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
@@ -96,6 +96,7 @@ product=()  # files, each of which must include what it needs
 together=() # units of several tests, as they are compiled
 compile_commands() {
     local unit found unity
+    ((${#units[@]} > 0)) || return 0
     rm -rf -- "$database" # an old one would hide that this run has none
     scripts/quietly.sh cmake --preset dev -DBUILD_TESTING=ON || return 1
     # The sources include generated files.
@@ -113,13 +114,14 @@ compile_commands() {
             echo "not analysed, as the dev preset does not compile it: $unit"
         fi
     done
-    mapfile -t together < <(printf '%s\n' "${together[@]}" | sort -u)
+    ((${#together[@]} == 0)) || mapfile -t together < <(printf '%s\n' "${together[@]}" | sort -u)
 }
 
 # Runs an analyser on files: each_of ARRAY COMMAND [ARG...]. Shows its output only on failure, because clang always prints
 # the number of suppressed warnings.
 each_of() {
     local -n of=$1
+    ((${#units[@]} > 0)) || return 0
     if [[ ! -d $database ]]; then
         echo "not run, because there are no compile commands"
         return 1
@@ -135,10 +137,10 @@ clang_tidy() {
 }
 
 clazy() {
-    local status=0 units
-    for units in product together; do
-        each_of "$units" clazy-standalone -p "$database" -extra-arg=-Werror -checks="$clazy_checks" \
-            -header-filter='/(sdk|module|state|ui|resources|host|samples|bench|tests)/.*\.(h|cpp)$' || status=1
+    local status=0 array
+    for array in product together; do
+        each_of "$array" clazy-standalone -p "$database" -extra-arg=-Werror -checks="$clazy_checks" \
+            -header-filter='/(sdk|module|state|ui|resources|host|samples|tests)/.*\.(h|cpp)$' || status=1
     done
     return "$status"
 }

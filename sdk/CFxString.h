@@ -9,7 +9,7 @@
 
 //! The application framework's string, used in all interfaces between a host and its modules. UTF-32, 4 bytes
 //! per character. Converts to and from QString implicitly. The conversion is lossless: unpaired surrogates
-//! are kept, because they can encode bytes of file names. A value type.
+//! are kept, because they can encode bytes of file names. A value type; reentrant.
 class CFxString
 {
 public:

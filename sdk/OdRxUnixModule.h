@@ -11,7 +11,7 @@
 
 //! Resets the library's pointer to its only module object, without deleting the object. Every module library
 //! defines and exports this.
-extern "C" __attribute__((visibility("default"))) void deleteModuleObject();
+extern "C" __attribute__((visibility("default"))) void deleteModuleObject(); // [gui-thread]
 
 //! Implements what is the same for the module object of every library: reference count, name, handle and
 //! memory.
@@ -23,6 +23,7 @@ class OdRxUnixModule : public TInterface
 public:
     //! \param sysData stored unchanged
     //! \param moduleName copied
+    // [gui-thread]
     OdRxUnixModule(void *sysData, const OdChar *moduleName) : m_sysData(sysData), m_moduleName(moduleName) {}
 
     void addRef() override { m_nLockCount.fetch_add(1); } // [any-thread]

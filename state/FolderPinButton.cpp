@@ -13,10 +13,12 @@
 #include <QProcess>
 #include <QTimer>
 
+#include <chrono>
+
 namespace {
 
-//! How long the pointer must stay on a button, in milliseconds.
-constexpr int hoverDelay = 500;
+//! How long the pointer must stay on a button.
+constexpr std::chrono::milliseconds hoverDelay(500);
 //! From a menu entry's lower edge up to where its balloon's tip would be, in pixels.
 constexpr int menuTipRise = 11;
 

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Holds the tree to its include rules: check_includes.py [--graph] [ROOT]
+"""Checks the tree against its include rules: check_includes.py [--graph] [ROOT]
 
-The rooms and what each may include are the table of docs/OVERVIEW.md. A project header is written from the
-root in quotes; the headers of sdk/ and everything foreign stand in angle brackets, so that a line shows which
-layer it reaches for. Prints one line per wrong include and ends with status 1 if there is any. With --graph it
-prints which rooms each room includes.
+The rooms, and what each may include, are in the table of docs/OVERVIEW.md. Project headers are included by their path
+from the root, in quotes; headers of sdk/ and of other libraries in angle brackets, so that a line shows the layer of
+the header. Prints a line for each wrong include and ends with status 1 if there is one. --graph prints which rooms each
+room includes.
 """
 
 import os
@@ -18,7 +18,7 @@ OVERVIEW = Path(__file__).resolve().parent.parent / "docs" / "OVERVIEW.md"
 
 
 def read_rules():
-    """For each room what it may include, and what its .cpp files may on top: rooms, which end in "/", and headers."""
+    """For each room, the rooms ("a/") and headers that its files may include, and those for .cpp files only."""
     rules = {}
     for line in OVERVIEW.read_text(encoding="utf-8").splitlines():
         cells = [cell.strip() for cell in line.split("|")]
@@ -32,7 +32,7 @@ def read_rules():
 
 RULES = read_rules()
 
-# The host operations whose names the host does not publish: in the plug-in one file alone knows them.
+# The headers of the host's services, which only one file of the plug-in may include.
 HOST_ACCESS = "module/HostAccess.cpp"
 PLUGIN_ROOMS = {"module/", "state/", "ui/"}
 HOST_ACCESS_HEADERS = {
@@ -45,7 +45,7 @@ HOST_ACCESS_HEADERS = {
 }
 
 SOURCE_SUFFIXES = {".cpp", ".h"}
-# Not rooms: what the build makes, and the wrong includes that this check is tried on.
+# Not rooms: the build's output, and the wrong includes that test this check.
 LEFT_OUT = {"build", "tests/fixtures"}
 
 DIRECTIVE = re.compile(r"\s*#\s*include\b\s*(?P<what>.*)")
@@ -63,7 +63,7 @@ def sources(root):
     """The C++ files of the tree, in a fixed order."""
     for folder, subfolders, files in os.walk(root):
         inside = Path(folder).relative_to(root)
-        # In place, so that the walk does not go into what is left out.
+        # In place, so that the walk skips the folders that are left out.
         subfolders[:] = sorted(
             name for name in subfolders
             if not name.startswith(".") and (inside / name).as_posix() not in LEFT_OUT
@@ -72,26 +72,26 @@ def sources(root):
 
 
 def is_generated(source, name):
-    """The build's own output, which a source includes by its bare name: tst_a.cpp has tst_a.moc."""
+    """True for the build's output, which a source includes by its bare name: tst_a.cpp includes tst_a.moc."""
     return name in {source.stem + ".moc", f"moc_{source.stem}.cpp"}
 
 
 def reached_room(root, source, opening, name):
-    """Which room an include reaches, None for a foreign header; and what is wrong with how it is written."""
+    """The room of the included header, None for another library's; and what is wrong with the spelling, or None."""
     if opening == "<":
         if (root / "sdk" / name).is_file():
             return "sdk/", None
         if (root / name).is_file():
-            return room_of(name), "a project header stands in quotes"
+            return room_of(name), "a project header is included in quotes"
         return None, None
     if is_generated(source, name):
         return room_of(source.relative_to(root).as_posix()), None
     if ".." in Path(name).parts:
-        return None, "a project header is written from the root"
+        return None, "a project header is included by its path from the root"
     if (root / "sdk" / name.removeprefix("sdk/")).is_file():
-        return "sdk/", "an sdk header stands in angle brackets"
+        return "sdk/", "an sdk header is included in angle brackets"
     if not (root / name).is_file():
-        return None, "no such header, counted from the root"
+        return None, "there is no such header in the root"
     return room_of(name), None if room_of(name) else "this header belongs to no room"
 
 
@@ -109,7 +109,7 @@ def objection(root, source, opening, name):
             return "sdk may include only Qt and the standard library"
         return None
     if room in PLUGIN_ROOMS and name in HOST_ACCESS_HEADERS and inside != HOST_ACCESS:
-        return f"in the plug-in only {HOST_ACCESS} may include this header"
+        return f"in the plug-in, only {HOST_ACCESS} may include this header"
     allowed, allowed_in_cpp = RULES[room]
     if reached == room or {reached, name} & allowed:
         return None
@@ -119,7 +119,7 @@ def objection(root, source, opening, name):
 
 
 def includes(root):
-    """Every include of the tree: the source, the line's number, the line, and what opens the name and the name."""
+    """Every include of the tree: source, line number, line, and the opening quote or bracket with the name."""
     for source in sources(root):
         for number, line in enumerate(source.read_text(encoding="utf-8").splitlines(), start=1):
             directive = DIRECTIVE.match(line)
@@ -163,7 +163,7 @@ def main():
     if graph and not wrong:
         print("\n".join(arrows(root)))
     else:
-        print("\n".join(wrong) if wrong else "every include keeps to its room")
+        print("\n".join(wrong) if wrong else "all includes follow the rules")
     return 1 if wrong else 0
 
 

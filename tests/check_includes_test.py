@@ -1,9 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Tries check_includes.py on a small tree of right and wrong includes.
+"""Tests check_includes.py on a small tree of right and wrong includes.
 
-Every wrong line of tests/fixtures/includes ends in `// wrong`. The check must name exactly these lines: one
-that it misses is a rule it does not hold, one too many would be a false alarm in the tree itself.
+Every wrong line of tests/fixtures/includes ends in `// wrong`. The check must report exactly these lines.
 """
 
 import re

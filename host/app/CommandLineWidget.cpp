@@ -18,7 +18,11 @@ namespace fxhost {
 
 namespace {
 
-const QString prompt = QStringLiteral("Command:");
+QString prompt()
+{
+    return CommandLineWidget::tr("Command:");
+}
+
 // Enough for a working session, and a limit for scripts that run for a long time.
 constexpr int historyLines = 2000;
 constexpr int recalledLines = 200;
@@ -63,7 +67,7 @@ CommandLineWidget::CommandLineWidget(QWidget *parent) : QWidget(parent)
     m_input->installEventFilter(this);
     setFocusProxy(m_input);
 
-    auto *promptLabel = new QLabel(prompt, this);
+    auto *promptLabel = new QLabel(prompt(), this);
     promptLabel->setFont(font);
     promptLabel->setBuddy(m_input);
 
@@ -103,7 +107,7 @@ void CommandLineWidget::showMessage(const QString &text)
 
 void CommandLineWidget::echo(const QString &line)
 {
-    showMessage(prompt + QLatin1Char(' ') + line);
+    showMessage(prompt() + QLatin1Char(' ') + line);
 }
 
 bool CommandLineWidget::hasInputFocus() const
@@ -205,7 +209,7 @@ void CommandLineWidget::complete()
     } else if (m_completed == line && candidates.size() > 1) {
         const QString shown = candidates.mid(0, listedCandidates).join(QLatin1String("  "));
         const int more = candidates.size() - listedCandidates;
-        showMessage(more > 0 ? tr("%1  and %2 more").arg(shown).arg(more) : shown);
+        showMessage(more > 0 ? tr("%1  and %2 more").arg(shown, QString::number(more)) : shown);
     }
     m_completed = completion.line;
 }

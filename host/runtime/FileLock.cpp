@@ -17,15 +17,14 @@ namespace fxhost {
 
 namespace {
 
-// Between two tries. Waiting in the system instead would have no end where the other process is
-// stopped.
+// Between two attempts. A wait in the system call would have no end if the other process is stopped.
 constexpr std::chrono::milliseconds pause{2};
 
 } // namespace
 
 FileLock::FileLock(const QString &path, std::chrono::milliseconds wait)
 {
-    // A child process must not inherit the lock, nor may a FIFO of that name make us wait.
+    // A child process must not inherit the lock, and a FIFO of that name must not block.
     m_descriptor = ::open(pathBytes(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY,
                           S_IRUSR | S_IWUSR);
     if (m_descriptor < 0)
@@ -44,7 +43,8 @@ FileLock::FileLock(const QString &path, std::chrono::milliseconds wait)
 FileLock::~FileLock()
 {
     if (m_isHeld)
-        ::flock(m_descriptor, LOCK_UN); // a child on its way to another program may have the file open still
+        ::flock(m_descriptor,
+                LOCK_UN); // a child process that has not reached exec() yet may still have the file open
     if (m_descriptor >= 0)
         ::close(m_descriptor);
 }

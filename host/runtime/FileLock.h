@@ -9,13 +9,13 @@
 
 namespace fxhost {
 
-//! Keeps other processes that ask for the same lock out for as long as it lives. The system releases
-//! the lock when a process ends, however it ends. Any thread.
+//! A lock between processes, held while the object exists. The system releases it when the process ends, even
+//! if it crashes. Any thread.
 class FXHOST_API FileLock
 {
 public:
     //! Waits until the lock is free, but no longer than wait.
-    //! \param path a file for nothing but the lock, made when it is missing and never removed
+    //! \param path a file that is only used for the lock; created if it is missing, never removed
     FileLock(const QString &path, std::chrono::milliseconds wait);
     ~FileLock();
 
@@ -23,8 +23,8 @@ public:
     FileLock &operator=(const FileLock &) = delete;
 
     bool isHeld() const { return m_isHeld; }
-    //! Whether another process has it, and had it all the time. False also where no lock can be had at all:
-    //! the directory may not be written, or its file system knows no locks.
+    //! True if another process held the lock during the whole wait. False if locking is impossible: the
+    //! directory is not writable, or its file system does not support locks.
     bool isBusy() const { return m_isBusy; }
 
 private:

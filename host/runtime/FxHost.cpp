@@ -29,14 +29,22 @@
 
 namespace fxhost {
 
-//! Leads from the services to the list of recent documents.
+//! The application and its user profile, which only provide the list of recent documents.
 class FxHost::Profile : public CFxApplication, public CFxUserProfile
 {
 public:
     explicit Profile(ReachableRecentFiles &recentFiles) : m_recentFiles(recentFiles) {}
 
-    CFxUserProfile *GetUserProfile() override { return this; }
-    CFxRecentFileList *GetRecentFileList() override { return &m_recentFiles; }
+    CFxUserProfile *GetUserProfile() override
+    {
+        FXHOST_ASSERT_GUI_THREAD();
+        return this;
+    }
+    CFxRecentFileList *GetRecentFileList() override
+    {
+        FXHOST_ASSERT_GUI_THREAD();
+        return &m_recentFiles;
+    }
 
 private:
     ReachableRecentFiles &m_recentFiles;
@@ -48,14 +56,15 @@ FxHost::FxHost(const QString &profileDir, const QString &logFile, QObject *paren
     const MessageSink report = [this](const QString &text) {
         if (m_isConstructed)
             showMessage(text);
-        else // when the program has connected to message()
+        else // from the event loop, after the program has connected to message()
             QTimer::singleShot(0, this, [this, text] { showMessage(text); });
     };
 
     m_log = std::make_unique<HostLog>(logFile);
     const QDir profile(profileDir);
     if (!QDir().mkpath(profileDir))
-        report(tr("The profile directory %1 cannot be made. Nothing is kept of this run.").arg(profileDir));
+        report(tr("The profile directory %1 cannot be created. Settings and recent documents are not saved.")
+                   .arg(profileDir));
     m_settings = std::make_unique<HostSettings>(profileDir, report);
     m_recentFileStore = std::make_unique<RecentFileStore>(profile.filePath(QStringLiteral("recent.txt")));
     m_recentFiles = std::make_unique<RecentFiles>(*m_recentFileStore, *m_settings, report);
@@ -152,7 +161,7 @@ QWidget *FxHost::mainWindow() const
 void FxHost::reportApplicationState(Qt::ApplicationState state)
 {
     if (state == Qt::ApplicationActive)
-        m_recentFiles->refresh(); // the user may come from another host with the same profile
+        m_recentFiles->refresh(); // another host with the same profile may have changed the list
     m_editor->reactors().notify(state == Qt::ApplicationActive ? &CFxEditorReactor::appActivated
                                                                : &CFxEditorReactor::appDeactivated);
 }

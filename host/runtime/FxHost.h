@@ -30,23 +30,24 @@ class ReachableRecentFiles;
 class RecentFileStore;
 class RecentFiles;
 
-//! The running host: owns every service and hands them to the program by reference, to modules through the
-//! published interface. At most one exists at a time. GUI thread.
+//! The running host: owns every service. The program accesses the services by reference, modules through the
+//! programming interface. Only one object can exist at a time. GUI thread.
 //!
-//! A program makes a QApplication, then this, then connects message(), then shows its window, and only then
-//! calls setMainWindow(). The destructor ends everything in the order that modules count on: drawings are
-//! closed, the main frame is reported gone, modules are unloaded.
+//! A program creates a QApplication, then this object, connects to message(), shows its window, and then
+//! calls setMainWindow(). The destructor closes the drawings, notifies the modules that the main window is
+//! destroyed, and unloads the modules, in this order.
 class FXHOST_API FxHost : public QObject, public CFxSystemServices, private InterfaceHost
 {
     Q_OBJECT
 public:
-    //! Asks the user for a drawing to open. \return a path, or the empty string when they cancelled
+    //! Lets the user choose a drawing to open.
+    //! \return a path; empty if the user cancelled
     using PathChooser = std::function<QString()>;
 
-    //! Reads the profile. What is wrong with it is reported by message() from the event loop, so that the
-    //! program has time to connect, and does not stop the host. \param profileDir where settings and the
-    //! recent-file list are kept; made when it is missing \param logFile gets a line for each thing that the
-    //! host was asked to do; empty for no log
+    //! Reads the profile. Errors do not stop the host. message() reports them from the event loop, so that
+    //! the program can connect to it first.
+    //! \param profileDir the folder of the settings and the recent-file list; created if it is missing
+    //! \param logFile receives a line for each request to the host; empty for no log
     FxHost(const QString &profileDir, const QString &logFile, QObject *parent = nullptr);
     ~FxHost() override;
 
@@ -66,13 +67,14 @@ public:
     //! The main window, or null.
     QWidget *mainWindow() const;
 
-    //! What _OPEN asks when it is given no path. None: _OPEN without a path fails.
+    //! Called by _OPEN without a path. If none is set, _OPEN without a path fails.
     void setPathChooser(PathChooser chooser);
     const PathChooser &pathChooser() const;
 
     //! Emits message().
     void showMessage(const QString &text) override;
-    //! Logs the request and emits helpRequested(). \param topic 0 is the front page
+    //! Logs the request and emits helpRequested().
+    //! \param topic 0 is the front page
     void requestHelp(int topic) override;
 
     CFxApplication *GetApplication() override;
@@ -82,7 +84,7 @@ public:
     OdRxObject *RunCommand(const CFxString &name, const CFxString *argument) override;
 
 signals:
-    //! For the user to read, in whole sentences.
+    //! A text for the user, in whole sentences.
     void message(const QString &text);
     void helpRequested(int topic);
 

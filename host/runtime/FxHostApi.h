@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-//! Marks what libfxhost shows beyond the sdk's own classes: to the desktop program and to the tests.
+//! Marks the symbols that libfxhost exports in addition to the SDK's, for the desktop program and the tests.
 #define FXHOST_API __attribute__((visibility("default")))

@@ -20,7 +20,7 @@ constexpr char recentMaximumKey[] = "recent/maximum";
 constexpr char windowGeometryKey[] = "window/geometry";
 constexpr char lastDirectoryKey[] = "open/directory";
 
-//! Lines of KEY=VALUE, the value percent-encoded, in sections of an INI file.
+//! Reads the sections of an INI file, with lines of KEY=VALUE. The value is percent-encoded.
 bool readSettings(QIODevice &file, QSettings::SettingsMap &settings)
 {
     QByteArray section;
@@ -32,7 +32,7 @@ bool readSettings(QIODevice &file, QSettings::SettingsMap &settings)
         else if (sign > 0)
             settings.insert(QString::fromUtf8(section + line.left(sign).trimmed()),
                             pathFromBytes(QByteArray::fromPercentEncoding(line.mid(sign + 1).trimmed())));
-        else if (!line.isEmpty() && !line.startsWith(';')) // which begins a comment
+        else if (!line.isEmpty() && !line.startsWith(';')) // a semicolon starts a comment
             return false;
     }
     return true;
@@ -45,21 +45,21 @@ bool writeSettings(QIODevice &file, const QSettings::SettingsMap &settings)
         const QByteArray key = setting.key().toUtf8();
         const int slash = key.indexOf('/');
         if (slash < 0)
-            continue; // of no section, and none of ours
+            continue; // not one of ours, which are all in sections
         const QByteArray itsSection = key.left(slash);
         if (std::exchange(section, itsSection) != itsSection)
             file.write('[' + itsSection + "]\n");
         file.write(key.mid(slash + 1) + '=' + pathBytes(setting.value().toString()).toPercentEncoding("/") +
                    '\n');
     }
-    // What fails only as the buffer is written out, QSettings would not notice, and leave an empty file.
+    // QSettings does not detect errors that occur when the buffer is written, and would leave an empty file.
     auto *const device = qobject_cast<QFileDevice *>(&file);
     return device && device->flush();
 }
 
 std::unique_ptr<QSettings> open(const QString &path)
 {
-    // Not Qt's own format, which does not notice when the disk is full.
+    // Not Qt's own format, which does not detect a full disk.
     static const QSettings::Format format =
         QSettings::registerFormat(QStringLiteral("ini"), readSettings, writeSettings);
     return std::make_unique<QSettings>(path, format);
@@ -73,24 +73,24 @@ HostSettings::HostSettings(const QString &profileDir, MessageSink report) : m_re
     m_file = open(path);
     if (m_file->status() == QSettings::NoError)
         return;
-    const QString aside = setAside(path); // QSettings would write what it could read over the rest
+    const QString aside = setAside(path); // QSettings would replace it with the part that it could read
     m_report(aside.isEmpty() ? tr("The settings file %1 cannot be read.").arg(path)
                              : tr("The settings file %1 cannot be read. It was renamed to %2, and the "
-                                  "settings are the default ones.")
+                                  "default settings are used.")
                                    .arg(path, aside));
     m_file = open(path);
 }
 
 HostSettings::~HostSettings() = default;
 
-//! Also writes what is new.
+//! Reads what other programs have stored, and writes changed settings.
 void HostSettings::sync()
 {
     FXHOST_ASSERT_GUI_THREAD();
     m_file->sync();
-    if (m_file->status() == QSettings::NoError || std::exchange(m_isToldOfFailure, true))
+    if (m_file->status() == QSettings::NoError || std::exchange(m_isFailureReported, true))
         return;
-    m_report(tr("The settings file %1 cannot be written. It was left as it is; is the disk full?")
+    m_report(tr("The settings file %1 cannot be written and was left unchanged. Is the disk full?")
                  .arg(m_file->fileName()));
 }
 

@@ -14,31 +14,30 @@ class QSettings;
 
 namespace fxhost {
 
-//! What the host remembers between runs besides the recent documents: settings.ini in the profile. GUI
-//! thread.
+//! The host's stored settings, except for the recent documents: settings.ini in the profile. GUI thread.
 class FXHOST_API HostSettings
 {
     Q_DECLARE_TR_FUNCTIONS(fxhost::HostSettings)
 public:
     //! \param profileDir an existing directory
-    //! \param report gets what was wrong with the file when it is read, and, once, that settings cannot be
-    //! written, which are left as they were then
+    //! \param report receives the error if the file cannot be read, and, once, the error if it cannot be
+    //! written; the file is then unchanged
     HostSettings(const QString &profileDir, MessageSink report);
     ~HostSettings();
 
     HostSettings(const HostSettings &) = delete;
     HostSettings &operator=(const HostSettings &) = delete;
 
-    //! How many recent documents are kept; the default when none or a wrong number is stored. Another program
-    //! with the same profile may have stored it just now.
+    //! The maximum number of recent documents; the default if no valid number is stored. Reads the file,
+    //! which another program with the same profile may have changed.
     int recentMaximum();
     void setRecentMaximum(int maximum);
 
-    //! As QWidget::saveGeometry() gave it; empty when none is stored.
+    //! The result of QWidget::saveGeometry(); empty if none is stored.
     QByteArray windowGeometry() const;
     void setWindowGeometry(const QByteArray &geometry);
 
-    //! Where the last drawing was chosen; empty when none was.
+    //! The folder in which the user last chose a drawing; empty if none is stored.
     QString lastDirectory() const;
     void setLastDirectory(const QString &directory);
 
@@ -47,7 +46,7 @@ private:
     void set(const char *key, const QString &value);
 
     MessageSink m_report;
-    bool m_isToldOfFailure = false;
+    bool m_isFailureReported = false;
     std::unique_ptr<QSettings> m_file;
 };
 

@@ -7,7 +7,7 @@ class QString;
 
 namespace fxhost {
 
-//! Takes a text for the user to read: one or more whole sentences. GUI thread.
+//! Receives a text for the user: one or more whole sentences. GUI thread.
 using MessageSink = std::function<void(const QString &)>;
 
 } // namespace fxhost

@@ -1,17 +1,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <exception>
 
 namespace fxhost {
 
-//! Whether something was done, or else why not. Any thread.
+//! The result of an operation: success, or the reason of the failure. A value type; any thread.
 class Outcome
 {
+    Q_DECLARE_TR_FUNCTIONS(fxhost::Outcome)
 public:
-    //! It was done.
+    //! Success.
     Outcome() = default;
 
     //! \param reason for the user, in whole sentences
@@ -23,8 +25,9 @@ public:
         return outcome;
     }
 
-    //! Calls a module, which may throw. The exception itself is gone on return, since its code goes with the
-    //! module. \return the exception's own words as the reason
+    //! Calls a function that may throw, for example one of a module. The exception is destroyed on return,
+    //! because its class may be unloaded with the module.
+    //! \return success, or the exception's text as the reason
     template<class Call>
     static Outcome of(Call &&call)
     {
@@ -33,14 +36,14 @@ public:
             return {};
         } catch (const std::exception &error) {
             const QString what = QString::fromLocal8Bit(error.what());
-            return failed(what.isEmpty() ? QStringLiteral("std::exception") : what);
+            return failed(what.isEmpty() ? tr("an exception without a text") : what);
         } catch (...) {
-            return failed(QStringLiteral("unknown exception"));
+            return failed(tr("unknown exception"));
         }
     }
 
     explicit operator bool() const { return m_isDone; }
-    //! Empty when it was done.
+    //! Empty on success.
     const QString &reason() const { return m_reason; }
 
 private:

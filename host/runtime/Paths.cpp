@@ -13,17 +13,18 @@ namespace fxhost {
 
 namespace {
 
-constexpr ushort firstCarried = 0xdc80; // for the byte 0x80: what is below is ASCII, and never wrong
+// Represents the byte 0x80. Lower bytes are ASCII, which is always valid.
+constexpr ushort firstCarried = 0xdc80;
 constexpr ushort lastCarried = 0xdcff;
 constexpr int longestCharacter = 4; // bytes in UTF-8
 
-//! Nothing unless bytes are UTF-8 as Qt itself would write it, which leaves out surrogates and overlong ones.
+//! The text, if bytes are UTF-8 as Qt would encode it: without surrogates and overlong sequences.
 std::optional<QString> textOf(const QByteArray &bytes)
 {
-    // After another character, since Qt drops a leading byte order mark, with which a name may begin.
+    // Qt drops a leading byte order mark, but a name may start with one, so put another character before it.
     const QByteArray prefixed = '/' + bytes;
     const QString text =
-        QString::fromUtf8(prefixed.constData(), prefixed.size()).mid(1); // all: null bytes too
+        QString::fromUtf8(prefixed.constData(), prefixed.size()).mid(1); // with a size, to include null bytes
     return text.toUtf8() == bytes ? std::optional<QString>(text) : std::nullopt;
 }
 
@@ -35,21 +36,21 @@ bool isCarriedByte(QChar c)
 static_assert(QT_VERSION_MAJOR == 5 && QT_VERSION_MINOR == 15,
               "needs the converter state of Qt 5.15's codecs");
 
-//! UTF-8 that keeps every byte of whole texts, which is how Qt converts names. Text that comes in pieces is
-//! no name, and pieces may end within a character: there it is like any other UTF-8. Only when a directory is
-//! read a whole name has a state too, which then has the flag for no header from the start: that tells a
-//! name.
+//! UTF-8 that keeps every byte of file names. Qt converts a name as a whole, usually without a converter
+//! state. Text that is converted in pieces is not a name, and a piece may end within a character: it is
+//! converted as usual. Only when Qt reads a directory, it converts whole names with a state. That state has
+//! the flag IgnoreHeader from the start, by which this codec recognises it.
 class PathCodec : public QTextCodec
 {
 public:
     QByteArray name() const override { return "UTF-8 with any byte"; }
-    int mibEnum() const override { return -1; } // none: it is for file names of this process alone
+    int mibEnum() const override { return -1; } // it has no number, because it is only used in this process
 
 protected:
     QString convertToUnicode(const char *bytes, int size, ConverterState *pieces) const override
     {
         if (pieces && !(pieces->flags & IgnoreHeader))
-            pieces->state_data[markAt] = inPieces; // before Qt's converter sets the flag as well
+            pieces->state_data[markAt] = inPieces; // now, because Qt's converter sets the flag, too
         const bool isWhole = !pieces || pieces->state_data[markAt] != inPieces;
         return isWhole ? pathFromBytes(QByteArray(bytes, size)) : m_utf8->toUnicode(bytes, size, pieces);
     }
@@ -126,7 +127,7 @@ QString pathFromUrl(const QUrl &localFile)
 
 QString absolutePath(const QString &path)
 {
-    // Not by QDir, for which a name is absolute too that begins with a colon.
+    // Not by QDir, which also considers names absolute that start with a colon.
     if (path.isEmpty() || path.startsWith(QLatin1Char('/')))
         return path;
     const QString folder = QDir::currentPath();

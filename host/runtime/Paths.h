@@ -10,34 +10,33 @@ class QUrl;
 
 namespace fxhost {
 
-//! What a file name's bytes are as text. Names are UTF-8 by custom alone: a byte that is none is carried as
-//! the lone surrogate U+DC00 + byte, which no other name gives, so that pathBytes() gives every name back.
+//! Converts the bytes of a file name to text. Names are UTF-8 only by convention: a byte that is not part of
+//! valid UTF-8 becomes the lone surrogate U+DC00 + byte, which nothing else becomes, so that pathBytes()
+//! restores every name exactly.
 FXHOST_API QString pathFromBytes(const QByteArray &bytes);
-//! The bytes of a file name as pathFromBytes() gave it, or as the user typed it.
+//! The bytes of a file name that pathFromBytes() returned or the user typed.
 FXHOST_API QByteArray pathBytes(const QString &path);
-//! From now on Qt does the same wherever it turns names into text and back: files, arguments, processes,
-//! whatever the locale. To be called at the start of a program, before threads.
+//! Makes Qt use the same conversion for all names (files, arguments, processes) in every locale. Must be
+//! called at the start of a program, before threads are created.
 FXHOST_API void keepBytesOfPaths();
 
-//! The bytes, with those that isToEncode returns true for written as %XX.
+//! The bytes, with each byte for which isToEncode returns true replaced with %XX.
 QByteArray percentEncoded(const QByteArray &bytes, bool (*isToEncode)(uchar byte));
-//! Whether a byte is a control character of ASCII.
+//! True for ASCII control characters.
 inline bool isControl(uchar byte)
 {
     return byte < 0x20 || byte == 0x7f;
 }
 
-//! The path in the URL of a local file, to the byte, which QUrl::toLocalFile() does not give where a name is
-//! not UTF-8.
+//! The exact path in the URL of a local file. QUrl::toLocalFile() changes names that are not UTF-8.
 FXHOST_API QString pathFromUrl(const QUrl &localFile);
 
-//! path itself when it is absolute or empty, however it is spelled; else what it means in the working
-//! directory.
+//! The path unchanged if it is absolute or empty; otherwise the working directory followed by the path.
 FXHOST_API QString absolutePath(const QString &path);
 
-//! Renames a file or directory that cannot be used to a name beside it that nothing has yet, so that the next
+//! Renames a file or directory that cannot be used to an unused name in the same folder, so that the next
 //! write does not destroy it.
-//! \return the new path; empty when it could not be renamed
+//! \return the new path; empty if it could not be renamed
 QString setAside(const QString &path);
 
 } // namespace fxhost

@@ -6,8 +6,8 @@
 
 namespace fxhost {
 
-//! Makes a concrete object of an OdRxObject class T that the host owns. References are counted, so that one
-//! that was never released can be found, but the last one does not delete the object.
+//! A concrete class for an OdRxObject class T whose objects the host owns. References are counted, so that
+//! tests can find those that were not released, but releasing the last one does not delete the object.
 template<class T>
 class RxHostOwned : public T
 {
@@ -19,7 +19,7 @@ public:
 
     void addRef() override { m_references.fetch_add(1); }
     void release() override { m_references.fetch_sub(1); }
-    //! 1, the host's own, when all others have been released.
+    //! 1, the host's own reference, if all others have been released.
     int numRefs() const override { return m_references.load(); }
 
 private:

@@ -8,7 +8,7 @@
 
 namespace fxhost {
 
-//! Both keep every character, as CFxString does: names of files may hold half of a surrogate pair.
+// Both conversions are lossless, as CFxString's are: file names may contain unpaired surrogates.
 inline QString fromOdString(const OdString &text)
 {
     return CFxString(text.c_str());

@@ -39,7 +39,7 @@ void addWrittenDrawings(Seeds &to)
     const QImage picture = patternPicture(24);
     for (const Version version : allVersions) {
         to.add(drawingFile(picture, {version, Picture::Bitmap8}));
-        if (carriesPng(version))
+        if (supportsPng(version))
             to.add(drawingFile(picture, {version, Picture::Png}));
     }
     const Version version = Version::AC1018;

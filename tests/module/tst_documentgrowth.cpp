@@ -59,10 +59,10 @@ private slots:
             const int documents = memory::rounds(1000);
             const Growth growth = growthOf(recent, documents);
             const qint64 all = growth.ofFirstHalf + growth.ofSecondHalf;
-            memory::tell("a document", all / documents);
-            memory::tell("a document of the first half", growth.ofFirstHalf / (documents / 2));
-            memory::tell("a document of the second half", growth.ofSecondHalf / (documents / 2));
-            memory::tell("not freed after the module is unloaded", growth.left);
+            memory::print("a document", all / documents);
+            memory::print("a document of the first half", growth.ofFirstHalf / (documents / 2));
+            memory::print("a document of the second half", growth.ofSecondHalf / (documents / 2));
+            memory::print("not freed after the module is unloaded", growth.left);
             if (!memory::isMeasurable)
                 continue;
             QVERIFY(all / documents < recent * mostOfAnEntry);

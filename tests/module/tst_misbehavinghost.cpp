@@ -25,7 +25,7 @@ class FakeOpening
 {
 public:
     enum class Way { Enter, TwoClicks, MenuEntry, DragOut };
-    using Deed = void (*)(FakeOpening &);
+    using Action = void (*)(FakeOpening &);
 
     FakeOpening()
     {
@@ -97,7 +97,7 @@ public:
 };
 
 Q_DECLARE_METATYPE(FakeOpening::Way)
-Q_DECLARE_METATYPE(FakeOpening::Deed)
+Q_DECLARE_METATYPE(FakeOpening::Action)
 
 namespace {
 
@@ -231,7 +231,7 @@ private slots:
 
     void theDrawingOfTheTileIsOpened_data()
     {
-        using Change = FakeOpening::Deed;
+        using Change = FakeOpening::Action;
         QTest::addColumn<Change>("change");
         const auto row = [](const char *name, Change change) { QTest::newRow(name) << change; };
         row("the list is emptied", [](FakeOpening &scene) { scene.host.setRecent({}); });
@@ -248,7 +248,7 @@ private slots:
 
     void theDrawingOfTheTileIsOpened()
     {
-        using Change = FakeOpening::Deed;
+        using Change = FakeOpening::Action;
         QFETCH(Change, change);
         for (const bool isNotified : {false, true}) {
             FakeOpening scene;

@@ -16,11 +16,11 @@ const LifeReport wholeLife = {
     {"created", "yes"},
     {"started", "yes"},
     {"registered", "_RECENT documents editor"},
-    {"window told", "yes"},
+    {"notified of the window", "yes"},
     {"registered with a window", "_RECENT _RHELP documents editor"},
     {"menu entries", "file: yes, start-up: yes"},
     {"menus refreshed", "yes"},
-    {"document told", "yes"},
+    {"notified of a document", "yes"},
     {"pins", "2"},
     {"command", "5100"},
     {"popup", "of the main window"},
@@ -36,9 +36,9 @@ const LifeReport wholeLife = {
     {"popup after the folder", "closed"},
     {"double-click opens", "b.dwg"},
     {"popup after the double-click", "closed"},
-    {"window's end told", "yes"},
+    {"notified of the window's end", "yes"},
     {"registered at the end", ""},
-    {"told the end", "yes"},
+    {"ended", "yes"},
     {"left behind", "nothing"},
     {"references kept", "0"},
 };
@@ -163,9 +163,9 @@ void rowsOfTheEngine()
     row("addition to the stack", throwing(&FakeHost::onCommandStack, "stack add _RECENT", refusal),
         noMenus + noTiles +
             LifeReport{{"started", "threw"}, {"registered", ""}, {"registered with a window", ""}});
-    const LifeReport noHelp = {{"window told", "threw"},
+    const LifeReport noHelp = {{"notified of the window", "threw"},
                                {"registered with a window", "_RECENT documents editor"}};
-    const LifeReport noEnd = {{"window's end told", "threw"}};
+    const LifeReport noEnd = {{"notified of the window's end", "threw"}};
     row("addition to the stack for help", throwing(&FakeHost::onCommandStack, "stack add _RHELP", 7), noHelp);
     row("lookup on the stack", throwing(&FakeHost::onCommandStack, "stack lookup", refusal), noHelp + noEnd);
     row("removal from the stack", throwing(&FakeHost::onCommandStack, "stack remove _RECENT", refusal),

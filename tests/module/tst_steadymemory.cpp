@@ -41,10 +41,10 @@ double growthOf(int times, qint64 known, const Action &action)
             resident = memory::resident();
         }
     }
-    memory::tell("allocated early on", allocated);
-    memory::tell("allocated at the end", memory::allocated());
-    memory::tell("resident early on", resident);
-    memory::tell("resident at the end", memory::resident());
+    memory::print("allocated early on", allocated);
+    memory::print("allocated at the end", memory::allocated());
+    memory::print("resident early on", resident);
+    memory::print("resident at the end", memory::resident());
     if (!memory::isMeasurable)
         return 0;
     const qint64 added = known * (times - early);
@@ -112,7 +112,7 @@ private slots:
             openAndClose(browser);
         const qint64 eachOne = (memory::allocated() - before) / openings;
         QCOMPARE(browser.menuLines().count("-"), separators + openings);
-        memory::tell("an opening", eachOne);
+        memory::print("an opening", eachOne);
         QVERIFY(!memory::isMeasurable || eachOne < 2000);
     }
 
@@ -167,7 +167,7 @@ private slots:
             send(button, QEvent::Enter);
             send(button, QEvent::Leave);
         }
-        memory::tell("for all hovers", memory::allocated() - before);
+        memory::print("for all hovers", memory::allocated() - before);
         drainEvents();
         const QList<QTimer *> timers = button->findChildren<QTimer *>();
         QCOMPARE(timers.size(), hovers);

@@ -91,7 +91,7 @@ private slots:
             const char *tag = tags[static_cast<int>(version)];
             for (const Picture picture :
                  {Picture::Bitmap8, Picture::Bitmap24, Picture::Bitmap32, Picture::Png}) {
-                for (const Placement placement : {Placement::BehindHeader, Placement::AfterFilling})
+                for (const Placement placement : {Placement::AfterHeader, Placement::AfterFilling})
                     QTest::addRow("%s, picture %d, place %d", tag, static_cast<int>(picture),
                                   static_cast<int>(placement))
                         << DrawingForm{version, picture, placement} << QByteArray(tag);
@@ -105,7 +105,7 @@ private slots:
         QFETCH(QByteArray, tag);
         const QImage image = colourful({23, 9}, 200);
         const bool isPng = form.picture == Picture::Png;
-        QCOMPARE(carriesPng(form.version), tag >= "AC1027");
+        QCOMPARE(supportsPng(form.version), tag >= "AC1027");
         if (isPng && tag < "AC1027") {
             QVERIFY_EXCEPTION_THROWN(drawingFile(image, form), std::invalid_argument);
             return;

@@ -34,7 +34,7 @@ int memory::rounds(int full)
     return qEnvironmentVariableIsSet("LONG_RUN") ? full : full / part;
 }
 
-void memory::tell(const char *what, qint64 bytes)
+void memory::print(const char *what, qint64 bytes)
 {
     if (isMeasurable)
         qInfo("%s: %lld bytes", what, static_cast<long long>(bytes));

@@ -23,6 +23,6 @@ qint64 allocated();
 int rounds(int full);
 
 //! Prints a figure, or that there is none. \param what describes it
-void tell(const char *what, qint64 bytes);
+void print(const char *what, qint64 bytes);
 
 } // namespace memory

@@ -11,18 +11,18 @@
 
 namespace fxhost {
 
-//! One request to run a command, from the asking to the end. Deletes itself with its last reference. GUI
-//! thread, but for the counting.
+//! A request to run a command. Deletes itself when the last reference is released. GUI thread, except for the
+//! reference count.
 class FXHOST_API CommandRun : public OdRxObject
 {
 public:
-    //! Has one reference, the caller's.
+    //! Creates a request with one reference, which the caller owns.
     CommandRun(const QString &name, const QString &argument);
     ~CommandRun() override;
 
     QString name() const { return m_name; }
     QString argument() const { return m_argument; }
-    //! What the command returned; 0 before it has.
+    //! The command's return value; 0 until it has returned.
     int result() const { return m_result; }
 
     void addRef() override;

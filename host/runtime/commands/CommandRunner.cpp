@@ -42,7 +42,7 @@ CommandRun *CommandRunner::run(const QString &name, const QString &argument)
     if (m_stopped)
         return nullptr;
     auto *run = new CommandRun(name, argument);
-    run->addRef(); // the queue's
+    run->addRef(); // for the queue
     m_waiting.push_back(run);
     drain();
     return run;
@@ -61,7 +61,7 @@ void CommandRunner::runLine(const QString &line)
         return;
     static const QRegularExpression blank(QStringLiteral("\\s"));
     const int end = text.indexOf(blank);
-    const QString name = text.left(end); // all of it without a blank
+    const QString name = text.left(end); // the whole text if there is no blank
     const QString argument = end < 0 ? QString() : text.mid(end).trimmed();
     if (CommandRun *started = run(name, argument))
         started->release();
@@ -95,14 +95,14 @@ void CommandRunner::stop()
 void CommandRunner::drain()
 {
     if (m_draining)
-        return; // the loop that is running takes it
+        return; // the running loop continues with it
     m_draining = true;
     while (!m_waiting.empty()) {
         CommandRun *const next = m_waiting.front();
         m_waiting.pop_front();
         try {
             runNow(*next);
-        } catch (...) { // a module's command that throws when asked for its name
+        } catch (...) { // a module's command threw in globalName()
             m_context = nullptr;
             m_running = nullptr;
             next->m_result = CFxCommand::failed;
@@ -137,7 +137,7 @@ void CommandRunner::runNow(CommandRun &run)
 
     m_context = nullptr;
     m_running = nullptr;
-    command.reset(); // now: a reactor to the end may unload its module
+    command.reset(); // now, because a reactor may unload the command's module
     m_log.command(name, run.m_result);
     m_editor.reactors().notify(&OdEditorReactor::commandEnded, globalName, run.m_result);
     emit commandEnded(name, run.m_result);
@@ -155,7 +155,7 @@ int CommandRunner::execute(OdEdCommand &command, const QString &name, CommandCon
 //! A reference owned by the caller, or null.
 OdEdCommand *CommandRunner::find(const QString &name) const
 {
-    // The engine's names end at the first null character: the part before it would be another command.
+    // The engine's names end at the first null character, and the part before it may be another command.
     if (name.contains(QChar::Null))
         return nullptr;
     const QString other = name.startsWith(QLatin1Char('_')) ? name.mid(1) : QLatin1Char('_') + name;

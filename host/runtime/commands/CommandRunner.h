@@ -18,48 +18,48 @@ class CommandStack;
 class Editor;
 class HostLog;
 
-//! Runs commands, one at a time, in the order in which they were asked for. A command may run an event loop;
-//! what is asked for meanwhile waits until it has ended. GUI thread.
+//! Runs commands, one at a time, in the order in which they were requested. A command may run an event loop;
+//! commands that are requested meanwhile wait until it has ended. GUI thread.
 class FXHOST_API CommandRunner : public QObject
 {
     Q_OBJECT
 public:
-    //! Everything that is passed in must outlive the runner.
-    //! \param report gets unknown commands and what commands throw
+    //! All arguments must outlive the runner.
+    //! \param report receives a message for each unknown command, and the commands' exceptions
     CommandRunner(const CommandStack &commands, const Editor &editor, HostLog &log, MessageSink report,
                   QObject *parent = nullptr);
     ~CommandRunner() override;
 
-    //! Runs a command, now, or once the running one and those that wait have ended.
+    //! Runs a command, immediately or after the running one and those that wait have ended.
     //! \param name a global or local name in any case, with or without the leading underscore
-    //! \param argument passed on as it is
-    //! \return owned by the caller; null after stop()
+    //! \param argument passed on unchanged
+    //! \return a reference that the caller owns and releases; null after stop()
     CommandRun *run(const QString &name, const QString &argument = {});
-    //! Runs what the user typed: a name, blanks, the argument. Blanks around the argument are dropped and it
-    //! is passed on verbatim. Leading `^C` cancel the running command. An empty line does nothing.
+    //! Runs a line that the user typed: a name, blanks, the argument. The argument is passed on without
+    //! leading and trailing blanks. A leading `^C` cancels the running command. An empty line does nothing.
     void runLine(const QString &line);
-    //! Runs a menu's macro: as a line, but `;` and line ends separate several of them.
+    //! Runs a menu's macro: lines that are separated by `;` or line ends.
     void runMacro(const QString &macro);
 
-    //! Asks the running command to end. Without one nothing happens.
+    //! Cancels the running command. Does nothing if none is running.
     void cancel();
-    //! Cancels the running command, drops what waits and takes nothing more.
+    //! Cancels the running command, discards those that wait and accepts no more.
     void stop();
 
     //! True between a command's start and end.
     bool isRunning() const { return m_context != nullptr; }
-    //! The command that is running, or null.
+    //! The running command, or null.
     const OdEdCommand *running() const { return m_running; }
-    //! True while nothing runs or waits.
+    //! True while no command runs or waits.
     bool isIdle() const { return !m_draining; }
 
 signals:
     //! \param name the command's global name
     void commandStarted(const QString &name, const QString &argument);
     void commandEnded(const QString &name, int result);
-    //! A command that waits in an event loop of its own leaves it now.
+    //! A command that runs an event loop must leave it.
     void cancelRequested();
-    //! Nothing runs or waits any more.
+    //! The last command has ended, and none waits.
     void idle();
 
 private:
@@ -72,7 +72,7 @@ private:
     const Editor &m_editor;
     HostLog &m_log;
     MessageSink m_report;
-    std::deque<CommandRun *> m_waiting; // one reference each
+    std::deque<CommandRun *> m_waiting; // owns a reference to each
     OdEdCommand *m_running = nullptr;
     CommandContext *m_context = nullptr; // of the running command
     bool m_draining = false;

@@ -17,11 +17,12 @@ namespace fxhost {
 
 class CommandStack;
 
-//! Commands made of functions. They are registered while the set lives. GUI thread.
+//! Commands that call functions. They are registered while the set exists. GUI thread.
 class FXHOST_API CommandSet
 {
 public:
-    //! Does the work. \return CFxCommand::normalCompletion, cancelled or failed
+    //! Performs a command.
+    //! \return CFxCommand::normalCompletion, cancelled or failed
     using Function = std::function<int(const CFxCommandContext &context)>;
 
     //! \param stack must outlive the set
@@ -31,7 +32,8 @@ public:
     CommandSet(const CommandSet &) = delete;
     CommandSet &operator=(const CommandSet &) = delete;
 
-    //! \param name without the leading underscore: the global name gets it, the local one does not
+    //! Registers a command.
+    //! \param name the local name; the global name has a leading underscore in addition
     void add(const QString &name, Function function);
 
 private:

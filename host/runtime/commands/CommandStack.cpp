@@ -18,7 +18,7 @@ bool isSame(const OdString &a, const OdString &b)
     return fromOdString(a).compare(fromOdString(b), Qt::CaseInsensitive) == 0;
 }
 
-//! Takes a command off the stack for good.
+//! Notifies a command that it was removed, and releases it.
 void dismiss(OdEdCommand *command)
 {
     command->undefine();
@@ -56,7 +56,7 @@ void CommandStack::removeCommand(OdEdCommand *command)
     if (found == m_commands.end())
         return;
     OdEdCommand *const removed = *found;
-    m_commands.erase(found); // first: undefine() may use the stack
+    m_commands.erase(found); // first, because undefine() may use the stack
     dismiss(removed);
 }
 
@@ -81,7 +81,7 @@ QStringList CommandStack::names() const
     for (const OdEdCommand *command : m_commands) {
         try {
             names.append(fromOdString(command->globalName()));
-        } catch (...) { // a module's, which is not to be named then
+        } catch (...) { // a module's command
             continue;
         }
     }

@@ -12,14 +12,13 @@
 
 namespace fxhost {
 
-//! The registered commands, in the order of registration. Groups and names are compared whatever the case.
-//! GUI thread.
+//! The registered commands, in the order of registration. Groups and names are compared without regard to
+//! case. GUI thread.
 class FXHOST_API CommandStack : public RxHostOwned<OdEdCommandStack>
 {
 public:
     CommandStack();
-    //! Releases its references. Commands that are still registered are not notified, since they may be
-    //! deleted.
+    //! Does not release or notify commands that are still registered, because they may already be deleted.
     ~CommandStack() override;
 
     void addCommand(OdEdCommand *command) override;
@@ -27,8 +26,8 @@ public:
     OdEdCommand *lookupCommand(const OdString &name, int flags, const OdString &group) const override;
 
     const std::vector<OdEdCommand *> &commands() const { return m_commands; }
-    //! The global names of the commands, each once, in alphabetical order. A command that throws when asked
-    //! is left out.
+    //! The global names of the commands, each once, in alphabetical order, without commands whose
+    //! globalName() throws.
     QStringList names() const;
 
 private:

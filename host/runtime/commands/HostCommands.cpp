@@ -23,7 +23,8 @@ namespace fxhost {
 
 namespace {
 
-constexpr std::chrono::milliseconds longestDelay = std::chrono::hours(1); // a slip of the key is not a hang
+constexpr std::chrono::milliseconds longestDelay =
+    std::chrono::hours(1); // so that a typing error does not block the program for days
 
 class HostCommands
 {
@@ -130,7 +131,7 @@ public:
     }
 
 private:
-    //! A sentence to append to another one.
+    //! A blank and a sentence, to append to another one.
     QString whatIsLoaded() const
     {
         const QStringList paths = m_host.modules().loaded();

@@ -15,7 +15,7 @@ QString letters(const QString &name)
     return (name.startsWith(QLatin1Char('_')) ? name.mid(1) : name).toUpper();
 }
 
-//! How many letters must be put in, left out or replaced to make one word of the other.
+//! The number of letters to insert, remove or replace to turn one word into the other.
 int distance(const QString &a, const QString &b)
 {
     std::vector<int> above(std::size_t(b.size()) + 1);
@@ -38,7 +38,7 @@ QString nearestName(const QString &typed, const QStringList &names)
 {
     const QString word = letters(typed);
     QString nearest;
-    int fewest = word.size() / 2 + 1; // with half of its letters wrong it may be anything
+    int fewest = word.size() / 2 + 1; // at most half of the letters may be wrong
     for (const QString &name : names) {
         const QString other = letters(name);
         if (std::abs(other.size() - word.size()) >= fewest)

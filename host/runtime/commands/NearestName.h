@@ -5,8 +5,8 @@
 
 namespace fxhost {
 
-//! The one of names that a user most likely meant, by the fewest letters that differ; empty when none is
-//! near. Case and a leading underscore do not count.
+//! The name that a user most likely meant: the one with the fewest different letters; empty if none is
+//! similar. Ignores case and a leading underscore.
 QString nearestName(const QString &typed, const QStringList &names);
 
 } // namespace fxhost

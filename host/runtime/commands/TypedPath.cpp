@@ -11,7 +11,7 @@ namespace fxhost {
 
 namespace {
 
-bool isThere(const QString &path, FileProbe &probe)
+bool exists(const QString &path, FileProbe &probe)
 {
     const QString fullPath = absolutePath(path);
     return probe.unresponsive({fullPath}).isEmpty() && QFileInfo::exists(fullPath);
@@ -37,7 +37,7 @@ QString typedPath(const QString &argument, FileProbe &probe)
     QString path = argument;
     for (const auto read : {withoutQuotes, withHome}) {
         const QString meant = read(path);
-        if (meant != path && isThere(path, probe))
+        if (meant != path && exists(path, probe))
             return path;
         path = meant;
     }

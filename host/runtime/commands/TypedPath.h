@@ -9,8 +9,9 @@ namespace fxhost {
 
 class FileProbe;
 
-//! The path that a user means by an argument: quotes around it fall away, and a leading ~ is the home
-//! directory. But where a file really has such a name, that file is meant. GUI thread.
+//! The path in a typed argument: without surrounding quotes, and with the home directory in place of a
+//! leading ~. But if a file with exactly the typed name exists, its path. GUI thread.
+//! \param probe checks whether the file exists without waiting for an unresponsive one
 FXHOST_API QString typedPath(const QString &argument, FileProbe &probe);
 
 } // namespace fxhost

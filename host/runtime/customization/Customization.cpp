@@ -15,7 +15,7 @@ namespace fxhost {
 
 namespace {
 
-//! Walks the groups as they were when the walk began.
+//! Enumerates the groups that existed when the enumerator was created.
 class GroupEnumerator : public CFxUIGroupEnumerator
 {
 public:

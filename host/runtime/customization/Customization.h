@@ -15,8 +15,8 @@
 
 namespace fxhost {
 
-//! The host's menus and keys as data: groups, and apart from them the group of the menus that are shown while
-//! no drawing is open. Empty until load(). GUI thread.
+//! The host's menus and keys as data: groups, and a separate start-up group with the menus that are shown
+//! while no drawing is open. Empty until load(). GUI thread.
 class FXHOST_API Customization : public QObject, public CFxUICustomization
 {
     Q_OBJECT
@@ -24,11 +24,11 @@ public:
     explicit Customization(QObject *parent = nullptr);
     ~Customization() override;
 
-    //! Replaces everything by what CustomizationReader makes of json. No group, or part of one, may be in
-    //! use, so a program calls this once, before it builds its menus. \return a failure when the data cannot
-    //! be used; then nothing is changed
+    //! Replaces all groups with those that readCustomization() reads from json. The former groups and their
+    //! contents must not be in use, so a program calls this once, before it creates its menus.
+    //! \return a failure if the data are not valid; nothing is changed then
     Outcome load(const QByteArray &json);
-    //! The first primary group; null before load().
+    //! The primary group; null before load().
     UIGroup *primaryGroup() const;
     UIGroup *startUpGroup() const { return m_startUp.get(); }
 
@@ -44,7 +44,7 @@ public:
     void Refresh() override;
 
 signals:
-    //! What is on screen should be made anew from the data.
+    //! Menus and keys must be created again from the data.
     void refreshed();
 
 private:

@@ -23,14 +23,14 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(fxhost::CustomizationReader)
 };
 
-//! What is wrong, and where; caught in readCustomization().
+//! The reason why the data are not valid, with the place; caught in readCustomization().
 struct Fault
 {
     QString text;
 };
 
-//! One JSON object of the data and its place in them, for messages. Reading a member that is missing or of
-//! the wrong type throws a Fault.
+//! A JSON object in the data, with its place for messages. Reading a member that is missing or has the wrong
+//! type throws a Fault.
 class Element
 {
 public:
@@ -77,7 +77,7 @@ public:
 
     Element object(const QString &key) const { return Element(m_object.value(key), placeOf(key)); }
 
-    //! The elements of a list; none when there is no such member.
+    //! The elements of a list; none if there is no such member.
     std::vector<Element> list(const QString &key) const
     {
         const QJsonValue value = m_object.value(key);
@@ -115,7 +115,7 @@ void readCommand(const Element &element, UIGroup &group)
     group.AppendCommand(command.release());
 }
 
-// Menus hold menus; the JSON parser lets them be nested 1024 deep at most.
+// Menus contain menus; the JSON parser limits the depth to 1024.
 std::unique_ptr<UIMenuItem> readItem(const Element &element, const UIGroup &group);
 
 std::unique_ptr<UIMenuItem> makeItem(UIMenuItem::Kind kind, const Element &element)
@@ -153,7 +153,7 @@ std::unique_ptr<UIMenuItem> readEntry(const Element &element, const UIGroup &gro
     const QString identifier = element.text(QStringLiteral("command"));
     entry->SetCommand(group.findCommand(identifier));
     if (!entry->GetCommand())
-        element.fail(Texts::tr("needs the command \"%1\", which its group has not").arg(identifier));
+        element.fail(Texts::tr("needs the command \"%1\", which is not in its group").arg(identifier));
     entry->setHelpString(element.textOrEmpty(QStringLiteral("help")));
     return entry;
 }

@@ -8,9 +8,9 @@
 
 namespace fxhost {
 
-//! The element at index; null when index is out of range.
+//! The element at index; null if index is out of range.
 template<class T>
-T *at(const std::vector<std::unique_ptr<T>> &list, int index)
+T *elementAt(const std::vector<std::unique_ptr<T>> &list, int index)
 {
     return index >= 0 && std::size_t(index) < list.size() ? list[std::size_t(index)].get() : nullptr;
 }

@@ -9,14 +9,14 @@ namespace fxhost {
 
 class UIGroup;
 
-//! A key and the command definition that it runs: a given one, or one that is looked up by its identifier
-//! whenever it is asked for, since a module may bring it later. GUI thread.
+//! A key and the command definition that it runs: either a given definition, or an identifier that is looked
+//! up in a group on each call, because a module may append the definition later. GUI thread.
 class FXHOST_API UIAccelerator : public CFxUIAccelerator
 {
 public:
     //! \param command may be null; must outlive the accelerator
     UIAccelerator(const CFxString &identifier, CFxUICommand *command);
-    //! \param group where the definition is looked up; must outlive the accelerator
+    //! \param group the group in which the definition is looked up; must outlive the accelerator
     UIAccelerator(const CFxString &identifier, const UIGroup &group, const CFxString &commandIdentifier);
     ~UIAccelerator() override;
 
@@ -32,7 +32,7 @@ private:
     CFxString m_label;
     QKeySequence m_key;
     CFxUICommand *m_command = nullptr;
-    const UIGroup *m_group = nullptr; // null: m_command is what there is
+    const UIGroup *m_group = nullptr; // null: m_command is used
     CFxString m_commandIdentifier;
 };
 

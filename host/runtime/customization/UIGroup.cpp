@@ -32,7 +32,7 @@ int UIGroup::GetCommandCount() const
 
 CFxUICommand *UIGroup::GetCommand(int index) const
 {
-    return at(m_commands, index);
+    return elementAt(m_commands, index);
 }
 
 void UIGroup::AppendCommand(CFxUICommand *command)
@@ -48,7 +48,7 @@ int UIGroup::GetMenuCount() const
 
 CFxUIMenuItem *UIGroup::GetMenu(int index) const
 {
-    return at(m_menus, index);
+    return elementAt(m_menus, index);
 }
 
 int UIGroup::GetAcceleratorCount() const
@@ -58,7 +58,7 @@ int UIGroup::GetAcceleratorCount() const
 
 CFxUIAccelerator *UIGroup::GetAccelerator(int index) const
 {
-    return at(m_accelerators, index);
+    return elementAt(m_accelerators, index);
 }
 
 void UIGroup::AppendAccelerator(CFxUIAccelerator *accelerator)

@@ -21,21 +21,22 @@ public:
     ~UIGroup() override;
 
     bool isPrimary() const { return m_primary; }
-    //! \param identifier compared exactly \return owned by the group; null when there is none
+    //! The definition with this identifier, compared exactly; owned by the group. Null if there is none.
     CFxUICommand *findCommand(const CFxString &identifier) const;
-    //! Appends a top-level menu. \param menu not null
+    //! Appends a top-level menu.
+    //! \param menu not null
     void appendMenu(std::unique_ptr<CFxUIMenuItem> menu);
 
     CFxString GetName() const override { return m_name; }
     int GetCommandCount() const override;
     CFxUICommand *GetCommand(int index) const override;
-    //! Null, or a definition that is in the group already: nothing happens.
+    //! Does nothing if command is null or already in the group.
     void AppendCommand(CFxUICommand *command) override;
     int GetMenuCount() const override;
     CFxUIMenuItem *GetMenu(int index) const override;
     int GetAcceleratorCount() const override;
     CFxUIAccelerator *GetAccelerator(int index) const override;
-    //! Null, or an accelerator that is in the group already: nothing happens.
+    //! Does nothing if accelerator is null or already in the group.
     void AppendAccelerator(CFxUIAccelerator *accelerator) override;
 
 private:

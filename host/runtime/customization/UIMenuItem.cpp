@@ -26,12 +26,12 @@ int UIMenuItem::GetChildCount() const
 
 CFxUIMenuItem *UIMenuItem::GetChild(int index) const
 {
-    return at(m_children, index);
+    return elementAt(m_children, index);
 }
 
 bool UIMenuItem::InsertChild(int reference, CFxUIMenuItem *item)
 {
-    if (!at(m_children, reference) || !item || item == this || contains(m_children, item))
+    if (!elementAt(m_children, reference) || !item || item == this || contains(m_children, item))
         return false;
     m_children.insert(m_children.begin() + reference, std::unique_ptr<CFxUIMenuItem>(item));
     return true;

@@ -18,18 +18,19 @@ public:
         Entry,
         Menu,
         Separator,
-        RecentFiles, //!< a menu that lists the recent documents whenever it opens
-        Windows      //!< a menu that lists the open drawings whenever it opens
+        RecentFiles, //!< a menu that is filled with the recent documents when it opens
+        Windows      //!< a menu that is filled with the open drawings when it opens
     };
 
     UIMenuItem(Kind kind, const CFxString &identifier, const CFxString &label);
     ~UIMenuItem() override;
 
     Kind kind() const { return m_kind; }
-    //! What the status bar shows for the entry; empty: the command definition's own help string.
+    //! The text in the status bar; if it is empty, the command definition's help string is shown.
     CFxString helpString() const { return m_helpString; }
     void setHelpString(const CFxString &text) { m_helpString = text; }
-    //! Appends item to the children. \param item not null
+    //! Appends a child.
+    //! \param item not null
     void appendChild(std::unique_ptr<CFxUIMenuItem> item);
 
     CFxString GetIdentifier() const override { return m_identifier; }
@@ -39,7 +40,7 @@ public:
     void SetCommand(CFxUICommand *command) override { m_command = command; }
     int GetChildCount() const override;
     CFxUIMenuItem *GetChild(int index) const override;
-    //! Null, a child and the item itself are refused as well.
+    //! Also returns false if item is null, already a child, or this item.
     bool InsertChild(int reference, CFxUIMenuItem *item) override;
 
 private:

@@ -14,10 +14,12 @@ namespace fxhost {
 class FXHOST_API Document : public CFxDocument
 {
 public:
-    //! A new drawing. \param title what the window shows
+    //! A new drawing.
+    //! \param title the window title
     explicit Document(const QString &title);
+    //! A drawing that was opened.
     //! \param path exactly as it was opened
-    //! \param canonicalPath where that was, without links
+    //! \param canonicalPath the same without links
     Document(const QString &path, const QString &canonicalPath, DrawingFile file);
     ~Document() override;
 
@@ -25,9 +27,9 @@ public:
     CFxString path() const override { return m_path; }
     CFxString title() const override { return m_title; }
     QString canonicalPath() const { return m_canonicalPath; }
-    //! What the file said when it was opened; empty for a new drawing.
+    //! The file's contents when it was opened; empty for a new drawing.
     const DrawingFile &file() const { return m_file; }
-    //! Whether the drawing was never in a file.
+    //! True if the drawing was not opened from a file.
     bool isNew() const { return m_path.isEmpty(); }
 
 private:

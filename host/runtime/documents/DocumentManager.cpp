@@ -20,8 +20,7 @@ namespace {
 
 using Reactor = CFxDocumentManagerReactor;
 
-//! For drawings that the user has asked for: a disk that sleeps, or a server that is far away, may take
-//! seconds.
+//! For drawings that the user opens: a sleeping disk or a distant server may take seconds.
 constexpr ProbeWait openWait{std::chrono::seconds(3), std::chrono::milliseconds(0)};
 
 } // namespace
@@ -52,13 +51,13 @@ bool DocumentManager::OpenDocument(const CFxString &path, int mode, int flags, O
     FXHOST_ASSERT_GUI_THREAD();
     const bool isReserved = mode != 0 || flags != 0;
     Outcome opened;
-    // Modules call this from event handlers, which no exception may leave.
+    // Modules call this from event handlers, through which exceptions must not pass.
     const Outcome thrown = Outcome::of([&] {
         opened = isReserved ? refuse(path, tr("This way of opening is not supported.")) : open(path);
     });
     if (!thrown) {
         opened = Outcome::failed(tr("The host failed: %1").arg(thrown.reason()));
-        Outcome::of([&] { refuse(path, opened.reason()); }); // which may throw the same again
+        Outcome::of([&] { refuse(path, opened.reason()); }); // may throw the same again
     }
     result = toOdString(opened.reason());
     return bool(opened);
@@ -87,7 +86,7 @@ void DocumentManager::openAll(const QStringList &paths)
     QStringList fullPaths;
     for (const QString &path : paths)
         fullPaths.append(absolutePath(path));
-    m_probe.unresponsive(fullPaths, openWait); // so that all are waited for at the same time
+    m_probe.unresponsive(fullPaths, openWait); // waits for all at the same time
     for (const QString &path : qAsConst(fullPaths))
         open(path);
 }
@@ -105,8 +104,8 @@ Outcome DocumentManager::openFile(const QString &path)
     if (path.isEmpty())
         return Outcome::failed(tr("No path was given."));
     if (!m_probe.unresponsive({path}, openWait).isEmpty())
-        return Outcome::failed(tr("The disk or server that it is on does not respond."));
-    const QString canonicalPath = QFileInfo(path).canonicalFilePath(); // empty when there is no file
+        return Outcome::failed(tr("Its disk or server does not respond."));
+    const QString canonicalPath = QFileInfo(path).canonicalFilePath(); // empty if there is no file
     if (Document *document = findOpen(path, canonicalPath)) {
         m_recentFiles.add(document->path());
         bringToFront(document);
@@ -120,7 +119,7 @@ Outcome DocumentManager::openFile(const QString &path)
     return outcome;
 }
 
-//! The drawing at path, whichever way leads there; null when it is not open.
+//! The open drawing with this path, or with another path of the same file; null if there is none.
 Document *DocumentManager::findOpen(const QString &path, const QString &canonicalPath) const
 {
     for (const auto &document : m_documents) {
@@ -137,7 +136,7 @@ Document *DocumentManager::introduce(const std::shared_ptr<Document> &document)
     CFxDocument *const published = document.get();
     m_reactors.notify(&Reactor::DocumentCreateStarted, published);
     m_reactors.notify(&Reactor::DatabaseAttached, published);
-    m_recentFiles.add(document->path()); // a new drawing's is empty, which adds nothing
+    m_recentFiles.add(document->path()); // not a new drawing's, which is empty
     m_documents.push_back(document);
     emit documentAdded(document.get());
     m_reactors.notify(&Reactor::DocumentCreated, published);
@@ -147,7 +146,8 @@ Document *DocumentManager::introduce(const std::shared_ptr<Document> &document)
 
 void DocumentManager::introduceCurrent(const std::vector<CFxDocumentManagerReactor *> &reactors) const
 {
-    const std::shared_ptr<Document> current = openDocument(m_current); // which a reactor may close
+    const std::shared_ptr<Document> current =
+        openDocument(m_current); // shared, because a reactor may close it
     CFxDocument *const published = current.get();
     if (published)
         m_reactors.notifyThese(reactors, &Reactor::DocumentCreated, published);
@@ -170,7 +170,7 @@ void DocumentManager::bringToFront(Document *document)
     setCurrent(document);
 }
 
-//! \param document null when no drawing is left
+//! \param document null if no drawing is open any more
 void DocumentManager::makeCurrent(const std::shared_ptr<Document> &document)
 {
     CFxDocument *const published = document.get();
@@ -181,7 +181,7 @@ void DocumentManager::makeCurrent(const std::shared_ptr<Document> &document)
     if (document) {
         m_reactors.notify(&Reactor::DocumentToBeActivated, published);
         if (!openDocument(document.get()))
-            return; // a reactor has closed it, and the closing has seen to the current drawing
+            return; // a reactor has closed it, and close() has selected another one
     }
     m_current = document.get();
     // When a reactor makes another drawing current, all reactors have been notified of that by the time it
@@ -206,7 +206,7 @@ void DocumentManager::close(Document *document)
         return;
     CFxDocument *const published = document;
     m_closing.push_back(document);
-    emit documentAboutToClose(document); // a window that goes may hand the current place to another
+    emit documentAboutToClose(document); // closing its window may make another drawing current
     const bool wasCurrent = m_current == document;
     if (wasCurrent)
         m_reactors.notify(&Reactor::DocumentToBeDeactivated, published);
@@ -240,7 +240,7 @@ bool DocumentManager::isClosing(const Document *document) const
     return std::find(m_closing.begin(), m_closing.end(), document) != m_closing.end();
 }
 
-//! The owner of document; null unless it is open and not being closed.
+//! A shared pointer to document; null if it is not open or is being closed.
 std::shared_ptr<Document> DocumentManager::openDocument(const Document *document) const
 {
     for (const auto &open : m_documents) {
@@ -250,7 +250,7 @@ std::shared_ptr<Document> DocumentManager::openDocument(const Document *document
     return nullptr;
 }
 
-//! The drawing that was opened last; null when none is open.
+//! The drawing that was opened last; null if none is open.
 std::shared_ptr<Document> DocumentManager::lastOpen() const
 {
     for (auto it = m_documents.rbegin(); it != m_documents.rend(); ++it) {

@@ -24,63 +24,69 @@ class RecentFiles;
 
 //! The open drawings and which of them is current. GUI thread.
 //!
-//! Events come in this order. Opening: PreOpen, CreateStarted, DatabaseAttached, (the path enters the recent
-//! list), documentAdded(), Created, then a change of current. A change of current: ToBeDeactivated for the
-//! old one, ToBeActivated, Activated, BecameCurrent and ActivationModified for the new one, currentChanged().
-//! Closing: documentAboutToClose(), ToBeDeactivated for the current one, ToBeDestroyed, DatabaseDetached,
-//! Destroyed, then a change of current. Reactors may open, close and turn to drawings at any of these.
+//! The order of events (the names of the reactors' functions without "Document"):
+//! - Opening: PreOpen, CreateStarted, DatabaseAttached, the path is added to the recent list,
+//!   documentAdded(), Created, change of the current drawing.
+//! - Change of the current drawing: ToBeDeactivated for the old one; ToBeActivated, Activated, BecameCurrent,
+//!   ActivationModified and currentChanged() for the new one.
+//! - Closing: documentAboutToClose(), ToBeDeactivated if it is the current one, ToBeDestroyed,
+//!   DatabaseDetached, Destroyed, change of the current drawing.
+//!
+//! Reactors may open, close and activate drawings during each of these events.
 class FXHOST_API DocumentManager : public QObject, public CFxDocumentManager
 {
     Q_OBJECT
 public:
-    //! Everything that is passed in must outlive the manager.
-    //! \param report gets why a drawing could not be opened, and what reactors throw
+    //! All arguments must outlive the manager.
+    //! \param report receives the reason if a drawing cannot be opened, and the reactors' exceptions
     DocumentManager(RecentFiles &recentFiles, FileProbe &probe, Editor &editor, HostLog &log,
                     MessageSink report, QObject *parent = nullptr);
-    //! Deletes what is still open without notifying reactors, which closeAll() does.
+    //! Deletes the drawings that are still open, without notifying the reactors: call closeAll() first.
     ~DocumentManager() override;
 
     void AddReactor(CFxDocumentManagerReactor *reactor) override;
     void RemoveReactor(CFxDocumentManagerReactor *reactor) override;
     bool OpenDocument(const CFxString &path, int mode, int flags, OdString &result) override;
 
-    //! A new, empty drawing, which becomes current.
-    //! \return valid until it is closed; null when a reactor has closed it already
+    //! Creates a new, empty drawing, which becomes current.
+    //! \return valid until it is closed; null if a reactor has already closed it
     Document *newDocument();
-    //! Opens a drawing. One that is open already is brought to the front and moves up in the recent list.
-    //! \param path taken as it is when absolute; relative to the working directory otherwise
-    //! \return whether it is open now; the reason why not has been reported
+    //! Opens a drawing. One that is already open is brought to the front and moved to the top of the recent
+    //! list.
+    //! \param path relative paths are relative to the working directory
+    //! \return whether the drawing is open; the reason of a failure has been reported
     Outcome open(const QString &path);
-    //! Opens one after the other; those that do not respond are waited for together.
+    //! Opens one after the other, but waits only once for files that do not respond.
     void openAll(const QStringList &paths);
-    //! \param document null or one that is closed or being closed: nothing happens
+    //! \param document if it is null, closed or being closed, nothing is done
     void close(Document *document);
     void closeAll();
 
-    //! In the order of their opening.
+    //! In the order in which they were opened.
     std::vector<Document *> documents() const;
-    //! Null when no drawing is open.
+    //! Null if no drawing is open.
     Document *current() const { return m_current; }
-    //! To be called when the user turns to a drawing's window.
-    //! \param document null, the current one, or one that is not open: nothing happens
+    //! Must be called when the user activates a drawing's window.
+    //! \param document if it is null, already current or not open, nothing is done
     void setCurrent(Document *document);
-    //! Makes a drawing current and asks for its window. The same exceptions as for setCurrent(), but for the
-    //! current one, whose window may be covered by others.
+    //! Makes a drawing current and requests that its window be activated, even if the drawing is already
+    //! current.
+    //! \param document if it is null or not open, nothing is done
     void bringToFront(Document *document);
 
     const ReactorList<CFxDocumentManagerReactor> &reactors() const { return m_reactors; }
-    //! Notifies some of the reactors of the current drawing as if it had just been created, for those that
-    //! were not there then. Without one nothing happens.
+    //! Notifies reactors that were added later of the current drawing, as if it had just been created. Does
+    //! nothing if there is no current drawing.
     void introduceCurrent(const std::vector<CFxDocumentManagerReactor *> &reactors) const;
 
 signals:
-    //! A drawing was made; reactors are notified later, so that its window can be made first.
+    //! A drawing was created. Reactors are notified after this, so that its window can be created first.
     void documentAdded(fxhost::Document *document);
-    //! The drawing is deleted right after this: what shows it must stop.
+    //! The drawing is about to be deleted and must not be used afterwards.
     void documentAboutToClose(fxhost::Document *document);
-    //! \param document null when the last drawing has gone
+    //! \param document null if no drawing is open any more
     void currentChanged(fxhost::Document *document);
-    //! The drawing's window should come to the front.
+    //! The drawing's window should be activated.
     void activateRequested(fxhost::Document *document);
 
 private:
@@ -99,8 +105,8 @@ private:
     HostLog &m_log;
     MessageSink m_report;
     ReactorList<CFxDocumentManagerReactor> m_reactors;
-    std::vector<std::shared_ptr<Document>> m_documents; // shared with notifications that are under way
-    std::vector<Document *> m_closing;                  // whose closing is being notified
+    std::vector<std::shared_ptr<Document>> m_documents; // shared with running notifications
+    std::vector<Document *> m_closing;                  // being closed: reactors are being notified
     Document *m_current = nullptr;
     int m_newDocumentCount = 0;
 };

@@ -10,12 +10,12 @@
 
 namespace fxhost {
 
-//! The engine's editor: the reactors to commands, to the application and to the main window. GUI thread.
-//! `editor.reactors().notify(&CFxEditorReactor::appActivated)` notifies all of them.
+//! The engine's editor: the list of reactors to events of commands, the application and the main window.
+//! `editor.reactors().notify(&CFxEditorReactor::appActivated)` notifies all reactors. GUI thread.
 class FXHOST_API Editor : public RxHostOwned<OdEditor>
 {
 public:
-    //! \param report gets what reactors throw
+    //! \param report receives the reactors' exceptions
     explicit Editor(MessageSink report);
     ~Editor() override;
 

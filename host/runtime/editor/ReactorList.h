@@ -17,14 +17,14 @@ struct ReactorTexts
     Q_DECLARE_TR_FUNCTIONS(fxhost::ReactorList)
 };
 
-//! Reactors in the order in which they were added, none twice. They may be added and removed during a
-//! notification, and may throw: the failure is reported, and the others are notified nevertheless. GUI
+//! Reactors in the order in which they were added, without duplicates. Reactors can be added and removed
+//! during a notification. If one throws, the exception is reported, and the others are still notified. GUI
 //! thread.
 template<class Reactor>
 class ReactorList
 {
 public:
-    //! \param report gets what reactors throw
+    //! \param report receives the reactors' exceptions
     explicit ReactorList(MessageSink report) : m_report(std::move(report)) {}
 
     //! \param reactor not null, not owned
@@ -46,9 +46,9 @@ public:
 
     const std::vector<Reactor *> &all() const { return m_reactors; }
 
-    //! Notifies every reactor of an event, but for those that are added meanwhile, or removed before their
-    //! turn. \param event a handler of Reactor, or of a class derived from it: then only such reactors are
-    //! notified
+    //! Notifies all reactors of an event, except those that are added meanwhile or removed before their turn.
+    //! \param event a function of Reactor, or of a class derived from it; then only reactors of that class
+    //! are notified
     template<class Derived, class... Parameters, class... Arguments>
     void notify(void (Derived::*event)(Parameters...), const Arguments &...arguments) const
     {
@@ -56,7 +56,7 @@ public:
     }
 
     //! The same for some of the reactors.
-    //! \param reactors those that are not listed any more are passed over
+    //! \param reactors those that are no longer in the list are skipped
     template<class Derived, class... Parameters, class... Arguments>
     void notifyThese(const std::vector<Reactor *> &reactors, void (Derived::*event)(Parameters...),
                      const Arguments &...arguments) const

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What the programming interface declares and no other file defines. These definitions tie each class's
-// virtual table and type information to this library, so that host and modules agree on what a dynamic_cast
-// means.
+// Defines the members of the SDK's base classes, most of which do nothing. The definitions place the virtual
+// table and type information of each class in this library, so that dynamic_cast works across host and
+// modules.
 #include <CFxCommandContext.h>
 #include <CFxDocument.h>
 #include <CFxDocumentManager.h>

@@ -33,7 +33,7 @@ CFxDialog::CFxDialog(QWidget *parent, bool modal, Qt::WindowFlags flags) : QDial
 
 CFxDialog::~CFxDialog()
 {
-    leaveModalState(); // a dialog that is deleted while it shows is not hidden before
+    leaveModalState(); // a dialog that is deleted while it is visible receives no hide event
 }
 
 int CFxDialog::exec()
@@ -66,7 +66,7 @@ bool CFxDialog::onAboutToEnd(int)
 
 bool CFxDialog::event(QEvent *event)
 {
-    // Qt's event loop lets no exception through: one that leaves a module's handler would end the host.
+    // Exceptions must not pass through Qt's event loop: one from a module's handler would terminate the host.
     try {
         return QDialog::event(event);
     } catch (const std::exception &error) {

@@ -5,7 +5,7 @@
 
 namespace fxhost {
 
-//! What a command gets while it runs; holds its result. GUI thread.
+//! The context of a running command; stores its result. GUI thread.
 class FXSDK_API CommandContext : public CFxCommandContext
 {
 public:
@@ -16,7 +16,7 @@ public:
     bool isCancelled() const override { return m_cancelled; }
 
     void cancel() { m_cancelled = true; }
-    //! CFxCommand::normalCompletion until the command says otherwise.
+    //! CFxCommand::normalCompletion until setResult() is called.
     int result() const { return m_result; }
     void setResult(int result) { m_result = result; }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The functions by which a module reaches the host.
+// The functions through which modules reach the host.
 #include "host/runtime/interface/InterfaceHost.h"
 
 #include <CFxServices.h>

@@ -6,8 +6,8 @@
 #include <QCoreApplication>
 #include <QThread>
 
-//! Stands at the start of each call that is [gui-thread] and that other code may make from another thread. In
-//! debug builds such a call is reported as a failed assertion; it is made nevertheless.
+//! At the start of a [gui-thread] function: in debug builds, reports a call from another thread as a failed
+//! assertion. Execution continues.
 #ifdef NDEBUG
 #define FXHOST_ASSERT_GUI_THREAD() static_cast<void>(0)
 #else

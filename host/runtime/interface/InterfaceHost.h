@@ -12,8 +12,8 @@ class QString;
 
 namespace fxhost {
 
-//! What the functions and base classes of the programming interface need from the host. A host implements it
-//! and installs itself. GUI thread, but for readPreview().
+//! What the functions and base classes of the programming interface need from the host. A host implements
+//! this class and installs itself. GUI thread, except for installed() and readPreview().
 class FXSDK_API InterfaceHost
 {
 public:
@@ -25,21 +25,24 @@ public:
 
     //! The installed host, or null. Any thread.
     static InterfaceHost *installed();
-    //! \param host installed from now on and not owned; null when it ends, after every module
+    //! Replaces the installed host. Must be called with null when the host ends, after all modules have
+    //! ended.
+    //! \param host not owned; may be null
     static void install(InterfaceHost *host);
 
-    //! Each without a new reference, and never null.
+    // These do not add a reference.
     virtual CFxSystemServices &services() = 0;
     virtual OdEditor &editorObject() = 0;
     virtual OdEdCommandStack &commandStackObject() = 0;
 
-    //! Shows a help page. \param topic 0 is the front page
+    //! Shows a help page.
+    //! \param topic 0 is the front page
     virtual void requestHelp(int topic) = 0;
-    //! Notifies the editor's reactors that a modal dialog is shown, or that it is not any more.
+    //! Notifies the editor's reactors that a modal dialog is about to be shown, or was hidden.
     virtual void setModalState(bool isModal) = 0;
     //! Shows a text to the user, in whole sentences.
     virtual void showMessage(const QString &text) = 0;
-    //! The picture in the drawing at path; a null image when there is none. Any thread, several at once.
+    //! The picture in the drawing at path; a null image if there is none. Any thread, also several at once.
     virtual QImage readPreview(const CFxString &path) const = 0;
 };
 

@@ -7,7 +7,7 @@
 void *odrxAlloc(std::size_t size)
 {
     return std::malloc(
-        std::max<std::size_t>(size, 1)); // malloc(0) may give null, which would mean "no memory"
+        std::max<std::size_t>(size, 1)); // malloc(0) may return null, which means "no memory" here
 }
 
 void odrxFree(void *memory)

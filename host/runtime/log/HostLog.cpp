@@ -59,7 +59,7 @@ void HostLog::write(const QString &line)
     FXHOST_ASSERT_GUI_THREAD();
     if (m_file.isOpen())
         m_file.write(percentEncoded(pathBytes(line), isControl) +
-                     '\n'); // one write: two hosts may share the log
+                     '\n'); // a single write, because two hosts may share the log
 }
 
 } // namespace fxhost

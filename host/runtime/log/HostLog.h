@@ -9,17 +9,17 @@
 
 namespace fxhost {
 
-//! A line for each thing that the host was asked to do, in order, in the file as soon as the call returns.
-//! Control characters in names and paths are written as %XX, so that each line is one entry. GUI thread.
+//! Writes a line to a file for each request to the host, before the call returns. Control characters in names
+//! and paths are encoded as %XX, so that each entry is one line. GUI thread.
 class FXHOST_API HostLog
 {
 public:
     enum class ModuleEvent { Loaded, Unloaded, Failed };
 
-    //! \param path lines are appended to this file; empty: there is no log and every call does nothing
+    //! \param path the file to which lines are appended; if it is empty, nothing is logged
     explicit HostLog(const QString &path);
 
-    //! Whether the file can be written.
+    //! Whether the file could be opened and written.
     Outcome outcome() const;
 
     //! `command NAME RESULT`

@@ -12,7 +12,7 @@ namespace fxhost {
 
 class Editor;
 
-//! The host's main window, as modules see it. GUI thread.
+//! The modules' access to the host's main window. GUI thread.
 class FXHOST_API MainFrame : public QObject, public CFxMainFrame
 {
     Q_OBJECT
@@ -20,8 +20,9 @@ public:
     //! \param editor must outlive this
     explicit MainFrame(Editor &editor);
 
-    //! Notifies modules that the main window is there, or, with null, that the one that was there is about to
-    //! be deleted. The former window must still exist. A window that was set before is reported gone first.
+    //! Sets the main window. Notifies the modules that the former window, which must still exist, is about to
+    //! be destroyed, and then that the new one was created.
+    //! \param window not owned; null if there is no main window any more
     void setWindow(QWidget *window);
     //! The main window, or null.
     QWidget *GetMainWindow() override;

@@ -27,7 +27,7 @@ Module::Module(const QString &path, const ModuleHost &host) : m_path(path), m_ho
 
 Module::~Module() = default;
 
-bool Module::isAtWork() const
+bool Module::isCodeRunning() const
 {
     const OdEdCommand *command = m_host.commands.running();
     return (command && m_library.defines(typeid(*command))) || m_library.isOnStack();
@@ -38,7 +38,7 @@ Outcome Module::load()
     const QFileInfo file(absolutePath(m_path));
     if (!file.exists())
         return Outcome::failed(tr("There is no such file."));
-    if (!file.isFile()) // loading a FIFO would wait for a writer
+    if (!file.isFile()) // loading a FIFO would block until there is a writer
         return Outcome::failed(tr("It is not a file."));
     const Outcome loaded = m_library.load(file.filePath());
     if (!loaded)
@@ -55,14 +55,14 @@ Outcome Module::load()
     int minorBuild = 0;
     const Outcome asked = Outcome::of([&] { version(major, minor, majorBuild, minorBuild); });
     if (!asked)
-        return Outcome::failed(tr("It does not tell its interface version: %1").arg(asked.reason()));
+        return Outcome::failed(tr("Its interface version cannot be read: %1").arg(asked.reason()));
     if (major != odrxApiMajor || minor != odrxApiMinor || majorBuild != odrxApiMajorBuild ||
         minorBuild != odrxApiMinorBuild) {
         const auto text = [](int a, int b, int c, int d) {
             return QStringLiteral("%1.%2.%3.%4").arg(a).arg(b).arg(c).arg(d);
         };
         return Outcome::failed(
-            tr("It was built for the interface version %1, and this is %2.")
+            tr("It was built for interface version %1, but this host has version %2.")
                 .arg(text(major, minor, majorBuild, minorBuild),
                      text(odrxApiMajor, odrxApiMinor, odrxApiMajorBuild, odrxApiMinorBuild)));
     }
@@ -77,7 +77,7 @@ Outcome Module::start()
     if (!created)
         return Outcome::failed(tr("Its module object cannot be created: %1").arg(created.reason()));
     if (!m_object)
-        return Outcome::failed(tr("It creates no module object."));
+        return Outcome::failed(tr("It does not create a module object."));
     m_object->addRef();
     const Outcome started = Outcome::of([&] { m_object->initApp(); });
     if (!started)
@@ -102,13 +102,13 @@ Outcome Module::end()
         m_object = nullptr;
     }
     deleteWidgets();
-    // What the module asked to be deleted later must be deleted now, while its destructor exists.
+    // Objects that the module passed to deleteLater() must be deleted now, while their code is loaded.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     failures.removeAll(QString());
     return failures.isEmpty() ? Outcome() : Outcome::failed(failures.join(QLatin1Char(' ')));
 }
 
-//! The module's among the reactors.
+//! The reactors whose class the module defines.
 template<class Reactor>
 std::vector<Reactor *> Module::own(const ReactorList<Reactor> &reactors) const
 {
@@ -120,7 +120,7 @@ std::vector<Reactor *> Module::own(const ReactorList<Reactor> &reactors) const
     return found;
 }
 
-//! Notifies the module's reactors alone: the others know.
+//! Notifies only the module's reactors; the others have been notified before.
 void Module::notifyOfMainWindow(bool created) const
 {
     QWidget *const window = m_host.mainFrame.GetMainWindow();
@@ -132,11 +132,11 @@ void Module::notifyOfMainWindow(bool created) const
         window);
 }
 
-//! A module that was never notified of a main window may wait for the notification of its end, and still be
-//! registered.
+//! Removes the commands and reactors that the module has left. A module may only remove them when the main
+//! window is destroyed, of which it is not notified if there was none.
 void Module::removeRegistrations() const
 {
-    const auto commands = m_host.commandStack.commands(); // copies: the originals change on the way
+    const auto commands = m_host.commandStack.commands(); // a copy, because the list changes below
     for (OdEdCommand *command : commands) {
         if (m_library.defines(typeid(*command)))
             m_host.commandStack.removeCommand(command);
@@ -147,10 +147,11 @@ void Module::removeRegistrations() const
         m_host.documents.RemoveReactor(reactor);
 }
 
-//! Deletes the widgets of the module's classes that are still there. Its static ones it destroys itself.
+//! Deletes the remaining widgets of the module's classes, except for static objects, which the library
+//! destroys.
 void Module::deleteWidgets() const
 {
-    std::vector<QPointer<QWidget>> own; // a widget takes its children along
+    std::vector<QPointer<QWidget>> own; // deleting a widget also deletes its children
     const QWidgetList widgets = QApplication::allWidgets();
     for (QWidget *widget : widgets) {
         if (m_library.defines(typeid(*widget)) && !m_library.contains(widget))

@@ -14,12 +14,12 @@ class OdRxModule;
 
 namespace fxhost {
 
-//! One module, from the loading of its library to the unloading. A module's exceptions end here. GUI thread.
+//! A module, from loading its library to unloading it. Catches the module's exceptions. GUI thread.
 class Module
 {
     Q_DECLARE_TR_FUNCTIONS(fxhost::Module)
 public:
-    //! \param path as the user gave it
+    //! \param path as given by the user
     Module(const QString &path, const ModuleHost &host);
     //! Unloads the library. end() must have been called after a successful start().
     ~Module();
@@ -28,18 +28,19 @@ public:
     Module &operator=(const Module &) = delete;
 
     const QString &path() const { return m_path; }
-    //! Whether both come from the same file, whatever their paths.
+    //! True if both are from the same file, even if the paths differ.
     bool isSameAs(const Module &other) const { return m_library.handle() == other.m_library.handle(); }
 
-    //! Whether code of the module is being run: the host's command is one of its own, or this call came from
-    //! it. Then its library must stay.
-    bool isAtWork() const;
+    //! True if the module's code is running: the running command is the module's, or a function of its
+    //! library is on the stack. Then the library must not be unloaded.
+    bool isCodeRunning() const;
 
-    //! Loads the library. \return a failure when it is not a module for this host
+    //! Loads the library.
+    //! \return a failure if it is not a module for this host
     Outcome load();
     //! Creates and starts the module.
     Outcome start();
-    //! Ends what start() began, also when that failed half way, and removes what the module leaves behind.
+    //! Ends the module, even if start() failed, and removes its remaining registrations and widgets.
     Outcome end();
 
 private:

@@ -9,7 +9,7 @@ class DocumentManager;
 class Editor;
 class MainFrame;
 
-//! What modules touch of the host. Everything must outlive them.
+//! The services that are needed to start and end modules. They must outlive the modules.
 struct ModuleHost
 {
     CommandRunner &commands;

@@ -24,7 +24,7 @@ Outcome ModuleLibrary::load(const QString &path)
     if (m_handle)
         return {};
     return Outcome::failed(
-        QString::fromLocal8Bit(dlerror())); // NOLINT(concurrency-mt-unsafe): each thread has its own
+        QString::fromLocal8Bit(dlerror())); // NOLINT(concurrency-mt-unsafe): it is per thread
 }
 
 bool ModuleLibrary::contains(const void *address) const
@@ -41,7 +41,7 @@ bool ModuleLibrary::isOnStack() const
     int depth = 0;
     while ((depth = backtrace(frames.data(), static_cast<int>(frames.size()))) >=
            static_cast<int>(frames.size()))
-        frames.resize(frames.size() * 2); // there may be more
+        frames.resize(frames.size() * 2); // the stack may be deeper
     return std::any_of(frames.begin(), frames.begin() + depth,
                        [this](const void *address) { return contains(address); });
 }

@@ -9,7 +9,7 @@
 
 namespace fxhost {
 
-//! A shared library in this process, loaded and unloaded with this object. GUI thread.
+//! A shared library, which is unloaded when this object is destroyed. GUI thread.
 class ModuleLibrary
 {
 public:
@@ -19,25 +19,27 @@ public:
     ModuleLibrary(const ModuleLibrary &) = delete;
     ModuleLibrary &operator=(const ModuleLibrary &) = delete;
 
-    //! To be called once. All that the library needs must be there; what it defines stays its own.
+    //! Loads the library, with all symbols resolved; other libraries do not see its symbols. Call this only
+    //! once.
     //! \param path absolute
     Outcome load(const QString &path);
 
     //! The system's handle, the same for the same file; null before load().
     void *handle() const { return m_handle; }
 
-    //! The function that the library exports under this plain name, or null.
+    //! The function that the library exports with this name (C linkage), or null.
     template<class Function>
     Function function(const char *name) const
     {
         return reinterpret_cast<Function>(symbol(name));
     }
 
-    //! Whether a class is the library's: objects of such a class are dead once it is unloaded.
+    //! True if the library defines this class. Objects of the class must not exist when the library is
+    //! unloaded.
     bool defines(const std::type_info &type) const { return contains(&type); }
-    //! Whether address lies in the library itself, in its code or among its static objects.
+    //! True if the address is in the library's code or static data.
     bool contains(const void *address) const;
-    //! Whether a function of the library is beneath this call: it would return to where nothing is any more.
+    //! True if a function of the library is on the call stack. It could not return after unloading.
     bool isOnStack() const;
 
 private:

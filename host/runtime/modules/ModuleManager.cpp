@@ -26,7 +26,7 @@ ModuleManager::~ModuleManager()
 bool ModuleManager::load(const QString &path)
 {
     FXHOST_ASSERT_GUI_THREAD();
-    const Outcome started = start(path); // by the return the library of a failed module is unloaded
+    const Outcome started = start(path); // if it failed, its library is already unloaded
     m_log.module(path, started ? HostLog::ModuleEvent::Loaded : HostLog::ModuleEvent::Failed);
     if (!started)
         m_report(tr("The module \"%1\" was not loaded. %2").arg(path, started.reason()));
@@ -42,7 +42,7 @@ Outcome ModuleManager::start(const QString &path)
     const bool isLoaded = std::any_of(m_modules.begin(), m_modules.end(),
                                       [&](const auto &other) { return other->isSameAs(*module); });
     if (isLoaded)
-        return Outcome::failed(tr("It is loaded already."));
+        return Outcome::failed(tr("It is already loaded."));
     const Outcome started = module->start();
     if (started)
         m_modules.push_back(std::move(module));
@@ -60,8 +60,8 @@ bool ModuleManager::unload(const QString &path)
         m_report(tr("The module \"%1\" is not loaded.").arg(path));
         return false;
     }
-    if ((*found)->isAtWork()) {
-        m_report(tr("The module \"%1\" cannot be unloaded while it is at work.").arg(path));
+    if ((*found)->isCodeRunning()) {
+        m_report(tr("The module \"%1\" cannot be unloaded while it is running.").arg(path));
         return false;
     }
     auto module = std::move(*found);
@@ -86,7 +86,7 @@ void ModuleManager::end(std::unique_ptr<Module> module)
     module.reset();
     m_log.module(path, HostLog::ModuleEvent::Unloaded);
     if (!ended)
-        m_report(tr("The module \"%1\" did not end as it should. %2").arg(path, ended.reason()));
+        m_report(tr("The module \"%1\" failed while ending. %2").arg(path, ended.reason()));
 }
 
 QStringList ModuleManager::loaded() const

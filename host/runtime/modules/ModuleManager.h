@@ -23,34 +23,34 @@ class FXHOST_API ModuleManager
 {
     Q_DECLARE_TR_FUNCTIONS(fxhost::ModuleManager)
 public:
-    //! Everything that is passed in must outlive the manager.
-    //! \param report gets why a module was not loaded or unloaded
+    //! All arguments must outlive the manager.
+    //! \param report receives the reason if a module cannot be loaded or unloaded
     ModuleManager(const ModuleHost &host, HostLog &log, MessageSink report);
-    //! Unloads what is still loaded.
+    //! Unloads all modules.
     ~ModuleManager();
 
     ModuleManager(const ModuleManager &) = delete;
     ModuleManager &operator=(const ModuleManager &) = delete;
 
-    //! Loads a module and starts it. When the main window is there already, the module is notified of it, and
-    //! then of the current drawing. A failure is shown as a message that names the file and the reason, and
-    //! leaves nothing behind.
-    //! \param path relative to the working directory unless absolute
-    //! \return whether the module is running now
+    //! Loads a module and starts it. If the main window exists, the module is notified of it, and then of the
+    //! current drawing. If this fails, the reason is reported, and everything is undone.
+    //! \param path relative paths are relative to the working directory
+    //! \return true if the module was loaded
     bool load(const QString &path);
-    //! Ends a module and unloads it; while the main window is there, the module is first notified that it
-    //! goes. What the module left registered, and widgets of its classes, are removed: their code goes.
-    //! \param path as it was given to load()
-    //! \return false, with a message, when no such module is loaded, or while its code is being run: by a
-    //! command, a drag, a dialog, or because it asks for this itself
+    //! Ends a module and unloads it. If the main window exists, the module is first notified that it is
+    //! destroyed. The module's remaining commands, reactors and widgets are removed, because their code is
+    //! unloaded.
+    //! \param path as given to load()
+    //! \return false, with a message, if no such module is loaded, or while its code is running: a command, a
+    //! drag, a dialog, or the caller of this function
     bool unload(const QString &path);
-    //! Ends and unloads all, the last loaded first.
+    //! Ends and unloads all modules, in reverse order of loading.
     void unloadAll();
 
-    //! In the order of loading, as the paths were given.
+    //! The paths as given to load(), in the order of loading.
     QStringList loaded() const;
-    //! The loaded modules that name may mean: the one of this path, or else those whose file is called so,
-    //! with or without ".so". As the paths were given.
+    //! The paths, as given to load(), of the modules that name can refer to: the one with this path, or
+    //! otherwise those with this file name, with or without ".so".
     QStringList named(const QString &name) const;
 
 private:

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int longestVersion = 6; // bytes
 
-//! The versions before the numbering with four digits began.
+//! The versions before four-digit numbers were introduced.
 constexpr std::array<const char *, 4> earliestVersions = {"AC1.2", "AC1.40", "AC1.50", "AC2.10"};
 
 struct Texts
@@ -26,8 +26,8 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(fxhost::DrawingFile)
 };
 
-//! AC1001 to AC1009 and AC1012 to AC1032. The numbers between those that were released stand for their
-//! forerunners, which were given away as well.
+//! True for AC1001 to AC1009 and AC1012 to AC1032. The numbers between the released versions are pre-release
+//! versions, of which drawings exist, too.
 bool isNumberedVersion(const QByteArray &start)
 {
     if (start.size() < longestVersion || !start.startsWith("AC10"))
@@ -60,10 +60,10 @@ Outcome couldNotOpen(int errorNumber)
 {
     switch (errorNumber) {
     case ENOENT:
-    case ENOTDIR: // something on the way is a file, so there can be nothing below it
+    case ENOTDIR: // a parent in the path is a file
         return Outcome::failed(Texts::tr("The file does not exist."));
     case ENXIO:
-        return Outcome::failed(Texts::tr("This is not a regular file."));
+        return Outcome::failed(Texts::tr("It is not a regular file."));
     default:
         return unreadable(errorNumber);
     }

@@ -20,7 +20,7 @@ PictureDevice::PictureDevice(const RegularFile &file, PictureLayout layout)
 
 qint64 PictureDevice::bytesAvailable() const
 {
-    return m_size - m_next + QIODevice::bytesAvailable(); // the latter is what is buffered
+    return m_size - m_next + QIODevice::bytesAvailable(); // the latter are buffered
 }
 
 qint64 PictureDevice::readData(char *data, qint64 maxSize)

@@ -5,34 +5,35 @@
 
 namespace fxhost {
 
-//! Longest side of a picture, in pixels. Painting counts coordinates in 16 bits, and a decoder that keeps a
-//! pointer for each row must not be made to keep millions.
+//! Longest side of a picture, in pixels: painting uses coordinates of 16 bits, and a decoder may store a
+//! pointer for each row.
 constexpr qint64 maxSide = 32767;
 
-//! Largest picture once decoded, in bytes: 2560 by 2560 pixels of four bytes, the most that a CAD application
-//! is known to store. Bounds the memory that one reading takes, and its time: a popup waits for it.
+//! Largest decoded picture, in bytes: 2560 by 2560 pixels of four bytes, the largest that a CAD application
+//! is known to store. Limits the memory for reading a picture, and the time, for which a popup waits.
 constexpr qint64 maxDecodedBytes = qint64{2560} * 2560 * 4;
 
-//! What a decoded pixel takes, in bits. Some pictures take less, and are treated as if they did not.
+//! Size of a decoded pixel, in bits. Some pictures need less, but are counted with this size.
 constexpr int plainPixel = 32;
-constexpr int deepPixel = 64; //!< of channels of 16 bits
+constexpr int deepPixel = 64; //!< for channels of 16 bits
 
-//! Whether a picture of this size, in pixels, is one to decode. \param bitsPerPixel one of the two above
+//! True if a picture of this size, in pixels, is within the limits.
+//! \param bitsPerPixel one of the two above
 constexpr bool isDecodable(qint64 width, qint64 height, int bitsPerPixel)
 {
     return width > 0 && height > 0 && width <= maxSide && height <= maxSide &&
            width * height * bitsPerPixel <= 8 * maxDecodedBytes;
 }
 
-//! Most parts of a PNG; one of the largest size has some 3200 as commonly written.
+//! Maximum number of chunks in a PNG; one of the largest size usually has about 3200.
 constexpr int maxChunks = 8192;
 
-//! What one drawing may take: two hundred pictures that each break at their very end would otherwise take
-//! many seconds. Real drawings have two pictures at most.
+//! What is left of the limits for one drawing: without them, 200 pictures that each break at their end would
+//! take many seconds. Real drawings have at most two pictures.
 struct DecodingLimit
 {
-    int pictures = 4; //!< that are tried
-    // Of all pictures together. The largest one fits, however it is stored, and no other one with it.
+    int pictures = 4; //!< to try to decode
+    // Of all pictures together: enough for the largest one in any encoding, but not for another one as well.
     qint64 decodedBytes = maxDecodedBytes;
     qint64 storedBytes = maxDecodedBytes * 3 / 2;
 };

@@ -24,7 +24,7 @@ QImage decode(const RegularFile &file, const PictureLayout &layout, DecodingLimi
     reader.setAutoDetectImageFormat(false);
     reader.setDecideFormatFromContent(false);
 
-    const QSize claimed = reader.size(); // of a negative height where a bitmap's top row comes first
+    const QSize claimed = reader.size(); // the height is negative if a bitmap starts with its top row
     const QSize size(claimed.width(), std::abs(claimed.height()));
     if (!isDecodable(size.width(), size.height(), layout.bitsPerPixel))
         return {};
@@ -35,8 +35,8 @@ QImage decode(const RegularFile &file, const PictureLayout &layout, DecodingLimi
 
     QImage image;
     if (layout.isInRuns) {
-        // Runs may leave pixels out, and the decoder writes into an image that suits it. One of its own
-        // making would show what was in memory before wherever pixels are left out.
+        // Runs may skip pixels. The decoder uses this image if size and format match; in an image of its own,
+        // skipped pixels would show former contents of the memory.
         image = QImage(size, reader.imageFormat());
         image.fill(0);
     }
@@ -77,7 +77,7 @@ QImage readPreview(const RegularFile &file)
         const QImage png = readFirst(PreviewCode::Png, file, entries, limit);
         return png.isNull() ? readFirst(PreviewCode::Bitmap, file, entries, limit) : png;
     } catch (const std::bad_alloc &) {
-        return {}; // a picture is not worth the application
+        return {}; // rather no picture than a crash
     }
 }
 

@@ -11,18 +11,18 @@ namespace fxhost {
 
 namespace {
 
-// Sizes and places in bytes.
+// Sizes and positions in bytes.
 constexpr int versionSize = 6;
 constexpr int addressAt = 0x0D;
 constexpr int startSize = addressAt + 4;
 
 constexpr int sentinelSize = 16;
-constexpr int overallSizeAt = 16; //!< from the section's start, as are the next two
+constexpr int overallSizeAt = 16; //!< from the start of the section, like the next two
 constexpr int countAt = 20;
 constexpr int tableAt = 21;
 constexpr int tableEntrySize = 9;
 
-//! Older ones have something else where these have the section's address.
+//! Older versions have other data at the position of the section's address.
 constexpr std::array<const char *, 8> versionsWithPreview = {"AC1012", "AC1014", "AC1015", "AC1018",
                                                              "AC1021", "AC1024", "AC1027", "AC1032"};
 
@@ -34,7 +34,7 @@ qint64 numberAt(const QByteArray &bytes, int position)
     return qFromLittleEndian<quint32>(bytes.constData() + position);
 }
 
-//! Where the section begins; 0 if the file has none.
+//! The position of the section; 0 if the file has none.
 qint64 sectionAddress(const RegularFile &file)
 {
     const QByteArray start = file.readAll(0, startSize);
@@ -47,12 +47,12 @@ qint64 sectionAddress(const RegularFile &file)
     return mayHavePreview ? numberAt(start, addressAt) : 0;
 }
 
-//! The section's head, once it has been found sound.
+//! The head of a section that has been checked.
 struct SectionHead
 {
     qint64 address = 0;
     int tableSize = 0;
-    FileRange counted; //!< what the overall size counts: from its own end to the end sentinel
+    FileRange counted; //!< the bytes that the overall size includes: from its own end to the end sentinel
 };
 
 std::optional<SectionHead> readSectionHead(const RegularFile &file)
@@ -67,7 +67,7 @@ std::optional<SectionHead> readSectionHead(const RegularFile &file)
                                          reinterpret_cast<const uchar *>(section.constData())))
         return std::nullopt;
 
-    // The end sentinel is not read: a picture is as good without it.
+    // The end sentinel is not checked, because the picture does not depend on it.
     const int count = static_cast<uchar>(section.at(countAt));
     const int tableSize = count * tableEntrySize;
     const FileRange counted = {address + countAt, numberAt(section, overallSizeAt)};
@@ -104,7 +104,7 @@ std::vector<PreviewEntry> readPreviewEntries(const RegularFile &file)
 bool holdsPreviewAlone(const RegularFile &file)
 {
     const std::optional<SectionHead> head = readSectionHead(file);
-    // A drawing's own data are longer than this, and not all zero.
+    // The data of a real drawing are longer than this, and not all zero.
     constexpr qint64 longestFilling = 65536;
     if (!head || head->address > longestFilling || head->counted.end() + sentinelSize != file.size())
         return false;

@@ -7,7 +7,7 @@
 
 namespace fxhost {
 
-//! What an entry of a preview section holds. Other codes are met as well, and are of no use here.
+//! The content of an entry of a preview section. Entries with other codes exist, and are ignored.
 enum class PreviewCode : quint8 {
     Bitmap = 2, //!< a BMP file without its file header
     Png = 6,    //!< a whole PNG file
@@ -17,16 +17,16 @@ enum class PreviewCode : quint8 {
 struct PreviewEntry
 {
     PreviewCode code = PreviewCode::Bitmap;
-    FileRange data; //!< inside the file, apart from the section's table; may be empty
+    FileRange data; //!< inside the file, outside the section's table; may be empty
 };
 
-//! The entries of the drawing's preview section, in its order, with their contents not looked at yet. Empty
-//! if it has none, or is not a drawing of a version that can have any, or the section is broken. \param file
-//! may be closed
+//! The entries of the drawing's preview section, in its order, without checking their contents. Empty if
+//! there is no section, its head is broken, or the drawing's version has none.
+//! \param file does not need to be open
 std::vector<PreviewEntry> readPreviewEntries(const RegularFile &file);
 
-//! Whether there is nothing in the file but the start of a header and a preview section: a picture in an
-//! envelope, with not one line of a drawing. \param file may be closed
+//! True if the file contains only the start of a header and a preview section, and no drawing.
+//! \param file does not need to be open
 bool holdsPreviewAlone(const RegularFile &file);
 
 } // namespace fxhost

@@ -15,7 +15,7 @@ namespace {
 
 int openWithoutBlocking(const QString &path)
 {
-    // Encoded names end at the first null character: the part before it would be another file.
+    // Encoded names end at the first null character, and the part before it may be another file.
     if (path.contains(QChar::Null)) {
         errno = ENOENT;
         return -1;

@@ -7,8 +7,8 @@
 
 namespace fxhost {
 
-//! A run of bytes of a file. Offset and size in bytes; 64 bits, so that a sum of what a drawing claims in 32
-//! bits cannot wrap.
+//! A range of bytes in a file. Offset and size in bytes, of 64 bits, so that sums of a drawing's 32-bit
+//! values cannot overflow.
 struct FileRange
 {
     qint64 offset = 0;
@@ -17,30 +17,32 @@ struct FileRange
     qint64 end() const { return offset + size; }
 };
 
-//! A regular file open for reading at chosen places. It never blocks on other kinds of files (a FIFO
-//! without a writer, a terminal), and a file that shrinks meanwhile makes a read short and nothing worse,
-//! which a memory mapping could not promise. Reading from several threads at once is safe.
+//! A regular file that is open for reading at any position. Does not block on other kinds of files (a FIFO
+//! without a writer, a terminal). If the file shrinks meanwhile, fewer bytes are read, while a memory mapping
+//! would crash. Several threads can read at the same time.
 class RegularFile
 {
 public:
-    //! Opens path; ask isOpen() whether that worked.
+    //! Opens path. isOpen() returns whether this succeeded.
     explicit RegularFile(const QString &path);
     ~RegularFile();
 
     bool isOpen() const { return m_descriptor >= 0; }
-    //! Why the file is not open, an errno value: ENXIO for what exists but is not a regular file. 0 if open.
+    //! The errno value if the file is not open: ENXIO if it exists but is not a regular file. 0 if it is
+    //! open.
     int openError() const { return m_openError; }
-    //! Size in bytes when the file was opened; 0 if it is not open.
+    //! The size in bytes when the file was opened; 0 if it is not open.
     qint64 size() const { return m_size; }
-    //! When the file was last modified before it was opened; invalid if it is not open.
+    //! The modification time when the file was opened; invalid if it is not open.
     const QDateTime &modified() const { return m_modified; }
-    //! Whether range lies inside the file as it was when opened.
+    //! True if range is inside the file, with the size that it had when it was opened.
     bool contains(const FileRange &range) const;
 
-    //! Reads up to maxSize bytes at offset into data. \return the number read, which is smaller only at the
-    //! file's end; -1 with errno set if reading fails
+    //! Reads up to maxSize bytes at offset into data.
+    //! \return the number of bytes, which is less than maxSize only at the end of the file; -1, with errno
+    //! set, if reading fails
     qint64 read(qint64 offset, char *data, qint64 maxSize) const;
-    //! The size bytes at offset; an empty array unless every one of them could be read.
+    //! The size bytes at offset; empty if not all of them could be read.
     QByteArray readAll(qint64 offset, int size) const;
 
     RegularFile(const RegularFile &) = delete;

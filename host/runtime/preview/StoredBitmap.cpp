@@ -17,7 +17,7 @@ namespace {
 // Sizes in bytes.
 constexpr int fileHeaderSize = 14;
 constexpr int plainHeaderSize = 40;
-constexpr int os2HeaderSize = 64; //!< differs from the others in what its compressions above 2 mean
+constexpr int os2HeaderSize = 64; //!< in this one, compressions above 2 have other meanings
 constexpr std::array<quint32, 6> headerSizes = {plainHeaderSize, 52, 56, os2HeaderSize, 108, 124};
 constexpr int masksSize = 12;
 constexpr int colorSize = 4;
@@ -30,12 +30,12 @@ struct BitmapHeader
 {
     quint32 headerSize = 0;
     qint32 width = 0;
-    qint32 height = 0; //!< negative: the top row comes first
+    qint32 height = 0; //!< negative if the top row comes first
     quint16 planes = 0;
     quint16 bits = 0;
     quint32 compression = Uncompressed;
     quint32 colors = 0;
-    std::array<quint32, 3> masks = {}; //!< red, green, blue; where compression is Masks
+    std::array<quint32, 3> masks = {}; //!< red, green, blue; only used with Masks
 
     qint64 rows() const { return std::abs(qint64(height)); }
     bool isInRuns() const { return compression == RunLength8 || compression == RunLength4; }
@@ -43,8 +43,8 @@ struct BitmapHeader
     quint32 fullPalette() const { return quint32(1) << bits; }
 };
 
-//! Reads a plain header and the twelve bytes after it, as far as there are any. All header sizes agree in
-//! these: a plain one has the masks after it, a larger one inside.
+//! Reads a plain header and, if present, the twelve bytes after it. These are the same in all headers: the
+//! masks follow a plain header, and are inside a larger one.
 std::optional<BitmapHeader> readHeader(const RegularFile &file, const FileRange &data)
 {
     constexpr qint64 wanted = plainHeaderSize + masksSize;
@@ -57,12 +57,12 @@ std::optional<BitmapHeader> readHeader(const RegularFile &file, const FileRange 
     stream.setByteOrder(QDataStream::LittleEndian);
     stream >> header.headerSize >> header.width >> header.height >> header.planes >> header.bits >>
         header.compression;
-    constexpr int imageSizeAndResolution = 12; // may be anything, so not used
+    constexpr int imageSizeAndResolution = 12; // unreliable, so not used
     stream.skipRawData(imageSizeAndResolution);
     quint32 importantColors = 0;
     stream >> header.colors >> importantColors;
     for (quint32 &mask : header.masks)
-        stream >> mask; // 0, and so refused, where the bytes end
+        stream >> mask; // 0 after the end of the bytes, which is refused
     return header;
 }
 
@@ -101,7 +101,7 @@ bool isSound(const BitmapHeader &header)
            header.colors <= (header.hasPalette() ? header.fullPalette() : maxColors);
 }
 
-//! Bytes between the header and the palette.
+//! Size of the masks between the header and the palette, in bytes.
 int looseMasksSize(const BitmapHeader &header)
 {
     return header.compression == Masks && header.headerSize == plainHeaderSize ? masksSize : 0;
@@ -112,8 +112,8 @@ quint32 storedColors(const BitmapHeader &header)
     return header.colors == 0 && header.hasPalette() ? header.fullPalette() : header.colors;
 }
 
-//! The most that pixels take which are encoded in runs: one for each pixel, and an end for each row. A longer
-//! stream does not get on, or jumps more than it draws, and would be read to its end nevertheless.
+//! The largest useful size of run-length encoded pixels, in bytes: a run for each pixel, and an end for each
+//! row. A longer stream contains useless codes, which the decoder would read to the end.
 qint64 longestRuns(const BitmapHeader &header)
 {
     constexpr qint64 run = 2; // bytes
@@ -125,7 +125,7 @@ qint64 uncompressedSize(const BitmapHeader &header)
     return (qint64(header.width) * header.bits + 31) / 32 * 4 * header.rows();
 }
 
-//! The eight highest bits of a mask: more than eight are what Qt's decoder cannot scale.
+//! The eight highest bits of a mask, because Qt's decoder cannot scale more than eight.
 quint32 highestEight(quint32 mask)
 {
     while (qPopulationCount(mask) > 8)
@@ -133,7 +133,7 @@ quint32 highestEight(quint32 mask)
     return mask;
 }
 
-//! A file header, a plain header, the masks and a palette that has a colour for each value a pixel can have.
+//! A file header, a plain header, the masks and a palette with a colour for each possible value of a pixel.
 QByteArray newHead(const BitmapHeader &header, QByteArray palette)
 {
     if (header.hasPalette())
@@ -144,7 +144,7 @@ QByteArray newHead(const BitmapHeader &header, QByteArray palette)
     QByteArray head;
     QDataStream stream(&head, QIODevice::WriteOnly);
     stream.setByteOrder(QDataStream::LittleEndian);
-    constexpr quint32 unset = 0; // sizes, resolutions and counts, which the decoder works out or ignores
+    constexpr quint32 unset = 0; // sizes, resolutions and counts that the decoder calculates or ignores
     stream.writeRawData("BM", 2);
     stream << unset << unset << headSize;
     stream << quint32(plainHeaderSize) << header.width << header.height << header.planes << header.bits
@@ -174,7 +174,7 @@ std::optional<PictureLayout> layOutBitmap(const RegularFile &file, const FileRan
         return std::nullopt;
 
     QByteArray palette;
-    if (header->hasPalette()) // comes out empty if the file has shrunk; then the pixels are gone as well
+    if (header->hasPalette()) // empty if the file has shrunk; then the pixels are missing, too
         palette = file.readAll(data.offset + paletteAt, paletteSize);
     PictureLayout layout;
     layout.format = "bmp";

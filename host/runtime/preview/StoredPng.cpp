@@ -9,7 +9,7 @@ namespace fxhost {
 
 namespace {
 
-// Sizes and places in bytes.
+// Sizes and positions in bytes.
 constexpr int signatureSize = 8;
 constexpr int chunkStartSize = 8; //!< length of the data and type
 constexpr int checksumSize = 4;
@@ -24,7 +24,7 @@ struct Chunk
     QByteArray type;
     FileRange whole; //!< with length, type and checksum
 
-    //! The fifth bit of a type's first letter is set when the picture can be decoded without the chunk.
+    //! Bit 5 of the type's first letter is set if the picture can be decoded without the chunk.
     bool matters() const { return (type.at(0) & 0x20) == 0 || type == "tRNS"; }
 };
 
@@ -33,8 +33,7 @@ quint32 numberAt(const QByteArray &bytes, int position)
     return qFromBigEndian<quint32>(bytes.constData() + position);
 }
 
-//! Bits for each pixel once decoded; 0 if the file does not begin as a PNG with an image header of a size to
-//! decode.
+//! Bits per decoded pixel; 0 if the file does not start like a PNG, or the picture exceeds the limits.
 int decodedBits(const QByteArray &fileStart)
 {
     const QByteArray signatureAndType = fileStart.left(widthAt);

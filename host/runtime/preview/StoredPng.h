@@ -7,9 +7,9 @@
 
 namespace fxhost {
 
-//! Lays the PNG that is stored in data out without its ancillary chunks, transparency apart. They do not
-//! change the picture, while compressed texts and colour profiles can make a decoder take gigabytes.
-//! \return nothing for what is not a PNG, ends early, or has more chunks or pixels than the limits
+//! Lays out the PNG in data without its ancillary chunks, except for transparency. They do not change the
+//! picture, but compressed texts and colour profiles can make a decoder allocate gigabytes.
+//! \return nothing if data is not a PNG, ends early, or exceeds the limits
 std::optional<PictureLayout> layOutPng(const RegularFile &file, const FileRange &data);
 
 } // namespace fxhost

@@ -18,10 +18,10 @@ namespace fxhost {
 namespace {
 
 constexpr char helperName[] = "fxprobe";
-//! What a busy machine may take until a file is accessed; and the helper's start from a disk that was asleep.
+//! How long a busy machine may take until a file is accessed, or a sleeping disk until the helper is started.
 constexpr std::chrono::milliseconds machineTime{5000};
 
-//! Helpers that could not end. They are never deleted, since that would wait for them.
+//! Helpers that could not end. They are never deleted, because that would wait for them.
 std::vector<QProcess *> &leftBehind()
 {
     static auto *const helpers = new std::vector<QProcess *>;
@@ -39,10 +39,7 @@ QString helperPath()
 
 } // namespace
 
-FileProbe::FileProbe(const QString &helper) : m_program(helper.isEmpty() ? helperPath() : helper)
-{
-    m_clock.start();
-}
+FileProbe::FileProbe(const QString &helper) : m_program(helper.isEmpty() ? helperPath() : helper) {}
 
 FileProbe::~FileProbe()
 {
@@ -67,12 +64,11 @@ bool FileProbe::startHelper()
     m_waiting.clear();
     if (!m_helper)
         m_helper = new QProcess;
-    // A helper that is left behind must not keep what is the host's: a pipe that is read to its end, or a
-    // directory.
+    // A helper that is left running must not keep the host's error pipe open or its working directory in use.
     m_helper->setStandardErrorFile(QProcess::nullDevice());
     m_helper->setWorkingDirectory(QDir::rootPath());
     m_helper->start(m_program, QStringList());
-    // The first start may take long; later waits for files do not wait for this.
+    // The start may take long. Wait for it here, so that the deadlines of files do not include it.
     const QString noFile;
     if (m_helper->waitForStarted(int(machineTime.count()))) {
         request(noFile);
@@ -80,25 +76,26 @@ bool FileProbe::startHelper()
         if (!m_waiting.contains(noFile))
             return true;
     }
-    m_failedAt = m_clock.elapsed();
-    m_problem = tr("The program %1 does not work: %2.").arg(m_program, m_helper->errorString());
+    m_failedAt = Clock::now();
+    m_outcome =
+        Outcome::failed(tr("The program %1 does not work: %2.").arg(m_program, m_helper->errorString()));
     return false;
 }
 
 void FileProbe::requestMissing(const QStringList &paths)
 {
-    const qint64 now = m_clock.elapsed();
+    const Clock::time_point now = Clock::now();
     for (const QString &path : paths) {
-        // An empty path needs no access, and a system call takes no path with a zero byte.
+        // An empty path is no file, and system calls do not support zero bytes in paths.
         const bool needsNoFile = path.isEmpty() || path.contains(QChar::Null);
         if (needsNoFile || m_responded.contains(path))
             continue;
         const auto waiting = m_waiting.constFind(path);
         const bool isNew = waiting == m_waiting.constEnd();
         if (isNew ||
-            (waiting->since && now - waiting->requestedAt >=
-                                   qBound<qint64>(firstRetry.count(), waiting->requestedAt - *waiting->since,
-                                                  lastRetry.count())))
+            (waiting->since &&
+             now - waiting->requestedAt >=
+                 std::clamp<Clock::duration>(waiting->requestedAt - *waiting->since, firstRetry, lastRetry)))
             request(path);
     }
 }
@@ -107,7 +104,7 @@ void FileProbe::request(const QString &path)
 {
     const int number = ++m_lastNumber;
     m_requests.insert(number, {path, false});
-    m_waiting[path].requestedAt = m_clock.elapsed();
+    m_waiting[path].requestedAt = Clock::now();
     m_helper->write(QByteArray::number(number) + ' ' + pathBytes(path) + '\0');
 }
 
@@ -121,12 +118,12 @@ void FileProbe::readResponses()
         if (!request->hasBegun) {
             request->hasBegun = true;
             if (waiting != m_waiting.end() && !waiting->since)
-                waiting->since = m_clock.elapsed();
+                waiting->since = Clock::now();
             continue;
         }
         if (waiting != m_waiting.end()) {
             m_waiting.erase(waiting);
-            m_responded.insert(request->path, m_clock.elapsed());
+            m_responded.insert(request->path, Clock::now());
         }
         m_requests.erase(request);
     }
@@ -136,21 +133,21 @@ void FileProbe::waitFor(const QStringList &paths, std::chrono::milliseconds dead
 {
     for (;;) {
         readResponses();
-        qint64 end = 0;
+        Clock::time_point end;
         for (const QString &path : paths) {
             const auto waiting = m_waiting.constFind(path);
             if (waiting != m_waiting.constEnd())
-                end = std::max<qint64>(end, waiting->since ? *waiting->since + deadline.count()
-                                                           : waiting->requestedAt + machineTime.count());
+                end = std::max(end, waiting->since ? *waiting->since + deadline
+                                                   : waiting->requestedAt + machineTime);
         }
-        const qint64 left = end - m_clock.elapsed();
-        if (left <= 0 || !isRunning())
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
+        if (left.count() <= 0 || !isRunning())
             return;
-        m_helper->waitForReadyRead(int(left));
+        m_helper->waitForReadyRead(int(left.count()));
     }
 }
 
-void FileProbe::forgetResponsesBefore(qint64 time)
+void FileProbe::forgetResponsesBefore(Clock::time_point time)
 {
     for (auto it = m_responded.begin(); it != m_responded.end();)
         it = *it > time ? std::next(it) : m_responded.erase(it);
@@ -159,21 +156,22 @@ void FileProbe::forgetResponsesBefore(qint64 time)
 QStringList FileProbe::unresponsive(const QStringList &paths, const ProbeWait &wait)
 {
     FXHOST_ASSERT_GUI_THREAD();
-    const bool hasJustFailed = !m_problem.isEmpty() && m_clock.elapsed() - m_failedAt < lastRetry.count();
+    const bool hasJustFailed = !m_outcome && Clock::now() - m_failedAt < lastRetry;
     if (paths.isEmpty() || hasJustFailed)
         return {};
-    m_problem.clear();
-    // The helper may have ended since its last response, or end because of these very paths.
+    m_outcome = {};
+    // The helper may have ended since its last response, or may end now.
     for (int helpers = 0; helpers < 2; ++helpers) {
         if (!isRunning() && !startHelper())
             return {};
-        // A response that is read only now may be old: the file is not waited for any more, but no newer.
-        const QHash<QString, qint64> responded = m_responded;
+        // A response that is read only now may be old. It ends the wait for the file, but is not a new
+        // response.
+        const QHash<QString, Clock::time_point> responded = m_responded;
         do {
             readResponses();
         } while (m_helper->waitForReadyRead(0));
         m_responded = responded;
-        forgetResponsesBefore(m_clock.elapsed() - wait.responsesGoodFor.count());
+        forgetResponsesBefore(Clock::now() - wait.responsesGoodFor);
         requestMissing(paths);
         waitFor(paths, wait.deadline);
         if (isRunning())

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "host/runtime/FxHostApi.h"
+#include "host/runtime/Outcome.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QHash>
 #include <QStringList>
 
@@ -20,70 +20,71 @@ struct ProbeWait
 {
     //! How long a file may take to respond.
     std::chrono::milliseconds deadline{300};
-    //! A response that is no older than this counts as a new one.
+    //! A response that is not older than this is still valid.
     std::chrono::milliseconds responsesGoodFor{0};
 };
 
-//! Finds unresponsive files: those on a server that is away, for example, where every access waits without
-//! end. A helper process accesses them, and is left behind when it cannot end. GUI thread.
+//! Finds unresponsive files, for example on a server that is not available, where every access blocks. A
+//! helper process accesses the files. If it cannot end because it is blocked, it is left running. GUI thread.
 class FXHOST_API FileProbe
 {
     Q_DECLARE_TR_FUNCTIONS(fxhost::FileProbe)
 public:
-    //! An unresponsive file is tried again after the first time, and then after twice as long each time, up
-    //! to the second: its server may have been replaced while the former access still waits.
+    //! An unresponsive file is accessed again after firstRetry, and then after twice as long each time, up to
+    //! lastRetry, because its server may have been replaced while the first access is still blocked.
     static constexpr std::chrono::milliseconds firstRetry{2000};
     static constexpr std::chrono::milliseconds lastRetry{600000};
 
-    //! \param helper the program to start; empty for the one in the folder of this library
+    //! \param helper the program to start; if empty, the one in the folder of this library
     explicit FileProbe(const QString &helper = QString());
-    //! Does not wait for files that do not respond.
+    //! Does not wait for unresponsive files.
     ~FileProbe();
 
     FileProbe(const FileProbe &) = delete;
     FileProbe &operator=(const FileProbe &) = delete;
 
-    //! Accesses files, all at the same time, and waits until each has responded or reached the deadline. That
-    //! counts from when the helper began to access it: what a busy machine needs until then is not the
-    //! file's. A file that has been unresponsive for longer is not waited for again, until its response has
-    //! come. An error is a response. \param paths full paths \return those of paths that are unresponsive.
-    //! None when there is no helper: then nothing can be known.
+    //! Accesses files, all at the same time, and waits until each has responded or reached the deadline. The
+    //! deadline starts when the helper begins to access the file, so that a busy machine does not make files
+    //! unresponsive. If a file has already been unresponsive for longer, it is not waited for until it has
+    //! responded. An error is a response, too.
+    //! \param paths full paths
+    //! \return the unresponsive files among paths; none if there is no helper
     QStringList unresponsive(const QStringList &paths, const ProbeWait &wait = {});
 
-    //! Why there is no helper; empty when there is one, or none was needed yet. It is started again after
-    //! lastRetry.
-    QString problem() const { return m_problem; }
+    //! A failure, for the user, if the helper does not work. It is started again after lastRetry.
+    const Outcome &outcome() const { return m_outcome; }
 
 private:
+    using Clock = std::chrono::steady_clock;
+
     struct Request
     {
         QString path;
-        bool hasBegun; //!< whether the helper is accessing it
+        bool hasBegun; //!< the helper is accessing it
     };
     struct Waiting
     {
-        qint64 requestedAt = 0;      //!< last, in milliseconds of the clock, like all times here
-        std::optional<qint64> since; //!< when the helper first began to access it, once it has
+        Clock::time_point requestedAt;          //!< the last time
+        std::optional<Clock::time_point> since; //!< when the helper first began to access it
     };
 
     bool startHelper();
     bool isRunning() const;
-    //! Requests those of paths that have not responded, and once more those that have long been unresponsive.
+    //! Requests those of paths that have not responded, and requests unresponsive ones again after a while.
     void requestMissing(const QStringList &paths);
     void request(const QString &path);
     void readResponses();
     void waitFor(const QStringList &paths, std::chrono::milliseconds deadline);
-    void forgetResponsesBefore(qint64 time);
+    void forgetResponsesBefore(Clock::time_point time);
 
     QString m_program;
     QProcess *m_helper = nullptr;
-    QString m_problem;
-    qint64 m_failedAt = 0;
+    Outcome m_outcome;
+    Clock::time_point m_failedAt; //!< only valid after a failure
     int m_lastNumber = 0;
-    QHash<int, Request> m_requests;     //!< by their numbers, until the response
-    QHash<QString, Waiting> m_waiting;  //!< until the response to one of their requests
-    QHash<QString, qint64> m_responded; //!< when
-    QElapsedTimer m_clock;
+    QHash<int, Request> m_requests;                //!< by number, until the response
+    QHash<QString, Waiting> m_waiting;             //!< by path, until the response to one of its requests
+    QHash<QString, Clock::time_point> m_responded; //!< by path, the time of the last response
 };
 
 } // namespace fxhost

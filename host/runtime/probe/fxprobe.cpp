@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 //
 // Accesses files for a host that must not wait for them. On a file system that does not respond, a system
-// call may block its thread without end, and even the end of the process of that thread; so neither is the
-// host's.
+// call may block its thread forever, and prevent the process from ending. Therefore this is a process of its
+// own.
 //
-// Reads requests from the standard input, each "NUMBER PATH" and a zero byte, and writes NUMBER and a line
-// end to the standard output twice: when it begins to access the file, so that a busy machine is not taken
-// for an unresponsive file, and once the file has responded, whatever the response was. An empty path needs
-// no file. Ends with its input, and at once where it cannot have a thread.
+// Reads requests from the standard input, each "NUMBER PATH" and a zero byte. Writes NUMBER and a line end to
+// the standard output twice: when it begins to access the file, so that a busy machine is not mistaken for an
+// unresponsive file, and when the file has responded, even with an error. An empty path accesses no file.
+// Ends at the end of its input, or immediately if it cannot create a thread.
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <condition_variable>
 #include <cstdlib>
 #include <filesystem>
@@ -27,7 +28,7 @@
 
 namespace {
 
-//! Does what reading a drawing or a folder will do: a status alone may come from the system's memory.
+//! Accesses the file as reading a drawing or a folder does. The status alone may be cached by the system.
 void accessFile(const std::string &path)
 {
     struct stat status = {};
@@ -51,7 +52,7 @@ void accessFile(const std::string &path)
 void write(const std::string &number)
 {
     const std::string line = number + '\n';
-    // So short a write is never mixed with another thread's.
+    // A write this short is atomic, so the threads' lines are not mixed.
     [[maybe_unused]] const ssize_t written = ::write(STDOUT_FILENO, line.data(), line.size());
 }
 
@@ -61,11 +62,12 @@ struct Request
     std::string path;
 };
 
-//! What is to be looked at, and the threads that do: one, and more once it is held up.
+//! The waiting requests, and the threads that handle them: one, and more if threads are blocked.
 class Workers
 {
 public:
-    //! \return whether there are so many threads more
+    //! Starts count more threads.
+    //! \return false if the system refuses one
     bool start(std::size_t count)
     {
         try {
@@ -86,7 +88,7 @@ public:
         m_added.notify_one();
     }
 
-    //! How many requests no thread has taken yet.
+    //! The number of requests that no thread has taken yet.
     std::size_t waiting()
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
@@ -116,7 +118,7 @@ private:
         return request;
     }
 
-    std::size_t m_threads = 0; //!< known to who starts them only
+    std::size_t m_threads = 0; //!< only used by the main thread
     std::mutex m_mutex;
     std::condition_variable m_added;
     std::queue<Request> m_waiting;
@@ -133,8 +135,8 @@ void take(const std::string &request, Workers &workers)
 
 int main()
 {
-    constexpr int moment = 10;               // milliseconds: a file that responds does it in far less
-    constexpr std::size_t chunkSize = 65536; // bytes: as much as a pipe holds
+    constexpr std::chrono::milliseconds moment(10); // files that respond take far less
+    constexpr std::size_t chunkSize = 65536;        // bytes, the capacity of a pipe
     std::array<char, chunkSize> chunk = {};
     std::string input;
     auto &workers = *new Workers; // never deleted, as its threads may never end
@@ -142,14 +144,14 @@ int main()
         return EXIT_FAILURE;
     for (;;) {
         pollfd requests = {STDIN_FILENO, POLLIN, 0};
-        if (::poll(&requests, 1, workers.waiting() > 0 ? moment : -1) == 0) {
-            // The threads that exist may be blocked. Those that cannot be had now are tried again.
+        if (::poll(&requests, 1, workers.waiting() > 0 ? int(moment.count()) : -1) == 0) {
+            // All threads may be blocked. If no more can be started now, the next pass tries again.
             workers.start(std::min(workers.threads(), workers.waiting()));
             continue;
         }
         const ssize_t size = ::read(STDIN_FILENO, chunk.data(), chunk.size());
         if (size <= 0)
-            ::_exit(0); // without ending the threads, which may wait without end
+            ::_exit(0); // without waiting for the threads, which may be blocked forever
         input.append(chunk.data(), static_cast<std::size_t>(size));
         std::size_t start = 0;
         for (std::size_t end = 0; (end = input.find('\0', start)) != std::string::npos; start = end + 1)

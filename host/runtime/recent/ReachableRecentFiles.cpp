@@ -11,7 +11,7 @@ namespace fxhost {
 
 namespace {
 
-//! Modules ask for the list several times in a row, and each time the same is true.
+//! Modules query the list several times in a row.
 constexpr std::chrono::milliseconds responsesGoodFor{200};
 
 } // namespace
@@ -32,9 +32,9 @@ void ReachableRecentFiles::GetPaths(std::vector<CFxString> &paths) const
     for (const QString &path : unresponsive)
         listed.removeOne(path);
     paths.assign(listed.begin(), listed.end());
-    // Last: showing the warnings may run events, which may lead here again.
+    // Last, because showing a warning may run events, in which this function may be called again.
     warnOf(unresponsive);
-    warnOf(m_probe.problem());
+    warnOf(m_probe.outcome());
 }
 
 void ReachableRecentFiles::warnOf(const QStringList &unresponsive) const
@@ -46,20 +46,18 @@ void ReachableRecentFiles::warnOf(const QStringList &unresponsive) const
     }
     m_reported = QSet<QString>(unresponsive.begin(), unresponsive.end());
     if (!news.isEmpty()) {
-        m_report(tr("Not shown as recent while the disk or server does not respond: %1")
+        m_report(tr("Not shown as recent until the disk or server responds: %1")
                      .arg(news.join(QLatin1String(", "))));
     }
 }
 
-void ReachableRecentFiles::warnOf(const QString &problem) const
+void ReachableRecentFiles::warnOf(const Outcome &probing) const
 {
-    if (problem == m_reportedProblem)
+    const QString former = std::exchange(m_reportedReason, probing.reason());
+    if (probing || m_reportedReason == former)
         return;
-    m_reportedProblem = problem;
-    if (problem.isEmpty())
-        return;
-    m_report(problem + QLatin1Char(' ') +
-             tr("Recent drawings on a disk or server that does not respond may hold up the program."));
+    m_report(m_reportedReason + QLatin1Char(' ') +
+             tr("Recent drawings on a disk or server that does not respond may block the program."));
 }
 
 } // namespace fxhost

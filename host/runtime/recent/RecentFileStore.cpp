@@ -19,20 +19,20 @@ namespace {
 
 constexpr char header[] = "fxhost recent documents 1\n";
 
-// All entries of the longest path that Linux takes, 4096 bytes, each byte written as three.
+// The most entries, each with the longest path of Linux (4096 bytes), each byte encoded as three.
 constexpr qint64 largestFile = qint64(RecentFiles::largestMaximum) * 4096 * 3; // bytes
 
 QByteArray encoded(const QString &path)
 {
     const QByteArray bytes = pathBytes(path);
-    // By the bytes, which are all that will be read; others would make the file unreadable.
+    // Tested on the bytes, because path may not be what they are decoded to.
     const bool isUtf8 = pathFromBytes(bytes).toUtf8() == bytes;
     const auto isSpecial = [](uchar byte) { return isControl(byte) || byte == '%'; };
     const auto isSpecialOrNotAscii = [](uchar byte) { return isControl(byte) || byte == '%' || byte > 0x7f; };
     return isUtf8 ? percentEncoded(bytes, isSpecial) : percentEncoded(bytes, isSpecialOrNotAscii);
 }
 
-//! Nothing when line is not exactly what encoded() makes of a full path.
+//! The path of a line; nothing if the line is not the exact result of encoded() for a full path.
 std::optional<QString> decoded(const QByteArray &line)
 {
     const QString path = pathFromBytes(QByteArray::fromPercentEncoding(line));
@@ -41,7 +41,7 @@ std::optional<QString> decoded(const QByteArray &line)
     return path;
 }
 
-//! Nothing when content is not what write() makes.
+//! The paths in the file's content; nothing if write() cannot have written it.
 std::optional<QStringList> parsed(const QByteArray &content)
 {
     if (!content.startsWith(header) || !content.endsWith('\n'))
@@ -60,14 +60,14 @@ std::optional<QStringList> parsed(const QByteArray &content)
     return paths;
 }
 
-//! How long to wait while another program writes the file, which takes a few milliseconds.
+//! How long to wait for another program that is writing the file, which takes a few milliseconds.
 constexpr std::chrono::milliseconds lockWait{1000};
 
 QString unreadable(const QString &file, const QString &error)
 {
     return RecentFileStore::tr(
-               "The list of recent documents, %1, cannot be read: %2. It is left as it is until "
-               "it can.")
+               "The list of recent documents, %1, cannot be read: %2. It is not changed until "
+               "it can be read again.")
         .arg(file, error);
 }
 
@@ -76,7 +76,7 @@ QString lockFile(const QString &file)
     return file + QLatin1String(".lock");
 }
 
-//! Removes what writers have left that were killed. To be called under the lock.
+//! Removes temporary files of writers that were killed. Must be called while the lock is held.
 void removeUnfinished(const QString &file)
 {
     const QFileInfo info(file);
@@ -100,7 +100,7 @@ public:
         Read,
         NoFile,
         Damaged,
-        Unreadable, //!< just now: the system is short of something, or the disk away
+        Unreadable, //!< possibly only now, for example because the disk is not available
     };
 
     Outcome outcome = Outcome::NoFile;
@@ -140,8 +140,8 @@ Outcome RecentFileStore::setDamagedAside()
     m_mayWrite = !aside.isEmpty();
     if (!m_mayWrite) {
         return Outcome::failed(
-            tr("The list of recent documents, %1, is damaged and cannot be set aside. It is left "
-               "alone, and nothing is kept of this run.")
+            tr("The list of recent documents, %1, is damaged and cannot be renamed. It is not "
+               "changed, and recent documents are not saved.")
                 .arg(m_file));
     }
     return Outcome::failed(
@@ -168,8 +168,8 @@ RecentFileStore::Stored RecentFileStore::update(const QStringList &known, const 
     const FileLock lock(lockFile(m_file), lockWait);
     if (lock.isBusy()) {
         return keepForLater(known, change,
-                            tr("The list of recent documents, %1, is in use by another program. What is new "
-                               "will be written to it with the next change.")
+                            tr("The list of recent documents, %1, is in use by another program. The change "
+                               "will be saved with the next one.")
                                 .arg(m_file));
     }
     const Reading reading = read();
@@ -207,7 +207,7 @@ Outcome RecentFileStore::write(const QStringList &paths) const
     for (const QString &path : paths)
         content += encoded(path) + '\n';
     QSaveFile file(m_file);
-    // flush(): what fails only as the buffer is written out, commit() would not notice.
+    // flush() is needed because commit() does not detect errors that occur when the buffer is written.
     if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush() &&
         file.commit())
         return {};

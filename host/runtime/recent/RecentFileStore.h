@@ -13,38 +13,38 @@
 
 namespace fxhost {
 
-//! The file that keeps the recent documents: a header line, then one path a line in UTF-8, in which control
-//! characters, the percent sign and bytes that are not UTF-8 are written as %XX. Every path fits, and the
-//! file can be read by people. Several programs may use it at the same time: a change is made to what the
-//! file holds by then, under a lock beside it, and readers find the former list or the new one. GUI thread.
+//! The file that stores the recent documents: a header line, then a path per line in UTF-8. Control
+//! characters, the percent sign and bytes that are not UTF-8 are encoded as %XX, so that every path can be
+//! stored. Several programs can use the file at the same time: a change is applied to its current content,
+//! while a lock file next to it is locked, and readers get either the former list or the new one. GUI thread.
 class FXHOST_API RecentFileStore
 {
     Q_DECLARE_TR_FUNCTIONS(fxhost::RecentFileStore)
 public:
-    //! What a list becomes.
+    //! Returns the changed list.
     using Change = std::function<QStringList(const QStringList &)>;
 
     struct Stored
     {
         QStringList paths;
-        //! Whether the file was read or written, or else what the user should know.
+        //! Whether the file was read or written; the reason of a failure is for the user.
         Outcome outcome;
     };
 
     //! \param file full path; need not exist
     explicit RecentFileStore(const QString &file);
 
-    //! Reads the file. One that is damaged is set aside under another name and counts as empty; where even
-    //! that fails, update() leaves it alone. One that cannot be read just now stays where it is. Tidies up
-    //! after writers that were killed.
+    //! Reads the file. A damaged file is renamed, and counts as empty; if it cannot be renamed, update() does
+    //! not change it. A file that cannot be read is left unchanged. Also removes the temporary files of
+    //! writers that were killed.
     Stored load();
 
-    //! Makes a change to the list in the file, and writes it whole or not at all. A change that cannot be
-    //! written is kept, and made again to what the file holds when the next one comes.
-    //! \param known the list as it was last, which is used where the file has none
-    //! \return the changed list, also when it could not be written
+    //! Applies a change to the list in the file, and replaces the file as a whole. A change that cannot be
+    //! written is kept, and applied again to the file's content before the next change.
+    //! \param known the last known list, which is used if the file does not exist or is damaged
+    //! \return the changed list, even if it could not be written
     Stored update(const QStringList &known, const Change &change);
-    //! Whether no change is left that could not be written.
+    //! True if no change is kept that could not be written.
     bool isAllWritten() const { return m_unwritten.empty(); }
 
 private:
@@ -52,7 +52,7 @@ private:
 
     Reading read() const;
     Stored keepForLater(const QStringList &known, const Change &change, const QString &problem);
-    //! \return a failure, with its new name, or why it is left alone
+    //! \return always a failure, for the user: the file's new name, or that it could not be renamed
     Outcome setDamagedAside();
     Outcome write(const QStringList &paths) const;
 

@@ -13,7 +13,7 @@ RecentFiles::RecentFiles(RecentFileStore &store, HostSettings &settings, Message
     : m_store(store), m_settings(settings), m_report(std::move(report))
 {
     const RecentFileStore::Stored stored = m_store.load();
-    m_paths = orderly(stored.paths);
+    m_paths = normalized(stored.paths);
     if (!stored.outcome)
         m_report(stored.outcome.reason());
 }
@@ -40,24 +40,6 @@ void RecentFiles::add(const QString &path)
         apply([path](const QStringList &listed) { return QStringList(path) + listed; });
 }
 
-bool RecentFiles::remove(const QString &path)
-{
-    refresh(); // another program may have listed it
-    const bool wasListed = m_paths.contains(path);
-    if (wasListed) {
-        apply([path](QStringList listed) {
-            listed.removeOne(path);
-            return listed;
-        });
-    }
-    return wasListed;
-}
-
-void RecentFiles::clear()
-{
-    setPaths({});
-}
-
 int RecentFiles::maximum() const
 {
     return m_settings.recentMaximum();
@@ -74,22 +56,22 @@ bool RecentFiles::setMaximum(int maximum)
     return true;
 }
 
-QStringList RecentFiles::orderly(QStringList paths) const
+QStringList RecentFiles::normalized(QStringList paths) const
 {
     paths.removeAll(QString());
-    paths.removeDuplicates(); // the first of several stays
+    paths.removeDuplicates(); // keeps the first of each
     return paths.mid(0, maximum());
 }
 
 void RecentFiles::apply(const Change &change)
 {
     FXHOST_ASSERT_GUI_THREAD();
-    // The store may make the change again later, to what another program has stored meanwhile.
+    // The store may apply the change again later, to a list that another program has stored meanwhile.
     const RecentFileStore::Stored stored = m_store.update(
-        m_paths, [this, change](const QStringList &listed) { return orderly(change(listed)); });
+        m_paths, [this, change](const QStringList &listed) { return normalized(change(listed)); });
     m_paths = stored.paths;
     const QString former = std::exchange(m_reported, stored.outcome.reason());
-    if (!stored.outcome && m_reported != former) // else the user would read it with each drawing
+    if (!stored.outcome && m_reported != former) // not again with each drawing
         m_report(m_reported);
 }
 

@@ -14,9 +14,9 @@ namespace fxhost {
 class HostSettings;
 class RecentFileStore;
 
-//! The recent documents, most recent first, none twice. Two paths are the same when their characters are.
-//! Other programs may change the stored list and its maximum: every change is made to what is stored by then.
-//! GUI thread.
+//! The recent documents, most recent first, without duplicates. Paths are compared exactly. Other programs
+//! may change the stored list and its maximum, so every change is applied to the currently stored list. GUI
+//! thread.
 class FXHOST_API RecentFiles
 {
 public:
@@ -25,46 +25,43 @@ public:
     static constexpr int largestMaximum = 1000;
 
     //! Reads the stored list.
-    //! \param store and \param settings, which has the maximum, must outlive this
-    //! \param report gets what the user should know when the list cannot be read or written; once for each
-    //! reason
+    //! \param store must outlive this
+    //! \param settings stores the maximum; must outlive this
+    //! \param report receives the reason, once for each, if the list cannot be read or written
     RecentFiles(RecentFileStore &store, HostSettings &settings, MessageSink report);
 
     RecentFiles(const RecentFiles &) = delete;
     RecentFiles &operator=(const RecentFiles &) = delete;
 
     QStringList paths() const { return m_paths; }
-    //! Reads what other programs have stored.
+    //! Reads the list that other programs may have changed.
     void refresh();
-    //! Writes what could not be written until now. To be called at the end.
+    //! Tries again to write changes that could not be written. Must be called at the end.
     void writeRest();
-    //! Replaces the list. Repetitions, empty paths and what is beyond the maximum are left out.
+    //! Replaces the list. Leaves out duplicates, empty paths and the paths after the maximum.
     void setPaths(const QStringList &paths);
-    //! Puts path at the top, whether or not it was listed; the last one is removed from a full list.
-    //! \param path full path; empty: nothing happens
+    //! Adds path at the top, or moves it there. Removes the last path of a full list.
+    //! \param path full path; if it is empty, nothing is done
     void add(const QString &path);
-    //! \return whether path was listed
-    bool remove(const QString &path);
-    void clear();
 
     int maximum() const;
     static bool isAllowedMaximum(int maximum)
     {
         return maximum >= smallestMaximum && maximum <= largestMaximum;
     }
-    //! \return false, with nothing changed, unless isAllowedMaximum()
+    //! \return false if the maximum is not allowed; nothing is changed then
     bool setMaximum(int maximum);
 
 private:
     using Change = std::function<QStringList(const QStringList &)>;
 
-    QStringList orderly(QStringList paths) const;
+    QStringList normalized(QStringList paths) const;
     void apply(const Change &change);
 
     RecentFileStore &m_store;
     HostSettings &m_settings;
     MessageSink m_report;
-    QString m_reported; //!< the last problem; empty when the list could be stored
+    QString m_reported; //!< the last reason; empty if the list could be stored
     QStringList m_paths;
 };
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/desktop/soak/SoakHost.h"
-#include "tests/desktop/soak/SoakPerson.h"
+#include "tests/desktop/soak/SoakUser.h"
 #include "tests/support/TestCase.h"
 
 namespace {
@@ -34,7 +34,7 @@ private slots:
             0);
         const auto seed = quint32(fromEnvironment("SOAK_SEED", 20261121));
         SoakHost soak;
-        SoakPerson user(soak, seed);
+        SoakUser user(soak, seed);
         user.seconds = fromEnvironment("SOAK_SECONDS", 0);
         user.mostSteps = fromEnvironment("SOAK_STEPS", user.seconds == 0 ? usualSteps : 0);
         QEventLoop loop;

@@ -155,6 +155,16 @@ private slots:
         QTRY_COMPARE(line.history()->verticalScrollBar()->maximum(), 1);
     }
 
+    void aLongListOfCompletionsIsCut()
+    {
+        ShownCommandLine line;
+        const QStringList names = QVector<QString>(101, "a%2.dwg").toList();
+        line.setCompleter([names](const QString &typed) { return fxhost::Completion{typed, names}; });
+        line.press(Qt::Key_Tab);
+        QVERIFY2(line.historyText().endsWith("a%2.dwg  and 1 more"),
+                 qPrintable(line.historyText().right(40)));
+    }
+
     void aForwardedKeyIsTypedIntoTheInput()
     {
         ShownCommandLine line;

@@ -131,7 +131,7 @@ private slots:
             QCOMPARE(drawing.outcome.reason(),
                      QString("The file cannot be read: %1.").arg(qt_error_string(ELOOP)));
         else
-            QCOMPARE(drawing.outcome.reason(), QString("This is not a regular file."));
+            QCOMPARE(drawing.outcome.reason(), QString("It is not a regular file."));
     }
 
     void unreadableFileIsRefusedWithTheReason()
@@ -159,10 +159,10 @@ private slots:
         for (const Version version : allVersions) {
             const QByteArray tag = versionTag(version);
             QTest::newRow(tag + " after the header")
-                << sample({version, Picture::Bitmap8, Placement::BehindHeader}) << true;
+                << sample({version, Picture::Bitmap8, Placement::AfterHeader}) << true;
             QTest::newRow(tag + " after filling")
                 << sample({version, Picture::Bitmap24, Placement::AfterFilling}) << true;
-            if (carriesPng(version)) {
+            if (supportsPng(version)) {
                 QTest::newRow(tag + " PNG")
                     << sample({version, Picture::Png, Placement::AfterFilling}) << true;
             }

@@ -121,10 +121,13 @@ private slots:
         const RealHost running;
         CFxSystemServices *const services = GetFxSystemServices();
         const AssertionsAreNoted noted;
-        std::thread([services] { services->GetMainFrame()->GetMainWindow(); }).join();
-        QCOMPARE(assertions.size(), std::size_t(2));
+        std::thread([services] {
+            services->GetMainFrame()->GetMainWindow();
+            services->GetApplication()->GetUserProfile()->GetRecentFileList();
+        }).join();
+        QCOMPARE(assertions.size(), std::size_t(5));
         services->GetMainFrame();
-        QCOMPARE(assertions.size(), std::size_t(2));
+        QCOMPARE(assertions.size(), std::size_t(5));
 #endif
     }
 

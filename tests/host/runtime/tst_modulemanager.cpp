@@ -188,7 +188,7 @@ private slots:
                  {"wrong_version", "4.3.2.7"},
                  {"throws_when_asked", "no more chalk"},
                  {"throws_when_created", "no more chalk"},
-                 {"creates_nothing", "no module object"},
+                 {"creates_nothing", "not create a module object"},
                  {"throws_when_started", "no more chalk"}})
             row(name, modulePath(name), reason);
     }

@@ -46,10 +46,10 @@ LifeReport FakeLife::live(const Switch &missing, const Switch &missingWithPopup)
         module->addRef();
         beginWith(module);
         useCommand(missingWithPopup);
-        m_report["window's end told"] =
+        m_report["notified of the window's end"] =
             outcomeOf([&] { notifyReactors(&CFxEditorReactor::mainFrameDestroyed); });
         m_report["registered at the end"] = listed();
-        m_report["told the end"] = outcomeOf([&] { module->uninitApp(); });
+        m_report["ended"] = outcomeOf([&] { module->uninitApp(); });
         module->release();
         module->deleteModule();
     }
@@ -69,13 +69,14 @@ void FakeLife::beginWith(OdRxModule *module)
 {
     m_report["started"] = outcomeOf([&] { module->initApp(); });
     m_report["registered"] = listed();
-    m_report["window told"] = outcomeOf([&] { notifyReactors(&CFxEditorReactor::mainFrameCreated); });
+    m_report["notified of the window"] =
+        outcomeOf([&] { notifyReactors(&CFxEditorReactor::mainFrameCreated); });
     m_report["registered with a window"] = listed();
     m_report["menu entries"] = QStringLiteral("file: %1, start-up: %2")
                                    .arg(yes(childrenOf(file).contains(browserEntry)),
                                         yes(childrenOf(startUpFile).contains(browserEntry)));
     m_report["menus refreshed"] = yes(menuCalls().contains("refresh"));
-    m_report["document told"] = outcomeOf([&] {
+    m_report["notified of a document"] = outcomeOf([&] {
         const std::vector<CFxDocumentManagerReactor *> reactors = host.documentReactors;
         for (CFxDocumentManagerReactor *reactor : reactors)
             reactor->DocumentCreated(nullptr);

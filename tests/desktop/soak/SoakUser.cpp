@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tests/desktop/soak/SoakPerson.h"
+#include "tests/desktop/soak/SoakUser.h"
 
 #include "host/app/HelpWindow.h"
 #include "host/runtime/commands/CommandRunner.h"
@@ -32,7 +32,7 @@ bool helpHasTheKeyboard()
 
 } // namespace
 
-bool SoakPerson::guiUntil(const std::function<bool()> &condition, int limit)
+bool SoakUser::guiUntil(const std::function<bool()> &condition, int limit)
 {
     constexpr int pause = 5; // ms
     QElapsedTimer waiting;
@@ -44,19 +44,19 @@ bool SoakPerson::guiUntil(const std::function<bool()> &condition, int limit)
     return holds;
 }
 
-void SoakPerson::settle()
+void SoakUser::settle()
 {
     for (int i = 0; i < 3; ++i)
         gui([] { QCoreApplication::sendPostedEvents(); });
 }
 
-void SoakPerson::awaitInput(const std::function<bool()> &arrived)
+void SoakUser::awaitInput(const std::function<bool()> &arrived)
 {
     constexpr int moment = 1000; // ms
     unreceived += !guiUntil(arrived, m_isDragging ? patience : moment);
 }
 
-void SoakPerson::moveTo(const QPoint &place)
+void SoakUser::moveTo(const QPoint &place)
 {
     Hand::moveTo(place);
     ++events;
@@ -70,7 +70,7 @@ void SoakPerson::moveTo(const QPoint &place)
     });
 }
 
-void SoakPerson::input(int releases, const std::function<void()> &action)
+void SoakUser::input(int releases, const std::function<void()> &action)
 {
     int before = 0;
     gui([&] { before = m_arrivals.releases(); });
@@ -79,12 +79,12 @@ void SoakPerson::input(int releases, const std::function<void()> &action)
     awaitInput([&] { return m_arrivals.releases() >= before + releases; });
 }
 
-void SoakPerson::writeLog(const QString &text)
+void SoakUser::writeLog(const QString &text)
 {
     m_log.write(QString("  ").append(text).append('\n').toUtf8());
 }
 
-void SoakPerson::expectDoubleClick(const QPoint &place)
+void SoakUser::expectDoubleClick(const QPoint &place)
 {
     const bool isSoon =
         m_sincePress.isValid() && !m_sincePress.hasExpired(qint64(2) * QApplication::doubleClickInterval());
@@ -96,7 +96,7 @@ void SoakPerson::expectDoubleClick(const QPoint &place)
     m_sincePress.start();
 }
 
-void SoakPerson::run()
+void SoakUser::run()
 {
     m_log.setFileName("soak.log");
     if (!m_log.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
@@ -133,7 +133,7 @@ void SoakPerson::run()
     }
 }
 
-void SoakPerson::checkOpened()
+void SoakUser::checkOpened()
 {
     QStringList opened;
     const auto isAsExpected = [&] {
@@ -152,19 +152,19 @@ void SoakPerson::checkOpened()
         writeLog(QString("opened ") + path);
 }
 
-const SoakPerson::Action SoakPerson::actions[] = {
-    {"key", 40, &SoakPerson::key},
-    {"click", 16, &SoakPerson::click},
-    {"double-click", 3, &SoakPerson::clickTwice},
-    {"hover", 14, &SoakPerson::hover},
-    {"drag", 6, &SoakPerson::drag},
-    {"command", 18, &SoakPerson::command},
-    {"file", 8, &SoakPerson::file},
-    {"module", 1, &SoakPerson::module},
-    {"screen", 1, &SoakPerson::screen},
+const SoakUser::Action SoakUser::actions[] = {
+    {"key", 40, &SoakUser::key},
+    {"click", 16, &SoakUser::click},
+    {"double-click", 3, &SoakUser::clickTwice},
+    {"hover", 14, &SoakUser::hover},
+    {"drag", 6, &SoakUser::drag},
+    {"command", 18, &SoakUser::command},
+    {"file", 8, &SoakUser::file},
+    {"module", 1, &SoakUser::module},
+    {"screen", 1, &SoakUser::screen},
 };
 
-const SoakPerson::Action &SoakPerson::nextAction()
+const SoakUser::Action &SoakUser::nextAction()
 {
     int sum = 0;
     for (const Action &action : actions)
@@ -175,7 +175,7 @@ const SoakPerson::Action &SoakPerson::nextAction()
     return *action;
 }
 
-SoakStep SoakPerson::nextStep()
+SoakStep SoakUser::nextStep()
 {
     constexpr int choices = 100000;
     SoakStep step{};
@@ -185,14 +185,14 @@ SoakStep SoakPerson::nextStep()
     return step;
 }
 
-QPoint SoakPerson::place(const SoakStep &step) const
+QPoint SoakUser::place(const SoakStep &step) const
 {
     QRect target;
     gui([&] { target = m_soak.target(); });
     return target.topLeft() + QPoint(int(step.x * target.width()), int(step.y * target.height()));
 }
 
-void SoakPerson::awaitPopup()
+void SoakUser::awaitPopup()
 {
     const bool isSettled = guiUntil([&] {
         const QDialog *popup = m_soak.popup();
@@ -204,7 +204,7 @@ void SoakPerson::awaitPopup()
 
 //! Whether a popup gets the next key. The window manager may be about to move the focus, so this waits until
 //! the display and the program agree on the window that has it.
-bool SoakPerson::popupHasTheKeyboard()
+bool SoakUser::popupHasTheKeyboard()
 {
     bool isPopup = false;
     const bool agreed = guiUntil([&] {
@@ -217,7 +217,7 @@ bool SoakPerson::popupHasTheKeyboard()
     return agreed && isPopup;
 }
 
-void SoakPerson::key(const SoakStep &step)
+void SoakUser::key(const SoakStep &step)
 {
     static const char *const keys[] = {
         "Right", "Right",       "Left",       "Down",       "Up",           "Tab", "Tab",    "shift+Right",
@@ -233,7 +233,7 @@ void SoakPerson::key(const SoakStep &step)
     input(releases, [&] { Hand::key(QLatin1String(key)); });
 }
 
-void SoakPerson::click(const SoakStep &step)
+void SoakUser::click(const SoakStep &step)
 {
     static const char *const modifiers[] = {"", "", "", "ctrl", "shift"};
     const QString modifier = QLatin1String(modifiers[std::size_t(step.choice) % std::size(modifiers)]);
@@ -251,7 +251,7 @@ void SoakPerson::click(const SoakStep &step)
     });
 }
 
-void SoakPerson::clickTwice(const SoakStep &step)
+void SoakUser::clickTwice(const SoakStep &step)
 {
     const QPoint where = place(step);
     moveTo(where);
@@ -266,7 +266,7 @@ void SoakPerson::clickTwice(const SoakStep &step)
     input(2, [] { Hand::doubleClick(); });
 }
 
-void SoakPerson::drag(const SoakStep &step)
+void SoakUser::drag(const SoakStep &step)
 {
     constexpr int strides = 24;
     QRect tile;
@@ -305,7 +305,7 @@ void SoakPerson::drag(const SoakStep &step)
     m_isDragging = false;
 }
 
-void SoakPerson::command(const SoakStep &step)
+void SoakUser::command(const SoakStep &step)
 {
     const int number = step.choice / 16;
     const QString path = m_soak.paths().at(number % m_soak.paths().size());
@@ -337,7 +337,7 @@ void SoakPerson::command(const SoakStep &step)
         problem = "the help does not get the keyboard";
 }
 
-void SoakPerson::file(const SoakStep &step)
+void SoakUser::file(const SoakStep &step)
 {
     const int choice = step.choice;
     const QString path = m_soak.paths().at(choice / 16 % m_soak.paths().size());
@@ -378,12 +378,12 @@ void SoakPerson::file(const SoakStep &step)
     }
 }
 
-void SoakPerson::module(const SoakStep & /*step*/)
+void SoakUser::module(const SoakStep & /*step*/)
 {
     gui([&] { problem = m_soak.toggleModule(); });
 }
 
-void SoakPerson::screen(const SoakStep &step)
+void SoakUser::screen(const SoakStep &step)
 {
     const char *mode = step.choice % 2 ? "soak" : "1920x1200";
     if (QProcess::execute("xrandr", {"--output", "screen", "--mode", QLatin1String(mode)}) != 0)

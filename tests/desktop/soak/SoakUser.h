@@ -53,10 +53,10 @@ struct SoakStep
 //! The user at the display: performs random actions, and checks after each one what must hold. The same seed
 //! gives the same actions, whatever their outcome. In a thread of its own, since a drag blocks the GUI thread
 //! in its loop.
-class SoakPerson : public QThread
+class SoakUser : public QThread
 {
 public:
-    SoakPerson(SoakHost &soak, quint32 seed) : m_soak(soak), m_random(seed) {}
+    SoakUser(SoakHost &soak, quint32 seed) : m_soak(soak), m_random(seed) {}
 
     int seconds = 0;   //!< after which it ends; 0 for no limit
     int mostSteps = 0; //!< after which it ends; 0 for no limit
@@ -77,7 +77,7 @@ private:
     {
         const char *name;
         int weight; //!< its frequency, relative to the sum
-        void (SoakPerson::*run)(const SoakStep &step);
+        void (SoakUser::*run)(const SoakStep &step);
     };
     static const Action actions[];
 

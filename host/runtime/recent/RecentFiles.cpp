@@ -40,6 +40,24 @@ void RecentFiles::add(const QString &path)
         apply([path](const QStringList &listed) { return QStringList(path) + listed; });
 }
 
+bool RecentFiles::remove(const QString &path)
+{
+    refresh(); // another program may have added it
+    const bool wasListed = m_paths.contains(path);
+    if (wasListed) {
+        apply([path](QStringList listed) {
+            listed.removeOne(path);
+            return listed;
+        });
+    }
+    return wasListed;
+}
+
+void RecentFiles::clear()
+{
+    setPaths({});
+}
+
 int RecentFiles::maximum() const
 {
     return m_settings.recentMaximum();

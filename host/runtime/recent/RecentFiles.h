@@ -43,6 +43,9 @@ public:
     //! Adds path at the top, or moves it there. Removes the last path of a full list.
     //! \param path full path; if it is empty, nothing is done
     void add(const QString &path);
+    //! \return true if path was in the list
+    bool remove(const QString &path);
+    void clear();
 
     int maximum() const;
     static bool isAllowedMaximum(int maximum)

@@ -75,6 +75,17 @@ private slots:
         QCOMPARE(profile.stored(), numbered(1, 2));
     }
 
+    void removingReturnsWhetherItWasListed()
+    {
+        RealProfile profile;
+        profile.list.setPaths(numbered(1, 2));
+        QVERIFY(profile.list.remove("/drawings/1.dwg"));
+        QVERIFY(!profile.list.remove("/drawings/1.dwg"));
+        QCOMPARE(profile.list.paths(), numbered(2, 2));
+        profile.list.clear();
+        QCOMPARE(profile.stored(), QStringList());
+    }
+
     void changesApplyToTheStoredList()
     {
         RealProfile profile;
@@ -83,8 +94,12 @@ private slots:
         list.add("/a.dwg");
         QCOMPARE(list.paths(), QStringList("/a.dwg") + numbered(7, 8));
 
-        profile.changeElsewhere(
-            [](const QStringList &listed) { return QStringList("/theirs.dwg") + listed; });
+        const auto addTheirs = [](const QStringList &listed) { return QStringList("/theirs.dwg") + listed; };
+        profile.changeElsewhere(addTheirs);
+        QVERIFY(list.remove("/theirs.dwg"));
+        QCOMPARE(profile.stored(), QStringList("/a.dwg") + numbered(7, 8));
+
+        profile.changeElsewhere(addTheirs);
         list.refresh();
         QCOMPARE(list.paths(), QStringList({"/theirs.dwg", "/a.dwg"}) + numbered(7, 8));
         QCOMPARE(profile.messages, QStringList());

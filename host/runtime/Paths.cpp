@@ -5,7 +5,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTextCodec>
+
 #include <QUrl>
+#include <algorithm>
 
 #include <optional>
 
@@ -87,6 +89,8 @@ QString pathFromBytes(const QByteArray &bytes)
 
 QByteArray pathBytes(const QString &path)
 {
+    if (std::none_of(path.begin(), path.end(), isCarriedByte)) // as nearly always
+        return path.toUtf8();
     QByteArray bytes;
     int textStart = 0;
     for (int i = 0; i < path.size(); ++i) {

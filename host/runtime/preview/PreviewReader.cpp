@@ -9,40 +9,59 @@
 
 #include <QImageReader>
 
-#include <cstdlib>
+#include <algorithm>
 #include <new>
+#include <numeric>
+#include <utility>
 
 namespace fxhost {
 
 namespace {
 
-QImage decode(const RegularFile &file, const PictureLayout &layout, DecodingLimit &limit)
+//! Most pictures are smaller, in bytes; one read gets them.
+constexpr qint64 usualPicture = 64 * 1024;
+
+QImage decodeWithQt(const RegularFile &file, const PictureLayout &layout)
 {
     PictureDevice device(file, layout);
-    const qint64 storedSize = device.bytesAvailable();
     QImageReader reader(&device, layout.format);
     reader.setAutoDetectImageFormat(false);
     reader.setDecideFormatFromContent(false);
 
-    const QSize claimed = reader.size(); // the height is negative if a bitmap starts with its top row
-    const QSize size(claimed.width(), std::abs(claimed.height()));
-    if (!isDecodable(size.width(), size.height(), layout.bitsPerPixel))
-        return {};
-    limit.storedBytes -= storedSize;
-    limit.decodedBytes -= qint64(size.width()) * size.height() * layout.bitsPerPixel / 8;
-    if (limit.storedBytes < 0 || limit.decodedBytes < 0)
-        return {};
-
     QImage image;
     if (layout.isInRuns) {
-        // Runs may skip pixels. The decoder uses this image if size and format match; in an image of its own,
-        // skipped pixels would show former contents of the memory.
-        image = QImage(size, reader.imageFormat());
+        // Runs can skip pixels. If this image has the size and the format that the decoder needs, it writes
+        // into it; the pixels of one that it allocated would be arbitrary.
+        image = QImage(layout.size, reader.imageFormat());
         image.fill(0);
     }
     if (!reader.read(&image) || device.hasFailed())
         return {};
     return image;
+}
+
+//! The picture in the format that is painted fastest, unless it is so large that both would take too much memory.
+QImage forPainting(QImage image)
+{
+    if (image.depth() != 32 && image.sizeInBytes() > maxDecodedBytes / 8)
+        return image;
+    const QImage::Format format =
+        image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+    return image.isNull() ? image : std::move(image).convertToFormat(format);
+}
+
+QImage decode(const RegularFile &file, const PictureLayout &layout, DecodingLimit &limit)
+{
+    limit.storedBytes -=
+        std::accumulate(layout.ranges.begin(), layout.ranges.end(), qint64(layout.head.size()),
+                        [](qint64 sum, const FileRange &range) { return sum + range.size; });
+    limit.decodedBytes -= qint64(layout.size.width()) * layout.size.height() * layout.bitsPerPixel / 8;
+    if (limit.storedBytes < 0 || limit.decodedBytes < 0)
+        return {};
+    if (layout.rows.bits != 0)
+        return decodeRows(file, layout.size, layout.rows);
+    QImage image = decodePlainPng(file, layout.size, layout.png);
+    return forPainting(image.isNull() ? decodeWithQt(file, layout) : image);
 }
 
 QImage readFirst(PreviewCode code, const RegularFile &file, const std::vector<PreviewEntry> &entries,
@@ -53,6 +72,7 @@ QImage readFirst(PreviewCode code, const RegularFile &file, const std::vector<Pr
             continue;
         if (--limit.pictures < 0)
             break;
+        file.prefetch({entry.data.offset, std::min(entry.data.size, usualPicture)});
         const std::optional<PictureLayout> layout =
             code == PreviewCode::Png ? layOutPng(file, entry.data) : layOutBitmap(file, entry.data);
         const QImage image = layout ? decode(file, *layout, limit) : QImage();

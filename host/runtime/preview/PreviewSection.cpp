@@ -37,14 +37,14 @@ qint64 numberAt(const QByteArray &bytes, int position)
 //! The position of the section; 0 if the file has none.
 qint64 sectionAddress(const RegularFile &file)
 {
-    const QByteArray start = file.readAll(0, startSize);
-    if (start.isEmpty())
+    const uchar *start = file.view({0, startSize});
+    if (!start)
         return 0;
-    const QByteArray version = start.left(versionSize);
     const bool mayHavePreview =
-        std::any_of(versionsWithPreview.begin(), versionsWithPreview.end(),
-                    [&version](const char *candidate) { return version == candidate; });
-    return mayHavePreview ? numberAt(start, addressAt) : 0;
+        std::any_of(versionsWithPreview.begin(), versionsWithPreview.end(), [start](const char *version) {
+            return std::equal(version, version + versionSize, start);
+        });
+    return mayHavePreview ? qFromLittleEndian<quint32>(start + addressAt) : 0;
 }
 
 //! The head of a section that has been checked.

@@ -3,6 +3,7 @@
 
 #include "host/runtime/Paths.h"
 
+#include <algorithm>
 #include <cerrno>
 
 #include <fcntl.h>
@@ -12,6 +13,9 @@
 namespace fxhost {
 
 namespace {
+
+//! Size of the buffer in bytes. A drawing's start and the head of its preview section often fit into it.
+constexpr qint64 usualBuffer = 512;
 
 int openWithoutBlocking(const QString &path)
 {
@@ -26,6 +30,11 @@ int openWithoutBlocking(const QString &path)
         descriptor = ::open(name.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
     } while (descriptor < 0 && errno == EINTR);
     return descriptor;
+}
+
+qint64 nanoseconds(const struct timespec &time)
+{
+    return time.tv_sec * 1'000'000'000 + time.tv_nsec;
 }
 
 } // namespace
@@ -47,9 +56,8 @@ RegularFile::RegularFile(const QString &path) : m_descriptor(openWithoutBlocking
         m_descriptor = -1;
         return;
     }
-    m_size = status.st_size;
-    m_modified =
-        QDateTime::fromSecsSinceEpoch(status.st_mtim.tv_sec).addMSecs(status.st_mtim.tv_nsec / 1000000);
+    m_identity = {status.st_dev, status.st_ino, status.st_size, nanoseconds(status.st_mtim),
+                  nanoseconds(status.st_ctim)};
 }
 
 RegularFile::~RegularFile()
@@ -58,12 +66,17 @@ RegularFile::~RegularFile()
         ::close(m_descriptor);
 }
 
-bool RegularFile::contains(const FileRange &range) const
+QDateTime RegularFile::modified() const
 {
-    return range.offset >= 0 && range.size >= 0 && range.offset <= m_size - range.size;
+    return isOpen() ? QDateTime::fromMSecsSinceEpoch(m_identity.modified / 1'000'000) : QDateTime();
 }
 
-qint64 RegularFile::read(qint64 offset, char *data, qint64 maxSize) const
+bool RegularFile::contains(const FileRange &range) const
+{
+    return range.offset >= 0 && range.size >= 0 && range.offset <= size() - range.size;
+}
+
+qint64 RegularFile::readDirectly(qint64 offset, char *data, qint64 maxSize) const
 {
     qint64 done = 0;
     while (done < maxSize) {
@@ -78,6 +91,42 @@ qint64 RegularFile::read(qint64 offset, char *data, qint64 maxSize) const
         done += count;
     }
     return done;
+}
+
+bool RegularFile::isBuffered(const FileRange &range) const
+{
+    return range.offset >= m_bufferAt && range.end() <= m_bufferAt + m_buffer.size();
+}
+
+bool RegularFile::prefetch(const FileRange &range) const
+{
+    m_buffer.resize(static_cast<int>(range.size));
+    const qint64 count = readDirectly(range.offset, m_buffer.data(), range.size);
+    m_buffer.resize(static_cast<int>(std::max<qint64>(count, 0)));
+    m_bufferAt = range.offset;
+    return count >= 0;
+}
+
+const uchar *RegularFile::view(const FileRange &range) const
+{
+    if (!isBuffered(range))
+        prefetch({range.offset, std::max(range.size, usualBuffer)});
+    return isBuffered(range)
+               ? reinterpret_cast<const uchar *>(m_buffer.constData()) + (range.offset - m_bufferAt)
+               : nullptr;
+}
+
+qint64 RegularFile::read(qint64 offset, char *data, qint64 maxSize) const
+{
+    if (!isBuffered({offset, maxSize})) {
+        if (maxSize >= usualBuffer)
+            return readDirectly(offset, data, maxSize);
+        if (!prefetch({offset, usualBuffer}))
+            return -1;
+    }
+    const qint64 count = std::min<qint64>(maxSize, m_bufferAt + m_buffer.size() - offset);
+    std::copy_n(m_buffer.constData() + (offset - m_bufferAt), count, data);
+    return count;
 }
 
 QByteArray RegularFile::readAll(qint64 offset, int size) const

@@ -3,7 +3,9 @@
 
 #include <QByteArray>
 #include <QDateTime>
+#include <QHash>
 #include <QString>
+#include <QVarLengthArray>
 
 namespace fxhost {
 
@@ -17,9 +19,32 @@ struct FileRange
     qint64 end() const { return offset + size; }
 };
 
-//! A regular file that is open for reading at any position. Does not block on other kinds of files (a FIFO
-//! without a writer, a terminal). If the file shrinks meanwhile, fewer bytes are read, while a memory mapping
-//! would crash. Several threads can read at the same time.
+//! What distinguishes a file's content from any other: it changes when the file is replaced or written to.
+//! Times in nanoseconds since 1970.
+struct FileIdentity
+{
+    quint64 device = 0;
+    quint64 inode = 0;
+    qint64 size = 0; //!< bytes
+    qint64 modified = 0;
+    qint64 changed = 0; //!< the content, or the name or the rights
+
+    bool operator==(const FileIdentity &other) const
+    {
+        return device == other.device && inode == other.inode && size == other.size &&
+               modified == other.modified && changed == other.changed;
+    }
+};
+
+inline uint qHash(const FileIdentity &identity, uint seed = 0)
+{
+    return ::qHash(identity.inode, seed) ^ ::qHash(identity.modified, seed);
+}
+
+//! A regular file that is open for reading at any position, with a buffer, so that small reads of
+//! neighbouring bytes take few system calls. Does not block on other kinds of files (a FIFO without a writer,
+//! a terminal). If the file shrinks meanwhile, fewer bytes are read, while a memory mapping would crash. An
+//! object must be used by one thread only.
 class RegularFile
 {
 public:
@@ -32,12 +57,18 @@ public:
     //! open.
     int openError() const { return m_openError; }
     //! The size in bytes when the file was opened; 0 if it is not open.
-    qint64 size() const { return m_size; }
+    qint64 size() const { return m_identity.size; }
+    //! When the file was opened; all 0 if it is not open.
+    const FileIdentity &identity() const { return m_identity; }
     //! The modification time when the file was opened; invalid if it is not open.
-    const QDateTime &modified() const { return m_modified; }
+    QDateTime modified() const;
     //! True if range is inside the file, with the size that it had when it was opened.
     bool contains(const FileRange &range) const;
 
+    //! Reads a range into the buffer. \return false, with errno set, if reading fails
+    bool prefetch(const FileRange &range) const;
+    //! The bytes of range in the buffer, valid until the next read; null if not all of them could be read.
+    const uchar *view(const FileRange &range) const;
     //! Reads up to maxSize bytes at offset into data.
     //! \return the number of bytes, which is less than maxSize only at the end of the file; -1, with errno
     //! set, if reading fails
@@ -49,10 +80,14 @@ public:
     RegularFile &operator=(const RegularFile &) = delete;
 
 private:
+    bool isBuffered(const FileRange &range) const;
+    qint64 readDirectly(qint64 offset, char *data, qint64 maxSize) const;
+
     int m_descriptor = -1;
     int m_openError = 0;
-    qint64 m_size = 0;
-    QDateTime m_modified;
+    FileIdentity m_identity;
+    mutable QVarLengthArray<char, 512> m_buffer;
+    mutable qint64 m_bufferAt = 0; //!< in the file
 };
 
 } // namespace fxhost

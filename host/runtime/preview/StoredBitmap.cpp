@@ -178,10 +178,16 @@ std::optional<PictureLayout> layOutBitmap(const RegularFile &file, const FileRan
         palette = file.readAll(data.offset + paletteAt, paletteSize);
     PictureLayout layout;
     layout.format = "bmp";
+    layout.size = QSize(header->width, static_cast<int>(header->rows()));
     layout.bitsPerPixel = plainPixel;
     layout.head = newHead(*header, palette);
     layout.ranges = {{pixels.offset, std::min(pixels.size, mostSize)}};
     layout.isInRuns = header->isInRuns();
+    if (header->compression == Uncompressed && header->bits >= 8 && header->bits != 16) {
+        layout.rows = {header->bits, header->height < 0,
+                       layout.head.right(header->hasPalette() ? maxColors * colorSize : 0),
+                       layout.ranges.front()};
+    }
     return layout;
 }
 

@@ -5,6 +5,9 @@
 
 #include <QtEndian>
 
+#include <algorithm>
+#include <array>
+
 namespace fxhost {
 
 namespace {
@@ -12,6 +15,7 @@ namespace {
 // Sizes and positions in bytes.
 constexpr int signatureSize = 8;
 constexpr int chunkStartSize = 8; //!< length of the data and type
+constexpr int lengthSize = 4;
 constexpr int checksumSize = 4;
 constexpr int imageHeaderSize = 13;
 constexpr int widthAt = signatureSize + chunkStartSize;
@@ -55,6 +59,31 @@ std::optional<Chunk> chunkAt(const RegularFile &file, qint64 offset, qint64 end)
     return chunk.whole.end() <= end ? std::optional(chunk) : std::nullopt;
 }
 
+//! Sorts the chunks of which a decoder makes the picture.
+class PngSorter
+{
+public:
+    void add(const Chunk &chunk)
+    {
+        const std::array<const char *, 4> order = {"IHDR", "PLTE", "tRNS", "IDAT"};
+        const std::array<FileRange *, 3> once = {&parts.header, &parts.palette, &parts.transparency};
+        const auto index =
+            static_cast<size_t>(std::find(order.begin(), order.end(), chunk.type) - order.begin());
+        const FileRange range = {chunk.whole.offset + lengthSize, chunk.whole.size - lengthSize};
+        parts.areInOrder = parts.areInOrder && index >= m_next && index < order.size();
+        if (index < once.size())
+            *once[index] = range;
+        else
+            parts.data.push_back(range);
+        m_next = std::min(index + 1, once.size());
+    }
+
+    PngParts parts;
+
+private:
+    size_t m_next = 0; //!< the lowest index that may come next
+};
+
 void append(std::vector<FileRange> &ranges, const FileRange &range)
 {
     if (!ranges.empty() && ranges.back().end() == range.offset)
@@ -76,8 +105,11 @@ std::optional<PictureLayout> layOutPng(const RegularFile &file, const FileRange 
 
     PictureLayout layout;
     layout.format = "png";
+    layout.size = QSize(static_cast<int>(numberAt(fileStart, widthAt)),
+                        static_cast<int>(numberAt(fileStart, heightAt)));
     layout.bitsPerPixel = bits;
     layout.ranges = {{data.offset, signatureSize}};
+    PngSorter sorter;
     int chunks = 0;
     for (qint64 at = data.offset + signatureSize; chunks < maxChunks; ++chunks) {
         const std::optional<Chunk> chunk = chunkAt(file, at, data.end());
@@ -85,8 +117,12 @@ std::optional<PictureLayout> layOutPng(const RegularFile &file, const FileRange 
             return std::nullopt;
         if (chunk->matters())
             append(layout.ranges, chunk->whole);
-        if (chunk->type == "IEND")
+        if (chunk->type == "IEND") {
+            layout.png = sorter.parts;
             return layout;
+        }
+        if (chunk->matters())
+            sorter.add(*chunk);
         at = chunk->whole.end();
     }
     return std::nullopt;

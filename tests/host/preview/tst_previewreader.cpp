@@ -7,6 +7,8 @@
 
 #include <QTemporaryDir>
 
+#include <array>
+
 using namespace testbytes;
 
 namespace {
@@ -121,6 +123,27 @@ void addBitmapsInRuns()
     }
 }
 
+//! A PNG whose rows all have this filter, and arbitrary bytes. \param chunks are placed before the data
+QByteArray filteredPng(int colorType, int filter, const QByteArray &chunks)
+{
+    constexpr std::array<int, 7> channels = {1, 0, 3, 1, 2, 0, 4};
+    constexpr int width = 37;
+    constexpr int height = 11;
+    QByteArray raw;
+    for (int y = 0; y < height; ++y) {
+        raw += static_cast<char>(filter);
+        for (int i = 0; i < width * channels.at(static_cast<std::size_t>(colorType)); ++i)
+            raw += static_cast<char>((i * i + 7 * y * i + 31 * y) % 251);
+    }
+    QByteArray palette;
+    for (int i = 0; i < 3 * 256; ++i)
+        palette += static_cast<char>(i * 5);
+    constexpr int qtsOwnPrefix = 4; // bytes before the zlib stream
+    return QByteArray("\x89PNG\r\n\x1a\n") + PngHeader{width, height, 8, colorType}.bytes() +
+           (colorType == 3 ? pngChunk("PLTE", palette) : QByteArray()) + chunks +
+           pngChunk("IDAT", qCompress(raw).mid(qtsOwnPrefix)) + pngChunk("IEND", {});
+}
+
 void addPlaces()
 {
     DrawingBytes drawing = drawingWith();
@@ -219,6 +242,15 @@ private slots:
         QTest::newRow("glass") << pngOf(glass);
         QTest::newRow("palette of glass") << pngOf(glass.convertToFormat(QImage::Format_Indexed8));
         QTest::newRow("interlaced") << blankPng({40, 30, 8, 2, true});
+        // Each row's filter, with every kind of pixel. The data may be any bytes.
+        for (const int colorType : {0, 2, 3, 4, 6}) {
+            for (int filter = 0; filter < 5; ++filter)
+                QTest::addRow("type %d, filter %d", colorType, filter) << filteredPng(colorType, filter, {});
+        }
+        const QByteArray transparency = pngChunk("tRNS", QByteArray(100, '\x40'));
+        QTest::newRow("palette with transparency") << filteredPng(3, 0, transparency);
+        QTest::newRow("one transparent colour")
+            << filteredPng(2, 0, pngChunk("tRNS", QByteArray("\0\1\0\2\0\3", 6)));
         QTest::newRow("with text") << blankPng({40, 30}, pngChunk("tEXt", QByteArray("Title\0House", 11)));
     }
 
@@ -227,7 +259,9 @@ private slots:
         QFETCH(QByteArray, png);
         const QImage whole = QImage::fromData(png, "PNG");
         QVERIFY(!whole.isNull());
-        QCOMPARE(read(drawingWith(pngEntry(png)).bytes()), whole);
+        QCOMPARE(read(drawingWith(pngEntry(png)).bytes()),
+                 whole.convertToFormat(whole.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
+                                                               : QImage::Format_RGB32));
     }
 
     void linksAreFollowed()

@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: MIT
+#include "host/runtime/preview/PlainPng.h"
+
+#include <QtEndian>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <memory>
+
+#include <libdeflate.h>
+
+namespace fxhost {
+
+namespace {
+
+//! The largest picture decoded here, with its filter types, and as large its compressed data; in bytes. Both
+//! are in memory at once.
+constexpr qint64 mostBytes = 8 * 1024 * 1024;
+
+constexpr int typeSize = 4; //!< of a chunk, as the next in bytes
+constexpr int checksumSize = 4;
+constexpr int colorSize = 3; //!< in a palette
+constexpr int mostColors = 256;
+// A header's data: width and height, then a byte each for depth, colour type, compression, filters,
+// interlacing.
+constexpr int headerSize = 13;
+constexpr int depthAt = 8;
+constexpr int colorTypeAt = 9;
+
+enum ColorType { Gray = 0, Rgb = 2, Palette = 3, GrayAlpha = 4, Rgba = 6 };
+enum Filter : uchar { None, Sub, Up, Average, Paeth };
+
+//! The size of a chunk, without its length, whose data have this size.
+constexpr qint64 wholeSize(int dataSize)
+{
+    return typeSize + qint64(dataSize) + checksumSize;
+}
+
+int channelsOf(int colorType)
+{
+    switch (colorType) {
+    case Gray:
+    case Palette:
+        return 1;
+    case GrayAlpha:
+        return 2;
+    case Rgb:
+        return 3;
+    case Rgba:
+        return 4;
+    default:
+        return 0;
+    }
+}
+
+//! The data of a chunk, appended to bytes. \return false if its checksum is wrong
+bool append(QByteArray &bytes, const RegularFile &file, const FileRange &chunk)
+{
+    const QByteArray whole = file.readAll(chunk.offset, static_cast<int>(chunk.size));
+    if (whole.isEmpty()) // the file has shrunk
+        return false;
+    const int checkedSize = whole.size() - checksumSize;
+    const quint32 checksum = libdeflate_crc32(0, whole.constData(), static_cast<size_t>(checkedSize));
+    if (checksum != qFromBigEndian<quint32>(whole.constData() + checkedSize))
+        return false;
+    bytes.append(whole.constData() + typeSize, checkedSize - typeSize);
+    return true;
+}
+
+bool inflate(const QByteArray &stream, QByteArray &rows)
+{
+    // A zlib stream: two bytes, the data, a checksum of four. See RFC 1950.
+    constexpr int headSize = 2;
+    constexpr int endSize = 4;
+    if (stream.size() < headSize + endSize || (stream.at(0) & 0x0F) != 8 || (stream.at(1) & 0x20) != 0 ||
+        qFromBigEndian<quint16>(stream.constData()) % 31 != 0)
+        return false;
+    const std::unique_ptr<libdeflate_decompressor, void (*)(libdeflate_decompressor *)> decompressor(
+        libdeflate_alloc_decompressor(), libdeflate_free_decompressor);
+    return decompressor &&
+           libdeflate_deflate_decompress(decompressor.get(), stream.constData() + headSize,
+                                         static_cast<size_t>(stream.size() - headSize - endSize), rows.data(),
+                                         static_cast<size_t>(rows.size()), nullptr) == LIBDEFLATE_SUCCESS;
+}
+
+int paeth(int left, int above, int aboveLeft)
+{
+    const int toLeft = std::abs(above - aboveLeft);
+    const int toAbove = std::abs(left - aboveLeft);
+    const int toAboveLeft = std::abs(left + above - 2 * aboveLeft);
+    if (toLeft <= toAbove && toLeft <= toAboveLeft)
+        return left;
+    return toAbove <= toAboveLeft ? above : aboveLeft;
+}
+
+//! Undoes a row's filter in place. \param above the row above, of zeros for the first one
+//! \return false if there is no such filter
+template<int channels>
+bool unfilter(uchar filter, uchar *row, const uchar *above, int size)
+{
+    const auto add = [row](int i, int prediction) { row[i] = static_cast<uchar>(row[i] + prediction); };
+    switch (filter) {
+    case None:
+        return true;
+    case Sub:
+        for (int i = channels; i < size; ++i)
+            add(i, row[i - channels]);
+        return true;
+    case Up:
+        for (int i = 0; i < size; ++i)
+            add(i, above[i]);
+        return true;
+    case Average:
+        for (int i = 0; i < channels; ++i)
+            add(i, above[i] / 2);
+        for (int i = channels; i < size; ++i)
+            add(i, (row[i - channels] + above[i]) / 2);
+        return true;
+    case Paeth:
+        for (int i = 0; i < channels; ++i)
+            add(i, above[i]);
+        for (int i = channels; i < size; ++i)
+            add(i, paeth(row[i - channels], above[i], above[i - channels]));
+        return true;
+    default:
+        return false;
+    }
+}
+
+//! \param rows each with its filter type before it
+template<int channels, class Pixel>
+QImage toImage(const QSize &size, QImage::Format format, QByteArray &rows, Pixel pixel)
+{
+    const int rowSize = channels * size.width();
+    const QByteArray zeros(rowSize, '\0');
+    const auto *above = reinterpret_cast<const uchar *>(zeros.constData());
+    auto *row = reinterpret_cast<uchar *>(rows.data());
+    QImage image(size, format);
+    for (int y = 0; !image.isNull() && y < size.height(); ++y) {
+        const uchar filter = *row++;
+        if (!unfilter<channels>(filter, row, above, rowSize))
+            return {};
+        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
+        for (int x = 0; x < size.width(); ++x)
+            line[x] = pixel(row + channels * x);
+        above = row;
+        row += rowSize;
+    }
+    return image;
+}
+
+//! The colours of all values that a pixel can have: those after the palette's end are its last one.
+std::array<QRgb, mostColors> colorsOf(const QByteArray &palette, const QByteArray &transparency)
+{
+    std::array<QRgb, mostColors> colors = {};
+    for (int i = 0; i < mostColors; ++i) {
+        const int index = std::min(i, palette.size() / colorSize - 1);
+        const auto *color = reinterpret_cast<const uchar *>(palette.constData()) + colorSize * index;
+        const int alpha = index < transparency.size() ? static_cast<uchar>(transparency.at(index)) : 255;
+        colors.at(static_cast<size_t>(i)) = qRgba(color[0], color[1], color[2], alpha);
+    }
+    return colors;
+}
+
+//! \return false if what is stored is broken
+bool readPalette(const RegularFile &file, const PngParts &parts, QByteArray &palette,
+                 QByteArray &transparency)
+{
+    if (parts.palette.size > wholeSize(mostColors * colorSize) || !append(palette, file, parts.palette))
+        return false;
+    const int colors = palette.size() / colorSize;
+    if (colors == 0 || colors * colorSize != palette.size())
+        return false;
+    return parts.transparency.size == 0 ||
+           (parts.transparency.size <= wholeSize(colors) && append(transparency, file, parts.transparency));
+}
+
+} // namespace
+
+QImage decodePlainPng(const RegularFile &file, const QSize &size, const PngParts &parts)
+{
+    QByteArray header;
+    if (!parts.areInOrder || parts.header.size != wholeSize(headerSize) ||
+        !append(header, file, parts.header))
+        return {};
+    const int colorType = header.at(colorTypeAt);
+    const int channels = channelsOf(colorType);
+    const qint64 rowsSize = qint64(size.height()) * (1 + qint64(channels) * size.width());
+    qint64 streamSize = 0;
+    for (const FileRange &chunk : parts.data)
+        streamSize += chunk.size;
+    const bool hasPalette = colorType == Palette;
+    const bool isPlain = header.at(depthAt) == 8 && header.mid(colorTypeAt + 1) == QByteArray(3, 0);
+    if (!isPlain || channels == 0 || rowsSize > mostBytes || streamSize > mostBytes ||
+        (!hasPalette && parts.transparency.size > 0))
+        return {};
+
+    QByteArray palette;
+    QByteArray transparency;
+    if (hasPalette && !readPalette(file, parts, palette, transparency))
+        return {};
+    QByteArray stream;
+    stream.reserve(static_cast<int>(streamSize));
+    for (const FileRange &chunk : parts.data) {
+        if (!append(stream, file, chunk))
+            return {};
+    }
+    QByteArray rows(static_cast<int>(rowsSize), Qt::Uninitialized);
+    if (!inflate(stream, rows))
+        return {};
+
+    const QImage::Format opaque = QImage::Format_RGB32;
+    const QImage::Format translucent = QImage::Format_ARGB32;
+    switch (colorType) {
+    case Gray:
+        return toImage<1>(size, opaque, rows, [](const uchar *p) { return qRgb(p[0], p[0], p[0]); });
+    case Rgb:
+        return toImage<3>(size, opaque, rows, [](const uchar *p) { return qRgb(p[0], p[1], p[2]); });
+    case GrayAlpha:
+        return toImage<2>(size, translucent, rows,
+                          [](const uchar *p) { return qRgba(p[0], p[0], p[0], p[1]); });
+    case Rgba:
+        return toImage<4>(size, translucent, rows,
+                          [](const uchar *p) { return qRgba(p[0], p[1], p[2], p[3]); });
+    default:
+        break;
+    }
+    const std::array<QRgb, mostColors> colors = colorsOf(palette, transparency);
+    return toImage<1>(size, transparency.isEmpty() ? opaque : translucent, rows,
+                      [&colors](const uchar *p) { return colors[*p]; });
+}
+
+} // namespace fxhost

@@ -13,7 +13,7 @@
 #include "host/runtime/log/HostLog.h"
 #include "host/runtime/mainframe/MainFrame.h"
 #include "host/runtime/modules/ModuleManager.h"
-#include "host/runtime/preview/PreviewReader.h"
+#include "host/runtime/preview/PreviewCache.h"
 #include "host/runtime/probe/FileProbe.h"
 #include "host/runtime/recent/ReachableRecentFiles.h"
 #include "host/runtime/recent/RecentFileStore.h"
@@ -70,6 +70,7 @@ FxHost::FxHost(const QString &profileDir, const QString &logFile, QObject *paren
     m_recentFiles = std::make_unique<RecentFiles>(*m_recentFileStore, *m_settings, report);
     m_fileProbe = std::make_unique<FileProbe>();
     m_reachableRecentFiles = std::make_unique<ReachableRecentFiles>(*m_recentFiles, *m_fileProbe, report);
+    m_previews = std::make_unique<PreviewCache>();
     m_profile = std::make_unique<Profile>(*m_reachableRecentFiles);
     m_editor = std::make_unique<Editor>(report);
     m_mainFrame = std::make_unique<MainFrame>(*m_editor);
@@ -237,7 +238,7 @@ void FxHost::setModalState(bool isModal)
 
 QImage FxHost::readPreview(const CFxString &path) const
 {
-    return fxhost::readPreview(path);
+    return m_previews->read(path);
 }
 
 } // namespace fxhost

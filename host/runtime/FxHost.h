@@ -26,6 +26,7 @@ class HostLog;
 class HostSettings;
 class MainFrame;
 class ModuleManager;
+class PreviewCache;
 class ReachableRecentFiles;
 class RecentFileStore;
 class RecentFiles;
@@ -105,6 +106,7 @@ private:
     std::unique_ptr<RecentFiles> m_recentFiles;
     std::unique_ptr<FileProbe> m_fileProbe;
     std::unique_ptr<ReachableRecentFiles> m_reachableRecentFiles;
+    std::unique_ptr<PreviewCache> m_previews;
     std::unique_ptr<Editor> m_editor;
     std::unique_ptr<MainFrame> m_mainFrame;
     std::unique_ptr<DocumentManager> m_documents;

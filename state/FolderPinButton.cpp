@@ -9,6 +9,7 @@
 
 #include <QDialog>
 #include <QFileInfo>
+#include <QHash>
 #include <QPointer>
 #include <QProcess>
 #include <QTimer>
@@ -156,20 +157,24 @@ void FolderPinButton::takeOverPinsOfTiles()
         return;
     const QList<FolderPinButton *> menuButtons = RecentDocumentBrowser::menuPinButtonList;
     const QList<FolderPinButton *> tileButtons = RecentDocumentBrowser::docPinButtonList;
-    if (!tileButtons.contains(this)) {
-        // This button is in an older popup; the list contains the newest popup's buttons.
-        for (FolderPinButton *tileButton : tileButtons) {
-            if (tileButton && tileButton->m_path == m_path)
-                tileButton->setChecked(isChecked());
-        }
+    QHash<QString, QList<FolderPinButton *>> tileButtonsOf; // of a path, in the list's order
+    for (FolderPinButton *tileButton : tileButtons) {
+        if (tileButton)
+            tileButtonsOf[tileButton->m_path].append(tileButton);
+    }
+    const QList<FolderPinButton *> newest = tileButtonsOf.value(m_path);
+    if (!newest.contains(this)) { // this button is in an older popup; the list contains the newest popup's
+        for (FolderPinButton *tileButton : newest)
+            tileButton->setChecked(isChecked());
     }
     RecentDocumentBrowser::menuPinButtonList.clear();
     for (FolderPinButton *menuButton : menuButtons) {
-        for (const FolderPinButton *tileButton : tileButtons) {
-            if (menuButton && tileButton && tileButton->m_path == menuButton->m_path) {
-                menuButton->setChecked(tileButton->isChecked());
-                RecentDocumentBrowser::AddInToMenuPinButtonList(menuButton);
-            }
+        if (!menuButton)
+            continue;
+        const QList<FolderPinButton *> samePath = tileButtonsOf.value(menuButton->m_path);
+        for (const FolderPinButton *tileButton : samePath) {
+            menuButton->setChecked(tileButton->isChecked());
+            RecentDocumentBrowser::AddInToMenuPinButtonList(menuButton);
         }
     }
 }

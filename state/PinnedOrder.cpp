@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "module/RecentDocumentBrowser.h"
 #include "module/RecentFileAction.h"
+#include "state/ActionOrder.h"
 #include "state/FolderPinButton.h"
 #include "state/TileOwner.h"
 
+#include <QHash>
 #include <QMenu>
+#include <QSet>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -30,46 +34,45 @@ void RecentDocumentBrowser::UpdatePin(QString & /*unused*/)
     const QList<QAction *> actions = recentDocActionList;
     QList<FolderPinButton *> pinnedButtons;
     QList<FolderPinButton *> otherButtons;
-    QList<QAction *> pinned;
-    QList<QAction *> others;
-    int number = 1;
-
-    for (FolderPinButton *button : buttons) {
-        if (!button || !button->isChecked()) {
-            otherButtons.append(button);
-            continue;
-        }
-        pinnedButtons.append(button);
-        for (QAction *action : actions) {
-            // The action's text always keeps its first number; only the path after it is compared.
-            if (FolderPinButton::pathInMenuText(action->text()) == button->path()) {
-                renumber(action, number++);
-                pinned.append(action);
-            }
-        }
-    }
+    for (FolderPinButton *button : buttons)
+        (button && button->isChecked() ? pinnedButtons : otherButtons).append(button);
     menuPinButtonList.clear();
     std::for_each(pinnedButtons.begin(), pinnedButtons.end(), AddInToMenuPinButtonList);
     std::for_each(otherButtons.begin(), otherButtons.end(), AddInToMenuPinButtonList);
 
-    for (QAction *action : actions) {
-        if (!action->isSeparator() && !pinned.contains(action)) {
-            renumber(action, number++);
-            others.append(action);
-        }
+    QHash<QString, QList<QAction *>> actionsOfPath;
+    if (!pinnedButtons.isEmpty()) {
+        // An action's text always keeps its first number; only the path after it is compared.
+        for (QAction *action : actions)
+            actionsOfPath[FolderPinButton::pathInMenuText(action->text())].append(action);
     }
+    QList<QAction *> pinned;
+    for (const FolderPinButton *button : qAsConst(pinnedButtons))
+        pinned += actionsOfPath.value(button->path());
+    const QSet<QAction *> arePinned(pinned.begin(), pinned.end());
+    QList<QAction *> others;
+    std::copy_if(actions.begin(), actions.end(), std::back_inserter(others), [&arePinned](QAction *action) {
+        return !action->isSeparator() && !arePinned.contains(action);
+    });
+    int number = 1;
+    for (const QAction *action : pinned + others)
+        renumber(action, number++);
 
     QMenu *const menu = TileOwner::livingMenu();
     if (!menu)
         return; // not created yet, or deleted by its owner
     QAction *const successor = TileOwner::livingSuccessor();
-    // Inserting an action that is already in the menu moves it.
+    ActionOrder order(*menu);
     QAction *const afterPinned = others.isEmpty() ? successor : others.first();
     for (QAction *action : qAsConst(pinned))
-        menu->insertAction(afterPinned, action);
+        order.insert(afterPinned, action);
     // Each call adds another separator; those of earlier calls remain.
-    if (!pinned.isEmpty() && !others.isEmpty())
-        menu->insertSeparator(afterPinned);
+    if (!pinned.isEmpty() && !others.isEmpty()) {
+        auto *separator = new QAction(menu);
+        separator->setSeparator(true);
+        order.insert(afterPinned, separator);
+    }
     for (QAction *action : qAsConst(others))
-        menu->insertAction(successor, action);
+        order.insert(successor, action);
+    order.applyTo(*menu);
 }

@@ -46,7 +46,7 @@ void TileOwner::setOwnerOfTiles(const QWidget *popup)
 
 void TileOwner::tileDestroyed(const QObject *tile)
 {
-    if (isRegistryDestroyed)
+    if (isRegistryDestroyed || !owner)
         return;
     const QList<RecentDocDialog *> &tiles = RecentDocumentBrowser::recentDocDialogList;
     if (std::any_of(tiles.begin(), tiles.end(),

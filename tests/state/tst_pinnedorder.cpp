@@ -140,6 +140,35 @@ private slots:
         QCOMPARE(RecentDocumentBrowser::recentDocActionList, entries);
     }
 
+    //! An entry that leaves the menu is removed from it first, and its widgets are polished again.
+    void onlyWhatIsOutOfPlaceMoves()
+    {
+        class Removals : public QObject
+        {
+        public:
+            int count = 0;
+            bool eventFilter(QObject * /*menu*/, QEvent *event) override
+            {
+                count += event->type() == QEvent::ActionRemoved;
+                return false;
+            }
+        } removals;
+        PinMenu pins(wxyz);
+        pins.menu.installEventFilter(&removals);
+        updatePins(); // the closing separator moves in front of the entries
+        QCOMPARE(removals.count, 1);
+        updatePins();
+        QCOMPARE(removals.count, 1);
+        pins.setPinned(2);
+        updatePins();
+        QCOMPARE(removals.count, 2);
+        updatePins(); // the separator between the groups moves in front of both, and a new one takes its
+                      // place
+        QCOMPARE(removals.count, 3);
+        QCOMPARE(joinedMenu(pins),
+                 QStringLiteral("New | --- | --- | --- | &1 Y | --- | &2 W | &3 X | &4 Z | Quit"));
+    }
+
     void aNumberReplacesTheFormerOne_data()
     {
         QTest::addColumn<QString>("text");

@@ -31,20 +31,26 @@ protected:
 
 } // namespace
 
-RecentFileAction::RecentFileAction(const CFxString &text, const CFxString &path)
+RecentFileAction::RecentFileAction(const CFxString &text, const CFxString &path, QMenu *menu,
+                                   QAction *successor)
     : QWidgetAction(nullptr), filePath(path)
 {
     setText(text);
 
-    auto *widget = new QWidget(menu());
+    // The widget is in its menu, and the buttons are in the widget, before they get their style sheets: Qt
+    // applies the sheets of widgets that get another parent, even if these are never shown.
+    auto *widget = new QWidget;
+    setDefaultWidget(widget);
+    if (menu)
+        menu->insertAction(successor, this);
     widget->setStyleSheet(QStringLiteral(":hover{color:blue ; background-color:palette(highlight);}"));
-    auto *layout = new QHBoxLayout;
+    auto *layout = new QHBoxLayout(widget);
     layout->setAlignment(Qt::AlignTop);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
 
     QString displayText = FolderPinButton::pathInMenuText(text);
-    textButton = new MenuTextButton(menu(), displayText);
+    textButton = new MenuTextButton(widget, displayText);
     textButton->setObjectName(QStringLiteral("menuTextButton"));
     textButton->setText(text);
     textButton->setLayoutDirection(Qt::LeftToRight); // paths are always left to right
@@ -52,8 +58,8 @@ RecentFileAction::RecentFileAction(const CFxString &text, const CFxString &path)
         QStringLiteral("QToolButton {                        color: rgba(0, 0, 0, 100%);"
                        "                        background-color: rgba(0, 0, 0, 0%);"
                        "                    }"));
-    FolderPinButton *pin = RecentDocumentBrowser::CreatePinButton(menu(), displayText);
-    FolderPinButton *folder = RecentDocumentBrowser::CreateFolderButton(menu(), displayText);
+    FolderPinButton *pin = RecentDocumentBrowser::CreatePinButton(widget, displayText);
+    FolderPinButton *folder = RecentDocumentBrowser::CreateFolderButton(widget, displayText);
 
     layout->addWidget(textButton);
     layout->addSpacerItem(new QSpacerItem(40, 20, QSizePolicy::Expanding, QSizePolicy::Minimum));
@@ -62,7 +68,4 @@ RecentFileAction::RecentFileAction(const CFxString &text, const CFxString &path)
         layout->addWidget(pin);
     }
     RecentDocumentBrowser::AddInToMenuPinButtonList(pin);
-
-    widget->setLayout(layout);
-    setDefaultWidget(widget);
 }

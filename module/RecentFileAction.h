@@ -15,7 +15,10 @@ public:
     //! Creates an entry without a parent and adds its pin button to the registry's menu pin buttons.
     //! \param text the menu text: an ampersand, the entry's number, a blank, the path
     //! \param path exactly as in the host's list
-    RecentFileAction(const CFxString &text, const CFxString &path);
+    //! \param menu the entry is inserted there; may be null
+    //! \param successor the action of the menu to insert the entry before; null to append it
+    RecentFileAction(const CFxString &text, const CFxString &path, QMenu *menu = nullptr,
+                     QAction *successor = nullptr);
 
     const CFxString filePath;
     //! Shows the text; owned by the entry's widget.

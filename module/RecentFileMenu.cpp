@@ -20,9 +20,9 @@ void RecentDocumentBrowser::AddRecentFiles(QMenu *menu, QAction *successor)
     for (const CFxString &path : paths) {
         // The number is the entry's mnemonic; from the tenth entry on, its first digit is.
         const CFxString prefix = CFxString::format("&%i ", number++);
-        auto *action = new RecentFileAction(QString(prefix) + QDir::toNativeSeparators(path), path);
+        auto *action =
+            new RecentFileAction(QString(prefix) + QDir::toNativeSeparators(path), path, menu, successor);
         ModuleLifetime::keep(action);
-        menu->insertAction(successor, action);
         recentDocActionList.append(action);
     }
     menu->insertSeparator(successor);

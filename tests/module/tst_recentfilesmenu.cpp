@@ -103,6 +103,18 @@ private slots:
         TestCase::cleanup();
     }
 
+    //! The hidden menu is never shown. Polishing its widgets takes longer than all the rest.
+    void nothingIsPolishedUnseen()
+    {
+        FilledMenu inHost;
+        for (QAction *action : inHost.menu.actions().mid(2, 3)) {
+            const auto *entry = qobject_cast<RecentFileAction *>(action);
+            for (const QWidget *widget : entry->defaultWidget()->findChildren<QWidget *>())
+                QVERIFY(!widget->testAttribute(Qt::WA_WState_Polished));
+            QVERIFY(!entry->defaultWidget()->testAttribute(Qt::WA_WState_Polished));
+        }
+    }
+
     void entriesAreBetweenTwoSeparators()
     {
         FilledMenu inHost;

@@ -2,11 +2,13 @@
 #include "module/ModuleLifetime.h"
 
 #include "module/RecentDocumentBrowser.h"
-#include "state/ButtonIcons.h"
+#include "state/SharedIcons.h"
 #include "state/TileOwner.h"
 #include "ui/Accessibility.h"
 #include "ui/QBalloonTip.h"
 #include "ui/RecentDocMainWindow.h"
+#include "ui/StyledGrounds.h"
+#include "ui/TilePictures.h"
 
 #include <OdRxObject.h>
 
@@ -86,7 +88,9 @@ void end()
              remaining ? remaining->objects : std::vector<QPointer<QObject>>())
             delete object;
     }
-    ButtonIcons::drop();
+    SharedIcons::drop();
+    StyledGrounds::clear();
+    TilePictures::drop();
 }
 
 } // namespace ModuleLifetime

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "module/RecentDocumentBrowser.h"
-#include "state/ButtonIcons.h"
 #include "state/FolderPinButton.h"
+#include "state/SharedIcons.h"
 
 #include <QIcon>
 
@@ -16,7 +16,7 @@ FolderPinButton *createButton(QWidget *parent, QString &path, const QString &nam
     auto *button = new FolderPinButton(parent, path);
     button->setObjectName(name);
     button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    button->setGeometry(QRect(QPoint(left, 0), ButtonIcons::size));
+    button->setGeometry(QRect(QPoint(left, 0), SharedIcons::size));
     button->setCursor(Qt::PointingHandCursor);
     return button;
 }
@@ -27,7 +27,7 @@ FolderPinButton *RecentDocumentBrowser::CreatePinButton(QWidget *parent, QString
 {
     FolderPinButton *button = createButton(parent, path, QStringLiteral("pinButton"), pinButtonLeft);
     button->setCheckable(true);
-    button->setIcon(ButtonIcons::pin());
+    button->setIcon(SharedIcons::pin());
     button->setTipText(QObject::tr("Pin this document to the Recent Documents list"));
     return button;
 }
@@ -36,7 +36,7 @@ FolderPinButton *RecentDocumentBrowser::CreateFolderButton(QWidget *parent, QStr
 {
     FolderPinButton *button = createButton(parent, path, QStringLiteral("folderButton"), folderButtonLeft);
     button->setEnabled(true);
-    button->setIcon(ButtonIcons::folder());
+    button->setIcon(SharedIcons::folder());
     button->setTipText(QObject::tr("Show in Folder"));
     return button;
 }

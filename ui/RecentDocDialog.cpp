@@ -4,14 +4,18 @@
 #include "module/HostAccess.h"
 #include "module/RecentDocumentBrowser.h"
 #include "state/FolderPinButton.h"
+#include "state/SharedIcons.h"
 #include "ui/Accessibility.h"
 #include "ui/HighlightEffect.h"
 #include "ui/RecentDocMainWindow.h"
+#include "ui/StyledGrounds.h"
+#include "ui/TilePictures.h"
 
 #include <QFileInfo>
 #include <QFocusEvent>
 #include <QFontMetrics>
 #include <QIcon>
+#include <QPainter>
 
 namespace {
 
@@ -25,7 +29,6 @@ constexpr int pathLength = 100;
 constexpr int keptOfPath = 97;
 //! The type icon: its side, and the offset of its corner from the picture's size before the layout is
 //! activated, in pixels. Together they place it in the tile's lower right corner.
-constexpr int typeIconSide = 21;
 constexpr QPoint typeIconShift(40, 80);
 
 QString restingSheet()
@@ -53,17 +56,18 @@ RecentDocDialog::RecentDocDialog(QWidget *parent, FolderPinButton *menuPinButton
                                  QImage &thumbnail, bool /*unused*/)
     : QDialog(parent), m_thumbnail(thumbnail), m_path(path)
 {
+    setWindowFlags(Qt::FramelessWindowHint); // without Qt::Dialog: a child widget
+    setStyleSheet(restingSheet());
     setupUi(this);
     m_nameLabel = title_label;
     m_pictureLabel = image_label;
 
     setAttribute(Qt::WA_MouseTracking);
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowFlags(Qt::FramelessWindowHint); // without Qt::Dialog: a child widget
+    setAttribute(Qt::WA_OpaquePaintEvent);
     setGeometry(tileGeometry);
     setFixedSize(tileGeometry.size());
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    setStyleSheet(restingSheet());
 
     buildName();
     buildPicture();
@@ -89,7 +93,7 @@ void RecentDocDialog::buildName()
 void RecentDocDialog::buildPicture()
 {
     m_pictureLabel->setScaledContents(true);
-    m_pictureLabel->setPixmap(QPixmap::fromImage(m_thumbnail));
+    m_pictureLabel->setPixmap(TilePictures::whole(m_thumbnail));
     m_pictureLabel->setStyleSheet(QStringLiteral(
         "QLabel {                        border-width: 0.1px;                        border: 1px "
         "solid;                        background-color: white;                        "
@@ -98,12 +102,10 @@ void RecentDocDialog::buildPicture()
 
 void RecentDocDialog::buildTypeIcon()
 {
-    const QSize size(typeIconSide, typeIconSide);
-    QIcon icon;
-    icon.addFile(QStringLiteral(":/Images/Resources/VELA_DWG.png"), size, QIcon::Normal, QIcon::Off);
+    const QSize size = SharedIcons::size;
     auto *label = new QLabel(this);
     label->setObjectName(QStringLiteral("Iconlabel"));
-    label->setPixmap(icon.pixmap(size));
+    label->setPixmap(SharedIcons::drawing().pixmap(size));
     label->setGeometry(
         QRect(QPoint(m_pictureLabel->width(), m_pictureLabel->height()) + typeIconShift, size));
 }
@@ -163,6 +165,15 @@ void RecentDocDialog::setMainWindowDocPathLabel(const QString &path)
     if (QFontMetrics(QFont()).horizontalAdvance(path) > parentWidget()->width())
         text = path.left(keptOfPath).leftJustified(pathLength, QLatin1Char('.'));
     RecentDocMainWindow::docPathLabel->setText(text);
+}
+
+void RecentDocDialog::paintEvent(QPaintEvent * /*event*/)
+{
+    // With a style sheet that is not opaque, Qt unsets the attribute and paints the background itself.
+    if (!testAttribute(Qt::WA_OpaquePaintEvent))
+        return;
+    QPainter painter(this);
+    StyledGrounds::paint(&painter, this);
 }
 
 void RecentDocDialog::giveFocusToPopup()

@@ -8,6 +8,7 @@
 #include "ui/HelpLabel.h"
 #include "ui/HighlightEffect.h"
 #include "ui/RecentDocDialog.h"
+#include "ui/StyledGrounds.h"
 
 #include <QCursor>
 #include <QDesktopServices>
@@ -54,6 +55,7 @@ QPointer<QLabel> RecentDocMainWindow::docPathLabel;
 RecentDocMainWindow::RecentDocMainWindow(QWidget *parent) : CFxDialog(parent, false, Qt::FramelessWindowHint)
 {
     Accessibility::begin();
+    StyledGrounds::clear();
     setupUi(this);
     activateWindow();
     setAcceptDrops(true);
@@ -206,6 +208,13 @@ void RecentDocMainWindow::focusOutEvent(QFocusEvent * /*event*/)
     dragDialog = nullptr;
     if (!isCollapsed && !geometry().contains(QCursor::pos()))
         done(0);
+}
+
+void RecentDocMainWindow::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::StyleChange || event->type() == QEvent::PaletteChange)
+        StyledGrounds::clear();
+    CFxDialog::changeEvent(event);
 }
 
 void RecentDocMainWindow::leaveEvent(QEvent * /*event*/) {}

@@ -4,6 +4,7 @@
 #include "tests/support/MarkingTranslator.h"
 #include "tests/ui/FormText.h"
 #include "tests/ui/OpenGrid.h"
+#include "ui/TilePictures.h"
 
 namespace {
 
@@ -154,6 +155,71 @@ private slots:
                                                       "                        background-color: white;"
                                                       "                        border-color: #C0C0C0"
                                                       "                            }"));
+    }
+
+    void pictureIsPaintedAsByQLabel_data()
+    {
+        QTest::addColumn<QImage>("picture");
+        const QImage pattern = pictureOf(QStringLiteral("/drawings/gear.dwg")).scaled(180, 112);
+        QImage glass = pattern.convertToFormat(QImage::Format_ARGB32);
+        for (int x = 0; x < glass.width(); ++x)
+            glass.setPixelColor(x, x / 2, QColor(200, 0, 0, x));
+        QTest::newRow("32 bits") << pattern.convertToFormat(QImage::Format_RGB32);
+        QTest::newRow("palette") << pattern.convertToFormat(QImage::Format_Indexed8);
+        QTest::newRow("with alpha") << glass;
+        QTest::newRow("a pixel") << pattern.copy(0, 0, 1, 1);
+        QTest::newRow("none") << QImage();
+    }
+
+    void pictureIsPaintedAsByQLabel()
+    {
+        QFETCH(QImage, picture);
+        FakeBrowser browser(1);
+        browser.host.onLoadPreview = [&](const QString & /*path*/, QImage &image) {
+            image = picture;
+            return true;
+        };
+        browser.createDocument();
+        browser.openPopup();
+        QLabel &kept = *browser.tiles().at(0)->image_label;
+        QDialog parent; // whose style sheet also applies to the label
+        parent.setStyleSheet(browser.tiles().at(0)->styleSheet());
+        QLabel plain(&parent);
+        plain.setScaledContents(true);
+        plain.setPixmap(QPixmap::fromImage(picture));
+        plain.setStyleSheet(kept.styleSheet());
+        plain.resize(kept.size());
+        const QImage expected = plain.grab().toImage();
+        QCOMPARE(kept.grab().toImage(), expected);
+        QCOMPARE(kept.grab().toImage(), expected); // what was kept
+    }
+
+    void scaledPicturesAreKept()
+    {
+        const QImage picture = pictureOf(QStringLiteral("/drawings/gear.dwg"));
+        const auto key = [&](int side) {
+            return TilePictures::scaled(TilePictures::whole(picture), QSize(side, side)).cacheKey();
+        };
+        const qint64 before = key(20);
+        QCOMPARE(key(20), before);
+        QVERIFY(key(21) != before);
+        QCOMPARE(key(20), before);
+        TilePictures::drop();
+        QVERIFY(key(20) != before);
+    }
+
+    void styleSheetsOfTheApplicationChangeOpenTiles()
+    {
+        FakeBrowser browser(2);
+        browser.createDocument();
+        browser.openPopup();
+        RecentDocDialog &tile = *browser.tiles().at(1);
+        const QImage before = tile.grab().toImage();
+        qApp->setStyleSheet(QStringLiteral("QDialog { border-radius: 20px; }"));
+        const QImage rounded = tile.grab().toImage();
+        qApp->setStyleSheet(QString());
+        QVERIFY(rounded != before);
+        QCOMPARE(tile.grab().toImage().convertToFormat(before.format()), before);
     }
 
     void aDocumentWithoutPictureGetsABlankOne()

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "state/ButtonIcons.h"
+#include "state/SharedIcons.h"
 
 #include <QIcon>
 
@@ -10,10 +10,11 @@ namespace {
 // Plain pointers, because a static host, and with it the buttons, outlives the library's static objects.
 const QIcon *pinIcon = nullptr;
 const QIcon *folderIcon = nullptr;
+const QIcon *drawingIcon = nullptr;
 
 } // namespace
 
-const QIcon &ButtonIcons::pin()
+const QIcon &SharedIcons::pin()
 {
     if (!pinIcon) {
         auto *icon = new QIcon;
@@ -25,7 +26,7 @@ const QIcon &ButtonIcons::pin()
     return *pinIcon;
 }
 
-const QIcon &ButtonIcons::folder()
+const QIcon &SharedIcons::folder()
 {
     if (!folderIcon) {
         auto *icon = new QIcon;
@@ -35,8 +36,19 @@ const QIcon &ButtonIcons::folder()
     return *folderIcon;
 }
 
-void ButtonIcons::drop()
+const QIcon &SharedIcons::drawing()
+{
+    if (!drawingIcon) {
+        auto *icon = new QIcon;
+        icon->addFile(QStringLiteral(":/Images/Resources/VELA_DWG.png"), size, QIcon::Normal, QIcon::Off);
+        drawingIcon = icon;
+    }
+    return *drawingIcon;
+}
+
+void SharedIcons::drop()
 {
     delete std::exchange(pinIcon, nullptr);
     delete std::exchange(folderIcon, nullptr);
+    delete std::exchange(drawingIcon, nullptr);
 }

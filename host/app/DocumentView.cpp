@@ -60,7 +60,7 @@ DocumentView::DocumentView(const Document &document, QWidget *parent) : QWidget(
     lines->setContentsMargins(stripMargin, stripMargin / 2, stripMargin, stripMargin / 2);
     lines->setSpacing(stripSpacing);
     if (!document.isNew()) {
-        addOrderedLine(lines, document.path(), look::ink, Qt::ElideMiddle)
+        addOrderedLine(lines, document.filePath(), look::ink, Qt::ElideMiddle)
             ->setObjectName(QStringLiteral("path"));
         addOrderedLine(lines, factsLine(document), look::faintInk, Qt::ElideRight)
             ->setObjectName(QStringLiteral("facts"));

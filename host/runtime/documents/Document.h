@@ -23,8 +23,9 @@ public:
     Document(const QString &path, const QString &canonicalPath, DrawingFile file);
     ~Document() override;
 
-    //! Empty for a new drawing.
+    // The path exactly as it was opened; empty for a new drawing.
     CFxString path() const override { return m_path; }
+    const QString &filePath() const { return m_path; }
     CFxString title() const override { return m_title; }
     QString canonicalPath() const { return m_canonicalPath; }
     //! The file's contents when it was opened; empty for a new drawing.

@@ -107,7 +107,7 @@ Outcome DocumentManager::openFile(const QString &path)
         return Outcome::failed(tr("Its disk or server does not respond."));
     const QString canonicalPath = QFileInfo(path).canonicalFilePath(); // empty if there is no file
     if (Document *document = findOpen(path, canonicalPath)) {
-        m_recentFiles.add(document->path());
+        m_recentFiles.add(document->filePath());
         bringToFront(document);
         return {};
     }
@@ -124,7 +124,7 @@ Document *DocumentManager::findOpen(const QString &path, const QString &canonica
 {
     for (const auto &document : m_documents) {
         const bool isSameFile = !canonicalPath.isEmpty() && document->canonicalPath() == canonicalPath;
-        const bool isSamePath = !document->isNew() && QString(document->path()) == path;
+        const bool isSamePath = !document->isNew() && document->filePath() == path;
         if ((isSamePath || isSameFile) && !isClosing(document.get()))
             return document.get();
     }
@@ -136,7 +136,7 @@ Document *DocumentManager::introduce(const std::shared_ptr<Document> &document)
     CFxDocument *const published = document.get();
     m_reactors.notify(&Reactor::DocumentCreateStarted, published);
     m_reactors.notify(&Reactor::DatabaseAttached, published);
-    m_recentFiles.add(document->path()); // not a new drawing's, which is empty
+    m_recentFiles.add(document->filePath()); // not a new drawing's, which is empty
     m_documents.push_back(document);
     emit documentAdded(document.get());
     m_reactors.notify(&Reactor::DocumentCreated, published);

@@ -91,8 +91,9 @@ DrawingFile readDrawing(const QString &path)
     if (drawing.outcome) {
         drawing.size = file.size();
         drawing.modified = file.modified();
-        drawing.preview = readPreview(file);
-        drawing.isPreviewAlone = holdsPreviewAlone(file);
+        const PreviewSection section = readPreviewSection(file);
+        drawing.preview = readPreview(file, section);
+        drawing.isPreviewAlone = isAlone(section, file);
     }
     return drawing;
 }

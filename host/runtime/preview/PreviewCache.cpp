@@ -2,6 +2,7 @@
 #include "host/runtime/preview/PreviewCache.h"
 
 #include "host/runtime/preview/PreviewReader.h"
+#include "host/runtime/preview/PreviewSection.h"
 
 #include <QMutexLocker>
 
@@ -39,7 +40,7 @@ QImage PreviewCache::read(const QString &path)
     }
     // Before the reading, because the file may change meanwhile.
     const bool isKept = isSettled(file.identity());
-    const QImage picture = readPreview(file);
+    const QImage picture = readPreview(file, readPreviewSection(file));
     if (isKept && !picture.isNull()) { // a null one may be due to an error of the disk
         const QMutexLocker lock(&m_mutex);
         m_pictures.insert(file.identity(), new QImage(picture), static_cast<int>(picture.sizeInBytes()));

@@ -40,7 +40,8 @@ QImage decodeWithQt(const RegularFile &file, const PictureLayout &layout)
     return image;
 }
 
-//! The picture in the format that is painted fastest, unless it is so large that both would take too much memory.
+//! The picture in the format that is painted fastest, unless it is so large that both would take too much
+//! memory.
 QImage forPainting(QImage image)
 {
     if (image.depth() != 32 && image.sizeInBytes() > maxDecodedBytes / 8)
@@ -86,16 +87,16 @@ QImage readFirst(PreviewCode code, const RegularFile &file, const std::vector<Pr
 
 QImage readPreview(const QString &path)
 {
-    return readPreview(RegularFile(path));
+    const RegularFile file(path);
+    return readPreview(file, readPreviewSection(file));
 }
 
-QImage readPreview(const RegularFile &file)
+QImage readPreview(const RegularFile &file, const PreviewSection &section)
 {
     try {
-        const std::vector<PreviewEntry> entries = readPreviewEntries(file);
         DecodingLimit limit;
-        const QImage png = readFirst(PreviewCode::Png, file, entries, limit);
-        return png.isNull() ? readFirst(PreviewCode::Bitmap, file, entries, limit) : png;
+        const QImage png = readFirst(PreviewCode::Png, file, section.entries, limit);
+        return png.isNull() ? readFirst(PreviewCode::Bitmap, file, section.entries, limit) : png;
     } catch (const std::bad_alloc &) {
         return {}; // rather no picture than a crash
     }

@@ -8,6 +8,7 @@
 
 namespace fxhost {
 
+struct PreviewSection;
 class RegularFile;
 
 //! The picture stored in the drawing at path, in its own size and format; bitmaps are always opaque. A null
@@ -19,7 +20,7 @@ class RegularFile;
 //! second.
 FXHOST_API QImage readPreview(const QString &path);
 
-//! The same for an open file.
-QImage readPreview(const RegularFile &file);
+//! The same for an open file whose preview section has been read.
+QImage readPreview(const RegularFile &file, const PreviewSection &section);
 
 } // namespace fxhost

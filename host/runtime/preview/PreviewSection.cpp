@@ -83,33 +83,34 @@ bool overlap(const FileRange &one, const FileRange &other)
 
 } // namespace
 
-std::vector<PreviewEntry> readPreviewEntries(const RegularFile &file)
+PreviewSection readPreviewSection(const RegularFile &file)
 {
+    PreviewSection section;
     const std::optional<SectionHead> head = readSectionHead(file);
     if (!head)
-        return {};
+        return section;
     const QByteArray table = file.readAll(head->address + tableAt, head->tableSize);
 
     const FileRange sectionHead = {head->address, tableAt + head->tableSize};
-    std::vector<PreviewEntry> entries;
     for (int at = 0; at < table.size(); at += tableEntrySize) {
         const auto code = static_cast<PreviewCode>(table.at(at));
         const FileRange data = {numberAt(table, at + 1), numberAt(table, at + 5)};
         if (file.contains(data) && !overlap(data, sectionHead))
-            entries.push_back({code, data});
+            section.entries.push_back({code, data});
     }
-    return entries;
+    section.filling = {startSize, head->address - startSize};
+    section.isAtEnd = head->counted.end() + sentinelSize == file.size();
+    return section;
 }
 
-bool holdsPreviewAlone(const RegularFile &file)
+bool isAlone(const PreviewSection &section, const RegularFile &file)
 {
-    const std::optional<SectionHead> head = readSectionHead(file);
-    // The data of a real drawing are longer than this, and not all zero.
+    // A drawing's own data are longer than this, and not all zero.
     constexpr qint64 longestFilling = 65536;
-    if (!head || head->address > longestFilling || head->counted.end() + sentinelSize != file.size())
+    if (!section.isAtEnd || section.filling.size > longestFilling)
         return false;
-    const auto fillingSize = static_cast<int>(head->address - startSize);
-    return file.readAll(startSize, fillingSize) == QByteArray(fillingSize, '\0');
+    const auto size = static_cast<int>(section.filling.size);
+    return file.readAll(section.filling.offset, size) == QByteArray(size, '\0');
 }
 
 } // namespace fxhost

@@ -20,13 +20,19 @@ struct PreviewEntry
     FileRange data; //!< inside the file, outside the section's table; may be empty
 };
 
-//! The entries of the drawing's preview section, in its order, without checking their contents. Empty if
-//! there is no section, its head is broken, or the drawing's version has none.
-//! \param file does not need to be open
-std::vector<PreviewEntry> readPreviewEntries(const RegularFile &file);
+//! A drawing's preview section.
+struct PreviewSection
+{
+    std::vector<PreviewEntry> entries; //!< in the file's order; their contents have not been checked
+    FileRange filling;                 //!< what is between the file's header and the section
+    bool isAtEnd = false;              //!< the file ends with the section
+};
 
-//! True if the file contains only the start of a header and a preview section, and no drawing.
+//! Without entries if there is no section, its head is broken, or the drawing's version has none.
 //! \param file does not need to be open
-bool holdsPreviewAlone(const RegularFile &file);
+PreviewSection readPreviewSection(const RegularFile &file);
+
+//! True if the file contains only the start of a header and this preview section, and no drawing.
+bool isAlone(const PreviewSection &section, const RegularFile &file);
 
 } // namespace fxhost

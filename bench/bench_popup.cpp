@@ -15,6 +15,7 @@
 #include <memory>
 
 #include <fcntl.h>
+#include <malloc.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -202,9 +203,10 @@ bool looksLikeTwin()
     return ours == Browser::popup()->grab().toImage();
 }
 
-//! Kilobytes that this process has in memory.
+//! Kilobytes that this process has in memory, without what has been freed.
 long residentMemory()
 {
+    ::malloc_trim(0);
     QFile status(QStringLiteral("/proc/self/statm"));
     if (!status.open(QIODevice::ReadOnly))
         qFatal("the process's memory cannot be read");
@@ -215,18 +217,19 @@ long residentMemory()
 int printMemory(const QString &whose)
 {
     Pair pair(200, 0);
-    pair.browser.openPopup(); // fonts, plug-ins, the pictures that are kept
-    Browser::closePopups();
-    pair.openTwin();
+    const auto open = [&pair, isOurs = whose == QLatin1String("ours")] {
+        if (isOurs)
+            pair.browser.openPopup();
+        else
+            pair.openTwin();
+    };
+    open(); // fonts, plug-ins, the pictures that are kept
     Browser::closePopups();
     const long before = residentMemory();
-    if (whose == QLatin1String("ours"))
-        pair.browser.openPopup();
-    else
-        pair.openTwin();
-    const long open = residentMemory();
+    open();
+    const long whileOpen = residentMemory();
     Browser::closePopups();
-    std::printf("%s: %ld KB with 200 tiles, %ld KB after closing\n", qPrintable(whose), open - before,
+    std::printf("%s: %ld KB with 200 tiles, %ld KB after closing\n", qPrintable(whose), whileOpen - before,
                 residentMemory() - before);
     return 0;
 }

@@ -1,0 +1,77 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# Measures how long the browser and the preview reader take, compared with the same written straight with Qt.
+# bench.sh [ROW...]        medians and least times in milliseconds, and the ratio of the medians (docs/PERFORMANCE.md)
+# bench.sh --count [ROW...]  the ratio of executed instructions, which no other program disturbs
+# bench.sh --check         the same in the dev build, compared with what bench/instructions.txt has: status 1 if a
+#                          ratio is more than 0.05 above
+set -euo pipefail
+cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
+
+mode="time"
+case ${1-} in
+-h | --help)
+    sed -n '3,8s/^# //p' "${BASH_SOURCE[0]}"
+    exit 0
+    ;;
+--count | --check)
+    mode=${1#--}
+    shift
+    ;;
+esac
+preset=release
+[[ $mode != check ]] || preset=dev
+
+packages=(build run)
+[[ $mode == time ]] || packages+=(bench)
+scripts/install-packages.sh "${packages[@]}"
+echo "Building the $preset preset ..."
+scripts/quietly.sh cmake --preset "$preset"
+scripts/quietly.sh cmake --build --preset "$preset" --target bench_menu bench_popup bench_reader fxprobe
+
+bin=build/$preset/bin
+export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
+programs=("$bin"/bench_{menu,popup,reader})
+
+if [[ $mode == time ]]; then
+    printf '%-28s %19s   %19s   %5s   %5s\n' '' 'ours, median least' 'other, median least' ratio most
+    for program in "${programs[@]}"; do
+        "$program" "$@"
+    done
+    for whose in ours other; do
+        "$bin/bench_popup" --memory "$whose"
+    done
+    exit 0
+fi
+
+# Prints the instructions that a program executes in measured().
+count() {
+    valgrind --tool=callgrind --collect-atstart=no --toggle-collect='*measured*' --callgrind-out-file=/dev/null \
+        "$1" --only "$2" "$3" 2>&1 | sed -n 's/.*Collected : //p'
+}
+
+# Prints a row's name and ratio, with both sides counted at the same time.
+ratio() {
+    local program=$1 row=$2 ours other
+    exec 3< <(count "$program" ours "$row")
+    other=$(count "$program" other "$row")
+    read -r ours <&3
+    awk -v row="$row" -v ours="$ours" -v other="$other" 'BEGIN { printf "%-28s %.3f\n", row, ours / other }'
+}
+
+status=0
+for program in "${programs[@]}"; do
+    while read -r row; do
+        recorded=$(awk -v row="$row" '$1 == row { print $2 }' bench/instructions.txt)
+        # What is written is what is checked. Reading on two threads takes as many instructions as on one.
+        [[ $mode != check || -n $recorded ]] || continue
+        (($# == 0)) || [[ " $* " == *" $row "* ]] || continue
+        line=$(ratio "$program" "$row")
+        echo "$line${recorded:+   recorded $recorded}"
+        if [[ $mode == check ]] && awk -v now="${line##* }" -v was="$recorded" 'BEGIN { exit !(now > was + 0.05) }'; then
+            echo "$row: more than 0.05 above what is recorded"
+            status=1
+        fi
+    done < <("$program" --list)
+done
+exit "$status"

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Measures how long the browser and the preview reader take, compared with the same written straight with Qt.
-# bench.sh [ROW...]        medians and least times in milliseconds, and the ratio of the medians (docs/PERFORMANCE.md)
+# bench.sh [ROW...]          medians and least times in milliseconds, and the ratio of the medians (docs/PERFORMANCE.md)
 # bench.sh --count [ROW...]  the ratio of executed instructions, which no other program disturbs
-# bench.sh --check         the same in the dev build, compared with what bench/instructions.txt has: status 1 if a
-#                          ratio is more than 0.05 above
+# bench.sh --check           the same for the rows of bench/instructions.txt: status 1 if a ratio is more than 0.05 above
+#                            what is recorded there
 set -euo pipefail
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
 
@@ -19,17 +19,14 @@ case ${1-} in
     shift
     ;;
 esac
-preset=release
-[[ $mode != check ]] || preset=dev
-
 packages=(build run)
 [[ $mode == time ]] || packages+=(bench)
 scripts/install-packages.sh "${packages[@]}"
-echo "Building the $preset preset ..."
-scripts/quietly.sh cmake --preset "$preset"
-scripts/quietly.sh cmake --build --preset "$preset" --target bench_menu bench_popup bench_reader fxprobe
+echo "Building the release preset ..."
+scripts/quietly.sh cmake --preset release
+scripts/quietly.sh cmake --build --preset release --target bench_menu bench_popup bench_reader fxprobe
 
-bin=build/$preset/bin
+bin=build/release/bin
 export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
 programs=("$bin"/bench_{menu,popup,reader})
 
@@ -63,7 +60,6 @@ status=0
 for program in "${programs[@]}"; do
     while read -r row; do
         recorded=$(awk -v row="$row" '$1 == row { print $2 }' bench/instructions.txt)
-        # What is written is what is checked. Reading on two threads takes as many instructions as on one.
         [[ $mode != check || -n $recorded ]] || continue
         (($# == 0)) || [[ " $* " == *" $row "* ]] || continue
         line=$(ratio "$program" "$row")

@@ -58,8 +58,9 @@ RecentFileAction::RecentFileAction(const CFxString &text, const CFxString &path,
         QStringLiteral("QToolButton {                        color: rgba(0, 0, 0, 100%);"
                        "                        background-color: rgba(0, 0, 0, 0%);"
                        "                    }"));
-    FolderPinButton *pin = RecentDocumentBrowser::CreatePinButton(widget, displayText);
+    // In the order in which Tab and screen readers reach them.
     FolderPinButton *folder = RecentDocumentBrowser::CreateFolderButton(widget, displayText);
+    FolderPinButton *pin = RecentDocumentBrowser::CreatePinButton(widget, displayText);
 
     layout->addWidget(textButton);
     layout->addSpacerItem(new QSpacerItem(40, 20, QSizePolicy::Expanding, QSizePolicy::Minimum));

@@ -2,7 +2,6 @@
 #include "state/ActionOrder.h"
 
 #include <QMenu>
-#include <QSet>
 #include <QVector>
 
 #include <algorithm>
@@ -49,6 +48,7 @@ void ActionOrder::insert(QAction *before, QAction *action)
         m_order.erase(*old);
         m_places.erase(old);
     }
+    m_inserted.insert(action);
     const Order::iterator place = m_places.value(before, m_order.end());
     m_places.insert(action, m_order.insert(place, action));
 }
@@ -60,8 +60,25 @@ void ActionOrder::applyTo(QMenu &menu) const
     for (int i = 0; i < actions.size(); ++i)
         present.insert(actions.at(i), i);
     QVector<int> numbers;
-    for (const QAction *action : m_order)
+    QVector<int> fixed; // indices into numbers
+    for (const QAction *action : m_order) {
+        if (!action->isSeparator() && !m_inserted.contains(action))
+            fixed.append(numbers.size());
         numbers.append(present.value(action, -1));
+    }
+    // What is now on the other side of an action that may not move cannot stay.
+    fixed.append(numbers.size());
+    int begin = 0;
+    int lowest = -1;
+    for (const int end : qAsConst(fixed)) {
+        const int highest = numbers.value(end, present.size());
+        for (int i = begin; i < end; ++i) {
+            if (numbers.at(i) < lowest || numbers.at(i) > highest)
+                numbers[i] = -1;
+        }
+        begin = end + 1;
+        lowest = highest;
+    }
 
     const QSet<int> staying = longestAscent(numbers);
     QAction *successor = nullptr;

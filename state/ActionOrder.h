@@ -2,7 +2,7 @@
 #pragma once
 
 #include <QHash>
-#include <QList>
+#include <QSet>
 
 #include <list>
 
@@ -11,7 +11,8 @@ class QMenu;
 
 //! An order of a menu's actions that is planned first and applied with the fewest moves: a menu takes the
 //! widget of an entry that moves out and polishes it anew, which takes longer than all the planning. Owns
-//! nothing. GUI thread.
+//! nothing. Only separators and inserted actions move: QMenu removes the connections from an action that
+//! moves out to the menu, and those of others are the host's. GUI thread.
 class ActionOrder
 {
 public:
@@ -29,4 +30,5 @@ private:
 
     Order m_order;
     QHash<const QAction *, Order::iterator> m_places;
+    QSet<const QAction *> m_inserted;
 };

@@ -12,14 +12,16 @@ PictureLabel::PictureLabel(QWidget *parent) : QLabel(parent)
     setAttribute(Qt::WA_NoSystemBackground); // the ground is painted below
 }
 
-void PictureLabel::paintEvent(QPaintEvent * /*event*/)
+void PictureLabel::paintEvent(QPaintEvent *event)
 {
-    QPainter painter(this);
-    StyledGrounds::paint(&painter, this);
-    drawFrame(&painter);
+    StyledGrounds::paint(this);
     const QPixmap whole = pixmap(Qt::ReturnByValue);
-    if (whole.isNull())
+    if (whole.isNull() || !hasScaledContents() || !isEnabled()) {
+        QLabel::paintEvent(event); // a disabled label's picture is greyed
         return;
+    }
+    QPainter painter(this);
+    drawFrame(&painter);
     const QRect place = contentsRect();
     const qreal ratio = devicePixelRatioF();
     QPixmap picture = TilePictures::scaled(whole, place.size() * ratio);

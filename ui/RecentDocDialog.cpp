@@ -15,7 +15,6 @@
 #include <QFocusEvent>
 #include <QFontMetrics>
 #include <QIcon>
-#include <QPainter>
 
 namespace {
 
@@ -64,7 +63,7 @@ RecentDocDialog::RecentDocDialog(QWidget *parent, FolderPinButton *menuPinButton
 
     setAttribute(Qt::WA_MouseTracking);
     setAttribute(Qt::WA_DeleteOnClose);
-    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_NoSystemBackground); // the ground is painted in paintEvent()
     setGeometry(tileGeometry);
     setFixedSize(tileGeometry.size());
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -169,11 +168,7 @@ void RecentDocDialog::setMainWindowDocPathLabel(const QString &path)
 
 void RecentDocDialog::paintEvent(QPaintEvent * /*event*/)
 {
-    // With a style sheet that is not opaque, Qt unsets the attribute and paints the background itself.
-    if (!testAttribute(Qt::WA_OpaquePaintEvent))
-        return;
-    QPainter painter(this);
-    StyledGrounds::paint(&painter, this);
+    StyledGrounds::paint(this);
 }
 
 void RecentDocDialog::giveFocusToPopup()

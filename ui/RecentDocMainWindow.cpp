@@ -210,13 +210,6 @@ void RecentDocMainWindow::focusOutEvent(QFocusEvent * /*event*/)
         done(0);
 }
 
-void RecentDocMainWindow::changeEvent(QEvent *event)
-{
-    if (event->type() == QEvent::StyleChange || event->type() == QEvent::PaletteChange)
-        StyledGrounds::clear();
-    CFxDialog::changeEvent(event);
-}
-
 void RecentDocMainWindow::leaveEvent(QEvent * /*event*/) {}
 
 void RecentDocMainWindow::dropEvent(QDropEvent * /*event*/) {}

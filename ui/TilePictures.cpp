@@ -24,7 +24,9 @@ QPixmap kept(const Key &key, Make make)
     if (const QPixmap *picture = pictures->object(key))
         return *picture;
     const QPixmap made = make();
-    pictures->insert(key, new QPixmap(made), 4 * made.width() * made.height());
+    const qint64 bytes = qint64(4) * made.width() * made.height();
+    if (bytes <= TilePictures::mostBytes) // so that the cost is an int
+        pictures->insert(key, new QPixmap(made), static_cast<int>(bytes));
     return made;
 }
 

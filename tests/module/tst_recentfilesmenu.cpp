@@ -243,6 +243,8 @@ private slots:
         QCOMPARE(spacer->sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum));
         QCOMPARE(action.button(2)->objectName(), "folderButton");
         QCOMPARE(action.button(3)->objectName(), "pinButton");
+        QCOMPARE(widget->findChildren<QWidget *>(), // by which Tab and screen readers go
+                 QList<QWidget *>({action.button(0), action.button(2), action.button(3)}));
         QVERIFY(!action.button(3)->isChecked());
         const LoneEntry second;
         QCOMPARE(RecentDocumentBrowser::menuPinButtonList,

@@ -169,6 +169,19 @@ private slots:
                  QStringLiteral("New | --- | --- | --- | &1 Y | --- | &2 W | &3 X | &4 Z | Quit"));
     }
 
+    //! QMenu removes them from an action that moves.
+    void theHostsActionsKeepTheirConnections()
+    {
+        PinMenu pins(wxyz);
+        QAction plot(QStringLiteral("Plot"));
+        pins.menu.insertAction(pins.quit, &plot); // the entries move in front of Quit, and Plot does not move
+        int plotted = 0;
+        connect(&plot, &QAction::triggered, &pins.menu, [&plotted] { ++plotted; });
+        updatePins();
+        plot.trigger();
+        QCOMPARE(plotted, 1);
+    }
+
     void aNumberReplacesTheFormerOne_data()
     {
         QTest::addColumn<QString>("text");

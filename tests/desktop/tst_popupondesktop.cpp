@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QToolButton>
+#include <QWidgetAction>
 
 using Indices = QList<int>;
 
@@ -226,7 +227,14 @@ private slots:
         menu.popup(QPoint(100, 100));
         QVERIFY(waitForExposed(&menu));
         const auto button = [&menu](int entry, const char *name) {
-            return menu.findChildren<QToolButton *>(QLatin1String(name)).value(entry);
+            QList<QToolButton *> buttons; // in the order in which they are displayed
+            const QList<QAction *> actions = menu.actions();
+            for (QAction *action : actions) {
+                if (const auto *widgetAction = qobject_cast<QWidgetAction *>(action))
+                    buttons +=
+                        widgetAction->defaultWidget()->findChildren<QToolButton *>(QLatin1String(name));
+            }
+            return buttons.value(entry);
         };
         const auto entries = [&] {
             QString text;

@@ -39,7 +39,7 @@ QByteArray readEntry(int descriptor, const char *entry, bool isBitmap)
                 numberAt(entry + 1)) < 0)
         return {};
     if (isBitmap) {
-        const int bits = bytes.at(head + 14);
+        const int bits = static_cast<uchar>(bytes.at(head + 14));
         quint32 colors = numberAt(bytes.constData() + head + colorsAt);
         if (colors == 0 && bits <= 8)
             colors = 1U << bits;
@@ -62,8 +62,8 @@ QImage readBare(const QString &path)
         ::pread(descriptor, start.data(), start.size(), 0) == startSize && start.at(4) >= '1' &&
         numberAt(start.data() + addressAt) > startSize &&
         ::pread(descriptor, section.data(), section.size(), numberAt(start.data() + addressAt)) > tableAt) {
-        for (int i = 0; i < section.at(countAt) && i < mostEntries; ++i) {
-            const char *entry = section.data() + tableAt + i * entrySize;
+        const char *entry = section.data() + tableAt;
+        for (int i = 0; i < section.at(countAt) && i < mostEntries; ++i, entry += entrySize) {
             if (*entry != 2 && *entry != 6)
                 continue;
             QByteArray bytes = readEntry(descriptor, entry, *entry == 2);

@@ -175,6 +175,7 @@ private:
     Plate *m_plate = nullptr;
 };
 
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): setupUi() initialises the form's members
 TwinPopup::TwinPopup(QWidget *parent, const QVector<TwinDrawing> &drawings)
     : QDialog(parent, Qt::FramelessWindowHint)
 {

@@ -21,7 +21,6 @@
 
 using bench::Browser;
 using bench::Row;
-using bench::Side;
 
 namespace {
 

@@ -17,7 +17,7 @@ QSet<int> longestAscent(const QVector<int> &numbers)
     for (int i = 0; i < numbers.size(); ++i) {
         if (numbers.at(i) < 0)
             continue;
-        const auto end =
+        auto *const end =
             std::lower_bound(ends.begin(), ends.end(), numbers.at(i),
                              [&numbers](int index, int number) { return numbers.at(index) < number; });
         predecessors[i] = end == ends.begin() ? -1 : *(end - 1);

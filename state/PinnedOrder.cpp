@@ -55,7 +55,8 @@ void RecentDocumentBrowser::UpdatePin(QString & /*unused*/)
         return !action->isSeparator() && !arePinned.contains(action);
     });
     int number = 1;
-    for (const QAction *action : pinned + others)
+    const QList<QAction *> ordered = pinned + others;
+    for (const QAction *action : ordered)
         renumber(action, number++);
 
     QMenu *const menu = TileOwner::livingMenu();

@@ -68,20 +68,14 @@ bool append(QByteArray &bytes, const RegularFile &file, const FileRange &chunk)
     return true;
 }
 
+//! Decompresses a zlib stream. \return false if it is broken or does not fill rows
 bool inflate(const QByteArray &stream, QByteArray &rows)
 {
-    // A zlib stream: two bytes, the data, a checksum of four. See RFC 1950.
-    constexpr int headSize = 2;
-    constexpr int endSize = 4;
-    if (stream.size() < headSize + endSize || (stream.at(0) & 0x0F) != 8 || (stream.at(1) & 0x20) != 0 ||
-        qFromBigEndian<quint16>(stream.constData()) % 31 != 0)
-        return false;
     const std::unique_ptr<libdeflate_decompressor, void (*)(libdeflate_decompressor *)> decompressor(
         libdeflate_alloc_decompressor(), libdeflate_free_decompressor);
-    return decompressor &&
-           libdeflate_deflate_decompress(decompressor.get(), stream.constData() + headSize,
-                                         static_cast<size_t>(stream.size() - headSize - endSize), rows.data(),
-                                         static_cast<size_t>(rows.size()), nullptr) == LIBDEFLATE_SUCCESS;
+    return decompressor && libdeflate_zlib_decompress(
+                               decompressor.get(), stream.constData(), static_cast<size_t>(stream.size()),
+                               rows.data(), static_cast<size_t>(rows.size()), nullptr) == LIBDEFLATE_SUCCESS;
 }
 
 int paeth(int left, int above, int aboveLeft)
@@ -150,12 +144,12 @@ QImage toImage(const QSize &size, QImage::Format format, QByteArray &rows, Pixel
     return image;
 }
 
-//! The colours of all values that a pixel can have: those after the palette's end are its last one.
+//! The colours of all values that a pixel can have: those after the palette's end are its first one.
 std::array<QRgb, mostColors> colorsOf(const QByteArray &palette, const QByteArray &transparency)
 {
     std::array<QRgb, mostColors> colors = {};
     for (int i = 0; i < mostColors; ++i) {
-        const int index = std::min(i, palette.size() / colorSize - 1);
+        const int index = i < palette.size() / colorSize ? i : 0;
         const auto *color = reinterpret_cast<const uchar *>(palette.constData()) + colorSize * index;
         const int alpha = index < transparency.size() ? static_cast<uchar>(transparency.at(index)) : 255;
         colors.at(static_cast<size_t>(i)) = qRgba(color[0], color[1], color[2], alpha);
@@ -180,9 +174,10 @@ bool readPalette(const RegularFile &file, const PngParts &parts, QByteArray &pal
 
 QImage decodePlainPng(const RegularFile &file, const QSize &size, const PngParts &parts)
 {
+    QByteArray end; // has no data
     QByteArray header;
-    if (!parts.areInOrder || parts.header.size != wholeSize(headerSize) ||
-        !append(header, file, parts.header))
+    if (!parts.areInOrder || parts.end.size != wholeSize(0) || !append(end, file, parts.end) ||
+        parts.header.size != wholeSize(headerSize) || !append(header, file, parts.header))
         return {};
     const int colorType = header.at(colorTypeAt);
     const int channels = channelsOf(colorType);

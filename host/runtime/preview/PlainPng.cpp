@@ -14,9 +14,8 @@ namespace fxhost {
 
 namespace {
 
-//! The largest picture decoded here, with its filter types, and as large its compressed data; in bytes. Both
-//! are in memory at once.
-constexpr qint64 mostBytes = 8 * 1024 * 1024;
+//! The most memory for decoding a picture here, itself included, in bytes.
+constexpr qint64 mostMemory = 28 * 1024 * 1024;
 
 constexpr int typeSize = 4; //!< of a chunk, as the next in bytes
 constexpr int checksumSize = 4;
@@ -187,8 +186,9 @@ QImage decodePlainPng(const RegularFile &file, const QSize &size, const PngParts
         streamSize += chunk.size;
     const bool hasPalette = colorType == Palette;
     const bool isPlain = header.at(depthAt) == 8 && header.mid(colorTypeAt + 1) == QByteArray(3, 0);
-    if (!isPlain || channels == 0 || rowsSize > mostBytes || streamSize > mostBytes ||
-        (!hasPalette && parts.transparency.size > 0))
+    // The stream is also in memory chunk by chunk.
+    const qint64 memory = 2 * streamSize + rowsSize + qint64(size.height()) * size.width() * 4;
+    if (!isPlain || channels == 0 || memory > mostMemory || (!hasPalette && parts.transparency.size > 0))
         return {};
 
     QByteArray palette;

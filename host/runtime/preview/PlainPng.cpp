@@ -82,43 +82,51 @@ int paeth(int left, int above, int aboveLeft)
     const int toLeft = std::abs(above - aboveLeft);
     const int toAbove = std::abs(left - aboveLeft);
     const int toAboveLeft = std::abs(left + above - 2 * aboveLeft);
-    if (toLeft <= toAbove && toLeft <= toAboveLeft)
-        return left;
-    return toAbove <= toAboveLeft ? above : aboveLeft;
+    // Without branches, because in a noisy picture none could be predicted.
+    const int upper = toAbove <= toAboveLeft ? above : aboveLeft;
+    return toLeft <= std::min(toAbove, toAboveLeft) ? left : upper;
 }
 
 //! Undoes a row's filter in place. \param above the row above, of zeros for the first one
-//! \return false if there is no such filter
 template<int channels>
-bool unfilter(uchar filter, uchar *row, const uchar *above, int size)
+void unfilter(uchar filter, uchar *row, const uchar *above, int size)
 {
     const auto add = [row](int i, int prediction) { row[i] = static_cast<uchar>(row[i] + prediction); };
     switch (filter) {
-    case None:
-        return true;
     case Sub:
         for (int i = channels; i < size; ++i)
             add(i, row[i - channels]);
-        return true;
+        break;
     case Up:
         for (int i = 0; i < size; ++i)
             add(i, above[i]);
-        return true;
+        break;
     case Average:
         for (int i = 0; i < channels; ++i)
             add(i, above[i] / 2);
         for (int i = channels; i < size; ++i)
             add(i, (row[i - channels] + above[i]) / 2);
-        return true;
+        break;
     case Paeth:
         for (int i = 0; i < channels; ++i)
             add(i, above[i]);
         for (int i = channels; i < size; ++i)
             add(i, paeth(row[i - channels], above[i], above[i - channels]));
-        return true;
+        break;
     default:
-        return false;
+        break;
     }
+}
+
+//! Checked before any is undone: Qt's decoder does it all again until it finds the unknown one.
+bool areFiltersKnown(const QByteArray &rows, int count)
+{
+    const int step = rows.size() / count;
+    for (int at = 0; at < rows.size(); at += step) {
+        if (static_cast<uchar>(rows.at(at)) > Paeth)
+            return false;
+    }
+    return true;
 }
 
 //! \param rows each with its filter type before it
@@ -132,8 +140,7 @@ QImage toImage(const QSize &size, QImage::Format format, QByteArray &rows, Pixel
     QImage image(size, format);
     for (int y = 0; !image.isNull() && y < size.height(); ++y) {
         const uchar filter = *row++;
-        if (!unfilter<channels>(filter, row, above, rowSize))
-            return {};
+        unfilter<channels>(filter, row, above, rowSize);
         auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
         for (int x = 0; x < size.width(); ++x)
             line[x] = pixel(row + channels * x);
@@ -202,7 +209,7 @@ QImage decodePlainPng(const RegularFile &file, const QSize &size, const PngParts
             return {};
     }
     QByteArray rows(static_cast<int>(rowsSize), Qt::Uninitialized);
-    if (!inflate(stream, rows))
+    if (!inflate(stream, rows) || !areFiltersKnown(rows, size.height()))
         return {};
 
     const QImage::Format opaque = QImage::Format_RGB32;

@@ -15,7 +15,7 @@ namespace fxhost {
 namespace {
 
 //! The most memory for decoding a picture here, itself included, in bytes.
-constexpr qint64 mostMemory = 28 * 1024 * 1024;
+constexpr qint64 mostMemory = qint64{28} * 1024 * 1024;
 
 constexpr int typeSize = 4; //!< of a chunk, as the next in bytes
 constexpr int checksumSize = 4;
@@ -142,10 +142,9 @@ QImage toImage(const QSize &size, QImage::Format format, QByteArray &rows, Pixel
         const uchar filter = *row++;
         unfilter<channels>(filter, row, above, rowSize);
         auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
-        for (int x = 0; x < size.width(); ++x)
-            line[x] = pixel(row + channels * x);
         above = row;
-        row += rowSize;
+        for (int x = 0; x < size.width(); ++x, row += channels)
+            line[x] = pixel(row);
     }
     return image;
 }
@@ -156,7 +155,8 @@ std::array<QRgb, mostColors> colorsOf(const QByteArray &palette, const QByteArra
     std::array<QRgb, mostColors> colors = {};
     for (int i = 0; i < mostColors; ++i) {
         const int index = i < palette.size() / colorSize ? i : 0;
-        const auto *color = reinterpret_cast<const uchar *>(palette.constData()) + colorSize * index;
+        const auto *color =
+            reinterpret_cast<const uchar *>(palette.constData()) + qsizetype{colorSize} * index;
         const int alpha = index < transparency.size() ? static_cast<uchar>(transparency.at(index)) : 255;
         colors.at(static_cast<size_t>(i)) = qRgba(color[0], color[1], color[2], alpha);
     }
@@ -185,7 +185,7 @@ QImage decodePlainPng(const RegularFile &file, const QSize &size, const PngParts
     if (!parts.areInOrder || parts.end.size != wholeSize(0) || !append(end, file, parts.end) ||
         parts.header.size != wholeSize(headerSize) || !append(header, file, parts.header))
         return {};
-    const int colorType = header.at(colorTypeAt);
+    const auto colorType = static_cast<uchar>(header.at(colorTypeAt));
     const int channels = channelsOf(colorType);
     const qint64 rowsSize = qint64(size.height()) * (1 + qint64(channels) * size.width());
     qint64 streamSize = 0;

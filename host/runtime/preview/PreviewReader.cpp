@@ -19,7 +19,7 @@ namespace fxhost {
 namespace {
 
 //! Most pictures are smaller, in bytes; one read gets them.
-constexpr qint64 usualPicture = 64 * 1024;
+constexpr qint64 usualPicture = qint64{64} * 1024;
 
 QImage decodeWithQt(const RegularFile &file, const PictureLayout &layout)
 {

@@ -100,13 +100,14 @@ void forEachChunk(Byte *from, Byte *end, const Visit &visit)
         from = std::search(from, end, pngSignature.begin(), pngSignature.end());
         if (from == end)
             return;
-        from += pngSignature.size();
-        while (static_cast<std::size_t>(end - from) >= frameSize) {
-            const std::size_t length = qFromBigEndian<quint32>(from);
-            if (static_cast<std::size_t>(end - from) - frameSize < length)
+        from += pngSignature.size(); // and no farther, because another PNG may be inside
+        Byte *chunk = from;
+        while (static_cast<std::size_t>(end - chunk) >= frameSize) {
+            const std::size_t length = qFromBigEndian<quint32>(chunk);
+            if (static_cast<std::size_t>(end - chunk) - frameSize < length)
                 break;
-            visit(from + lengthSize, length);
-            from += frameSize + length;
+            visit(chunk + lengthSize, length);
+            chunk += frameSize + length;
         }
     }
 }
@@ -151,12 +152,12 @@ bool hasDataThatZlibRefuses(const std::uint8_t *file, std::size_t size)
     bool isRefused = false;
     forEachChunk(file, file + size, [&](const std::uint8_t *chunk, std::size_t length) {
         const QByteArray type = fuzz::bytesOf(chunk, typeSize);
+        if (type == "IHDR")
+            data = qtsOwnPrefix;
         if (type == "IDAT")
             data += fuzz::bytesOf(chunk + typeSize, length);
-        if (type == "IEND") {
+        if (type == "IEND")
             isRefused = isRefused || qUncompress(data).isEmpty();
-            data = qtsOwnPrefix;
-        }
     });
     return isRefused;
 }

@@ -15,8 +15,8 @@ class RegularFile;
 //! drawing, or its picture is missing, broken or too large (see PictureLimits.h).
 //!
 //! Any thread, also several at once. Never throws, and never waits for a FIFO, a device or a socket. Whatever
-//! the file contains, it needs less than 32 MiB of memory, including the image, and about a tenth of a
-//! second.
+//! the file contains, it needs less than 32 MiB of memory, including the image, and less than a fifth
+//! of a second.
 FXHOST_API QImage readPreview(const QString &path);
 
 //! The same for an open file.

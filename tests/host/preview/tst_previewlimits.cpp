@@ -165,6 +165,7 @@ private slots:
         QCOMPARE(QSize(numbers[0].toInt(), numbers[1].toInt()), picture);
         const double held = numbers[2].toInt() / mebibyte;
         const double taken = numbers[3].toInt() * 1024 / mebibyte;
+        qInfo("%.1f MiB", taken);
         QVERIFY2(taken > held - 1, "less than the picture itself: the measurement does not work");
         const double most =
             held > 1 ? 32 : 8; // MiB; the largest picture takes 25, a small one almost nothing

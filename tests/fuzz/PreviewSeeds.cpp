@@ -104,8 +104,28 @@ void addRunsAndMasks(Seeds &to)
     }
 }
 
+//! PNGs whose rows have every filter, with few colours and uncompressed, so that changes are not seen as
+//! broken data only.
+void addUncompressedPngs(Seeds &to)
+{
+    for (const auto &[colorType, channels] :
+         std::initializer_list<std::pair<int, int>>{{0, 1}, {2, 3}, {3, 1}, {4, 2}, {6, 4}}) {
+        QByteArray raw;
+        for (char filter = 0; filter < 5; ++filter) {
+            raw += filter;
+            for (int i = 0; i < width * channels; ++i)
+                raw += static_cast<char>(i * i);
+        }
+        constexpr int qtsOwnPrefix = 4; // bytes before the zlib stream
+        to.addPng(QByteArray("\x89PNG\r\n\x1a\n") + PngHeader{width, 5, 8, colorType}.bytes() +
+                  (colorType == 3 ? pngChunk("PLTE", "redgrnblu") + pngChunk("tRNS", "\x20\x80") : "") +
+                  pngChunk("IDAT", qCompress(raw, 0).mid(qtsOwnPrefix)) + pngChunk("IEND", {}));
+    }
+}
+
 void addPngs(Seeds &to)
 {
+    addUncompressedPngs(to);
     to.addPng(pngOf(patternPicture(24)));
     to.addPng(pngOf(patternPicture(4).convertToFormat(QImage::Format_Indexed8)));
     to.addPng(pngOf(patternPicture(1).convertToFormat(QImage::Format_Mono)));

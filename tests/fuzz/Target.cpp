@@ -28,8 +28,8 @@ namespace {
 //! A copy: the engine closes the standard error stream, because of the PNG library's messages.
 const int standardError = ::dup(STDERR_FILENO);
 
-constexpr std::uint64_t longest = 100'000;                           // microseconds
-constexpr std::int64_t mostMemory = std::int64_t(160) * 1024 * 1024; // bytes
+constexpr std::uint64_t longest = 100'000;                          // microseconds
+constexpr std::int64_t mostMemory = std::int64_t(64) * 1024 * 1024; // bytes
 constexpr int attempts = 3;
 
 struct SharedCosts
@@ -78,8 +78,8 @@ void noteMalloc(const volatile void * /*memory*/, std::size_t size)
     held += static_cast<std::int64_t>(size);
     mostHeld = std::max(mostHeld, held);
     if (held > mostMemory) {
-        isWorking = false;                                // the message may allocate
-        require(false, "an input takes 160 MiB at most"); // here, so that the stack shows the caller
+        isWorking = false;                               // the message may allocate
+        require(false, "an input takes 64 MiB at most"); // here, so that the stack shows the caller
     }
 }
 

@@ -40,7 +40,7 @@ struct Costs
 };
 
 //! Runs the work of one input; if it takes too long, a few times, because a busy machine also slows down the
-//! processor's caches, while a slow input is slow every time. More than 100 ms or 160 MiB is a finding.
+//! processor's caches, while a slow input is slow every time. More than 100 ms or 64 MiB is a finding.
 void runWithinLimits(const std::function<void()> &work);
 
 //! Whether a sanitizer allocates the memory.

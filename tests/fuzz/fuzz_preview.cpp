@@ -69,19 +69,47 @@ void moveNumber(std::uint8_t *place, quint32 distance)
     qToLittleEndian(qFromLittleEndian<quint32>(place) + distance, place);
 }
 
-//! \return the end of the last complete chunk
-std::uint8_t *repairChunks(std::uint8_t *chunk, const std::uint8_t *end)
+//! If a chunk's data start like a stream of uncompressed data, makes them a sound one, so that changes of
+//! the pixels reach the reader.
+void repairStream(std::uint8_t *data, std::size_t size)
+{
+    constexpr std::array<std::uint8_t, 3> start = {0x78, 0x01, 0x01}; // then the length, twice
+    constexpr std::size_t headSize = start.size() + 4;
+    constexpr std::size_t sumSize = 4;
+    if (size < headSize + sumSize || !std::equal(start.begin(), start.end(), data))
+        return;
+    const auto length = static_cast<quint16>(size - headSize - sumSize);
+    qToLittleEndian(length, data + start.size());
+    qToLittleEndian(static_cast<quint16>(~length), data + start.size() + 2);
+    constexpr quint32 modulus = 65521; // of the sum Adler-32
+    quint32 sum = 1;
+    quint32 sumOfSums = 0;
+    for (std::uint8_t *byte = data + headSize; byte != data + headSize + length; ++byte) {
+        sum = (sum + *byte) % modulus;
+        sumOfSums = (sumOfSums + sum) % modulus;
+    }
+    qToBigEndian(sumOfSums << 16 | sum, data + headSize + length);
+}
+
+//! Calls visit(type, length of the data) for every PNG's complete chunks.
+template<typename Byte, typename Visit>
+void forEachChunk(Byte *from, Byte *end, const Visit &visit)
 {
     constexpr std::size_t frameSize = lengthSize + typeSize + checksumSize;
-    while (static_cast<std::size_t>(end - chunk) >= frameSize) {
-        const std::size_t length = qFromBigEndian<quint32>(chunk);
-        if (static_cast<std::size_t>(end - chunk) - frameSize < length)
-            break;
-        std::uint8_t *const dataEnd = chunk + lengthSize + typeSize + length;
-        qToBigEndian(testbytes::pngChecksum(chunk + lengthSize, dataEnd), dataEnd);
-        chunk = dataEnd + checksumSize;
+    while (true) {
+        from = std::search(from, end, pngSignature.begin(), pngSignature.end());
+        if (from == end)
+            return;
+        from += pngSignature.size(); // and no farther, because another PNG may be inside
+        Byte *chunk = from;
+        while (static_cast<std::size_t>(end - chunk) >= frameSize) {
+            const std::size_t length = qFromBigEndian<quint32>(chunk);
+            if (static_cast<std::size_t>(end - chunk) - frameSize < length)
+                break;
+            visit(chunk + lengthSize, length);
+            chunk += frameSize + length;
+        }
     }
-    return chunk;
 }
 
 //! If the preview section has moved, adapts the header's address and the table's entries.
@@ -106,17 +134,41 @@ void repairAddresses(std::uint8_t *data, std::size_t size)
     }
 }
 
-//! Gives every chunk of every PNG its right checksum, as far as the chunks' lengths are valid.
+//! Gives every chunk of every PNG its right checksums, as far as the chunks' lengths are valid.
 void repairPngChecksums(std::uint8_t *data, std::size_t size)
 {
-    std::uint8_t *const end = data + size;
-    std::uint8_t *from = data;
-    while (true) {
-        std::uint8_t *const png = std::search(from, end, pngSignature.begin(), pngSignature.end());
-        if (png == end)
-            return;
-        from = repairChunks(png + pngSignature.size(), end);
-    }
+    forEachChunk(data, data + size, [](std::uint8_t *type, std::size_t length) {
+        std::uint8_t *const end = type + typeSize + length;
+        repairStream(type + typeSize, length);
+        qToBigEndian(testbytes::pngChecksum(type, end), end);
+    });
+}
+
+//! Whether a PNG's data are refused by zlib: libdeflate accepts some codes that have no meaning.
+bool hasDataThatZlibRefuses(const std::uint8_t *file, std::size_t size)
+{
+    const QByteArray qtsOwnPrefix(4, '\0');
+    QByteArray data = qtsOwnPrefix;
+    bool isRefused = false;
+    forEachChunk(file, file + size, [&](const std::uint8_t *chunk, std::size_t length) {
+        const QByteArray type = fuzz::bytesOf(chunk, typeSize);
+        if (type == "IHDR")
+            data = qtsOwnPrefix;
+        if (type == "IDAT")
+            data += fuzz::bytesOf(chunk + typeSize, length);
+        if (type == "IEND")
+            isRefused = isRefused || qUncompress(data).isEmpty();
+    });
+    return isRefused;
+}
+
+//! Formats may differ, colours must not.
+void requireSameAsQts(const QImage &picture, const QString &path, const std::uint8_t *file, std::size_t size)
+{
+    const QImage::Format format = QImage::Format_ARGB32_Premultiplied;
+    require(picture.convertToFormat(format) == fxhost::readPreviewWithQt(path).convertToFormat(format) ||
+                hasDataThatZlibRefuses(file, size),
+            "a picture is what Qt decodes");
 }
 
 } // namespace
@@ -136,6 +188,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     file.write(bytes);
     const QImage picture = pictureIn(file.path());
     checkPicture(picture, bytes);
+    if (!picture.isNull())
+        requireSameAsQts(picture, file.path(), data, size);
     if (!picture.isNull() && !fuzz::isSanitized()) // which has its own allocator
         requireEveryPixelWritten(file.path(), picture);
 

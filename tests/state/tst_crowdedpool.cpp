@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/FxHost.h"
+#include "host/runtime/preview/PreviewCache.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "module/RecentDocumentBrowser.h"
 #include "tests/support/PoolOf.h"
@@ -11,6 +12,7 @@
 #include <QTemporaryDir>
 
 #include <atomic>
+#include <optional>
 
 using namespace testbytes;
 
@@ -62,14 +64,23 @@ private slots:
     {
         for (int i = 0; i < count; ++i)
             m_paths.append(writeFile(m_folder.filePath(QStringLiteral("%1.dwg").arg(i)), drawingOf(i)));
-        QVERIFY(m_host.recentFiles().setMaximum(count));
-        m_host.recentFiles().setPaths(m_paths);
-        QCOMPARE(m_host.recentFiles().paths(), m_paths);
+        fxhost::PreviewCache cache;
+        const QString &latest = m_paths.last();
+        QTRY_COMPARE(cache.read(latest).cacheKey(), cache.read(latest).cacheKey()); // until old enough
+    }
+
+    void init()
+    {
+        m_host.emplace(m_folder.filePath(QStringLiteral("profile")), QString()); // has read nothing yet
+        QVERIFY(m_host->recentFiles().setMaximum(count));
+        m_host->recentFiles().setPaths(m_paths);
+        QCOMPARE(m_host->recentFiles().paths(), m_paths);
     }
 
     void cleanup()
     {
         RecentDocumentBrowser::recentFileImageMap.clear();
+        m_host.reset();
         TestCase::cleanup();
     }
 
@@ -113,9 +124,14 @@ private slots:
         started.acquire(qBound(0, threads, waiting));
         QMetaObject::invokeMethod(
             this, [&] { callerHasReturned.release(waiting); }, Qt::QueuedConnection);
-        for (int round = 0; round < 2; ++round) { // the second finds the threads of the first waiting
-            RecentDocumentBrowser::CreateRecentFileImageMap();
-            QCOMPARE(wrongDocuments(), QList<int>());
+        RecentDocumentBrowser::CreateRecentFileImageMap();
+        QCOMPARE(wrongDocuments(), QList<int>());
+        const QMap<QString, QImage> decoded = RecentDocumentBrowser::recentFileImageMap;
+        RecentDocumentBrowser::CreateRecentFileImageMap(); // finds the threads waiting, and the pictures kept
+        QCOMPARE(wrongDocuments(), QList<int>());
+        for (const QString &path : qAsConst(m_paths)) {
+            const QImage kept = RecentDocumentBrowser::recentFileImageMap.value(path);
+            QCOMPARE(kept.cacheKey(), decoded.value(path).cacheKey());
         }
         QCOMPARE(ended.load(), 0); // they still wait
         drainEvents();
@@ -164,7 +180,7 @@ private:
     }
 
     QTemporaryDir m_folder;
-    fxhost::FxHost m_host{m_folder.filePath(QStringLiteral("profile")), QString()};
+    std::optional<fxhost::FxHost> m_host;
     QStringList m_paths;
 };
 

@@ -14,9 +14,8 @@ namespace fxhost {
 
 namespace {
 
-//! The largest picture decoded here, with its filter types, and as large its compressed data; in bytes. Both
-//! are in memory at once.
-constexpr qint64 mostBytes = 8 * 1024 * 1024;
+//! The most memory for decoding a picture here, itself included, in bytes.
+constexpr qint64 mostMemory = qint64{28} * 1024 * 1024;
 
 constexpr int typeSize = 4; //!< of a chunk, as the next in bytes
 constexpr int checksumSize = 4;
@@ -68,20 +67,14 @@ bool append(QByteArray &bytes, const RegularFile &file, const FileRange &chunk)
     return true;
 }
 
+//! Decompresses a zlib stream. \return false if it is broken or does not fill rows
 bool inflate(const QByteArray &stream, QByteArray &rows)
 {
-    // A zlib stream: two bytes, the data, a checksum of four. See RFC 1950.
-    constexpr int headSize = 2;
-    constexpr int endSize = 4;
-    if (stream.size() < headSize + endSize || (stream.at(0) & 0x0F) != 8 || (stream.at(1) & 0x20) != 0 ||
-        qFromBigEndian<quint16>(stream.constData()) % 31 != 0)
-        return false;
     const std::unique_ptr<libdeflate_decompressor, void (*)(libdeflate_decompressor *)> decompressor(
         libdeflate_alloc_decompressor(), libdeflate_free_decompressor);
-    return decompressor &&
-           libdeflate_deflate_decompress(decompressor.get(), stream.constData() + headSize,
-                                         static_cast<size_t>(stream.size() - headSize - endSize), rows.data(),
-                                         static_cast<size_t>(rows.size()), nullptr) == LIBDEFLATE_SUCCESS;
+    return decompressor && libdeflate_zlib_decompress(
+                               decompressor.get(), stream.constData(), static_cast<size_t>(stream.size()),
+                               rows.data(), static_cast<size_t>(rows.size()), nullptr) == LIBDEFLATE_SUCCESS;
 }
 
 int paeth(int left, int above, int aboveLeft)
@@ -89,43 +82,51 @@ int paeth(int left, int above, int aboveLeft)
     const int toLeft = std::abs(above - aboveLeft);
     const int toAbove = std::abs(left - aboveLeft);
     const int toAboveLeft = std::abs(left + above - 2 * aboveLeft);
-    if (toLeft <= toAbove && toLeft <= toAboveLeft)
-        return left;
-    return toAbove <= toAboveLeft ? above : aboveLeft;
+    // Without branches, because in a noisy picture none could be predicted.
+    const int upper = toAbove <= toAboveLeft ? above : aboveLeft;
+    return toLeft <= std::min(toAbove, toAboveLeft) ? left : upper;
 }
 
 //! Undoes a row's filter in place. \param above the row above, of zeros for the first one
-//! \return false if there is no such filter
 template<int channels>
-bool unfilter(uchar filter, uchar *row, const uchar *above, int size)
+void unfilter(uchar filter, uchar *row, const uchar *above, int size)
 {
     const auto add = [row](int i, int prediction) { row[i] = static_cast<uchar>(row[i] + prediction); };
     switch (filter) {
-    case None:
-        return true;
     case Sub:
         for (int i = channels; i < size; ++i)
             add(i, row[i - channels]);
-        return true;
+        break;
     case Up:
         for (int i = 0; i < size; ++i)
             add(i, above[i]);
-        return true;
+        break;
     case Average:
         for (int i = 0; i < channels; ++i)
             add(i, above[i] / 2);
         for (int i = channels; i < size; ++i)
             add(i, (row[i - channels] + above[i]) / 2);
-        return true;
+        break;
     case Paeth:
         for (int i = 0; i < channels; ++i)
             add(i, above[i]);
         for (int i = channels; i < size; ++i)
             add(i, paeth(row[i - channels], above[i], above[i - channels]));
-        return true;
+        break;
     default:
-        return false;
+        break;
     }
+}
+
+//! Checked before any is undone: Qt's decoder does it all again until it finds the unknown one.
+bool areFiltersKnown(const QByteArray &rows, int count)
+{
+    const int step = rows.size() / count;
+    for (int at = 0; at < rows.size(); at += step) {
+        if (static_cast<uchar>(rows.at(at)) > Paeth)
+            return false;
+    }
+    return true;
 }
 
 //! \param rows each with its filter type before it
@@ -139,24 +140,23 @@ QImage toImage(const QSize &size, QImage::Format format, QByteArray &rows, Pixel
     QImage image(size, format);
     for (int y = 0; !image.isNull() && y < size.height(); ++y) {
         const uchar filter = *row++;
-        if (!unfilter<channels>(filter, row, above, rowSize))
-            return {};
+        unfilter<channels>(filter, row, above, rowSize);
         auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
-        for (int x = 0; x < size.width(); ++x)
-            line[x] = pixel(row + channels * x);
         above = row;
-        row += rowSize;
+        for (int x = 0; x < size.width(); ++x, row += channels)
+            line[x] = pixel(row);
     }
     return image;
 }
 
-//! The colours of all values that a pixel can have: those after the palette's end are its last one.
+//! The colours of all values that a pixel can have: those after the palette's end are its first one.
 std::array<QRgb, mostColors> colorsOf(const QByteArray &palette, const QByteArray &transparency)
 {
     std::array<QRgb, mostColors> colors = {};
     for (int i = 0; i < mostColors; ++i) {
-        const int index = std::min(i, palette.size() / colorSize - 1);
-        const auto *color = reinterpret_cast<const uchar *>(palette.constData()) + colorSize * index;
+        const int index = i < palette.size() / colorSize ? i : 0;
+        const auto *color =
+            reinterpret_cast<const uchar *>(palette.constData()) + qsizetype{colorSize} * index;
         const int alpha = index < transparency.size() ? static_cast<uchar>(transparency.at(index)) : 255;
         colors.at(static_cast<size_t>(i)) = qRgba(color[0], color[1], color[2], alpha);
     }
@@ -180,11 +180,12 @@ bool readPalette(const RegularFile &file, const PngParts &parts, QByteArray &pal
 
 QImage decodePlainPng(const RegularFile &file, const QSize &size, const PngParts &parts)
 {
+    QByteArray end; // has no data
     QByteArray header;
-    if (!parts.areInOrder || parts.header.size != wholeSize(headerSize) ||
-        !append(header, file, parts.header))
+    if (!parts.areInOrder || parts.end.size != wholeSize(0) || !append(end, file, parts.end) ||
+        parts.header.size != wholeSize(headerSize) || !append(header, file, parts.header))
         return {};
-    const int colorType = header.at(colorTypeAt);
+    const auto colorType = static_cast<uchar>(header.at(colorTypeAt));
     const int channels = channelsOf(colorType);
     const qint64 rowsSize = qint64(size.height()) * (1 + qint64(channels) * size.width());
     qint64 streamSize = 0;
@@ -192,8 +193,9 @@ QImage decodePlainPng(const RegularFile &file, const QSize &size, const PngParts
         streamSize += chunk.size;
     const bool hasPalette = colorType == Palette;
     const bool isPlain = header.at(depthAt) == 8 && header.mid(colorTypeAt + 1) == QByteArray(3, 0);
-    if (!isPlain || channels == 0 || rowsSize > mostBytes || streamSize > mostBytes ||
-        (!hasPalette && parts.transparency.size > 0))
+    // The stream is also in memory chunk by chunk.
+    const qint64 memory = 2 * streamSize + rowsSize + qint64(size.height()) * size.width() * 4;
+    if (!isPlain || channels == 0 || memory > mostMemory || (!hasPalette && parts.transparency.size > 0))
         return {};
 
     QByteArray palette;
@@ -207,7 +209,7 @@ QImage decodePlainPng(const RegularFile &file, const QSize &size, const PngParts
             return {};
     }
     QByteArray rows(static_cast<int>(rowsSize), Qt::Uninitialized);
-    if (!inflate(stream, rows))
+    if (!inflate(stream, rows) || !areFiltersKnown(rows, size.height()))
         return {};
 
     const QImage::Format opaque = QImage::Format_RGB32;

@@ -23,7 +23,7 @@ bool isSettled(const FileIdentity &identity)
     const std::chrono::nanoseconds latest(std::max(identity.modified, identity.changed));
     const bool isWhole = latest % 1s == 0ns;
     const std::chrono::nanoseconds now = std::chrono::system_clock::now().time_since_epoch();
-    return now - latest > (isWhole ? 4s : 20ms);
+    return latest < now - (isWhole ? 4s : 20ms); // in this order, because a file's times may be any
 }
 
 } // namespace

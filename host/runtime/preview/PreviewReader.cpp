@@ -51,7 +51,18 @@ QImage forPainting(QImage image)
     return image.isNull() ? image : std::move(image).convertToFormat(format);
 }
 
-QImage decode(const RegularFile &file, const PictureLayout &layout, DecodingLimit &limit)
+QImage decode(const RegularFile &file, const PictureLayout &layout)
+{
+    if (layout.rows.bits != 0)
+        return decodeRows(file, layout.size, layout.rows);
+    const QImage image = decodePlainPng(file, layout.size, layout.png);
+    return image.isNull() ? decodeWithQt(file, layout) : image;
+}
+
+using Decode = QImage(const RegularFile &file, const PictureLayout &layout);
+
+QImage decodeWithin(DecodingLimit &limit, Decode *decode, const RegularFile &file,
+                    const PictureLayout &layout)
 {
     limit.storedBytes -=
         std::accumulate(layout.ranges.begin(), layout.ranges.end(), qint64(layout.head.size()),
@@ -59,14 +70,11 @@ QImage decode(const RegularFile &file, const PictureLayout &layout, DecodingLimi
     limit.decodedBytes -= qint64(layout.size.width()) * layout.size.height() * layout.bitsPerPixel / 8;
     if (limit.storedBytes < 0 || limit.decodedBytes < 0)
         return {};
-    if (layout.rows.bits != 0)
-        return decodeRows(file, layout.size, layout.rows);
-    QImage image = decodePlainPng(file, layout.size, layout.png);
-    return forPainting(image.isNull() ? decodeWithQt(file, layout) : image);
+    return forPainting(decode(file, layout));
 }
 
-QImage readFirst(PreviewCode code, const RegularFile &file, const std::vector<PreviewEntry> &entries,
-                 DecodingLimit &limit)
+QImage readFirst(PreviewCode code, Decode *decode, const RegularFile &file,
+                 const std::vector<PreviewEntry> &entries, DecodingLimit &limit)
 {
     for (const PreviewEntry &entry : entries) {
         if (entry.code != code)
@@ -76,11 +84,22 @@ QImage readFirst(PreviewCode code, const RegularFile &file, const std::vector<Pr
         file.prefetch({entry.data.offset, std::min(entry.data.size, usualPicture)});
         const std::optional<PictureLayout> layout =
             code == PreviewCode::Png ? layOutPng(file, entry.data) : layOutBitmap(file, entry.data);
-        const QImage image = layout ? decode(file, *layout, limit) : QImage();
+        const QImage image = layout ? decodeWithin(limit, decode, file, *layout) : QImage();
         if (!image.isNull())
             return image;
     }
     return {};
+}
+
+QImage readWith(Decode *decode, const RegularFile &file, const PreviewSection &section)
+{
+    try {
+        DecodingLimit limit;
+        const QImage png = readFirst(PreviewCode::Png, decode, file, section.entries, limit);
+        return png.isNull() ? readFirst(PreviewCode::Bitmap, decode, file, section.entries, limit) : png;
+    } catch (const std::bad_alloc &) {
+        return {}; // rather no picture than a crash
+    }
 }
 
 } // namespace
@@ -93,13 +112,13 @@ QImage readPreview(const QString &path)
 
 QImage readPreview(const RegularFile &file, const PreviewSection &section)
 {
-    try {
-        DecodingLimit limit;
-        const QImage png = readFirst(PreviewCode::Png, file, section.entries, limit);
-        return png.isNull() ? readFirst(PreviewCode::Bitmap, file, section.entries, limit) : png;
-    } catch (const std::bad_alloc &) {
-        return {}; // rather no picture than a crash
-    }
+    return readWith(decode, file, section);
+}
+
+QImage readPreviewWithQt(const QString &path)
+{
+    const RegularFile file(path);
+    return readWith(decodeWithQt, file, readPreviewSection(file));
 }
 
 } // namespace fxhost

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <limits>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -32,9 +33,12 @@ int openWithoutBlocking(const QString &path)
     return descriptor;
 }
 
+//! The same for all dates more than 290 years away, which a file may have.
 qint64 nanoseconds(const struct timespec &time)
 {
-    return time.tv_sec * 1'000'000'000 + time.tv_nsec;
+    constexpr qint64 second = 1'000'000'000;
+    constexpr qint64 most = std::numeric_limits<qint64>::max() / second - 1;
+    return std::clamp<qint64>(time.tv_sec, -most, most) * second + time.tv_nsec;
 }
 
 } // namespace

@@ -65,17 +65,19 @@ class PngSorter
 public:
     void add(const Chunk &chunk)
     {
-        const std::array<const char *, 4> order = {"IHDR", "PLTE", "tRNS", "IDAT"};
-        const std::array<FileRange *, 3> once = {&parts.header, &parts.palette, &parts.transparency};
+        const std::array<const char *, 5> order = {"IHDR", "PLTE", "tRNS", "IDAT", "IEND"};
+        constexpr size_t data = 3; // the only one that may come again
+        const std::array<FileRange *, 5> once = {&parts.header, &parts.palette, &parts.transparency, nullptr,
+                                                 &parts.end};
         const auto index =
             static_cast<size_t>(std::find(order.begin(), order.end(), chunk.type) - order.begin());
         const FileRange range = {chunk.whole.offset + lengthSize, chunk.whole.size - lengthSize};
         parts.areInOrder = parts.areInOrder && index >= m_next && index < order.size();
-        if (index < once.size())
-            *once[index] = range;
-        else
+        if (index == data)
             parts.data.push_back(range);
-        m_next = std::min(index + 1, once.size());
+        else if (index < once.size())
+            *once[index] = range;
+        m_next = std::min(index + 1, data);
     }
 
     PngParts parts;
@@ -115,14 +117,14 @@ std::optional<PictureLayout> layOutPng(const RegularFile &file, const FileRange 
         const std::optional<Chunk> chunk = chunkAt(file, at, data.end());
         if (!chunk)
             return std::nullopt;
-        if (chunk->matters())
+        if (chunk->matters()) {
             append(layout.ranges, chunk->whole);
+            sorter.add(*chunk);
+        }
         if (chunk->type == "IEND") {
             layout.png = sorter.parts;
             return layout;
         }
-        if (chunk->matters())
-            sorter.add(*chunk);
         at = chunk->whole.end();
     }
     return std::nullopt;

@@ -9,6 +9,7 @@
 
 #include <QTemporaryDir>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -142,6 +143,16 @@ private slots:
         const DrawingFile drawing = fxhost::readDrawing(path);
         QVERIFY(fxhost::readPreview(path).isNull());
         QVERIFY(drawing.outcome.reason().contains(qt_error_string(EACCES)));
+    }
+
+    void fileOfTheFarFutureIsRead()
+    {
+        const QString path = writeFile(m_dir.filePath("future.dwg"), drawingWith().bytes());
+        constexpr timespec future = {1'000'000'000'000,
+                                     0}; // file systems take the latest date that they know
+        const timespec times[] = {future, future};
+        QCOMPARE(::utimensat(AT_FDCWD, QFile::encodeName(path).constData(), times, 0), 0);
+        QVERIFY(fxhost::readDrawing(path).modified > QDateTime::currentDateTime());
     }
 
     void formatIsNamedByItsYear()

@@ -225,11 +225,20 @@ void addWrongPngs()
         return png;
     };
     addPng("a wrong checksum of the header", damaged("IHDR", 4 + 13));
+    addPng("a wrong checksum of the end", damaged("IEND", 4));
     addPng("a wrong byte in the data", damaged("IDAT", 4 + 10));
     addPng("a wrong byte in the last checksum of the data", damaged("IEND", -5));
     addPng("a chunk longer than the file", damaged("IDAT", -4));
     addPng("a chunk longer than allowed",
            QByteArray(good).replace(good.indexOf("IDAT") - 4, 4, QByteArray(4, '\xFF')));
+    constexpr int qtsOwnPrefix = 4; // bytes before the zlib stream
+    const QByteArray stream = qCompress(QByteArray((width + 1) * height, '\0')).mid(qtsOwnPrefix);
+    const auto addStream = [](const char *name, const QByteArray &bytes) {
+        addPng(name, soundPng().left(8) + PngHeader{width, height, 8, 0}.bytes() + pngChunk("IDAT", bytes) +
+                         pngChunk("IEND", {}));
+    };
+    addStream("a wrong sum in the stream of the data", stream.chopped(1) + '\xFF');
+    addStream("a stream with a window larger than allowed", QByteArray(stream).replace(0, 2, "\x88\x1C"));
     addPng("no data", QByteArray(good).replace("IDAT", "itXt"));
     addPng("an unknown critical chunk", QByteArray(good).insert(33, pngChunk("ABCD", "?")));
 }

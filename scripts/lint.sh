@@ -93,7 +93,7 @@ shell_scripts() {
 # clang's warning about variadic macros is caused by Qt Test, and g++ checks its own warnings in the build.
 database=build/lint
 product=()  # files, each of which must include what it needs
-together=() # units of several tests, as they are compiled
+together=() # what only measures the product; and units of several tests, as they are compiled
 compile_commands() {
     local unit found unity
     ((${#units[@]} > 0)) || return 0
@@ -106,7 +106,9 @@ compile_commands() {
         build/dev/compile_commands.json >"$database/compile_commands.json" || return 1
     mapfile -t unity < <(grep -oP '"file": "\K[^"]*/Unity/[^"]*' "$database/compile_commands.json")
     for unit in "${units[@]}"; do
-        if grep -qF "/$unit\"" "$database/compile_commands.json"; then
+        if [[ $unit == bench/* ]]; then
+            together+=("$unit")
+        elif grep -qF "/$unit\"" "$database/compile_commands.json"; then
             product+=("$unit")
         elif found=$(grep -lF "/$unit\"" "${unity[@]}"); then
             together+=("$found")

@@ -207,8 +207,16 @@ private slots:
         QCOMPARE(key(20), before);
         QVERIFY(key(21) != before);
         QCOMPARE(key(20), before);
+        constexpr int large = 2000; // pixels; four such pictures fit
+        for (int i = 0; i < 3; ++i)
+            key(large + i);
+        QCOMPARE(key(20), before);
+        for (int i = 0; i < 5; ++i)
+            key(large + i);
+        const qint64 again = key(20);
+        QVERIFY(again != before);
         TilePictures::drop();
-        QVERIFY(key(20) != before);
+        QVERIFY(key(20) != again);
     }
 
     void theLooksOfAnOpenTileChange_data()

@@ -16,8 +16,9 @@ namespace {
 //! Drawings of equal size with different pictures.
 QByteArray numbered(int number, int side = 20)
 {
-    BitmapBytes bitmap = patternBitmap(24, side, side);
-    bitmap.pixels.fill(static_cast<char>(number));
+    BitmapBytes bitmap = patternBitmap(24, 1, 1);
+    bitmap.width = bitmap.height = side;
+    bitmap.pixels = QByteArray((3 * side + 3) / 4 * 4 * side, static_cast<char>(number));
     return drawingWith(bitmapEntry(bitmap.bytes())).bytes();
 }
 

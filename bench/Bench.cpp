@@ -47,7 +47,7 @@ Times sorted(std::vector<double> times)
     return {times.at(times.size() / 2), times.front()};
 }
 
-void printTimes(const bench::Row &row, int runs)
+void printTimes(const QString &name, const bench::Row &row, int runs)
 {
     std::vector<double> ours;
     std::vector<double> other;
@@ -60,7 +60,7 @@ void printTimes(const bench::Row &row, int runs)
     const Times our = sorted(ours);
     const Times their = sorted(other);
     const double ratio = row.scale * our.median / their.median;
-    std::printf("%-28s %9.3f %9.3f   %9.3f %9.3f   %5.2f   %5.2f%s\n", qPrintable(row.name), our.median,
+    std::printf("%-28s %9.3f %9.3f   %9.3f %9.3f   %5.2f   %5.2f%s\n", qPrintable(name), our.median,
                 our.least, their.median, their.least, ratio, row.most,
                 ratio > row.most ? "  more than allowed" : "");
     std::fflush(stdout);
@@ -77,6 +77,12 @@ int bench::run(const std::vector<std::pair<QString, RowMaker>> &rows)
     parser.addOptions({runs, only, list});
     parser.process(*QCoreApplication::instance());
     const QStringList chosen = parser.positionalArguments();
+    for (const QString &name : chosen) {
+        if (std::none_of(rows.begin(), rows.end(), [&name](const auto &row) { return row.first == name; })) {
+            std::fprintf(stderr, "unknown row: %s\n", qPrintable(name));
+            return 2;
+        }
+    }
 
     for (const auto &[name, make] : rows) {
         if (parser.isSet(list)) {
@@ -85,10 +91,9 @@ int bench::run(const std::vector<std::pair<QString, RowMaker>> &rows)
         }
         if (!chosen.isEmpty() && !chosen.contains(name))
             continue;
-        Row row = make();
-        row.name = name;
+        const Row row = make();
         if (!parser.isSet(only)) {
-            printTimes(row, parser.isSet(runs) ? parser.value(runs).toInt() : row.runs);
+            printTimes(name, row, parser.isSet(runs) ? parser.value(runs).toInt() : row.runs);
             continue;
         }
         const Side &side = parser.value(only) == QLatin1String("ours") ? row.ours : row.other;

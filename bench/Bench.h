@@ -19,7 +19,6 @@ struct Side
 //! A line of the table: what takes how long, compared with something else that does the same.
 struct Row
 {
-    QString name;
     double most = 0; //!< the largest ratio that is good enough
     Side ours;
     Side other;
@@ -32,8 +31,8 @@ using RowMaker = std::function<Row()>;
 
 //! Runs a program of rows. Arguments: --runs N of each side; --only ours|other for a single run after one
 //! that is not measured, in a function called measured() (for callgrind's --toggle-collect); names of rows,
-//! all without. Prints a line for each: name, medians in milliseconds, least times, ratio of the medians,
-//! limit. \return the program's exit status
+//! all without; an unknown name is an error. Prints a line for each: name, medians in milliseconds, least
+//! times, ratio of the medians, limit. \return the program's exit status
 int run(const std::vector<std::pair<QString, RowMaker>> &rows);
 
 } // namespace bench

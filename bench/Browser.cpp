@@ -34,7 +34,8 @@ Browser::Browser(const QStringList &paths) : m_paths(paths)
 
 Browser::~Browser()
 {
-    closePopups();
+    if (popup())
+        closePopup();
     m_host.setMainWindow(nullptr);
 }
 
@@ -79,9 +80,9 @@ void Browser::pin(int nth)
     const auto buttons = popup()->findChildren<QToolButton *>(QStringLiteral("pinButton"));
     for (int i = 0; i < buttons.size(); i += nth)
         buttons.at(i)->click();
-    closePopups();
+    closePopup();
     openPopup();
-    closePopups();
+    closePopup();
 }
 
 void Browser::paint()
@@ -100,10 +101,12 @@ QWidget *Browser::popup()
     return nullptr;
 }
 
-void Browser::closePopups()
+void Browser::closePopup()
 {
-    while (QWidget *open = popup())
-        open->close();
+    QWidget *open = popup();
+    if (!open)
+        qFatal("no popup is open");
+    open->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     paint();
 }

@@ -37,8 +37,8 @@ public:
     static void paint();
     //! The popup or its twin; null if none is open.
     static QWidget *popup();
-    //! Closes them and deletes what closed windows leave.
-    static void closePopups();
+    //! Closes it and deletes what it leaves. Ends the program if none is open: then nothing was measured.
+    static void closePopup();
 
 private:
     QTemporaryDir m_folder;

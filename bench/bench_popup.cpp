@@ -84,9 +84,8 @@ Row opening(int count, int pinned, double most)
     const auto pair = std::make_shared<Pair>(count, pinned);
     Row row;
     row.most = most;
-    row.ours = {{}, [pair] { pair->browser.openPopup(); }, Browser::closePopups};
-    row.other = {{}, [pair] { pair->openTwin(); }, Browser::closePopups};
-    row.runs = count >= 1000 ? 7 : 25;
+    row.ours = {{}, [pair] { pair->browser.openPopup(); }, Browser::closePopup};
+    row.other = {{}, [pair] { pair->openTwin(); }, Browser::closePopup};
     return row;
 }
 
@@ -97,13 +96,13 @@ Row linear(int many, int fewer, double most)
     const auto show = [browser](int count) {
         browser->list(count);
         browser->openPopup(); // reads the pictures
-        Browser::closePopups();
+        Browser::closePopup();
     };
     const auto open = [browser] { browser->openPopup(); };
     Row row;
     row.most = most;
-    row.ours = {[show, many] { show(many); }, open, Browser::closePopups};
-    row.other = {[show, fewer] { show(fewer); }, open, Browser::closePopups};
+    row.ours = {[show, many] { show(many); }, open, Browser::closePopup};
+    row.other = {[show, fewer] { show(fewer); }, open, Browser::closePopup};
     row.scale = double(fewer) / many;
     row.runs = 7;
     return row;
@@ -119,11 +118,11 @@ Row afterNewDrawing(int count, double most)
         Browser::paint();
     };
     open();
-    Browser::closePopups();
+    Browser::closePopup();
     Row row;
     row.most = most;
-    row.ours = {createDocument, open, Browser::closePopups};
-    row.other = {{}, open, Browser::closePopups};
+    row.ours = {createDocument, open, Browser::closePopup};
+    row.other = {{}, open, Browser::closePopup};
     return row;
 }
 
@@ -150,19 +149,19 @@ Row unread(double most)
     };
     Row row;
     row.most = most;
-    row.ours = {change, [folder, pair] { pair->browser.openPopup(); }, Browser::closePopups};
-    row.other = {change, readAndOpen, Browser::closePopups};
+    row.ours = {change, [folder, pair] { pair->browser.openPopup(); }, Browser::closePopup};
+    row.other = {change, readAndOpen, Browser::closePopup};
     return row;
 }
 
-//! Something that is done with both popups open.
+//! Something that is done with an open popup.
 Row withOpenPopup(int count, double most, void (*act)())
 {
     const auto pair = std::make_shared<Pair>(count, 0);
     Row row;
     row.most = most;
-    row.ours = {[pair] { pair->browser.openPopup(); }, act, Browser::closePopups};
-    row.other = {[pair] { pair->openTwin(); }, act, Browser::closePopups};
+    row.ours = {[pair] { pair->browser.openPopup(); }, act, Browser::closePopup};
+    row.other = {[pair] { pair->openTwin(); }, act, Browser::closePopup};
     return row;
 }
 
@@ -197,7 +196,7 @@ bool looksLikeTwin()
     Pair pair(5, 2);
     pair.browser.openPopup();
     const QImage ours = Browser::popup()->grab().toImage();
-    Browser::closePopups();
+    Browser::closePopup();
     pair.openTwin();
     return ours == Browser::popup()->grab().toImage();
 }
@@ -223,11 +222,11 @@ int printMemory(const QString &whose)
             pair.openTwin();
     };
     open(); // fonts, plug-ins, the pictures that are kept
-    Browser::closePopups();
+    Browser::closePopup();
     const long before = residentMemory();
     open();
     const long whileOpen = residentMemory();
-    Browser::closePopups();
+    Browser::closePopup();
     std::printf("%s: %ld KB with 200 tiles, %ld KB after closing\n", qPrintable(whose), whileOpen - before,
                 residentMemory() - before);
     return 0;

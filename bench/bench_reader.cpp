@@ -39,6 +39,12 @@ Row reading(Kind kind, int times, double most)
 {
     const auto folder = std::make_shared<QTemporaryDir>();
     const QStringList drawings = drawingsOf(kind, *folder);
+    for (const QString &drawing : drawings) {
+        const QImage picture = fxhost::readPreview(drawing);
+        if (picture.isNull() != (kind == None) ||
+            picture != readBare(drawing).convertToFormat(picture.format()))
+            qFatal("%s is read wrongly", qPrintable(drawing));
+    }
     const auto readAll = [folder, drawings, times](QImage (*read)(const QString &)) {
         return [folder, drawings, times, read] {
             for (int i = 0; i < times; ++i) {

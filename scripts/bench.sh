@@ -30,14 +30,35 @@ scripts/quietly.sh cmake --build --preset "$preset" --target bench_menu bench_po
 
 bin=build/$preset/bin
 export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
-programs=("$bin"/bench_{menu,popup,reader})
+
+declare -A program recorded
+rows=()
+for name in menu popup reader; do
+    while read -r row; do
+        program[$row]=$bin/bench_$name
+        rows+=("$row")
+    done < <("$bin/bench_$name" --list)
+done
+if [[ $mode == check ]]; then
+    while read -r row ratio; do
+        [[ $row == '#' ]] || recorded[$row]=$ratio
+    done <bench/instructions.txt
+    (($# > 0)) || set -- "${!recorded[@]}"
+fi
+(($# == 0)) || rows=("$@")
+for row in "${rows[@]}"; do
+    if [[ -z ${program[$row]-} || ($mode == check && -z ${recorded[$row]-}) ]]; then
+        echo "bench: no such row: $row" >&2
+        exit 2
+    fi
+done
 
 if [[ $mode == time ]]; then
     printf '%-28s %19s   %19s   %5s   %5s\n' '' 'ours, median least' 'other, median least' ratio most
-    for program in "${programs[@]}"; do
-        "$program" "$@"
+    for row in "${rows[@]}"; do
+        "${program[$row]}" "$row"
     done
-    for whose in ours other; do
+    (($# > 0)) || for whose in ours other; do
         "$bin/bench_popup" --memory "$whose"
     done
     exit 0
@@ -49,27 +70,22 @@ count() {
         "$1" --only "$2" "$3" 2>&1 | sed -n 's/.*Collected : //p'
 }
 
-# Prints a row's name and ratio, with both sides counted at the same time.
+# Prints a row's ratio, with both sides counted at the same time.
 ratio() {
-    local program=$1 row=$2 ours other
-    exec 3< <(count "$program" ours "$row")
-    other=$(count "$program" other "$row")
+    local ours other
+    exec 3< <(count "${program[$1]}" ours "$1")
+    other=$(count "${program[$1]}" other "$1")
     read -r ours <&3
-    awk -v row="$row" -v ours="$ours" -v other="$other" 'BEGIN { printf "%-28s %.3f\n", row, ours / other }'
+    awk -v ours="$ours" -v other="$other" 'BEGIN { printf "%.3f", ours / other }'
 }
 
 status=0
-for program in "${programs[@]}"; do
-    while read -r row; do
-        recorded=$(awk -v row="$row" '$1 == row { print $2 }' bench/instructions.txt)
-        [[ $mode != check || -n $recorded ]] || continue
-        (($# == 0)) || [[ " $* " == *" $row "* ]] || continue
-        line=$(ratio "$program" "$row")
-        echo "$line${recorded:+   recorded $recorded}"
-        if [[ $mode == check ]] && awk -v now="${line##* }" -v was="$recorded" 'BEGIN { exit !(now > was + 0.05) }'; then
-            echo "$row: more than 0.05 above what is recorded"
-            status=1
-        fi
-    done < <("$program" --list)
+for row in "${rows[@]}"; do
+    now=$(ratio "$row")
+    printf '%-28s %s%s\n' "$row" "$now" "${recorded[$row]:+   recorded ${recorded[$row]}}"
+    if [[ $mode == check ]] && awk -v now="$now" -v was="${recorded[$row]}" 'BEGIN { exit !(now > was + 0.05) }'; then
+        echo "$row: more than 0.05 above what is recorded"
+        status=1
+    fi
 done
 exit "$status"

@@ -3,6 +3,7 @@
 
 #include <QIcon>
 
+#include <initializer_list>
 #include <utility>
 
 namespace {
@@ -12,38 +13,39 @@ const QIcon *pinIcon = nullptr;
 const QIcon *folderIcon = nullptr;
 const QIcon *drawingIcon = nullptr;
 
+struct Picture
+{
+    const char *file;
+    QIcon::State state;
+};
+
+const QIcon &ensure(const QIcon *&icon, std::initializer_list<Picture> pictures)
+{
+    if (!icon) {
+        auto *made = new QIcon;
+        for (const Picture &picture : pictures)
+            made->addFile(QLatin1String(picture.file), SharedIcons::size, QIcon::Normal, picture.state);
+        icon = made;
+    }
+    return *icon;
+}
+
 } // namespace
 
 const QIcon &SharedIcons::pin()
 {
-    if (!pinIcon) {
-        auto *icon = new QIcon;
-        icon->addFile(QStringLiteral(":/Images/Resources/pin_down_hover.png"), size, QIcon::Normal,
-                      QIcon::On);
-        icon->addFile(QStringLiteral(":/Images/Resources/pin_up_hover.png"), size, QIcon::Normal, QIcon::Off);
-        pinIcon = icon;
-    }
-    return *pinIcon;
+    return ensure(pinIcon, {{":/Images/Resources/pin_down_hover.png", QIcon::On},
+                            {":/Images/Resources/pin_up_hover.png", QIcon::Off}});
 }
 
 const QIcon &SharedIcons::folder()
 {
-    if (!folderIcon) {
-        auto *icon = new QIcon;
-        icon->addFile(QStringLiteral(":/Images/Resources/Open_32x-32.svg"), size, QIcon::Normal, QIcon::On);
-        folderIcon = icon;
-    }
-    return *folderIcon;
+    return ensure(folderIcon, {{":/Images/Resources/Open_32x-32.svg", QIcon::On}});
 }
 
 const QIcon &SharedIcons::drawing()
 {
-    if (!drawingIcon) {
-        auto *icon = new QIcon;
-        icon->addFile(QStringLiteral(":/Images/Resources/VELA_DWG.png"), size, QIcon::Normal, QIcon::Off);
-        drawingIcon = icon;
-    }
-    return *drawingIcon;
+    return ensure(drawingIcon, {{":/Images/Resources/VELA_DWG.png", QIcon::Off}});
 }
 
 void SharedIcons::drop()

@@ -26,8 +26,8 @@ constexpr int keptOfName = 13;
 //! The same for paths that are wider than the popup.
 constexpr int pathLength = 100;
 constexpr int keptOfPath = 97;
-//! The type icon: its side, and the offset of its corner from the picture's size before the layout is
-//! activated, in pixels. Together they place it in the tile's lower right corner.
+//! The offset of the type icon's corner from the picture's size before the layout is
+//! activated, in pixels. It places the icon in the tile's lower right corner.
 constexpr QPoint typeIconShift(40, 80);
 
 QString restingSheet()

@@ -11,7 +11,8 @@ namespace StyledGrounds {
 //! Paints the widget's ground, as QWidget does before a paint event. To be called in the paint event of a
 //! widget with Qt::WA_NoSystemBackground.
 void paint(QWidget *widget);
-//! Must be called at the end: the grounds should not outlive the application.
+//! Called for each new popup, because the style may have changed since the last one, and at the end: the
+//! grounds should not outlive the application.
 void clear();
 
 } // namespace StyledGrounds

@@ -15,7 +15,7 @@ public:
     //! \param text shown if picture is null
     PictureCanvas(const QImage &picture, const QString &text, QWidget *parent = nullptr);
 
-    //! The picture's rectangle in widget coordinates; empty if there is no picture.
+    //! The picture's rectangle in widget coordinates; empty without a picture.
     QRect pictureRect() const;
 
     QSize minimumSizeHint() const override;

@@ -77,7 +77,7 @@ public:
 
     Element object(const QString &key) const { return Element(m_object.value(key), placeOf(key)); }
 
-    //! The elements of a list; none if there is no such member.
+    //! The elements of a list; none without such a member.
     std::vector<Element> list(const QString &key) const
     {
         const QJsonValue value = m_object.value(key);

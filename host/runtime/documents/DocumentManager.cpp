@@ -105,7 +105,7 @@ Outcome DocumentManager::openFile(const QString &path)
         return Outcome::failed(tr("No path was given."));
     if (!m_probe.unresponsive({path}, openWait).isEmpty())
         return Outcome::failed(tr("Its disk or server does not respond."));
-    const QString canonicalPath = QFileInfo(path).canonicalFilePath(); // empty if there is no file
+    const QString canonicalPath = QFileInfo(path).canonicalFilePath(); // empty if the file does not exist
     if (Document *document = findOpen(path, canonicalPath)) {
         m_recentFiles.add(document->filePath());
         bringToFront(document);

@@ -76,7 +76,7 @@ public:
 
     const ReactorList<CFxDocumentManagerReactor> &reactors() const { return m_reactors; }
     //! Notifies reactors that were added later of the current drawing, as if it had just been created. Does
-    //! nothing if there is no current drawing.
+    //! nothing without a current drawing.
     void introduceCurrent(const std::vector<CFxDocumentManagerReactor *> &reactors) const;
 
 signals:

@@ -22,7 +22,7 @@ public:
 
     //! Sets the main window. Notifies the modules that the former window, which must still exist, is about to
     //! be destroyed, and then that the new one was created.
-    //! \param window not owned; null if there is no main window any more
+    //! \param window not owned; null after the main window was deleted
     void setWindow(QWidget *window);
     //! The main window, or null.
     QWidget *GetMainWindow() override;

@@ -12,8 +12,8 @@ struct PreviewSection;
 class RegularFile;
 
 //! The picture stored in the drawing at path, in its own size and, unless it is very large, in the format
-//! that is painted fastest; bitmaps are always opaque. A null image if there is no such file, it is not a
-//! drawing, or its picture is missing, broken or too large (see PictureLimits.h).
+//! that is painted fastest; bitmaps are always opaque. A null image if the file does not exist or is
+//! not a drawing, or if its picture is missing, broken or too large (see PictureLimits.h).
 //!
 //! Any thread, also several at once. Never throws, and never waits for a FIFO, a device or a socket. Whatever
 //! the file contains, it needs less than 32 MiB of memory, including the image, and less than a fifth

@@ -68,16 +68,14 @@ private slots:
         QCOMPARE(numberIn(m_cache.read(m_path)), 3);
     }
 
-    //! Several changes between two steps of the clock that a file's times are taken from.
-    void fileThatChangesTwiceAtOnceIsReadTwice()
+    //! It could change once more between two steps of the clock that a file's times are taken from.
+    void fileThatHasJustChangedIsReadAgain()
     {
-        QFile file(m_path);
-        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-        for (int i = 0; i < 2000; ++i) {
-            file.seek(0);
-            file.write(numbered(i % 200));
-            QCOMPARE(numberIn(m_cache.read(m_path)), i % 200);
-        }
+        const auto isReadAgain = [&] {
+            writeFile(m_path, numbered(1));
+            return m_cache.read(m_path).cacheKey() != m_cache.read(m_path).cacheKey();
+        };
+        QTRY_VERIFY(isReadAgain()); // once this takes less than such a step
     }
 
     void noMoreIsKeptThanStated()

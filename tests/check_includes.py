@@ -45,8 +45,8 @@ HOST_ACCESS_HEADERS = {
 }
 
 SOURCE_SUFFIXES = {".cpp", ".h"}
-# Not rooms: the build's output, and the wrong includes that test this check.
-LEFT_OUT = {"build", "tests/fixtures"}
+# Not rooms: the build's output, projects of their own, and the wrong includes that test this check.
+LEFT_OUT = {"build", "examples", "tests/fixtures"}
 
 DIRECTIVE = re.compile(r"\s*#\s*include\b\s*(?P<what>.*)")
 NAME = re.compile(r'(?P<open>[<"])(?P<name>[^<>"]+)[>"]')
@@ -80,7 +80,7 @@ def reached_room(root, source, opening, name):
     """The room of the included header, None for another library's; and what is wrong with the spelling, or None."""
     if opening == "<":
         if (root / "sdk" / name).is_file():
-            return "sdk/", None
+            return room_of("sdk/" + name), None
         if (root / name).is_file():
             return room_of(name), "a project header is included in quotes"
         return None, None
@@ -89,7 +89,7 @@ def reached_room(root, source, opening, name):
     if ".." in Path(name).parts:
         return None, "a project header is included by its path from the root"
     if (root / "sdk" / name.removeprefix("sdk/")).is_file():
-        return "sdk/", "an sdk header is included in angle brackets"
+        return None, "an sdk header is included in angle brackets"
     if not (root / name).is_file():
         return None, "there is no such header in the root"
     return room_of(name), None if room_of(name) else "this header belongs to no room"

@@ -5,11 +5,11 @@
 #include "host/app/MainWindow.h"
 #include "host/app/ScreenGrabber.h"
 #include "host/runtime/FxHost.h"
-#include "host/runtime/Outcome.h"
 #include "host/runtime/commands/CommandSet.h"
 #include "host/runtime/commands/TypedPath.h"
 
 #include <CFxCommand.h>
+#include <sdkhost/Outcome.h>
 
 #include <QCoreApplication>
 #include <QSaveFile>

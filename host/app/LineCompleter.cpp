@@ -3,9 +3,10 @@
 
 #include "host/runtime/FxHost.h"
 #include "host/runtime/Paths.h"
-#include "host/runtime/commands/CommandStack.h"
 #include "host/runtime/commands/TypedPath.h"
 #include "host/runtime/probe/FileProbe.h"
+
+#include <sdkhost/CommandStack.h>
 
 #include <QCoreApplication>
 #include <QDir>

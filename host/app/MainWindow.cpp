@@ -14,12 +14,12 @@
 #include "host/runtime/Paths.h"
 #include "host/runtime/commands/CommandRun.h"
 #include "host/runtime/commands/CommandRunner.h"
-#include "host/runtime/customization/Customization.h"
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/probe/FileProbe.h"
 
 #include <CFxCommand.h>
+#include <sdkhost/Customization.h>
 
 #include <QCloseEvent>
 #include <QCoreApplication>

@@ -3,8 +3,6 @@
 
 #include "host/runtime/FxHost.h"
 #include "host/runtime/commands/CommandRunner.h"
-#include "host/runtime/customization/Customization.h"
-#include "host/runtime/customization/UIMenuItem.h"
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/recent/RecentFiles.h"
@@ -12,6 +10,8 @@
 #include <CFxUIAccelerator.h>
 #include <CFxUICommand.h>
 #include <CFxUIGroup.h>
+#include <sdkhost/Customization.h>
+#include <sdkhost/UIMenuItem.h>
 
 #include <QAction>
 #include <QApplication>

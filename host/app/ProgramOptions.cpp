@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/ProgramOptions.h"
 
-#include "host/runtime/Outcome.h"
 #include "host/runtime/Paths.h"
+
+#include <sdkhost/Outcome.h>
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -77,7 +78,7 @@ ProgramStart readProgramOptions(const QStringList &arguments)
                                   Texts::tr("Print this help."));
     const QCommandLineOption module(QStringLiteral("module"),
                                     Texts::tr("Load the module at <path>; can be given more than once. "
-                                              "By default, the module in the program's folder is loaded."),
+                                              "By default, the recent-document browser is loaded."),
                                     QStringLiteral("path"));
     const QCommandLineOption noModule(QStringLiteral("no-module"), Texts::tr("Load no module."));
     const QCommandLineOption profile(QStringLiteral("profile"),

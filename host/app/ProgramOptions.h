@@ -14,7 +14,7 @@ constexpr QSize smallestMainWindow(400, 300);
 //! The options that the program is started with. A value type.
 struct ProgramOptions
 {
-    //! Libraries to load, in this order; unset: the one in the program's folder.
+    //! Libraries to load, in this order; unset: the browser.
     std::optional<QStringList> modules;
     //! Folder of the settings and the recent-file list; empty: the desktop's default.
     QString profileDir;

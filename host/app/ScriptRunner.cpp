@@ -27,7 +27,7 @@ ScriptRunner::ScriptRunner(CommandRunner &commands, QObject *parent) : QObject(p
     connect(&m_commands, &CommandRunner::idle, &m_next, qOverload<>(&QTimer::start));
 }
 
-Outcome ScriptRunner::load(const QString &path)
+sdkhost::Outcome ScriptRunner::load(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/runtime/Outcome.h"
+#include <sdkhost/Outcome.h>
 
 #include <QObject>
 #include <QStringList>
@@ -23,7 +23,7 @@ public:
     explicit ScriptRunner(CommandRunner &commands, QObject *parent = nullptr);
 
     //! Reads a script: UTF-8, one command per line. Blank lines and lines that start with # are ignored.
-    Outcome load(const QString &path);
+    sdkhost::Outcome load(const QString &path);
     //! Starts the script when the window becomes active, or after a few seconds if it does not. Before that,
     //! a window manager may still move the window, and a popup would be placed relative to the old position.
     //! \param window already shown, but not necessarily active; must live until the script has started

@@ -8,7 +8,7 @@
 #include "host/runtime/FxHost.h"
 #include "host/runtime/Paths.h"
 #include "host/runtime/commands/CommandRunner.h"
-#include "host/runtime/customization/Customization.h"
+#include "host/runtime/customization/CustomizationReader.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/log/HostLog.h"
 #include "host/runtime/modules/ModuleManager.h"
@@ -31,8 +31,6 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(fxhost::main)
 };
 
-constexpr char moduleFile[] = "RecentDocumentBrowser.so";
-
 void printError(const QString &text)
 {
     QTextStream(stderr) << QCoreApplication::applicationName() << ": " << text << '\n';
@@ -46,15 +44,16 @@ QString profileDir(const ProgramOptions &options)
 
 QStringList modulePaths(const ProgramOptions &options)
 {
-    const QString own = QDir(QCoreApplication::applicationDirPath()).filePath(QLatin1String(moduleFile));
-    return options.modules.value_or(QStringList{own});
+    const QDir programDir(QCoreApplication::applicationDirPath());
+    return options.modules.value_or(
+        QStringList{QDir::cleanPath(programDir.filePath(QStringLiteral(FXHOST_MODULE)))});
 }
 
 void loadMenus(FxHost &host)
 {
     QFile file(QStringLiteral(":/customization.json"));
     file.open(QIODevice::ReadOnly);
-    const Outcome loaded = host.customization().load(file.readAll());
+    const Outcome loaded = loadCustomization(host.customization(), file.readAll());
     if (!loaded)
         host.showMessage(Texts::tr("The menus cannot be loaded: %1").arg(loaded.reason()));
 }

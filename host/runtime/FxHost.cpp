@@ -4,12 +4,8 @@
 #include "host/runtime/HostSettings.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/commands/CommandSet.h"
-#include "host/runtime/commands/CommandStack.h"
 #include "host/runtime/commands/HostCommands.h"
-#include "host/runtime/customization/Customization.h"
 #include "host/runtime/documents/DocumentManager.h"
-#include "host/runtime/editor/Editor.h"
-#include "host/runtime/interface/GuiThread.h"
 #include "host/runtime/log/HostLog.h"
 #include "host/runtime/mainframe/MainFrame.h"
 #include "host/runtime/modules/ModuleManager.h"
@@ -20,6 +16,8 @@
 #include "host/runtime/recent/RecentFiles.h"
 
 #include <CFxEditorReactor.h>
+#include <sdkhost/Customization.h>
+#include <sdkhost/GuiThread.h>
 
 #include <QDir>
 #include <QGuiApplication>
@@ -37,12 +35,12 @@ public:
 
     CFxUserProfile *GetUserProfile() override
     {
-        FXHOST_ASSERT_GUI_THREAD();
+        SDKHOST_ASSERT_GUI_THREAD();
         return this;
     }
     CFxRecentFileList *GetRecentFileList() override
     {
-        FXHOST_ASSERT_GUI_THREAD();
+        SDKHOST_ASSERT_GUI_THREAD();
         return &m_recentFiles;
     }
 
@@ -52,13 +50,8 @@ private:
 
 FxHost::FxHost(const QString &profileDir, const QString &logFile, QObject *parent) : QObject(parent)
 {
-    Q_ASSERT_X(!InterfaceHost::installed(), "FxHost", "one host at a time");
-    const MessageSink report = [this](const QString &text) {
-        if (m_isConstructed)
-            showMessage(text);
-        else // from the event loop, after the program has connected to message()
-            QTimer::singleShot(0, this, [this, text] { showMessage(text); });
-    };
+    Q_ASSERT_X(!Host::installed(), "FxHost", "one host at a time");
+    const MessageSink report = [this](const QString &text) { showMessage(text); };
 
     m_log = std::make_unique<HostLog>(logFile);
     const QDir profile(profileDir);
@@ -72,18 +65,15 @@ FxHost::FxHost(const QString &profileDir, const QString &logFile, QObject *paren
     m_reachableRecentFiles = std::make_unique<ReachableRecentFiles>(*m_recentFiles, *m_fileProbe, report);
     m_previews = std::make_unique<PreviewCache>();
     m_profile = std::make_unique<Profile>(*m_reachableRecentFiles);
-    m_editor = std::make_unique<Editor>(report);
-    m_mainFrame = std::make_unique<MainFrame>(*m_editor);
-    m_documents = std::make_unique<DocumentManager>(*m_recentFiles, *m_fileProbe, *m_editor, *m_log, report);
+    m_mainFrame = std::make_unique<MainFrame>(editor());
+    m_documents = std::make_unique<DocumentManager>(*this, *m_recentFiles, *m_fileProbe, *m_log, report);
     m_customization = std::make_unique<Customization>();
-    m_commandStack = std::make_unique<CommandStack>();
-    m_commands = std::make_unique<CommandRunner>(*m_commandStack, *m_editor, *m_log, report);
-    m_hostCommands = std::make_unique<CommandSet>(*m_commandStack);
+    m_commands = std::make_unique<CommandRunner>(commandStack(), editor(), *m_log, report);
+    m_hostCommands = std::make_unique<CommandSet>(commandStack());
     addHostCommands(*m_hostCommands, *this);
-    const ModuleHost moduleHost{*m_commands, *m_commandStack, *m_documents, *m_editor, *m_mainFrame};
-    m_modules = std::make_unique<ModuleManager>(moduleHost, *m_log, report);
+    m_modules = std::make_unique<ModuleManager>(*this, *m_log, report);
 
-    InterfaceHost::install(this);
+    Host::install(this);
     m_isConstructed = true;
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, &FxHost::reportApplicationState);
 }
@@ -95,7 +85,7 @@ FxHost::~FxHost()
     setMainWindow(nullptr);
     m_modules->unloadAll(); // while every service still exists
     m_recentFiles->writeRest();
-    InterfaceHost::install(nullptr);
+    Host::install(nullptr);
 }
 
 HostLog &FxHost::log()
@@ -128,16 +118,6 @@ Customization &FxHost::customization()
     return *m_customization;
 }
 
-Editor &FxHost::editor()
-{
-    return *m_editor;
-}
-
-CommandStack &FxHost::commandStack()
-{
-    return *m_commandStack;
-}
-
 CommandRunner &FxHost::commands()
 {
     return *m_commands;
@@ -150,7 +130,7 @@ ModuleManager &FxHost::modules()
 
 void FxHost::setMainWindow(QWidget *window)
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     m_mainFrame->setWindow(window);
 }
 
@@ -163,8 +143,8 @@ void FxHost::reportApplicationState(Qt::ApplicationState state)
 {
     if (state == Qt::ApplicationActive)
         m_recentFiles->refresh(); // another host with the same profile may have changed the list
-    m_editor->reactors().notify(state == Qt::ApplicationActive ? &CFxEditorReactor::appActivated
-                                                               : &CFxEditorReactor::appDeactivated);
+    editor().reactors().notify(state == Qt::ApplicationActive ? &CFxEditorReactor::appActivated
+                                                              : &CFxEditorReactor::appDeactivated);
 }
 
 void FxHost::setPathChooser(PathChooser chooser)
@@ -179,61 +159,58 @@ const FxHost::PathChooser &FxHost::pathChooser() const
 
 void FxHost::showMessage(const QString &text)
 {
-    FXHOST_ASSERT_GUI_THREAD();
-    emit message(text);
+    SDKHOST_ASSERT_GUI_THREAD();
+    if (m_isConstructed)
+        emit message(text);
+    else // from the event loop, after the program has connected to message()
+        QTimer::singleShot(0, this, [this, text] { emit message(text); });
 }
 
 void FxHost::requestHelp(int topic)
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     m_log->help(topic);
     emit helpRequested(topic);
 }
 
 CFxApplication *FxHost::GetApplication()
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     return m_profile.get();
 }
 
 CFxMainFrame *FxHost::GetMainFrame()
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     return m_mainFrame.get();
 }
 
 CFxDocumentManager *FxHost::GetDocumentManager()
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     return m_documents.get();
 }
 
 CFxUICustomization *FxHost::GetCustomization()
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     return m_customization.get();
 }
 
 OdRxObject *FxHost::RunCommand(const CFxString &name, const CFxString *argument)
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     return m_commands->run(name, argument ? QString(*argument) : QString());
 }
 
-OdEditor &FxHost::editorObject()
+CFxDocument *FxHost::currentDocument() const
 {
-    return *m_editor;
+    return m_documents->current();
 }
 
-OdEdCommandStack &FxHost::commandStackObject()
+const OdEdCommand *FxHost::runningCommand() const
 {
-    return *m_commandStack;
-}
-
-void FxHost::setModalState(bool isModal)
-{
-    m_editor->reactors().notify(isModal ? &CFxEditorReactor::beginModalState
-                                        : &CFxEditorReactor::endModalState);
+    return m_commands->running();
 }
 
 QImage FxHost::readPreview(const CFxString &path) const

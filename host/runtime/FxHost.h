@@ -2,9 +2,9 @@
 #pragma once
 
 #include "host/runtime/FxHostApi.h"
-#include "host/runtime/interface/InterfaceHost.h"
 
 #include <CFxServices.h>
+#include <sdkhost/Host.h>
 
 #include <QObject>
 
@@ -17,10 +17,7 @@ namespace fxhost {
 
 class CommandRunner;
 class CommandSet;
-class CommandStack;
-class Customization;
 class DocumentManager;
-class Editor;
 class FileProbe;
 class HostLog;
 class HostSettings;
@@ -37,7 +34,7 @@ class RecentFiles;
 //! A program creates a QApplication, then this object, connects to message(), shows its window, and then
 //! calls setMainWindow(). The destructor closes the drawings, notifies the modules that the main window is
 //! destroyed, and unloads the modules, in this order.
-class FXHOST_API FxHost : public QObject, public CFxSystemServices, private InterfaceHost
+class FXHOST_API FxHost : public QObject, public CFxSystemServices, public sdkhost::Host
 {
     Q_OBJECT
 public:
@@ -58,8 +55,6 @@ public:
     FileProbe &fileProbe();
     DocumentManager &documents();
     Customization &customization();
-    Editor &editor();
-    CommandStack &commandStack();
     CommandRunner &commands();
     ModuleManager &modules();
 
@@ -93,9 +88,8 @@ private:
     class Profile;
 
     CFxSystemServices &services() override { return *this; }
-    OdEditor &editorObject() override;
-    OdEdCommandStack &commandStackObject() override;
-    void setModalState(bool isModal) override;
+    CFxDocument *currentDocument() const override;
+    const OdEdCommand *runningCommand() const override;
     QImage readPreview(const CFxString &path) const override;
 
     void reportApplicationState(Qt::ApplicationState state);
@@ -107,11 +101,9 @@ private:
     std::unique_ptr<FileProbe> m_fileProbe;
     std::unique_ptr<ReachableRecentFiles> m_reachableRecentFiles;
     std::unique_ptr<PreviewCache> m_previews;
-    std::unique_ptr<Editor> m_editor;
     std::unique_ptr<MainFrame> m_mainFrame;
     std::unique_ptr<DocumentManager> m_documents;
     std::unique_ptr<Customization> m_customization;
-    std::unique_ptr<CommandStack> m_commandStack;
     std::unique_ptr<CommandRunner> m_commands;
     std::unique_ptr<CommandSet> m_hostCommands;
     std::unique_ptr<ModuleManager> m_modules;

@@ -2,8 +2,9 @@
 #include "host/runtime/HostSettings.h"
 
 #include "host/runtime/Paths.h"
-#include "host/runtime/interface/GuiThread.h"
 #include "host/runtime/recent/RecentFiles.h"
+
+#include <sdkhost/GuiThread.h>
 
 #include <QDir>
 #include <QFileDevice>
@@ -86,7 +87,7 @@ HostSettings::~HostSettings() = default;
 //! Reads what other programs have stored, and writes changed settings.
 void HostSettings::sync()
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     m_file->sync();
     if (m_file->status() == QSettings::NoError || std::exchange(m_isFailureReported, true))
         return;

@@ -2,7 +2,8 @@
 #pragma once
 
 #include "host/runtime/FxHostApi.h"
-#include "host/runtime/MessageSink.h"
+
+#include <sdkhost/MessageSink.h>
 
 #include <QByteArray>
 #include <QCoreApplication>

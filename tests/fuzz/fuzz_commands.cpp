@@ -4,13 +4,13 @@
 #include "host/app/ScriptRunner.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/commands/CommandSet.h"
-#include "host/runtime/commands/CommandStack.h"
-#include "host/runtime/editor/Editor.h"
 #include "host/runtime/log/HostLog.h"
 #include "tests/fuzz/MemoryFile.h"
 #include "tests/fuzz/Target.h"
 
 #include <CFxCommand.h>
+#include <sdkhost/CommandStack.h>
+#include <sdkhost/Editor.h>
 
 #include <QCoreApplication>
 #include <QVector>

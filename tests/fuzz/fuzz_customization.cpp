@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Input: customisation data. Output: menus or an error.
 #include "host/runtime/customization/CustomizationReader.h"
-#include "host/runtime/customization/UIMenuItem.h"
 #include "tests/fuzz/Target.h"
 
 #include <CFxUIAccelerator.h>
 #include <CFxUICommand.h>
+#include <sdkhost/UIMenuItem.h>
 
 #include <algorithm>
 

@@ -4,10 +4,10 @@
 #include "host/runtime/FxHost.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/documents/DocumentManager.h"
-#include "host/runtime/editor/Editor.h"
 #include "host/runtime/recent/RecentFiles.h"
 
 #include <OdRxModule.h>
+#include <sdkhost/Editor.h>
 
 #include <QApplication>
 #include <QMainWindow>

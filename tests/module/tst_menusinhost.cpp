@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/MenuBuilder.h"
 #include "host/runtime/commands/CommandRunner.h"
-#include "host/runtime/customization/Customization.h"
+#include "host/runtime/customization/CustomizationReader.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/modules/ModuleManager.h"
 #include "host/runtime/recent/RecentFiles.h"
@@ -51,7 +51,8 @@ class HostWithMenus
 public:
     explicit HostWithMenus(const QByteArray &data)
     {
-        const QString problem = data.isEmpty() ? QString() : customization().load(data).reason();
+        const QString problem =
+            data.isEmpty() ? QString() : fxhost::loadCustomization(customization(), data).reason();
         if (!problem.isEmpty() || !running.host.modules().load(MODULE_FILE))
             qFatal("the host cannot be made: %s", qPrintable(problem));
         window.resize(1300, 800);

@@ -3,10 +3,10 @@
 
 #include "host/runtime/FxHost.h"
 #include "host/runtime/documents/DocumentManager.h"
-#include "host/runtime/editor/Editor.h"
 
 #include <CFxDocumentManagerReactor.h>
 #include <CFxEditorReactor.h>
+#include <sdkhost/Editor.h>
 
 #include <QStringList>
 

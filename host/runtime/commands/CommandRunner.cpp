@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/commands/CommandRunner.h"
 
-#include "host/runtime/Outcome.h"
-#include "host/runtime/Strings.h"
-#include "host/runtime/commands/CommandStack.h"
 #include "host/runtime/commands/NearestName.h"
-#include "host/runtime/editor/Editor.h"
-#include "host/runtime/interface/CommandContext.h"
-#include "host/runtime/interface/GuiThread.h"
 #include "host/runtime/log/HostLog.h"
 
 #include <CFxCommand.h>
+#include <sdkhost/CommandContext.h>
+#include <sdkhost/CommandStack.h>
+#include <sdkhost/Editor.h>
+#include <sdkhost/GuiThread.h>
+#include <sdkhost/Outcome.h>
+#include <sdkhost/Strings.h>
 
 #include <QRegularExpression>
 
@@ -38,7 +38,7 @@ CommandRunner::~CommandRunner() = default;
 
 CommandRun *CommandRunner::run(const QString &name, const QString &argument)
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     if (m_stopped)
         return nullptr;
     auto *run = new CommandRun(name, argument);
@@ -77,7 +77,7 @@ void CommandRunner::runMacro(const QString &macro)
 
 void CommandRunner::cancel()
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     if (!m_context)
         return;
     m_context->cancel();

@@ -2,8 +2,9 @@
 #pragma once
 
 #include "host/runtime/FxHostApi.h"
-#include "host/runtime/MessageSink.h"
 #include "host/runtime/commands/CommandRun.h"
+
+#include <sdkhost/MessageSink.h>
 
 #include <QObject>
 
@@ -13,9 +14,6 @@ class OdEdCommand;
 
 namespace fxhost {
 
-class CommandContext;
-class CommandStack;
-class Editor;
 class HostLog;
 
 //! Runs commands, one at a time, in the order in which they were requested. A command may run an event loop;

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/commands/CommandSet.h"
 
-#include "host/runtime/Strings.h"
-#include "host/runtime/commands/CommandStack.h"
-
 #include <CFxCommand.h>
 #include <OdStaticRxObject.h>
+#include <sdkhost/CommandStack.h>
+#include <sdkhost/Strings.h>
 
 #include <utility>
 

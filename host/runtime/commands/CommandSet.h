@@ -15,8 +15,6 @@ class OdEdCommand;
 
 namespace fxhost {
 
-class CommandStack;
-
 //! Commands that call functions. They are registered while the set exists. GUI thread.
 class FXHOST_API CommandSet
 {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/customization/CustomizationReader.h"
 
-#include "host/runtime/customization/UIAccelerator.h"
-#include "host/runtime/customization/UICommand.h"
-#include "host/runtime/customization/UIMenuItem.h"
+#include <sdkhost/UIAccelerator.h>
+#include <sdkhost/UICommand.h>
+#include <sdkhost/UIMenuItem.h>
 
 #include <QCoreApplication>
 #include <QJsonArray>
@@ -250,6 +250,14 @@ CustomizationData readCustomization(const QByteArray &json)
         refused.outcome = Outcome::failed(fault.text);
     }
     return refused;
+}
+
+Outcome loadCustomization(Customization &customization, const QByteArray &json)
+{
+    CustomizationData data = readCustomization(json);
+    if (data.outcome)
+        customization.setGroups(std::move(data.groups), std::move(data.startUp));
+    return data.outcome;
 }
 
 } // namespace fxhost

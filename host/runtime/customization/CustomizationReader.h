@@ -2,8 +2,9 @@
 #pragma once
 
 #include "host/runtime/FxHostApi.h"
-#include "host/runtime/Outcome.h"
-#include "host/runtime/customization/UIGroup.h"
+
+#include <sdkhost/Customization.h>
+#include <sdkhost/Outcome.h>
 
 #include <QByteArray>
 #include <QString>
@@ -48,5 +49,9 @@ struct CustomizationData
 //! command's. An accelerator's "command" can be missing in the group: the accelerator has no effect until the
 //! command is appended to the group. Keys are written as in QKeySequence::PortableText.
 FXHOST_API CustomizationData readCustomization(const QByteArray &json);
+
+//! Replaces the groups of customization with those that readCustomization() reads.
+//! \return a failure if the data are not valid; nothing is changed then
+FXHOST_API Outcome loadCustomization(Customization &customization, const QByteArray &json);
 
 } // namespace fxhost

@@ -2,12 +2,13 @@
 #include "host/runtime/documents/DocumentManager.h"
 
 #include "host/runtime/Paths.h"
-#include "host/runtime/Strings.h"
-#include "host/runtime/editor/Editor.h"
-#include "host/runtime/interface/GuiThread.h"
 #include "host/runtime/log/HostLog.h"
 #include "host/runtime/probe/FileProbe.h"
 #include "host/runtime/recent/RecentFiles.h"
+
+#include <sdkhost/GuiThread.h>
+#include <sdkhost/Host.h>
+#include <sdkhost/Strings.h>
 
 #include <QFileInfo>
 
@@ -25,10 +26,10 @@ constexpr ProbeWait openWait{std::chrono::seconds(3), std::chrono::milliseconds(
 
 } // namespace
 
-DocumentManager::DocumentManager(RecentFiles &recentFiles, FileProbe &probe, Editor &editor, HostLog &log,
+DocumentManager::DocumentManager(Host &host, RecentFiles &recentFiles, FileProbe &probe, HostLog &log,
                                  MessageSink report, QObject *parent)
-    : QObject(parent), m_recentFiles(recentFiles), m_probe(probe), m_editor(editor), m_log(log),
-      m_report(std::move(report)), m_reactors(m_report)
+    : QObject(parent), m_recentFiles(recentFiles), m_probe(probe), m_editor(host.editor()), m_log(log),
+      m_report(std::move(report)), m_reactors(host.documentReactors())
 {
 }
 
@@ -36,19 +37,19 @@ DocumentManager::~DocumentManager() = default;
 
 void DocumentManager::AddReactor(CFxDocumentManagerReactor *reactor)
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     m_reactors.add(reactor);
 }
 
 void DocumentManager::RemoveReactor(CFxDocumentManagerReactor *reactor)
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     m_reactors.remove(reactor);
 }
 
 bool DocumentManager::OpenDocument(const CFxString &path, int mode, int flags, OdString &result)
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     const bool isReserved = mode != 0 || flags != 0;
     Outcome opened;
     // Modules call this from event handlers, through which exceptions must not pass.
@@ -65,14 +66,14 @@ bool DocumentManager::OpenDocument(const CFxString &path, int mode, int flags, O
 
 Document *DocumentManager::newDocument()
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     ++m_newDocumentCount;
     return introduce(std::make_shared<Document>(tr("Drawing%1").arg(m_newDocumentCount)));
 }
 
 Outcome DocumentManager::open(const QString &path)
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     const QString fullPath = absolutePath(path);
     const Outcome opened = openFile(fullPath);
     if (!opened)
@@ -144,15 +145,6 @@ Document *DocumentManager::introduce(const std::shared_ptr<Document> &document)
     return openDocument(document.get()).get();
 }
 
-void DocumentManager::introduceCurrent(const std::vector<CFxDocumentManagerReactor *> &reactors) const
-{
-    const std::shared_ptr<Document> current =
-        openDocument(m_current); // shared, because a reactor may close it
-    CFxDocument *const published = current.get();
-    if (published)
-        m_reactors.notifyThese(reactors, &Reactor::DocumentCreated, published);
-}
-
 void DocumentManager::setCurrent(Document *document)
 {
     if (document == m_current)
@@ -200,7 +192,7 @@ void DocumentManager::makeCurrent(const std::shared_ptr<Document> &document)
 
 void DocumentManager::close(Document *document)
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     const std::shared_ptr<Document> closed = openDocument(document);
     if (!closed)
         return;

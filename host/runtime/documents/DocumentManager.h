@@ -2,13 +2,13 @@
 #pragma once
 
 #include "host/runtime/FxHostApi.h"
-#include "host/runtime/MessageSink.h"
-#include "host/runtime/Outcome.h"
 #include "host/runtime/documents/Document.h"
-#include "host/runtime/editor/ReactorList.h"
 
 #include <CFxDocumentManager.h>
 #include <CFxDocumentManagerReactor.h>
+#include <sdkhost/MessageSink.h>
+#include <sdkhost/Outcome.h>
+#include <sdkhost/ReactorList.h>
 
 #include <QObject>
 
@@ -17,7 +17,6 @@
 
 namespace fxhost {
 
-class Editor;
 class HostLog;
 class FileProbe;
 class RecentFiles;
@@ -38,9 +37,9 @@ class FXHOST_API DocumentManager : public QObject, public CFxDocumentManager
     Q_OBJECT
 public:
     //! All arguments must outlive the manager.
-    //! \param report receives the reason if a drawing cannot be opened, and the reactors' exceptions
-    DocumentManager(RecentFiles &recentFiles, FileProbe &probe, Editor &editor, HostLog &log,
-                    MessageSink report, QObject *parent = nullptr);
+    //! \param report receives the reason if a drawing cannot be opened
+    DocumentManager(Host &host, RecentFiles &recentFiles, FileProbe &probe, HostLog &log, MessageSink report,
+                    QObject *parent = nullptr);
     //! Deletes the drawings that are still open, without notifying the reactors: call closeAll() first.
     ~DocumentManager() override;
 
@@ -74,11 +73,6 @@ public:
     //! \param document if it is null or not open, nothing is done
     void bringToFront(Document *document);
 
-    const ReactorList<CFxDocumentManagerReactor> &reactors() const { return m_reactors; }
-    //! Notifies reactors that were added later of the current drawing, as if it had just been created. Does
-    //! nothing without a current drawing.
-    void introduceCurrent(const std::vector<CFxDocumentManagerReactor *> &reactors) const;
-
 signals:
     //! A drawing was created. Reactors are notified after this, so that its window can be created first.
     void documentAdded(fxhost::Document *document);
@@ -104,7 +98,7 @@ private:
     Editor &m_editor;
     HostLog &m_log;
     MessageSink m_report;
-    ReactorList<CFxDocumentManagerReactor> m_reactors;
+    ReactorList<CFxDocumentManagerReactor> &m_reactors;
     std::vector<std::shared_ptr<Document>> m_documents; // shared with running notifications
     std::vector<Document *> m_closing;                  // being closed: reactors are being notified
     Document *m_current = nullptr;

@@ -2,7 +2,8 @@
 #include "host/runtime/log/HostLog.h"
 
 #include "host/runtime/Paths.h"
-#include "host/runtime/interface/GuiThread.h"
+
+#include <sdkhost/GuiThread.h>
 
 namespace fxhost {
 
@@ -56,7 +57,7 @@ void HostLog::module(const QString &path, ModuleEvent event)
 
 void HostLog::write(const QString &line)
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     if (m_file.isOpen())
         m_file.write(percentEncoded(pathBytes(line), isControl) +
                      '\n'); // a single write, because two hosts may share the log

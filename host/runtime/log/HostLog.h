@@ -2,7 +2,8 @@
 #pragma once
 
 #include "host/runtime/FxHostApi.h"
-#include "host/runtime/Outcome.h"
+
+#include <sdkhost/Outcome.h>
 
 #include <QFile>
 #include <QString>

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/mainframe/MainFrame.h"
 
-#include "host/runtime/editor/Editor.h"
-#include "host/runtime/interface/GuiThread.h"
-
 #include <CFxEditorReactor.h>
+#include <sdkhost/Editor.h>
+#include <sdkhost/GuiThread.h>
 
 #include <QEvent>
 #include <QWidget>
@@ -28,7 +27,7 @@ void MainFrame::setWindow(QWidget *window)
 
 QWidget *MainFrame::GetMainWindow()
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     return m_window;
 }
 

@@ -10,8 +10,6 @@
 
 namespace fxhost {
 
-class Editor;
-
 //! The modules' access to the host's main window. GUI thread.
 class FXHOST_API MainFrame : public QObject, public CFxMainFrame
 {

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/modules/ModuleManager.h"
 
-#include "host/runtime/interface/GuiThread.h"
+#include "host/runtime/Paths.h"
 #include "host/runtime/log/HostLog.h"
-#include "host/runtime/modules/Module.h"
+
+#include <sdkhost/GuiThread.h>
+#include <sdkhost/Module.h>
 
 #include <QFileInfo>
 
@@ -13,7 +15,7 @@
 
 namespace fxhost {
 
-ModuleManager::ModuleManager(const ModuleHost &host, HostLog &log, MessageSink report)
+ModuleManager::ModuleManager(Host &host, HostLog &log, MessageSink report)
     : m_host(host), m_log(log), m_report(std::move(report))
 {
 }
@@ -25,7 +27,7 @@ ModuleManager::~ModuleManager()
 
 bool ModuleManager::load(const QString &path)
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     const Outcome started = start(path); // if it failed, its library is already unloaded
     m_log.module(path, started ? HostLog::ModuleEvent::Loaded : HostLog::ModuleEvent::Failed);
     if (!started)
@@ -35,7 +37,7 @@ bool ModuleManager::load(const QString &path)
 
 Outcome ModuleManager::start(const QString &path)
 {
-    auto module = std::make_unique<Module>(path, m_host);
+    auto module = std::make_unique<Module>(path, absolutePath(path), m_host);
     const Outcome loaded = module->load();
     if (!loaded)
         return loaded;
@@ -53,9 +55,9 @@ Outcome ModuleManager::start(const QString &path)
 
 bool ModuleManager::unload(const QString &path)
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     const auto found = std::find_if(m_modules.begin(), m_modules.end(),
-                                    [&](const auto &module) { return module->path() == path; });
+                                    [&](const auto &module) { return module->name() == path; });
     if (found == m_modules.end()) {
         m_report(tr("The module \"%1\" is not loaded.").arg(path));
         return false;
@@ -81,7 +83,7 @@ void ModuleManager::unloadAll()
 
 void ModuleManager::end(std::unique_ptr<Module> module)
 {
-    const QString path = module->path();
+    const QString path = module->name();
     const Outcome ended = module->end();
     module.reset();
     m_log.module(path, HostLog::ModuleEvent::Unloaded);
@@ -93,7 +95,7 @@ QStringList ModuleManager::loaded() const
 {
     QStringList paths;
     for (const auto &module : m_modules)
-        paths.append(module->path());
+        paths.append(module->name());
     return paths;
 }
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "host/runtime/FxHostApi.h"
-#include "host/runtime/MessageSink.h"
-#include "host/runtime/Outcome.h"
-#include "host/runtime/modules/ModuleHost.h"
+
+#include <sdkhost/MessageSink.h>
+#include <sdkhost/Outcome.h>
 
 #include <QCoreApplication>
 #include <QString>
@@ -16,7 +16,6 @@
 namespace fxhost {
 
 class HostLog;
-class Module;
 
 //! Loads and unloads modules. GUI thread.
 class FXHOST_API ModuleManager
@@ -25,7 +24,7 @@ class FXHOST_API ModuleManager
 public:
     //! All arguments must outlive the manager.
     //! \param report receives the reason if a module cannot be loaded or unloaded
-    ModuleManager(const ModuleHost &host, HostLog &log, MessageSink report);
+    ModuleManager(Host &host, HostLog &log, MessageSink report);
     //! Unloads all modules.
     ~ModuleManager();
 
@@ -57,7 +56,7 @@ private:
     Outcome start(const QString &path);
     void end(std::unique_ptr<Module> module);
 
-    const ModuleHost m_host;
+    Host &m_host;
     HostLog &m_log;
     MessageSink m_report;
     std::vector<std::unique_ptr<Module>> m_modules;

@@ -2,7 +2,8 @@
 #include "host/runtime/probe/FileProbe.h"
 
 #include "host/runtime/Paths.h"
-#include "host/runtime/interface/GuiThread.h"
+
+#include <sdkhost/GuiThread.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -155,7 +156,7 @@ void FileProbe::forgetResponsesBefore(Clock::time_point time)
 
 QStringList FileProbe::unresponsive(const QStringList &paths, const ProbeWait &wait)
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     const bool hasJustFailed = !m_outcome && Clock::now() - m_failedAt < lastRetry;
     if (paths.isEmpty() || hasJustFailed)
         return {};

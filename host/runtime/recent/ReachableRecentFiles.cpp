@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/recent/ReachableRecentFiles.h"
 
-#include "host/runtime/interface/GuiThread.h"
 #include "host/runtime/probe/FileProbe.h"
 #include "host/runtime/recent/RecentFiles.h"
+
+#include <sdkhost/GuiThread.h>
 
 #include <utility>
 
@@ -24,7 +25,7 @@ ReachableRecentFiles::ReachableRecentFiles(const RecentFiles &recentFiles, FileP
 
 void ReachableRecentFiles::GetPaths(std::vector<CFxString> &paths) const
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     QStringList listed = m_recentFiles.paths();
     ProbeWait wait;
     wait.responsesGoodFor = responsesGoodFor;

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "host/runtime/FxHostApi.h"
-#include "host/runtime/MessageSink.h"
-#include "host/runtime/Outcome.h"
 
 #include <CFxRecentFileList.h>
+#include <sdkhost/MessageSink.h>
+#include <sdkhost/Outcome.h>
 
 #include <QCoreApplication>
 #include <QSet>

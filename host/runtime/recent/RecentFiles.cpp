@@ -2,8 +2,9 @@
 #include "host/runtime/recent/RecentFiles.h"
 
 #include "host/runtime/HostSettings.h"
-#include "host/runtime/interface/GuiThread.h"
 #include "host/runtime/recent/RecentFileStore.h"
+
+#include <sdkhost/GuiThread.h>
 
 #include <utility>
 
@@ -83,7 +84,7 @@ QStringList RecentFiles::normalized(QStringList paths) const
 
 void RecentFiles::apply(const Change &change)
 {
-    FXHOST_ASSERT_GUI_THREAD();
+    SDKHOST_ASSERT_GUI_THREAD();
     // The store may apply the change again later, to a list that another program has stored meanwhile.
     const RecentFileStore::Stored stored = m_store.update(
         m_paths, [this, change](const QStringList &listed) { return normalized(change(listed)); });

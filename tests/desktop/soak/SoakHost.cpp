@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/desktop/soak/SoakHost.h"
 
-#include "host/runtime/customization/Customization.h"
+#include "host/runtime/customization/CustomizationReader.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/modules/ModuleManager.h"
 #include "host/runtime/recent/RecentFiles.h"
@@ -71,7 +71,8 @@ SoakHost::SoakHost()
         m_paths.append(m_running.makeFile(QString("drawing %1.dwg").arg(i), RealBrowser::drawingBytes(i)));
     }
     QFile menus(":/customization.json");
-    if (!menus.open(QIODevice::ReadOnly) || !host().customization().load(menus.readAll()))
+    if (!menus.open(QIODevice::ReadOnly) ||
+        !fxhost::loadCustomization(host().customization(), menus.readAll()))
         qFatal("the menus cannot be used");
     m_window = std::make_unique<fxhost::MainWindow>(host());
     // A dialog would block.

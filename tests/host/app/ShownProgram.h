@@ -6,7 +6,7 @@
 #include "host/app/MainWindow.h"
 #include "host/runtime/FxHost.h"
 #include "host/runtime/commands/CommandRunner.h"
-#include "host/runtime/customization/Customization.h"
+#include "host/runtime/customization/CustomizationReader.h"
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "tests/support/TestCase.h"
@@ -23,7 +23,7 @@ struct ShownProgram
     QTemporaryDir dir;
     fxhost::FxHost host{dir.filePath("profile"), QString()};
     //! Empty when the shipped menus were loaded.
-    QString menuProblem = host.customization().load(menus()).reason();
+    QString menuProblem = fxhost::loadCustomization(host.customization(), menus()).reason();
     fxhost::MainWindow window{host};
     bool active = false; //!< whether the window is; needed by tests of the focus
 

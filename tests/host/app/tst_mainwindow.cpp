@@ -6,6 +6,7 @@
 #include <CFxCommand.h>
 #include <CFxUICommand.h>
 #include <CFxUIMenuItem.h>
+#include <sdkhost/Customization.h>
 
 #include <QApplication>
 #include <QLabel>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/MenuBuilder.h"
 #include "host/runtime/commands/CommandRunner.h"
-#include "host/runtime/customization/Customization.h"
+#include "host/runtime/customization/CustomizationReader.h"
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/recent/RecentFiles.h"
@@ -47,7 +47,7 @@ class Window : public RealHost
 public:
     Window()
     {
-        const fxhost::Outcome loaded = host.customization().load(menuData);
+        const fxhost::Outcome loaded = fxhost::loadCustomization(host.customization(), menuData);
         if (!loaded)
             qFatal("the test's data are damaged: %s", qPrintable(loaded.reason()));
         builder.setGroup(host.customization().primaryGroup());

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "host/runtime/editor/Editor.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/real/RealHost.h"
 
 #include <CFxDialog.h>
 #include <CFxEditorReactor.h>
+#include <sdkhost/Editor.h>
 
 #include <QPointer>
 #include <QSignalSpy>

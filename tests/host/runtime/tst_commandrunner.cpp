@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/commands/CommandSet.h"
-#include "host/runtime/commands/CommandStack.h"
-#include "host/runtime/editor/Editor.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/real/RealHost.h"
 
 #include <CFxCommand.h>
 #include <CFxEditorReactor.h>
 #include <OdStaticRxObject.h>
+#include <sdkhost/CommandStack.h>
+#include <sdkhost/Editor.h>
 
 #include <QEventLoop>
 #include <QSignalSpy>

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "host/runtime/customization/Customization.h"
 #include "host/runtime/customization/CustomizationReader.h"
-#include "host/runtime/customization/UIMenuItem.h"
 #include "tests/support/MenuChildren.h"
 #include "tests/support/TestCase.h"
+
+#include <sdkhost/Customization.h>
+#include <sdkhost/UIMenuItem.h>
 
 #include <QSignalSpy>
 
@@ -38,7 +39,7 @@ struct LoadedCustomization : Customization
 {
     LoadedCustomization()
     {
-        const fxhost::Outcome loaded = load(twoGroups);
+        const fxhost::Outcome loaded = fxhost::loadCustomization(*this, twoGroups);
         if (!loaded)
             qFatal("the test's data are damaged: %s", qPrintable(loaded.reason()));
     }
@@ -110,7 +111,7 @@ private slots:
     {
         LoadedCustomization customization;
         CFxUIGroup *const main = customization.main();
-        QVERIFY(!customization.load("{}"));
+        QVERIFY(!fxhost::loadCustomization(customization, "{}"));
         QCOMPARE(customization.main(), main);
     }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/documents/DocumentManager.h"
 
-#include "host/runtime/Strings.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "tests/support/DocumentListener.h"
 #include "tests/support/TestCase.h"
@@ -10,6 +9,7 @@
 #include "tests/support/real/RealHost.h"
 
 #include <CFxPreviewBitmap.h>
+#include <sdkhost/Strings.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -217,7 +217,7 @@ private slots:
                 throw std::runtime_error("out of paper");
             throw 7;
         };
-        DocumentManager documents(running.host.recentFiles(), running.host.fileProbe(), running.host.editor(),
+        DocumentManager documents(running.host, running.host.recentFiles(), running.host.fileProbe(),
                                   running.host.log(), fail);
         OdString result;
         QVERIFY(!documents.OpenDocument(L"/missing.dwg", 0, 0, result));

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/FileLock.h"
 #include "host/runtime/HostSettings.h"
-#include "host/runtime/commands/CommandStack.h"
 #include "host/runtime/documents/DocumentManager.h"
-#include "host/runtime/editor/Editor.h"
 #include "host/runtime/recent/RecentFileStore.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "tests/support/Assertions.h"
@@ -16,6 +14,8 @@
 #include <CFxRecentFileList.h>
 #include <OdEdCommandStack.h>
 #include <OdEditor.h>
+#include <sdkhost/CommandStack.h>
+#include <sdkhost/Editor.h>
 
 #include <QDir>
 #include <QWidget>

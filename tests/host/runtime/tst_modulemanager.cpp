@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/Paths.h"
 #include "host/runtime/commands/CommandRunner.h"
-#include "host/runtime/commands/CommandStack.h"
 #include "host/runtime/documents/DocumentManager.h"
-#include "host/runtime/editor/Editor.h"
 #include "host/runtime/modules/ModuleManager.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/TestModules.h"
 #include "tests/support/bytes/BytesOfPreview.h"
 #include "tests/support/bytes/BytesOfSpecialFiles.h"
 #include "tests/support/real/RealHost.h"
+
+#include <sdkhost/CommandStack.h>
+#include <sdkhost/Editor.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -39,7 +40,7 @@ struct Modules : RealHost
     }
     bool hasNoReactors()
     {
-        return host.editor().reactors().all().empty() && host.documents().reactors().all().empty();
+        return host.editor().reactors().all().empty() && host.documentReactors().all().empty();
     }
     QWidget *panel() const { return window.findChild<QWidget *>("companionPanel"); }
 

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <CFxUICustomization.h>
+#include <sdkhost/UIGroup.h>
+
+#include <QObject>
+
+#include <memory>
+#include <vector>
+
+namespace sdkhost {
+
+//! The menus and keys of a host that has no customisation data of its own: groups, and a separate start-up
+//! group with the menus that are shown while no drawing is open. Empty until setGroups(). GUI thread.
+class FXSDK_API Customization : public QObject, public CFxUICustomization
+{
+    Q_OBJECT
+public:
+    explicit Customization(QObject *parent = nullptr);
+    ~Customization() override;
+
+    //! Replaces all groups. The former groups and their contents must not be in use, so a program calls this
+    //! once, before it creates its menus.
+    //! \param groups one of them primary
+    //! \param startUp null for none
+    void setGroups(std::vector<std::unique_ptr<UIGroup>> groups, std::unique_ptr<UIGroup> startUp);
+    //! The primary group; null before setGroups().
+    UIGroup *primaryGroup() const;
+    UIGroup *startUpGroup() const { return m_startUp.get(); }
+
+    //! The groups in the data's order, without the start-up group.
+    CFxUIGroupEnumerator *EnumerateGroups() override;
+    bool IsPrimary(const CFxUIGroup *group) const override;
+    CFxUIGroup *GetStartUpGroup() override;
+    CFxUICommand *FindCommand(const CFxString &groupName, const CFxString &identifier) const override;
+    CFxUICommand *CreateCommand(const CFxString &identifier) override;
+    CFxUIMenuItem *CreateMenuItem(CFxUICommand *command, const CFxString &label, const CFxString &helpString,
+                                  const CFxString &identifier) override;
+    CFxUIAccelerator *CreateAccelerator(CFxUICommand *command, const CFxString &identifier) override;
+    void Refresh() override;
+
+signals:
+    //! Menus and keys must be created again from the data.
+    void refreshed();
+
+private:
+    std::vector<std::unique_ptr<UIGroup>> m_groups;
+    std::unique_ptr<UIGroup> m_startUp;
+};
+
+} // namespace sdkhost

@@ -33,7 +33,8 @@ public:
     CFxUICustomization() = default;
     virtual ~CFxUICustomization();
 
-    //! Creates an enumerator. Never null. The caller must call Release().
+    //! Enumerates all groups except that of the start-up menus. The caller must call Release(). Null if the
+    //! host cannot enumerate them.
     virtual CFxUIGroupEnumerator *EnumerateGroups() = 0;       // [gui-thread]
     virtual bool IsPrimary(const CFxUIGroup *group) const = 0; // [gui-thread]
     //! The group of the start-up menus, which are shown while no drawing is open. Owned by the host; null if

@@ -76,6 +76,12 @@ CFxUICustomization *customization()
     return services ? services->GetCustomization() : nullptr;
 }
 
+//! The next group; null after the last one, or if the host gave no enumerator.
+CFxUIGroup *nextOf(const GroupEnumerator &groups)
+{
+    return groups ? groups->Next() : nullptr;
+}
+
 Reference<OdEdCommandStack> commandStack()
 {
     assertGuiThread();
@@ -185,7 +191,7 @@ CFxUIGroup *primaryGroup()
     if (!menus)
         return nullptr;
     const GroupEnumerator enumerator(menus->EnumerateGroups());
-    while (CFxUIGroup *group = enumerator->Next()) {
+    while (CFxUIGroup *group = nextOf(enumerator)) {
         if (menus->IsPrimary(group))
             return group;
     }
@@ -197,7 +203,7 @@ std::vector<CFxUIGroup *> groups()
     std::vector<CFxUIGroup *> all;
     if (CFxUICustomization *menus = customization()) {
         const GroupEnumerator enumerator(menus->EnumerateGroups());
-        while (CFxUIGroup *group = enumerator->Next())
+        while (CFxUIGroup *group = nextOf(enumerator))
             all.push_back(group);
     }
     return all;

@@ -20,13 +20,15 @@ public:
 
     //! "FX_COMMANDS" unless overridden.
     OdString groupName() const override; // [gui-thread]
-    //! Calls Execute().
+    //! Calls Execute(). The host, which defines this, keeps the result and passes it to
+    //! OdEditorReactor::commandEnded().
     //! \param context must be a CFxCommandContext
     void execute(OdEdCommandContext *context) override; // [gui-thread]
     void undefine() override;                           // [gui-thread]
     std::uint32_t flags() const override;               // [gui-thread]
 
-    //! Performs the command.
+    //! Performs the command. If it throws, the result is failed.
+    //! \param context not null
     //! \return one of the results above, or a value of the command's own
     virtual int Execute(CFxCommandContext *context) = 0; // [gui-thread]
     //! Opens the help page of GetHelpId().

@@ -4,7 +4,8 @@
 #include <CFxString.h>
 #include <FxSdkApi.h>
 
-//! An open drawing. Owned by the host; valid until DocumentDestroyed. GUI thread.
+//! An open drawing. Owned by the host; valid until CFxDocumentManagerReactor::DocumentDestroyed(). GUI
+//! thread.
 class FXSDK_API CFxDocument
 {
 public:

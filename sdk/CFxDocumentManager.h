@@ -7,7 +7,7 @@
 
 class CFxDocumentManagerReactor;
 
-//! The host's open drawings. GUI thread.
+//! The host's open drawings. Notifies its reactors as OdEditor does. GUI thread.
 class FXSDK_API CFxDocumentManager
 {
 public:
@@ -20,8 +20,9 @@ public:
     //! Removes a reactor. Does nothing if it has not been added.
     virtual void RemoveReactor(CFxDocumentManagerReactor *reactor) = 0; // [gui-thread]
 
-    //! Opens a drawing, or activates its window if it is open. If this fails, the host shows the reason to
-    //! the user. May run an event loop.
+    //! Opens a drawing. The window of one that is open is only activated, without DocumentCreated(). If this
+    //! fails, the host shows the reason to the user. May run an event loop. Does not throw, because modules
+    //! call this in Qt's event handlers.
     //! \param path full path
     //! \param mode, flags 0: open for editing in a separate window; other values are reserved
     //! \param result set to the reason if the drawing cannot be opened, otherwise to the empty string

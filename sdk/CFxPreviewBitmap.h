@@ -14,7 +14,7 @@ public:
     CFxPreviewBitmap() = default;
     virtual ~CFxPreviewBitmap();
 
-    //! Creates a reader, which the caller owns.
+    //! Creates a reader, which the caller owns; null if the host cannot create one.
     static CFxPreviewBitmap *Create(); // [any-thread]
 
     //! Reads the picture of the drawing at path.
@@ -22,7 +22,8 @@ public:
     virtual bool Load(const CFxString &path) = 0; // [any-thread]
     //! True if a picture has been loaded.
     virtual bool IsValid() const = 0; // [any-thread]
-    //! Sets image to the loaded picture, in the picture's own size and format.
+    //! Sets image to the loaded picture, in the picture's own size and format. It stays valid after the
+    //! reader is deleted.
     virtual void ToImage(QImage &image) const = 0; // [any-thread]
 
     CFxPreviewBitmap(const CFxPreviewBitmap &) = delete;

@@ -62,10 +62,11 @@ public:
     virtual CFxDocumentManager *GetDocumentManager() = 0; // [gui-thread]
     virtual CFxUICustomization *GetCustomization() = 0;   // [gui-thread]
 
-    //! Runs a command immediately, or after the running command has ended.
+    //! Runs a command immediately, or after the running command has ended. The host shows to the user that
+    //! there is no such command, or that it threw.
     //! \param name global or local name
     //! \param argument the text that follows the name; null for none
-    //! \return a reference that the caller owns and releases, or null
+    //! \return a reference that the caller owns and releases, or null, as when the host is ending
     virtual OdRxObject *RunCommand(const CFxString &name, const CFxString *argument) = 0; // [gui-thread]
 
     CFxSystemServices(const CFxSystemServices &) = delete;

@@ -18,13 +18,15 @@ public:
     virtual void SetLabel(const CFxString &label) = 0; // [gui-thread]
 
     //! Null for menus and separators.
-    virtual CFxUICommand *GetCommand() const = 0;       // [gui-thread]
+    virtual CFxUICommand *GetCommand() const = 0; // [gui-thread]
+    //! \param command may be null; not owned, must live as long as this
     virtual void SetCommand(CFxUICommand *command) = 0; // [gui-thread]
 
     virtual int GetChildCount() const = 0; // [gui-thread]
     //! Returns null if index is out of range.
     virtual CFxUIMenuItem *GetChild(int index) const = 0; // [gui-thread]
-    //! Inserts item before the child at index reference and takes ownership of it.
+    //! Inserts item before the child at index reference and takes ownership of it. The browser passes the
+    //! number of children less two, so a File menu of fewer than two children gets no entry.
     //! \return false if reference is out of range; the item is then not inserted and the caller keeps it
     virtual bool InsertChild(int reference, CFxUIMenuItem *item) = 0; // [gui-thread]
 

@@ -8,7 +8,8 @@
 
 class OdEdCommandContext;
 
-//! A command that can be registered in the engine's command stack. GUI thread.
+//! A command that can be registered in the engine's command stack. Its group and names must not change while
+//! it is registered. GUI thread.
 class FXSDK_API OdEdCommand : public OdRxObject
 {
 public:
@@ -19,10 +20,12 @@ public:
     //! The name that is the same in every language, e.g. "_RECENT".
     virtual OdString globalName() const = 0; // [gui-thread]
     //! The name in the user's language.
-    virtual OdString localName() const = 0;                // [gui-thread]
+    virtual OdString localName() const = 0; // [gui-thread]
+    //! Runs the command. The host catches what it throws, and shows the reason to the user.
+    //! \param context not null
     virtual void execute(OdEdCommandContext *context) = 0; // [gui-thread]
-    //! Called when the command is removed from the stack.
+    //! Called when the command was removed from the stack or replaced, before its reference is released.
     virtual void undefine() = 0; // [gui-thread]
-    //! Bits that the host defines.
+    //! Bits that the host defines; it may ignore them.
     virtual std::uint32_t flags() const = 0; // [gui-thread]
 };

@@ -3,7 +3,7 @@
 
 #include <FxSdkApi.h>
 
-//! The engine's services for a running command.
+//! The engine's services for a running command. A host passes a CFxCommandContext to every command.
 class FXSDK_API OdEdCommandContext
 {
 public:

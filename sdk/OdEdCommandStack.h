@@ -6,7 +6,7 @@
 
 class OdEdCommand;
 
-//! The engine's registered commands. GUI thread.
+//! The engine's registered commands. Groups and names are compared without regard to case. GUI thread.
 class FXSDK_API OdEdCommandStack : public OdRxObject
 {
 public:
@@ -17,14 +17,13 @@ public:
 
     //! Registers a command and takes a reference to it. Replaces a command with the same group and global
     //! name.
-    //! \param command not null; must live until it is removed
+    //! \param command not null; must live until it is removed and, if it is running then, has ended
     virtual void addCommand(OdEdCommand *command) = 0; // [gui-thread]
     //! Removes the command with the same group and names, which need not be the same object. Does nothing if
     //! there is none.
     //! \param command not null
     virtual void removeCommand(OdEdCommand *command) = 0; // [gui-thread]
     //! Finds a command.
-    //! \param name compared without regard to case
     //! \param flags LookupFlags
     //! \param group the group to search; empty for all groups
     //! \return a reference owned by the caller, or null

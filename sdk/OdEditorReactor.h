@@ -12,8 +12,11 @@ public:
     OdEditorReactor() = default;
     virtual ~OdEditorReactor();
 
+    //! A command is about to run. commandEnded() follows before the next command starts.
     virtual void commandWillStart(const OdString &globalName); // [gui-thread]
-    //! \param result the command's return value
+    //! A command has ended. The host no longer refers to it, so that its module can be ended.
+    //! \param result the result of CFxCommand::Execute(); CFxCommand::failed if the command threw;
+    //! CFxCommand::normalCompletion for a command of another class
     virtual void commandEnded(const OdString &globalName, int result); // [gui-thread]
 
     OdEditorReactor(const OdEditorReactor &) = delete;

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <FxSdkApi.h>
+
 #include <utility>
 
 //! A concrete class for an OdRxObject class T without reference counting, for members, static objects and
-//! heap objects with an explicit owner.
+//! heap objects with an explicit owner. A reference does not keep the object alive.
 template<class T>
 class OdStaticRxObject : public T
 {

@@ -143,6 +143,8 @@ void rowsOfMenus()
     const LifeReport onlyFile = {{"menu entries", "file: yes, start-up: no"}};
     const LifeReport onlyStartUp = {{"menu entries", "file: no, start-up: yes"}};
     row("customisation", without(&FakeHost::hasCustomization), noMenus);
+    row("enumerator of the groups", lost([](FakeLife &life) { life.menus.makesEnumerators = false; }),
+        noMenus);
     row("groups", lost([](FakeLife &life) { life.takenOut = std::move(life.menus.groups); }), noMenus);
     row("primary group", lost([](FakeLife &life) { life.primary.isPrimary = false; }), noMenus);
     row("start-up group",

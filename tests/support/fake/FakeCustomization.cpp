@@ -146,7 +146,7 @@ FakeGroup &FakeCustomization::setStartUpGroup(const QString &name)
 CFxUIGroupEnumerator *FakeCustomization::EnumerateGroups()
 {
     note("enumerate");
-    return new FakeEnumerator(*this);
+    return makesEnumerators ? new FakeEnumerator(*this) : nullptr;
 }
 
 bool FakeCustomization::IsPrimary(const CFxUIGroup *group) const

@@ -134,6 +134,7 @@ public:
 
     //! Called with each line after it is recorded. May throw.
     std::function<void(const QString &call)> onCall;
+    bool makesEnumerators = true;
     bool makesCommands = true;
     bool makesMenuItems = true;
     bool makesAccelerators = true;

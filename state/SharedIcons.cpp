@@ -13,17 +13,17 @@ const QIcon *pinIcon = nullptr;
 const QIcon *folderIcon = nullptr;
 const QIcon *drawingIcon = nullptr;
 
-struct Picture
+struct IconPicture
 {
     const char *file;
     QIcon::State state;
 };
 
-const QIcon &ensure(const QIcon *&icon, std::initializer_list<Picture> pictures)
+const QIcon &ensure(const QIcon *&icon, std::initializer_list<IconPicture> pictures)
 {
     if (!icon) {
         auto *made = new QIcon;
-        for (const Picture &picture : pictures)
+        for (const IconPicture &picture : pictures)
             made->addFile(QLatin1String(picture.file), SharedIcons::size, QIcon::Normal, picture.state);
         icon = made;
     }

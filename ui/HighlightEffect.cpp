@@ -9,7 +9,7 @@ namespace {
 //! Nothing is drawn if the plate extends no further than this, in pixels.
 constexpr double leastOffset = 2.0;
 //! The plate's corners, in percent of half its width and height.
-constexpr double cornerRadius = 5.0;
+constexpr double relativeCornerRadius = 5.0;
 
 } // namespace
 
@@ -38,7 +38,7 @@ void HighlightEffect::draw(QPainter *painter)
     painter->setWorldTransform(QTransform());
     painter->setPen(Qt::NoPen);
     painter->setBrush(color);
-    painter->drawRoundedRect(plate, cornerRadius, cornerRadius, Qt::RelativeSize);
+    painter->drawRoundedRect(plate, relativeCornerRadius, relativeCornerRadius, Qt::RelativeSize);
     painter->drawPixmap(QPointF(position), source);
     painter->restore();
 }

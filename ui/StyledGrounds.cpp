@@ -17,10 +17,10 @@
 namespace {
 
 //! The style sheets of a widget and of those around it in its window; its state, its size in device pixels.
-using Key = QPair<QList<QString>, QVector<int>>;
+using GroundKey = QPair<QList<QString>, QVector<int>>;
 
 // A plain pointer, because a static host, and with it the tiles, outlives the library's static objects.
-QHash<Key, QPixmap> *grounds = nullptr;
+QHash<GroundKey, QPixmap> *grounds = nullptr;
 
 //! \return false if other style sheets may apply, which can select widgets by anything
 bool listStyleSheets(const QWidget *widget, QList<QString> &sheets)
@@ -49,7 +49,7 @@ void StyledGrounds::paint(QWidget *widget)
         return;
     }
     if (!grounds)
-        grounds = new QHash<Key, QPixmap>;
+        grounds = new QHash<GroundKey, QPixmap>;
     const QSize size = widget->size() * ratio;
     QPixmap &ground = (*grounds)[{sheets, {static_cast<int>(option.state), size.width(), size.height()}}];
     if (ground.isNull()) {

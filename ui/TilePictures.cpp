@@ -11,16 +11,16 @@
 namespace {
 
 //! The source's cache key, and the size that it is scaled to; 0 by 0 for a whole picture.
-using Key = QPair<qint64, QPair<int, int>>;
+using PictureKey = QPair<qint64, QPair<int, int>>;
 
 // A plain pointer, because a static host, and with it the tiles, outlives the library's static objects.
-QCache<Key, QPixmap> *pictures = nullptr;
+QCache<PictureKey, QPixmap> *pictures = nullptr;
 
 template<class Make>
-QPixmap kept(const Key &key, Make make)
+QPixmap kept(const PictureKey &key, Make make)
 {
     if (!pictures)
-        pictures = new QCache<Key, QPixmap>(TilePictures::mostBytes);
+        pictures = new QCache<PictureKey, QPixmap>(TilePictures::mostBytes);
     if (const QPixmap *picture = pictures->object(key))
         return *picture;
     const QPixmap made = make();

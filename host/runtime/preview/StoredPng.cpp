@@ -32,7 +32,7 @@ struct Chunk
     bool matters() const { return (type.at(0) & 0x20) == 0 || type == "tRNS"; }
 };
 
-quint32 numberAt(const QByteArray &bytes, int position)
+quint32 bigEndianAt(const QByteArray &bytes, int position)
 {
     return qFromBigEndian<quint32>(bytes.constData() + position);
 }
@@ -45,7 +45,7 @@ int decodedBits(const QByteArray &fileStart)
         return 0;
     constexpr int deepChannel = 16;
     const int bits = fileStart.at(depthAt) == deepChannel ? deepPixel : plainPixel;
-    return isDecodable(numberAt(fileStart, widthAt), numberAt(fileStart, heightAt), bits) ? bits : 0;
+    return isDecodable(bigEndianAt(fileStart, widthAt), bigEndianAt(fileStart, heightAt), bits) ? bits : 0;
 }
 
 std::optional<Chunk> chunkAt(const RegularFile &file, qint64 offset, qint64 end)
@@ -55,7 +55,7 @@ std::optional<Chunk> chunkAt(const RegularFile &file, qint64 offset, qint64 end)
     const QByteArray start = file.readAll(offset, chunkStartSize);
     if (start.isEmpty()) // the file has shrunk
         return std::nullopt;
-    const Chunk chunk = {start.mid(4), {offset, chunkStartSize + qint64(numberAt(start, 0)) + checksumSize}};
+    const Chunk chunk = {start.mid(4), {offset, chunkStartSize + qint64(bigEndianAt(start, 0)) + checksumSize}};
     return chunk.whole.end() <= end ? std::optional(chunk) : std::nullopt;
 }
 
@@ -107,8 +107,8 @@ std::optional<PictureLayout> layOutPng(const RegularFile &file, const FileRange 
 
     PictureLayout layout;
     layout.format = "png";
-    layout.size = QSize(static_cast<int>(numberAt(fileStart, widthAt)),
-                        static_cast<int>(numberAt(fileStart, heightAt)));
+    layout.size = QSize(static_cast<int>(bigEndianAt(fileStart, widthAt)),
+                        static_cast<int>(bigEndianAt(fileStart, heightAt)));
     layout.bitsPerPixel = bits;
     layout.ranges = {{data.offset, signatureSize}};
     PngSorter sorter;

@@ -28,6 +28,8 @@ public:
     Module &operator=(const Module &) = delete;
 
     const QString &path() const { return m_path; }
+    //! See ModuleLibrary::handle().
+    void *handle() const { return m_library.handle(); }
     //! True if both are from the same file, even if the paths differ.
     bool isSameAs(const Module &other) const { return m_library.handle() == other.m_library.handle(); }
 

@@ -12,20 +12,35 @@
 namespace {
 
 //! Draws only its text. The style sheet would also make the panel black that the Fusion style draws for the
-//! button in every state.
+//! button in every state. The text's first ampersand marks the key; those of the path are drawn.
 class MenuTextButton : public FolderPinButton
 {
 public:
     using FolderPinButton::FolderPinButton;
+
+    QSize sizeHint() const override
+    {
+        const auto sizeOf = [this](const QString &words) {
+            return fontMetrics().size(Qt::TextShowMnemonic, words);
+        };
+        return QToolButton::sizeHint() + sizeOf(drawnText()) - sizeOf(text());
+    }
 
 protected:
     void paintEvent(QPaintEvent * /*event*/) override
     {
         QStyleOptionToolButton option;
         initStyleOption(&option);
+        option.text = drawnText();
         QStylePainter painter(this);
         painter.setLayoutDirection(option.direction); // instead of the application's
         painter.drawControl(QStyle::CE_ToolButtonLabel, option);
+    }
+
+private:
+    QString drawnText() const
+    {
+        return text().mid(0, 1) + text().mid(1).replace(QLatin1Char('&'), QLatin1String("&&"));
     }
 };
 

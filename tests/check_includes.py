@@ -50,8 +50,8 @@ LEFT_OUT = {"build", "examples", "tests/fixtures"}
 
 DIRECTIVE = re.compile(r"\s*#\s*include\b\s*(?P<what>.*)")
 NAME = re.compile(r'(?P<open>[<"])(?P<name>[^<>"]+)[>"]')
-# <QLabel>, <QtConcurrent/QtConcurrentMap>, <vector>, <cstdint>
-QT_OR_STD = re.compile(r"Q\w+(/Q\w+)?|[a-z_]+")
+# <QLabel>, <QtConcurrent/QtConcurrentMap>, <vector>, <cstdint>; and for symbols of a loaded library
+QT_OR_STD = re.compile(r"Q\w+(/Q\w+)?|[a-z_]+|dlfcn\.h")
 
 
 def room_of(path):
@@ -106,7 +106,7 @@ def objection(root, source, opening, name):
         return misspelt
     if reached is None:
         if room == "sdk/" and not QT_OR_STD.fullmatch(name):
-            return "sdk may include only Qt and the standard library"
+            return "sdk may include only Qt, the standard library and <dlfcn.h>"
         return None
     if room in PLUGIN_ROOMS and name in HOST_ACCESS_HEADERS and inside != HOST_ACCESS:
         return f"in the plug-in, only {HOST_ACCESS} may include this header"

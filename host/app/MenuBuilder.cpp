@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/MenuBuilder.h"
 
+#include "host/app/PathMenu.h"
+#include "host/app/RecentFilesMenu.h"
 #include "host/runtime/FxHost.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
-#include "host/runtime/recent/RecentFiles.h"
 
 #include <CFxUIAccelerator.h>
 #include <CFxUICommand.h>
@@ -14,14 +15,10 @@
 #include <sdkhost/UIMenuItem.h>
 
 #include <QAction>
-#include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPainter>
-#include <QProxyStyle>
 #include <QSet>
 #include <QShortcut>
-#include <QStyleOption>
 
 namespace fxhost {
 
@@ -43,38 +40,13 @@ QString helpOf(const CFxUIMenuItem &item)
     return item.GetCommand() ? QString(item.GetCommand()->GetHelpString()) : QString();
 }
 
-//! The text escaped for a menu: without mnemonics, and without tabs, which would start the shortcut column.
-QString shown(QString text)
-{
-    return text.replace(QLatin1Char('&'), QLatin1String("&&")).replace(QLatin1Char('\t'), QLatin1Char(' '));
-}
-
-//! Draws a menu's texts in the menu's layout direction. Qt's styles use the application's.
-class OwnDirection : public QProxyStyle
-{
-public:
-    using QProxyStyle::QProxyStyle;
-    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
-                     const QWidget *widget) const override
-    {
-        const Qt::LayoutDirection before = painter->layoutDirection();
-        painter->setLayoutDirection(option->direction);
-        QProxyStyle::drawControl(element, option, painter, widget);
-        painter->setLayoutDirection(before);
-    }
-};
-
-void addPlaceholder(QMenu *menu, const QString &text)
-{
-    menu->addAction(text)->setEnabled(false);
-}
-
 } // namespace
 
 // Chosen entries are run by queued calls: the command may refresh the menus and run an event loop, and the
 // clicked menu must have returned from its event handler before it can be deleted.
 
-MenuBuilder::MenuBuilder(FxHost &host, QMenuBar *bar) : QObject(bar), m_host(host), m_bar(bar)
+MenuBuilder::MenuBuilder(FxHost &host, QMenuBar *bar)
+    : QObject(bar), m_host(host), m_bar(bar), m_recentFiles(new RecentFilesMenu(host, bar))
 {
     connect(&host.customization(), &Customization::refreshed, this, &MenuBuilder::rebuild);
 }
@@ -116,26 +88,29 @@ void MenuBuilder::clear()
 // NOLINTNEXTLINE(misc-no-recursion): menus contain menus
 QMenu *MenuBuilder::makeMenu(QWidget *parent, const CFxUIMenuItem &item)
 {
-    auto *menu = new QMenu(item.GetLabel(), parent);
-    menu->setObjectName(item.GetIdentifier());
-    menu->menuAction()->setObjectName(item.GetIdentifier());
-    if (kindOf(item) == UIMenuItem::Kind::RecentFiles || kindOf(item) == UIMenuItem::Kind::Windows) {
-        menu->setLayoutDirection(Qt::LeftToRight); // paths and file names are always left to right
-        auto *style = new OwnDirection(QApplication::style()->objectName());
-        style->setParent(menu);
-        menu->setStyle(style);
-    }
+    QMenu *menu = nullptr;
     switch (kindOf(item)) {
     case UIMenuItem::Kind::RecentFiles:
-        connect(menu, &QMenu::aboutToShow, this, [this, menu] { fillRecentFiles(menu); });
+        menu = m_recentFiles;
         break;
     case UIMenuItem::Kind::Windows:
-        connect(menu, &QMenu::aboutToShow, this, [this, menu] { fillWindows(menu); });
+        menu = makeWindowsMenu(parent);
         break;
     default:
-        for (int i = 0; i < item.GetChildCount(); ++i)
-            addItem(menu, *item.GetChild(i));
+        menu = new QMenu(parent);
     }
+    menu->setTitle(item.GetLabel());
+    menu->setObjectName(item.GetIdentifier());
+    menu->menuAction()->setObjectName(item.GetIdentifier());
+    for (int i = 0; i < item.GetChildCount(); ++i)
+        addItem(menu, *item.GetChild(i));
+    return menu;
+}
+
+QMenu *MenuBuilder::makeWindowsMenu(QWidget *parent)
+{
+    auto *menu = new PathMenu(parent);
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] { fillWindows(menu); });
     return menu;
 }
 
@@ -173,32 +148,13 @@ void MenuBuilder::addEntry(QMenu *menu, const CFxUIMenuItem &item)
         Qt::QueuedConnection);
 }
 
-void MenuBuilder::fillRecentFiles(QMenu *menu)
-{
-    menu->clear();
-    const QStringList paths = m_host.recentFiles().paths();
-    CommandRunner &commands = m_host.commands();
-    int number = 0;
-    for (const QString &path : paths) {
-        QAction *const action = menu->addAction(QStringLiteral("&%1 ").arg(++number) + shown(path));
-        const auto open = [&commands, path] {
-            if (CommandRun *run = commands.run(QStringLiteral("_OPEN"), path))
-                run->release();
-        };
-        connect(action, &QAction::triggered, &commands, open, Qt::QueuedConnection);
-    }
-    if (paths.isEmpty())
-        addPlaceholder(menu, tr("No Recent Documents"));
-}
-
-void MenuBuilder::fillWindows(QMenu *menu)
+void MenuBuilder::fillWindows(PathMenu *menu)
 {
     menu->clear();
     DocumentManager &documents = m_host.documents();
     int number = 0;
     for (Document *document : documents.documents()) {
-        const QString title = QStringLiteral("&%1 ").arg(++number) + shown(document->title());
-        QAction *const action = menu->addAction(title);
+        QAction *const action = menu->addNumbered(++number, document->title());
         action->setCheckable(true);
         action->setChecked(document == documents.current());
         connect(
@@ -206,7 +162,7 @@ void MenuBuilder::fillWindows(QMenu *menu)
             [&documents, document] { documents.bringToFront(document); }, Qt::QueuedConnection);
     }
     if (number == 0)
-        addPlaceholder(menu, tr("No Drawing Is Open"));
+        menu->addPlaceholder(tr("No Drawing Is Open"));
 }
 
 void MenuBuilder::addAccelerators()

@@ -15,11 +15,13 @@ class QShortcut;
 namespace fxhost {
 
 class FxHost;
+class PathMenu;
+class RecentFilesMenu;
 
 //! Keeps a menu bar in sync with a customisation group: its menus, and its accelerators, which work while the
 //! bar is visible in the active window. Choosing an entry runs the macro of its definition. The object names
-//! of menus and actions are their identifiers, and the status tips of actions are their help strings. GUI
-//! thread.
+//! of menus and actions are their identifiers, and the status tips of actions are their help strings. Menus
+//! are created anew each time, except for that of the recent drawings. GUI thread.
 class MenuBuilder : public QObject
 {
     Q_OBJECT
@@ -39,13 +41,14 @@ private:
     QMenu *makeMenu(QWidget *parent, const CFxUIMenuItem &item);
     void addItem(QMenu *menu, const CFxUIMenuItem &item);
     void addEntry(QMenu *menu, const CFxUIMenuItem &item);
-    void fillRecentFiles(QMenu *menu);
-    void fillWindows(QMenu *menu);
+    QMenu *makeWindowsMenu(QWidget *parent);
+    void fillWindows(PathMenu *menu);
     void addAccelerators();
     const CFxUIAccelerator *acceleratorOf(const CFxUICommand *command) const;
 
     FxHost &m_host;
     QMenuBar *m_bar;
+    RecentFilesMenu *m_recentFiles; // a child of the bar; the same in every group
     const CFxUIGroup *m_group = nullptr;
     QList<QMenu *> m_menus; // children of the bar, as the shortcuts are
     QList<QShortcut *> m_shortcuts;

@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "tests/desktop/Hand.h"
 #include "tests/support/TestCase.h"
-#include "tests/support/process/ProgramStandIn.h"
 #include "tests/support/real/RealBrowser.h"
 
 #include <QDialog>
 #include <QLabel>
-#include <QMenu>
 #include <QToolButton>
-#include <QWidgetAction>
 
 using Indices = QList<int>;
 
@@ -216,45 +213,6 @@ private slots:
                          tile->findChild<QLabel *>("title_label")->text());
         }
         QCOMPARE(names, QStringList({"pinned plan 2.dwg", "plan 1.dwg", "plan 3.dwg"}));
-    }
-
-    void menuEntriesCanBeUsed()
-    {
-        Hand::stepAside();
-        RealBrowser browser(3); // "plan 3.dwg": the path continues after its blank
-        QMenu menu;
-        browser.addRecentFiles(&menu, nullptr);
-        menu.popup(QPoint(100, 100));
-        QVERIFY(waitForExposed(&menu));
-        const auto button = [&menu](int entry, const char *name) {
-            QList<QToolButton *> buttons; // in the order in which they are displayed
-            const QList<QAction *> actions = menu.actions();
-            for (QAction *action : actions) {
-                if (const auto *widgetAction = qobject_cast<QWidgetAction *>(action))
-                    buttons +=
-                        widgetAction->defaultWidget()->findChildren<QToolButton *>(QLatin1String(name));
-            }
-            return buttons.value(entry);
-        };
-        const auto entries = [&] {
-            QString text;
-            for (int i = 0; i < 3; ++i) {
-                const QString path = button(i, "menuTextButton")->text().mid(3);
-                text += QString("%1%2 ")
-                            .arg(browser.paths().indexOf(path))
-                            .arg(button(i, "pinButton")->isChecked() ? " pinned" : QString());
-            }
-            return text;
-        };
-        Hand::click(button(1, "pinButton"));
-        QTRY_COMPARE(entries(), "1 pinned 0 2 "); // the entry has moved
-        Hand::keepScreenshot("menu-entry-pinned");
-
-        const ProgramStandIn fileManager(0, ProgramStandIn::Others::Found);
-        Hand::click(button(2, "folderButton"));
-        QTRY_COMPARE(fileManager.starts(), QVector<QStringList>{QStringList(browser.paths().at(2))});
-        Hand::click(button(2, "menuTextButton"));
-        QTRY_COMPARE(browser.opened(), browser.opening({2}));
     }
 };
 

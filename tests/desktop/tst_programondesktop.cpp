@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/desktop/Hand.h"
+#include "tests/support/Patience.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/process/ProgramOnScreen.h"
 #include "tests/support/process/ProgramStandIn.h"
@@ -109,6 +110,47 @@ private slots:
         QTRY_COMPARE(ProgramOnScreen::activeTitle(), title);
         QVERIFY(program.quit()); // the focus is in the command line again
         QVERIFY(program.opened().isEmpty());
+    }
+
+    void recentDrawingsAreUsedInTheFileMenu()
+    {
+        ProgramOnScreen program(threeDrawings);
+        const ProgramStandIn fileManager(0, ProgramStandIn::Others::Found);
+        QVERIFY(program.start({"_NEW"}));
+        // Opens the menu, of three entries. \return its place; null unless it is open
+        const auto openMenu = [] {
+            Hand::keys({"alt+f", "r"});
+            QStringList windows;
+            const auto isOpen = [&windows] {
+                windows = Hand::ask({"search", "--onlyvisible", "--class", "fxhost"}).split('\n');
+                return windows.size() == 3; // this menu, the File menu and the main window
+            };
+            if (!waitUntil(isOpen))
+                return QRect();
+            QRect rightmost;
+            for (const QString &window : qAsConst(windows)) {
+                const QRect place = Hand::realGeometry(window.toULongLong());
+                if (place.left() > rightmost.left())
+                    rightmost = place;
+            }
+            return rightmost;
+        };
+        QRect menu = openMenu();
+        const int row = menu.height() / 3;
+        constexpr int pinButton = 10; // from the right edge, in pixels
+        constexpr int folderButton = 30;
+        Hand::click(menu.bottomRight() - QPoint(pinButton, row / 2));
+        Hand::keepScreenshot("program-with-pinned-entry");
+        Hand::key("1"); // for the menu, which is still open; the entry is now the first
+        QTRY_COMPARE(program.opened(), program.paths().mid(2));
+
+        menu = openMenu();
+        Hand::click(menu.topLeft() + QPoint(50, row / 2 + row));
+        QTRY_COMPARE(program.opened(), QStringList({program.paths().at(2), program.paths().at(0)}));
+        menu = openMenu();
+        Hand::click(menu.bottomRight() - QPoint(folderButton, row / 2));
+        QTRY_COMPARE(fileManager.starts(), QVector<QStringList>{program.paths().mid(1, 1)});
+        QVERIFY(program.quit()); // the menu is closed, so the command line has the keyboard
     }
 
     void clickOnAnotherProgramClosesThePopup()

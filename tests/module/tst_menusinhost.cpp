@@ -7,17 +7,31 @@
 #include "host/runtime/recent/RecentFiles.h"
 #include "tests/support/MenuChildren.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/TestModules.h"
 #include "tests/support/real/RealBrowser.h"
 #include "tests/support/real/RealHost.h"
 
+#include <RecentDocumentBrowserExports.h>
+
 #include <QDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
+#include <QToolButton>
+#include <QWidgetAction>
 
 #include <dlfcn.h>
+
+using RecentDocumentBrowserExports::addRecentFiles;
+using RecentDocumentBrowserExports::setShortCutKey;
 
 namespace {
 
 const char openEntry[] = R"({ "identifier": "MI_Open", "label": "&Open", "command": "ID_New" },)";
+const char recentEntry[] =
+    R"({ "identifier": "ID_RECENT_FILES_MENU", "label": "&Recent", "kind": "recentFiles" },)";
 //! As in a host that is prepared for the browser.
 const char waitingKey[] =
     R"({ "identifier": "ACC_Recent", "label": "Recent", "key": "F4", "command": "ID_RECENT_FILES" })";
@@ -37,10 +51,10 @@ QString groupData(const char *name, const char *isPrimary, const char *entry, co
 }
 
 //! An extension's group without a File menu, the primary group and the start-up menus.
-QByteArray menuData(const char *accelerators = "")
+QByteArray menuData(const char *accelerators = "", const char *entry = openEntry)
 {
     return QString(R"({ "groups": [ { "name": "EXTENSION" }, %1 ], "startUp": %2 })")
-        .arg(groupData("MAIN", "true", openEntry, accelerators), groupData("START", "false", "", ""))
+        .arg(groupData("MAIN", "true", entry, accelerators), groupData("START", "false", "", ""))
         .toUtf8();
 }
 
@@ -69,6 +83,7 @@ public:
     }
 
     fxhost::Customization &customization() { return running.host.customization(); }
+    void *library() { return running.host.modules().libraries().front(); }
     CFxUIGroup &primary() { return *customization().primaryGroup(); }
     CFxUIGroup &startUp() { return *customization().GetStartUpGroup(); }
     CFxUIMenuItem &file() { return *primary().GetMenu(1); }
@@ -91,13 +106,84 @@ public:
     QMainWindow window;
 };
 
-//! Calls the function that the module exports for hosts that want the key.
-void setShortCutKey()
+//! The built module with three recent documents, and the host's menu of these.
+class HostWithRecentMenu : public HostWithMenus
 {
-    const auto function =
-        reinterpret_cast<void (*)()>(RealBrowser::exported("_ZN21RecentDocumentBrowser14SetShortCutKeyEv"));
-    function();
-}
+public:
+    HostWithRecentMenu() : HostWithMenus(menuData("", recentEntry))
+    {
+        builder.setGroup(&primary());
+        menu = window.findChild<QMenu *>("ID_RECENT_FILES_MENU");
+        list({"a.dwg", "b.dwg", "c.dwg"});
+        running.host.setMainWindow(&window);
+    }
+
+    void list(const QStringList &names)
+    {
+        QStringList paths;
+        for (const QString &name : names)
+            paths.append(running.makeDrawing(name));
+        running.host.recentFiles().setPaths(paths);
+    }
+
+    QList<QWidgetAction *> entries() const
+    {
+        QList<QWidgetAction *> found;
+        const QList<QAction *> actions = menu->actions();
+        for (QAction *action : actions) {
+            if (auto *entry = qobject_cast<QWidgetAction *>(action))
+                found.append(entry);
+        }
+        return found;
+    }
+    QToolButton *button(int entry, const char *name) const
+    {
+        return RealBrowser::button(entries().at(entry)->defaultWidget(), name);
+    }
+    //! The entries of the opened menu with their keys, and whether they are the module's and pinned.
+    QStringList lines() const
+    {
+        emit menu->aboutToShow();
+        QStringList lines;
+        const QList<QAction *> actions = menu->actions();
+        for (QAction *action : actions) {
+            auto *entry = qobject_cast<QWidgetAction *>(action);
+            QWidget *widget = entry ? entry->defaultWidget() : nullptr;
+            const bool isPinned = widget && RealBrowser::button(widget, "pinButton")->isChecked();
+            const QString text =
+                widget ? RealBrowser::button(widget, "menuTextButton")->text() : action->text();
+            if (text != action->text())
+                lines.append(text + " has the key of " + action->text());
+            else if (!action->isSeparator())
+                lines.append(text.left(3) + QFileInfo(text).fileName() +
+                             (isPinned ? " pinned"
+                              : widget ? " unpinned"
+                                       : ""));
+        }
+        return lines;
+    }
+    //! The tiles of a popup: names, and whether they are pinned. \param pressed a tile whose pin is pressed
+    QStringList tiles(int pressed = -1)
+    {
+        running.host.commands().runLine("_RECENT");
+        QDialog *popup = RealBrowser::popups().constFirst();
+        const QList<QDialog *> tiles = RealBrowser::tiles(popup);
+        QStringList names;
+        for (const QDialog *tile : tiles) {
+            QToolButton *pin = RealBrowser::button(tile, "pinButton");
+            if (names.size() == pressed)
+                pin->click();
+            names.append(tile->findChild<QLabel *>("title_label")->text() +
+                         (pin->isChecked() ? " pinned" : " unpinned"));
+        }
+        popup->close();
+        drainEvents();
+        return names;
+    }
+
+    fxhost::MenuBuilder builder{running.host, window.menuBar()};
+    QMenu *menu = nullptr;
+};
 
 const QString realEntry = "PMI_RECENT_DOCUMENT_BROWSER";
 const QList<QStringList> withoutEntry = {{"MI_New", "MI_Open", "", "MI_Quit"}, {"MI_New", "", "MI_Quit"}};
@@ -167,7 +253,7 @@ private slots:
         const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);
         host.begin();
         host.running.host.documents().newDocument();
-        setShortCutKey();
+        QVERIFY(setShortCutKey(host.library()));
         host.running.host.setMainWindow(nullptr);
         QCOMPARE(refreshed.size(), 0);
         QVERIFY(!host.customization().GetStartUpGroup());
@@ -179,18 +265,113 @@ private slots:
         fxhost::MenuBuilder builder(host.running.host, host.window.menuBar());
         builder.setGroup(&host.primary());
         host.begin();
-        setShortCutKey();
+        QVERIFY(setShortCutKey(host.library()));
         host.customization().Refresh(); // the host's task
         QVERIFY(waitForActive(&host.window));
         QTest::keyClick(&host.window, Qt::Key_F4);
         QTRY_COMPARE(RealBrowser::popups().size(), 1);
     }
 
+    void theRecentMenuHasTheModulesPins()
+    {
+        HostWithRecentMenu host;
+        fxhost::FxHost &fxHost = host.running.host;
+        const QStringList plain{"&1 a.dwg", "&2 b.dwg", "&3 c.dwg"};
+        const QStringList unpinned{"&1 a.dwg unpinned", "&2 b.dwg unpinned", "&3 c.dwg unpinned"};
+        const QStringList pinned{"&1 c.dwg pinned", "&2 a.dwg unpinned", "&3 b.dwg unpinned"};
+        QVERIFY(fxHost.modules().unload(MODULE_FILE));
+        QVERIFY(fxHost.modules().load(MODULE_FILE));
+        QCOMPARE(host.lines(), plain); // before the first drawing the browser is empty, too
+        fxHost.documents().newDocument();
+        QCOMPARE(host.lines(), unpinned);
+        host.button(2, "pinButton")->click();
+        QCOMPARE(host.lines(), pinned);
+        QCOMPARE(host.tiles(), QStringList({"c.dwg pinned", "a.dwg unpinned", "b.dwg unpinned"}));
+
+        host.tiles(2);
+        QCOMPARE(host.lines().constLast(), "&3 b.dwg pinned");
+        // Opening the browser changes the order.
+        QCOMPARE(host.tiles(0), QStringList({"c.dwg unpinned", "b.dwg pinned", "a.dwg unpinned"}));
+        QCOMPARE(host.lines(), QStringList({"&1 c.dwg unpinned", "&2 b.dwg pinned", "&3 a.dwg unpinned"}));
+
+        // Another list, or another module, does not unpin.
+        host.list({"d.dwg", "a.dwg", "b.dwg"});
+        QVERIFY(fxHost.modules().load(modulePath("companion")));
+        QCOMPARE(host.lines(), QStringList({"&1 b.dwg pinned", "&2 d.dwg unpinned", "&3 a.dwg unpinned"}));
+
+        const QPointer<QWidgetAction> former = host.entries().constFirst();
+        host.list({"a.dwg", "b.dwg", "c.dwg"});
+        fxHost.documents().newDocument();
+        QCOMPARE(host.lines(), unpinned);
+        QCOMPARE(host.tiles(), QStringList({"a.dwg unpinned", "b.dwg unpinned", "c.dwg unpinned"}));
+        QVERIFY(!former);
+
+        QVERIFY(fxHost.modules().unload(MODULE_FILE));
+        QCOMPARE(host.lines(), plain);
+        QVERIFY(fxHost.modules().load(MODULE_FILE)); // is notified of the current drawing
+        host.tiles(2);
+        QCOMPARE(host.lines().constLast(), "&3 c.dwg pinned");
+    }
+
+    void anEntryClosesTheMenuAndOpensItsDrawing()
+    {
+        HostWithRecentMenu host;
+        host.running.host.documents().newDocument();
+        const QPointer<QWidgetAction> clicked = host.entries().at(1);
+        host.menu->popup(QPoint(100, 100));
+        QTest::mouseClick(host.button(0, "pinButton"), Qt::LeftButton);
+        QVERIFY(host.menu->isVisible());
+        bool isVisible = true;
+        connect(&host.running.host.documents(), &fxhost::DocumentManager::documentAdded, this,
+                [&] { isVisible = host.menu->isVisible(); });
+        QTest::mouseClick(host.button(1, "menuTextButton"), Qt::LeftButton);
+        QVERIFY(!isVisible);
+        QCOMPARE(host.lines().constFirst(), "&1 b.dwg unpinned");
+        drainEvents();
+        QVERIFY(!clicked);
+
+        host.entries().constLast()->trigger();
+        QTRY_COMPARE(host.running.logged().constLast(), "command _OPEN 5100");
+        QCOMPARE(host.lines().constFirst(), "&1 c.dwg unpinned");
+    }
+
+    void entriesFitEveryDesktop()
+    {
+        const QPalette usual = QApplication::palette();
+        QApplication::setPalette(QPalette(QColor(40, 40, 40)));
+        HostWithRecentMenu host;
+        host.list({"a.dwg", QString("%1.dwg").arg(QString(), 250, 'b')});
+        host.running.host.documents().newDocument();
+        host.menu->popup(QPoint());
+        host.menu->setActiveAction(host.entries().constFirst()); // as the keyboard does
+        const QImage image = host.menu->grab().toImage();
+        const QColor backgrounds[] = {QApplication::palette().color(QPalette::Highlight), Qt::white};
+        for (int i = 0; i < 2; ++i) {
+            const QPoint aboveTheText = host.button(i, "folderButton")->mapTo(host.menu, QPoint(-1, 1));
+            QCOMPARE(image.pixelColor(aboveTheText), backgrounds[i]);
+            const QToolButton *pin = host.button(i, "pinButton");
+            QVERIFY(pin->mapTo(host.menu, pin->rect().topRight()).x() < host.menu->screen()->size().width());
+        }
+        QApplication::setPalette(usual);
+    }
+
+    void otherLibrariesExportNothing()
+    {
+        HostWithMenus host(menuData());
+        QVERIFY(host.running.host.modules().load(modulePath("companion")));
+        QMenu menu;
+        for (void *library : {host.running.host.modules().libraries().back(), static_cast<void *>(nullptr)}) {
+            QVERIFY(!addRecentFiles(library, &menu, nullptr));
+            QVERIFY(!setShortCutKey(library));
+        }
+        QVERIFY(menu.isEmpty());
+    }
+
     void menusAndKeysRemainAfterTheModuleIsUnloaded()
     {
         HostWithMenus host(menuData());
         host.begin();
-        setShortCutKey();
+        QVERIFY(setShortCutKey(host.library()));
         const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);
         host.running.host.setMainWindow(nullptr);
         QVERIFY(host.running.host.modules().unload(MODULE_FILE));

@@ -7,7 +7,8 @@
 
 #include <QHBoxLayout>
 #include <QMenu>
-#include <QStyle>
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
 
 namespace {
 
@@ -68,6 +69,18 @@ QPair<int, int> darkAndWhite(QWidget &button)
     }
     return counts;
 }
+
+//! Draws only its text, as Qt does.
+class LabelOnly : public QToolButton
+{
+protected:
+    void paintEvent(QPaintEvent * /*event*/) override
+    {
+        QStyleOptionToolButton option;
+        initStyleOption(&option);
+        QStylePainter(this).drawControl(QStyle::CE_ToolButtonLabel, option);
+    }
+};
 
 //! Calls a function for each action that is added to a menu.
 class ActionWatcher : public QObject
@@ -313,6 +326,19 @@ private slots:
         };
         const QImage fromTheRight = picture(Qt::RightToLeft);
         QCOMPARE(fromTheRight, picture(Qt::LeftToRight));
+    }
+
+    void ampersandsOfThePathAreShown()
+    {
+        const LoneEntry action("&1 /R&D/a & b.dwg");
+        QToolButton &button = *action.textButton;
+        LabelOnly reference;
+        reference.setStyleSheet(button.styleSheet());
+        reference.setText("&1 /R&&D/a && b.dwg");
+        QCOMPARE(button.sizeHint(), reference.sizeHint());
+        button.adjustSize();
+        reference.resize(button.size());
+        QCOMPARE(button.grab().toImage(), reference.grab().toImage());
     }
 
     void anEntryIsDeletedWithItsWidgetsAndChangesNoList()

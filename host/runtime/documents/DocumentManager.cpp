@@ -141,6 +141,7 @@ Document *DocumentManager::introduce(const std::shared_ptr<Document> &document)
     m_documents.push_back(document);
     emit documentAdded(document.get());
     m_reactors.notify(&Reactor::DocumentCreated, published);
+    emit reactorsNotified();
     setCurrent(document.get());
     return openDocument(document.get()).get();
 }

@@ -25,7 +25,7 @@ class RecentFiles;
 //!
 //! The order of events (the names of the reactors' functions without "Document"):
 //! - Opening: PreOpen, CreateStarted, DatabaseAttached, the path is added to the recent list,
-//!   documentAdded(), Created, change of the current drawing.
+//!   documentAdded(), Created, reactorsNotified(), change of the current drawing.
 //! - Change of the current drawing: ToBeDeactivated for the old one; ToBeActivated, Activated, BecameCurrent,
 //!   ActivationModified and currentChanged() for the new one.
 //! - Closing: documentAboutToClose(), ToBeDeactivated if it is the current one, ToBeDestroyed,
@@ -76,6 +76,8 @@ public:
 signals:
     //! A drawing was created. Reactors are notified after this, so that its window can be created first.
     void documentAdded(fxhost::Document *document);
+    //! All reactors have been notified of a created drawing, and one of them may have closed it.
+    void reactorsNotified();
     //! The drawing is about to be deleted and must not be used afterwards.
     void documentAboutToClose(fxhost::Document *document);
     //! \param document null if no drawing is open any more

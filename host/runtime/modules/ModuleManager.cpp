@@ -30,7 +30,9 @@ bool ModuleManager::load(const QString &path)
     SDKHOST_ASSERT_GUI_THREAD();
     const Outcome started = start(path); // if it failed, its library is already unloaded
     m_log.module(path, started ? HostLog::ModuleEvent::Loaded : HostLog::ModuleEvent::Failed);
-    if (!started)
+    if (started)
+        emit moduleLoaded();
+    else
         m_report(tr("The module \"%1\" was not loaded. %2").arg(path, started.reason()));
     return bool(started);
 }
@@ -97,6 +99,14 @@ QStringList ModuleManager::loaded() const
     for (const auto &module : m_modules)
         paths.append(module->name());
     return paths;
+}
+
+std::vector<void *> ModuleManager::libraries() const
+{
+    std::vector<void *> handles;
+    for (const auto &module : m_modules)
+        handles.push_back(module->handle());
+    return handles;
 }
 
 QStringList ModuleManager::named(const QString &name) const

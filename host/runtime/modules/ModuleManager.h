@@ -6,7 +6,7 @@
 #include <sdkhost/MessageSink.h>
 #include <sdkhost/Outcome.h>
 
-#include <QCoreApplication>
+#include <QObject>
 #include <QString>
 #include <QStringList>
 
@@ -18,18 +18,15 @@ namespace fxhost {
 class HostLog;
 
 //! Loads and unloads modules. GUI thread.
-class FXHOST_API ModuleManager
+class FXHOST_API ModuleManager : public QObject
 {
-    Q_DECLARE_TR_FUNCTIONS(fxhost::ModuleManager)
+    Q_OBJECT
 public:
     //! All arguments must outlive the manager.
     //! \param report receives the reason if a module cannot be loaded or unloaded
     ModuleManager(Host &host, HostLog &log, MessageSink report);
     //! Unloads all modules.
-    ~ModuleManager();
-
-    ModuleManager(const ModuleManager &) = delete;
-    ModuleManager &operator=(const ModuleManager &) = delete;
+    ~ModuleManager() override;
 
     //! Loads a module and starts it. If the main window exists, the module is notified of it, and then of the
     //! current drawing. If this fails, the reason is reported, and everything is undone.
@@ -51,6 +48,13 @@ public:
     //! The paths, as given to load(), of the modules that name can refer to: the one with this path, or
     //! otherwise those with this file name, with or without ".so".
     QStringList named(const QString &name) const;
+    //! The system's handles of the libraries, in the order of loading. Each is valid until its module is
+    //! unloaded.
+    std::vector<void *> libraries() const;
+
+signals:
+    //! A module was loaded and started.
+    void moduleLoaded();
 
 private:
     Outcome start(const QString &path);

@@ -9,6 +9,8 @@
 #include "samples/DrawingWriter.h"
 #include "tests/support/Patience.h"
 
+#include <RecentDocumentBrowserExports.h>
+
 #include <QApplication>
 #include <QDialog>
 #include <QGraphicsEffect>
@@ -154,7 +156,5 @@ QStringList RealBrowser::menuLines() const
 
 void RealBrowser::addRecentFiles(QMenu *menu, QAction *before)
 {
-    const auto function = reinterpret_cast<void (*)(QMenu *, QAction *)>(
-        exported("_ZN21RecentDocumentBrowser14AddRecentFilesEP5QMenuP7QAction"));
-    function(menu, before);
+    RecentDocumentBrowserExports::addRecentFiles(host().modules().libraries().front(), menu, before);
 }

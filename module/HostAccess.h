@@ -18,9 +18,8 @@ class OdString;
 class QImage;
 class QWidget;
 
-//! The host operations that the module uses. HostAccess.cpp is the only file that calls the host's services:
-//! to adapt the module to a host with an SDK of its own, change that file and, if the menu classes differ,
-//! MenuIntegration.cpp.
+//! The host operations that the module uses. HostAccess.cpp is the only file that calls the host's services.
+//! docs/PORTING.md lists what else changes for a host with an interface of its own.
 //!
 //! If the host lacks something (services, list, window), queries return nothing and requests have no effect.
 //! Call all functions on the GUI thread; readPreview() can be called on any thread. Exceptions from the host

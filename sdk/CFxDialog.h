@@ -8,8 +8,8 @@
 //! Base class of the dialogs of the host and its modules. While a modal dialog is shown, the host is in the
 //! modal state; editor reactors are notified when it begins and ends. GUI thread.
 //!
-//! The host's runtime library defines the class with its meta-object, for which moc must process this header
-//! there, and only there.
+//! The host defines the class with its meta-object, for which moc must process this header there, and only
+//! there. sdkhost/ does this.
 class FXSDK_API CFxDialog : public QDialog
 {
     Q_OBJECT

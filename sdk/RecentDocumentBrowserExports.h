@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <FxSdkApi.h>
+
 #include <QList>
 
 #include <dlfcn.h>

@@ -89,11 +89,12 @@ shell_scripts() {
     ((${#shell[@]} == 0)) || shellcheck "${shell[@]}"
 }
 
-# Creates the compile commands for the analysers: without options that only g++ supports, and without warnings as errors:
-# clang's warning about variadic macros is caused by Qt Test, and g++ checks its own warnings in the build.
+# Creates the compile commands for the analysers: of several files at a time, because most of the time is for Qt's
+# headers; without options that only g++ supports, and without warnings as errors: clang's warning about variadic macros
+# is caused by Qt Test. The build compiles each file by itself, and checks what it includes and what it shadows.
 database=build/lint
-product=()  # files, each of which must include what it needs
-together=() # what only measures the product; and units of several tests, as they are compiled
+product=() # units of several files
+others=()  # the same of tests and benches, for which fewer checks are useful
 compile_commands() {
     local unit found unity
     ((${#units[@]} > 0)) || return 0
@@ -101,22 +102,22 @@ compile_commands() {
     scripts/quietly.sh cmake --preset dev -DBUILD_TESTING=ON || return 1
     # The sources include generated files.
     scripts/quietly.sh cmake --build --preset dev || return 1
-    mkdir -p "$database"
-    sed -e 's/ -fno-gnu-unique / /; s/ -Werror / /; s/ -Wpedantic / /; s/ -Wno-subobject-linkage / /' \
-        build/dev/compile_commands.json >"$database/compile_commands.json" || return 1
+    scripts/quietly.sh cmake --preset dev -B "$database" -DBUILD_TESTING=ON -DCMAKE_UNITY_BUILD=ON || return 1
+    sed -i -e 's/ -fno-gnu-unique / /; s/ -Werror / /; s/ -Wpedantic / /; s/ -Wno-subobject-linkage / /; s/ -Wshadow / /' \
+        -e "s#-I$PWD/$database/#-I$PWD/build/dev/#g" "$database/compile_commands.json" || return 1
     mapfile -t unity < <(grep -oP '"file": "\K[^"]*/Unity/[^"]*' "$database/compile_commands.json")
     for unit in "${units[@]}"; do
-        if [[ $unit == bench/* ]]; then
-            together+=("$unit")
-        elif grep -qF "/$unit\"" "$database/compile_commands.json"; then
-            product+=("$unit")
-        elif found=$(grep -lF "/$unit\"" "${unity[@]}"); then
-            together+=("$found")
-        else
+        found=$unit
+        if ! grep -qF "/$unit\"" "$database/compile_commands.json" && ! found=$(grep -lF "/$unit\"" "${unity[@]}"); then
             echo "not analysed, as the dev preset does not compile it: $unit"
+        elif [[ $unit == bench/* || $unit == tests/* ]]; then
+            others+=("$found")
+        else
+            product+=("$found")
         fi
     done
-    ((${#together[@]} == 0)) || mapfile -t together < <(printf '%s\n' "${together[@]}" | sort -u)
+    ((${#product[@]} == 0)) || mapfile -t product < <(printf '%s\n' "${product[@]}" | sort -u)
+    ((${#others[@]} == 0)) || mapfile -t others < <(printf '%s\n' "${others[@]}" | sort -u)
 }
 
 # Runs an analyser on files: each_of ARRAY COMMAND [ARG...]. Shows its output only on failure, because clang always prints
@@ -134,13 +135,13 @@ each_of() {
 clang_tidy() {
     local status=0
     each_of product clang-tidy -p "$database" --quiet || status=1
-    each_of together clang-tidy -p "$database" --quiet --config-file=tests/.clang-tidy || status=1
+    each_of others clang-tidy -p "$database" --quiet --config-file=tests/.clang-tidy || status=1
     return "$status"
 }
 
 clazy() {
     local status=0 array
-    for array in product together; do
+    for array in product others; do
         each_of "$array" clazy-standalone -p "$database" -extra-arg=-Werror -checks="$clazy_checks" \
             -header-filter='/(sdk|module|state|ui|resources|host|samples|tests)/.*\.(h|cpp)$' || status=1
     done

@@ -21,7 +21,7 @@ namespace fxhost {
 
 namespace {
 
-struct Texts
+struct CommandTexts
 {
     Q_DECLARE_TR_FUNCTIONS(fxhost::AppCommands)
 };
@@ -29,7 +29,7 @@ struct Texts
 Outcome writePng(const QImage &picture, const QString &path)
 {
     if (picture.isNull())
-        return Outcome::failed(Texts::tr("No window is visible."));
+        return Outcome::failed(CommandTexts::tr("No window is visible."));
     // A partly written file would still look like a picture, so replace the file only as a whole.
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
@@ -44,14 +44,14 @@ Outcome writePng(const QImage &picture, const QString &path)
 int takeScreenshot(FxHost &host, const QString &argument)
 {
     if (argument.isEmpty()) {
-        host.showMessage(Texts::tr("SCREENSHOT needs the name of the file to write."));
+        host.showMessage(CommandTexts::tr("SCREENSHOT needs the name of the file to write."));
         return CFxCommand::failed;
     }
     const QString path = typedPath(argument, host.fileProbe());
     const Outcome written = writePng(grabWindows(), path);
     if (written)
         return CFxCommand::normalCompletion;
-    host.showMessage(Texts::tr("The picture %1 could not be written: %2").arg(path, written.reason()));
+    host.showMessage(CommandTexts::tr("The picture %1 could not be written: %2").arg(path, written.reason()));
     return CFxCommand::failed;
 }
 

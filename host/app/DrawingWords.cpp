@@ -10,7 +10,7 @@ namespace fxhost {
 
 namespace {
 
-struct Texts
+struct DrawingTexts
 {
     Q_DECLARE_TR_FUNCTIONS(fxhost::DrawingWords)
 };
@@ -20,7 +20,7 @@ struct Texts
 QString factsLine(const Document &document)
 {
     if (document.isNew())
-        return Texts::tr("New drawing");
+        return DrawingTexts::tr("New drawing");
     const DrawingFile &file = document.file();
     const QLocale locale;
     const QStringList words{

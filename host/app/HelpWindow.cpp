@@ -12,7 +12,7 @@ namespace fxhost {
 namespace {
 
 // Wide enough for about 70 characters per line, which is easy to read.
-constexpr QSize firstSize(620, 520);
+constexpr QSize helpWindowSize(620, 520);
 constexpr QSize smallestSize(320, 240);
 
 QUrl pageOf(int topic)
@@ -32,7 +32,7 @@ HelpWindow::HelpWindow(QWidget *parent) : QDialog(parent)
     setObjectName(QStringLiteral("helpWindow"));
     setWindowTitle(tr("Help"));
     setMinimumSize(smallestSize);
-    resize(firstSize);
+    resize(helpWindowSize);
 
     m_browser = new QTextBrowser(this);
     m_browser->setFrameShape(QFrame::NoFrame);

@@ -14,7 +14,7 @@ namespace fxhost {
 
 namespace {
 
-struct Texts
+struct OptionTexts
 {
     Q_DECLARE_TR_FUNCTIONS(fxhost::ProgramOptions)
 };
@@ -22,7 +22,8 @@ struct Texts
 ProgramStart refuse(const QString &reason)
 {
     ProgramStart result;
-    result.text = Texts::tr("%1: %2\nTry \"%1 --help\".").arg(QCoreApplication::applicationName(), reason);
+    result.text =
+        OptionTexts::tr("%1: %2\nTry \"%1 --help\".").arg(QCoreApplication::applicationName(), reason);
     return result;
 }
 
@@ -43,11 +44,12 @@ Outcome readGeometry(const QString &text, ProgramOptions &options)
         QStringLiteral("(\\d{1,5})x(\\d{1,5})(?:\\+(-?\\d{1,5})\\+(-?\\d{1,5}))?")));
     const QRegularExpressionMatch match = pattern.match(text);
     if (!match.hasMatch())
-        return Outcome::failed(Texts::tr("\"%1\" is not a geometry; it is written WxH or WxH+X+Y").arg(text));
+        return Outcome::failed(
+            OptionTexts::tr("\"%1\" is not a geometry; it is written WxH or WxH+X+Y").arg(text));
 
     const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
     if (size.width() < smallestMainWindow.width() || size.height() < smallestMainWindow.height())
-        return Outcome::failed(Texts::tr("the geometry \"%1\" is smaller than %2x%3")
+        return Outcome::failed(OptionTexts::tr("the geometry \"%1\" is smaller than %2x%3")
                                    .arg(text)
                                    .arg(smallestMainWindow.width())
                                    .arg(smallestMainWindow.height()));
@@ -75,33 +77,34 @@ ProgramStart readProgramOptions(const QStringList &arguments)
 {
     // Not the parser's own help option, which also lists --help-all for Qt's options.
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
-                                  Texts::tr("Print this help."));
+                                  OptionTexts::tr("Print this help."));
     const QCommandLineOption module(QStringLiteral("module"),
-                                    Texts::tr("Load the module at <path>; can be given more than once. "
-                                              "By default, the recent-document browser is loaded."),
+                                    OptionTexts::tr("Load the module at <path>; can be given more than once. "
+                                                    "By default, the recent-document browser is loaded."),
                                     QStringLiteral("path"));
-    const QCommandLineOption noModule(QStringLiteral("no-module"), Texts::tr("Load no module."));
+    const QCommandLineOption noModule(QStringLiteral("no-module"), OptionTexts::tr("Load no module."));
     const QCommandLineOption profile(QStringLiteral("profile"),
-                                     Texts::tr("Store settings and the recent-file list in <dir>."),
+                                     OptionTexts::tr("Store settings and the recent-file list in <dir>."),
                                      QStringLiteral("dir"));
     const QCommandLineOption script(QStringLiteral("script"),
-                                    Texts::tr("Run the commands in <file>, one per line."),
+                                    OptionTexts::tr("Run the commands in <file>, one per line."),
                                     QStringLiteral("file"));
-    const QCommandLineOption log(QStringLiteral("log"),
-                                 Texts::tr("Log commands, drawings, help requests and modules to <file>."),
-                                 QStringLiteral("file"));
+    const QCommandLineOption log(
+        QStringLiteral("log"),
+        OptionTexts::tr("Log commands, drawings, help requests and modules to <file>."),
+        QStringLiteral("file"));
     const QCommandLineOption noDocument(QStringLiteral("no-document"),
-                                        Texts::tr("Start without a new drawing."));
+                                        OptionTexts::tr("Start without a new drawing."));
     const QCommandLineOption geometry(QStringLiteral("geometry"),
-                                      Texts::tr("Size and position of the main window, in pixels."),
+                                      OptionTexts::tr("Size and position of the main window, in pixels."),
                                       QStringLiteral("WxH+X+Y"));
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        Texts::tr("Shows the pictures stored in DWG drawings and loads plug-in modules."));
+        OptionTexts::tr("Shows the pictures stored in DWG drawings and loads plug-in modules."));
     const QCommandLineOption version = parser.addVersionOption();
     parser.addOptions({help, module, noModule, profile, script, log, noDocument, geometry});
-    parser.addPositionalArgument(QStringLiteral("drawing"), Texts::tr("Drawings to open."),
+    parser.addPositionalArgument(QStringLiteral("drawing"), OptionTexts::tr("Drawings to open."),
                                  QStringLiteral("[drawing...]"));
 
     if (!parser.parse(arguments))
@@ -116,16 +119,16 @@ ProgramStart readProgramOptions(const QStringList &arguments)
     // a test's settings in the user's own profile.
     for (const QCommandLineOption &option : {module, profile, script, log, geometry}) {
         if (parser.values(option).contains(QString()))
-            return refuse(Texts::tr("--%1 needs a value").arg(option.names().constFirst()));
+            return refuse(OptionTexts::tr("--%1 needs a value").arg(option.names().constFirst()));
     }
     for (const QCommandLineOption &option : {profile, script, log, geometry}) {
         if (parser.values(option).size() > 1)
-            return refuse(Texts::tr("--%1 is given more than once").arg(option.names().constFirst()));
+            return refuse(OptionTexts::tr("--%1 is given more than once").arg(option.names().constFirst()));
     }
     if (parser.isSet(module) && parser.isSet(noModule))
-        return refuse(Texts::tr("--module and --no-module exclude each other"));
+        return refuse(OptionTexts::tr("--module and --no-module exclude each other"));
     if (parser.positionalArguments().contains(QString()))
-        return refuse(Texts::tr("a drawing needs a name"));
+        return refuse(OptionTexts::tr("a drawing needs a name"));
 
     ProgramStart result;
     if (parser.isSet(geometry)) {

@@ -183,7 +183,8 @@ private slots:
         QProcess compiler;
         const QStringList flags =
             outputOf("pkg-config", {"--cflags", installation + "/" PKGCONFIG_IN_PREFIX "/fxsdk.pc"})
-                .split(QRegularExpression("\\s+"), Qt::SkipEmptyParts);
+                .simplified()
+                .split(' ');
         compiler.start("c++", QStringList{"-std=c++17", "-fPIC", "-fsyntax-only", option, "-include",
                                           "OdString.h", "-x", "c++", "/dev/null"} +
                                   flags);

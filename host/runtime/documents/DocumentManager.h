@@ -30,6 +30,8 @@ class RecentFiles;
 //!   ActivationModified and currentChanged() for the new one.
 //! - Closing: documentAboutToClose(), ToBeDeactivated if it is the current one, ToBeDestroyed,
 //!   DatabaseDetached, Destroyed, change of the current drawing.
+//! A window that the program shows at documentAdded(), or closes at documentAboutToClose(), makes a drawing
+//! current when it is activated: then the change comes at that moment.
 //!
 //! Reactors may open, close and activate drawings during each of these events.
 class FXHOST_API DocumentManager : public QObject, public CFxDocumentManager

@@ -55,7 +55,8 @@ std::optional<Chunk> chunkAt(const RegularFile &file, qint64 offset, qint64 end)
     const QByteArray start = file.readAll(offset, chunkStartSize);
     if (start.isEmpty()) // the file has shrunk
         return std::nullopt;
-    const Chunk chunk = {start.mid(4), {offset, chunkStartSize + qint64(bigEndianAt(start, 0)) + checksumSize}};
+    const Chunk chunk = {start.mid(4),
+                         {offset, chunkStartSize + qint64(bigEndianAt(start, 0)) + checksumSize}};
     return chunk.whole.end() <= end ? std::optional(chunk) : std::nullopt;
 }
 

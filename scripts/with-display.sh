@@ -74,11 +74,12 @@ else
 fi
 
 # Use the distribution's configuration. A user's might place windows or make the focus follow the pointer.
-openbox --sm-disable --config-file /etc/xdg/openbox/rc.xml >"$logs/manager" 2>&1 &
+# While it starts, it gives new windows no focus, but sets the properties by which clients recognise it.
+openbox --sm-disable --config-file /etc/xdg/openbox/rc.xml --startup "touch '$logs/started'" >"$logs/manager" 2>&1 &
 manager=$!
 started+=("$manager")
 deadline=$((SECONDS + start_timeout))
-until xprop -root _NET_SUPPORTING_WM_CHECK 2>>"$logs/manager" | grep -q 'window id'; do
+until [[ -e $logs/started ]]; do
     kill -0 "$manager" 2>/dev/null || give_up "openbox exited"
     ((SECONDS < deadline)) || give_up "openbox did not start"
     sleep 0.1

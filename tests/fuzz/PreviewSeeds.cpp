@@ -142,6 +142,7 @@ void addPngs(Seeds &to)
         }
     }
     to.addPng(blankPng({width, height, 8, 2}, pngChunk("tRNS", QByteArray(6, '\0'))));
+    to.addPng(blankPng({width, height, 8, 2}, pngChunk("PLTE", {}))); // refused, though no pixel needs it
     to.addPng(
         blankPng({width, height, 8, 2}, pngChunk("gAMA", QByteArray::fromHex("0000B18F")) +
                                             pngChunk("sRGB", QByteArray(1, '\0')) +

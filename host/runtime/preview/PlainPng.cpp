@@ -195,7 +195,8 @@ QImage decodePlainPng(const RegularFile &file, const QSize &size, const PngParts
     const bool isPlain = header.at(depthAt) == 8 && header.mid(colorTypeAt + 1) == QByteArray(3, 0);
     // The stream is also in memory chunk by chunk.
     const qint64 memory = 2 * streamSize + rowsSize + qint64(size.height()) * size.width() * 4;
-    if (!isPlain || channels == 0 || memory > mostMemory || (!hasPalette && parts.transparency.size > 0))
+    const bool hasRareParts = !hasPalette && (parts.palette.size > 0 || parts.transparency.size > 0);
+    if (!isPlain || channels == 0 || memory > mostMemory || hasRareParts)
         return {};
 
     QByteArray palette;

@@ -6,6 +6,7 @@
 // Programming interface: https://libfuse.github.io/doxygen/
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
 #include <cstdio>
 #include <ctime>
 #include <string>

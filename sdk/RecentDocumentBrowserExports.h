@@ -25,9 +25,9 @@ namespace RecentDocumentBrowserExports {
 //!
 //! **When.** After each CFxDocumentManagerReactor::DocumentCreated(), as soon as the module has been
 //! notified: it has unpinned everything then, and made entries of its own, which have the browser's pins
-//! until this call. Not before the first, until which the browser is empty. A host may also call this when
-//! its list has changed, and then call click() on the pins of the entries that were pinned. Only one menu can
-//! have the browser's pins: that of the last call.
+//! until this call. Before the first, the browser is empty: a host that starts without a drawing calls this
+//! after loading. A host may also call this when its list has changed, and then call click() on the pins of
+//! the entries that were pinned. Only one menu can have the browser's pins: that of the last call.
 //!
 //! **Ownership.** The module owns the entries, and deletes them before it is unloaded. Until the next call
 //! the browser uses them, so the host must not delete them, but may delete the menu and the successor. After

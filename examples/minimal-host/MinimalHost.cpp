@@ -66,8 +66,10 @@ void MinimalHost::loadModule()
         if (!outcome)
             module->end();
     }
-    if (!outcome)
-        return showMessage(outcome.reason());
+    if (!outcome) {
+        showMessage(outcome.reason());
+        return;
+    }
     m_module = std::move(module);
     RecentDocumentBrowserExports::setShortCutKey(m_module->handle());
     showMenu();
@@ -77,8 +79,10 @@ void MinimalHost::loadModule()
 
 void MinimalHost::unloadModule()
 {
-    if (!m_module || m_module->isCodeRunning())
-        return showMessage(QStringLiteral("The module is not loaded, or it is running."));
+    if (!m_module || m_module->isCodeRunning()) {
+        showMessage(QStringLiteral("The module is not loaded, or it is running."));
+        return;
+    }
     m_module->end();
     m_module.reset();
     showRecentMenu();
@@ -158,7 +162,8 @@ void MinimalHost::setUpCustomization()
 {
     auto file = std::make_unique<UIMenuItem>(UIMenuItem::Kind::Menu, L"ID_MnFile", L"&File");
     auto group = std::make_unique<UIGroup>(L"MINIMAL", true);
-    for (const QString name : {"Load", "Unload", "New", "Quit"}) {
+    const QStringList names{"Load", "Unload", "New", "Quit"};
+    for (const QString &name : names) {
         auto command = std::make_unique<UICommand>(name);
         command->SetMacro(name);
         auto entry = std::make_unique<UIMenuItem>(UIMenuItem::Kind::Entry, name, QLatin1Char('&') + name);
@@ -200,15 +205,21 @@ void MinimalHost::showRecentMenu()
         m_recentMenu->removeAction(action);
         action->deleteLater(); // a click on it may have opened the drawing
     }
-    if (m_module && RecentDocumentBrowserExports::addRecentFiles(m_module->handle(), m_recentMenu, nullptr))
-        return;
-    for (const CFxString &path : m_recent) {
+    const auto openWhenTriggered = [this](const QAction *entry, const QString &path) {
         const auto open = [this, path] {
             OdString result;
             OpenDocument(path, 0, 0, result);
         };
-        connect(m_recentMenu->addAction(path), &QAction::triggered, this, open, Qt::QueuedConnection);
+        connect(entry, &QAction::triggered, this, open, Qt::QueuedConnection);
+    };
+    if (m_module && RecentDocumentBrowserExports::addRecentFiles(m_module->handle(), m_recentMenu, nullptr)) {
+        const QList<QAction *> entries = m_recentMenu->actions();
+        for (const QAction *entry : entries) // by the keyboard; the text is "&1 " and the path
+            openWhenTriggered(entry, entry->text().section(QLatin1Char(' '), 1));
+        return;
     }
+    for (const CFxString &path : m_recent)
+        openWhenTriggered(m_recentMenu->addAction(path), path);
 }
 
 void MinimalHost::runMacro(QString macro)

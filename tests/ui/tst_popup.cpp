@@ -283,7 +283,7 @@ private slots:
         QTest::newRow("dark, then another style") << dark << dark << QStringLiteral("Windows");
         QTest::newRow("light, then a style sheet of the application")
             << light << light << QStringLiteral("QMenu { color: red; }");
-        QTest::newRow("an application that styles all labels and dialogs") << light << light << QString();
+        QTest::newRow("an application that styles all widgets") << light << light << QString();
     }
 
     void namesAndRingHaveContrast()
@@ -292,10 +292,11 @@ private slots:
         QFETCH(QPalette, later);
         QFETCH(QString, laterStyle);
         QApplication::setPalette(palette);
-        if (qstrcmp(QTest::currentDataTag(), "an application that styles all labels and dialogs") == 0)
-            qApp->setStyleSheet(QStringLiteral("QLabel { color: white; } QDialog { background: black; }"
-                                               "RecentDocDialog QLabel { color: black; }"
-                                               "RecentDocMainWindow { background: #f0f0f0; }"));
+        if (qstrcmp(QTest::currentDataTag(), "an application that styles all widgets") == 0)
+            qApp->setStyleSheet(
+                QStringLiteral("QWidget { background: #333; color: white; }"
+                               "RecentDocDialog QLabel { color: black; background: transparent; }"
+                               "RecentDocMainWindow { background: #f0f0f0; }"));
         FakeBrowser browser(2);
         browser.createDocument();
         RecentDocMainWindow *popup = browser.openPopup();

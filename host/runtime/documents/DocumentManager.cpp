@@ -228,6 +228,11 @@ std::vector<Document *> DocumentManager::documents() const
     return all;
 }
 
+Document *DocumentManager::current() const
+{
+    return openDocument(m_current).get();
+}
+
 bool DocumentManager::isClosing(const Document *document) const
 {
     return std::find(m_closing.begin(), m_closing.end(), document) != m_closing.end();

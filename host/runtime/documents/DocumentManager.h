@@ -65,8 +65,8 @@ public:
 
     //! In the order in which they were opened.
     std::vector<Document *> documents() const;
-    //! Null if no drawing is open.
-    Document *current() const { return m_current; }
+    //! Null if no drawing is open, or while the current one is being closed.
+    Document *current() const;
     //! Must be called when the user activates a drawing's window.
     //! \param document if it is null, already current or not open, nothing is done
     void setCurrent(Document *document);

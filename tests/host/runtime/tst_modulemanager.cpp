@@ -3,6 +3,7 @@
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/modules/ModuleManager.h"
+#include "tests/support/DocumentListener.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/TestModules.h"
 #include "tests/support/bytes/BytesOfPreview.h"
@@ -138,6 +139,17 @@ private slots:
         QStringList actual = takeCalls();
         QCOMPARE(actual.replaceInStrings(QRegularExpression(" /.*"), ""), calls); // without the module's path
         QCOMPARE(messages, QStringList());
+    }
+
+    void aLateModuleIsNotNotifiedOfADrawingThatIsBeingClosed()
+    {
+        Modules running;
+        running.host.documents().newDocument();
+        DocumentListener listener(running.host);
+        listener.on("ToBeDestroyed", [&](CFxDocument *) { running.manager.load(running.first); });
+        running.host.documents().closeAll();
+        QCOMPARE(takeCalls().filter("Document"), QStringList());
+        QVERIFY(isMapped(running.first));
     }
 
     void moduleReceivesEveryByteOfItsName()

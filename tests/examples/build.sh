@@ -32,6 +32,6 @@ cmake --build library --target minimal-host
 
 mkdir pkgconfig
 read -r -a flags <<<"$CXXFLAGS $(pkg-config --cflags --libs fxsdk-host)"
-clang++ -std=c++17 -fPIC -rdynamic -o pkgconfig/minimal-host "$examples"/minimal-host/*.cpp "${flags[@]}"
+clang++ -std=c++17 -rdynamic -o pkgconfig/minimal-host "$examples"/minimal-host/*.cpp "${flags[@]}"
 
 cmake -G Ninja -S "$root/sdk" -B sdk # the interface is a project of its own, too

@@ -185,8 +185,8 @@ private slots:
             outputOf("pkg-config", {"--cflags", installation + "/" PKGCONFIG_IN_PREFIX "/fxsdk.pc"})
                 .simplified()
                 .split(' ');
-        compiler.start("c++", QStringList{"-std=c++17", "-fPIC", "-fsyntax-only", option, "-include",
-                                          "OdString.h", "-x", "c++", "/dev/null"} +
+        compiler.start("c++", QStringList{"-std=c++17", "-fsyntax-only", option, "-include", "OdString.h",
+                                          "-x", "c++", "/dev/null"} +
                                   flags);
         QVERIFY(compiler.waitForFinished(patience));
         const QByteArray said = compiler.readAllStandardError();

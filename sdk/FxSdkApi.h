@@ -20,6 +20,7 @@
 #error "a host and its modules must be built with run-time type information: without -fno-rtti"
 #endif
 
-//! Marks symbols that a host defines and its modules use. Interfaces are marked too: their destructors are
-//! defined in the host, so that host and module share one vtable and one type information for each class.
+//! Marks symbols that a host defines for its modules, and the entry points of modules. Interfaces are marked
+//! too: their destructors are defined in the host, so that host and module share one vtable and one type
+//! information for each class.
 #define FXSDK_API __attribute__((visibility("default")))

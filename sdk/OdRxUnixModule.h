@@ -9,9 +9,15 @@
 #include <cstdint>
 #include <new>
 
-//! Resets the library's pointer to its only module object, without deleting the object. Every module library
-//! defines and exports this.
-extern "C" __attribute__((visibility("default"))) void deleteModuleObject(); // [gui-thread]
+// Every module library defines these, and exports them by this declaration even if its symbols are hidden.
+extern "C" {
+//! See OdrxGetApiVersionFn.
+FXSDK_API void odrxGetAPIVersion(int &major, int &minor, int &majorBuild, int &minorBuild); // [gui-thread]
+//! See OdrxCreateModuleObjectFn.
+FXSDK_API OdRxModule *odrxCreateModuleObject(void *sysData, const OdChar *moduleName); // [gui-thread]
+//! Resets the library's pointer to its only module object, without deleting the object.
+FXSDK_API void deleteModuleObject(); // [gui-thread]
+}
 
 //! Implements what is the same for the module object of every library: reference count, name, handle and
 //! memory.

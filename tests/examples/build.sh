@@ -20,7 +20,8 @@ export CMAKE_PREFIX_PATH=$PWD/prefix
 export PKG_CONFIG_PATH=$PWD/prefix/$libdir/pkgconfig
 examples=$(find prefix/share/doc -type d -name examples)
 
-cmake -G Ninja -S "$examples" -B program -DCMAKE_EXE_LINKER_FLAGS=-Wl,--exclude-libs,ALL
+cmake -G Ninja -S "$examples" -B program -DCMAKE_CXX_VISIBILITY_PRESET=hidden \
+    -DCMAKE_EXE_LINKER_FLAGS=-Wl,--exclude-libs,ALL
 cmake --build program
 mkdir hidden
 mv program/minimal-host/minimal-host hidden

@@ -13,10 +13,6 @@
 #include <thread>
 #include <type_traits>
 
-// By their unmangled names, as the loader finds them.
-extern "C" void odrxGetAPIVersion(int &major, int &minor, int &majorBuild, int &minorBuild);
-extern "C" OdRxModule *odrxCreateModuleObject(void *sysData, const OdChar *moduleName);
-
 namespace {
 
 struct DeleteModule

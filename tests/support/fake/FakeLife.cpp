@@ -9,11 +9,10 @@
 #include "ui/RecentDocMainWindow.h"
 
 #include <OdEdCommand.h>
+#include <OdRxUnixModule.h>
 #include <OdStaticRxObject.h>
 
 #include <algorithm>
-
-extern "C" OdRxModule *odrxCreateModuleObject(void *sysData, const OdChar *moduleName);
 
 namespace {
 

@@ -59,6 +59,8 @@ MinimalHost::~MinimalHost()
 
 void MinimalHost::loadModule()
 {
+    if (m_module)
+        return showMessage(QStringLiteral("The module is loaded."));
     auto module = std::make_unique<sdkhost::Module>(m_moduleFile, m_moduleFile, *this);
     Outcome outcome = module->load();
     if (outcome) {

@@ -108,6 +108,7 @@ private slots:
                                     [](const QString &name) { return name.contains(known); }),
                      others.end());
         QCOMPARE(others, QStringList());
+        QVERIFY(output.contains("BIND_NOW")); // a host that lacks a function is refused when it loads
         QVERIFY(!outputOf("readelf", {"--sections", moduleFile}).contains(".debug_info"));
     }
 
@@ -139,7 +140,7 @@ private slots:
         QString module = moduleFile;
         if (hasRuntimeBeside) {
             const QString runtime = folder.filePath("libfxhost.so");
-            QVERIFY(QFile::copy(installation + "/" RUNTIME_IN_PREFIX, runtime));
+            QVERIFY(QFile::copy(installation + "/" RUNTIME_IN_PREFIX "/libfxhost.so", runtime));
             module = folder.filePath("RecentDocumentBrowser.so");
             QVERIFY(QFile::copy(moduleFile, module));
         }
@@ -164,6 +165,8 @@ private slots:
         QFile written(log);
         QVERIFY(written.open(QIODevice::ReadOnly));
         QVERIFY(written.readAll().startsWith("module " + moduleFile.toUtf8() + " loaded\n"));
+        for (const char *helper : {"/bin/fxshow", "/" RUNTIME_IN_PREFIX "/fxprobe"})
+            QVERIFY2(QFileInfo(installation + helper).isExecutable(), helper);
     }
 
     void headersRefuseBinariesThatDoNotFit_data()

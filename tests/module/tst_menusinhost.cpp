@@ -352,6 +352,9 @@ private slots:
             const QToolButton *pin = host.button(i, "pinButton");
             QVERIFY(pin->mapTo(host.menu, pin->rect().topRight()).x() < host.menu->screen()->size().width());
         }
+        QVERIFY(host.running.host.modules().unload(MODULE_FILE));
+        host.lines();
+        QCOMPARE(host.menu->palette(), QApplication::palette()); // the host's own entries are not black
         QApplication::setPalette(usual);
     }
 

@@ -6,6 +6,7 @@
 #include <QPixmap>
 #include <QScreen>
 #include <QWidget>
+#include <QWindow>
 
 #include <algorithm>
 #include <utility>
@@ -51,8 +52,9 @@ QImage paintWindows(QWidgetList windows)
 QImage readScreen(const QWidgetList &windows)
 {
     QRect area;
+    // QWidget keeps a frame that it measured while the window manager was still creating it.
     for (const QWidget *window : windows)
-        area |= window->frameGeometry();
+        area |= window->windowHandle()->frameGeometry();
     QScreen *screen = QGuiApplication::primaryScreen();
     area &= screen->virtualGeometry();
     return screen->grabWindow(0, area.x(), area.y(), area.width(), area.height()).toImage();

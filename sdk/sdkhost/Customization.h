@@ -40,7 +40,7 @@ public:
     CFxUIAccelerator *CreateAccelerator(CFxUICommand *command, const CFxString &identifier) override;
     void Refresh() override;
 
-signals:
+Q_SIGNALS:
     //! Menus and keys must be created again from the data.
     void refreshed();
 

@@ -9,7 +9,7 @@ build=$1
 libdir=$2
 folder=$3
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/../.." && pwd)
-export CXXFLAGS="-Wall -Wextra -Wpedantic -Wshadow -Werror"
+export CXXFLAGS="-Wall -Wextra -Wpedantic -Wshadow -Werror -DQT_NO_KEYWORDS"
 
 rm -rf -- "$folder"
 mkdir -p -- "$folder"

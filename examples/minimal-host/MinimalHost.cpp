@@ -59,8 +59,10 @@ MinimalHost::~MinimalHost()
 
 void MinimalHost::loadModule()
 {
-    if (m_module)
-        return showMessage(QStringLiteral("The module is loaded."));
+    if (m_module) {
+        showMessage(QStringLiteral("The module is loaded."));
+        return;
+    }
     auto module = std::make_unique<sdkhost::Module>(m_moduleFile, m_moduleFile, *this);
     Outcome outcome = module->load();
     if (outcome) {

@@ -51,7 +51,7 @@ private:
 FxHost::FxHost(const QString &profileDir, const QString &logFile, QObject *parent) : QObject(parent)
 {
     Q_ASSERT_X(!Host::installed(), "FxHost", "one host at a time");
-    const MessageSink report = [this](const QString &text) { showMessage(text); };
+    const MessageSink report = [this](const QString &text) { FxHost::showMessage(text); };
 
     m_log = std::make_unique<HostLog>(logFile);
     const QDir profile(profileDir);

@@ -93,6 +93,7 @@ shell_scripts() {
 # headers; without options that only g++ supports, and without warnings as errors: clang's warning about variadic macros
 # is caused by Qt Test. The build compiles each file by itself, and checks what it includes and what it shadows.
 database=build/lint
+single=()  # files of the product: the analyser of paths only follows the functions of the file itself
 product=() # units of several files
 others=()  # the same of tests and benches, for which fewer checks are useful
 compile_commands() {
@@ -103,8 +104,9 @@ compile_commands() {
     # The sources include generated files.
     scripts/quietly.sh cmake --build --preset dev || return 1
     scripts/quietly.sh cmake --preset dev -B "$database" -DBUILD_TESTING=ON -DCMAKE_UNITY_BUILD=ON || return 1
+    mkdir "$database/single" && cp build/dev/compile_commands.json "$database/single" || return 1
     sed -i -e 's/ -fno-gnu-unique / /; s/ -Werror / /; s/ -Wpedantic / /; s/ -Wno-subobject-linkage / /; s/ -Wshadow / /' \
-        -e "s#-I$PWD/$database/#-I$PWD/build/dev/#g" "$database/compile_commands.json" || return 1
+        -e "s#-I$PWD/$database/#-I$PWD/build/dev/#g" "$database"/{,single/}compile_commands.json || return 1
     mapfile -t unity < <(grep -oP '"file": "\K[^"]*/Unity/[^"]*' "$database/compile_commands.json")
     for unit in "${units[@]}"; do
         found=$unit
@@ -114,6 +116,7 @@ compile_commands() {
             others+=("$found")
         else
             product+=("$found")
+            single+=("$unit")
         fi
     done
     ((${#product[@]} == 0)) || mapfile -t product < <(printf '%s\n' "${product[@]}" | sort -u)
@@ -135,6 +138,7 @@ each_of() {
 clang_tidy() {
     local status=0
     each_of product clang-tidy -p "$database" --quiet || status=1
+    each_of single clang-tidy -p "$database/single" --quiet --checks='-*,clang-analyzer-*,-*.NewDeleteLeaks' || status=1
     each_of others clang-tidy -p "$database" --quiet --config-file=tests/.clang-tidy || status=1
     return "$status"
 }
@@ -143,7 +147,7 @@ clazy() {
     local status=0 array
     for array in product others; do
         each_of "$array" clazy-standalone -p "$database" -extra-arg=-Werror -checks="$clazy_checks" \
-            -header-filter='/(sdk|module|state|ui|resources|host|samples|tests)/.*\.(h|cpp)$' || status=1
+            -header-filter='/(sdk|module|state|ui|resources|host|samples|bench|tests|examples)/.*\.(h|cpp)$' || status=1
     done
     return "$status"
 }

@@ -35,7 +35,7 @@ elif [[ ! -d $root/project ]]; then
     exit 2
 fi
 
-# Replace all but what was built. Files keep their times, so that only what has changed is built again.
+# Replace everything except the build folder. Files keep their times, so that only what has changed is built again.
 find "$root/project" -mindepth 1 -maxdepth 1 ! -name build -exec rm -rf -- {} +
 git ls-files -z | tar -c --null -T - --ignore-failed-read | tar -x --no-same-owner -C "$root/project"
 

@@ -62,8 +62,8 @@ public:
     virtual CFxDocumentManager *GetDocumentManager() = 0; // [gui-thread]
     virtual CFxUICustomization *GetCustomization() = 0;   // [gui-thread]
 
-    //! Runs a command immediately, or after the running command has ended. The host shows to the user that
-    //! there is no such command, or that it threw.
+    //! Runs a command immediately, or after the running command has ended. The host reports to
+    //! the user if the command is unknown, or throws.
     //! \param name global or local name
     //! \param argument the text that follows the name; null for none
     //! \return a reference that the caller owns and releases, or null, as when the host is ending

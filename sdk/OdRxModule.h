@@ -57,7 +57,7 @@ using OdrxGetApiVersionFn = void (*)(int &major, int &minor, int &majorBuild, in
 //! it is loaded: `dlopen()` returns the same handle for it.
 using OdrxCreateModuleObjectFn = OdRxModule *(*)(void *sysData, const OdChar *moduleName);
 
-//! The interface version of these headers: 4.3.2.0. There is no range of compatible versions.
+//! The interface version of these headers: 4.3.2.0. Only the same version is compatible.
 constexpr int odrxApiMajor = 4;
 constexpr int odrxApiMinor = 3;
 constexpr int odrxApiMajorBuild = 2;

@@ -154,11 +154,18 @@ bool MinimalHost::OpenDocument(const CFxString &path, int, int, OdString &result
     const bool exists = QFileInfo::exists(path);
     result = exists ? L"" : L"There is no such file.";
     showMessage((exists ? QStringLiteral("opened ") : QStringLiteral("not found: ")) + path);
-    if (exists) {
-        addRecent(path);
+    if (!exists)
+        return false;
+    addRecent(path);
+    const auto isIt = [&path](const auto &document) { return document->path() == path; };
+    const auto open = std::find_if(m_documents.begin(), m_documents.end(), isIt);
+    if (open == m_documents.end()) {
         addDrawing(path);
+    } else { // one that is open only becomes the current one
+        std::rotate(open, open + 1, m_documents.end());
+        setWindowTitle(m_documents.back()->title());
     }
-    return exists;
+    return true;
 }
 
 //! A group with the File menu, and the group of the start-up menus, without which modules do not refresh.

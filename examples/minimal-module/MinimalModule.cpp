@@ -35,14 +35,16 @@ public:
         OdEdCommandStack *stack = odedRegCmds();
         stack->addCommand(&m_command);
         stack->release();
-        GetFxSystemServices()->GetDocumentManager()->AddReactor(this);
+        if (CFxDocumentManager *documents = GetFxSystemServices()->GetDocumentManager())
+            documents->AddReactor(this);
     }
     void uninitApp() override
     {
         OdEdCommandStack *stack = odedRegCmds();
         stack->removeCommand(&m_command);
         stack->release();
-        GetFxSystemServices()->GetDocumentManager()->RemoveReactor(this);
+        if (CFxDocumentManager *documents = GetFxSystemServices()->GetDocumentManager())
+            documents->RemoveReactor(this);
     }
     void DocumentCreated(CFxDocument *) override { ++drawings; }
 

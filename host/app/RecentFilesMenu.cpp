@@ -179,8 +179,8 @@ bool RecentFilesMenu::eventFilter(QObject *watched, QEvent *event)
     // A click on the path or the folder closes the menus, as a click on any other entry does; and before the
     // module handles it, which may take a while.
     if (button && event->type() == QEvent::MouseButtonRelease && button->isDown()) {
-        while (QWidget *popup = QApplication::activePopupWidget())
-            popup->close();
+        for (QWidget *popup = QApplication::activePopupWidget(); popup && popup->close();)
+            popup = QApplication::activePopupWidget();
     }
     // The entry under the pointer is highlighted by its style sheet, and no other by the keyboard.
     if (!button && event->type() == QEvent::Enter)

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
-// The reader of stored pictures against bare reading.
+// The reader of stored pictures against bare reading, and the program that uses it.
 #include "bench/BareReading.h"
 #include "bench/Bench.h"
 #include "bench/Browser.h"
 #include "host/runtime/preview/PreviewReader.h"
 
 #include <QGuiApplication>
+#include <QProcess>
 #include <QThreadPool>
 #include <QtConcurrentMap>
 
+#include <chrono>
 #include <memory>
+#include <thread>
 
 using bench::Row;
 
@@ -82,6 +85,22 @@ Row parallel(double most)
     return row;
 }
 
+//! The program for file managers as a whole process, compared with a duration.
+Row thumbnail(std::chrono::milliseconds limit)
+{
+    const auto folder = std::make_shared<QTemporaryDir>();
+    const QStringList arguments = {drawingsOf(Png, *folder).constFirst(),
+                                   folder->filePath(QStringLiteral("a.png"))};
+    Row row;
+    row.most = 1;
+    row.ours.act = [folder, arguments] {
+        if (QProcess::execute(QStringLiteral(FXTHUMBNAIL_PROGRAM), arguments) != 0)
+            qFatal("fxthumbnail has failed");
+    };
+    row.other.act = [limit] { std::this_thread::sleep_for(limit); };
+    return row;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -92,5 +111,6 @@ int main(int argc, char *argv[])
         {QStringLiteral("reading-bitmaps"), [] { return reading(Bitmap, 20, 0.65); }},
         {QStringLiteral("reading-pngs"), [] { return reading(Png, 2, 0.7); }},
         {QStringLiteral("reading-on-two-threads"), [] { return parallel(0.65); }},
+        {QStringLiteral("process-thumbnail"), [] { return thumbnail(std::chrono::milliseconds(25)); }},
     });
 }

@@ -35,6 +35,7 @@ declare -A program recorded
 rows=()
 for name in menu popup reader; do
     while read -r row; do
+        [[ $mode == time || $row != process-* ]] || continue # the instructions of other processes are not counted
         program[$row]=$bin/bench_$name
         rows+=("$row")
     done < <("$bin/bench_$name" --list)

@@ -8,7 +8,6 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QRegularExpression>
-#include <QUrl>
 
 namespace fxhost {
 
@@ -58,17 +57,6 @@ Outcome readGeometry(const QString &text, ProgramOptions &options)
     if (!match.captured(3).isEmpty())
         options.windowPosition = QPoint(match.captured(3).toInt(), match.captured(4).toInt());
     return {};
-}
-
-//! The path of a drawing argument, which is a path or, as file managers and browsers use it, a file URL. A
-//! path that starts like a URL can be given as "./file:".
-QString pathGiven(const QString &drawing)
-{
-    if (!drawing.startsWith(QLatin1String("file:/"), Qt::CaseInsensitive))
-        return drawing;
-    const QUrl url(drawing);
-    const bool isOnThisComputer = url.host().isEmpty() || url.host() == QLatin1String("localhost");
-    return isOnThisComputer ? pathFromUrl(url) : drawing;
 }
 
 } // namespace
@@ -144,7 +132,7 @@ ProgramStart readProgramOptions(const QStringList &arguments)
     result.options.newDocument = !parser.isSet(noDocument);
     const QStringList drawings = parser.positionalArguments();
     for (const QString &drawing : drawings)
-        result.options.drawings << pathGiven(drawing);
+        result.options.drawings << pathFromArgument(drawing);
     result.wish = ProgramStart::Wish::Start;
     return result;
 }

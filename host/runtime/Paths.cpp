@@ -5,10 +5,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTextCodec>
-
 #include <QUrl>
-#include <algorithm>
 
+#include <algorithm>
 #include <optional>
 
 namespace fxhost {
@@ -127,6 +126,15 @@ QString pathFromUrl(const QUrl &localFile)
 {
     const QByteArray path = localFile.path(QUrl::FullyEncoded).toLatin1();
     return pathFromBytes(QByteArray::fromPercentEncoding(path));
+}
+
+QString pathFromArgument(const QString &argument)
+{
+    if (!argument.startsWith(QLatin1String("file:/"), Qt::CaseInsensitive))
+        return argument;
+    const QUrl url(argument);
+    const bool isOnThisComputer = url.host().isEmpty() || url.host() == QLatin1String("localhost");
+    return isOnThisComputer ? pathFromUrl(url) : argument;
 }
 
 QString absolutePath(const QString &path)

@@ -31,6 +31,11 @@ inline bool isControl(uchar byte)
 //! The exact path in the URL of a local file. QUrl::toLocalFile() changes names that are not UTF-8.
 FXHOST_API QString pathFromUrl(const QUrl &localFile);
 
+//! The path of a program's argument, which is a path or, as file managers and browsers use it, the URL of a
+//! file. A URL of another computer is returned unchanged, and a path that starts like a URL can be given as
+//! "./file:".
+FXHOST_API QString pathFromArgument(const QString &argument);
+
 //! The path unchanged if it is absolute or empty; otherwise the working directory followed by the path.
 FXHOST_API QString absolutePath(const QString &path);
 

@@ -4,6 +4,7 @@
 #include "tests/support/TestCase.h"
 #include "tests/support/bytes/BytesOfPng.h"
 #include "tests/support/bytes/BytesOfPreview.h"
+#include "tests/support/process/ThumbnailRun.h"
 
 #include <QTemporaryDir>
 
@@ -265,6 +266,9 @@ private slots:
         allowWarning("libpng warning"); // the decoder reports errors
         QFETCH(QByteArray, file);
         QVERIFY(read(file).isNull());
+        const QString output = m_dir.filePath("drawing.png");
+        QVERIFY(ThumbnailRun({m_dir.filePath("drawing.dwg"), output}).isRefusal(1));
+        QVERIFY(!QFile::exists(output));
     }
 
     void aFileCutAnywhereGivesThePictureOrNone_data()

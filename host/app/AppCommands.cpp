@@ -36,7 +36,8 @@ Outcome writePng(const QImage &picture, const QString &path)
         return Outcome::failed(file.errorString());
     // Always PNG, regardless of the file name. flush() is needed because commit() does not detect errors that
     // occur when the buffer is written.
-    if (!picture.save(&file, "PNG") || !file.flush() || !file.commit())
+    const bool isEncoded = picture.save(&file, "PNG");
+    if (!file.flush() || !isEncoded || !file.commit())
         return Outcome::failed(file.errorString());
     return {};
 }

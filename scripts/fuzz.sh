@@ -8,10 +8,10 @@ set -euo pipefail
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
 
 # The longest input, in bytes. Longer ones are slower and hardly find more faults.
-declare -A longest=([preview]=8192 [customization]=16384 [commands]=2048 [recentlist]=4096)
-declare -A dictionary=([preview]=preview [customization]=customization [commands]=commands
+declare -A longest=([preview]=8192 [commands]=2048 [recentlist]=4096)
+declare -A dictionary=([preview]=preview [commands]=commands
     [recentlist]=recentlist)
-all=(preview recentlist customization commands)
+all=(preview recentlist commands)
 
 fail() {
     echo "fuzz: $*" >&2

@@ -5,7 +5,6 @@
 #include <RecentDocumentBrowserExports.h>
 #include <sdkhost/CommandContext.h>
 #include <sdkhost/UIAccelerator.h>
-#include <sdkhost/UICommand.h>
 #include <sdkhost/UIMenuItem.h>
 
 #include <QFileInfo>
@@ -16,7 +15,6 @@
 #include <iostream>
 
 using sdkhost::Outcome;
-using sdkhost::UICommand;
 using sdkhost::UIGroup;
 using sdkhost::UIMenuItem;
 
@@ -171,21 +169,12 @@ bool MinimalHost::OpenDocument(const CFxString &path, int, int, OdString &result
 //! A group with the File menu, and the group of the start-up menus, without which modules do not refresh.
 void MinimalHost::setUpCustomization()
 {
-    auto file = std::make_unique<UIMenuItem>(UIMenuItem::Kind::Menu, L"ID_MnFile", L"&File");
-    auto group = std::make_unique<UIGroup>(L"MINIMAL", true);
+    UIGroup &group = m_customization.addGroup(L"MINIMAL", true);
+    UIMenuItem &file = group.addMenu(L"ID_MnFile", L"&File");
     const QStringList names{"Load", "Unload", "New", "Quit"};
-    for (const QString &name : names) {
-        auto command = std::make_unique<UICommand>(name);
-        command->SetMacro(name);
-        auto entry = std::make_unique<UIMenuItem>(UIMenuItem::Kind::Entry, name, QLatin1Char('&') + name);
-        entry->SetCommand(command.get());
-        group->AppendCommand(command.release());
-        file->appendChild(std::move(entry));
-    }
-    group->appendMenu(std::move(file));
-    std::vector<std::unique_ptr<UIGroup>> groups;
-    groups.push_back(std::move(group));
-    m_customization.setGroups(std::move(groups), std::make_unique<UIGroup>(L"START", false));
+    for (const QString &name : names)
+        file.add(UIMenuItem::Kind::Entry, name, QLatin1Char('&') + name, &group.addCommand(name, name, name));
+    m_customization.addStartUpGroup(L"START");
 }
 
 //! Fills the File menu from the data. Entries run by queued calls, because a command may fill it again.

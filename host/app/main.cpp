@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/AppIcon.h"
 #include "host/app/EndSignals.h"
+#include "host/app/HostMenus.h"
 #include "host/app/MainWindow.h"
 #include "host/app/ProgramOptions.h"
 #include "host/app/ScriptRunner.h"
@@ -8,14 +9,12 @@
 #include "host/runtime/FxHost.h"
 #include "host/runtime/Paths.h"
 #include "host/runtime/commands/CommandRunner.h"
-#include "host/runtime/customization/CustomizationReader.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/log/HostLog.h"
 #include "host/runtime/modules/ModuleManager.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QFile>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTextStream>
@@ -47,15 +46,6 @@ QStringList modulePaths(const ProgramOptions &options)
     const QDir programDir(QCoreApplication::applicationDirPath());
     return options.modules.value_or(
         QStringList{QDir::cleanPath(programDir.filePath(QStringLiteral(FXHOST_MODULE)))});
-}
-
-void loadMenus(FxHost &host)
-{
-    QFile file(QStringLiteral(":/customization.json"));
-    file.open(QIODevice::ReadOnly);
-    const Outcome loaded = loadCustomization(host.customization(), file.readAll());
-    if (!loaded)
-        host.showMessage(Texts::tr("The menus cannot be loaded: %1").arg(loaded.reason()));
 }
 
 void place(MainWindow &window, const ProgramOptions &options)
@@ -93,7 +83,7 @@ int run(const ProgramOptions &options)
         }
     }
 
-    loadMenus(host);
+    addMenus(host.customization());
     MainWindow window(host);
     const EndSignals ending;
     QObject::connect(&ending, &EndSignals::endRequested, &window, &QWidget::close);

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <utility>
 
 namespace sdkhost {
 
@@ -38,10 +37,16 @@ Customization::Customization(QObject *parent) : QObject(parent) {}
 
 Customization::~Customization() = default;
 
-void Customization::setGroups(std::vector<std::unique_ptr<UIGroup>> groups, std::unique_ptr<UIGroup> startUp)
+UIGroup &Customization::addGroup(const CFxString &name, bool isPrimary)
 {
-    m_groups = std::move(groups);
-    m_startUp = std::move(startUp);
+    m_groups.push_back(std::make_unique<UIGroup>(name, isPrimary));
+    return *m_groups.back();
+}
+
+UIGroup &Customization::addStartUpGroup(const CFxString &name)
+{
+    m_startUp = std::make_unique<UIGroup>(name, false);
+    return *m_startUp;
 }
 
 UIGroup *Customization::primaryGroup() const

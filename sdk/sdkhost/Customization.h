@@ -12,7 +12,8 @@
 namespace sdkhost {
 
 //! The menus and keys of a host that has no customisation data of its own: groups, and a separate start-up
-//! group with the menus that are shown while no drawing is open. Empty until setGroups(). GUI thread.
+//! group with the menus that are shown while no drawing is open. Empty at first: a program adds its groups
+//! before it creates its menus. GUI thread.
 class FXSDK_API Customization : public QObject, public CFxUICustomization
 {
     Q_OBJECT
@@ -20,12 +21,11 @@ public:
     explicit Customization(QObject *parent = nullptr);
     ~Customization() override;
 
-    //! Replaces all groups. The former groups and their contents must not be in use, so a program calls this
-    //! once, before it creates its menus.
-    //! \param groups one of them primary
-    //! \param startUp null for none
-    void setGroups(std::vector<std::unique_ptr<UIGroup>> groups, std::unique_ptr<UIGroup> startUp);
-    //! The primary group; null before setGroups().
+    //! Appends a group. One must be primary. \return it, owned by this
+    UIGroup &addGroup(const CFxString &name, bool isPrimary);
+    //! Adds the start-up group, once. \return it, owned by this
+    UIGroup &addStartUpGroup(const CFxString &name);
+    //! The primary group; null if there is none yet.
     UIGroup *primaryGroup() const;
     UIGroup *startUpGroup() const { return m_startUp.get(); }
 

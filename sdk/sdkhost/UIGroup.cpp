@@ -2,6 +2,9 @@
 #include <sdkhost/UIGroup.h>
 
 #include <sdkhost/OwnedList.h>
+#include <sdkhost/UIAccelerator.h>
+#include <sdkhost/UICommand.h>
+#include <sdkhost/UIMenuItem.h>
 
 #include <utility>
 
@@ -20,9 +23,31 @@ CFxUICommand *UIGroup::findCommand(const CFxString &identifier) const
     return nullptr;
 }
 
-void UIGroup::appendMenu(std::unique_ptr<CFxUIMenuItem> menu)
+CFxUICommand &UIGroup::addCommand(const CFxString &identifier, const CFxString &name, const CFxString &macro,
+                                  const CFxString &helpString)
 {
+    m_commands.push_back(std::make_unique<UICommand>(identifier));
+    CFxUICommand &command = *m_commands.back();
+    command.SetName(name);
+    command.SetMacro(macro);
+    command.SetHelpString(helpString);
+    return command;
+}
+
+UIMenuItem &UIGroup::addMenu(const CFxString &identifier, const CFxString &label)
+{
+    auto menu = std::make_unique<UIMenuItem>(UIMenuItem::Kind::Menu, identifier, label);
+    UIMenuItem &added = *menu;
     m_menus.push_back(std::move(menu));
+    return added;
+}
+
+void UIGroup::addKey(const CFxString &identifier, const CFxString &label, const QKeySequence &key,
+                     const CFxString &command)
+{
+    m_accelerators.push_back(std::make_unique<UIAccelerator>(identifier, *this, command));
+    m_accelerators.back()->SetLabel(label);
+    m_accelerators.back()->SetKey(key);
 }
 
 int UIGroup::GetCommandCount() const

@@ -11,6 +11,8 @@
 
 namespace sdkhost {
 
+class UIMenuItem;
+
 //! A customisation group. GUI thread.
 class FXSDK_API UIGroup : public CFxUIGroup
 {
@@ -21,9 +23,14 @@ public:
     bool isPrimary() const { return m_primary; }
     //! The definition with this identifier, compared exactly; owned by the group. Null if there is none.
     CFxUICommand *findCommand(const CFxString &identifier) const;
-    //! Appends a top-level menu.
-    //! \param menu not null
-    void appendMenu(std::unique_ptr<CFxUIMenuItem> menu);
+    //! Appends a command definition. \return it, owned by the group
+    CFxUICommand &addCommand(const CFxString &identifier, const CFxString &name, const CFxString &macro,
+                             const CFxString &helpString = {});
+    //! Appends a top-level menu. \return it, owned by the group
+    UIMenuItem &addMenu(const CFxString &identifier, const CFxString &label);
+    //! Appends a key for the definition that has the identifier command when the key is pressed.
+    void addKey(const CFxString &identifier, const CFxString &label, const QKeySequence &key,
+                const CFxString &command);
 
     CFxString GetName() const override { return m_name; }
     int GetCommandCount() const override;

@@ -14,9 +14,14 @@ UIMenuItem::UIMenuItem(Kind kind, const CFxString &identifier, const CFxString &
 
 UIMenuItem::~UIMenuItem() = default;
 
-void UIMenuItem::appendChild(std::unique_ptr<CFxUIMenuItem> item)
+UIMenuItem &UIMenuItem::add(Kind kind, const CFxString &identifier, const CFxString &label,
+                            CFxUICommand *command)
 {
+    auto item = std::make_unique<UIMenuItem>(kind, identifier, label);
+    item->SetCommand(command);
+    UIMenuItem &added = *item;
     m_children.push_back(std::move(item));
+    return added;
 }
 
 int UIMenuItem::GetChildCount() const

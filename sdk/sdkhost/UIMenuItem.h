@@ -27,9 +27,10 @@ public:
     //! The text in the status bar; if it is empty, the command definition's help string is shown.
     CFxString helpString() const { return m_helpString; }
     void setHelpString(const CFxString &text) { m_helpString = text; }
-    //! Appends a child.
-    //! \param item not null
-    void appendChild(std::unique_ptr<CFxUIMenuItem> item);
+    //! Appends a child. \return it, owned by this item
+    UIMenuItem &add(Kind kind, const CFxString &identifier, const CFxString &label,
+                    CFxUICommand *command = nullptr);
+    void addSeparator() { add(Kind::Separator, {}, {}); }
 
     CFxString GetIdentifier() const override { return m_identifier; }
     CFxString GetLabel() const override { return m_label; }

@@ -1,44 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "tests/fuzz/Seeds.h"
 
-#include "tests/fuzz/Target.h"
-
 #include <QByteArrayList>
-#include <QFile>
-#include <QHash>
 
 namespace fuzz {
 
 namespace {
-
-QByteArray shippedMenus()
-{
-    QFile file(QStringLiteral(CUSTOMIZATION_FILE));
-    require(file.open(QIODevice::ReadOnly), "the program's own menus can be read");
-    return file.readAll();
-}
-
-QByteArrayList customizationSeeds()
-{
-    return {
-        shippedMenus(),
-        R"({"groups": [ {"name": "A", "primary": true}, {"name": "B"} ], "startUp": {"name": "S"}})",
-        R"({"groups": [ {"name": "A", "primary": true,
-            "commands": [ {"identifier": "C", "name": "N", "macro": "^C^C_M"} ],
-            "menus": [ {"identifier": "F", "label": "&F\u00fc", "items": [
-                {"separator": true},
-                {"identifier": "I", "label": "L", "command": "C", "help": "H"},
-                {"identifier": "Z", "label": "L", "items": [ {"separator": true} ]},
-                {"identifier": "R", "label": "L", "kind": "recentFiles"},
-                {"identifier": "W", "label": "L", "kind": "windows"} ]} ],
-            "accelerators": [ {"identifier": "K", "label": "L", "key": "Ctrl+Shift+F4", "command": "C"} ]} ]})",
-        R"({"groups": [ {"name": "A"} ]})",
-        R"({"groups": [ {"name": "A", "primary": true, "commands": [
-                {"identifier": "C", "name": "N", "macro": "M"},
-                {"identifier": "C", "name": "N", "macro": "M"} ]} ]})",
-        R"({"groups": [ oops ]})",
-    };
-}
 
 QByteArrayList commandSeeds()
 {
@@ -77,10 +44,11 @@ std::vector<Seed> seedsOf(const QString &target)
 {
     if (target == QLatin1String("preview"))
         return previewSeeds();
-    const QHash<QString, QByteArrayList (*)()> makers = {
-        {"customization", customizationSeeds}, {"commands", commandSeeds}, {"recentlist", recentListSeeds}};
-    const auto make = makers.value(target);
-    const QByteArrayList inputs = make ? make() : QByteArrayList();
+    QByteArrayList inputs;
+    if (target == QLatin1String("commands"))
+        inputs = commandSeeds();
+    else if (target == QLatin1String("recentlist"))
+        inputs = recentListSeeds();
     std::vector<Seed> seeds;
     for (const QByteArray &bytes : inputs)
         seeds.push_back({bytes});

@@ -16,7 +16,7 @@ struct Seed
 };
 
 //! A fuzz target's seeds, the same on every machine, a few kilobytes each at most. Empty for an unknown
-//! target. \param target "preview", "customization", "commands" or "recentlist"
+//! target. \param target "preview", "commands" or "recentlist"
 std::vector<Seed> seedsOf(const QString &target);
 
 //! Those of the preview reader: drawings with every kind of picture, sound and broken.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/MenuBuilder.h"
 #include "host/runtime/commands/CommandRunner.h"
-#include "host/runtime/customization/CustomizationReader.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/modules/ModuleManager.h"
 #include "host/runtime/recent/RecentFiles.h"
@@ -12,6 +11,8 @@
 #include "tests/support/real/RealHost.h"
 
 #include <RecentDocumentBrowserExports.h>
+#include <sdkhost/Customization.h>
+#include <sdkhost/UIMenuItem.h>
 
 #include <QDialog>
 #include <QFileInfo>
@@ -22,40 +23,46 @@
 #include <QToolButton>
 #include <QWidgetAction>
 
+#include <optional>
+
 #include <dlfcn.h>
 
 using RecentDocumentBrowserExports::addRecentFiles;
 using RecentDocumentBrowserExports::setShortCutKey;
+using sdkhost::UIGroup;
+using sdkhost::UIMenuItem;
 
 namespace {
 
-const char openEntry[] = R"({ "identifier": "MI_Open", "label": "&Open", "command": "ID_New" },)";
-const char recentEntry[] =
-    R"({ "identifier": "ID_RECENT_FILES_MENU", "label": "&Recent", "kind": "recentFiles" },)";
-//! As in a host that is prepared for the browser.
-const char waitingKey[] =
-    R"({ "identifier": "ACC_Recent", "label": "Recent", "key": "F4", "command": "ID_RECENT_FILES" })";
+//! What the primary group's File menu has after its first entry.
+enum class Second { Open, RecentFiles };
+//! Whether the primary group has a key for the browser, as in a host that is prepared for it.
+enum class Key { None, Waiting };
 
-//! A group with one definition, a Window menu, and after it a File menu with this entry after its first one.
-QString groupData(const char *name, const char *isPrimary, const char *entry, const char *accelerators)
+//! Adds one definition, a Window menu, and after it a File menu. \return the File menu
+void addGroup(UIGroup &group, std::optional<Second> second)
 {
-    return QString(R"({ "name": "%1", "primary": %2,
-        "commands": [ { "identifier": "ID_New", "name": "New", "macro": "^C^C_NEW" } ],
-        "menus": [ { "identifier": "ID_MnWindow", "label": "&Window", "items": [] },
-                   { "identifier": "ID_MnFile", "label": "&File", "items": [
-                     { "identifier": "MI_New", "label": "&New", "command": "ID_New" }, %3
-                     { "separator": true },
-                     { "identifier": "MI_Quit", "label": "E&xit", "command": "ID_New" } ] } ],
-        "accelerators": [ %4 ] })")
-        .arg(name, isPrimary, entry, accelerators);
+    CFxUICommand &command = group.addCommand(L"ID_New", L"New", L"^C^C_NEW");
+    group.addMenu(L"ID_MnWindow", L"&Window");
+    UIMenuItem &file = group.addMenu(L"ID_MnFile", L"&File");
+    file.add(UIMenuItem::Kind::Entry, L"MI_New", L"&New", &command);
+    if (second == Second::Open)
+        file.add(UIMenuItem::Kind::Entry, L"MI_Open", L"&Open", &command);
+    else if (second == Second::RecentFiles)
+        file.add(UIMenuItem::Kind::RecentFiles, L"ID_RECENT_FILES_MENU", L"&Recent");
+    file.addSeparator();
+    file.add(UIMenuItem::Kind::Entry, L"MI_Quit", L"E&xit", &command);
 }
 
 //! An extension's group without a File menu, the primary group and the start-up menus.
-QByteArray menuData(const char *accelerators = "", const char *entry = openEntry)
+void addMenus(sdkhost::Customization &customization, Second second, Key key)
 {
-    return QString(R"({ "groups": [ { "name": "EXTENSION" }, %1 ], "startUp": %2 })")
-        .arg(groupData("MAIN", "true", entry, accelerators), groupData("START", "false", "", ""))
-        .toUtf8();
+    customization.addGroup(L"EXTENSION", false);
+    UIGroup &group = customization.addGroup(L"MAIN", true);
+    addGroup(group, second);
+    if (key == Key::Waiting)
+        group.addKey(L"ACC_Recent", L"Recent", Qt::Key_F4, L"ID_RECENT_FILES");
+    addGroup(customization.addStartUpGroup(L"START"), std::nullopt);
 }
 
 //! The built module in the host runtime with menus of its own, before the host is notified of its main
@@ -63,12 +70,14 @@ QByteArray menuData(const char *accelerators = "", const char *entry = openEntry
 class HostWithMenus
 {
 public:
-    explicit HostWithMenus(const QByteArray &data)
+    enum class Menus { None, Some };
+
+    explicit HostWithMenus(Second second = Second::Open, Key key = Key::None, Menus menus = Menus::Some)
     {
-        const QString problem =
-            data.isEmpty() ? QString() : fxhost::loadCustomization(customization(), data).reason();
-        if (!problem.isEmpty() || !running.host.modules().load(MODULE_FILE))
-            qFatal("the host cannot be made: %s", qPrintable(problem));
+        if (menus == Menus::Some)
+            addMenus(customization(), second, key);
+        if (!running.host.modules().load(MODULE_FILE))
+            qFatal("the module cannot be loaded");
         window.resize(1300, 800);
         window.show();
     }
@@ -110,7 +119,7 @@ public:
 class HostWithRecentMenu : public HostWithMenus
 {
 public:
-    HostWithRecentMenu() : HostWithMenus(menuData("", recentEntry))
+    HostWithRecentMenu() : HostWithMenus(Second::RecentFiles)
     {
         builder.setGroup(&primary());
         menu = window.findChild<QMenu *>("ID_RECENT_FILES_MENU");
@@ -200,7 +209,7 @@ class tst_MenusInHost : public TestCase
 private slots:
     void theFirstRecentDocumentAddsOneEntry()
     {
-        HostWithMenus host(menuData());
+        HostWithMenus host;
         fxhost::FxHost &fxHost = host.running.host;
         const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);
         fxHost.setMainWindow(&host.window);
@@ -231,7 +240,7 @@ private slots:
 
     void theEntryInAMenuBarOpensThePopup()
     {
-        HostWithMenus host(menuData(waitingKey));
+        HostWithMenus host(Second::Open, Key::Waiting);
         fxhost::MenuBuilder builder(host.running.host, host.window.menuBar());
         builder.setGroup(&host.primary());
         QVERIFY(!host.window.findChild<QAction *>(realEntry));
@@ -249,7 +258,7 @@ private slots:
 
     void aHostWithoutMenusIsLeftAlone()
     {
-        HostWithMenus host({});
+        HostWithMenus host(Second::Open, Key::None, HostWithMenus::Menus::None);
         const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);
         host.begin();
         host.running.host.documents().newDocument();
@@ -261,7 +270,7 @@ private slots:
 
     void theKeyOpensThePopup()
     {
-        HostWithMenus host(menuData());
+        HostWithMenus host;
         fxhost::MenuBuilder builder(host.running.host, host.window.menuBar());
         builder.setGroup(&host.primary());
         host.begin();
@@ -360,7 +369,7 @@ private slots:
 
     void otherLibrariesExportNothing()
     {
-        HostWithMenus host(menuData());
+        HostWithMenus host;
         QVERIFY(host.running.host.modules().load(modulePath("companion")));
         QMenu menu;
         for (void *library : {host.running.host.modules().libraries().back(), static_cast<void *>(nullptr)}) {
@@ -372,7 +381,7 @@ private slots:
 
     void menusAndKeysRemainAfterTheModuleIsUnloaded()
     {
-        HostWithMenus host(menuData());
+        HostWithMenus host;
         host.begin();
         QVERIFY(setShortCutKey(host.library()));
         const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/desktop/soak/SoakHost.h"
 
-#include "host/runtime/customization/CustomizationReader.h"
+#include "host/app/HostMenus.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/modules/ModuleManager.h"
 #include "host/runtime/recent/RecentFiles.h"
@@ -10,7 +10,6 @@
 #include "tests/support/real/RealBrowser.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QImage>
 #include <QMap>
 #include <QToolButton>
@@ -70,10 +69,7 @@ SoakHost::SoakHost()
     for (int i = 0; i < soakDrawings; ++i) {
         m_paths.append(m_running.makeFile(QString("drawing %1.dwg").arg(i), RealBrowser::drawingBytes(i)));
     }
-    QFile menus(":/customization.json");
-    if (!menus.open(QIODevice::ReadOnly) ||
-        !fxhost::loadCustomization(host().customization(), menus.readAll()))
-        qFatal("the menus cannot be used");
+    fxhost::addMenus(host().customization());
     m_window = std::make_unique<fxhost::MainWindow>(host());
     // A dialog would block.
     host().setPathChooser([this] { return m_paths.constFirst(); });

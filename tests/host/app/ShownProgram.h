@@ -3,16 +3,15 @@
 
 #include "host/app/CommandLineWidget.h"
 #include "host/app/DrawingArea.h"
+#include "host/app/HostMenus.h"
 #include "host/app/MainWindow.h"
 #include "host/runtime/FxHost.h"
 #include "host/runtime/commands/CommandRunner.h"
-#include "host/runtime/customization/CustomizationReader.h"
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "tests/support/TestCase.h"
 #include "tests/support/bytes/BytesOfPreview.h"
 
-#include <QFile>
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QTemporaryDir>
@@ -22,9 +21,7 @@ struct ShownProgram
 {
     QTemporaryDir dir;
     fxhost::FxHost host{dir.filePath("profile"), QString()};
-    //! Empty when the shipped menus were loaded.
-    QString menuProblem = fxhost::loadCustomization(host.customization(), menus()).reason();
-    fxhost::MainWindow window{host};
+    fxhost::MainWindow window{withMenus(host)};
     bool active = false; //!< whether the window is; needed by tests of the focus
 
     ShownProgram()
@@ -34,11 +31,10 @@ struct ShownProgram
         active = waitForActive(&window);
     }
 
-    static QByteArray menus()
+    static fxhost::FxHost &withMenus(fxhost::FxHost &host)
     {
-        QFile file(":/customization.json");
-        file.open(QIODevice::ReadOnly);
-        return file.readAll();
+        fxhost::addMenus(host.customization());
+        return host;
     }
 
     QString drawing(const QString &name) const

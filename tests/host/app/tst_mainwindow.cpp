@@ -311,7 +311,6 @@ private slots:
     void theStartUpMenusAreShownWhileNoDrawingIsOpen()
     {
         const ShownProgram program;
-        QCOMPARE(program.menuProblem, QString());
         QCOMPARE(textsOf(program.window.menuBar()->actions()), QStringList({"&File", "&Help"}));
         program.enter("_NEW");
         QCOMPARE(textsOf(program.window.menuBar()->actions()), QStringList({"&File", "&Window", "&Help"}));

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/MenuBuilder.h"
 #include "host/runtime/commands/CommandRunner.h"
-#include "host/runtime/customization/CustomizationReader.h"
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/recent/RecentFiles.h"
@@ -9,37 +8,39 @@
 #include "tests/support/real/RealHost.h"
 
 #include <CFxUICommand.h>
-#include <CFxUIMenuItem.h>
+#include <sdkhost/Customization.h>
+#include <sdkhost/UIMenuItem.h>
 
 #include <QAction>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 
+using sdkhost::UIGroup;
+using sdkhost::UIMenuItem;
+
 namespace {
 
-const char menuData[] = R"({
-  "groups": [ { "name": "MAIN", "primary": true,
-    "commands": [
-      { "identifier": "ID_Limit", "name": "Limit", "macro": "^C^C_RECENTLIMIT 20", "help": "Sets the limit." },
-      { "identifier": "ID_New", "name": "New", "macro": "_NEW" } ],
-    "menus": [
-      { "identifier": "ID_MnFile", "label": "&File", "items": [
-        { "identifier": "MI_New", "label": "&New", "command": "ID_New", "help": "Help of the entry." },
-        { "identifier": "ID_RECENT_FILES_MENU", "label": "&Recent", "kind": "recentFiles" },
-        { "separator": true },
-        { "identifier": "MI_Limit", "label": "&Limit", "command": "ID_Limit" } ] },
-      { "identifier": "ID_MnWindow", "label": "&Window", "items": [
-        { "identifier": "ID_WINDOWS_MENU", "label": "&Drawings", "kind": "windows" } ] } ],
-    "accelerators": [
-      { "identifier": "ACC_New", "key": "Ctrl+N", "command": "ID_New" },
-      { "identifier": "ACC_Second", "key": "Ctrl+N", "command": "ID_Limit" },
-      { "identifier": "ACC_Recent", "key": "F4", "command": "ID_RECENT_FILES" } ] } ],
-  "startUp": { "name": "START",
-    "commands": [ { "identifier": "ID_Limit", "name": "Limit", "macro": "_RECENTLIMIT 30" } ],
-    "menus": [ { "identifier": "ID_MnStart", "label": "&File", "items": [] } ],
-    "accelerators": [ { "identifier": "ACC_Limit", "key": "Ctrl+L", "command": "ID_Limit" } ] }
-})";
+void addMenus(fxhost::Customization &customization)
+{
+    UIGroup &group = customization.addGroup(L"MAIN", true);
+    CFxUICommand &limit = group.addCommand(L"ID_Limit", L"Limit", L"^C^C_RECENTLIMIT 20", L"Sets the limit.");
+    UIMenuItem &file = group.addMenu(L"ID_MnFile", L"&File");
+    file.add(UIMenuItem::Kind::Entry, L"MI_New", L"&New", &group.addCommand(L"ID_New", L"New", L"_NEW"))
+        .setHelpString(L"Help of the entry.");
+    file.add(UIMenuItem::Kind::RecentFiles, L"ID_RECENT_FILES_MENU", L"&Recent");
+    file.addSeparator();
+    file.add(UIMenuItem::Kind::Entry, L"MI_Limit", L"&Limit", &limit);
+    group.addMenu(L"ID_MnWindow", L"&Window")
+        .add(UIMenuItem::Kind::Windows, L"ID_WINDOWS_MENU", L"&Drawings");
+    group.addKey(L"ACC_New", {}, Qt::CTRL + Qt::Key_N, L"ID_New");
+    group.addKey(L"ACC_Second", {}, Qt::CTRL + Qt::Key_N, L"ID_Limit");
+    group.addKey(L"ACC_Recent", {}, Qt::Key_F4, L"ID_RECENT_FILES");
+    UIGroup &startUp = customization.addStartUpGroup(L"START");
+    startUp.addCommand(L"ID_Limit", L"Limit", L"_RECENTLIMIT 30");
+    startUp.addMenu(L"ID_MnStart", L"&File");
+    startUp.addKey(L"ACC_Limit", {}, Qt::CTRL + Qt::Key_L, L"ID_Limit");
+}
 
 //! A host's window with a menu bar for the primary group.
 class Window : public RealHost
@@ -47,9 +48,7 @@ class Window : public RealHost
 public:
     Window()
     {
-        const fxhost::Outcome loaded = fxhost::loadCustomization(host.customization(), menuData);
-        if (!loaded)
-            qFatal("the test's data are damaged: %s", qPrintable(loaded.reason()));
+        addMenus(host.customization());
         builder.setGroup(host.customization().primaryGroup());
     }
 

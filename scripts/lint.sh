@@ -65,7 +65,7 @@ licence() {
     for file in "${texts[@]}"; do
         case $file in
         # LICENSE covers documents and data files, some of which do not support comments.
-        LICENSE | *.md | *.json | *.svg | *.qrc | *.ui | *.tsv | .gitignore | */.gitignore) continue ;;
+        LICENSE | *.md | *.json | *.ts | *.svg | *.qrc | *.ui | *.tsv | .gitignore | */.gitignore) continue ;;
         esac
         # In scripts, the first line names the interpreter.
         if ! head -n 2 -- "$file" | grep -q 'SPDX-License-Identifier: MIT'; then
@@ -87,6 +87,10 @@ plain_words() {
 
 shell_scripts() {
     ((${#shell[@]} == 0)) || shellcheck "${shell[@]}"
+}
+
+translations() {
+    scripts/update-translations.sh --check
 }
 
 # Creates the compile commands for the analysers: of several files at a time, because most of the time is for Qt's
@@ -163,6 +167,7 @@ check spelling
 check licence
 check plain-words
 check shell-scripts
+check translations
 check compile-commands
 check clang-tidy
 check clazy

@@ -6,6 +6,7 @@
 #include "host/app/ProgramOptions.h"
 #include "host/app/ScriptRunner.h"
 #include "host/app/StartArguments.h"
+#include "host/app/Translators.h"
 #include "host/runtime/FxHost.h"
 #include "host/runtime/Paths.h"
 #include "host/runtime/commands/CommandRunner.h"
@@ -123,6 +124,7 @@ int answer(const ProgramStart &commandLine)
 bool printsAndEnds(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
+    const Translators translators;
     const ProgramStart commandLine = readProgramOptions(QCoreApplication::arguments());
     const bool isAsked = commandLine.wish == ProgramStart::Wish::PrintAndEnd;
     if (isAsked)
@@ -152,6 +154,7 @@ int main(int argc, char *argv[])
         words.push_back(argument.data());
     words.push_back(nullptr);
     QApplication application(count, words.data());
+    const Translators translators;
     QApplication::setWindowIcon(appIcon());
     findProgramsBeside();
 

@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QLocale>
 #include <QPointer>
 #include <QWidget>
 
@@ -69,6 +70,10 @@ Outcome Module::load()
 
 Outcome Module::start()
 {
+    const QFileInfo file(m_file);
+    if (m_texts.load(QLocale(), file.completeBaseName(), QStringLiteral("_"),
+                     file.path() + QStringLiteral("/translations")))
+        QCoreApplication::installTranslator(&m_texts);
     const auto create = m_library.function<OdrxCreateModuleObjectFn>("odrxCreateModuleObject");
     const OdString name = toOdString(m_name);
     const Outcome created = Outcome::of([&] { m_object = create(m_library.handle(), name.c_str()); });

@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QString>
+#include <QTranslator>
 
 #include <vector>
 
@@ -43,7 +44,9 @@ public:
     //! Loads the library.
     //! \return a failure if it is not a module for this host
     Outcome load();
-    //! Creates and starts the module.
+    //! Creates and starts the module. Before that, installs a translator of its texts, if the library's
+    //! folder has a catalogue for one of the user's languages: translations/NAME_LANGUAGE.qm, with NAME that
+    //! of the library without its suffix. The translator exists as long as this object.
     Outcome start();
     //! Ends the module, even if start() failed, and removes its remaining registrations and widgets.
     Outcome end();
@@ -60,6 +63,7 @@ private:
     QString m_file;
     Host &m_host;
     ModuleLibrary m_library;
+    QTranslator m_texts;
     OdRxModule *m_object = nullptr;
     bool m_isStarted = false;
 };

@@ -30,7 +30,7 @@ while IFS= read -r -d '' file; do
     tests/fixtures/*.cpp | *.h) cpp+=("$file") ;;
     *.cpp) cpp+=("$file") units+=("$file") ;;
     esac
-    if head -n 1 -- "$file" | grep -qE '^#!.*\b(ba|da)?sh\b'; then shell+=("$file"); fi
+    if head -n 1 -- "$file" | grep -qE '^#(!.*\b(ba|da)?sh| shellcheck shell=bash)\b'; then shell+=("$file"); fi
 done < <(git ls-files --cached --others --exclude-standard -z -- "$@")
 if ((${#texts[@]} == 0)); then
     echo "lint: no file of the project matches: $*" >&2
@@ -91,6 +91,19 @@ shell_scripts() {
 
 translations() {
     scripts/update-translations.sh --check
+}
+
+# The files for the desktop, as they are installed.
+desktop_files() {
+    local page
+    [[ "${texts[*]}" == *packaging/* ]] || return 0
+    scripts/quietly.sh cmake --preset dev -DBUILD_TESTING=ON || return 1
+    scripts/quietly.sh appstreamcli validate --no-net build/dev/packaging/fxhost.metainfo.xml || return 1
+    # The exit statuses of the others do not depend on warnings.
+    [[ -z $(desktop-file-validate packaging/*.desktop 2>&1 | tee /dev/stderr) ]] || return 1
+    for page in build/dev/packaging/*.1; do
+        [[ -z $(groff -ww -z -man -Tutf8 -K utf8 "$page" 2>&1 | tee /dev/stderr) ]] || return 1
+    done
 }
 
 # Creates the compile commands for the analysers: of several files at a time, because most of the time is for Qt's
@@ -168,6 +181,7 @@ check licence
 check plain-words
 check shell-scripts
 check translations
+check desktop-files
 check compile-commands
 check clang-tidy
 check clazy

@@ -8,7 +8,7 @@ _fxhost() {
     case $prev in
     --profile) _filedir -d && return ;;
     --module | --script | --log) _filedir && return ;;
-    --geometry) return ;;
+    --geometry | -s | --size) return ;;
     esac
     "$split" && return
     if [[ $cur == -* ]]; then
@@ -16,4 +16,4 @@ _fxhost() {
     else
         _filedir '@(dwg|dwt|bak)'
     fi
-} && complete -F _fxhost fxhost
+} && complete -F _fxhost fxhost fxthumbnail

@@ -55,7 +55,7 @@ fxhost opens DWG drawings, each in a window of its own, and shows the picture
 and the facts that are stored in the file. It does not render drawings. It
 remembers the recent drawings, loads plug-in modules, and runs scripts."
   DEPENDS "libqt5svg5" # loaded by name: the format of icons
-  RECOMMENDS "recent-document-browser, qttranslations5-l10n" # the latter: Qt's own texts
+  RECOMMENDS "recent-document-browser, fxthumbnail, qttranslations5-l10n" # the last: Qt's own texts
   SUGGESTS "qtwayland5")
 
 add_package(recent-document-browser graphics
@@ -68,6 +68,13 @@ module."
   DEPENDS "libqt5svg5"
   RECOMMENDS "xdg-utils" # opens the folder if no file manager answers
   ENHANCES "fxhost")
+
+add_package(fxthumbnail graphics
+"pictures of DWG drawings for file managers
+File managers call fxthumbnail to show DWG drawings as the pictures that are
+stored in them. Drawings are recognised by their content, too, so that
+templates are shown."
+  ENHANCES "nautilus, thunar, caja, nemo, pcmanfm")
 
 add_package(fxsdk-dev libdevel
 "interface between CAD applications and their plug-in modules

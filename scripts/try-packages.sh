@@ -32,13 +32,15 @@ use_programs() {
     export XDG_RUNTIME_DIR
     cd /tmp
     [[ $(fxhost --version) == "fxhost $version" ]] || fail "fxhost is not of version $version"
-    drawing=$(find /project/$folder -name '*.dwg' | sort | sed -n 1p)
+    drawing=$(find "/project/$folder" -name '*.dwg' | sort | sed -n 1p)
     printf '%s\n' _NEW _RECENT '_DELAY 100' '_SCREENSHOT /tmp/browser.png' _QUIT >script
     timeout 600 fxhost --script script --log log "$drawing" || fail "fxhost ended with status $?"
     for line in 'module .*/RecentDocumentBrowser.so loaded' "open $drawing ok" 'command _RECENT 5100' \
         'command _SCREENSHOT 5100'; do
         grep -qx -- "$line" log || fail "not in the log of fxhost: $line"
     done
+    timeout 600 fxthumbnail -s 64 "$drawing" picture.png || fail "fxthumbnail ended with status $?"
+    [[ $(head -c 4 picture.png | tail -c 3) == PNG ]] || fail "fxthumbnail wrote no picture"
     # Without a desktop, it reports that nothing can show the file.
     ! timeout 600 fxshow "$drawing" 2>errors || fail "fxshow found a file manager"
     grep -q xdg-open errors || fail "fxshow reports: $(cat errors)"

@@ -95,15 +95,20 @@ translations() {
 
 # The files for the desktop, as they are installed.
 desktop_files() {
-    local page
+    local page warnings
     [[ "${texts[*]}" == *packaging/* ]] || return 0
     scripts/quietly.sh cmake --preset dev -DBUILD_TESTING=ON || return 1
-    scripts/quietly.sh appstreamcli validate --no-net build/dev/packaging/fxhost.metainfo.xml || return 1
-    # The exit statuses of the others do not depend on warnings.
-    [[ -z $(desktop-file-validate packaging/*.desktop 2>&1 | tee /dev/stderr) ]] || return 1
-    for page in build/dev/packaging/*.1; do
-        [[ -z $(groff -ww -z -man -Tutf8 -K utf8 "$page" 2>&1 | tee /dev/stderr) ]] || return 1
-    done
+    warnings=$({
+        # Whether there is a home page is for whoever builds to choose.
+        appstreamcli validate --no-net build/dev/packaging/fxhost.metainfo.xml |
+            grep '^[EW]:' | grep -v url-homepage-missing || true
+        desktop-file-validate packaging/*.desktop
+        for page in build/dev/packaging/*.1; do groff -ww -z -man -Tutf8 -K utf8 "$page"; done
+    } 2>&1)
+    [[ -z $warnings ]] || {
+        echo "$warnings"
+        return 1
+    }
 }
 
 # Creates the compile commands for the analysers: of several files at a time, because most of the time is for Qt's

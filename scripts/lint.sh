@@ -30,7 +30,7 @@ while IFS= read -r -d '' file; do
     tests/fixtures/*.cpp | *.h) cpp+=("$file") ;;
     *.cpp) cpp+=("$file") units+=("$file") ;;
     esac
-    if head -n 1 -- "$file" | grep -qE '^#!.*\b(ba|da)?sh\b'; then shell+=("$file"); fi
+    if head -n 1 -- "$file" | grep -qE '^#(!.*\b(ba|da)?sh| shellcheck shell=bash)\b'; then shell+=("$file"); fi
 done < <(git ls-files --cached --others --exclude-standard -z -- "$@")
 if ((${#texts[@]} == 0)); then
     echo "lint: no file of the project matches: $*" >&2
@@ -91,6 +91,24 @@ shell_scripts() {
 
 translations() {
     scripts/update-translations.sh --check
+}
+
+# The files for the desktop, as they are installed.
+desktop_files() {
+    local page warnings
+    [[ "${texts[*]}" == *packaging/* ]] || return 0
+    scripts/quietly.sh cmake --preset dev -DBUILD_TESTING=ON || return 1
+    warnings=$({
+        # Whether there is a home page is for whoever builds to choose.
+        appstreamcli validate --no-net build/dev/packaging/fxhost.metainfo.xml |
+            grep '^[EW]:' | grep -v url-homepage-missing || true
+        desktop-file-validate packaging/*.desktop
+        for page in build/dev/packaging/*.1; do groff -ww -z -man -Tutf8 -K utf8 "$page"; done
+    } 2>&1)
+    [[ -z $warnings ]] || {
+        echo "$warnings"
+        return 1
+    }
 }
 
 # Creates the compile commands for the analysers: of several files at a time, because most of the time is for Qt's
@@ -168,6 +186,7 @@ check licence
 check plain-words
 check shell-scripts
 check translations
+check desktop-files
 check compile-commands
 check clang-tidy
 check clazy

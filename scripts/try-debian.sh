@@ -2,12 +2,13 @@
 # SPDX-License-Identifier: MIT
 # Builds the project and runs its tests on another Debian release: try-debian.sh [RELEASE [ROOT [COMMAND...]]]
 # RELEASE is trixie by default. ROOT is the folder of a minimal system of that release, which is made if it does not exist
-# and used again otherwise; build/debian-RELEASE by default. The files that git tracks are copied to /project in it, and
-# COMMAND is run there; ./test by default. The exit status is that of the command. Requires root or sudo.
+# and used again otherwise; build/debian-RELEASE by default. The files that git tracks, and packages that were built, are
+# copied to /project in it, and COMMAND is run there; ./test by default. The exit status is that of the command. Requires
+# root or sudo.
 set -euo pipefail
 
 if [[ ${1-} == -h || ${1-} == --help ]]; then
-    sed -n '3,6s/^# //p' "${BASH_SOURCE[0]}"
+    sed -n '3,7s/^# //p' "${BASH_SOURCE[0]}"
     exit 0
 fi
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
@@ -37,7 +38,10 @@ fi
 
 # Replace everything except the build folder. Files keep their times, so that only what has changed is built again.
 find "$root/project" -mindepth 1 -maxdepth 1 ! -name build -exec rm -rf -- {} +
-git ls-files -z | tar -c --null -T - --ignore-failed-read | tar -x --no-same-owner -C "$root/project"
+{
+    git ls-files -z
+    find build/package/packages -type f -print0 2>/dev/null || true
+} | tar -c --null -T - --ignore-failed-read | tar -x --no-same-owner -C "$root/project"
 
 mount -t proc proc "$root/proc"
 mount --rbind /dev "$root/dev"

@@ -196,10 +196,13 @@ int RecentDocMainWindow::getColumnPosition() const
 
 void RecentDocMainWindow::help()
 {
+    const QString server = QStringLiteral(BROWSER_HELP_SERVER);
+    if (server.isEmpty()) // whoever built the module has no such page
+        return;
     QDesktopServices::openUrl(
-        QUrl(QStringLiteral("http://" BROWSER_HELP_SERVER
-                            "/2014/english/Pelorin/pelorapp/c_browsing_recent_and_open_documents.htm"
-                            "?rid=141131"),
+        QUrl(QStringLiteral("http://%1/2014/english/Pelorin/pelorapp/c_browsing_recent_and_open_documents.htm"
+                            "?rid=141131")
+                 .arg(server),
              QUrl::TolerantMode));
 }
 

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "host/app/AppIcon.h"
 #include "host/app/EndSignals.h"
 #include "host/app/HostMenus.h"
 #include "host/app/MainWindow.h"
@@ -16,6 +15,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QIcon>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTextStream>
@@ -155,7 +155,8 @@ int main(int argc, char *argv[])
     words.push_back(nullptr);
     QApplication application(count, words.data());
     const Translators translators;
-    QApplication::setWindowIcon(appIcon());
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/fxhost.svg")));
+    QApplication::setDesktopFileName(QStringLiteral("fxhost")); // Wayland takes the icon from there
     findProgramsBeside();
 
     const ProgramStart commandLine = readProgramOptions(QApplication::arguments());

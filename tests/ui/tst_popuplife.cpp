@@ -151,18 +151,15 @@ private slots:
         }
     }
 
-    void helpOpensTheOnlinePage()
+    void helpOpensTheOnlinePageIfThereIsOne()
     {
         const UnshownPopup made;
         WebBrowser web;
         QVERIFY(QMetaObject::invokeMethod(made.popup, "help"));
-        QCOMPARE(web.opened.size(), 1);
-        const QUrl page = web.opened.first();
-        QCOMPARE(page.scheme(), QStringLiteral("http"));
-        QVERIFY(!page.host().isEmpty());
-        QCOMPARE(page.toString(QUrl::RemoveScheme | QUrl::RemoveAuthority),
-                 QStringLiteral("/2014/english/Pelorin/pelorapp/c_browsing_recent_and_open_documents.htm"
-                                "?rid=141131"));
+        const QString server = QStringLiteral(BROWSER_HELP_SERVER); // the presets differ
+        const QUrl page("http://" + server +
+                        "/2014/english/Pelorin/pelorapp/c_browsing_recent_and_open_documents.htm?rid=141131");
+        QCOMPARE(web.opened, server.isEmpty() ? QList<QUrl>() : QList<QUrl>{page});
     }
 
     void theOlderPopupTakesOverWithItsFirstEvent_data()

@@ -125,7 +125,7 @@ private slots:
         const ProgramHome home;
         const QString script = home.write("quit.txt", "_RECENTADD /1\n_QUIT");
         QCOMPARE(home.runBare({"--no-module", "--script", script}).exitCode, 0);
-        QCOMPARE(linesOf(home.path("home/.config/fxhost/recent.txt")).mid(1), QStringList("/1"));
+        QCOMPARE(linesOf(home.path("home/.config/fxhost/recent.txt")).mid(1), QStringList("- - /1"));
     }
 
     void theBrowserCanBeUnloadedAndLoadedAtRunTime()

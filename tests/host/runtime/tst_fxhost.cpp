@@ -327,8 +327,8 @@ private slots:
         for (int i = 0; i < 30; ++i)
             paths.append(QString("/theirs %1.dwg").arg(i));
         fxhost::HostSettings(profile.directory, [](const QString &) {}).setRecentMaximum(50);
-        fxhost::RecentFileStore(profile.file("recent.txt")).update({}, [&](const QStringList &) {
-            return paths;
+        fxhost::RecentFileStore(profile.file("recent.txt")).update({}, [&](const fxhost::RecentEntries &) {
+            return fxhost::entriesOf(paths);
         });
         QCOMPARE(running.recent.paths(), QStringList());
         emit qGuiApp->applicationStateChanged(Qt::ApplicationActive);
@@ -347,7 +347,7 @@ private slots:
             running.recent.add("/a.dwg");
             QCOMPARE(running.messages.size(), 1);
         }
-        QCOMPARE(fxhost::RecentFileStore(file).load().paths, QStringList("/a.dwg"));
+        QCOMPARE(pathsOf(fxhost::RecentFileStore(file).load().entries), QStringList("/a.dwg"));
     }
 };
 

@@ -127,17 +127,20 @@ public:
     QString error; //!< why it is unreadable
 };
 
-RecentFileStore::RecentFileStore(const QString &file) : m_file(file) {}
-
-RecentFileStore::Reading RecentFileStore::read() const
+RecentFileStore::RecentFileStore(const QString &file, const QString &formerFile)
+    : m_file(file), m_formerFile(formerFile)
 {
-    const QFileInfo info(m_file);
+}
+
+RecentFileStore::Reading RecentFileStore::read(const QString &path)
+{
+    const QFileInfo info(path);
     if (!info.exists())
         return {Reading::Outcome::NoFile, {}, {}};
     // Opening a FIFO would wait for a writer.
     if (!info.isFile() || info.size() > largestFile)
         return {Reading::Outcome::Damaged, {}, {}};
-    QFile file(m_file);
+    QFile file(path);
     const QByteArray content = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     if (file.error() != QFileDevice::NoError)
         return {Reading::Outcome::Unreadable, {}, file.errorString()};
@@ -172,12 +175,38 @@ RecentFileStore::Stored RecentFileStore::load()
     const FileLock lock(lockFile(m_file), lockWait);
     if (lock.isHeld())
         removeUnfinished(m_file);
-    const Reading reading = read();
+    const Reading reading = read(m_file);
     if (reading.outcome == Reading::Outcome::Damaged)
         return {{}, setDamagedAside()};
     if (reading.outcome == Reading::Outcome::Unreadable)
         return {{}, Outcome::failed(unreadable(m_file, reading.error))};
-    return {reading.entries, {}};
+    Stored stored{reading.entries, {}};
+    if (!m_formerFile.isEmpty() && !lock.isBusy())
+        takeOverFormerFile(stored);
+    return stored;
+}
+
+//! Must be called while the lock is held, so that of several programs only one moves the entries.
+void RecentFileStore::takeOverFormerFile(Stored &stored) const
+{
+    const Reading reading = read(m_formerFile);
+    const QString path = QFileInfo(m_formerFile).canonicalFilePath();
+    if (reading.outcome == Reading::Outcome::NoFile || path == QFileInfo(m_file).canonicalFilePath())
+        return; // also if both are the same file by links
+    if (reading.outcome != Reading::Outcome::Read) {
+        if (reading.outcome == Reading::Outcome::Damaged)
+            setAside(m_formerFile); // so that it is reported once
+        stored.outcome = Outcome::failed(tr("The former list of recent documents, %1, is damaged or cannot "
+                                            "be read. Its entries are missing from the list.")
+                                             .arg(m_formerFile));
+        return;
+    }
+    stored.entries = fitted(stored.entries + reading.entries, RecentFiles::largestMaximum);
+    stored.outcome = write(stored.entries);
+    if (stored.outcome) {
+        QFile::remove(m_formerFile);
+        QFile::remove(lockFile(m_formerFile));
+    }
 }
 
 RecentFileStore::Stored RecentFileStore::update(const RecentEntries &known, const Change &change)
@@ -191,7 +220,7 @@ RecentFileStore::Stored RecentFileStore::update(const RecentEntries &known, cons
                                "will be saved with the next one.")
                                 .arg(m_file));
     }
-    const Reading reading = read();
+    const Reading reading = read(m_file);
     if (reading.outcome == Reading::Outcome::Unreadable)
         return keepForLater(known, change, unreadable(m_file, reading.error));
 

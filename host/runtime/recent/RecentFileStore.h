@@ -37,11 +37,13 @@ public:
     };
 
     //! \param file full path; need not exist
-    explicit RecentFileStore(const QString &file);
+    //! \param formerFile where former versions stored the list; load() moves it. Empty for none
+    explicit RecentFileStore(const QString &file, const QString &formerFile = {});
 
     //! Reads the file. A damaged file is renamed, and counts as empty; if it cannot be renamed, update() does
     //! not change it. A file that cannot be read is left unchanged. Also removes the temporary files of
-    //! writers that were killed.
+    //! writers that were killed, and moves the entries of the former file to the end of the list. A running
+    //! program that still uses the former file creates it again, and load() moves it again.
     Stored load();
 
     //! Applies a change to the list in the file, and replaces the file as a whole. A change that cannot be
@@ -55,13 +57,15 @@ public:
 private:
     class Reading;
 
-    Reading read() const;
+    static Reading read(const QString &path);
     Stored keepForLater(const RecentEntries &known, const Change &change, const QString &problem);
+    void takeOverFormerFile(Stored &stored) const;
     //! \return always a failure, for the user: the file's new name, or that it could not be renamed
     Outcome setDamagedAside();
     Outcome write(const RecentEntries &entries) const;
 
     QString m_file;
+    QString m_formerFile;
     bool m_mayWrite = true;
     std::vector<Change> m_unwritten;
 };

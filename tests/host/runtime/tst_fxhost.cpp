@@ -305,6 +305,25 @@ private slots:
         QCOMPARE(ProfileHost(profile).recent.maximum(), 20); // written when the host is deleted
     }
 
+    void theStateFolderIsTheUsersOwn_data()
+    {
+        QTest::addColumn<QByteArray>("variable");
+        QTest::addColumn<QString>("folder");
+        const QString usual = QDir::homePath() + "/.local/state/a host";
+        QTest::newRow("unset") << QByteArray() << usual;
+        QTest::newRow("empty") << QByteArray("") << usual;
+        QTest::newRow("relative") << QByteArray("state") << usual;
+        QTest::newRow("set") << QByteArray("/tmp/my state/") << "/tmp/my state/a host";
+    }
+
+    void theStateFolderIsTheUsersOwn()
+    {
+        QFETCH(QByteArray, variable);
+        QCoreApplication::setApplicationName("a host");
+        variable.isNull() ? qunsetenv("XDG_STATE_HOME") : qputenv("XDG_STATE_HOME", variable);
+        QTEST(fxhost::ProfileFolders::ofUser().state, "folder");
+    }
+
     void profileThatCannotBeMadeIsReported()
     {
         const Profile profile;

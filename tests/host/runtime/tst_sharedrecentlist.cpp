@@ -158,6 +158,45 @@ private slots:
         QCOMPARE(list.files(), kept);
     }
 
+    void theFormerFileIsMovedOnce()
+    {
+        RealListFile list;
+        const QString former = list.beside("former.txt");
+        const auto load = [&] { return RecentFileStore(list.path, former).load(); };
+        writeFile(former, "fxhost recent documents 1\n/b\n/a\n");
+        {
+            const FileLock theirs(list.lockFile(), {}); // another program may be moving it
+            QCOMPARE(pathsOf(load().entries), QStringList());
+        }
+        writeFile(former + ".lock", {});
+        QCOMPARE(pathsOf(load().entries), QStringList({"/b", "/a"}));
+        QCOMPARE(list.listed(), QStringList({"/b", "/a"}));
+        QCOMPARE(list.files(), QStringList({"recent.txt", "recent.txt.lock"}));
+
+        list.store.update({}, adding("/c"));
+        writeFile(former, "fxhost recent documents 1\n/d\n/a\n"); // by a former version that still runs
+        QCOMPARE(pathsOf(load().entries), QStringList({"/c", "/b", "/a", "/d"}));
+        QVERIFY(QFile::link(list.beside("."), list.beside("linked"))); // so both folders are the same
+        RecentFileStore(list.path, list.beside("linked/recent.txt")).load();
+        QCOMPARE(list.listed().size(), 4);
+
+        writeFile(former, "damaged");
+        QVERIFY(load().outcome.reason().contains(former));
+        QCOMPARE(load().outcome.reason(), QString());
+        QVERIFY(QFile::exists(former + ".damaged"));
+        QCOMPARE(list.listed().size(), 4);
+    }
+
+    void theFormerFileStaysIfItCannotBeMoved()
+    {
+        const RealListFile list("away/recent.txt");
+        const QString former = writeFile(list.beside("former.txt"), "fxhost recent documents 1\n/a\n");
+        const RecentFileStore::Stored loaded = RecentFileStore(list.path, former).load();
+        QCOMPARE(pathsOf(loaded.entries), QStringList("/a"));
+        QVERIFY2(loaded.outcome.reason().contains(list.path), qPrintable(loaded.outcome.reason()));
+        QVERIFY(QFile::exists(former));
+    }
+
     void lockHasOneHolderAtATime()
     {
         const RealListFile list;

@@ -8,11 +8,12 @@
 #include "host/app/HelpWindow.h"
 #include "host/app/LineCompleter.h"
 #include "host/app/MenuBuilder.h"
+#include "host/app/OpenLater.h"
 #include "host/app/ProgramOptions.h"
+#include "host/app/recent/RecentDrawingsDialog.h"
 #include "host/runtime/FxHost.h"
 #include "host/runtime/HostSettings.h"
 #include "host/runtime/Paths.h"
-#include "host/runtime/commands/CommandRun.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
@@ -184,6 +185,15 @@ void MainWindow::showHelp(int topic)
     m_helpWindow->showTopic(topic);
 }
 
+void MainWindow::showRecentDrawings()
+{
+    if (!m_recentDrawings)
+        m_recentDrawings = new RecentDrawingsDialog(m_host, this);
+    m_recentDrawings->show();
+    m_recentDrawings->raise();
+    m_recentDrawings->activateWindow();
+}
+
 //! The folder in which the last drawing was chosen, unless it is unresponsive: the dialog would wait for it.
 QString MainWindow::firstDirectory()
 {
@@ -264,15 +274,7 @@ void MainWindow::dropEvent(QDropEvent *event)
     // drag opens the files; opening them here would open them twice.
     if (event->source())
         return;
-    CommandRunner &commands = m_host.commands();
-    // From the event loop, because the other program waits until this function returns.
-    const auto open = [&commands, files] {
-        for (const QString &file : files) {
-            if (CommandRun *run = commands.run(QStringLiteral("_OPEN"), file))
-                run->release();
-        }
-    };
-    QMetaObject::invokeMethod(&commands, open, Qt::QueuedConnection);
+    openLater(m_host.commands(), files); // the other program waits until this function returns
 }
 
 void MainWindow::keyPressEvent(QKeyEvent *event)

@@ -341,8 +341,9 @@ private slots:
             customization.Refresh();
 
             const QMenu *file = program.window.menuBar()->actions().constFirst()->menu();
-            QCOMPARE(textsOf(file->actions().mid(file->actions().size() - 4)),
-                     QStringList({"&Recent Drawings", "Preview...\tF4", "", "E&xit\tCtrl+Q"}));
+            QCOMPARE(textsOf(file->actions().mid(file->actions().size() - 5)),
+                     QStringList({"&Recent Drawings", "&Manage Recent Drawings...", "Preview...\tF4", "",
+                                  "E&xit\tCtrl+Q"}));
             QCOMPARE(started.count(), 0);
             QTest::keyClick(program.input(), Qt::Key_F4);
             QTRY_COMPARE(started, (QList<QVariantList>{{QStringLiteral("_NEW"), QString()}}));

@@ -206,8 +206,12 @@ QString MainWindow::firstDirectory()
 
 QString MainWindow::choosePath()
 {
-    const QPointer<QFileDialog> dialog = new QFileDialog(this, tr("Open Drawing"), firstDirectory(),
-                                                         tr("Drawings (*.dwg *.DWG);;All files (*)"));
+    const QPointer<QFileDialog> dialog = new QFileDialog(this, tr("Open Drawing"), firstDirectory());
+    dialog->setOption(QFileDialog::HideNameFilterDetails);
+    // Qt's own dialog ignores the case of patterns, but not each desktop's dialog.
+    dialog->setNameFilters({tr("Drawings, templates and backups") +
+                                QStringLiteral(" (*.[dD][wW][gG] *.[dD][wW][tT] *.[bB][aA][kK])"),
+                            tr("All files") + QStringLiteral(" (*)")});
     dialog->setFileMode(QFileDialog::ExistingFile);
     const bool isChosen = dialog->exec() == QDialog::Accepted;
     if (!dialog)

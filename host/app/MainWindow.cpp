@@ -18,6 +18,7 @@
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/probe/FileProbe.h"
+#include "host/runtime/recent/RecentFiles.h"
 
 #include <CFxCommand.h>
 #include <sdkhost/Customization.h>
@@ -46,6 +47,9 @@ namespace {
 // Size of the normal window if it has always been maximised, in pixels: large enough for a drawing, and small
 // enough to leave space for other windows.
 constexpr QSize firstSize(1100, 760);
+
+//! Of the module that shows the recent drawings. It shows nothing if there are none.
+constexpr char browserCommand[] = "_RECENT";
 
 //! True if a key is passed on to the command line. Modifier keys are not: pressing Ctrl would take the focus
 //! from the text that the user is copying with Ctrl+C.
@@ -157,9 +161,12 @@ void MainWindow::connectCommandLine()
             [this](const QString &name, const QString &argument) {
                 m_commandLine->echo((name + QLatin1Char(' ') + argument).trimmed());
             });
-    connect(&commands, &CommandRunner::commandEnded, m_commandLine, [this](const QString &, int result) {
+    connect(&commands, &CommandRunner::commandEnded, m_commandLine, [this](const QString &name, int result) {
         if (result == CFxCommand::cancelled)
             m_commandLine->showMessage(tr("*Cancelled*"));
+        if (name == QLatin1String(browserCommand) && m_host.recentFiles().entries().isEmpty())
+            m_host.showMessage(
+                tr("There are no recent drawings yet. Open one with OPEN, or drop its file on the window."));
     });
 }
 

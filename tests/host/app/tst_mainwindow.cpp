@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "host/app/EmptyHint.h"
 #include "host/app/HelpWindow.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "tests/host/app/ShownProgram.h"
@@ -237,6 +238,25 @@ private slots:
         QVERIFY2(history.contains("\nCommand: _OPEN /not/there.dwg\n"), qPrintable(history));
         QVERIFY2(history.contains("does not exist"), qPrintable(history));
         QVERIFY(!QApplication::activeModalWidget()); // it would block a script
+    }
+
+    void withoutDrawingsTheWindowSaysWhatToDo()
+    {
+        ShownProgram program;
+        const auto *hint = program.window.findChild<EmptyHint *>();
+        QCOMPARE(hint->size(), program.window.drawingArea().viewport()->size());
+        CommandSet browser(program.host.commandStack());
+        browser.add("RECENT", [](const CFxCommandContext &) { return CFxCommand::normalCompletion; });
+        const QString open = QString("_OPEN ") + program.drawing("a.dwg");
+        for (const QString &line : {QString("_RECENT"), open}) {
+            QVERIFY(hint->isVisible());
+            program.enter(line);
+        }
+        QVERIFY(!hint->isVisible());
+        program.enter("_CLOSE");
+        QVERIFY(hint->isVisible());
+        program.enter("_RECENT"); // now there is one to show
+        QCOMPARE(program.history().count("no recent drawings"), 1);
     }
 
     void helpShowsThePageOfATopic()

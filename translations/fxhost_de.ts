@@ -112,17 +112,6 @@
     </message>
 </context>
 <context>
-    <name>fxhost::DrawingArea</name>
-    <message>
-        <source>No drawing is open.
-
-Choose one with File &gt; Open, or type OPEN or NEW.</source>
-        <translation>Es ist keine Zeichnung geöffnet.
-
-Wählen Sie eine mit Datei &gt; Öffnen, oder geben Sie OPEN oder NEW ein.</translation>
-    </message>
-</context>
-<context>
     <name>fxhost::DrawingFile</name>
     <message>
         <source>The file cannot be read: %1.</source>
@@ -153,6 +142,21 @@ Wählen Sie eine mit Datei &gt; Öffnen, oder geben Sie OPEN oder NEW ein.</tran
     </message>
 </context>
 <context>
+    <name>fxhost::EmptyHint</name>
+    <message>
+        <source>No drawing is open</source>
+        <translation>Es ist keine Zeichnung geöffnet</translation>
+    </message>
+    <message>
+        <source>Choose File &gt; Open, or drop drawing files here.</source>
+        <translation>Wählen Sie Datei &gt; Öffnen, oder legen Sie Zeichnungsdateien hier ab.</translation>
+    </message>
+    <message>
+        <source>Drawings that you open are listed in File &gt; Recent Drawings. Later, F4 shows their pictures.</source>
+        <translation>Zeichnungen, die Sie öffnen, stehen unter Datei &gt; Zuletzt verwendete Zeichnungen. Später zeigt F4 ihre Bilder.</translation>
+    </message>
+</context>
+<context>
     <name>fxhost::FileProbe</name>
     <message>
         <source>The program %1 does not work: %2.</source>
@@ -162,8 +166,12 @@ Wählen Sie eine mit Datei &gt; Öffnen, oder geben Sie OPEN oder NEW ein.</tran
 <context>
     <name>fxhost::FxHost</name>
     <message>
-        <source>The profile directory %1 cannot be created. Settings and recent documents are not saved.</source>
-        <translation>Der Profilordner %1 kann nicht angelegt werden. Einstellungen und zuletzt verwendete Dokumente werden nicht gespeichert.</translation>
+        <source>The directory %1 cannot be created. Settings are not saved.</source>
+        <translation>Das Verzeichnis %1 kann nicht angelegt werden. Einstellungen werden nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>The directory %1 cannot be created. Recent documents are not saved.</source>
+        <translation>Das Verzeichnis %1 kann nicht angelegt werden. Zuletzt verwendete Dokumente werden nicht gespeichert.</translation>
     </message>
 </context>
 <context>
@@ -238,6 +246,30 @@ Wählen Sie eine mit Datei &gt; Öffnen, oder geben Sie OPEN oder NEW ein.</tran
     <message>
         <source>Loaded: %1.</source>
         <translation>Geladen: %1.</translation>
+    </message>
+    <message>
+        <source>The command needs the path of a drawing, or an open drawing with a file.</source>
+        <translation>Der Befehl benötigt den Pfad einer Zeichnung oder eine geöffnete Zeichnung mit einer Datei.</translation>
+    </message>
+    <message>
+        <source>The drawing is not kept. At most %1 can be.</source>
+        <translation>Die Zeichnung wird nicht behalten. Höchstens %1 Zeichnungen können behalten werden.</translation>
+    </message>
+    <message>
+        <source>The drawing &quot;%1&quot; is kept in the list of recent drawings. RECENTREMOVE removes it from the list.</source>
+        <translation>Die Zeichnung „%1“ wird in der Liste der zuletzt verwendeten Zeichnungen behalten. RECENTREMOVE entfernt sie aus der Liste.</translation>
+    </message>
+    <message>
+        <source>The drawing &quot;%1&quot; is not in the list of recent drawings.</source>
+        <translation>Die Zeichnung „%1“ ist nicht in der Liste der zuletzt verwendeten Zeichnungen.</translation>
+    </message>
+    <message>
+        <source>Drawings removed from the list: %1.</source>
+        <translation>Aus der Liste entfernte Zeichnungen: %1.</translation>
+    </message>
+    <message>
+        <source>Drawings that stay in the list because they are kept: %1. RECENTREMOVE removes them.</source>
+        <translation>Zeichnungen, die in der Liste bleiben, weil sie behalten werden: %1. RECENTREMOVE entfernt sie.</translation>
     </message>
 </context>
 <context>
@@ -338,6 +370,14 @@ Wählen Sie eine mit Datei &gt; Öffnen, oder geben Sie OPEN oder NEW ein.</tran
         <source>Shows the help.</source>
         <translation>Zeigt die Hilfe.</translation>
     </message>
+    <message>
+        <source>&amp;Manage Recent Drawings...</source>
+        <translation>Zuletzt verwendete Zeichnungen &amp;verwalten …</translation>
+    </message>
+    <message>
+        <source>Opens recent drawings, keeps them, or removes them from the list.</source>
+        <translation>Öffnet zuletzt verwendete Zeichnungen, behält sie oder entfernt sie aus der Liste.</translation>
+    </message>
 </context>
 <context>
     <name>fxhost::HostSettings</name>
@@ -372,8 +412,16 @@ Wählen Sie eine mit Datei &gt; Öffnen, oder geben Sie OPEN oder NEW ein.</tran
         <translation>Zeichnung öffnen</translation>
     </message>
     <message>
-        <source>Drawings (*.dwg *.DWG);;All files (*)</source>
-        <translation>Zeichnungen (*.dwg *.DWG);;Alle Dateien (*)</translation>
+        <source>There are no recent drawings yet. Open one with OPEN, or drop its file on the window.</source>
+        <translation>Es gibt noch keine zuletzt verwendeten Zeichnungen. Öffnen Sie eine mit OPEN, oder legen Sie ihre Datei auf dem Fenster ab.</translation>
+    </message>
+    <message>
+        <source>Drawings, templates and backups</source>
+        <translation>Zeichnungen, Vorlagen und Sicherungen</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>Alle Dateien</translation>
     </message>
 </context>
 <context>
@@ -491,6 +539,118 @@ Hilfe: „%1 --help“.</translation>
     </message>
 </context>
 <context>
+    <name>fxhost::RecentDrawingsDialog</name>
+    <message>
+        <source>Recent Drawings</source>
+        <translation>Zuletzt verwendete Zeichnungen</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>Ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>Remove &amp;All...</source>
+        <translation>&amp;Alle entfernen …</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Limit, without kept drawings:</source>
+        <translation>&amp;Höchstzahl, ohne behaltene Zeichnungen:</translation>
+    </message>
+    <message>
+        <source>Stop &amp;Keeping</source>
+        <translation>&amp;Nicht mehr behalten</translation>
+    </message>
+    <message>
+        <source>&amp;Keep</source>
+        <translation>&amp;Behalten</translation>
+    </message>
+    <message>
+        <source>The list is empty. Drawings are listed here after you open them.</source>
+        <translation>Die Liste ist leer. Zeichnungen stehen hier, nachdem Sie sie geöffnet haben.</translation>
+    </message>
+    <message>
+        <source>Kept drawings are first in the list and stay until you remove them. Removing a drawing from the list does not delete its file.</source>
+        <translation>Behaltene Zeichnungen stehen am Anfang der Liste und bleiben, bis Sie sie entfernen. Die Datei einer Zeichnung wird nicht gelöscht, wenn Sie die Zeichnung aus der Liste entfernen.</translation>
+    </message>
+    <message>
+        <source>At most %1 drawings can be kept.</source>
+        <translation>Höchstens %1 Zeichnungen können behalten werden.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n drawing(s) from the list?</source>
+        <translation>
+            <numerusform>%n Zeichnung aus der Liste entfernen?</numerusform>
+            <numerusform>%n Zeichnungen aus der Liste entfernen?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n kept drawing(s) will stay.</source>
+        <translation>
+            <numerusform>%n behaltene Zeichnung bleibt.</numerusform>
+            <numerusform>%n behaltene Zeichnungen bleiben.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>fxhost::RecentDrawingsModel</name>
+    <message>
+        <source>Drawing</source>
+        <translation>Zeichnung</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Last Opened</source>
+        <translation>Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>%1 (file date)</source>
+        <translation>%1 (Dateidatum)</translation>
+    </message>
+    <message>
+        <source>Kept, missing</source>
+        <translation>Behalten, fehlt</translation>
+    </message>
+    <message>
+        <source>Missing</source>
+        <translation>Fehlt</translation>
+    </message>
+    <message>
+        <source>Kept, does not respond</source>
+        <translation>Behalten, antwortet nicht</translation>
+    </message>
+    <message>
+        <source>Does not respond</source>
+        <translation>Antwortet nicht</translation>
+    </message>
+    <message>
+        <source>Kept</source>
+        <translation>Behalten</translation>
+    </message>
+</context>
+<context>
     <name>fxhost::RecentFileStore</name>
     <message>
         <source>The list of recent documents, %1, cannot be read: %2. It is not changed until it can be read again.</source>
@@ -511,6 +671,10 @@ Hilfe: „%1 --help“.</translation>
     <message>
         <source>The list of recent documents, %1, cannot be written: %2.</source>
         <translation>Die Liste der zuletzt verwendeten Dokumente, %1, kann nicht geschrieben werden: %2.</translation>
+    </message>
+    <message>
+        <source>The former list of recent documents, %1, is damaged or cannot be read. Its entries are missing from the list.</source>
+        <translation>Die frühere Liste der zuletzt verwendeten Dokumente, %1, ist beschädigt oder kann nicht gelesen werden. Ihre Einträge fehlen in der Liste.</translation>
     </message>
 </context>
 <context>

@@ -112,17 +112,6 @@
     </message>
 </context>
 <context>
-    <name>fxhost::DrawingArea</name>
-    <message>
-        <source>No drawing is open.
-
-Choose one with File &gt; Open, or type OPEN or NEW.</source>
-        <translation>Aucun dessin n&apos;est ouvert.
-
-Choisissez-en un avec Fichier &gt; Ouvrir, ou saisissez OPEN ou NEW.</translation>
-    </message>
-</context>
-<context>
     <name>fxhost::DrawingFile</name>
     <message>
         <source>The file cannot be read: %1.</source>
@@ -153,6 +142,21 @@ Choisissez-en un avec Fichier &gt; Ouvrir, ou saisissez OPEN ou NEW.</translatio
     </message>
 </context>
 <context>
+    <name>fxhost::EmptyHint</name>
+    <message>
+        <source>No drawing is open</source>
+        <translation>Aucun dessin n&apos;est ouvert</translation>
+    </message>
+    <message>
+        <source>Choose File &gt; Open, or drop drawing files here.</source>
+        <translation>Choisissez Fichier &gt; Ouvrir, ou déposez ici des fichiers de dessin.</translation>
+    </message>
+    <message>
+        <source>Drawings that you open are listed in File &gt; Recent Drawings. Later, F4 shows their pictures.</source>
+        <translation>Les dessins que vous ouvrez figurent dans Fichier &gt; Dessins récents. Plus tard, F4 affiche leurs images.</translation>
+    </message>
+</context>
+<context>
     <name>fxhost::FileProbe</name>
     <message>
         <source>The program %1 does not work: %2.</source>
@@ -162,8 +166,12 @@ Choisissez-en un avec Fichier &gt; Ouvrir, ou saisissez OPEN ou NEW.</translatio
 <context>
     <name>fxhost::FxHost</name>
     <message>
-        <source>The profile directory %1 cannot be created. Settings and recent documents are not saved.</source>
-        <translation>Le dossier de profil %1 ne peut pas être créé. Les paramètres et les documents récents ne sont pas enregistrés.</translation>
+        <source>The directory %1 cannot be created. Settings are not saved.</source>
+        <translation>Le répertoire %1 ne peut pas être créé. Les paramètres ne sont pas enregistrés.</translation>
+    </message>
+    <message>
+        <source>The directory %1 cannot be created. Recent documents are not saved.</source>
+        <translation>Le répertoire %1 ne peut pas être créé. Les documents récents ne sont pas enregistrés.</translation>
     </message>
 </context>
 <context>
@@ -238,6 +246,30 @@ Choisissez-en un avec Fichier &gt; Ouvrir, ou saisissez OPEN ou NEW.</translatio
     <message>
         <source>Loaded: %1.</source>
         <translation>Chargés : %1.</translation>
+    </message>
+    <message>
+        <source>The command needs the path of a drawing, or an open drawing with a file.</source>
+        <translation>La commande a besoin du chemin d&apos;un dessin, ou d&apos;un dessin ouvert qui a un fichier.</translation>
+    </message>
+    <message>
+        <source>The drawing is not kept. At most %1 can be.</source>
+        <translation>Le dessin n&apos;est pas conservé. Au plus %1 dessins peuvent l&apos;être.</translation>
+    </message>
+    <message>
+        <source>The drawing &quot;%1&quot; is kept in the list of recent drawings. RECENTREMOVE removes it from the list.</source>
+        <translation>Le dessin « %1 » est conservé dans la liste des dessins récents. RECENTREMOVE le retire de la liste.</translation>
+    </message>
+    <message>
+        <source>The drawing &quot;%1&quot; is not in the list of recent drawings.</source>
+        <translation>Le dessin « %1 » n&apos;est pas dans la liste des dessins récents.</translation>
+    </message>
+    <message>
+        <source>Drawings removed from the list: %1.</source>
+        <translation>Dessins retirés de la liste : %1.</translation>
+    </message>
+    <message>
+        <source>Drawings that stay in the list because they are kept: %1. RECENTREMOVE removes them.</source>
+        <translation>Dessins qui restent dans la liste parce qu&apos;ils sont conservés : %1. RECENTREMOVE les retire.</translation>
     </message>
 </context>
 <context>
@@ -338,6 +370,14 @@ Choisissez-en un avec Fichier &gt; Ouvrir, ou saisissez OPEN ou NEW.</translatio
         <source>Shows the help.</source>
         <translation>Affiche l&apos;aide.</translation>
     </message>
+    <message>
+        <source>&amp;Manage Recent Drawings...</source>
+        <translation>&amp;Gérer les dessins récents...</translation>
+    </message>
+    <message>
+        <source>Opens recent drawings, keeps them, or removes them from the list.</source>
+        <translation>Ouvre des dessins récents, les conserve ou les retire de la liste.</translation>
+    </message>
 </context>
 <context>
     <name>fxhost::HostSettings</name>
@@ -372,8 +412,16 @@ Choisissez-en un avec Fichier &gt; Ouvrir, ou saisissez OPEN ou NEW.</translatio
         <translation>Ouvrir un dessin</translation>
     </message>
     <message>
-        <source>Drawings (*.dwg *.DWG);;All files (*)</source>
-        <translation>Dessins (*.dwg *.DWG);;Tous les fichiers (*)</translation>
+        <source>There are no recent drawings yet. Open one with OPEN, or drop its file on the window.</source>
+        <translation>Il n&apos;y a pas encore de dessins récents. Ouvrez-en un avec OPEN, ou déposez son fichier sur la fenêtre.</translation>
+    </message>
+    <message>
+        <source>Drawings, templates and backups</source>
+        <translation>Dessins, modèles et sauvegardes</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>Tous les fichiers</translation>
     </message>
 </context>
 <context>
@@ -491,6 +539,118 @@ Aide : « %1 --help ».</translation>
     </message>
 </context>
 <context>
+    <name>fxhost::RecentDrawingsDialog</name>
+    <message>
+        <source>Recent Drawings</source>
+        <translation>Dessins récents</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>&amp;Ouvrir</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Retirer</translation>
+    </message>
+    <message>
+        <source>Remove &amp;All...</source>
+        <translation>&amp;Tout retirer...</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Annuler</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>&amp;Limit, without kept drawings:</source>
+        <translation>&amp;Limite, sans les dessins conservés :</translation>
+    </message>
+    <message>
+        <source>Stop &amp;Keeping</source>
+        <translation>Ne &amp;plus conserver</translation>
+    </message>
+    <message>
+        <source>&amp;Keep</source>
+        <translation>&amp;Conserver</translation>
+    </message>
+    <message>
+        <source>The list is empty. Drawings are listed here after you open them.</source>
+        <translation>La liste est vide. Les dessins y figurent après que vous les avez ouverts.</translation>
+    </message>
+    <message>
+        <source>Kept drawings are first in the list and stay until you remove them. Removing a drawing from the list does not delete its file.</source>
+        <translation>Les dessins conservés sont les premiers de la liste et y restent tant que vous ne les retirez pas. Retirer un dessin de la liste ne supprime pas son fichier.</translation>
+    </message>
+    <message>
+        <source>At most %1 drawings can be kept.</source>
+        <translation>Au plus %1 dessins peuvent être conservés.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n drawing(s) from the list?</source>
+        <translation>
+            <numerusform>Retirer %n dessin de la liste ?</numerusform>
+            <numerusform>Retirer %n dessins de la liste ?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n kept drawing(s) will stay.</source>
+        <translation>
+            <numerusform>%n dessin conservé restera.</numerusform>
+            <numerusform>%n dessins conservés resteront.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Retirer</translation>
+    </message>
+</context>
+<context>
+    <name>fxhost::RecentDrawingsModel</name>
+    <message>
+        <source>Drawing</source>
+        <translation>Dessin</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Dossier</translation>
+    </message>
+    <message>
+        <source>Last Opened</source>
+        <translation>Dernière ouverture</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>État</translation>
+    </message>
+    <message>
+        <source>%1 (file date)</source>
+        <translation>%1 (date du fichier)</translation>
+    </message>
+    <message>
+        <source>Kept, missing</source>
+        <translation>Conservé, introuvable</translation>
+    </message>
+    <message>
+        <source>Missing</source>
+        <translation>Introuvable</translation>
+    </message>
+    <message>
+        <source>Kept, does not respond</source>
+        <translation>Conservé, ne répond pas</translation>
+    </message>
+    <message>
+        <source>Does not respond</source>
+        <translation>Ne répond pas</translation>
+    </message>
+    <message>
+        <source>Kept</source>
+        <translation>Conservé</translation>
+    </message>
+</context>
+<context>
     <name>fxhost::RecentFileStore</name>
     <message>
         <source>The list of recent documents, %1, cannot be read: %2. It is not changed until it can be read again.</source>
@@ -511,6 +671,10 @@ Aide : « %1 --help ».</translation>
     <message>
         <source>The list of recent documents, %1, cannot be written: %2.</source>
         <translation>La liste des documents récents, %1, ne peut pas être écrite : %2.</translation>
+    </message>
+    <message>
+        <source>The former list of recent documents, %1, is damaged or cannot be read. Its entries are missing from the list.</source>
+        <translation>L&apos;ancienne liste des documents récents, %1, est endommagée ou ne peut pas être lue. Ses éléments manquent dans la liste.</translation>
     </message>
 </context>
 <context>

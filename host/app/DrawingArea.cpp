@@ -2,18 +2,18 @@
 #include "host/app/DrawingArea.h"
 
 #include "host/app/DocumentView.h"
+#include "host/app/EmptyHint.h"
 #include "host/app/Look.h"
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
 
 #include <QEvent>
 #include <QMdiSubWindow>
-#include <QPainter>
 
 namespace fxhost {
 
 DrawingArea::DrawingArea(DocumentManager &documents, QWidget *parent)
-    : QMdiArea(parent), m_documents(documents)
+    : QMdiArea(parent), m_documents(documents), m_hint(new EmptyHint(viewport()))
 {
     setBackground(look::backdrop);
     setFrameShape(QFrame::NoFrame);
@@ -45,6 +45,7 @@ Document *DrawingArea::documentOf(const QObject *window) const
 
 void DrawingArea::addWindow(Document *document)
 {
+    m_hint->hide();
     // As in other drawing programs, a drawing fills the area until the user arranges the windows.
     const QMdiSubWindow *active = activeSubWindow();
     const bool maximized = !active || active->isMaximized();
@@ -67,6 +68,7 @@ void DrawingArea::removeWindow(Document *document)
     // again.
     if (QMdiSubWindow *window = m_windows.take(document))
         window->close();
+    m_hint->setVisible(m_windows.isEmpty());
 }
 
 void DrawingArea::showCurrent(Document *document)
@@ -88,15 +90,10 @@ bool DrawingArea::eventFilter(QObject *watched, QEvent *event)
     return QMdiArea::eventFilter(watched, event);
 }
 
-void DrawingArea::paintEvent(QPaintEvent *event)
+void DrawingArea::resizeEvent(QResizeEvent *event)
 {
-    QMdiArea::paintEvent(event);
-    if (!m_windows.isEmpty())
-        return;
-    QPainter painter(viewport());
-    painter.setPen(look::ink);
-    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap,
-                     tr("No drawing is open.\n\nChoose one with File > Open, or type OPEN or NEW."));
+    QMdiArea::resizeEvent(event);
+    m_hint->resize(viewport()->size());
 }
 
 } // namespace fxhost

@@ -22,7 +22,7 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
-    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void addWindow(Document *document);
@@ -31,6 +31,7 @@ private:
     Document *documentOf(const QObject *window) const;
 
     DocumentManager &m_documents;
+    QWidget *m_hint; //!< shown while no drawing is open
     QMap<Document *, QMdiSubWindow *> m_windows;
 };
 

@@ -30,6 +30,8 @@ public:
             addEntry(menu, "Close", tr("&Close"), "CLOSE", tr("Closes the current drawing."), "Ctrl+W");
         menu.addSeparator();
         menu.add(UIMenuItem::Kind::RecentFiles, L"ID_RECENT_FILES_MENU", tr("&Recent Drawings"));
+        addEntry(menu, "RecentManage", tr("&Manage Recent Drawings..."), "RECENTMANAGE",
+                 tr("Opens recent drawings, keeps them, or removes them from the list."));
         menu.addSeparator();
         addEntry(menu, "Quit", tr("E&xit"), "QUIT", tr("Closes all drawings and quits the program."),
                  "Ctrl+Q");

@@ -28,7 +28,8 @@ QString inForm(const QString &name, const QString &begun)
 
 bool takesPath(const QString &command)
 {
-    static const QStringList names = {QStringLiteral("OPEN"), QStringLiteral("RECENTADD"),
+    static const QStringList names = {QStringLiteral("OPEN"),       QStringLiteral("RECENTADD"),
+                                      QStringLiteral("RECENTKEEP"), QStringLiteral("RECENTREMOVE"),
                                       QStringLiteral("MODULELOAD"), QStringLiteral("SCREENSHOT")};
     return names.contains(inForm(command, QString()), Qt::CaseInsensitive);
 }

@@ -8,15 +8,17 @@
 #include "host/app/HelpWindow.h"
 #include "host/app/LineCompleter.h"
 #include "host/app/MenuBuilder.h"
+#include "host/app/OpenLater.h"
 #include "host/app/ProgramOptions.h"
+#include "host/app/recent/RecentDrawingsDialog.h"
 #include "host/runtime/FxHost.h"
 #include "host/runtime/HostSettings.h"
 #include "host/runtime/Paths.h"
-#include "host/runtime/commands/CommandRun.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/probe/FileProbe.h"
+#include "host/runtime/recent/RecentFiles.h"
 
 #include <CFxCommand.h>
 #include <sdkhost/Customization.h>
@@ -45,6 +47,9 @@ namespace {
 // Size of the normal window if it has always been maximised, in pixels: large enough for a drawing, and small
 // enough to leave space for other windows.
 constexpr QSize firstSize(1100, 760);
+
+//! Of the module that shows the recent drawings. It shows nothing if there are none.
+constexpr char browserCommand[] = "_RECENT";
 
 //! True if a key is passed on to the command line. Modifier keys are not: pressing Ctrl would take the focus
 //! from the text that the user is copying with Ctrl+C.
@@ -156,9 +161,12 @@ void MainWindow::connectCommandLine()
             [this](const QString &name, const QString &argument) {
                 m_commandLine->echo((name + QLatin1Char(' ') + argument).trimmed());
             });
-    connect(&commands, &CommandRunner::commandEnded, m_commandLine, [this](const QString &, int result) {
+    connect(&commands, &CommandRunner::commandEnded, m_commandLine, [this](const QString &name, int result) {
         if (result == CFxCommand::cancelled)
             m_commandLine->showMessage(tr("*Cancelled*"));
+        if (name == QLatin1String(browserCommand) && m_host.recentFiles().entries().isEmpty())
+            m_host.showMessage(
+                tr("There are no recent drawings yet. Open one with OPEN, or drop its file on the window."));
     });
 }
 
@@ -184,6 +192,15 @@ void MainWindow::showHelp(int topic)
     m_helpWindow->showTopic(topic);
 }
 
+void MainWindow::showRecentDrawings()
+{
+    if (!m_recentDrawings)
+        m_recentDrawings = new RecentDrawingsDialog(m_host, this);
+    m_recentDrawings->show();
+    m_recentDrawings->raise();
+    m_recentDrawings->activateWindow();
+}
+
 //! The folder in which the last drawing was chosen, unless it is unresponsive: the dialog would wait for it.
 QString MainWindow::firstDirectory()
 {
@@ -196,8 +213,12 @@ QString MainWindow::firstDirectory()
 
 QString MainWindow::choosePath()
 {
-    const QPointer<QFileDialog> dialog = new QFileDialog(this, tr("Open Drawing"), firstDirectory(),
-                                                         tr("Drawings (*.dwg *.DWG);;All files (*)"));
+    const QPointer<QFileDialog> dialog = new QFileDialog(this, tr("Open Drawing"), firstDirectory());
+    dialog->setOption(QFileDialog::HideNameFilterDetails);
+    // Qt's own dialog ignores the case of patterns, but not each desktop's dialog.
+    dialog->setNameFilters({tr("Drawings, templates and backups") +
+                                QStringLiteral(" (*.[dD][wW][gG] *.[dD][wW][tT] *.[bB][aA][kK])"),
+                            tr("All files") + QStringLiteral(" (*)")});
     dialog->setFileMode(QFileDialog::ExistingFile);
     const bool isChosen = dialog->exec() == QDialog::Accepted;
     if (!dialog)
@@ -264,15 +285,7 @@ void MainWindow::dropEvent(QDropEvent *event)
     // drag opens the files; opening them here would open them twice.
     if (event->source())
         return;
-    CommandRunner &commands = m_host.commands();
-    // From the event loop, because the other program waits until this function returns.
-    const auto open = [&commands, files] {
-        for (const QString &file : files) {
-            if (CommandRun *run = commands.run(QStringLiteral("_OPEN"), file))
-                run->release();
-        }
-    };
-    QMetaObject::invokeMethod(&commands, open, Qt::QueuedConnection);
+    openLater(m_host.commands(), files); // the other program waits until this function returns
 }
 
 void MainWindow::keyPressEvent(QKeyEvent *event)

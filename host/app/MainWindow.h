@@ -4,6 +4,7 @@
 #include "host/runtime/commands/CommandSet.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 class QLabel;
 
@@ -15,6 +16,7 @@ class DrawingArea;
 class FxHost;
 class HelpWindow;
 class MenuBuilder;
+class RecentDrawingsDialog;
 
 //! The program's main window: menus from the customisation data, the drawing windows, the command line and
 //! a status bar. Files that are dropped on it from other programs are opened. GUI thread.
@@ -31,6 +33,8 @@ public:
 
     DrawingArea &drawingArea() { return *m_drawingArea; }
     const CommandLineWidget &commandLine() const { return *m_commandLine; }
+    //! Opens the dialog of the recent drawings, or brings it to the front.
+    void showRecentDrawings();
 
 protected:
     bool focusNextPrevChild(bool next) override;
@@ -54,7 +58,8 @@ private:
     DrawingArea *m_drawingArea;
     CommandLineWidget *m_commandLine;
     QLabel *m_factsLabel;
-    HelpWindow *m_helpWindow = nullptr; //!< created on first use
+    HelpWindow *m_helpWindow = nullptr;              //!< created on first use
+    QPointer<RecentDrawingsDialog> m_recentDrawings; //!< deletes itself
     CommandSet m_commands;
 };
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/RecentFilesMenu.h"
 
+#include "host/app/OpenLater.h"
 #include "host/runtime/FxHost.h"
-#include "host/runtime/commands/CommandRun.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/modules/ModuleManager.h"
@@ -104,11 +104,7 @@ void RecentFilesMenu::adopt(const QWidgetAction *entry)
 void RecentFilesMenu::openWhenTriggered(const QAction *entry, const QString &path)
 {
     CommandRunner &commands = m_host.commands();
-    const auto open = [&commands, path] {
-        if (CommandRun *run = commands.run(QStringLiteral("_OPEN"), path))
-            run->release();
-    };
-    connect(entry, &QAction::triggered, &commands, open, Qt::QueuedConnection);
+    connect(entry, &QAction::triggered, &commands, [&commands, path] { openLater(commands, {path}); });
 }
 
 void RecentFilesMenu::prepare()

@@ -17,7 +17,6 @@
 #include <QDir>
 #include <QIcon>
 #include <QSettings>
-#include <QStandardPaths>
 #include <QTextStream>
 
 #include <vector>
@@ -36,9 +35,9 @@ void printError(const QString &text)
     QTextStream(stderr) << QCoreApplication::applicationName() << ": " << text << '\n';
 }
 
-QString profileDir(const ProgramOptions &options)
+ProfileFolders profileFolders(const ProgramOptions &options)
 {
-    return options.profileDir.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)
+    return options.profileDir.isEmpty() ? ProfileFolders::ofUser()
                                         : QDir::current().absoluteFilePath(options.profileDir);
 }
 
@@ -61,14 +60,14 @@ void place(MainWindow &window, const ProgramOptions &options)
 
 int run(const ProgramOptions &options)
 {
-    const QString profile = profileDir(options);
-    if (!QDir().mkpath(profile)) {
-        printError(Texts::tr("the profile directory %1 cannot be created").arg(profile));
+    const ProfileFolders profile = profileFolders(options);
+    if (!QDir().mkpath(profile.settings)) {
+        printError(Texts::tr("the profile directory %1 cannot be created").arg(profile.settings));
         return ProgramStart::usageError;
     }
 
     // Qt's own dialogs store their settings here.
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, profile);
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, profile.settings);
     FxHost host(profile, options.logFile);
     QObject::connect(&host, &FxHost::message, &host, printError);
     if (const Outcome logged = host.log().outcome(); !logged) {

@@ -48,18 +48,22 @@ private:
     ReachableRecentFiles &m_recentFiles;
 };
 
-FxHost::FxHost(const QString &profileDir, const QString &logFile, QObject *parent) : QObject(parent)
+FxHost::FxHost(const ProfileFolders &folders, const QString &logFile, QObject *parent) : QObject(parent)
 {
     Q_ASSERT_X(!Host::installed(), "FxHost", "one host at a time");
     const MessageSink report = [this](const QString &text) { FxHost::showMessage(text); };
 
     m_log = std::make_unique<HostLog>(logFile);
-    const QDir profile(profileDir);
-    if (!QDir().mkpath(profileDir))
-        report(tr("The profile directory %1 cannot be created. Settings and recent documents are not saved.")
-                   .arg(profileDir));
-    m_settings = std::make_unique<HostSettings>(profileDir, report);
-    m_recentFileStore = std::make_unique<RecentFileStore>(profile.filePath(QStringLiteral("recent.txt")));
+    const bool isDivided = folders.state != folders.settings;
+    if (!QDir().mkpath(folders.settings))
+        report(tr("The directory %1 cannot be created. Settings are not saved.").arg(folders.settings));
+    if (isDivided && !QDir().mkpath(folders.state))
+        report(tr("The directory %1 cannot be created. Recent documents are not saved.").arg(folders.state));
+    m_settings = std::make_unique<HostSettings>(folders.settings, report);
+    const QString listName = QStringLiteral("recent.txt");
+    m_recentFileStore =
+        std::make_unique<RecentFileStore>(QDir(folders.state).filePath(listName),
+                                          isDivided ? QDir(folders.settings).filePath(listName) : QString());
     m_recentFiles = std::make_unique<RecentFiles>(*m_recentFileStore, *m_settings, report);
     m_fileProbe = std::make_unique<FileProbe>();
     m_reachableRecentFiles = std::make_unique<ReachableRecentFiles>(*m_recentFiles, *m_fileProbe, report);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/runtime/FxHostApi.h"
+#include "host/runtime/ProfileFolders.h"
 
 #include <CFxServices.h>
 #include <sdkhost/Host.h>
@@ -44,9 +45,10 @@ public:
 
     //! Reads the profile. Errors do not stop the host. message() reports them from the event loop, so that
     //! the program can connect to it first.
-    //! \param profileDir the folder of the settings and the recent-file list; created if it is missing
+    //! \param folders created if they are missing. If the recent documents have a folder of their own, a list
+    //! in the folder of the settings, where former versions stored it, is moved there
     //! \param logFile receives a line for each request to the host; empty for no log
-    FxHost(const QString &profileDir, const QString &logFile, QObject *parent = nullptr);
+    FxHost(const ProfileFolders &folders, const QString &logFile, QObject *parent = nullptr);
     ~FxHost() override;
 
     HostLog &log();

@@ -27,14 +27,17 @@ QByteArrayList commandSeeds()
 
 QByteArrayList recentListSeeds()
 {
-    const QByteArray header = "fxhost recent documents 1\n";
+    const QByteArray header = "fxhost recent documents 2\n";
+    const QByteArray formerHeader = "fxhost recent documents 1\n";
     return {
         header,
-        header + "/home/me/plan.dwg\n/pl\xC3\xA4ne/100%25 neu.dwg\n",
-        header + "/line%0Aend%0Dand%09tab%7F.dwg\n//twice//slashed/../dotted.dwg\n",
-        header + "/a%FF%FEb.dwg\n",
-        header + "relative.dwg\n",
-        header + "/cut",
+        header + "kept 2026-11-22T12:00:00Z /home/me/plan.dwg\n- - /pl\xC3\xA4ne/100%25 neu.dwg\n",
+        header +
+            "kept - /line%0Aend%0Dand%09tab%7F.dwg\n- 1970-01-01T00:00:00Z //twice//slashed/../dotted.dwg\n",
+        header + "- - /a%FF%FEb.dwg\n",
+        header + "- - relative.dwg\n",
+        header + "- - /cut",
+        formerHeader + "/home/me/plan.dwg\n/a%FF%FEb.dwg\n",
     };
 }
 

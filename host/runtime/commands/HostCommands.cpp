@@ -6,6 +6,7 @@
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/commands/CommandSet.h"
 #include "host/runtime/commands/TypedPath.h"
+#include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/modules/ModuleManager.h"
 #include "host/runtime/recent/RecentFiles.h"
@@ -103,9 +104,48 @@ public:
 
     int recentAdd(const CFxCommandContext &context) const
     {
-        if (context.argument().isEmpty())
+        const QString path = typedFullPath(context);
+        if (path.isEmpty())
             return fail(tr("The command needs the path of a drawing."));
-        m_host.recentFiles().add(absolutePath(typedPath(context.argument(), m_host.fileProbe())));
+        m_host.recentFiles().add(path);
+        return CFxCommand::normalCompletion;
+    }
+
+    int recentKeep(const CFxCommandContext &context) const
+    {
+        QString path = typedFullPath(context);
+        if (path.isEmpty()) {
+            const Document *current = m_host.documents().current();
+            if (!current || current->isNew())
+                return fail(tr("The command needs the path of a drawing, or an open drawing with a file."));
+            path = current->filePath();
+        }
+        if (!m_host.recentFiles().setKept({path}, true))
+            return fail(tr("The drawing is not kept. At most %1 can be.").arg(mostKept));
+        m_host.showMessage(tr("The drawing \"%1\" is kept in the list of recent drawings. RECENTREMOVE "
+                              "removes it from the list.")
+                               .arg(path));
+        return CFxCommand::normalCompletion;
+    }
+
+    int recentRemove(const CFxCommandContext &context) const
+    {
+        const QString path = typedFullPath(context);
+        if (path.isEmpty())
+            return fail(tr("The command needs the path of a drawing."));
+        if (m_host.recentFiles().remove({path}) == 0)
+            return fail(tr("The drawing \"%1\" is not in the list of recent drawings.").arg(path));
+        return CFxCommand::normalCompletion;
+    }
+
+    int recentClear(const CFxCommandContext &) const
+    {
+        RecentFiles &list = m_host.recentFiles();
+        m_host.showMessage(tr("Drawings removed from the list: %1.").arg(list.clear()));
+        if (!list.entries().isEmpty())
+            m_host.showMessage(tr("Drawings that stay in the list because they are kept: %1. RECENTREMOVE "
+                                  "removes them.")
+                                   .arg(list.entries().size()));
         return CFxCommand::normalCompletion;
     }
 
@@ -131,6 +171,12 @@ public:
     }
 
 private:
+    //! Empty if the command has no argument.
+    QString typedFullPath(const CFxCommandContext &context) const
+    {
+        return absolutePath(typedPath(context.argument(), m_host.fileProbe()));
+    }
+
     //! A blank and a sentence, to append to another one.
     QString whatIsLoaded() const
     {
@@ -173,6 +219,9 @@ void addHostCommands(CommandSet &set, FxHost &host)
     add(QStringLiteral("DELAY"), &HostCommands::delay);
     add(QStringLiteral("RECENTLIMIT"), &HostCommands::recentLimit);
     add(QStringLiteral("RECENTADD"), &HostCommands::recentAdd);
+    add(QStringLiteral("RECENTKEEP"), &HostCommands::recentKeep);
+    add(QStringLiteral("RECENTREMOVE"), &HostCommands::recentRemove);
+    add(QStringLiteral("RECENTCLEAR"), &HostCommands::recentClear);
     add(QStringLiteral("MODULELOAD"), &HostCommands::moduleLoad);
     add(QStringLiteral("MODULEUNLOAD"), &HostCommands::moduleUnload);
 }

@@ -10,6 +10,7 @@
 #include <sdkhost/Host.h>
 #include <sdkhost/Strings.h>
 
+#include <QDateTime>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -108,7 +109,7 @@ Outcome DocumentManager::openFile(const QString &path)
         return Outcome::failed(tr("Its disk or server does not respond."));
     const QString canonicalPath = QFileInfo(path).canonicalFilePath(); // empty if the file does not exist
     if (Document *document = findOpen(path, canonicalPath)) {
-        m_recentFiles.add(document->filePath());
+        m_recentFiles.add(document->filePath(), QDateTime::currentDateTimeUtc());
         bringToFront(document);
         return {};
     }
@@ -137,7 +138,8 @@ Document *DocumentManager::introduce(const std::shared_ptr<Document> &document)
     CFxDocument *const published = document.get();
     m_reactors.notify(&Reactor::DocumentCreateStarted, published);
     m_reactors.notify(&Reactor::DatabaseAttached, published);
-    m_recentFiles.add(document->filePath()); // not a new drawing's, which is empty
+    // Not a new drawing, whose path is empty.
+    m_recentFiles.add(document->filePath(), QDateTime::currentDateTimeUtc());
     m_documents.push_back(document);
     emit documentAdded(document.get());
     m_reactors.notify(&Reactor::DocumentCreated, published);

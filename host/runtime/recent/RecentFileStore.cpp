@@ -17,10 +17,14 @@ namespace fxhost {
 
 namespace {
 
-constexpr char header[] = "fxhost recent documents 1\n";
+constexpr char header[] = "fxhost recent documents 2\n";
+constexpr char formerHeader[] = "fxhost recent documents 1\n"; // then a path per line
+constexpr char keptWord[] = "kept";
+constexpr char nothing[] = "-";
 
-// The most entries, each with the longest path of Linux (4096 bytes), each byte encoded as three.
-constexpr qint64 largestFile = qint64(RecentFiles::largestMaximum) * 4096 * 3; // bytes
+constexpr int mostEntries = mostKept + RecentFiles::largestMaximum;
+// Each with the longest path of Linux (4096 bytes), each byte encoded as three, after the words and the time.
+constexpr qint64 largestFile = qint64(mostEntries) * (4096 * 3 + 64); // bytes
 
 QByteArray encoded(const QString &path)
 {
@@ -32,32 +36,47 @@ QByteArray encoded(const QString &path)
     return isUtf8 ? percentEncoded(bytes, isSpecial) : percentEncoded(bytes, isSpecialOrNotAscii);
 }
 
-//! The path of a line; nothing if the line is not the exact result of encoded() for a full path.
-std::optional<QString> decoded(const QByteArray &line)
+QByteArray lineOf(const RecentEntry &entry)
 {
-    const QString path = pathFromBytes(QByteArray::fromPercentEncoding(line));
-    if (!path.startsWith(QLatin1Char('/')) || encoded(path) != line)
-        return std::nullopt;
-    return path;
+    const QByteArray time = entry.lastOpened.isValid()
+                                ? entry.lastOpened.toUTC().toString(Qt::ISODate).toLatin1()
+                                : QByteArray(nothing);
+    return (entry.isKept ? keptWord : nothing) + (' ' + time) + ' ' + encoded(entry.path);
 }
 
-//! The paths in the file's content; nothing if write() cannot have written it.
-std::optional<QStringList> parsed(const QByteArray &content)
+//! The entry of a line; nothing if the line is not the exact result of lineOf() for a full path.
+std::optional<RecentEntry> entryOf(const QByteArray &line)
 {
-    if (!content.startsWith(header) || !content.endsWith('\n'))
+    const int afterWord = line.indexOf(' ') + 1;
+    const int afterTime = line.indexOf(' ', afterWord) + 1;
+    RecentEntry entry;
+    entry.path = pathFromBytes(QByteArray::fromPercentEncoding(line.mid(afterTime)));
+    entry.isKept = line.startsWith(keptWord);
+    const QByteArray time = line.mid(afterWord, afterTime - afterWord - 1);
+    entry.lastOpened = QDateTime::fromString(QString::fromLatin1(time), Qt::ISODate);
+    if (!entry.path.startsWith(QLatin1Char('/')) || lineOf(entry) != line)
+        return std::nullopt;
+    return entry;
+}
+
+//! The entries in the file's content; nothing if no version of write() can have written it.
+std::optional<RecentEntries> parsed(const QByteArray &content)
+{
+    const bool isFormer = content.startsWith(formerHeader);
+    if (!(isFormer || content.startsWith(header)) || !content.endsWith('\n'))
         return std::nullopt;
     QList<QByteArray> lines = content.mid(int(qstrlen(header))).split('\n');
     lines.removeLast(); // nothing follows the last line end
-    if (lines.size() > RecentFiles::largestMaximum)
+    if (lines.size() > mostEntries)
         return std::nullopt;
-    QStringList paths;
+    RecentEntries entries;
     for (const QByteArray &line : qAsConst(lines)) {
-        const std::optional<QString> path = decoded(line);
-        if (!path)
+        const std::optional<RecentEntry> entry = entryOf(isFormer ? "- - " + line : line);
+        if (!entry)
             return std::nullopt;
-        paths.append(*path);
+        entries.append(*entry);
     }
-    return paths;
+    return entries;
 }
 
 //! How long to wait for another program that is writing the file, which takes a few milliseconds.
@@ -104,30 +123,33 @@ public:
     };
 
     Outcome outcome = Outcome::NoFile;
-    QStringList paths;
+    RecentEntries entries;
     QString error; //!< why it is unreadable
 };
 
-RecentFileStore::RecentFileStore(const QString &file) : m_file(file) {}
-
-RecentFileStore::Reading RecentFileStore::read() const
+RecentFileStore::RecentFileStore(const QString &file, const QString &formerFile)
+    : m_file(file), m_formerFile(formerFile)
 {
-    const QFileInfo info(m_file);
+}
+
+RecentFileStore::Reading RecentFileStore::read(const QString &path)
+{
+    const QFileInfo info(path);
     if (!info.exists())
         return {Reading::Outcome::NoFile, {}, {}};
     // Opening a FIFO would wait for a writer.
     if (!info.isFile() || info.size() > largestFile)
         return {Reading::Outcome::Damaged, {}, {}};
-    QFile file(m_file);
+    QFile file(path);
     const QByteArray content = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     if (file.error() != QFileDevice::NoError)
         return {Reading::Outcome::Unreadable, {}, file.errorString()};
-    if (const std::optional<QStringList> paths = parsed(content))
-        return {Reading::Outcome::Read, *paths, {}};
+    if (const std::optional<RecentEntries> entries = parsed(content))
+        return {Reading::Outcome::Read, *entries, {}};
     return {Reading::Outcome::Damaged, {}, {}};
 }
 
-RecentFileStore::Stored RecentFileStore::keepForLater(const QStringList &known, const Change &change,
+RecentFileStore::Stored RecentFileStore::keepForLater(const RecentEntries &known, const Change &change,
                                                       const QString &problem)
 {
     m_unwritten.push_back(change);
@@ -153,15 +175,41 @@ RecentFileStore::Stored RecentFileStore::load()
     const FileLock lock(lockFile(m_file), lockWait);
     if (lock.isHeld())
         removeUnfinished(m_file);
-    const Reading reading = read();
+    const Reading reading = read(m_file);
     if (reading.outcome == Reading::Outcome::Damaged)
         return {{}, setDamagedAside()};
     if (reading.outcome == Reading::Outcome::Unreadable)
         return {{}, Outcome::failed(unreadable(m_file, reading.error))};
-    return {reading.paths, {}};
+    Stored stored{reading.entries, {}};
+    if (!m_formerFile.isEmpty() && !lock.isBusy())
+        takeOverFormerFile(stored);
+    return stored;
 }
 
-RecentFileStore::Stored RecentFileStore::update(const QStringList &known, const Change &change)
+//! Must be called while the lock is held, so that of several programs only one moves the entries.
+void RecentFileStore::takeOverFormerFile(Stored &stored) const
+{
+    const Reading reading = read(m_formerFile);
+    const QString path = QFileInfo(m_formerFile).canonicalFilePath();
+    if (reading.outcome == Reading::Outcome::NoFile || path == QFileInfo(m_file).canonicalFilePath())
+        return; // also if both are the same file by links
+    if (reading.outcome != Reading::Outcome::Read) {
+        if (reading.outcome == Reading::Outcome::Damaged)
+            setAside(m_formerFile); // so that it is reported once
+        stored.outcome = Outcome::failed(tr("The former list of recent documents, %1, is damaged or cannot "
+                                            "be read. Its entries are missing from the list.")
+                                             .arg(m_formerFile));
+        return;
+    }
+    stored.entries = fitted(stored.entries + reading.entries, RecentFiles::largestMaximum);
+    stored.outcome = write(stored.entries);
+    if (stored.outcome) {
+        QFile::remove(m_formerFile);
+        QFile::remove(lockFile(m_formerFile));
+    }
+}
+
+RecentFileStore::Stored RecentFileStore::update(const RecentEntries &known, const Change &change)
 {
     if (!m_mayWrite)
         return {change(known), {}}; // load() has reported why
@@ -172,40 +220,40 @@ RecentFileStore::Stored RecentFileStore::update(const QStringList &known, const 
                                "will be saved with the next one.")
                                 .arg(m_file));
     }
-    const Reading reading = read();
+    const Reading reading = read(m_file);
     if (reading.outcome == Reading::Outcome::Unreadable)
         return keepForLater(known, change, unreadable(m_file, reading.error));
 
     const bool isRead = reading.outcome == Reading::Outcome::Read;
-    QStringList listed = known;
+    RecentEntries listed = known;
     if (isRead) {
-        listed = reading.paths;
+        listed = reading.entries;
         for (const Change &earlier : m_unwritten)
             listed = earlier(listed);
     }
-    const QStringList paths = change(listed);
+    const RecentEntries entries = change(listed);
 
     QStringList problems;
-    bool isToWrite = isRead ? paths != reading.paths : paths != known || !m_unwritten.empty();
+    bool isToWrite = isRead ? entries != reading.entries : entries != known || !m_unwritten.empty();
     if (reading.outcome == Reading::Outcome::Damaged) {
         problems << setDamagedAside().reason();
         isToWrite = m_mayWrite;
     }
-    const Outcome written = isToWrite ? write(paths) : Outcome();
+    const Outcome written = isToWrite ? write(entries) : Outcome();
     if (written) {
         m_unwritten.clear();
     } else {
         m_unwritten.push_back(change);
         problems << written.reason();
     }
-    return {paths, problems.isEmpty() ? Outcome() : Outcome::failed(problems.join(QLatin1Char(' ')))};
+    return {entries, problems.isEmpty() ? Outcome() : Outcome::failed(problems.join(QLatin1Char(' ')))};
 }
 
-Outcome RecentFileStore::write(const QStringList &paths) const
+Outcome RecentFileStore::write(const RecentEntries &entries) const
 {
     QByteArray content = header;
-    for (const QString &path : paths)
-        content += encoded(path) + '\n';
+    for (const RecentEntry &entry : entries)
+        content += lineOf(entry) + '\n';
     QSaveFile file(m_file);
     // flush() is needed because commit() does not detect errors that occur when the buffer is written.
     if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush() &&

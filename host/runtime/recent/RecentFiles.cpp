@@ -6,22 +6,39 @@
 
 #include <sdkhost/GuiThread.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace fxhost {
 
-RecentFiles::RecentFiles(RecentFileStore &store, HostSettings &settings, MessageSink report)
-    : m_store(store), m_settings(settings), m_report(std::move(report))
+namespace {
+
+//! Takes the entry with this path out of the list; a new one if there is none.
+RecentEntry taken(RecentEntries &entries, const QString &path)
+{
+    const int index = indexOf(entries, path);
+    return index < 0 ? RecentEntry{path, false, {}} : entries.takeAt(index);
+}
+
+bool isKept(const RecentEntry &entry)
+{
+    return entry.isKept;
+}
+
+} // namespace
+
+RecentFiles::RecentFiles(RecentFileStore &store, HostSettings &settings, MessageSink report, QObject *parent)
+    : QObject(parent), m_store(store), m_settings(settings), m_report(std::move(report))
 {
     const RecentFileStore::Stored stored = m_store.load();
-    m_paths = normalized(stored.paths);
+    m_entries = normalized(stored.entries);
     if (!stored.outcome)
         m_report(stored.outcome.reason());
 }
 
 void RecentFiles::refresh()
 {
-    apply([](const QStringList &listed) { return listed; });
+    apply([](RecentEntries listed) { return listed; });
 }
 
 void RecentFiles::writeRest()
@@ -32,31 +49,82 @@ void RecentFiles::writeRest()
 
 void RecentFiles::setPaths(const QStringList &paths)
 {
-    apply([paths](const QStringList &) { return paths; });
+    apply([paths](const RecentEntries &) { return entriesOf(paths); });
 }
 
-void RecentFiles::add(const QString &path)
+void RecentFiles::add(const QString &path, const QDateTime &opened)
 {
-    if (!path.isEmpty())
-        apply([path](const QStringList &listed) { return QStringList(path) + listed; });
+    if (path.isEmpty())
+        return;
+    // Stored in whole seconds, so that the list in memory is the same.
+    const QDateTime time =
+        opened.isValid() ? QDateTime::fromSecsSinceEpoch(opened.toSecsSinceEpoch(), Qt::UTC) : QDateTime();
+    apply([path, time](RecentEntries listed) {
+        const int index = indexOf(listed, path);
+        const bool staysThere = index >= 0 && listed.at(index).isKept;
+        RecentEntry entry = taken(listed, path);
+        if (time.isValid())
+            entry.lastOpened = time;
+        listed.insert(staysThere ? index : 0, entry);
+        return listed;
+    });
 }
 
-bool RecentFiles::remove(const QString &path)
+int RecentFiles::applyRemoval(const std::function<bool(const RecentEntry &)> &isRemoved)
 {
-    refresh(); // another program may have added it
-    const bool wasListed = m_paths.contains(path);
-    if (wasListed) {
-        apply([path](QStringList listed) {
-            listed.removeOne(path);
-            return listed;
-        });
-    }
-    return wasListed;
+    refresh(); // another program may have added some
+    const int before = m_entries.size();
+    apply([isRemoved](RecentEntries listed) {
+        listed.erase(std::remove_if(listed.begin(), listed.end(), isRemoved), listed.end());
+        return listed;
+    });
+    return before - m_entries.size();
 }
 
-void RecentFiles::clear()
+int RecentFiles::remove(const QStringList &paths)
 {
-    setPaths({});
+    return applyRemoval([paths](const RecentEntry &entry) { return paths.contains(entry.path); });
+}
+
+int RecentFiles::clear()
+{
+    return applyRemoval([](const RecentEntry &entry) { return !entry.isKept; });
+}
+
+bool RecentFiles::setKept(const QStringList &paths, bool isKeptThen)
+{
+    apply([paths, isKeptThen](RecentEntries listed) {
+        for (const QString &path : paths) {
+            const int index = indexOf(listed, path);
+            const bool isRoom = std::count_if(listed.begin(), listed.end(), isKept) < mostKept;
+            if (index >= 0 && (isRoom || !isKeptThen))
+                listed[index].isKept = isKeptThen;
+            else if (isKeptThen && isRoom)
+                listed.append({path, true, {}});
+        }
+        return listed;
+    });
+    return !isKeptThen || std::all_of(paths.begin(), paths.end(), [this](const QString &path) {
+        const int index = indexOf(m_entries, path);
+        return index >= 0 && m_entries.at(index).isKept;
+    });
+}
+
+void RecentFiles::revert(const RecentEntries &before, const RecentEntries &after)
+{
+    apply([before, after](RecentEntries listed) {
+        for (int i = 0; i < before.size(); ++i) {
+            const RecentEntry &former = before.at(i);
+            if (after.contains(former))
+                continue;
+            taken(listed, former.path);
+            int place = 0;
+            for (int above = i - 1; above >= 0 && place == 0; --above)
+                place = indexOf(listed, before.at(above).path) + 1;
+            listed.insert(place, former);
+        }
+        return listed;
+    });
 }
 
 int RecentFiles::maximum() const
@@ -75,11 +143,9 @@ bool RecentFiles::setMaximum(int maximum)
     return true;
 }
 
-QStringList RecentFiles::normalized(QStringList paths) const
+RecentEntries RecentFiles::normalized(const RecentEntries &entries) const
 {
-    paths.removeAll(QString());
-    paths.removeDuplicates(); // keeps the first of each
-    return paths.mid(0, maximum());
+    return fitted(entries, maximum());
 }
 
 void RecentFiles::apply(const Change &change)
@@ -87,9 +153,11 @@ void RecentFiles::apply(const Change &change)
     SDKHOST_ASSERT_GUI_THREAD();
     // The store may apply the change again later, to a list that another program has stored meanwhile.
     const RecentFileStore::Stored stored = m_store.update(
-        m_paths, [this, change](const QStringList &listed) { return normalized(change(listed)); });
-    m_paths = stored.paths;
+        m_entries, [this, change](const RecentEntries &listed) { return normalized(change(listed)); });
+    const bool isChanged = std::exchange(m_entries, stored.entries) != stored.entries;
     const QString former = std::exchange(m_reported, stored.outcome.reason());
+    if (isChanged)
+        emit changed();
     if (!stored.outcome && m_reported != former) // not again with each drawing
         m_report(m_reported);
 }

@@ -120,12 +120,18 @@ private slots:
         QCOMPARE(home.run({"_NEW", "_QUIT"}).log, QStringList({"command _NEW 5100", "command _QUIT 5100"}));
     }
 
-    void theDefaultProfileIsInTheConfigurationFolder()
+    void theDefaultProfileIsInTheUsersFolders()
     {
         const ProgramHome home;
+        home.write("home/.config/fxhost/recent.txt", "fxhost recent documents 1\n/former\n");
         const QString script = home.write("quit.txt", "_RECENTADD /1\n_QUIT");
         QCOMPARE(home.runBare({"--no-module", "--script", script}).exitCode, 0);
-        QCOMPARE(linesOf(home.path("home/.config/fxhost/recent.txt")).mid(1), QStringList("/1"));
+        const QDir user(home.path("home"));
+        QCOMPARE(linesOf(user.filePath(".local/state/fxhost/recent.txt")).mid(1),
+                 QStringList({"- - /1", "- - /former"}));
+        const QStringList settings = QDir(user.filePath(".config/fxhost")).entryList(QDir::Files);
+        QVERIFY2(settings.contains("settings.ini") && settings.filter("recent").isEmpty(),
+                 qPrintable(settings.join(' ')));
     }
 
     void theBrowserCanBeUnloadedAndLoadedAtRunTime()

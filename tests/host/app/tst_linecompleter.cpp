@@ -45,7 +45,8 @@ private slots:
         const QStringList plans = {"plan a.dwg", "plan b.dwg"};
         row("a command", "_op", "_OPEN ", {"_OPEN"});
         row("without the underscore", "  dela", "  DELAY ", {"DELAY"});
-        row("several", "_RECENT", "_RECENT", {"_RECENTADD", "_RECENTLIMIT"});
+        row("several", "_RECENT", "_RECENT",
+            {"_RECENTADD", "_RECENTCLEAR", "_RECENTKEEP", "_RECENTLIMIT", "_RECENTREMOVE"});
         row("none", "_NOSUCH", "_NOSUCH", {});
         row("an argument that is not a path", "_HELP ro", "_HELP ro", {});
         row("a file", "_OPEN ro", "_OPEN roof.dwg", {"roof.dwg"});

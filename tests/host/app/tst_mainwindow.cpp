@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "host/app/EmptyHint.h"
 #include "host/app/HelpWindow.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "tests/host/app/ShownProgram.h"
@@ -147,7 +148,7 @@ private slots:
         QCOMPARE(program.input()->text(), "_RECENT 5"); // the rest of the line is kept
         QVERIFY(!program.history().contains("_RECENTADD"));
         QTest::keyClick(program.input(), Qt::Key_Tab);
-        QVERIFY(program.history().endsWith("_RECENTADD  _RECENTLIMIT"));
+        QVERIFY(program.history().contains("_RECENTADD  _RECENTCLEAR"));
         QCOMPARE(program.host.documents().current(), last);
     }
 
@@ -237,6 +238,25 @@ private slots:
         QVERIFY2(history.contains("\nCommand: _OPEN /not/there.dwg\n"), qPrintable(history));
         QVERIFY2(history.contains("does not exist"), qPrintable(history));
         QVERIFY(!QApplication::activeModalWidget()); // it would block a script
+    }
+
+    void withoutDrawingsTheWindowSaysWhatToDo()
+    {
+        ShownProgram program;
+        const auto *hint = program.window.findChild<EmptyHint *>();
+        QCOMPARE(hint->size(), program.window.drawingArea().viewport()->size());
+        CommandSet browser(program.host.commandStack());
+        browser.add("RECENT", [](const CFxCommandContext &) { return CFxCommand::normalCompletion; });
+        const QString open = QString("_OPEN ") + program.drawing("a.dwg");
+        for (const QString &line : {QString("_RECENT"), open}) {
+            QVERIFY(hint->isVisible());
+            program.enter(line);
+        }
+        QVERIFY(!hint->isVisible());
+        program.enter("_CLOSE");
+        QVERIFY(hint->isVisible());
+        program.enter("_RECENT"); // now there is one to show
+        QCOMPARE(program.history().count("no recent drawings"), 1);
     }
 
     void helpShowsThePageOfATopic()
@@ -341,8 +361,9 @@ private slots:
             customization.Refresh();
 
             const QMenu *file = program.window.menuBar()->actions().constFirst()->menu();
-            QCOMPARE(textsOf(file->actions().mid(file->actions().size() - 4)),
-                     QStringList({"&Recent Drawings", "Preview...\tF4", "", "E&xit\tCtrl+Q"}));
+            QCOMPARE(textsOf(file->actions().mid(file->actions().size() - 5)),
+                     QStringList({"&Recent Drawings", "&Manage Recent Drawings...", "Preview...\tF4", "",
+                                  "E&xit\tCtrl+Q"}));
             QCOMPARE(started.count(), 0);
             QTest::keyClick(program.input(), Qt::Key_F4);
             QTRY_COMPARE(started, (QList<QVariantList>{{QStringLiteral("_NEW"), QString()}}));

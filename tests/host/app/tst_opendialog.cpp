@@ -9,6 +9,7 @@
 
 #include <QDragEnterEvent>
 #include <QFileDialog>
+#include <QListView>
 
 #include <csignal>
 #include <functional>
@@ -103,6 +104,28 @@ private slots:
         QCOMPARE(program.openPaths(), QStringList(path));
         QCOMPARE(program.host.settings().lastDirectory(), program.dir.path());
         QCOMPARE(firstDirectory(program), program.dir.path()); // the next time
+    }
+
+    void drawingsTemplatesAndBackupsAreOffered()
+    {
+        ShownProgram program;
+        for (const char *name : {"a.DWG", "b.bak", "c.BAK", "Plan.Dwg", "notes.txt", "t.dwt"})
+            program.drawing(name);
+        program.host.settings().setLastDirectory(program.dir.path());
+        ask(program, [&](QFileDialog *dialog) {
+            const auto *view = dialog->findChild<QListView *>("listView");
+            const auto offered = [view] {
+                QStringList names;
+                for (int row = 0; row < view->model()->rowCount(view->rootIndex()); ++row)
+                    names.append(view->model()->index(row, 0, view->rootIndex()).data().toString());
+                names.sort();
+                return names;
+            };
+            QTRY_VERIFY(offered().contains("t.dwt"));
+            drainEvents();
+            QCOMPARE(offered(), QStringList({"Plan.Dwg", "a.DWG", "b.bak", "c.BAK", "profile", "t.dwt"}));
+            dialog->reject();
+        });
     }
 
     void cancellingOpensNothing()

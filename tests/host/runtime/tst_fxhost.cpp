@@ -305,6 +305,25 @@ private slots:
         QCOMPARE(ProfileHost(profile).recent.maximum(), 20); // written when the host is deleted
     }
 
+    void theStateFolderIsTheUsersOwn_data()
+    {
+        QTest::addColumn<QByteArray>("variable");
+        QTest::addColumn<QString>("folder");
+        const QString usual = QDir::homePath() + "/.local/state/a host";
+        QTest::newRow("unset") << QByteArray() << usual;
+        QTest::newRow("empty") << QByteArray("") << usual;
+        QTest::newRow("relative") << QByteArray("state") << usual;
+        QTest::newRow("set") << QByteArray("/tmp/my state/") << "/tmp/my state/a host";
+    }
+
+    void theStateFolderIsTheUsersOwn()
+    {
+        QFETCH(QByteArray, variable);
+        QCoreApplication::setApplicationName("a host");
+        variable.isNull() ? qunsetenv("XDG_STATE_HOME") : qputenv("XDG_STATE_HOME", variable);
+        QTEST(fxhost::ProfileFolders::ofUser().state, "folder");
+    }
+
     void profileThatCannotBeMadeIsReported()
     {
         const Profile profile;
@@ -327,8 +346,8 @@ private slots:
         for (int i = 0; i < 30; ++i)
             paths.append(QString("/theirs %1.dwg").arg(i));
         fxhost::HostSettings(profile.directory, [](const QString &) {}).setRecentMaximum(50);
-        fxhost::RecentFileStore(profile.file("recent.txt")).update({}, [&](const QStringList &) {
-            return paths;
+        fxhost::RecentFileStore(profile.file("recent.txt")).update({}, [&](const fxhost::RecentEntries &) {
+            return fxhost::entriesOf(paths);
         });
         QCOMPARE(running.recent.paths(), QStringList());
         emit qGuiApp->applicationStateChanged(Qt::ApplicationActive);
@@ -347,7 +366,7 @@ private slots:
             running.recent.add("/a.dwg");
             QCOMPARE(running.messages.size(), 1);
         }
-        QCOMPARE(fxhost::RecentFileStore(file).load().paths, QStringList("/a.dwg"));
+        QCOMPARE(pathsOf(fxhost::RecentFileStore(file).load().entries), QStringList("/a.dwg"));
     }
 };
 

@@ -131,14 +131,49 @@ private slots:
         QVERIFY(running.host.documents().documents().empty());
     }
 
+    void drawingsAreKeptAndRemoved()
+    {
+        RealHost running;
+        const QString path = running.makeDrawing("a b.dwg");
+        for (const char *line : {"RECENTADD /other.dwg", "RECENTKEEP /listed new.dwg"})
+            running.host.commands().runLine(line);
+        running.host.commands().runLine("OPEN " + path);
+        running.host.commands().runMacro("RECENTKEEP;RECENTKEEP");
+        QCOMPARE(running.host.recentFiles().paths(), QStringList({"/listed new.dwg", path, "/other.dwg"}));
+        QVERIFY(running.host.recentFiles().entries().at(1).lastOpened.isValid());
+        running.host.commands().runLine("RECENTREMOVE '/listed new.dwg'");
+        running.host.commands().runLine("RECENTCLEAR");
+        QCOMPARE(running.host.recentFiles().paths(), QStringList(path));
+        QCOMPARE(running.logged().filter(" 5100").size(), 7);
+        running.host.commands().runMacro("NEW;RECENTKEEP"); // it has no file
+        QCOMPARE(running.logged().constLast(), QString("command _RECENTKEEP 5102"));
+    }
+
     void invalidArgumentsFailWithAMessage_data()
     {
         QTest::addColumn<QString>("line");
-        for (const char *line :
-             {"OPEN", "OPEN /missing.dwg", "CLOSE", "HELP me", "HELP -1", "DELAY", "DELAY soon", "DELAY -1",
-              "DELAY 3600001", "DELAY 99999999999", "RECENTLIMIT 0", "RECENTLIMIT 1001", "RECENTLIMIT ten",
-              "RECENTLIMIT -5", "RECENTADD", "MODULELOAD", "MODULELOAD /no such.so", "MODULEUNLOAD",
-              "MODULEUNLOAD it"})
+        for (const char *line : {"OPEN",
+                                 "OPEN /missing.dwg",
+                                 "CLOSE",
+                                 "HELP me",
+                                 "HELP -1",
+                                 "DELAY",
+                                 "DELAY soon",
+                                 "DELAY -1",
+                                 "DELAY 3600001",
+                                 "DELAY 99999999999",
+                                 "RECENTLIMIT 0",
+                                 "RECENTLIMIT 1001",
+                                 "RECENTLIMIT ten",
+                                 "RECENTLIMIT -5",
+                                 "RECENTADD",
+                                 "RECENTKEEP",
+                                 "RECENTREMOVE",
+                                 "RECENTREMOVE /not listed",
+                                 "MODULELOAD",
+                                 "MODULELOAD /no such.so",
+                                 "MODULEUNLOAD",
+                                 "MODULEUNLOAD it"})
             QTest::newRow(line) << QString(line);
     }
 

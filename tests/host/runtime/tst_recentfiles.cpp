@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "host/runtime/recent/RecentFiles.h"
+#include "tests/support/Property.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/real/RealListFile.h"
 #include "tests/support/real/RealProfile.h"
 
 #include <QFile>
+#include <QSignalSpy>
 
+using fxhost::RecentEntries;
 using fxhost::RecentFiles;
 
 namespace {
@@ -28,30 +32,114 @@ private slots:
     void addedDocumentComesFirst_data()
     {
         QTest::addColumn<QStringList>("listed");
+        QTest::addColumn<QStringList>("kept");
         QTest::addColumn<QString>("path");
         QTest::addColumn<QStringList>("after");
+        const QStringList none;
         const QStringList a("/a");
-        QTest::newRow("to an empty list") << QStringList() << "/a" << a;
-        QTest::newRow("another") << a << "/b" << QStringList({"/b", "/a"});
-        QTest::newRow("of another case") << a << "/A" << QStringList({"/A", "/a"});
-        QTest::newRow("with other separators") << a << "//a" << QStringList({"//a", "/a"});
-        QTest::newRow("an empty path") << a << QString() << a;
-        QTest::newRow("a listed one")
-            << QStringList({"/a", "/b", "/c"}) << "/c" << QStringList({"/c", "/a", "/b"});
-        QTest::newRow("the eleventh") << numbered(10, 1) << "/drawings/11.dwg" << numbered(11, 2);
+        const QStringList abc = {"/a", "/b", "/c"};
+        QTest::newRow("to an empty list") << none << none << "/a" << a;
+        QTest::newRow("another") << a << none << "/b" << QStringList({"/b", "/a"});
+        QTest::newRow("of another case") << a << none << "/A" << QStringList({"/A", "/a"});
+        QTest::newRow("with other separators") << a << none << "//a" << QStringList({"//a", "/a"});
+        QTest::newRow("an empty path") << a << none << QString() << a;
+        QTest::newRow("a listed one") << abc << none << "/c" << QStringList({"/c", "/a", "/b"});
+        QTest::newRow("the eleventh") << numbered(10, 1) << none << "/drawings/11.dwg" << numbered(11, 2);
+        QTest::newRow("after what is kept")
+            << abc << QStringList({"/c", "/b"}) << "/d" << QStringList({"/c", "/b", "/d", "/a"});
+        QTest::newRow("unless it is kept")
+            << abc << QStringList({"/c", "/b"}) << "/b" << QStringList({"/c", "/b", "/a"});
+        QTest::newRow("what is kept does not count")
+            << numbered(10, 1) << QStringList("/k") << "/drawings/11.dwg"
+            << QStringList("/k") + numbered(11, 2);
     }
 
     void addedDocumentComesFirst()
     {
         QFETCH(QStringList, listed);
+        QFETCH(QStringList, kept);
         QFETCH(QString, path);
         QFETCH(QStringList, after);
         RealProfile profile;
         profile.list.setPaths(listed);
-        profile.list.add(path);
-        profile.list.add(path); // again, which changes nothing
+        for (int round = 0; round < 2; ++round) { // the second changes nothing
+            for (const QString &each : kept)
+                QVERIFY(profile.list.setKept({each}, true));
+            profile.list.add(path);
+        }
         QCOMPARE(profile.list.paths(), after);
         QCOMPARE(profile.stored(), after);
+    }
+
+    void theTimeOfOpeningIsRecorded()
+    {
+        RealProfile profile;
+        const QDateTime before = QDateTime::fromSecsSinceEpoch(QDateTime::currentSecsSinceEpoch(), Qt::UTC);
+        const QSignalSpy changed(&profile.list, &RecentFiles::changed);
+        profile.list.add("/a");
+        QVERIFY(!profile.list.entries().constFirst().lastOpened.isValid());
+        profile.list.add("/a", before.addMSecs(999));
+        profile.list.setKept({"/a"}, true);
+        profile.list.add("/a");
+        QCOMPARE(profile.list.entries(), RecentEntries({{"/a", true, before}}));
+        QCOMPARE(changed.count(), 3); // as often as the list was another one
+    }
+
+    void whatIsKeptStaysUntilItIsRemoved()
+    {
+        RealProfile profile;
+        RecentFiles &list = profile.list;
+        list.setPaths(numbered(1, 10));
+        QVERIFY(list.setKept({"/drawings/9.dwg", "/drawings/10.dwg"}, true));
+        list.setMaximum(1);
+        QCOMPARE(list.paths(), numbered(9, 10) + numbered(1, 1));
+        QVERIFY(list.setKept({"/drawings/9.dwg", "/not listed"}, false));
+        QCOMPARE(list.paths(), numbered(10, 9)); // the most recent one now
+        QCOMPARE(list.clear(), 1);
+        QCOMPARE(list.paths(), numbered(10, 10));
+        QCOMPARE(list.remove(numbered(10, 10)), 1);
+        QCOMPARE(profile.stored(), QStringList());
+        QVERIFY(!list.setKept(numbered(1, fxhost::mostKept + 1), true));
+        QCOMPARE(profile.stored(), numbered(1, fxhost::mostKept));
+    }
+
+    void aChangeIsUndoneButNotWhatFollowedIt()
+    {
+        const char *const property = "an undone change leaves the list as it was, and what was opened since";
+        const auto check = [] {
+            const auto some = [] {
+                QStringList paths;
+                for (int number = 1; number <= 8; ++number) {
+                    if (*rc::gen::arbitrary<bool>())
+                        paths += numbered(number, number);
+                }
+                return paths;
+            };
+            RealProfile profile;
+            RecentFiles &list = profile.list;
+            list.setPaths(numbered(1, 8));
+            list.setKept(some(), true);
+            const RecentEntries before = list.entries();
+            switch (*rc::gen::inRange(0, 4)) {
+            case 0:
+                list.setKept(some(), true);
+                break;
+            case 1:
+                list.setKept(some(), false);
+                break;
+            case 2:
+                list.remove(some());
+                break;
+            default:
+                list.clear();
+            }
+            const RecentEntries after = list.entries();
+            profile.changeElsewhere(adding("/opened since"));
+            list.revert(before, after);
+            RC_ASSERT(list.remove({"/opened since"}) == 1);
+            RC_ASSERT(list.entries() == before);
+        };
+        QVERIFY(holds(property, check, 50));
     }
 
     void maximumIsKept()
@@ -75,14 +163,14 @@ private slots:
         QCOMPARE(profile.stored(), numbered(1, 2));
     }
 
-    void removingReturnsWhetherItWasListed()
+    void removingReturnsHowManyWereListed()
     {
         RealProfile profile;
         profile.list.setPaths(numbered(1, 2));
-        QVERIFY(profile.list.remove("/drawings/1.dwg"));
-        QVERIFY(!profile.list.remove("/drawings/1.dwg"));
+        QCOMPARE(profile.list.remove({"/drawings/1.dwg", "/other.dwg"}), 1);
+        QCOMPARE(profile.list.remove({"/drawings/1.dwg"}), 0);
         QCOMPARE(profile.list.paths(), numbered(2, 2));
-        profile.list.clear();
+        QCOMPARE(profile.list.clear(), 1);
         QCOMPARE(profile.stored(), QStringList());
     }
 
@@ -90,16 +178,15 @@ private slots:
     {
         RealProfile profile;
         RecentFiles &list = profile.list;
-        profile.changeElsewhere([](const QStringList &) { return numbered(7, 8); });
+        profile.changeElsewhere(replacing(numbered(7, 8)));
         list.add("/a.dwg");
         QCOMPARE(list.paths(), QStringList("/a.dwg") + numbered(7, 8));
 
-        const auto addTheirs = [](const QStringList &listed) { return QStringList("/theirs.dwg") + listed; };
-        profile.changeElsewhere(addTheirs);
-        QVERIFY(list.remove("/theirs.dwg"));
+        profile.changeElsewhere(adding("/theirs.dwg"));
+        QVERIFY(list.remove({"/theirs.dwg"}) == 1);
         QCOMPARE(profile.stored(), QStringList("/a.dwg") + numbered(7, 8));
 
-        profile.changeElsewhere(addTheirs);
+        profile.changeElsewhere(adding("/theirs.dwg"));
         list.refresh();
         QCOMPARE(list.paths(), QStringList({"/theirs.dwg", "/a.dwg"}) + numbered(7, 8));
         QCOMPARE(profile.messages, QStringList());

@@ -17,12 +17,18 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+using fxhost::entriesOf;
+using fxhost::pathsOf;
+using fxhost::RecentEntries;
+using fxhost::RecentEntry;
 using fxhost::RecentFileStore;
 using testbytes::writeFile;
+Q_DECLARE_METATYPE(RecentEntry)
 
 namespace {
 
-const QByteArray listHeader = "fxhost recent documents 1\n";
+const QByteArray listHeader = "fxhost recent documents 2\n";
+const QByteArray formerHeader = "fxhost recent documents 1\n"; // with a path per line
 
 //! The longest name that a file can have. No other file can have this name and a suffix: neither the one
 //! that a list is written to first nor the one that a damaged list is renamed to.
@@ -62,7 +68,7 @@ class tst_RecentFileStore : public TestCase
 private slots:
     void savedListIsLoadedUnchanged_data()
     {
-        QTest::addColumn<QStringList>("paths");
+        QTest::addColumn<RecentEntries>("entries");
         QTest::addColumn<QByteArray>("content"); // null: not checked
         const QStringList odd = {
             "/with blanks /and % percent%41.dwg ",
@@ -77,30 +83,43 @@ private slots:
         QStringList many;
         for (int i = 0; i < 1000; ++i)
             many.append('/' + QString(4090, '\n') + QString::number(i));
-        QTest::newRow("odd paths") << odd << QByteArray();
-        QTest::newRow("a thousand long paths") << many << QByteArray();
-        QTest::newRow("readable content") << QStringList({"/pl\u00e4ne/100% neu.dwg", "/b.dwg"})
-                                          << listHeader + "/pl\xc3\xa4ne/100%25 neu.dwg\n/b.dwg\n";
+        const QDateTime noon({2026, 11, 22}, {12, 0}, Qt::UTC);
+        QTest::newRow("odd paths") << entriesOf(odd) << QByteArray();
+        QTest::newRow("a thousand long paths") << entriesOf(many) << QByteArray();
+        QTest::newRow("readable content")
+            << RecentEntries(
+                   {{"/pl\u00e4ne/100% neu.dwg", true, noon}, {"/b.dwg", false, noon}, {"/c", true, {}}})
+            << listHeader + "kept 2026-11-22T12:00:00Z /pl\xc3\xa4ne/100%25 neu.dwg\n"
+                            "- 2026-11-22T12:00:00Z /b.dwg\nkept - /c\n";
         QTest::newRow("bytes that are not UTF-8")
-            << QStringList(fxhost::pathFromBytes("/pl\xe4ne/\xc3\xa4.dwg"))
-            << listHeader + "/pl%E4ne/%C3%A4.dwg\n";
+            << entriesOf({fxhost::pathFromBytes("/pl\xe4ne/\xc3\xa4.dwg")})
+            << listHeader + "- - /pl%E4ne/%C3%A4.dwg\n";
     }
 
     void savedListIsLoadedUnchanged()
     {
-        QFETCH(QStringList, paths);
+        QFETCH(RecentEntries, entries);
         QFETCH(QByteArray, content);
         RealListFile list;
         RecentFileStore::Stored loaded = list.store.load();
-        QCOMPARE(loaded.paths, QStringList()); // a file that does not exist yet is not an error
+        QCOMPARE(loaded.entries, RecentEntries()); // a file that does not exist yet is not an error
         QCOMPARE(loaded.outcome.reason(), QString());
-        QCOMPARE(list.save(paths), QString());
+        QCOMPARE(list.store.update({}, replacing(entries)).outcome.reason(), QString());
         loaded = RecentFileStore(list.path).load();
-        QCOMPARE(loaded.paths, paths);
+        QCOMPARE(loaded.entries, entries);
         QCOMPARE(loaded.outcome.reason(), QString());
-        QVERIFY(content.isNull() || contentOf(list.path) == content);
-        QCOMPARE(list.store.update(paths, replacing({})).outcome.reason(), QString());
+        QVERIFY2(content.isNull() || contentOf(list.path) == content, contentOf(list.path));
+        QCOMPARE(list.store.update(entries, replacing(QStringList())).outcome.reason(), QString());
         QCOMPARE(contentOf(list.path), listHeader);
+    }
+
+    void theFormerVersionIsReadAndReplaced()
+    {
+        RealListFile list;
+        writeFile(list.path, formerHeader + "/b%25.dwg\n/- -.dwg\n");
+        QCOMPARE(list.listed(), QStringList({"/b%.dwg", "/- -.dwg"}));
+        QCOMPARE(list.store.update({}, adding("/a.dwg")).outcome.reason(), QString());
+        QCOMPARE(contentOf(list.path), listHeader + "- - /a.dwg\n- - /b%25.dwg\n- - /- -.dwg\n");
     }
 
     void oddNameKeepsTheFileReadable()
@@ -116,21 +135,26 @@ private slots:
         QTest::addColumn<QByteArray>("damaged");
         QTest::newRow("empty") << QByteArray();
         QTest::newRow("only zeros") << QByteArray(64, '\0');
-        QTest::newRow("another header") << QByteArray("fxhost recent documents 2\n/a.dwg\n");
+        QTest::newRow("another header") << QByteArray("fxhost recent documents 3\n- - /a.dwg\n");
         QTest::newRow("cut inside the header") << listHeader.left(10);
-        QTest::newRow("cut inside a path") << listHeader + "/a.dwg\n/home/me/b";
-        QTest::newRow("an empty line") << listHeader + "/a.dwg\n\n/b.dwg\n";
-        QTest::newRow("a relative path") << listHeader + "a.dwg\n";
-        QTest::newRow("a percent sign without digits") << listHeader + "/100%.dwg\n";
-        QTest::newRow("a percent sign with one digit") << listHeader + "/a%2\n";
-        QTest::newRow("an escape that was not needed") << listHeader + "/%41.dwg\n";
-        QTest::newRow("bytes that are not UTF-8") << listHeader + "/\xff\xfe.dwg\n";
-        QTest::newRow("an escaped letter that is UTF-8") << listHeader + "/%C3%A4.dwg\n";
-        QTest::newRow("a control character") << listHeader + "/a\x01.dwg\n";
-        QTest::newRow("a zero byte") << listHeader + QByteArray("/a\0.dwg\n", 8);
-        QTest::newRow("Windows line ends") << QByteArray("fxhost recent documents 1\r\n/a.dwg\r\n");
-        QTest::newRow("longer than any list") << listHeader + QByteArray("/a\n").repeated(1001);
-        QTest::newRow("larger than any list") << listHeader + QByteArray(13 * 1024 * 1024, '/') + '\n';
+        QTest::newRow("cut inside a path") << listHeader + "- - /a.dwg\n- - /home/me/b";
+        QTest::newRow("an empty line") << listHeader + "- - /a.dwg\n\n- - /b.dwg\n";
+        QTest::newRow("only a path") << listHeader + "/a.dwg\n";
+        QTest::newRow("an unknown word") << listHeader + "keep - /a.dwg\n";
+        QTest::newRow("an impossible time") << listHeader + "- 2026-02-30T12:00:00Z /a.dwg\n";
+        QTest::newRow("a time of another zone") << listHeader + "- 2026-02-20T12:00:00+01:00 /a.dwg\n";
+        QTest::newRow("a relative path") << listHeader + "- - a.dwg\n";
+        QTest::newRow("a percent sign without digits") << listHeader + "- - /100%.dwg\n";
+        QTest::newRow("a percent sign with one digit") << listHeader + "- - /a%2\n";
+        QTest::newRow("an escape that was not needed") << listHeader + "- - /%41.dwg\n";
+        QTest::newRow("bytes that are not UTF-8") << listHeader + "- - /\xff\xfe.dwg\n";
+        QTest::newRow("an escaped letter that is UTF-8") << listHeader + "- - /%C3%A4.dwg\n";
+        QTest::newRow("a control character") << listHeader + "- - /a\x01.dwg\n";
+        QTest::newRow("a zero byte") << listHeader + QByteArray("- - /a\0.dwg\n", 12);
+        QTest::newRow("Windows line ends") << QByteArray("fxhost recent documents 2\r\n- - /a.dwg\r\n");
+        QTest::newRow("a word in a former list") << formerHeader + "- - /a.dwg\n";
+        QTest::newRow("longer than any list") << listHeader + QByteArray("- - /a\n").repeated(2001);
+        QTest::newRow("larger than any list") << listHeader + QByteArray(26 * 1024 * 1024, '/') + '\n';
     }
 
     void aDamagedFileIsSetAside()
@@ -140,7 +164,7 @@ private slots:
         const QString aside = list.path + ".damaged";
         writeFile(list.path, damaged);
         const RecentFileStore::Stored loaded = list.store.load();
-        QCOMPARE(loaded.paths, QStringList());
+        QCOMPARE(pathsOf(loaded.entries), QStringList());
         QVERIFY2(loaded.outcome.reason().contains(list.path) && loaded.outcome.reason().contains(aside),
                  qPrintable(loaded.outcome.reason()));
         QCOMPARE(contentOf(aside), damaged);
@@ -177,22 +201,22 @@ private slots:
     void unreadableListIsLeftUnchanged()
     {
         RealListFile list;
-        writeFile(list.path, listHeader + "/former.dwg\n");
+        writeFile(list.path, listHeader + "- - /former.dwg\n");
         RecentFileStore::Stored kept;
         RecentFileStore::Stored loaded;
         {
             const NoMoreFiles shortage;
-            kept = list.store.update({"/known.dwg"}, adding("/new.dwg"));
+            kept = list.store.update(entriesOf({"/known.dwg"}), adding("/new.dwg"));
             loaded = RecentFileStore(list.path).load();
         }
         QVERIFY2(kept.outcome.reason().contains(list.path), qPrintable(kept.outcome.reason()));
-        QCOMPARE(kept.paths, QStringList({"/new.dwg", "/known.dwg"}));
+        QCOMPARE(pathsOf(kept.entries), QStringList({"/new.dwg", "/known.dwg"}));
         QVERIFY2(loaded.outcome.reason().contains(list.path), qPrintable(loaded.outcome.reason()));
-        QCOMPARE(loaded.paths, QStringList());
+        QCOMPARE(pathsOf(loaded.entries), QStringList());
         QCOMPARE(list.files(), QStringList("recent.txt"));
         QVERIFY(!list.store.isAllWritten());
         // The entry that was new then is still new.
-        kept = list.store.update(kept.paths, adding("/newer.dwg"));
+        kept = list.store.update(kept.entries, adding("/newer.dwg"));
         QCOMPARE(kept.outcome.reason(), QString());
         QCOMPARE(list.listed(), QStringList({"/newer.dwg", "/new.dwg", "/former.dwg"}));
         QVERIFY(list.store.isAllWritten());
@@ -211,7 +235,7 @@ private slots:
         QFETCH(QString, name);
         QFETCH(int, room);
         RealListFile list(name);
-        writeFile(list.path, listHeader + "/former.dwg\n");
+        writeFile(list.path, listHeader + "- - /former.dwg\n");
         const BytesOnFullDisk disk(static_cast<rlim_t>(room));
         const QString problem = list.save({"/new.dwg"});
         QVERIFY2(problem.contains(list.path), qPrintable(problem));

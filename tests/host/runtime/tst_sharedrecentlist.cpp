@@ -10,7 +10,9 @@
 
 #include <sys/stat.h>
 
+using fxhost::entriesOf;
 using fxhost::FileLock;
+using fxhost::pathsOf;
 using fxhost::RecentFileStore;
 using testbytes::writeFile;
 
@@ -25,13 +27,14 @@ private slots:
         const RealListFile list;
         RecentFileStore one(list.path);
         RecentFileStore other(list.path);
-        QCOMPARE(one.update({}, adding("/a")).paths, QStringList("/a"));
-        QCOMPARE(other.update({}, adding("/b")).paths, QStringList({"/b", "/a"}));
-        QCOMPARE(one.update({"/a"}, adding("/c")).paths, QStringList({"/c", "/b", "/a"}));
+        QCOMPARE(pathsOf(one.update({}, adding("/a")).entries), QStringList("/a"));
+        QCOMPARE(pathsOf(other.update({}, adding("/b")).entries), QStringList({"/b", "/a"}));
+        QCOMPARE(pathsOf(one.update(entriesOf({"/a"}), adding("/c")).entries),
+                 QStringList({"/c", "/b", "/a"}));
         QCOMPARE(list.listed(), QStringList({"/c", "/b", "/a"}));
         // An entry that one has removed is not restored by the other.
-        one.update({"/c", "/b", "/a"}, replacing({}));
-        QCOMPARE(other.update({"/b", "/a"}, adding("/b")).paths, QStringList("/b"));
+        one.update(entriesOf({"/c", "/b", "/a"}), replacing(QStringList()));
+        QCOMPARE(pathsOf(other.update(entriesOf({"/b", "/a"}), adding("/b")).entries), QStringList("/b"));
     }
 
     void listInMemoryReplacesTheFile_data()
@@ -50,8 +53,8 @@ private slots:
             writeFile(list.path, "damaged");
         else
             QVERIFY(QFile::remove(list.path));
-        const RecentFileStore::Stored kept = list.store.update({"/a"}, adding("/b"));
-        QCOMPARE(kept.paths, QStringList({"/b", "/a"}));
+        const RecentFileStore::Stored kept = list.store.update(entriesOf({"/a"}), adding("/b"));
+        QCOMPARE(pathsOf(kept.entries), QStringList({"/b", "/a"}));
         QCOMPARE(kept.outcome.reason().contains(list.path + ".damaged"), isDamaged);
         QCOMPARE(kept.outcome.reason().isEmpty(), !isDamaged);
         QCOMPARE(list.listed(), QStringList({"/b", "/a"}));
@@ -64,15 +67,16 @@ private slots:
         {
             const FileLock theirs(list.lockFile(), {});
             QVERIFY(theirs.isHeld());
-            const RecentFileStore::Stored kept = list.store.update({"/a"}, adding("/b"));
-            QCOMPARE(kept.paths, QStringList({"/b", "/a"}));
+            const RecentFileStore::Stored kept = list.store.update(entriesOf({"/a"}), adding("/b"));
+            QCOMPARE(pathsOf(kept.entries), QStringList({"/b", "/a"}));
             QVERIFY2(kept.outcome.reason().contains(list.path), qPrintable(kept.outcome.reason()));
         }
         QCOMPARE(list.listed(), QStringList("/a"));
-        RecentFileStore(list.path).update({"/a"}, adding("/c"));
+        RecentFileStore(list.path).update(entriesOf({"/a"}), adding("/c"));
         QVERIFY(!list.store.isAllWritten());
         // Entries that could not be written count as newer than those that were.
-        QCOMPARE(list.store.update({"/b", "/a"}, unchanged).paths, QStringList({"/b", "/c", "/a"}));
+        QCOMPARE(pathsOf(list.store.update(entriesOf({"/b", "/a"}), unchanged).entries),
+                 QStringList({"/b", "/c", "/a"}));
         QVERIFY(list.store.isAllWritten());
         QCOMPARE(list.listed(), QStringList({"/b", "/c", "/a"}));
     }
@@ -83,11 +87,11 @@ private slots:
         list.save({"/a", "/b", "/c"});
         {
             const FileLock theirs(list.lockFile(), {});
-            QCOMPARE(list.store.update({"/a", "/b", "/c"}, adding("/mine", 3)).paths,
+            QCOMPARE(pathsOf(list.store.update(entriesOf({"/a", "/b", "/c"}), adding("/mine", 3)).entries),
                      QStringList({"/mine", "/a", "/b"}));
         }
         list.changeElsewhere(adding("/theirs", 3));
-        QCOMPARE(list.store.update({"/mine", "/a", "/b"}, adding("/next", 3)).paths,
+        QCOMPARE(pathsOf(list.store.update(entriesOf({"/mine", "/a", "/b"}), adding("/next", 3)).entries),
                  QStringList({"/next", "/mine", "/theirs"}));
     }
 
@@ -96,10 +100,11 @@ private slots:
         RealListFile list;
         {
             const FileLock theirs(list.lockFile(), {});
-            list.store.update({"/a"}, adding("/b"));
+            list.store.update(entriesOf({"/a"}), adding("/b"));
         }
-        RecentFileStore(list.path).update({"/a"}, adding("/b"));
-        QCOMPARE(list.store.update({"/b", "/a"}, unchanged).paths, QStringList({"/b", "/a"}));
+        RecentFileStore(list.path).update(entriesOf({"/a"}), adding("/b"));
+        QCOMPARE(pathsOf(list.store.update(entriesOf({"/b", "/a"}), unchanged).entries),
+                 QStringList({"/b", "/a"}));
         QVERIFY(list.store.isAllWritten());
     }
 
@@ -110,17 +115,18 @@ private slots:
         QVERIFY2(problem.contains(list.path), qPrintable(problem));
         QVERIFY(QDir().mkpath(list.beside("away")));
         list.changeElsewhere(adding("/c"));
-        QCOMPARE(list.store.update({"/a"}, adding("/b")).outcome.reason(), QString());
+        QCOMPARE(list.store.update(entriesOf({"/a"}), adding("/b")).outcome.reason(), QString());
         QCOMPARE(list.listed(), QStringList({"/b", "/a", "/c"}));
         // From then on the file counts again.
-        list.changeElsewhere(replacing({}));
-        QCOMPARE(list.store.update({"/b", "/a", "/c"}, adding("/b")).paths, QStringList("/b"));
+        list.changeElsewhere(replacing(QStringList()));
+        QCOMPARE(pathsOf(list.store.update(entriesOf({"/b", "/a", "/c"}), adding("/b")).entries),
+                 QStringList("/b"));
     }
 
     void unchangedListIsNotWritten()
     {
         RealListFile list;
-        QCOMPARE(list.store.update({"/a"}, unchanged).paths, QStringList("/a"));
+        QCOMPARE(pathsOf(list.store.update(entriesOf({"/a"}), unchanged).entries), QStringList("/a"));
         QVERIFY(!QFile::exists(list.path));
         list.store.update({}, adding("/a"));
         const auto inode = [&list] {
@@ -129,9 +135,9 @@ private slots:
         };
         const ino_t before = inode();
         QVERIFY(before != 0);
-        QCOMPARE(list.store.update({"/a"}, unchanged).outcome.reason(), QString());
+        QCOMPARE(list.store.update(entriesOf({"/a"}), unchanged).outcome.reason(), QString());
         QCOMPARE(inode(), before);
-        list.store.update({"/a"}, adding("/b"));
+        list.store.update(entriesOf({"/a"}), adding("/b"));
         QVERIFY(inode() != before); // a written list is another file
     }
 
@@ -152,6 +158,45 @@ private slots:
         QCOMPARE(list.files(), kept);
     }
 
+    void theFormerFileIsMovedOnce()
+    {
+        RealListFile list;
+        const QString former = list.beside("former.txt");
+        const auto load = [&] { return RecentFileStore(list.path, former).load(); };
+        writeFile(former, "fxhost recent documents 1\n/b\n/a\n");
+        {
+            const FileLock theirs(list.lockFile(), {}); // another program may be moving it
+            QCOMPARE(pathsOf(load().entries), QStringList());
+        }
+        writeFile(former + ".lock", {});
+        QCOMPARE(pathsOf(load().entries), QStringList({"/b", "/a"}));
+        QCOMPARE(list.listed(), QStringList({"/b", "/a"}));
+        QCOMPARE(list.files(), QStringList({"recent.txt", "recent.txt.lock"}));
+
+        list.store.update({}, adding("/c"));
+        writeFile(former, "fxhost recent documents 1\n/d\n/a\n"); // by a former version that still runs
+        QCOMPARE(pathsOf(load().entries), QStringList({"/c", "/b", "/a", "/d"}));
+        QVERIFY(QFile::link(list.beside("."), list.beside("linked"))); // so both folders are the same
+        RecentFileStore(list.path, list.beside("linked/recent.txt")).load();
+        QCOMPARE(list.listed().size(), 4);
+
+        writeFile(former, "damaged");
+        QVERIFY(load().outcome.reason().contains(former));
+        QCOMPARE(load().outcome.reason(), QString());
+        QVERIFY(QFile::exists(former + ".damaged"));
+        QCOMPARE(list.listed().size(), 4);
+    }
+
+    void theFormerFileStaysIfItCannotBeMoved()
+    {
+        const RealListFile list("away/recent.txt");
+        const QString former = writeFile(list.beside("former.txt"), "fxhost recent documents 1\n/a\n");
+        const RecentFileStore::Stored loaded = RecentFileStore(list.path, former).load();
+        QCOMPARE(pathsOf(loaded.entries), QStringList("/a"));
+        QVERIFY2(loaded.outcome.reason().contains(list.path), qPrintable(loaded.outcome.reason()));
+        QVERIFY(QFile::exists(former));
+    }
+
     void lockHasOneHolderAtATime()
     {
         const RealListFile list;
@@ -170,7 +215,7 @@ private slots:
         QVERIFY(!nowhere.isHeld() && !nowhere.isBusy());
         QVERIFY(QDir().mkpath(list.lockFile())); // a folder, which cannot be opened for writing
         QCOMPARE(list.save({"/a"}), QString());
-        QCOMPARE(list.store.load().paths, QStringList("/a"));
+        QCOMPARE(pathsOf(list.store.load().entries), QStringList("/a"));
     }
 };
 

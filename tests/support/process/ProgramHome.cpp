@@ -20,7 +20,15 @@ ProgramHome::ProgramHome(const QString &platform) : m_platform(platform)
 
 QStringList ProgramHome::recent() const
 {
-    return linesOf(recentFile()).mid(1);
+    return pathsIn(linesOf(recentFile()).join('\n'));
+}
+
+QStringList ProgramHome::pathsIn(const QString &content)
+{
+    QStringList paths = content.split('\n', Qt::SkipEmptyParts).mid(1); // after the header
+    for (QString &line : paths)
+        line = line.section(' ', 2); // after a word and a time
+    return paths;
 }
 
 QString ProgramHome::write(const QString &name, const QByteArray &bytes) const

@@ -31,6 +31,8 @@ public:
     QString recentFile() const { return profile() + "/recent.txt"; }
     //! The recent drawings that the file lists.
     QStringList recent() const;
+    //! The paths in the content of such a file, as they are encoded there.
+    static QStringList pathsIn(const QString &content);
     //! Writes the file path(name), and makes the folders above it. \return its path
     QString write(const QString &name, const QByteArray &bytes) const;
     //! Writes a file that counts as a drawing: it begins with a version. \return its path

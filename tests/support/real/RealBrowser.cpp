@@ -76,7 +76,7 @@ RealBrowser::~RealBrowser()
 
 QStringList RealBrowser::storedPaths() const
 {
-    return fxhost::RecentFileStore(m_running.path("profile/recent.txt")).load().paths;
+    return fxhost::pathsOf(fxhost::RecentFileStore(m_running.path("profile/recent.txt")).load().entries);
 }
 
 QStringList RealBrowser::opening(const QList<int> &indices) const

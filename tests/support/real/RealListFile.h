@@ -9,19 +9,22 @@
 //! The change that moves or adds path to the front of a list of at most so many.
 inline fxhost::RecentFileStore::Change adding(const QString &path, int most = 1000)
 {
-    return [path, most](const QStringList &listed) {
-        QStringList paths = QStringList(path) + listed;
-        paths.removeDuplicates();
-        return paths.mid(0, most);
+    return [path, most](const fxhost::RecentEntries &listed) {
+        return fxhost::fitted(fxhost::entriesOf({path}) + listed, most);
     };
+}
+
+inline fxhost::RecentFileStore::Change replacing(const fxhost::RecentEntries &entries)
+{
+    return [entries](const fxhost::RecentEntries &) { return entries; };
 }
 
 inline fxhost::RecentFileStore::Change replacing(const QStringList &paths)
 {
-    return [paths](const QStringList &) { return paths; };
+    return replacing(fxhost::entriesOf(paths));
 }
 
-inline QStringList unchanged(const QStringList &listed)
+inline fxhost::RecentEntries unchanged(const fxhost::RecentEntries &listed)
 {
     return listed;
 }
@@ -43,7 +46,7 @@ public:
     //! \return what is reported to the user
     QString save(const QStringList &paths) { return store.update({}, replacing(paths)).outcome.reason(); }
     //! What another program does.
-    QStringList listed() const { return fxhost::RecentFileStore(path).load().paths; }
+    QStringList listed() const { return fxhost::pathsOf(fxhost::RecentFileStore(path).load().entries); }
     void changeElsewhere(const fxhost::RecentFileStore::Change &change) const
     {
         fxhost::RecentFileStore(path).update({}, change);

@@ -19,7 +19,7 @@ struct RealProfile
 
     //! As another program with the same profile does.
     void changeElsewhere(const fxhost::RecentFileStore::Change &change) const { other().update({}, change); }
-    QStringList stored() const { return other().load().paths; }
+    QStringList stored() const { return fxhost::pathsOf(other().load().entries); }
 
 private:
     fxhost::RecentFileStore other() const { return fxhost::RecentFileStore(folder.filePath("recent.txt")); }

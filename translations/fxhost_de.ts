@@ -478,6 +478,10 @@ Hilfe: „%1 --help“.</translation>
         <source>a drawing needs a name</source>
         <translation>eine Zeichnung benötigt einen Namen</translation>
     </message>
+    <message>
+        <source>Start another instance. By default, drawings are opened in the running one, unless there are options other than --profile.</source>
+        <translation>Eine weitere Instanz starten. Sonst werden Zeichnungen in der laufenden geöffnet, außer mit anderen Optionen als --profile.</translation>
+    </message>
 </context>
 <context>
     <name>fxhost::ReachableRecentFiles</name>

@@ -478,6 +478,10 @@ Aide : « %1 --help ».</translation>
         <source>a drawing needs a name</source>
         <translation>un dessin a besoin d&apos;un nom</translation>
     </message>
+    <message>
+        <source>Start another instance. By default, drawings are opened in the running one, unless there are options other than --profile.</source>
+        <translation>Démarrer une autre instance. Par défaut, les dessins sont ouverts dans celle qui est en cours d&apos;exécution, sauf avec d&apos;autres options que --profile.</translation>
+    </message>
 </context>
 <context>
     <name>fxhost::ReachableRecentFiles</name>

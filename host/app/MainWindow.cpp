@@ -8,11 +8,11 @@
 #include "host/app/HelpWindow.h"
 #include "host/app/LineCompleter.h"
 #include "host/app/MenuBuilder.h"
+#include "host/app/OpenDrawings.h"
 #include "host/app/ProgramOptions.h"
 #include "host/runtime/FxHost.h"
 #include "host/runtime/HostSettings.h"
 #include "host/runtime/Paths.h"
-#include "host/runtime/commands/CommandRun.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
@@ -21,6 +21,7 @@
 #include <CFxCommand.h>
 #include <sdkhost/Customization.h>
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDir>
@@ -37,6 +38,7 @@
 #include <QSplitter>
 #include <QStatusBar>
 #include <QStyle>
+#include <QX11Info>
 
 namespace fxhost {
 
@@ -162,6 +164,23 @@ void MainWindow::connectCommandLine()
     });
 }
 
+void MainWindow::bringToFront(const QByteArray &startupId)
+{
+    // Window managers let a program take the focus only if the user's last input was for it, at this time.
+    static const QByteArray timeMark = "_TIME";
+    const int mark = startupId.lastIndexOf(timeMark);
+    const quint32 time = mark < 0 ? 0 : startupId.mid(mark + timeMark.size()).toUInt();
+    if (time != 0 && QX11Info::isPlatformX11()) {
+        QX11Info::setAppTime(time);
+        QX11Info::setAppUserTime(time);
+    }
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    QWidget *const modal = QApplication::activeModalWidget();
+    QWidget *const window = modal ? modal : this;
+    window->raise();
+    window->activateWindow();
+}
+
 void MainWindow::showState(const Document *current)
 {
     Customization &customization = m_host.customization();
@@ -266,13 +285,8 @@ void MainWindow::dropEvent(QDropEvent *event)
         return;
     CommandRunner &commands = m_host.commands();
     // From the event loop, because the other program waits until this function returns.
-    const auto open = [&commands, files] {
-        for (const QString &file : files) {
-            if (CommandRun *run = commands.run(QStringLiteral("_OPEN"), file))
-                run->release();
-        }
-    };
-    QMetaObject::invokeMethod(&commands, open, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        &commands, [&commands, files] { openDrawings(commands, files); }, Qt::QueuedConnection);
 }
 
 void MainWindow::keyPressEvent(QKeyEvent *event)

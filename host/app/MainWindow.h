@@ -32,6 +32,11 @@ public:
     DrawingArea &drawingArea() { return *m_drawingArea; }
     const CommandLineWidget &commandLine() const { return *m_commandLine; }
 
+    //! Restores, raises and activates the window, or the modal dialog in front of it.
+    //! \param startupId what the desktop calls the user's request, as in DESKTOP_STARTUP_ID; may be empty. A
+    //! window manager that protects the focus of other windows needs its time.
+    void bringToFront(const QByteArray &startupId);
+
 protected:
     bool focusNextPrevChild(bool next) override;
     void changeEvent(QEvent *event) override;

@@ -13,6 +13,45 @@
     </message>
 </context>
 <context>
+    <name>fxhost::AboutWindow</name>
+    <message>
+        <source>About %1</source>
+        <translation>Über %1</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <translation>Lizenz</translation>
+    </message>
+    <message>
+        <source>Shows the pictures stored in DWG drawings and loads plug-in modules.</source>
+        <translation>Zeigt die in DWG-Zeichnungen gespeicherten Bilder und lädt Zusatzmodule.</translation>
+    </message>
+    <message>
+        <source>Loaded modules:</source>
+        <translation>Geladene Module:</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>Module interface:</source>
+        <translation>Modulschnittstelle:</translation>
+    </message>
+    <message>
+        <source>Qt:</source>
+        <translation>Qt:</translation>
+    </message>
+    <message>
+        <source>Licence:</source>
+        <translation>Lizenz:</translation>
+    </message>
+    <message>
+        <source>MIT licence, see below</source>
+        <translation>MIT-Lizenz, siehe unten</translation>
+    </message>
+</context>
+<context>
     <name>fxhost::AppCommands</name>
     <message>
         <source>No window is visible.</source>
@@ -188,6 +227,14 @@ Wählen Sie eine mit Datei &gt; Öffnen, oder geben Sie OPEN oder NEW ein.</tran
         <source>&lt;h2&gt;No page&lt;/h2&gt;&lt;p&gt;There is no help page for topic %1.&lt;/p&gt;&lt;p&gt;See the &lt;a href=&quot;%2&quot;&gt;contents&lt;/a&gt;.&lt;/p&gt;</source>
         <translation>&lt;h2&gt;Keine Seite&lt;/h2&gt;&lt;p&gt;Zum Thema %1 gibt es keine Hilfeseite.&lt;/p&gt;&lt;p&gt;Siehe &lt;a href=&quot;%2&quot;&gt;Inhalt&lt;/a&gt;.&lt;/p&gt;</translation>
     </message>
+    <message>
+        <source>Find</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>Nicht gefunden</translation>
+    </message>
 </context>
 <context>
     <name>fxhost::HostCommands</name>
@@ -331,12 +378,24 @@ Wählen Sie eine mit Datei &gt; Öffnen, oder geben Sie OPEN oder NEW ein.</tran
         <translation>&amp;Hilfe</translation>
     </message>
     <message>
-        <source>fxhost &amp;Help</source>
-        <translation>&amp;Hilfe zu fxhost</translation>
-    </message>
-    <message>
         <source>Shows the help.</source>
         <translation>Zeigt die Hilfe.</translation>
+    </message>
+    <message>
+        <source>&amp;Contents</source>
+        <translation>&amp;Inhalt</translation>
+    </message>
+    <message>
+        <source>Shows the help on recent drawings.</source>
+        <translation>Zeigt die Hilfe zu den zuletzt verwendeten Zeichnungen.</translation>
+    </message>
+    <message>
+        <source>&amp;About fxhost</source>
+        <translation>Ü&amp;ber fxhost</translation>
+    </message>
+    <message>
+        <source>Shows the version, the licence and the loaded modules.</source>
+        <translation>Zeigt die Version, die Lizenz und die geladenen Module.</translation>
     </message>
 </context>
 <context>

@@ -13,6 +13,45 @@
     </message>
 </context>
 <context>
+    <name>fxhost::AboutWindow</name>
+    <message>
+        <source>About %1</source>
+        <translation>À propos de %1</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <translation>Licence</translation>
+    </message>
+    <message>
+        <source>Shows the pictures stored in DWG drawings and loads plug-in modules.</source>
+        <translation>Affiche les images enregistrées dans les dessins DWG et charge des modules complémentaires.</translation>
+    </message>
+    <message>
+        <source>Loaded modules:</source>
+        <translation>Modules chargés :</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>aucun</translation>
+    </message>
+    <message>
+        <source>Module interface:</source>
+        <translation>Interface des modules :</translation>
+    </message>
+    <message>
+        <source>Qt:</source>
+        <translation>Qt :</translation>
+    </message>
+    <message>
+        <source>Licence:</source>
+        <translation>Licence :</translation>
+    </message>
+    <message>
+        <source>MIT licence, see below</source>
+        <translation>Licence MIT, voir ci-dessous</translation>
+    </message>
+</context>
+<context>
     <name>fxhost::AppCommands</name>
     <message>
         <source>No window is visible.</source>
@@ -188,6 +227,14 @@ Choisissez-en un avec Fichier &gt; Ouvrir, ou saisissez OPEN ou NEW.</translatio
         <source>&lt;h2&gt;No page&lt;/h2&gt;&lt;p&gt;There is no help page for topic %1.&lt;/p&gt;&lt;p&gt;See the &lt;a href=&quot;%2&quot;&gt;contents&lt;/a&gt;.&lt;/p&gt;</source>
         <translation>&lt;h2&gt;Aucune page&lt;/h2&gt;&lt;p&gt;Il n&apos;y a pas de page d&apos;aide pour le sujet %1.&lt;/p&gt;&lt;p&gt;Voir le &lt;a href=&quot;%2&quot;&gt;sommaire&lt;/a&gt;.&lt;/p&gt;</translation>
     </message>
+    <message>
+        <source>Find</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>Introuvable</translation>
+    </message>
 </context>
 <context>
     <name>fxhost::HostCommands</name>
@@ -331,12 +378,24 @@ Choisissez-en un avec Fichier &gt; Ouvrir, ou saisissez OPEN ou NEW.</translatio
         <translation>&amp;Aide</translation>
     </message>
     <message>
-        <source>fxhost &amp;Help</source>
-        <translation>&amp;Aide de fxhost</translation>
-    </message>
-    <message>
         <source>Shows the help.</source>
         <translation>Affiche l&apos;aide.</translation>
+    </message>
+    <message>
+        <source>&amp;Contents</source>
+        <translation>&amp;Sommaire</translation>
+    </message>
+    <message>
+        <source>Shows the help on recent drawings.</source>
+        <translation>Affiche l&apos;aide sur les dessins récents.</translation>
+    </message>
+    <message>
+        <source>&amp;About fxhost</source>
+        <translation>À &amp;propos de fxhost</translation>
+    </message>
+    <message>
+        <source>Shows the version, the licence and the loaded modules.</source>
+        <translation>Affiche la version, la licence et les modules chargés.</translation>
     </message>
 </context>
 <context>

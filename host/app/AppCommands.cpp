@@ -72,6 +72,7 @@ void addAppCommands(CommandSet &set, FxHost &host, MainWindow &window)
     addAction(QStringLiteral("TILE"), [&area] { area.tileSubWindows(); });
     addAction(QStringLiteral("NEXTWINDOW"), [&area] { area.activateNextSubWindow(); });
     addAction(QStringLiteral("PREVIOUSWINDOW"), [&area] { area.activatePreviousSubWindow(); });
+    addAction(QStringLiteral("ABOUT"), [&window] { window.showAbout(); });
     addAction(QStringLiteral("QUIT"), [&window] { window.close(); });
     set.add(QStringLiteral("SCREENSHOT"),
             [&host](const CFxCommandContext &context) { return takeScreenshot(host, context.argument()); });

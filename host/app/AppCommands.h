@@ -7,7 +7,7 @@ class CommandSet;
 class FxHost;
 class MainWindow;
 
-//! Adds the commands that need the main window: QUIT, SCREENSHOT, CASCADE, TILE, NEXTWINDOW and
+//! Adds the commands that need the main window: ABOUT, QUIT, SCREENSHOT, CASCADE, TILE, NEXTWINDOW and
 //! PREVIOUSWINDOW.
 //! \param set receives the commands
 //! \param host, window must outlive set

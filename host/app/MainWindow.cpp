@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/MainWindow.h"
 
+#include "host/app/AboutWindow.h"
 #include "host/app/AppCommands.h"
 #include "host/app/CommandLineWidget.h"
 #include "host/app/DrawingArea.h"
@@ -16,6 +17,7 @@
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
+#include "host/runtime/modules/ModuleManager.h"
 #include "host/runtime/probe/FileProbe.h"
 
 #include <CFxCommand.h>
@@ -201,6 +203,13 @@ void MainWindow::showHelp(int topic)
     if (!m_helpWindow)
         m_helpWindow = new HelpWindow(this);
     m_helpWindow->showTopic(topic);
+}
+
+void MainWindow::showAbout()
+{
+    if (!m_aboutWindow)
+        m_aboutWindow = new AboutWindow(this);
+    m_aboutWindow->showModules(m_host.modules().loaded());
 }
 
 //! The folder in which the last drawing was chosen, unless it is unresponsive: the dialog would wait for it.

@@ -9,6 +9,7 @@ class QLabel;
 
 namespace fxhost {
 
+class AboutWindow;
 class CommandLineWidget;
 class Document;
 class DrawingArea;
@@ -36,6 +37,8 @@ public:
     //! \param startupId what the desktop calls the user's request, as in DESKTOP_STARTUP_ID; may be empty. A
     //! window manager that protects the focus of other windows needs its time.
     void bringToFront(const QByteArray &startupId);
+    //! Shows the program's version, its licence and the loaded modules.
+    void showAbout();
 
 protected:
     bool focusNextPrevChild(bool next) override;
@@ -59,7 +62,8 @@ private:
     DrawingArea *m_drawingArea;
     CommandLineWidget *m_commandLine;
     QLabel *m_factsLabel;
-    HelpWindow *m_helpWindow = nullptr; //!< created on first use
+    HelpWindow *m_helpWindow = nullptr;   //!< created on first use
+    AboutWindow *m_aboutWindow = nullptr; //!< created on first use
     CommandSet m_commands;
 };
 

@@ -11,6 +11,7 @@
 #include "host/app/MenuBuilder.h"
 #include "host/app/OpenDrawings.h"
 #include "host/app/ProgramOptions.h"
+#include "host/app/instance/StartupNotification.h"
 #include "host/runtime/FxHost.h"
 #include "host/runtime/HostSettings.h"
 #include "host/runtime/Paths.h"
@@ -40,7 +41,6 @@
 #include <QSplitter>
 #include <QStatusBar>
 #include <QStyle>
-#include <QX11Info>
 
 namespace fxhost {
 
@@ -168,14 +168,7 @@ void MainWindow::connectCommandLine()
 
 void MainWindow::bringToFront(const QByteArray &startupId)
 {
-    // Window managers let a program take the focus only if the user's last input was for it, at this time.
-    static const QByteArray timeMark = "_TIME";
-    const int mark = startupId.lastIndexOf(timeMark);
-    const quint32 time = mark < 0 ? 0 : startupId.mid(mark + timeMark.size()).toUInt();
-    if (time != 0 && QX11Info::isPlatformX11()) {
-        QX11Info::setAppTime(time);
-        QX11Info::setAppUserTime(time);
-    }
+    takeOverStartup(startupId, winId());
     setWindowState(windowState() & ~Qt::WindowMinimized);
     QWidget *const modal = QApplication::activeModalWidget();
     QWidget *const window = modal ? modal : this;

@@ -34,8 +34,7 @@ public:
     const CommandLineWidget &commandLine() const { return *m_commandLine; }
 
     //! Restores, raises and activates the window, or the modal dialog in front of it.
-    //! \param startupId what the desktop calls the user's request, as in DESKTOP_STARTUP_ID; may be empty. A
-    //! window manager that protects the focus of other windows needs its time.
+    //! \param startupId what the desktop calls the user's request, as in DESKTOP_STARTUP_ID; may be empty
     void bringToFront(const QByteArray &startupId);
     //! Shows the program's version, its licence and the loaded modules.
     void showAbout();

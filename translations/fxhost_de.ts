@@ -13,6 +13,45 @@
     </message>
 </context>
 <context>
+    <name>fxhost::AboutWindow</name>
+    <message>
+        <source>About %1</source>
+        <translation>Über %1</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <translation>Lizenz</translation>
+    </message>
+    <message>
+        <source>Shows the pictures stored in DWG drawings and loads plug-in modules.</source>
+        <translation>Zeigt die in DWG-Zeichnungen gespeicherten Bilder und lädt Zusatzmodule.</translation>
+    </message>
+    <message>
+        <source>Loaded modules:</source>
+        <translation>Geladene Module:</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>Module interface:</source>
+        <translation>Modulschnittstelle:</translation>
+    </message>
+    <message>
+        <source>Qt:</source>
+        <translation>Qt:</translation>
+    </message>
+    <message>
+        <source>Licence:</source>
+        <translation>Lizenz:</translation>
+    </message>
+    <message>
+        <source>MIT licence, see below</source>
+        <translation>MIT-Lizenz, siehe unten</translation>
+    </message>
+</context>
+<context>
     <name>fxhost::AppCommands</name>
     <message>
         <source>No window is visible.</source>
@@ -145,7 +184,7 @@
     <name>fxhost::EmptyHint</name>
     <message>
         <source>No drawing is open</source>
-        <translation>Es ist keine Zeichnung geöffnet</translation>
+        <translation>Keine Zeichnung geöffnet</translation>
     </message>
     <message>
         <source>Choose File &gt; Open, or drop drawing files here.</source>
@@ -153,7 +192,7 @@
     </message>
     <message>
         <source>Drawings that you open are listed in File &gt; Recent Drawings. Later, F4 shows their pictures.</source>
-        <translation>Zeichnungen, die Sie öffnen, stehen unter Datei &gt; Zuletzt verwendete Zeichnungen. Später zeigt F4 ihre Bilder.</translation>
+        <translation>Geöffnete Zeichnungen stehen danach unter Datei &gt; Zuletzt verwendete Zeichnungen. F4 zeigt später ihre Bilder.</translation>
     </message>
 </context>
 <context>
@@ -167,11 +206,11 @@
     <name>fxhost::FxHost</name>
     <message>
         <source>The directory %1 cannot be created. Settings are not saved.</source>
-        <translation>Das Verzeichnis %1 kann nicht angelegt werden. Einstellungen werden nicht gespeichert.</translation>
+        <translation>Der Ordner %1 kann nicht angelegt werden. Einstellungen werden nicht gespeichert.</translation>
     </message>
     <message>
         <source>The directory %1 cannot be created. Recent documents are not saved.</source>
-        <translation>Das Verzeichnis %1 kann nicht angelegt werden. Zuletzt verwendete Dokumente werden nicht gespeichert.</translation>
+        <translation>Der Ordner %1 kann nicht angelegt werden. Zuletzt verwendete Dokumente werden nicht gespeichert.</translation>
     </message>
 </context>
 <context>
@@ -195,6 +234,14 @@
     <message>
         <source>&lt;h2&gt;No page&lt;/h2&gt;&lt;p&gt;There is no help page for topic %1.&lt;/p&gt;&lt;p&gt;See the &lt;a href=&quot;%2&quot;&gt;contents&lt;/a&gt;.&lt;/p&gt;</source>
         <translation>&lt;h2&gt;Keine Seite&lt;/h2&gt;&lt;p&gt;Zum Thema %1 gibt es keine Hilfeseite.&lt;/p&gt;&lt;p&gt;Siehe &lt;a href=&quot;%2&quot;&gt;Inhalt&lt;/a&gt;.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>Nicht gefunden</translation>
     </message>
 </context>
 <context>
@@ -253,7 +300,7 @@
     </message>
     <message>
         <source>The drawing is not kept. At most %1 can be.</source>
-        <translation>Die Zeichnung wird nicht behalten. Höchstens %1 Zeichnungen können behalten werden.</translation>
+        <translation>Die Zeichnung wird nicht behalten. Höchstens %1 können es.</translation>
     </message>
     <message>
         <source>The drawing &quot;%1&quot; is kept in the list of recent drawings. RECENTREMOVE removes it from the list.</source>
@@ -261,7 +308,7 @@
     </message>
     <message>
         <source>The drawing &quot;%1&quot; is not in the list of recent drawings.</source>
-        <translation>Die Zeichnung „%1“ ist nicht in der Liste der zuletzt verwendeten Zeichnungen.</translation>
+        <translation>Die Zeichnung „%1“ steht nicht in der Liste der zuletzt verwendeten Zeichnungen.</translation>
     </message>
     <message>
         <source>Drawings removed from the list: %1.</source>
@@ -363,16 +410,28 @@
         <translation>&amp;Hilfe</translation>
     </message>
     <message>
-        <source>fxhost &amp;Help</source>
-        <translation>&amp;Hilfe zu fxhost</translation>
-    </message>
-    <message>
         <source>Shows the help.</source>
         <translation>Zeigt die Hilfe.</translation>
     </message>
     <message>
+        <source>&amp;Contents</source>
+        <translation>&amp;Inhalt</translation>
+    </message>
+    <message>
+        <source>Shows the help on recent drawings.</source>
+        <translation>Zeigt die Hilfe zu den zuletzt verwendeten Zeichnungen.</translation>
+    </message>
+    <message>
+        <source>&amp;About fxhost</source>
+        <translation>Ü&amp;ber fxhost</translation>
+    </message>
+    <message>
+        <source>Shows the version, the licence and the loaded modules.</source>
+        <translation>Zeigt die Version, die Lizenz und die geladenen Module.</translation>
+    </message>
+    <message>
         <source>&amp;Manage Recent Drawings...</source>
-        <translation>Zuletzt verwendete Zeichnungen &amp;verwalten …</translation>
+        <translation>Zuletzt verwendete Zeichnungen ver&amp;walten …</translation>
     </message>
     <message>
         <source>Opens recent drawings, keeps them, or removes them from the list.</source>
@@ -526,6 +585,10 @@ Hilfe: „%1 --help“.</translation>
         <source>a drawing needs a name</source>
         <translation>eine Zeichnung benötigt einen Namen</translation>
     </message>
+    <message>
+        <source>Start another instance. By default, drawings are opened in the running one, unless there are options other than --profile.</source>
+        <translation>Ein weiteres Programm starten. Standardmäßig werden Zeichnungen im laufenden geöffnet, sofern es außer --profile keine anderen Optionen gibt.</translation>
+    </message>
 </context>
 <context>
     <name>fxhost::ReachableRecentFiles</name>
@@ -566,11 +629,11 @@ Hilfe: „%1 --help“.</translation>
     </message>
     <message>
         <source>&amp;Limit, without kept drawings:</source>
-        <translation>&amp;Höchstzahl, ohne behaltene Zeichnungen:</translation>
+        <translation>&amp;Höchstzahl ohne behaltene Zeichnungen:</translation>
     </message>
     <message>
         <source>Stop &amp;Keeping</source>
-        <translation>&amp;Nicht mehr behalten</translation>
+        <translation>Nicht mehr &amp;behalten</translation>
     </message>
     <message>
         <source>&amp;Keep</source>
@@ -582,7 +645,7 @@ Hilfe: „%1 --help“.</translation>
     </message>
     <message>
         <source>Kept drawings are first in the list and stay until you remove them. Removing a drawing from the list does not delete its file.</source>
-        <translation>Behaltene Zeichnungen stehen am Anfang der Liste und bleiben, bis Sie sie entfernen. Die Datei einer Zeichnung wird nicht gelöscht, wenn Sie die Zeichnung aus der Liste entfernen.</translation>
+        <translation>Behaltene Zeichnungen stehen oben in der Liste, bis Sie sie entfernen. Eine Zeichnung aus der Liste zu entfernen löscht ihre Datei nicht.</translation>
     </message>
     <message>
         <source>At most %1 drawings can be kept.</source>

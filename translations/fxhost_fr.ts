@@ -13,6 +13,45 @@
     </message>
 </context>
 <context>
+    <name>fxhost::AboutWindow</name>
+    <message>
+        <source>About %1</source>
+        <translation>À propos de %1</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <translation>Texte de la licence</translation>
+    </message>
+    <message>
+        <source>Shows the pictures stored in DWG drawings and loads plug-in modules.</source>
+        <translation>Affiche les images enregistrées dans les dessins DWG et charge des modules complémentaires.</translation>
+    </message>
+    <message>
+        <source>Loaded modules:</source>
+        <translation>Modules chargés :</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>aucun</translation>
+    </message>
+    <message>
+        <source>Module interface:</source>
+        <translation>Interface des modules :</translation>
+    </message>
+    <message>
+        <source>Qt:</source>
+        <translation>Qt :</translation>
+    </message>
+    <message>
+        <source>Licence:</source>
+        <translation>Licence :</translation>
+    </message>
+    <message>
+        <source>MIT licence, see below</source>
+        <translation>licence MIT, voir ci-dessous</translation>
+    </message>
+</context>
+<context>
     <name>fxhost::AppCommands</name>
     <message>
         <source>No window is visible.</source>
@@ -149,7 +188,7 @@
     </message>
     <message>
         <source>Choose File &gt; Open, or drop drawing files here.</source>
-        <translation>Choisissez Fichier &gt; Ouvrir, ou déposez ici des fichiers de dessin.</translation>
+        <translation>Choisissez Fichier &gt; Ouvrir, ou déposez des fichiers de dessin ici.</translation>
     </message>
     <message>
         <source>Drawings that you open are listed in File &gt; Recent Drawings. Later, F4 shows their pictures.</source>
@@ -167,11 +206,11 @@
     <name>fxhost::FxHost</name>
     <message>
         <source>The directory %1 cannot be created. Settings are not saved.</source>
-        <translation>Le répertoire %1 ne peut pas être créé. Les paramètres ne sont pas enregistrés.</translation>
+        <translation>Le dossier %1 ne peut pas être créé. Les paramètres ne sont pas enregistrés.</translation>
     </message>
     <message>
         <source>The directory %1 cannot be created. Recent documents are not saved.</source>
-        <translation>Le répertoire %1 ne peut pas être créé. Les documents récents ne sont pas enregistrés.</translation>
+        <translation>Le dossier %1 ne peut pas être créé. Les documents récents ne sont pas enregistrés.</translation>
     </message>
 </context>
 <context>
@@ -195,6 +234,14 @@
     <message>
         <source>&lt;h2&gt;No page&lt;/h2&gt;&lt;p&gt;There is no help page for topic %1.&lt;/p&gt;&lt;p&gt;See the &lt;a href=&quot;%2&quot;&gt;contents&lt;/a&gt;.&lt;/p&gt;</source>
         <translation>&lt;h2&gt;Aucune page&lt;/h2&gt;&lt;p&gt;Il n&apos;y a pas de page d&apos;aide pour le sujet %1.&lt;/p&gt;&lt;p&gt;Voir le &lt;a href=&quot;%2&quot;&gt;sommaire&lt;/a&gt;.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>Introuvable</translation>
     </message>
 </context>
 <context>
@@ -253,7 +300,7 @@
     </message>
     <message>
         <source>The drawing is not kept. At most %1 can be.</source>
-        <translation>Le dessin n&apos;est pas conservé. Au plus %1 dessins peuvent l&apos;être.</translation>
+        <translation>Le dessin n&apos;est pas conservé. Au plus %1 peuvent l&apos;être.</translation>
     </message>
     <message>
         <source>The drawing &quot;%1&quot; is kept in the list of recent drawings. RECENTREMOVE removes it from the list.</source>
@@ -324,7 +371,7 @@
     </message>
     <message>
         <source>&amp;Cascade</source>
-        <translation>&amp;Cascade</translation>
+        <translation>En &amp;cascade</translation>
     </message>
     <message>
         <source>Arranges the drawing windows so that they overlap.</source>
@@ -363,12 +410,24 @@
         <translation>&amp;Aide</translation>
     </message>
     <message>
-        <source>fxhost &amp;Help</source>
-        <translation>&amp;Aide de fxhost</translation>
-    </message>
-    <message>
         <source>Shows the help.</source>
         <translation>Affiche l&apos;aide.</translation>
+    </message>
+    <message>
+        <source>&amp;Contents</source>
+        <translation>&amp;Sommaire</translation>
+    </message>
+    <message>
+        <source>Shows the help on recent drawings.</source>
+        <translation>Affiche l&apos;aide sur les dessins récents.</translation>
+    </message>
+    <message>
+        <source>&amp;About fxhost</source>
+        <translation>À &amp;propos de fxhost</translation>
+    </message>
+    <message>
+        <source>Shows the version, the licence and the loaded modules.</source>
+        <translation>Affiche la version, la licence et les modules chargés.</translation>
     </message>
     <message>
         <source>&amp;Manage Recent Drawings...</source>
@@ -413,7 +472,7 @@
     </message>
     <message>
         <source>There are no recent drawings yet. Open one with OPEN, or drop its file on the window.</source>
-        <translation>Il n&apos;y a pas encore de dessins récents. Ouvrez-en un avec OPEN, ou déposez son fichier sur la fenêtre.</translation>
+        <translation>Il n&apos;y a pas encore de dessin récent. Ouvrez-en un avec OPEN, ou déposez son fichier sur la fenêtre.</translation>
     </message>
     <message>
         <source>Drawings, templates and backups</source>
@@ -526,6 +585,10 @@ Aide : « %1 --help ».</translation>
         <source>a drawing needs a name</source>
         <translation>un dessin a besoin d&apos;un nom</translation>
     </message>
+    <message>
+        <source>Start another instance. By default, drawings are opened in the running one, unless there are options other than --profile.</source>
+        <translation>Démarrer une autre instance. Par défaut, les dessins sont ouverts dans celle qui est en cours, sauf s&apos;il y a d&apos;autres options que --profile.</translation>
+    </message>
 </context>
 <context>
     <name>fxhost::ReachableRecentFiles</name>
@@ -558,7 +621,7 @@ Aide : « %1 --help ».</translation>
     </message>
     <message>
         <source>&amp;Undo</source>
-        <translation>&amp;Annuler</translation>
+        <translation>Annuler la &amp;modification</translation>
     </message>
     <message>
         <source>Close</source>
@@ -570,7 +633,7 @@ Aide : « %1 --help ».</translation>
     </message>
     <message>
         <source>Stop &amp;Keeping</source>
-        <translation>Ne &amp;plus conserver</translation>
+        <translation>Ne plus &amp;conserver</translation>
     </message>
     <message>
         <source>&amp;Keep</source>
@@ -582,7 +645,7 @@ Aide : « %1 --help ».</translation>
     </message>
     <message>
         <source>Kept drawings are first in the list and stay until you remove them. Removing a drawing from the list does not delete its file.</source>
-        <translation>Les dessins conservés sont les premiers de la liste et y restent tant que vous ne les retirez pas. Retirer un dessin de la liste ne supprime pas son fichier.</translation>
+        <translation>Les dessins conservés sont en tête de la liste jusqu&apos;à ce que vous les retiriez. Retirer un dessin de la liste n&apos;efface pas son fichier.</translation>
     </message>
     <message>
         <source>At most %1 drawings can be kept.</source>
@@ -598,8 +661,8 @@ Aide : « %1 --help ».</translation>
     <message numerus="yes">
         <source>%n kept drawing(s) will stay.</source>
         <translation>
-            <numerusform>%n dessin conservé restera.</numerusform>
-            <numerusform>%n dessins conservés resteront.</numerusform>
+            <numerusform>%n dessin conservé reste.</numerusform>
+            <numerusform>%n dessins conservés restent.</numerusform>
         </translation>
     </message>
     <message>
@@ -674,7 +737,7 @@ Aide : « %1 --help ».</translation>
     </message>
     <message>
         <source>The former list of recent documents, %1, is damaged or cannot be read. Its entries are missing from the list.</source>
-        <translation>L&apos;ancienne liste des documents récents, %1, est endommagée ou ne peut pas être lue. Ses éléments manquent dans la liste.</translation>
+        <translation>L&apos;ancienne liste des documents récents, %1, est endommagée ou ne peut pas être lue. Ses entrées manquent dans la liste.</translation>
     </message>
 </context>
 <context>

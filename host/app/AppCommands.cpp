@@ -73,6 +73,7 @@ void addAppCommands(CommandSet &set, FxHost &host, MainWindow &window)
     addAction(QStringLiteral("NEXTWINDOW"), [&area] { area.activateNextSubWindow(); });
     addAction(QStringLiteral("PREVIOUSWINDOW"), [&area] { area.activatePreviousSubWindow(); });
     addAction(QStringLiteral("RECENTMANAGE"), [&window] { window.showRecentDrawings(); });
+    addAction(QStringLiteral("ABOUT"), [&window] { window.showAbout(); });
     addAction(QStringLiteral("QUIT"), [&window] { window.close(); });
     set.add(QStringLiteral("SCREENSHOT"),
             [&host](const CFxCommandContext &context) { return takeScreenshot(host, context.argument()); });

@@ -7,8 +7,8 @@ class CommandSet;
 class FxHost;
 class MainWindow;
 
-//! Adds the commands that need the main window: QUIT, SCREENSHOT, RECENTMANAGE, CASCADE, TILE, NEXTWINDOW
-//! and PREVIOUSWINDOW.
+//! Adds the commands that need the main window: ABOUT, QUIT, SCREENSHOT, RECENTMANAGE, CASCADE, TILE,
+//! NEXTWINDOW and PREVIOUSWINDOW.
 //! \param set receives the commands
 //! \param host, window must outlive set
 void addAppCommands(CommandSet &set, FxHost &host, MainWindow &window);

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/HelpWindow.h"
 
+#include "host/app/HelpPage.h"
+
 #include <QAction>
-#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
 #include <QTextBrowser>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -15,14 +19,11 @@ namespace {
 constexpr QSize helpWindowSize(620, 520);
 constexpr QSize smallestSize(320, 240);
 
+//! Null if there is no page.
 QUrl pageOf(int topic)
 {
-    return QUrl(QStringLiteral("qrc:/help/%1.html").arg(topic));
-}
-
-bool exists(const QUrl &page)
-{
-    return QFile::exists(QLatin1Char(':') + page.path());
+    const QString page = helpPage(QStringLiteral(":/help"), topic, QLocale().uiLanguages());
+    return page.isEmpty() ? QUrl() : QUrl(QStringLiteral("qrc") + page);
 }
 
 } // namespace
@@ -53,6 +54,24 @@ HelpWindow::HelpWindow(QWidget *parent) : QDialog(parent)
     connect(m_browser, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
     connect(m_browser, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
 
+    m_wanted = new QLineEdit;
+    m_wanted->setPlaceholderText(tr("Find"));
+    m_result = new QLabel;
+    auto *space = new QWidget;
+    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    bar->addWidget(space);
+    bar->addWidget(m_result);
+    bar->addWidget(m_wanted);
+    connect(m_wanted, &QLineEdit::returnPressed, this, &HelpWindow::find);
+    connect(m_wanted, &QLineEdit::textChanged, m_result, &QLabel::clear);
+    auto *focusFind = new QAction(this);
+    focusFind->setShortcut(QKeySequence::Find);
+    connect(focusFind, &QAction::triggered, m_wanted, [this] {
+        m_wanted->setFocus(Qt::ShortcutFocusReason);
+        m_wanted->selectAll();
+    });
+    addAction(focusFind);
+
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -63,7 +82,7 @@ HelpWindow::HelpWindow(QWidget *parent) : QDialog(parent)
 void HelpWindow::showTopic(int topic)
 {
     const QUrl page = pageOf(topic);
-    if (exists(page))
+    if (!page.isEmpty())
         m_browser->setSource(page);
     else
         m_browser->setHtml(tr("<h2>No page</h2><p>There is no help page for topic %1.</p>"
@@ -74,6 +93,20 @@ void HelpWindow::showTopic(int topic)
     raise();
     activateWindow();
     m_browser->setFocus();
+}
+
+//! Selects the next place that contains the wanted text, or after the last one, the first.
+void HelpWindow::find()
+{
+    const QString wanted = m_wanted->text();
+    if (wanted.isEmpty() || m_browser->find(wanted))
+        return;
+    const QTextCursor former = m_browser->textCursor();
+    m_browser->moveCursor(QTextCursor::Start);
+    if (m_browser->find(wanted))
+        return;
+    m_browser->setTextCursor(former);
+    m_result->setText(tr("Not found"));
 }
 
 QString HelpWindow::text() const

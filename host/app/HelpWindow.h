@@ -3,11 +3,14 @@
 
 #include <QDialog>
 
+class QLabel;
+class QLineEdit;
 class QTextBrowser;
 
 namespace fxhost {
 
-//! Shows the program's help pages, which are in its resources, one file per topic. GUI thread.
+//! Shows the program's help pages, which are in its resources, one file per topic, in the user's language.
+//! GUI thread.
 class HelpWindow : public QDialog
 {
     Q_OBJECT
@@ -24,7 +27,11 @@ public:
     QString text() const;
 
 private:
+    void find();
+
     QTextBrowser *m_browser;
+    QLineEdit *m_wanted;
+    QLabel *m_result;
 };
 
 } // namespace fxhost

@@ -57,7 +57,12 @@ public:
     void addHelpMenu()
     {
         UIMenuItem &menu = m_group.addMenu(L"ID_MnHelp", tr("&Help"));
-        addEntry(menu, "Help", tr("fxhost &Help"), "HELP", tr("Shows the help."), "F1");
+        addEntry(menu, "Help", tr("&Contents"), "HELP", tr("Shows the help."), "F1");
+        addEntry(menu, "HelpRecent", tr("&Recent Drawings"), "HELP 3087",
+                 tr("Shows the help on recent drawings."));
+        menu.addSeparator();
+        addEntry(menu, "About", tr("&About fxhost"), "ABOUT",
+                 tr("Shows the version, the licence and the loaded modules."));
     }
 
 private:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/MainWindow.h"
 
+#include "host/app/AboutWindow.h"
 #include "host/app/AppCommands.h"
 #include "host/app/CommandLineWidget.h"
 #include "host/app/DrawingArea.h"
@@ -8,8 +9,9 @@
 #include "host/app/HelpWindow.h"
 #include "host/app/LineCompleter.h"
 #include "host/app/MenuBuilder.h"
-#include "host/app/OpenLater.h"
+#include "host/app/OpenDrawings.h"
 #include "host/app/ProgramOptions.h"
+#include "host/app/instance/StartupNotification.h"
 #include "host/app/recent/RecentDrawingsDialog.h"
 #include "host/runtime/FxHost.h"
 #include "host/runtime/HostSettings.h"
@@ -17,12 +19,14 @@
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
+#include "host/runtime/modules/ModuleManager.h"
 #include "host/runtime/probe/FileProbe.h"
 #include "host/runtime/recent/RecentFiles.h"
 
 #include <CFxCommand.h>
 #include <sdkhost/Customization.h>
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDir>
@@ -170,6 +174,16 @@ void MainWindow::connectCommandLine()
     });
 }
 
+void MainWindow::bringToFront(const QByteArray &startupId)
+{
+    takeOverStartup(startupId, winId());
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    QWidget *const modal = QApplication::activeModalWidget();
+    QWidget *const window = modal ? modal : this;
+    window->raise();
+    window->activateWindow();
+}
+
 void MainWindow::showState(const Document *current)
 {
     Customization &customization = m_host.customization();
@@ -199,6 +213,13 @@ void MainWindow::showRecentDrawings()
     m_recentDrawings->show();
     m_recentDrawings->raise();
     m_recentDrawings->activateWindow();
+}
+
+void MainWindow::showAbout()
+{
+    if (!m_aboutWindow)
+        m_aboutWindow = new AboutWindow(this);
+    m_aboutWindow->showModules(m_host.modules().loaded());
 }
 
 //! The folder in which the last drawing was chosen, unless it is unresponsive: the dialog would wait for it.
@@ -285,7 +306,7 @@ void MainWindow::dropEvent(QDropEvent *event)
     // drag opens the files; opening them here would open them twice.
     if (event->source())
         return;
-    openLater(m_host.commands(), files); // the other program waits until this function returns
+    openDrawingsLater(m_host.commands(), files); // the other program waits until this function returns
 }
 
 void MainWindow::keyPressEvent(QKeyEvent *event)

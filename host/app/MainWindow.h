@@ -10,6 +10,7 @@ class QLabel;
 
 namespace fxhost {
 
+class AboutWindow;
 class CommandLineWidget;
 class Document;
 class DrawingArea;
@@ -36,6 +37,12 @@ public:
     //! Opens the dialog of the recent drawings, or brings it to the front.
     void showRecentDrawings();
 
+    //! Restores, raises and activates the window, or the modal dialog in front of it.
+    //! \param startupId what the desktop calls the user's request, as in DESKTOP_STARTUP_ID; may be empty
+    void bringToFront(const QByteArray &startupId);
+    //! Shows the program's version, its licence and the loaded modules.
+    void showAbout();
+
 protected:
     bool focusNextPrevChild(bool next) override;
     void changeEvent(QEvent *event) override;
@@ -59,6 +66,7 @@ private:
     CommandLineWidget *m_commandLine;
     QLabel *m_factsLabel;
     HelpWindow *m_helpWindow = nullptr;              //!< created on first use
+    AboutWindow *m_aboutWindow = nullptr;            //!< created on first use
     QPointer<RecentDrawingsDialog> m_recentDrawings; //!< deletes itself
     CommandSet m_commands;
 };

@@ -179,6 +179,8 @@ void MenuBuilder::addAccelerators()
         taken.insert(keyText);
         auto *shortcut = new QShortcut(key, m_bar);
         shortcut->setObjectName(accelerator->GetIdentifier());
+        if (key == QKeySequence(QKeySequence::HelpContents))
+            shortcut->setContext(Qt::ApplicationShortcut); // help is available in every window
         shortcut->setAutoRepeat(false); // holding the key down must not run the command repeatedly
         connect(
             shortcut, &QShortcut::activated, &commands,

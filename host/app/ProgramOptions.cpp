@@ -83,6 +83,10 @@ ProgramStart readProgramOptions(const QStringList &arguments)
         QStringLiteral("file"));
     const QCommandLineOption noDocument(QStringLiteral("no-document"),
                                         OptionTexts::tr("Start without a new drawing."));
+    const QCommandLineOption newInstance(
+        QStringLiteral("new-instance"),
+        OptionTexts::tr("Start another instance. By default, drawings are opened in the running one, unless "
+                        "there are options other than --profile."));
     const QCommandLineOption geometry(QStringLiteral("geometry"),
                                       OptionTexts::tr("Size and position of the main window, in pixels."),
                                       QStringLiteral("WxH+X+Y"));
@@ -91,7 +95,7 @@ ProgramStart readProgramOptions(const QStringList &arguments)
     parser.setApplicationDescription(
         OptionTexts::tr("Shows the pictures stored in DWG drawings and loads plug-in modules."));
     const QCommandLineOption version = parser.addVersionOption();
-    parser.addOptions({help, module, noModule, profile, script, log, noDocument, geometry});
+    parser.addOptions({help, module, noModule, profile, script, log, noDocument, newInstance, geometry});
     parser.addPositionalArgument(QStringLiteral("drawing"), OptionTexts::tr("Drawings to open."),
                                  QStringLiteral("[drawing...]"));
 
@@ -129,6 +133,9 @@ ProgramStart readProgramOptions(const QStringList &arguments)
     result.options.profileDir = parser.value(profile);
     result.options.scriptFile = parser.value(script);
     result.options.logFile = parser.value(log);
+    for (const QCommandLineOption &option :
+         {module, noModule, script, log, noDocument, newInstance, geometry})
+        result.options.newInstance |= parser.isSet(option);
     result.options.newDocument = !parser.isSet(noDocument);
     const QStringList drawings = parser.positionalArguments();
     for (const QString &drawing : drawings)

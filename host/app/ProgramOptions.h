@@ -24,6 +24,9 @@ struct ProgramOptions
     QString logFile;
     //! Whether the program starts with a new drawing.
     bool newDocument = true;
+    //! Whether the drawings are opened in an instance of their own: on request, or because there are options
+    //! that a running instance cannot apply.
+    bool newInstance = false;
     //! Size of the main window; unset: the last size.
     std::optional<QSize> windowSize;
     //! Position of the main window's top left corner; unset: the last position, or chosen by the desktop.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/RecentFilesMenu.h"
 
-#include "host/app/OpenLater.h"
+#include "host/app/OpenDrawings.h"
 #include "host/runtime/FxHost.h"
 #include "host/runtime/commands/CommandRunner.h"
 #include "host/runtime/documents/DocumentManager.h"
@@ -104,7 +104,8 @@ void RecentFilesMenu::adopt(const QWidgetAction *entry)
 void RecentFilesMenu::openWhenTriggered(const QAction *entry, const QString &path)
 {
     CommandRunner &commands = m_host.commands();
-    connect(entry, &QAction::triggered, &commands, [&commands, path] { openLater(commands, {path}); });
+    connect(entry, &QAction::triggered, &commands,
+            [&commands, path] { openDrawingsLater(commands, {path}); });
 }
 
 void RecentFilesMenu::prepare()

@@ -6,6 +6,8 @@
 #include "host/app/ScriptRunner.h"
 #include "host/app/StartArguments.h"
 #include "host/app/Translators.h"
+#include "host/app/instance/InstanceReceiver.h"
+#include "host/app/instance/InstanceStart.h"
 #include "host/runtime/FxHost.h"
 #include "host/runtime/Paths.h"
 #include "host/runtime/commands/CommandRunner.h"
@@ -19,6 +21,9 @@
 #include <QSettings>
 #include <QTextStream>
 
+#include <memory>
+#include <optional>
+#include <utility>
 #include <vector>
 
 using namespace fxhost;
@@ -58,7 +63,8 @@ void place(MainWindow &window, const ProgramOptions &options)
         window.move(*options.windowPosition);
 }
 
-int run(const ProgramOptions &options)
+//! \param socket at which drawings of later starts are received; may be null
+int run(const ProgramOptions &options, std::unique_ptr<InstanceSocket> socket)
 {
     const ProfileFolders profile = profileFolders(options);
     if (!QDir().mkpath(profile.settings)) {
@@ -98,6 +104,12 @@ int run(const ProgramOptions &options)
         host.documents().newDocument();
     host.documents().openAll(options.drawings);
     script.startWhenActive(&window);
+    std::unique_ptr<InstanceReceiver> receiver;
+    if (socket) {
+        receiver = std::make_unique<InstanceReceiver>(std::move(socket), host.commands());
+        QObject::connect(receiver.get(), &InstanceReceiver::activationRequested, &window,
+                         &MainWindow::bringToFront);
+    }
     return QApplication::exec();
 }
 
@@ -118,17 +130,51 @@ int answer(const ProgramStart &commandLine)
     return isRefused ? ProgramStart::usageError : 0;
 }
 
-//! Prints help or version, which also works without a display.
-//! \return true if help or version was requested
-bool printsAndEnds(int argc, char *argv[])
+//! Hands the drawings over to the running instance, or becomes the one to which later starts do.
+InstanceStart meetOtherInstances(const ProgramOptions &options)
+{
+    if (!options.scriptFile.isEmpty())
+        return {}; // what the user opens must not get into the middle of a script
+    const QString profile = profileFolders(options).settings;
+    QDir().mkpath(profile); // an error is reported later
+    std::optional<InstanceMessage> message;
+    if (!options.newInstance) {
+        message.emplace();
+        message->startupId = qgetenv("DESKTOP_STARTUP_ID");
+        for (const QString &drawing : options.drawings)
+            message->drawings.append(absolutePath(drawing));
+    }
+    return startInstance(instanceSocketPath(profile), message);
+}
+
+//! What is known before the program connects to a display, which help, version and handing drawings over do
+//! not need.
+struct Beginning
+{
+    std::optional<int> exitCode; //!< set if the program ends
+    std::unique_ptr<InstanceSocket> socket;
+};
+
+Beginning begin(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
     const Translators translators;
     const ProgramStart commandLine = readProgramOptions(QCoreApplication::arguments());
-    const bool isAsked = commandLine.wish == ProgramStart::Wish::PrintAndEnd;
-    if (isAsked)
-        answer(commandLine);
-    return isAsked; // other arguments may be Qt's, so errors are reported later
+    Beginning beginning;
+    switch (commandLine.wish) {
+    case ProgramStart::Wish::PrintAndEnd:
+        beginning.exitCode = answer(commandLine);
+        break;
+    case ProgramStart::Wish::Refuse:
+        break; // the arguments may be Qt's, so errors are reported later
+    case ProgramStart::Wish::Start: {
+        InstanceStart start = meetOtherInstances(commandLine.options);
+        if (start.isHandedOver)
+            beginning.exitCode = 0;
+        beginning.socket = std::move(start.socket);
+    }
+    }
+    return beginning;
 }
 
 } // namespace
@@ -138,8 +184,9 @@ int main(int argc, char *argv[])
     keepBytesOfPaths();
     QCoreApplication::setApplicationName(QStringLiteral("fxhost"));
     QCoreApplication::setApplicationVersion(QStringLiteral(FXHOST_VERSION));
-    if (printsAndEnds(argc, argv))
-        return 0;
+    Beginning beginning = begin(argc, argv);
+    if (beginning.exitCode)
+        return *beginning.exitCode;
 
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
@@ -159,5 +206,7 @@ int main(int argc, char *argv[])
     findProgramsBeside();
 
     const ProgramStart commandLine = readProgramOptions(QApplication::arguments());
-    return commandLine.wish == ProgramStart::Wish::Start ? run(commandLine.options) : answer(commandLine);
+    return commandLine.wish == ProgramStart::Wish::Start
+               ? run(commandLine.options, std::move(beginning.socket))
+               : answer(commandLine);
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/HelpLinks.h"
 #include "tests/support/TestCase.h"
 
 #include <QTemporaryDir>
@@ -110,6 +111,11 @@ private slots:
         QCOMPARE(others, QStringList());
         QVERIFY(output.contains("BIND_NOW")); // a host that lacks a function is refused when it loads
         QVERIFY(!outputOf("readelf", {"--sections", moduleFile}).contains(".debug_info"));
+    }
+
+    void helpIsInstalledWithItsPictures()
+    {
+        QCOMPARE(brokenHelpLinks(installation + "/" HELP_IN_PREFIX), QStringList());
     }
 
     void hostLoadsTheModule_data()

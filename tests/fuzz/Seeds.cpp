@@ -53,7 +53,7 @@ std::vector<Seed> seedsOf(const QString &target)
     else if (target == QLatin1String("recentlist"))
         inputs = recentListSeeds();
     std::vector<Seed> seeds;
-    for (const QByteArray &bytes : inputs)
+    for (const QByteArray &bytes : qAsConst(inputs))
         seeds.push_back({bytes});
     return seeds;
 }

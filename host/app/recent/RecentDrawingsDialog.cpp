@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/recent/RecentDrawingsDialog.h"
 
-#include "host/app/OpenLater.h"
+#include "host/app/OpenDrawings.h"
 #include "host/app/recent/RecentDrawingsModel.h"
 #include "host/app/recent/RecentDrawingsTable.h"
 #include "host/runtime/FxHost.h"
@@ -138,7 +138,7 @@ void RecentDrawingsDialog::openSelected()
     const QStringList paths = m_table->selectedPaths();
     if (paths.isEmpty())
         return;
-    openLater(m_host.commands(), paths);
+    openDrawingsLater(m_host.commands(), paths);
     close();
 }
 

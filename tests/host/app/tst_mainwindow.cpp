@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/EmptyHint.h"
-#include "host/app/HelpWindow.h"
 #include "host/runtime/recent/RecentFiles.h"
 #include "tests/host/app/ShownProgram.h"
 
@@ -259,21 +258,6 @@ private slots:
         QCOMPARE(program.history().count("no recent drawings"), 1);
     }
 
-    void helpShowsThePageOfATopic()
-    {
-        ShownProgram program;
-        const QPair<const char *, const char *> pages[] = {
-            {"_HELP", "_RECENTLIMIT"},
-            {"_HELP 3087", "F4 or the command _RECENT opens the browser"},
-            {"_HELP 12", "no help page for topic 12"}};
-        for (const auto &page : pages) {
-            program.enter(page.first);
-            const auto *help = program.window.findChild<HelpWindow *>();
-            QVERIFY(help && help->isVisible());
-            QVERIFY2(help->text().contains(page.second), qPrintable(help->text()));
-        }
-    }
-
     void theWindowCanBeResizedToTheMinimum()
     {
         ShownProgram program;
@@ -335,8 +319,11 @@ private slots:
         program.enter("_NEW");
         QCOMPARE(textsOf(program.window.menuBar()->actions()), QStringList({"&File", "&Window", "&Help"}));
         QVERIFY(program.window.findChild<QMenu *>("ID_RECENT_FILES_MENU"));
+        const QStringList help{"&Contents\tF1", "&Recent Drawings", "", "&About fxhost"};
+        QCOMPARE(textsOf(program.window.menuBar()->actions().constLast()->menu()->actions()), help);
         program.enter("_CLOSE");
         QCOMPARE(textsOf(program.window.menuBar()->actions()), QStringList({"&File", "&Help"}));
+        QCOMPARE(textsOf(program.window.menuBar()->actions().constLast()->menu()->actions()), help);
     }
 
     void aModulesEntryAndKeyWorkAfterRefresh()

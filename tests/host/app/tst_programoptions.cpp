@@ -130,8 +130,9 @@ private slots:
     {
         const ProgramStart result = read({"--help"});
         QCOMPARE(result.wish, Wish::PrintAndEnd);
-        for (const char *option : {"--module", "--no-module", "--profile", "--script", "--log",
-                                   "--no-document", "--geometry", "--help", "--version", "drawing"})
+        for (const char *option :
+             {"--module", "--no-module", "--profile", "--script", "--log", "--no-document", "--new-instance",
+              "--geometry", "--help", "--version", "drawing"})
             QVERIFY2(result.text.contains(QLatin1String(option)), option);
         QVERIFY(!result.text.contains("--help-all"));
         const ProgramStart version = read({"--version"});

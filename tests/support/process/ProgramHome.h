@@ -50,12 +50,13 @@ public:
     //! \param around a program that runs it, with its arguments; may be empty
     void start(QProcess &process, const QString &name, const QStringList &script,
                const QStringList &more = {"--no-module"}, const QStringList &around = {}) const;
+    //! The same with these arguments and no others.
+    void startBare(QProcess &process, const QStringList &arguments, const QStringList &around = {}) const;
     //! The log's lines of a program that start() has started.
     QStringList logOf(const QString &name) const;
 
 private:
     QStringList arguments(const QString &name, const QStringList &script) const;
-    void startBare(QProcess &process, const QStringList &arguments, const QStringList &around = {}) const;
 
     QTemporaryDir m_dir{QDir::temp().filePath("drawings-XXXXXX")};
     QString m_platform;

@@ -165,7 +165,7 @@ private slots:
                      0);
             QCOMPARE(::wait4(program, &status, 0, &used), program);
             QCOMPARE(status, 0);
-            QVERIFY2(used.ru_maxrss < 64 * 1024, qPrintable(QString::number(used.ru_maxrss))); // KiB
+            QVERIFY2(used.ru_maxrss < 64L * 1024, qPrintable(QString::number(used.ru_maxrss))); // KiB
         }
     }
 

@@ -17,6 +17,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QIcon>
 #include <QSettings>
 #include <QTextStream>
@@ -48,9 +49,11 @@ ProfileFolders profileFolders(const ProgramOptions &options)
 
 QStringList modulePaths(const ProgramOptions &options)
 {
+    if (options.modules)
+        return *options.modules;
     const QDir programDir(QCoreApplication::applicationDirPath());
-    return options.modules.value_or(
-        QStringList{QDir::cleanPath(programDir.filePath(QStringLiteral(FXHOST_MODULE)))});
+    const QString browser = QDir::cleanPath(programDir.filePath(QStringLiteral(FXHOST_MODULE)));
+    return QFile::exists(browser) ? QStringList{browser} : QStringList(); // it has a package of its own
 }
 
 void place(MainWindow &window, const ProgramOptions &options)

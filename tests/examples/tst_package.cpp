@@ -171,6 +171,14 @@ private slots:
         QFile written(log);
         QVERIFY(written.open(QIODevice::ReadOnly));
         QVERIFY(written.readAll().startsWith("module " + moduleFile.toUtf8() + " loaded\n"));
+        // The browser's package may not be installed.
+        QFile other(log + "2");
+        QVERIFY(QFile::rename(moduleFile, moduleFile + ".away"));
+        outputOf(installation + "/bin/fxhost",
+                 {"--profile", folder.filePath("profile"), "--script", script, "--log", other.fileName()});
+        QVERIFY(QFile::rename(moduleFile + ".away", moduleFile));
+        QVERIFY(other.open(QIODevice::ReadOnly));
+        QVERIFY(other.readLine().startsWith("module " EXAMPLES_DIR));
         for (const char *helper : {"/bin/fxshow", "/" RUNTIME_IN_PREFIX "/fxprobe"})
             QVERIFY2(QFileInfo(installation + helper).isExecutable(), helper);
     }

@@ -149,7 +149,8 @@ private slots:
             QVERIFY2(widget->size().expandedTo(needed) == widget->size(),
                      qPrintable(widget->property("text").toString()));
         }
-        for (const QWidget *window : QApplication::topLevelWidgets())
+        const QWidgetList shown = QApplication::topLevelWidgets();
+        for (const QWidget *window : shown)
             QVERIFY2(window->minimumSizeHint().boundedTo({1366, 768}) == window->minimumSizeHint(),
                      window->metaObject()->className());
     }

@@ -33,13 +33,13 @@ void addMenus(fxhost::Customization &customization)
     file.add(UIMenuItem::Kind::Entry, L"MI_Limit", L"&Limit", &limit);
     group.addMenu(L"ID_MnWindow", L"&Window")
         .add(UIMenuItem::Kind::Windows, L"ID_WINDOWS_MENU", L"&Drawings");
-    group.addKey(L"ACC_New", {}, Qt::CTRL | Qt::Key_N, L"ID_New");
-    group.addKey(L"ACC_Second", {}, Qt::CTRL | Qt::Key_N, L"ID_Limit");
+    group.addKey(L"ACC_New", {}, QKeySequence("Ctrl+N"), L"ID_New");
+    group.addKey(L"ACC_Second", {}, QKeySequence("Ctrl+N"), L"ID_Limit");
     group.addKey(L"ACC_Recent", {}, Qt::Key_F4, L"ID_RECENT_FILES");
     UIGroup &startUp = customization.addStartUpGroup(L"START");
     startUp.addCommand(L"ID_Limit", L"Limit", L"_RECENTLIMIT 30");
     startUp.addMenu(L"ID_MnStart", L"&File");
-    startUp.addKey(L"ACC_Limit", {}, Qt::CTRL | Qt::Key_L, L"ID_Limit");
+    startUp.addKey(L"ACC_Limit", {}, QKeySequence("Ctrl+L"), L"ID_Limit");
 }
 
 //! A host's window with a menu bar for the primary group.

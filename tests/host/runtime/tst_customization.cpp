@@ -27,7 +27,7 @@ struct FilledCustomization : Customization
         menu.add(UIMenuItem::Kind::Entry, L"MI_Open", L"&Open", &open);
         menu.addSeparator();
         menu.add(UIMenuItem::Kind::Entry, L"MI_Again", L"Open &Again", &open);
-        group.addKey(L"ACC_Open", L"Open", Qt::CTRL | Qt::Key_O, L"ID_Open");
+        group.addKey(L"ACC_Open", L"Open", QKeySequence("Ctrl+O"), L"ID_Open");
         group.addKey(L"ACC_Recent", {}, Qt::Key_F4, L"ID_RECENT_FILES");
         addStartUpGroup(L"START").addCommand(L"ID_StartOpen", L"Open", L"_OPEN");
     }

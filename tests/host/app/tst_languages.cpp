@@ -4,6 +4,7 @@
 #include "host/app/Translators.h"
 #include "host/runtime/modules/ModuleManager.h"
 #include "tests/host/app/ShownProgram.h"
+#include "tests/support/process/ProgramHome.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -117,6 +118,23 @@ private slots:
                                                     QRegularExpression::CaseInsensitiveOption);
             QVERIFY2(!english.contains(text.key()) || noWords.match(text.key()).hasMatch(),
                      qPrintable(text.value() + ": " + text.key()));
+        }
+    }
+
+    void theProgramUsesTheUsersLanguages()
+    {
+        const ProgramHome home;
+        const QString script = home.write("script", "_NOSUCH\n_QUIT\n");
+        const QPair<QStringList, const char *> starts[] = {
+            {{"--help"}, "Zeichnungen"},
+            {{"--no-module", "--profile", home.profile(), "--script", script}, "gibt es nicht"}};
+        for (const auto &start : starts) {
+            QProcess program;
+            program.setProcessChannelMode(QProcess::MergedChannels);
+            home.startBare(program, start.first, {"env", "LANGUAGE=xx:de:fr"});
+            QVERIFY(program.waitForFinished(patience));
+            const QByteArray output = program.readAll();
+            QVERIFY2(output.contains(start.second), output.constData());
         }
     }
 

@@ -69,13 +69,29 @@ bool writePng(const QImage &picture, QFileDevice &file)
     return file.flush() && isEncoded;
 }
 
-//! Replaces the file as a whole. In a sandbox, its folder may take no new file, or the file may be a mount
-//! point, which cannot be replaced; then it is written in place.
+Outcome writeInPlace(const QImage &picture, const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::ExistingOnly))
+        return Outcome::failed(file.errorString());
+    if (writePng(picture, file))
+        return {};
+    const QString problem = file.errorString();
+    file.close();
+    QFile::resize(path, 0); // part of a picture is not one
+    return Outcome::failed(problem);
+}
+
+//! Replaces the file as a whole, except where that cannot work. Thumbnail managers create an empty file, and
+//! some read the picture from it without opening it again. In a sandbox, its folder may take no new file, or
+//! the file may be a mount point, which cannot be replaced.
 Outcome write(const QImage &picture, const QString &path)
 {
     const QFileInfo info(path);
     if (info.exists() && !info.isFile()) // a device would be replaced
         return Outcome::failed(QStringLiteral("It is not a regular file."));
+    if (info.exists() && info.size() == 0)
+        return writeInPlace(picture, path);
     QSaveFile file(path);
     if (file.open(QIODevice::WriteOnly)) {
         if (!writePng(picture, file))
@@ -83,10 +99,7 @@ Outcome write(const QImage &picture, const QString &path)
         if (file.commit())
             return {};
     }
-    QFile inPlace(path);
-    if (!inPlace.open(QIODevice::WriteOnly | QIODevice::ExistingOnly))
-        return Outcome::failed(file.errorString());
-    return writePng(picture, inPlace) ? Outcome() : Outcome::failed(inPlace.errorString());
+    return info.exists() ? writeInPlace(picture, path) : Outcome::failed(file.errorString());
 }
 
 int writeThumbnail(const QString &input, const QString &output, int size)

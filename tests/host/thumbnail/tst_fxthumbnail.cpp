@@ -135,6 +135,18 @@ private slots:
         writeFile(m_output, "former");
         QVERIFY(ThumbnailRun({input, m_output}, full).isRefusal(1));
         QCOMPARE(bytesOf("out.png"), QByteArray("former"));
+        writeFile(m_output, {});
+        QVERIFY(ThumbnailRun({input, m_output}, full).isRefusal(1));
+        QCOMPARE(bytesOf("out.png"), QByteArray());
+    }
+
+    void aCallerReadsThePictureFromTheFileThatItHasCreated()
+    {
+        const QString input = writeFile(path("a.dwg"), drawingWith().bytes());
+        QFile created(m_output);
+        QVERIFY(created.open(QIODevice::ReadWrite));
+        QCOMPARE(ThumbnailRun({input, m_output}).status, 0);
+        QCOMPARE(QImage::fromData(created.readAll(), "PNG"), fxhost::readPreview(input));
     }
 
     void aFileIsWrittenInPlaceWhereItCannotBeReplaced()

@@ -9,6 +9,7 @@
 #include <sdkhost/Customization.h>
 
 #include <QApplication>
+#include <QDialog>
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QMenu>

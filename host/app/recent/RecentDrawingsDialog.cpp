@@ -203,6 +203,7 @@ void RecentDrawingsDialog::changeEvent(QEvent *event)
     if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
         m_host.recentFiles().refresh();
         m_model->checkFiles();
+        showState(); // another program may have changed the limit
     }
 }
 

@@ -25,6 +25,21 @@ bool isKept(const RecentEntry &entry)
     return entry.isKept;
 }
 
+//! Where the entry before.at(index) is inserted again: after the nearest of those before it that is listed,
+//! otherwise at the top, but after those that were opened since.
+int placeOf(const RecentEntries &before, int index, const RecentEntries &after, const RecentEntries &listed)
+{
+    for (int above = index - 1; above >= 0; --above) {
+        const int place = indexOf(listed, before.at(above).path);
+        if (place >= 0)
+            return place + 1;
+    }
+    const auto isKnown = [&](const RecentEntry &entry) {
+        return indexOf(before, entry.path) >= 0 || indexOf(after, entry.path) >= 0;
+    };
+    return int(std::find_if(listed.begin(), listed.end(), isKnown) - listed.begin());
+}
+
 } // namespace
 
 RecentFiles::RecentFiles(RecentFileStore &store, HostSettings &settings, MessageSink report, QObject *parent)
@@ -117,11 +132,16 @@ void RecentFiles::revert(const RecentEntries &before, const RecentEntries &after
             const RecentEntry &former = before.at(i);
             if (after.contains(former))
                 continue;
-            taken(listed, former.path);
-            int place = 0;
-            for (int above = i - 1; above >= 0 && place == 0; --above)
-                place = indexOf(listed, before.at(above).path) + 1;
-            listed.insert(place, former);
+            const int index = indexOf(listed, former.path);
+            const bool isListed = index >= 0;
+            const bool wasRemoved = indexOf(after, former.path) < 0;
+            if (wasRemoved && isListed) // opened since
+                listed[index].isKept = former.isKept;
+            if (wasRemoved == isListed) // or removed since
+                continue;
+            RecentEntry entry = wasRemoved ? former : listed.takeAt(index);
+            entry.isKept = former.isKept;
+            listed.insert(placeOf(before, i, after, listed), entry);
         }
         return listed;
     });
@@ -139,6 +159,7 @@ bool RecentFiles::setMaximum(int maximum)
     if (maximum != this->maximum()) {
         m_settings.setRecentMaximum(maximum);
         refresh();
+        emit changed();
     }
     return true;
 }

@@ -142,6 +142,32 @@ private slots:
         QVERIFY(holds(property, check, 50));
     }
 
+    void undoLeavesWhatWasDoneSince()
+    {
+        RealProfile profile;
+        RecentFiles &list = profile.list;
+        const RecentEntries before = fxhost::entriesOf(numbered(1, 10));
+        list.setPaths(numbered(1, 10));
+        list.clear();
+        list.add("/new.dwg");
+        list.revert(before, {});
+        QCOMPARE(list.paths(), QStringList("/new.dwg") + numbered(1, 9)); // the limit takes the oldest
+
+        list.setPaths(numbered(1, 3));
+        list.remove({"/drawings/2.dwg"});
+        const RecentEntries after = list.entries();
+        list.add("/drawings/2.dwg", QDateTime::currentDateTimeUtc());
+        const RecentEntries opened = list.entries();
+        list.revert(fxhost::entriesOf(numbered(1, 3)), after);
+        QCOMPARE(list.entries(), opened);
+
+        list.setKept({"/drawings/3.dwg"}, true);
+        const RecentEntries kept = list.entries();
+        list.remove({"/drawings/3.dwg"});
+        list.revert(opened, kept);
+        QVERIFY(!list.paths().contains("/drawings/3.dwg"));
+    }
+
     void maximumIsKept()
     {
         RealProfile profile;

@@ -70,7 +70,7 @@ void place(MainWindow &window, const ProgramOptions &options)
 int run(const ProgramOptions &options, std::unique_ptr<InstanceSocket> socket)
 {
     const ProfileFolders profile = profileFolders(options);
-    if (!QDir().mkpath(profile.settings)) {
+    if (!options.profileDir.isEmpty() && !QDir().mkpath(profile.settings)) {
         printError(Texts::tr("the profile directory %1 cannot be created").arg(profile.settings));
         return ProgramStart::usageError;
     }

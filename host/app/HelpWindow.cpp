@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
+#include <QScreen>
 #include <QTextBrowser>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -33,7 +34,7 @@ HelpWindow::HelpWindow(QWidget *parent) : QDialog(parent)
     setObjectName(QStringLiteral("helpWindow"));
     setWindowTitle(tr("Help"));
     setMinimumSize(smallestSize);
-    resize(helpWindowSize);
+    resize(helpWindowSize.boundedTo(screen()->availableSize() * 9 / 10)); // with space for the frame
 
     m_browser = new QTextBrowser(this);
     m_browser->setFrameShape(QFrame::NoFrame);

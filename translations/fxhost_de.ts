@@ -134,10 +134,6 @@
 <context>
     <name>fxhost::DocumentView</name>
     <message>
-        <source>New drawing</source>
-        <translation>Neue Zeichnung</translation>
-    </message>
-    <message>
         <source>No picture is stored in this drawing.</source>
         <translation>In dieser Zeichnung ist kein Bild gespeichert.</translation>
     </message>
@@ -148,6 +144,14 @@
     <message>
         <source>This program shows the picture stored in a drawing; it does not render drawings.</source>
         <translation>Dieses Programm zeigt das in einer Zeichnung gespeicherte Bild; es stellt Zeichnungen nicht selbst dar.</translation>
+    </message>
+    <message>
+        <source>New drawing
+
+To see a stored one, choose File &gt; Open, or drop its file here.</source>
+        <translation>Neue Zeichnung
+
+Um eine gespeicherte zu sehen, wählen Sie Datei &gt; Öffnen, oder legen Sie ihre Datei hier ab.</translation>
     </message>
 </context>
 <context>
@@ -586,8 +590,8 @@ Hilfe: „%1 --help“.</translation>
         <translation>eine Zeichnung benötigt einen Namen</translation>
     </message>
     <message>
-        <source>Start another instance. By default, drawings are opened in the running one, unless there are options other than --profile.</source>
-        <translation>Ein weiteres Programm starten. Standardmäßig werden Zeichnungen im laufenden geöffnet, sofern es außer --profile keine anderen Optionen gibt.</translation>
+        <source>Start another instance. By default, drawings are opened in the running one, unless other options than a profile are given.</source>
+        <translation>Ein weiteres Programm starten. Standardmäßig werden Zeichnungen im laufenden geöffnet, sofern außer einem Profil keine anderen Optionen angegeben sind.</translation>
     </message>
 </context>
 <context>

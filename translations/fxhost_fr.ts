@@ -134,10 +134,6 @@
 <context>
     <name>fxhost::DocumentView</name>
     <message>
-        <source>New drawing</source>
-        <translation>Nouveau dessin</translation>
-    </message>
-    <message>
         <source>No picture is stored in this drawing.</source>
         <translation>Aucune image n&apos;est enregistrée dans ce dessin.</translation>
     </message>
@@ -148,6 +144,14 @@
     <message>
         <source>This program shows the picture stored in a drawing; it does not render drawings.</source>
         <translation>Ce programme affiche l&apos;image enregistrée dans un dessin ; il n&apos;effectue pas le rendu des dessins.</translation>
+    </message>
+    <message>
+        <source>New drawing
+
+To see a stored one, choose File &gt; Open, or drop its file here.</source>
+        <translation>Nouveau dessin
+
+Pour en voir un qui est enregistré, choisissez Fichier &gt; Ouvrir, ou déposez son fichier ici.</translation>
     </message>
 </context>
 <context>
@@ -586,8 +590,8 @@ Aide : « %1 --help ».</translation>
         <translation>un dessin a besoin d&apos;un nom</translation>
     </message>
     <message>
-        <source>Start another instance. By default, drawings are opened in the running one, unless there are options other than --profile.</source>
-        <translation>Démarrer une autre instance. Par défaut, les dessins sont ouverts dans celle qui est en cours, sauf s&apos;il y a d&apos;autres options que --profile.</translation>
+        <source>Start another instance. By default, drawings are opened in the running one, unless other options than a profile are given.</source>
+        <translation>Démarrer une autre instance. Par défaut, les dessins sont ouverts dans celle qui est en cours, sauf si d&apos;autres options qu&apos;un profil sont indiquées.</translation>
     </message>
 </context>
 <context>

@@ -22,8 +22,10 @@ constexpr int stripSpacing = 2;
 
 QString canvasText(const Document &document)
 {
-    return document.isNew() ? DocumentView::tr("New drawing")
-                            : DocumentView::tr("No picture is stored in this drawing.");
+    return document.isNew()
+               ? DocumentView::tr(
+                     "New drawing\n\nTo see a stored one, choose File > Open, or drop its file here.")
+               : DocumentView::tr("No picture is stored in this drawing.");
 }
 
 QLabel *addLine(QVBoxLayout *layout, const QString &text, const QColor &color, Qt::TextElideMode mode)

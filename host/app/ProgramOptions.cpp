@@ -86,7 +86,7 @@ ProgramStart readProgramOptions(const QStringList &arguments)
     const QCommandLineOption newInstance(
         QStringLiteral("new-instance"),
         OptionTexts::tr("Start another instance. By default, drawings are opened in the running one, unless "
-                        "there are options other than --profile."));
+                        "other options than a profile are given."));
     const QCommandLineOption geometry(QStringLiteral("geometry"),
                                       OptionTexts::tr("Size and position of the main window, in pixels."),
                                       QStringLiteral("WxH+X+Y"));

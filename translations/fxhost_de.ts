@@ -527,7 +527,7 @@ Hilfe: „%1 --help“.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not a geometry; it is written WxH or WxH+X+Y</source>
-        <translation>„%1“ ist keine Geometrie; sie wird BxH oder BxH+X+Y geschrieben</translation>
+        <translation>„%1“ ist keine Geometrie; sie wird WxH oder WxH+X+Y geschrieben</translation>
     </message>
     <message>
         <source>the geometry &quot;%1&quot; is smaller than %2x%3</source>
@@ -698,7 +698,7 @@ Hilfe: „%1 --help“.</translation>
     </message>
     <message>
         <source>Kept, missing</source>
-        <translation>Behalten, fehlt</translation>
+        <translation>Wird behalten, fehlt</translation>
     </message>
     <message>
         <source>Missing</source>
@@ -706,7 +706,7 @@ Hilfe: „%1 --help“.</translation>
     </message>
     <message>
         <source>Kept, does not respond</source>
-        <translation>Behalten, antwortet nicht</translation>
+        <translation>Wird behalten, antwortet nicht</translation>
     </message>
     <message>
         <source>Does not respond</source>
@@ -714,7 +714,7 @@ Hilfe: „%1 --help“.</translation>
     </message>
     <message>
         <source>Kept</source>
-        <translation>Behalten</translation>
+        <translation>Wird behalten</translation>
     </message>
 </context>
 <context>

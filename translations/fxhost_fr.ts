@@ -527,7 +527,7 @@ Aide : « %1 --help ».</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not a geometry; it is written WxH or WxH+X+Y</source>
-        <translation>« %1 » n&apos;est pas une géométrie ; elle s&apos;écrit LxH ou LxH+X+Y</translation>
+        <translation>« %1 » n&apos;est pas une géométrie ; elle s&apos;écrit WxH ou WxH+X+Y</translation>
     </message>
     <message>
         <source>the geometry &quot;%1&quot; is smaller than %2x%3</source>

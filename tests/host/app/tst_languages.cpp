@@ -127,9 +127,9 @@ private slots:
         const QString script = home.write("script", "_NOSUCH\n_QUIT\n");
         const struct
         {
-            const char *languages;
+            const char *languages = nullptr;
             QStringList arguments;
-            const char *text;
+            const char *text = nullptr;
         } starts[] = {
             {"xx:de:fr", {"--help"}, "Zeichnungen"},
             {"xx:de:fr", {"--no-module", "--profile", home.profile(), "--script", script}, "gibt es nicht"},

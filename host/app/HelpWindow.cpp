@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QScreen>
+#include <QShortcut>
 #include <QTextBrowser>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -78,6 +79,16 @@ HelpWindow::HelpWindow(QWidget *parent) : QDialog(parent)
     layout->setSpacing(0);
     layout->addWidget(bar);
     layout->addWidget(m_browser);
+}
+
+void HelpWindow::offerIn(QDialog *dialog, int topic)
+{
+    const auto *const key = new QShortcut(QKeySequence::HelpContents, dialog);
+    connect(key, &QShortcut::activated, dialog, [dialog, topic] {
+        auto *const help = new HelpWindow(dialog);
+        help->setAttribute(Qt::WA_DeleteOnClose);
+        help->showTopic(topic);
+    });
 }
 
 void HelpWindow::showTopic(int topic)

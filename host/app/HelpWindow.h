@@ -17,8 +17,13 @@ class HelpWindow : public QDialog
 public:
     //! The topic of the first page.
     static constexpr int frontPage = 0;
+    static constexpr int recentDrawings = 3087; //!< the browser's topic, too
 
     explicit HelpWindow(QWidget *parent);
+
+    //! Lets F1 show a page in a help window of the dialog's own. For modal dialogs, which block other
+    //! windows.
+    static void offerIn(QDialog *dialog, int topic);
 
     //! Shows and activates the window with the page of a topic. If the topic has no page, shows a page that
     //! says so.

@@ -241,6 +241,7 @@ QString MainWindow::choosePath()
                                 QStringLiteral(" (*.[dD][wW][gG] *.[dD][wW][tT] *.[bB][aA][kK])"),
                             tr("All files") + QStringLiteral(" (*)")});
     dialog->setFileMode(QFileDialog::ExistingFile);
+    HelpWindow::offerIn(dialog, HelpWindow::frontPage);
     const bool isChosen = dialog->exec() == QDialog::Accepted;
     if (!dialog)
         return {}; // deleted with its parent

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/recent/RecentDrawingsDialog.h"
 
+#include "host/app/HelpWindow.h"
 #include "host/app/OpenDrawings.h"
 #include "host/app/recent/RecentDrawingsModel.h"
 #include "host/app/recent/RecentDrawingsTable.h"
@@ -169,6 +170,7 @@ void RecentDrawingsDialog::removeAll()
         question->setInformativeText(tr("%n kept drawing(s) will stay.", nullptr, kept));
     const QPushButton *const yes = question->addButton(tr("Remove"), QMessageBox::AcceptRole);
     connect(yes, &QPushButton::clicked, this, [this] { change([this] { m_host.recentFiles().clear(); }); });
+    HelpWindow::offerIn(question, HelpWindow::recentDrawings);
     question->open();
 }
 

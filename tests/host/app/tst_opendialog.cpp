@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/EndSignals.h"
+#include "host/app/HelpWindow.h"
 #include "host/runtime/HostSettings.h"
 #include "host/runtime/Paths.h"
 #include "host/runtime/recent/RecentFiles.h"
@@ -90,6 +91,20 @@ class tst_OpenDialog : public TestCase
     Q_OBJECT
 
 private slots:
+    void helpIsShownOverTheDialog()
+    {
+        ShownProgram program;
+        ask(program, [](QFileDialog *dialog) {
+            const bool isActive = waitUntil([dialog] { return QApplication::activeWindow() == dialog; });
+            QTest::keyClick(dialog, Qt::Key_F1);
+            auto *const help = dialog->findChild<HelpWindow *>();
+            const bool isShown = help && help->isVisible();
+            dialog->reject(); // it would block
+            QVERIFY(isActive);
+            QVERIFY(isShown);
+        });
+    }
+
     void initTestCase()
     {
         keepBytesOfPaths();

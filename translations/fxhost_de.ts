@@ -322,6 +322,10 @@ Um eine gespeicherte zu sehen, wählen Sie Datei &gt; Öffnen, oder legen Sie ih
         <source>Drawings that stay in the list because they are kept: %1. RECENTREMOVE removes them.</source>
         <translation>Zeichnungen, die in der Liste bleiben, weil sie behalten werden: %1. RECENTREMOVE entfernt sie.</translation>
     </message>
+    <message>
+        <source>The drawing &quot;%1&quot; does not exist.</source>
+        <translation>Die Zeichnung „%1“ existiert nicht.</translation>
+    </message>
 </context>
 <context>
     <name>fxhost::HostMenus</name>

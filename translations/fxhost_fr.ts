@@ -322,6 +322,10 @@ Pour en voir un qui est enregistré, choisissez Fichier &gt; Ouvrir, ou déposez
         <source>Drawings that stay in the list because they are kept: %1. RECENTREMOVE removes them.</source>
         <translation>Dessins qui restent dans la liste parce qu&apos;ils sont conservés : %1. RECENTREMOVE les retire.</translation>
     </message>
+    <message>
+        <source>The drawing &quot;%1&quot; does not exist.</source>
+        <translation>Le dessin « %1 » n&apos;existe pas.</translation>
+    </message>
 </context>
 <context>
     <name>fxhost::HostMenus</name>

@@ -9,12 +9,14 @@
 #include "host/runtime/documents/Document.h"
 #include "host/runtime/documents/DocumentManager.h"
 #include "host/runtime/modules/ModuleManager.h"
+#include "host/runtime/probe/FileProbe.h"
 #include "host/runtime/recent/RecentFiles.h"
 
 #include <CFxCommand.h>
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QFileInfo>
 #include <QTimer>
 
 #include <chrono>
@@ -120,6 +122,10 @@ public:
                 return fail(tr("The command needs the path of a drawing, or an open drawing with a file."));
             path = current->filePath();
         }
+        // A listed drawing may be missing for the moment, but another name is probably mistyped.
+        if (indexOf(m_host.recentFiles().entries(), path) < 0 &&
+            m_host.fileProbe().unresponsive({path}).isEmpty() && !QFileInfo::exists(path))
+            return fail(tr("The drawing \"%1\" does not exist.").arg(path));
         if (!m_host.recentFiles().setKept({path}, true))
             return fail(tr("The drawing is not kept. At most %1 can be.").arg(mostKept));
         m_host.showMessage(tr("The drawing \"%1\" is kept in the list of recent drawings. RECENTREMOVE "

@@ -135,13 +135,14 @@ private slots:
     {
         RealHost running;
         const QString path = running.makeDrawing("a b.dwg");
-        for (const char *line : {"RECENTADD /other.dwg", "RECENTKEEP /listed new.dwg"})
+        const QString other = running.makeDrawing("listed new.dwg");
+        for (const QString &line : {QString("RECENTADD /other.dwg"), "RECENTKEEP " + other})
             running.host.commands().runLine(line);
         running.host.commands().runLine("OPEN " + path);
         running.host.commands().runMacro("RECENTKEEP;RECENTKEEP");
-        QCOMPARE(running.host.recentFiles().paths(), QStringList({"/listed new.dwg", path, "/other.dwg"}));
+        QCOMPARE(running.host.recentFiles().paths(), QStringList({other, path, "/other.dwg"}));
         QVERIFY(running.host.recentFiles().entries().at(1).lastOpened.isValid());
-        running.host.commands().runLine("RECENTREMOVE '/listed new.dwg'");
+        running.host.commands().runLine("RECENTREMOVE '" + other + "'");
         running.host.commands().runLine("RECENTCLEAR");
         QCOMPARE(running.host.recentFiles().paths(), QStringList(path));
         QCOMPARE(running.logged().filter(" 5100").size(), 7);
@@ -168,6 +169,7 @@ private slots:
                                  "RECENTLIMIT -5",
                                  "RECENTADD",
                                  "RECENTKEEP",
+                                 "RECENTKEEP /missing.dwg",
                                  "RECENTREMOVE",
                                  "RECENTREMOVE /not listed",
                                  "MODULELOAD",

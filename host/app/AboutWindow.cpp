@@ -13,13 +13,14 @@
 #include <QIcon>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QStyle>
 
 namespace fxhost {
 
 namespace {
 
-constexpr int licenceLines = 10; // visible at a time
+constexpr int licenceLines = 8; // visible at a time
 constexpr int licenceColumns = 80;
 
 QString licence()
@@ -47,6 +48,7 @@ AboutWindow::AboutWindow(QWidget *parent) : QDialog(parent)
     icon->setPixmap(QApplication::windowIcon().pixmap(side, side));
 
     m_facts = new QLabel;
+    m_facts->setWordWrap(true); // a translation may be wider than a small screen
     m_facts->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 
     auto *text = new QPlainTextEdit(licence());
@@ -85,6 +87,10 @@ void AboutWindow::showModules(const QStringList &modules)
                      row(tr("Module interface:"), interface) +
                      row(tr("Qt:"), QString::fromLatin1(qVersion())) +
                      row(tr("Licence:"), tr("MIT licence, see below"))));
+    // Qt limits the first size to a part of the screen, without regard to the height of wrapped text.
+    const int width = sizeHint().width();
+    const QSize room = screen()->availableSize() * 9 / 10; // with space for the frame
+    resize(QSize(width, layout()->totalHeightForWidth(width)).boundedTo(room));
     show();
     raise();
     activateWindow();

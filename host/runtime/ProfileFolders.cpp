@@ -15,7 +15,7 @@ namespace {
 QString stateHome()
 {
     const QString folder = pathFromBytes(qgetenv("XDG_STATE_HOME"));
-    // The specification requires that relative paths are ignored, as if the variable were not set.
+    // Relative paths are ignored, as if the variable were not set, as XDG requires.
     return folder.startsWith(QLatin1Char('/')) ? folder : QDir::homePath() + QStringLiteral("/.local/state");
 }
 

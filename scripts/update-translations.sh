@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Updates the catalogues in translations/ from the texts in the sources: update-translations.sh [--check]
-# --check changes nothing, and fails if a catalogue lacks a text, has one that is no longer used, or is unfinished.
+# --check changes nothing, and fails if a catalogue lacks a text, has an unused one, or is unfinished.
 set -euo pipefail
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
 

@@ -21,7 +21,7 @@ namespace {
 constexpr QSize helpWindowSize(620, 520);
 constexpr QSize smallestSize(320, 240);
 
-//! Null if there is no page.
+//! Null if the topic has no page.
 QUrl pageOf(int topic)
 {
     const QString page = helpPage(QStringLiteral(":/help"), topic, QLocale().uiLanguages());

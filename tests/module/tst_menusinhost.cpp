@@ -23,8 +23,6 @@
 #include <QToolButton>
 #include <QWidgetAction>
 
-#include <optional>
-
 #include <dlfcn.h>
 
 using RecentDocumentBrowserExports::addRecentFiles;
@@ -34,13 +32,11 @@ using sdkhost::UIMenuItem;
 
 namespace {
 
-//! What the primary group's File menu has after its first entry.
-enum class Second { Open, RecentFiles };
-//! Whether the primary group has a key for the browser, as in a host that is prepared for it.
-enum class Key { None, Waiting };
+//! What a File menu has after its first entry.
+enum class Second { None, Open, RecentFiles };
 
-//! Adds one definition, a Window menu, and after it a File menu. \return the File menu
-void addGroup(UIGroup &group, std::optional<Second> second)
+//! Adds one definition, a Window menu, and after it a File menu.
+void addGroup(UIGroup &group, Second second)
 {
     CFxUICommand &command = group.addCommand(L"ID_New", L"New", L"^C^C_NEW");
     group.addMenu(L"ID_MnWindow", L"&Window");
@@ -55,14 +51,11 @@ void addGroup(UIGroup &group, std::optional<Second> second)
 }
 
 //! An extension's group without a File menu, the primary group and the start-up menus.
-void addMenus(sdkhost::Customization &customization, Second second, Key key)
+void addMenus(sdkhost::Customization &customization, Second second)
 {
     customization.addGroup(L"EXTENSION", false);
-    UIGroup &group = customization.addGroup(L"MAIN", true);
-    addGroup(group, second);
-    if (key == Key::Waiting)
-        group.addKey(L"ACC_Recent", L"Recent", Qt::Key_F4, L"ID_RECENT_FILES");
-    addGroup(customization.addStartUpGroup(L"START"), std::nullopt);
+    addGroup(customization.addGroup(L"MAIN", true), second);
+    addGroup(customization.addStartUpGroup(L"START"), Second::None);
 }
 
 //! The built module in the host runtime with menus of its own, before the host is notified of its main
@@ -70,12 +63,11 @@ void addMenus(sdkhost::Customization &customization, Second second, Key key)
 class HostWithMenus
 {
 public:
-    enum class Menus { None, Some };
-
-    explicit HostWithMenus(Second second = Second::Open, Key key = Key::None, Menus menus = Menus::Some)
+    //! \param second None for a host without menus
+    explicit HostWithMenus(Second second = Second::Open)
     {
-        if (menus == Menus::Some)
-            addMenus(customization(), second, key);
+        if (second != Second::None)
+            addMenus(customization(), second);
         if (!running.host.modules().load(MODULE_FILE))
             qFatal("the module cannot be loaded");
         window.resize(1300, 800);
@@ -93,7 +85,7 @@ public:
 
     fxhost::Customization &customization() { return running.host.customization(); }
     void *library() { return running.host.modules().libraries().front(); }
-    CFxUIGroup &primary() { return *customization().primaryGroup(); }
+    UIGroup &primary() { return *customization().primaryGroup(); }
     CFxUIGroup &startUp() { return *customization().GetStartUpGroup(); }
     CFxUIMenuItem &file() { return *primary().GetMenu(1); }
 
@@ -240,7 +232,9 @@ private slots:
 
     void theEntryInAMenuBarOpensThePopup()
     {
-        HostWithMenus host(Second::Open, Key::Waiting);
+        HostWithMenus host;
+        // As in a host that is prepared for the browser.
+        host.primary().addKey(L"ACC_Recent", L"Recent", Qt::Key_F4, L"ID_RECENT_FILES");
         fxhost::MenuBuilder builder(host.running.host, host.window.menuBar());
         builder.setGroup(&host.primary());
         QVERIFY(!host.window.findChild<QAction *>(realEntry));
@@ -258,7 +252,7 @@ private slots:
 
     void aHostWithoutMenusIsLeftAlone()
     {
-        HostWithMenus host(Second::Open, Key::None, HostWithMenus::Menus::None);
+        HostWithMenus host(Second::None);
         const QSignalSpy refreshed(&host.customization(), &fxhost::Customization::refreshed);
         host.begin();
         host.running.host.documents().newDocument();

@@ -17,7 +17,7 @@ class FileLock;
 //! and by the display, because an instance on another display shows its windows where the user may not see
 //! them.
 //! \param profileDir an existing directory
-//! \return empty if there is no folder that only this user can access
+//! \return empty if XDG_RUNTIME_DIR is not a folder that only this user can access
 QByteArray instanceSocketPath(const QString &profileDir);
 
 //! Whether the process at the other end of a connection belongs to this user.

@@ -219,6 +219,17 @@ private slots:
         QVERIFY(image.convertToFormat(QImage::Format_Indexed8).colorCount() > 2); // it is not blank
     }
 
+    void itStartsWithoutAFolderForSettings()
+    {
+        const ProgramHome home;
+        QProcess program;
+        home.startBare(program, {"--no-module", "--script", home.write("script", "_QUIT\n")},
+                       {"env", "XDG_CONFIG_HOME=/proc/none", "XDG_STATE_HOME=/proc/none"});
+        QVERIFY(program.waitForFinished(patience));
+        QCOMPARE(program.exitCode(), 0);
+        QVERIFY(program.readAllStandardError().contains("Settings are not saved"));
+    }
+
     void aScreenshotThatCannotBeWrittenIsReported()
     {
         const ProgramRun run =

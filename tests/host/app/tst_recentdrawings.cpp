@@ -170,6 +170,8 @@ private slots:
         shown.press("Undo");
         QCOMPARE(shown.list.paths(), all);
         QCOMPARE(limit->value(), 10);
+        shown.enter("_RECENTLIMIT 20");
+        QTRY_COMPARE(limit->value(), 20);
     }
 
     void theSelectedDrawingsAreOpenedInTheirOrder()

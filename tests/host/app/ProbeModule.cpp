@@ -12,6 +12,7 @@
 #include <OdStaticRxObject.h>
 #include <vela_OdRxModule.h>
 
+#include <QCoreApplication>
 #include <QMenuBar>
 #include <QProcess>
 #include <QWidget>
@@ -49,6 +50,8 @@ public:
         for (const QString &word : qAsConst(words)) {
             if (action == "start")
                 print(QString::number(QProcess::execute(word, {})));
+            if (action == "translate") // a text that is its own context
+                print(QCoreApplication::translate(qPrintable(word), qPrintable(word)));
             if (action != "raise")
                 continue;
             std::raise(word.toInt());

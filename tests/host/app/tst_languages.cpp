@@ -124,7 +124,9 @@ private slots:
     void theProgramUsesTheUsersLanguages()
     {
         const ProgramHome home;
-        const QString script = home.write("script", "_NOSUCH\n_QUIT\n");
+        const QString script = home.write("script", "_NOSUCH\n_PROBE translate RecentDocMainWindow\n_QUIT\n");
+        const QStringList withBrowser{"--module",  BROWSER_MODULE, "--module", PROBE_MODULE,
+                                      "--profile", home.profile(), "--script", script};
         const struct
         {
             const char *languages = nullptr;
@@ -133,7 +135,9 @@ private slots:
         } starts[] = {
             {"xx:de:fr", {"--help"}, "Zeichnungen"},
             {"xx:de:fr", {"--no-module", "--profile", home.profile(), "--script", script}, "gibt es nicht"},
-            {"ar", {"--help"}, "Options:"}}; // not partly in a language that only Qt has
+            {"xx:de:fr", withBrowser, "\nZuletzt verwendete Dokumente\n"},
+            {"en:de", withBrowser, "\nRecentDocMainWindow\n"}, // as in the sources
+            {"ar", {"--help"}, "Options:"}};                   // not partly in a language that only Qt has
         for (const auto &start : starts) {
             QProcess program;
             program.setProcessChannelMode(QProcess::MergedChannels);
